@@ -1,0 +1,17 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# What every room's target is compiled with: one include root (the project's root), the warnings,
+# and the sanitizers that the preset asks for.
+
+add_library(zolta_options INTERFACE)
+target_include_directories(zolta_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(zolta_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Woverloaded-virtual
+    $<$<BOOL:${ZOLTA_WERROR}>:-Werror>)
+target_compile_definitions(zolta_options INTERFACE
+    QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII)
+
+if(ZOLTA_SANITIZE)
+    add_compile_options(-fsanitize=${ZOLTA_SANITIZE} -fno-sanitize-recover=all
+                        -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=${ZOLTA_SANITIZE})
+endif()
