@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+class QWidget;
+
+/// The zoom factor that applies to \a widget: the scale() of the EffectEditor that it is or that
+/// contains it, 1.0 outside any editor and for null. Always a finite number.
+double getWidgetScale(const QWidget* widget);
