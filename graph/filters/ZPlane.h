@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cmath>
+#include <complex>
+
+/// Complex arithmetic of a filter's frequency response. The products and quotients here are the
+/// textbook ones: std::complex's own * and / spend most of their time on a recovery from overflow
+/// that no filter response comes near to.
+namespace ZPlane {
+
+using Complex = std::complex<double>;
+
+inline constexpr double TwoPi = 6.283185307179586;
+
+/// The level of a response of exactly zero, in dB.
+inline constexpr double SilenceLevel = -100.0;
+
+/// z^-1 at a frequency: e^(-j 2 pi f / fs). Both in the same unit, usually Hz.
+inline Complex unitDelay(double frequency, double sampleRate)
+{
+    const double w = TwoPi * frequency / sampleRate;
+    return {std::cos(w), -std::sin(w)};
+}
+
+inline Complex product(Complex a, Complex b)
+{
+    return {a.real() * b.real() - a.imag() * b.imag(), a.real() * b.imag() + a.imag() * b.real()};
+}
+
+inline double squaredMagnitude(Complex a) { return a.real() * a.real() + a.imag() * a.imag(); }
+
+inline Complex quotient(Complex a, Complex b)
+{
+    return product(a, std::conj(b)) / squaredMagnitude(b);
+}
+
+/// The level of a response in dB: 10 log10 of its squared magnitude, SilenceLevel for zero.
+inline double level(Complex response)
+{
+    const double m = squaredMagnitude(response);
+    return m <= 0.0 ? SilenceLevel : 10.0 * std::log10(m);
+}
+
+} // namespace ZPlane
