@@ -1,0 +1,724 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/support/TestHost.h"
+
+#include <QtGlobal>
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+constexpr unsigned int MeterPattern = 0xA5C30000u;
+constexpr int SilentTenths = -1270;
+
+struct Kind
+{
+    int minimum;
+    int maximum;
+    int defaultValue;
+};
+
+constexpr Kind Type = {0, 3, 3};
+constexpr Kind Frequency = {0, 1200, 600};
+constexpr Kind Quality = {0, 500, 250};
+constexpr Kind Gain = {-200, 200, 0};
+constexpr Kind BandOn = {0, 1, 1};
+constexpr Kind Level = {-200, 200, 0};
+constexpr Kind Drive = {0, 1, 0};
+
+// clang-format off
+constexpr Kind EqualizerKinds[] = {
+    Type, Frequency, Gain, BandOn,
+    Quality, Frequency, Gain, BandOn,
+    Quality, Frequency, Gain, BandOn,
+    Quality, Frequency, Gain, BandOn,
+    Quality, Frequency, Gain, BandOn,
+    Type, Frequency, Gain, BandOn,
+    Level, Level, Drive};
+// clang-format on
+
+unsigned int meterWord(int tenths) { return MeterPattern | static_cast<unsigned short>(tenths); }
+
+void copyText(const QByteArray& text, char* buffer, int size, bool terminating)
+{
+    std::memset(buffer, 0, static_cast<std::size_t>(size));
+    const auto room = terminating ? size - 1 : size;
+    std::memcpy(buffer, text.constData(),
+                static_cast<std::size_t>(std::min(room, static_cast<int>(text.size()))));
+}
+
+QByteArray decimalText(const QByteArray&, unsigned short, int value)
+{
+    return QByteArray::number(value);
+}
+
+std::optional<int> decimalValue(const QByteArray&, unsigned short, const QByteArray& text)
+{
+    bool ok = false;
+    const int value = text.toInt(&ok);
+    return ok ? std::optional<int>(value) : std::nullopt;
+}
+
+} // namespace
+
+class TestHost::Model final : public IModelInfo
+{
+public:
+    explicit Model(TestHost& host)
+        : m_host(host)
+    {}
+
+    void reserved0() override { m_host.recordReserved(0); }
+    void reserved1() override { m_host.recordReserved(1); }
+    void reserved2() override { m_host.recordReserved(2); }
+
+    void getChannelEntry(unsigned short* attribute, unsigned short* channel,
+                         unsigned int position) override
+    {
+        const bool possible = position < m_host.m_channels.size();
+        if (!m_host.enter(
+                {.operation = Operation::GetChannelEntry, .value = static_cast<int>(position)},
+                possible))
+            return;
+        *attribute = static_cast<unsigned short>(0x7F00 + position);
+        *channel = m_host.m_channels[position];
+    }
+
+    unsigned short getChannelCount() override
+    {
+        if (!m_host.enter({.operation = Operation::GetChannelCount}, true))
+            return 0;
+        return static_cast<unsigned short>(m_host.m_channels.size());
+    }
+
+    bool findParameter(unsigned short* index, const char* name) override
+    {
+        const bool possible = m_host.hasParameter(name);
+        if (!m_host.enter({.operation = Operation::FindParameter, .text = name}, possible))
+            return false;
+        *index = m_host.index(name);
+        return true;
+    }
+
+    bool getParameterAddress(unsigned short* parameter, unsigned short* second,
+                             unsigned short index) override
+    {
+        const auto found = m_host.m_parameters.find(index);
+        if (!m_host.enter({.operation = Operation::GetParameterAddress, .parameter = index},
+                          found != m_host.m_parameters.end()))
+            return false;
+        *parameter = found->second.id;
+        *second = found->second.second;
+        return true;
+    }
+
+    void reserved7() override { m_host.recordReserved(7); }
+
+    bool findMeter(unsigned short* index, const char* name) override
+    {
+        const auto found = m_host.m_meters.find(name);
+        if (!m_host.enter({.operation = Operation::FindMeter, .text = name},
+                          found != m_host.m_meters.end()))
+            return false;
+        *index = found->second.index;
+        return true;
+    }
+
+    bool getMeterRange(unsigned short* base, unsigned short* count, unsigned short index) override
+    {
+        const auto found =
+            std::find_if(m_host.m_meters.begin(), m_host.m_meters.end(),
+                         [index](const auto& entry) { return entry.second.index == index; });
+        if (!m_host.enter({.operation = Operation::GetMeterRange, .parameter = index},
+                          found != m_host.m_meters.end()))
+            return false;
+        *base = found->second.base;
+        *count = found->second.count;
+        return true;
+    }
+
+private:
+    TestHost& m_host;
+};
+
+class TestHost::Memory final : public IMemAPI
+{
+public:
+    explicit Memory(TestHost& host)
+        : m_host(host)
+    {}
+
+    void reserved0() override { m_host.recordReserved(0); }
+    void reserved1() override { m_host.recordReserved(1); }
+    void reserved2() override { m_host.recordReserved(2); }
+    void reserved3() override { m_host.recordReserved(3); }
+
+    int getValue(unsigned short parameter, unsigned short ch, int* value,
+                 unsigned short element) override
+    {
+        const Cell* cell = m_host.cell(parameter, ch);
+        if (!m_host.enter({.operation = Operation::GetValue,
+                           .parameter = parameter,
+                           .ch = ch,
+                           .element = element},
+                          cell != nullptr))
+            return -1;
+        *value = cell->value(element);
+        return 0;
+    }
+
+    int setValue(unsigned short parameter, unsigned short ch, int value, unsigned short element,
+                 int trailing1, int trailing2) override
+    {
+        Cell* cell = m_host.cell(parameter, ch);
+        if (!m_host.enter({.operation = Operation::SetValue,
+                           .parameter = parameter,
+                           .ch = ch,
+                           .value = value,
+                           .element = element,
+                           .trailing1 = trailing1,
+                           .trailing2 = trailing2},
+                          cell != nullptr))
+            return -1;
+        const int stored =
+            m_host.m_clamping ? std::max(cell->minimum, std::min(value, cell->maximum)) : value;
+        cell->values[element] = stored;
+        m_host.tellValue(parameter, ch, stored);
+        return 0;
+    }
+
+    void reserved6() override { m_host.recordReserved(6); }
+    void reserved7() override { m_host.recordReserved(7); }
+    void reserved8() override { m_host.recordReserved(8); }
+    void reserved9() override { m_host.recordReserved(9); }
+    void reserved10() override { m_host.recordReserved(10); }
+
+    int getRange(unsigned short parameter, unsigned short ch, int* minimum, int* maximum) override
+    {
+        const Cell* cell = m_host.cell(parameter, ch);
+        if (!m_host.enter({.operation = Operation::GetRange, .parameter = parameter, .ch = ch},
+                          cell != nullptr))
+            return -1;
+        *minimum = cell->minimum;
+        *maximum = cell->maximum;
+        return 0;
+    }
+
+    int getDefault(unsigned short parameter, unsigned short ch, int* value) override
+    {
+        const Cell* cell = m_host.cell(parameter, ch);
+        if (!m_host.enter({.operation = Operation::GetDefault, .parameter = parameter, .ch = ch},
+                          cell != nullptr))
+            return -1;
+        *value = cell->defaultValue;
+        return 0;
+    }
+
+    void reserved13() override { m_host.recordReserved(13); }
+    void reserved14() override { m_host.recordReserved(14); }
+    void reserved15() override { m_host.recordReserved(15); }
+    void reserved16() override { m_host.recordReserved(16); }
+    void reserved17() override { m_host.recordReserved(17); }
+    void reserved18() override { m_host.recordReserved(18); }
+
+    int valueToString(unsigned short parameter, unsigned short ch, int value, char* buffer,
+                      int size) override
+    {
+        const bool possible = m_host.cell(parameter, ch) != nullptr && size > 0;
+        if (!m_host.enter({.operation = Operation::ValueToString,
+                           .parameter = parameter,
+                           .ch = ch,
+                           .value = value,
+                           .trailing1 = size},
+                          possible))
+            return -1;
+        const QByteArray text = m_host.m_formatter(m_host.find(parameter)->name, ch, value);
+        copyText(text, buffer, size, m_host.m_terminating);
+        return 0;
+    }
+
+    int stringToValue(unsigned short parameter, unsigned short ch, const char* text,
+                      int* value) override
+    {
+        std::optional<int> parsed;
+        if (m_host.cell(parameter, ch) != nullptr)
+            parsed = m_host.m_parser(m_host.find(parameter)->name, ch, text);
+        if (!m_host.enter({.operation = Operation::StringToValue,
+                           .parameter = parameter,
+                           .ch = ch,
+                           .text = text},
+                          parsed.has_value()))
+            return -1;
+        *value = *parsed;
+        return 0;
+    }
+
+    void reserved21() override { m_host.recordReserved(21); }
+    void reserved22() override { m_host.recordReserved(22); }
+    void reserved23() override { m_host.recordReserved(23); }
+    void reserved24() override { m_host.recordReserved(24); }
+    void reserved25() override { m_host.recordReserved(25); }
+
+    int registerObserver(unsigned short parameter, unsigned short ch,
+                         IPrmObserver* observer) override
+    {
+        const bool possible = observer != nullptr && m_host.cell(parameter, ch) != nullptr;
+        if (!m_host.enter({.operation = Operation::RegisterObserver,
+                           .parameter = parameter,
+                           .ch = ch,
+                           .observer = observer},
+                          possible))
+            return -1;
+        m_host.m_registrations.push_back({parameter, ch, observer, m_host.m_nextTicket++});
+        return 0;
+    }
+
+    int unregisterObserver(unsigned short parameter, unsigned short ch,
+                           IPrmObserver* observer) override
+    {
+        auto& registrations = m_host.m_registrations;
+        const auto found =
+            std::find_if(registrations.begin(), registrations.end(), [&](const Registration& r) {
+                return r.parameter == parameter && r.ch == ch && r.observer == observer;
+            });
+        if (!m_host.enter({.operation = Operation::UnregisterObserver,
+                           .parameter = parameter,
+                           .ch = ch,
+                           .observer = observer},
+                          found != registrations.end()))
+            return -1;
+        registrations.erase(found);
+        return 0;
+    }
+
+    void reserved28() override { m_host.recordReserved(28); }
+    void reserved29() override { m_host.recordReserved(29); }
+
+    int queryMeterNotifier(IMeterNotifier** notifier) override
+    {
+        if (!m_host.enter({.operation = Operation::QueryMeterNotifier}, true))
+            return -1;
+        *notifier = m_host.meterNotifier();
+        return 0;
+    }
+
+private:
+    TestHost& m_host;
+};
+
+class TestHost::Meters final : public IMeterNotifier
+{
+public:
+    explicit Meters(TestHost& host)
+        : m_host(host)
+    {}
+
+    void reserved0() override { m_host.recordReserved(0); }
+    void reserved1() override { m_host.recordReserved(1); }
+
+    void addMeterObserver(IMeterObserver* observer) override
+    {
+        if (m_host.enter({.operation = Operation::AddMeterObserver, .observer = observer},
+                         observer != nullptr))
+            m_host.m_meterObservers.push_back(observer);
+    }
+
+    void reserved3() override { m_host.recordReserved(3); }
+
+    void removeMeterObserver(IMeterObserver* observer) override
+    {
+        auto& observers = m_host.m_meterObservers;
+        const auto found = std::find(observers.begin(), observers.end(), observer);
+        if (m_host.enter({.operation = Operation::RemoveMeterObserver, .observer = observer},
+                         found != observers.end()))
+            observers.erase(found);
+    }
+
+private:
+    TestHost& m_host;
+};
+
+int TestHost::Cell::value(unsigned short element) const
+{
+    const auto found = values.find(element);
+    return found == values.end() ? defaultValue : found->second;
+}
+
+TestHost::TestHost(unsigned short channels)
+    : m_model(std::make_unique<Model>(*this))
+    , m_memory(std::make_unique<Memory>(*this))
+    , m_meterNotifier(std::make_unique<Meters>(*this))
+    , m_formatter(decimalText)
+    , m_parser(decimalValue)
+{
+    for (unsigned short ch = 0; ch < channels; ++ch)
+        m_channels.push_back(ch);
+    addEqualizerParameters();
+    setMeter("meter_oxa_snd", 4, channels);
+    setMeter("meter_oxa_rtn", static_cast<unsigned short>(8 + 2 * channels), channels);
+}
+
+TestHost::~TestHost() = default;
+
+IModelInfo* TestHost::model() const { return m_model.get(); }
+
+IMemAPI* TestHost::memory() const { return m_memory.get(); }
+
+IMeterNotifier* TestHost::meterNotifier() const { return m_meterNotifier.get(); }
+
+QByteArray TestHost::name(int number) { return "fx_rackfx_prm_" + QByteArray::number(number); }
+
+void TestHost::setChannels(const std::vector<unsigned short>& channels)
+{
+    m_channels = channels;
+    for (auto& [index, parameter] : m_parameters) {
+        Cell pattern = parameter.cells.empty() ? Cell() : parameter.cells.begin()->second;
+        pattern.values = {{0, pattern.defaultValue}};
+        std::map<unsigned short, Cell> cells;
+        for (const unsigned short ch : channels) {
+            const auto kept = parameter.cells.find(ch);
+            cells[ch] = kept == parameter.cells.end() ? pattern : kept->second;
+        }
+        parameter.cells = cells;
+    }
+}
+
+void TestHost::addParameter(const QByteArray& name, int minimum, int maximum, int defaultValue)
+{
+    if (hasParameter(name))
+        qFatal("TestHost: parameter %s is there already", name.constData());
+    const unsigned short index = m_nextIndex++;
+    const int number = index - 99;
+    Parameter parameter = {name, static_cast<unsigned short>(3000 + 13 * number),
+                           static_cast<unsigned short>(900 + number)};
+    for (const unsigned short ch : m_channels)
+        parameter.cells[ch] = {minimum, maximum, defaultValue, {{0, defaultValue}}};
+    m_parameters[index] = parameter;
+}
+
+void TestHost::removeParameter(const QByteArray& name) { m_parameters.erase(index(name)); }
+
+bool TestHost::hasParameter(const QByteArray& name) const
+{
+    return const_cast<TestHost*>(this)->find(name) != nullptr;
+}
+
+void TestHost::setAddress(const QByteArray& name, unsigned short id, unsigned short second)
+{
+    Parameter& parameter = m_parameters[index(name)];
+    parameter.id = id;
+    parameter.second = second;
+}
+
+unsigned short TestHost::id(const QByteArray& name) const { return known(name).id; }
+
+unsigned short TestHost::second(const QByteArray& name) const { return known(name).second; }
+
+unsigned short TestHost::index(const QByteArray& name) const
+{
+    const Parameter* wanted = &known(name);
+    const auto found =
+        std::find_if(m_parameters.begin(), m_parameters.end(),
+                     [wanted](const auto& entry) { return &entry.second == wanted; });
+    return found->first;
+}
+
+void TestHost::setRange(const QByteArray& name, int minimum, int maximum)
+{
+    for (const unsigned short ch : m_channels)
+        setRange(name, ch, minimum, maximum);
+}
+
+void TestHost::setRange(const QByteArray& name, unsigned short ch, int minimum, int maximum)
+{
+    known(name, ch).minimum = minimum;
+    known(name, ch).maximum = maximum;
+}
+
+void TestHost::setDefault(const QByteArray& name, int value)
+{
+    for (const unsigned short ch : m_channels)
+        setDefault(name, ch, value);
+}
+
+void TestHost::setDefault(const QByteArray& name, unsigned short ch, int value)
+{
+    known(name, ch).defaultValue = value;
+}
+
+std::pair<int, int> TestHost::range(const QByteArray& name, unsigned short ch) const
+{
+    return {known(name, ch).minimum, known(name, ch).maximum};
+}
+
+int TestHost::defaultValue(const QByteArray& name, unsigned short ch) const
+{
+    return known(name, ch).defaultValue;
+}
+
+void TestHost::setClamping(bool on) { m_clamping = on; }
+
+void TestHost::setNotifying(bool on) { m_notifying = on; }
+
+void TestHost::setFormatter(Formatter formatter)
+{
+    m_formatter = formatter ? std::move(formatter) : Formatter(decimalText);
+}
+
+void TestHost::setParser(Parser parser)
+{
+    m_parser = parser ? std::move(parser) : Parser(decimalValue);
+}
+
+void TestHost::setTerminating(bool on) { m_terminating = on; }
+
+void TestHost::setMeter(const QByteArray& name, unsigned short base, unsigned short count)
+{
+    const auto next = static_cast<unsigned short>(40 + 3 * m_meters.size());
+    Meter& meter = m_meters.try_emplace(name, Meter{next}).first->second;
+    meter.base = base;
+    meter.count = count;
+}
+
+void TestHost::removeMeter(const QByteArray& name) { m_meters.erase(name); }
+
+void TestHost::set(const QByteArray& name, unsigned short ch, int value)
+{
+    setSilently(name, ch, value);
+    tellValue(id(name), ch, value);
+}
+
+void TestHost::setSilently(const QByteArray& name, unsigned short ch, int value)
+{
+    known(name, ch).values[0] = value;
+}
+
+int TestHost::value(const QByteArray& name, unsigned short ch, unsigned short element) const
+{
+    return known(name, ch).value(element);
+}
+
+void TestHost::notifyProperty(const QByteArray& name, unsigned short ch)
+{
+    const unsigned short parameter = id(name);
+    tell(parameter, ch, [=](IPrmObserver* observer) {
+        observer->UpdateProperty(parameter, ch, 0, 0, 0, false, nullptr);
+    });
+}
+
+void TestHost::setMeterDb(const QByteArray& name, unsigned short channel, int tenths, int side)
+{
+    const auto meter = m_meters.find(name);
+    if (meter == m_meters.end() || channel >= meter->second.count)
+        qFatal("TestHost: meter %s has no channel %d", name.constData(), channel);
+    m_meterWords[static_cast<std::size_t>(meter->second.base + 2 * channel + side)] =
+        meterWord(tenths);
+}
+
+void TestHost::pushMetersDb()
+{
+    std::vector<unsigned int> words(meterWordCount(), meterWord(SilentTenths));
+    for (const auto& [position, word] : m_meterWords)
+        words[position] = word;
+    pushMetersDb(words);
+}
+
+void TestHost::pushMetersDb(std::vector<unsigned int> words)
+{
+    const auto count = static_cast<unsigned int>(words.size());
+    tellMeters([&](IMeterObserver* observer) {
+        std::vector<unsigned int> copy(words);
+        observer->notifyMeterDbUpdated(copy.data(), count);
+    });
+}
+
+void TestHost::pushMetersLvl(std::vector<unsigned int> words)
+{
+    const auto count = static_cast<unsigned int>(words.size());
+    tellMeters([&](IMeterObserver* observer) {
+        std::vector<unsigned int> copy(words);
+        observer->notifyMeterLvlUpdated(copy.data(), count);
+    });
+}
+
+const std::vector<TestHost::Call>& TestHost::calls() const { return m_calls; }
+
+std::vector<TestHost::Call> TestHost::calls(Operation operation) const
+{
+    std::vector<Call> chosen;
+    std::copy_if(m_calls.begin(), m_calls.end(), std::back_inserter(chosen),
+                 [operation](const Call& call) { return call.operation == operation; });
+    return chosen;
+}
+
+int TestHost::count(Operation operation) const { return static_cast<int>(calls(operation).size()); }
+
+int TestHost::callCount() const { return static_cast<int>(m_calls.size()); }
+
+std::vector<TestHost::Write> TestHost::writes() const
+{
+    std::vector<Write> writes;
+    for (const Call& call : calls(Operation::SetValue)) {
+        const Parameter* parameter = const_cast<TestHost*>(this)->find(call.parameter);
+        if (!call.failed && parameter != nullptr)
+            writes.push_back({parameter->name, call.ch, call.value});
+    }
+    return writes;
+}
+
+void TestHost::resetLedger() { m_calls.clear(); }
+
+int TestHost::observerCount() const { return static_cast<int>(m_registrations.size()); }
+
+int TestHost::observerCount(const QByteArray& name, unsigned short ch) const
+{
+    return registrations(nullptr, id(name), ch);
+}
+
+bool TestHost::isObserving(const IPrmObserver* observer, const QByteArray& name,
+                           unsigned short ch) const
+{
+    return observer != nullptr && registrations(observer, id(name), ch) > 0;
+}
+
+int TestHost::meterObserverCount() const { return static_cast<int>(m_meterObservers.size()); }
+
+void TestHost::failCall(Operation operation, int n) { m_faults[operation].push_back(n); }
+
+void TestHost::failAll(Operation operation) { m_failAll[operation] = true; }
+
+void TestHost::failAnyCall(int n) { m_failAny = n; }
+
+void TestHost::clearFaults()
+{
+    m_faults.clear();
+    m_failAll.clear();
+    m_failAny = 0;
+}
+
+void TestHost::addEqualizerParameters()
+{
+    int number = 0;
+    for (const Kind& kind : EqualizerKinds)
+        addParameter(name(++number), kind.minimum, kind.maximum, kind.defaultValue);
+}
+
+TestHost::Parameter* TestHost::find(const QByteArray& name)
+{
+    const auto found =
+        std::find_if(m_parameters.begin(), m_parameters.end(),
+                     [&name](const auto& entry) { return entry.second.name == name; });
+    return found == m_parameters.end() ? nullptr : &found->second;
+}
+
+TestHost::Parameter* TestHost::find(unsigned short id)
+{
+    const auto found = std::find_if(m_parameters.begin(), m_parameters.end(),
+                                    [id](const auto& entry) { return entry.second.id == id; });
+    return found == m_parameters.end() ? nullptr : &found->second;
+}
+
+const TestHost::Parameter& TestHost::known(const QByteArray& name) const
+{
+    const Parameter* parameter = const_cast<TestHost*>(this)->find(name);
+    if (parameter == nullptr)
+        qFatal("TestHost: no parameter %s", name.constData());
+    return *parameter;
+}
+
+const TestHost::Cell& TestHost::known(const QByteArray& name, unsigned short ch) const
+{
+    const auto& cells = known(name).cells;
+    const auto found = cells.find(ch);
+    if (found == cells.end())
+        qFatal("TestHost: no channel %d", ch);
+    return found->second;
+}
+
+TestHost::Cell& TestHost::known(const QByteArray& name, unsigned short ch)
+{
+    return const_cast<Cell&>(std::as_const(*this).known(name, ch));
+}
+
+TestHost::Cell* TestHost::cell(unsigned short id, unsigned short ch)
+{
+    Parameter* parameter = find(id);
+    if (parameter == nullptr)
+        return nullptr;
+    const auto found = parameter->cells.find(ch);
+    return found == parameter->cells.end() ? nullptr : &found->second;
+}
+
+int TestHost::registrations(const IPrmObserver* observer, unsigned short id,
+                            unsigned short ch) const
+{
+    return static_cast<int>(
+        std::count_if(m_registrations.begin(), m_registrations.end(), [&](const Registration& r) {
+            return r.parameter == id && r.ch == ch &&
+                   (observer == nullptr || r.observer == observer);
+        }));
+}
+
+std::size_t TestHost::meterWordCount() const
+{
+    std::size_t count = 0;
+    for (const auto& [name, meter] : m_meters)
+        count = std::max(count, static_cast<std::size_t>(meter.base + 2 * meter.count));
+    for (const auto& [position, word] : m_meterWords)
+        count = std::max(count, position + 1);
+    return count;
+}
+
+bool TestHost::enter(Call call, bool possible)
+{
+    const bool planted = takeFault(call.operation);
+    call.failed = planted || !possible;
+    m_calls.push_back(call);
+    return !call.failed;
+}
+
+bool TestHost::takeFault(Operation operation)
+{
+    bool fails = m_failAll[operation];
+    for (int& remaining : m_faults[operation])
+        fails = --remaining == 0 || fails;
+    if (m_failAny > 0)
+        fails = --m_failAny == 0 || fails;
+    return fails;
+}
+
+void TestHost::recordReserved(int number)
+{
+    enter({.operation = Operation::Reserved, .value = number}, true);
+    qWarning("TestHost: a reserved operation was called (%d)", number);
+}
+
+void TestHost::tell(unsigned short id, unsigned short ch,
+                    const std::function<void(IPrmObserver*)>& message)
+{
+    // Observers come and go while they are told: one that went is not told, nor is one that came.
+    const std::vector<Registration> told = m_registrations;
+    for (const Registration& entry : told) {
+        const bool registered =
+            std::any_of(m_registrations.begin(), m_registrations.end(),
+                        [&](const Registration& r) { return r.ticket == entry.ticket; });
+        if (registered && entry.parameter == id && entry.ch == ch)
+            message(entry.observer);
+    }
+}
+
+void TestHost::tellValue(unsigned short id, unsigned short ch, int value)
+{
+    if (m_notifying)
+        tell(id, ch, [=](IPrmObserver* observer) { observer->Update(id, ch, value, nullptr); });
+}
+
+void TestHost::tellMeters(const std::function<void(IMeterObserver*)>& message)
+{
+    const std::vector<IMeterObserver*> told = m_meterObservers;
+    for (IMeterObserver* observer : told) {
+        const auto last = m_meterObservers.end();
+        if (std::find(m_meterObservers.begin(), last, observer) != last)
+            message(observer);
+    }
+}
