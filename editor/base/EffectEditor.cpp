@@ -12,6 +12,7 @@
 #include <QScrollArea>
 
 #include <cmath>
+#include <utility>
 
 namespace {
 
