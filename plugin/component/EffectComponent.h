@@ -49,7 +49,8 @@ public:
     Steinberg::tresult PLUGIN_API terminate() override;
     Steinberg::tresult PLUGIN_API getControllerClassId(Steinberg::TUID) override;
     Steinberg::tresult PLUGIN_API setIoMode(Steinberg::Vst::IoMode) override;
-    /// Answers kNotImplemented (3) like its neighbours, deliberately, although a count is asked for.
+    /// Answers kNotImplemented (3) like its neighbours, deliberately, although a count is asked
+    /// for.
     Steinberg::int32 PLUGIN_API getBusCount(Steinberg::Vst::MediaType,
                                             Steinberg::Vst::BusDirection) override;
     Steinberg::tresult PLUGIN_API getBusInfo(Steinberg::Vst::MediaType,
