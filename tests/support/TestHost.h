@@ -217,8 +217,8 @@ public:
     void failCall(Operation operation, int n);
     /// Every call of \a operation fails from now on.
     void failAll(Operation operation);
-    /// The \a n-th call from now on fails, whichever operation it is. To sweep a session, plant 1,
-    /// 2, ... and run it on a fresh host each time, until callCount() at its end is below n.
+    /// The \a n-th call from now on fails, whichever operation it is. To sweep a run, plant 1,
+    /// 2, ... and repeat it on a fresh host each time, until callCount() at its end is below n.
     void failAnyCall(int n);
     /// Takes back all planted faults.
     void clearFaults();
