@@ -229,6 +229,7 @@ void tst_EditorFonts::pointsBecomePixels_data()
     QTest::newRow("10: 13.4") << 10 << 13;
     QTest::newRow("11: 14.74") << 11 << 15;
     QTest::newRow("50: 67") << 50 << 67;
+    QTest::newRow("100: 134") << 100 << 134;
 }
 
 void tst_EditorFonts::pointsBecomePixels()

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QMenu>
+#include <QMetaEnum>
 #include <QProxyStyle>
 
 namespace {
