@@ -15,3 +15,7 @@ if(ZOLTA_SANITIZE)
                         -fno-omit-frame-pointer)
     add_link_options(-fsanitize=${ZOLTA_SANITIZE})
 endif()
+if(ZOLTA_FUZZERS)
+    # libFuzzer steers by the coverage of the code under test, not only of the fuzzer's own file.
+    add_compile_options(-fsanitize=fuzzer-no-link)
+endif()

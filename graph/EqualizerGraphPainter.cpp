@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "graph/EqualizerGraphPainter.h"
 
+#include "editor/base/PixelRounding.h"
 #include "graph/filters/EqualizerBands.h"
 #include "graph/filters/PlotAxes.h"
 
@@ -56,8 +57,6 @@ constexpr double HandleRadius = 3.0;
 /// How far beyond the plot a curve is followed, in plot heights: far enough for the part within to
 /// be straight, near enough for any pixel coordinate to be exact.
 constexpr double CurveReach = 16.0;
-
-int roundToPixel(double x) { return static_cast<int>(x + 0.5); }
 
 QRectF plotRect(const PlotAxes& axes)
 {

@@ -22,15 +22,16 @@ public:
                          unsigned short element) = 0;
     /// Writes a value and notifies every observer registered for it, the writer's own included. The
     /// library always passes 0 and 1 as the last two arguments.
-    virtual int setValue(unsigned short parameter, unsigned short ch, int value, unsigned short element,
-                         int, int) = 0;
+    virtual int setValue(unsigned short parameter, unsigned short ch, int value,
+                         unsigned short element, int, int) = 0;
     virtual void reserved6() {}
     virtual void reserved7() {}
     virtual void reserved8() {}
     virtual void reserved9() {}
     virtual void reserved10() {}
     /// The smallest and the largest value.
-    virtual int getRange(unsigned short parameter, unsigned short ch, int* minimum, int* maximum) = 0;
+    virtual int getRange(unsigned short parameter, unsigned short ch, int* minimum,
+                         int* maximum) = 0;
     /// The value that a reset gives.
     virtual int getDefault(unsigned short parameter, unsigned short ch, int* value) = 0;
     virtual void reserved13() {}
