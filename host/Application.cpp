@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/Application.h"
+
+#include "host/EditorWindow.h"
+#include "host/HostTheme.h"
+#include "host/MixerWindow.h"
+#include "host/OutputFile.h"
+#include "host/ParameterText.h"
+
+#include <QApplication>
+#include <QBuffer>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+namespace {
+
+// The result of a step that says what went wrong: the exit code, after the complaint.
+int finished(const QString& fault)
+{
+    if (fault.isEmpty())
+        return ExitDone;
+    complain(fault);
+    return ExitFault;
+}
+
+QByteArray listLine(std::size_t index, int value)
+{
+    const Parameter& parameter = parameterTable[index];
+    const QByteArrayList fields = {
+        parameter.name,
+        QByteArray::number(parameterId(index)),
+        QByteArray::number(parameter.minimum),
+        QByteArray::number(parameter.maximum),
+        QByteArray::number(parameter.defaultValue),
+        QByteArray::number(value),
+        QByteArray::fromStdString(formatParameter(parameter, value).value_or(""))};
+    return fields.join('\t') + '\n';
+}
+
+QString noEditor(int channel)
+{
+    return QStringLiteral("The plug-in makes no editor for channel %1.").arg(channel);
+}
+
+} // namespace
+
+void complain(const QString& sentence)
+{
+    std::fprintf(stderr, "zolta-host: %s\n", sentence.toLocal8Bit().constData());
+}
+
+Application::Application(CommandLine commandLine, const QString& programFolder)
+    : m_commandLine(std::move(commandLine))
+    , m_programFolder(programFolder)
+{}
+
+int Application::run()
+{
+    const QString file = m_commandLine.plugin.isEmpty() ? EditorLibrary::fileBeside(m_programFolder)
+                                                        : m_commandLine.plugin;
+    const QString fault = m_mixer.library.load(file);
+    if (!fault.isEmpty())
+        return finished(fault);
+    applyHostTheme();
+    return m_commandLine.headless() ? runHeadless() : runWindows();
+}
+
+int Application::runHeadless()
+{
+    QWidget stage;
+    stage.setAttribute(Qt::WA_DontShowOnScreen);
+    const EditorSettings& settings = m_commandLine.editor;
+    const auto session =
+        EditorSession::open(m_mixer.library, m_mixer.model, m_mixer.memory, settings, &stage);
+    if (!session)
+        return finished(noEditor(settings.channel));
+    stage.show();
+
+    QString fault = loadState(*session);
+    if (fault.isEmpty()) {
+        applySettings();
+        if (m_commandLine.list)
+            fault = printList();
+    }
+    if (fault.isEmpty() && !m_commandLine.saveState.isEmpty())
+        fault = session->saveState(m_commandLine.saveState);
+    if (fault.isEmpty() && !m_commandLine.screenshot.isEmpty())
+        fault = saveScreenshot(*session);
+    return finished(fault);
+}
+
+int Application::runWindows()
+{
+    const EditorSettings& settings = m_commandLine.editor;
+    MixerWindow mixerWindow(m_mixer, settings);
+    mixerWindow.show();
+    EditorWindow* editor = mixerWindow.openEditor(settings.channel, settings.stereo);
+    if (!editor)
+        return finished(noEditor(settings.channel));
+    const QString fault = loadState(editor->session());
+    if (!fault.isEmpty())
+        return finished(fault);
+    applySettings();
+    return QApplication::exec();
+}
+
+QString Application::loadState(EditorSession& session)
+{
+    return m_commandLine.state.isEmpty() ? QString() : session.loadState(m_commandLine.state);
+}
+
+void Application::applySettings()
+{
+    const auto channel = static_cast<unsigned short>(m_commandLine.editor.channel);
+    for (const CommandLine::Setting& setting : m_commandLine.settings)
+        m_mixer.memory.setValue(parameterId(setting.parameter), channel, setting.value, 0, 0, 1);
+}
+
+QString Application::printList() const
+{
+    const HostMemory::Values& values = m_mixer.memory.values(m_commandLine.editor.channel);
+    QByteArray lines;
+    for (std::size_t i = 0; i < parameterCount; ++i)
+        lines += listLine(i, values[i]);
+    const auto size = static_cast<std::size_t>(lines.size());
+    if (std::fwrite(lines.constData(), 1, size, stdout) == size && std::fflush(stdout) == 0)
+        return QString();
+    return QStringLiteral("The list cannot be printed: %1.")
+        .arg(QString::fromLocal8Bit(std::strerror(errno)));
+}
+
+QString Application::saveScreenshot(const EditorSession& session) const
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    session.picture().save(&buffer, "PNG");
+    const QString fault = writeFile(m_commandLine.screenshot, buffer.data());
+    if (fault.isEmpty())
+        return QString();
+    return QStringLiteral("The picture %1 cannot be written: %2.")
+        .arg(m_commandLine.screenshot, fault);
+}

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/CommandLine.h"
+#include "host/Mixer.h"
+
+#include <QWidget>
+
+#include <memory>
+
+/// Exit codes of the program.
+enum ExitCode { ExitDone = 0, ExitFault = 1, ExitUsage = 2 };
+
+/// Writes "zolta-host: " and \a sentence to the standard error stream.
+void complain(const QString& sentence);
+
+/// The program once its arguments are understood. Needs a QApplication.
+class Application
+{
+public:
+    Application(CommandLine commandLine, const QString& programFolder);
+
+    /// Does what the arguments ask for; the program's exit code.
+    int run();
+
+private:
+    int runHeadless();
+    int runWindows();
+    QString loadState(EditorSession& session);
+    void applySettings();
+    QString printList() const;
+    QString saveScreenshot(const EditorSession& session) const;
+
+    CommandLine m_commandLine;
+    QString m_programFolder;
+    Mixer m_mixer;
+};

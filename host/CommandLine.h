@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/EditorSession.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <cstddef>
+#include <vector>
+
+/// What the program was asked to do.
+struct CommandLine
+{
+    /// One "--set": the value is inside the parameter's range.
+    struct Setting
+    {
+        std::size_t parameter; ///< index into parameterTable
+        int value;
+    };
+
+    QString plugin; ///< empty: the library beside this program
+    EditorSettings editor;
+    std::vector<Setting> settings;
+    bool list = false;
+    bool help = false;
+    QString state;      ///< file to load
+    QString saveState;  ///< file to write
+    QString screenshot; ///< file to write
+    QString fault;      ///< why the arguments make no sense, as a sentence; the rest is void then
+
+    /// Whether the program does its work and ends, without a window.
+    bool headless() const;
+
+    /// \a arguments begin with the program's name.
+    static CommandLine parse(const QStringList& arguments);
+    static QString helpText();
+};

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/EditorSession.h"
+
+#include "host/EditorLibrary.h"
+#include "host/HostMemory.h"
+#include "host/HostModel.h"
+#include "host/StateFile.h"
+#include "plugin/interfaces/IVaskEffectEditor2.h"
+
+#include <public.sdk/source/common/memorystream.h>
+
+using Steinberg::MemoryStream;
+
+std::unique_ptr<EditorSession> EditorSession::open(const EditorLibrary& library, HostModel& model,
+                                                   HostMemory& memory,
+                                                   const EditorSettings& settings, QWidget* stage)
+{
+    IVaskEffectEditor2* editor =
+        library.create(stage, static_cast<unsigned short>(settings.channel), &model);
+    if (!editor)
+        return nullptr;
+    return std::unique_ptr<EditorSession>(new EditorSession(memory, settings, stage, editor));
+}
+
+EditorSession::EditorSession(HostMemory& memory, const EditorSettings& settings, QWidget* stage,
+                             IVaskEffectEditor2* editor)
+    : m_memory(memory)
+    , m_settings(settings)
+    , m_stage(stage)
+    , m_guard(editor)
+    , m_editor(editor)
+{
+    m_editor->setMemAPI(&memory);
+    applyChannels();
+    m_editor->setOn(true);
+    setSampleRate(settings.sampleRate);
+    setDialMode(settings.dialMode);
+    setSliderMode(settings.sliderMode);
+    setScale(settings.scale);
+}
+
+EditorSession::~EditorSession()
+{
+    if (!m_guard)
+        return;
+    m_editor->setMemAPI(nullptr);
+    delete m_editor;
+}
+
+void EditorSession::setStereo(bool stereo)
+{
+    m_settings.stereo = stereo;
+    applyChannels();
+}
+
+void EditorSession::setScale(double scale)
+{
+    m_settings.scale = scale;
+    m_editor->setScale(scale);
+    m_stage->setFixedSize(m_editor->size());
+}
+
+void EditorSession::setSampleRate(int hertz)
+{
+    m_settings.sampleRate = hertz;
+    m_editor->setFs(hertz);
+}
+
+void EditorSession::setDialMode(int mode)
+{
+    m_settings.dialMode = mode;
+    m_editor->setDialEditMode(mode);
+}
+
+void EditorSession::setSliderMode(int mode)
+{
+    m_settings.sliderMode = mode;
+    m_editor->setSliderEditMode(mode);
+}
+
+QString EditorSession::loadState(const QString& file)
+{
+    StateFile::Content content = StateFile(file, m_editor->uid()).read();
+    if (!content.fault.isEmpty())
+        return content.fault;
+    const HostMemory::Values before = m_memory.values(m_settings.channel);
+    MemoryStream stream(content.state.data(), content.state.size());
+    if (m_editor->getVstComponent()->setState(&stream) == Steinberg::kResultOk)
+        return QString();
+    m_memory.write(m_settings.channel, before);
+    return QStringLiteral("The plug-in did not take the state of %1.").arg(file);
+}
+
+QString EditorSession::saveState(const QString& file) const
+{
+    MemoryStream stream;
+    const Steinberg::tresult result = m_editor->getVstComponent()->getState(&stream);
+    if (result != Steinberg::kResultOk || stream.getSize() != StateFile::stateSize)
+        return QStringLiteral("The state file %1 is not written: the plug-in gave no state.")
+            .arg(file);
+    const QByteArray state(stream.getData(), StateFile::stateSize);
+    return StateFile(file, m_editor->uid()).write(state);
+}
+
+QImage EditorSession::picture() const
+{
+    QImage image(m_editor->size(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    m_editor->render(&image);
+    return image;
+}
+
+void EditorSession::applyChannels()
+{
+    const int channel = m_settings.channel;
+    m_editor->setCh(channel, m_settings.stereo ? partnerOf(channel) : -1);
+    m_editor->setStereo(m_settings.stereo);
+}

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QImage>
+#include <QPointer>
+#include <QString>
+
+#include <memory>
+
+class EditorLibrary;
+class HostMemory;
+class HostModel;
+class IVaskEffectEditor2;
+class QWidget;
+
+/// What an editor is opened with and can be switched between.
+struct EditorSettings
+{
+    int channel = 0;
+    bool stereo = true;     ///< shows the pair that the channel belongs to
+    double scale = 1.0;     ///< zoom, 0.5 to 4
+    int sampleRate = 48000; ///< Hz
+    int dialMode = 0;       ///< how knobs are dragged: 0 circular, 1 relative circular, 2 linear
+    int sliderMode = 0;     ///< how faders are dragged: 0 relative, 1 jump, 2 touch, 3 ramp
+};
+
+/// One open editor on a channel: attached to the host's services, driven, detached, deleted.
+///
+/// The editor is the only child of \a stage and decides the stage's size. Model, memory and stage
+/// must outlive the session. Faults are sentences; an empty text means success.
+class EditorSession
+{
+public:
+    /// Null if the plug-in makes no editor for the channel.
+    static std::unique_ptr<EditorSession> open(const EditorLibrary& library, HostModel& model,
+                                               HostMemory& memory, const EditorSettings& settings,
+                                               QWidget* stage);
+    ~EditorSession();
+    EditorSession(const EditorSession&) = delete;
+    EditorSession& operator=(const EditorSession&) = delete;
+
+    const EditorSettings& settings() const { return m_settings; }
+    void setStereo(bool stereo);
+    void setScale(double scale);
+    void setSampleRate(int hertz);
+    void setDialMode(int mode);
+    void setSliderMode(int mode);
+
+    /// Loads the channel's settings from \a file through the editor's component; changes nothing
+    /// if the file is not sound.
+    QString loadState(const QString& file);
+    QString saveState(const QString& file) const;
+
+    /// The editor alone, as it looks at its scale, one picture point a pixel.
+    QImage picture() const;
+
+private:
+    EditorSession(HostMemory& memory, const EditorSettings& settings, QWidget* stage,
+                  IVaskEffectEditor2* editor);
+
+    void applyChannels();
+
+    HostMemory& m_memory;
+    EditorSettings m_settings;
+    QWidget* m_stage;
+    QPointer<QWidget> m_guard; // null once somebody else has deleted the editor
+    IVaskEffectEditor2* m_editor;
+};

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/MeterNotifier.h"
+#include "host/ParameterTable.h"
+#include "plugin/interfaces/IMemAPI.h"
+
+#include <array>
+#include <vector>
+
+/// The mixer's parameter memory: the 27 parameters of 8 channels, each starting at its default.
+///
+/// Operations return 0, or -1 for a parameter, channel or element that does not exist, a null
+/// pointer, a text that says nothing or a buffer that is too small; then nothing is changed. Must
+/// outlive every editor and observer.
+///
+/// A write is clamped into the range and told at once to every observer of that parameter and
+/// channel, in the order in which they registered, the writer's own included and also when the
+/// value stays the same. Observers may write, register and unregister meanwhile: each is always
+/// told the value that holds at that moment, one that leaves is not called any more, one that comes
+/// is called from the next write on.
+class HostMemory : public IMemAPI
+{
+public:
+    using Values = std::array<int, parameterCount>;
+
+    HostMemory();
+
+    int getValue(unsigned short parameter, unsigned short ch, int* value,
+                 unsigned short element) override;
+    int setValue(unsigned short parameter, unsigned short ch, int value, unsigned short element,
+                 int, int) override;
+    int getRange(unsigned short parameter, unsigned short ch, int* minimum, int* maximum) override;
+    int getDefault(unsigned short parameter, unsigned short ch, int* value) override;
+    int valueToString(unsigned short parameter, unsigned short ch, int value, char* buffer,
+                      int size) override;
+    int stringToValue(unsigned short parameter, unsigned short ch, const char* text,
+                      int* value) override;
+    /// Fails for an observer that is registered already: it is told of each write once.
+    int registerObserver(unsigned short parameter, unsigned short ch,
+                         IPrmObserver* observer) override;
+    /// Fails for an observer that is not registered.
+    int unregisterObserver(unsigned short parameter, unsigned short ch,
+                           IPrmObserver* observer) override;
+    int queryMeterNotifier(IMeterNotifier** notifier) override;
+
+    MeterNotifier& meters() { return m_meters; }
+
+    /// Every value of a channel, by parameter index; \a ch must exist.
+    const Values& values(int ch) const { return m_channels[static_cast<std::size_t>(ch)].values; }
+    /// Writes every value of a channel, notifying as setValue() does; \a ch must exist.
+    void write(int ch, const Values& values);
+    /// Writes every default of a channel.
+    void reset(int ch);
+    int observerCount(unsigned short parameter, unsigned short ch) const;
+
+private:
+    struct Observers
+    {
+        std::vector<IPrmObserver*> list; // null where one left during a notification
+        int depth = 0;                   // notifications under way
+
+        void dropGaps();
+    };
+    struct Channel
+    {
+        Values values;
+        std::array<Observers, parameterCount> observers;
+    };
+
+    static bool exists(unsigned short parameter, unsigned short ch);
+    Observers& observersOf(unsigned short parameter, unsigned short ch);
+    void notify(unsigned short parameter, unsigned short ch);
+
+    std::array<Channel, channelCount> m_channels;
+    MeterNotifier m_meters;
+};

@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/ParameterListModel.h"
+
+#include "host/HostMemory.h"
+#include "host/ParameterText.h"
+
+#include <QColor>
+
+namespace {
+
+const Parameter& parameterAt(const QModelIndex& index)
+{
+    return parameterTable[static_cast<std::size_t>(index.row())];
+}
+
+QString possibleValues(const Parameter& parameter)
+{
+    return QString::fromStdString(describeValues(parameter));
+}
+
+// The colours that the editor gives its six bands; the levels and the drive have none.
+QVariant bandColor(int row)
+{
+    constexpr QRgb colors[] = {0xFFED1C24, 0xFFED6B1C, 0xFFFEBA24,
+                               0xFF11B519, 0xFF14A8AD, 0xFF9519D0};
+    constexpr int rowsPerBand = 4;
+    const auto band = static_cast<std::size_t>(row / rowsPerBand);
+    return band < std::size(colors) ? QVariant(QColor::fromRgba(colors[band])) : QVariant();
+}
+
+} // namespace
+
+ParameterListModel::ParameterListModel(HostMemory& memory, int channel, QObject* parent)
+    : QAbstractTableModel(parent)
+    , m_memory(memory)
+    , m_channel(channel)
+{
+    for (std::size_t i = 0; i < parameterCount; ++i)
+        m_memory.registerObserver(parameterId(i), this->channel(), this);
+}
+
+ParameterListModel::~ParameterListModel()
+{
+    for (std::size_t i = 0; i < parameterCount; ++i)
+        m_memory.unregisterObserver(parameterId(i), channel(), this);
+}
+
+int ParameterListModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(parameterCount);
+}
+
+int ParameterListModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : ColumnCount;
+}
+
+QVariant ParameterListModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+        return QAbstractTableModel::headerData(section, orientation, role);
+    switch (section) {
+    case TitleColumn:
+        return tr("Parameter");
+    case ValueColumn:
+        return tr("Value");
+    case UnitColumn:
+        return tr("Unit");
+    case RawColumn:
+        return tr("Raw");
+    case NameColumn:
+        return tr("Name");
+    default:
+        return QVariant();
+    }
+}
+
+QVariant ParameterListModel::data(const QModelIndex& index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return QVariant();
+    const bool number = index.column() == ValueColumn || index.column() == RawColumn;
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+        return text(index);
+    case Qt::TextAlignmentRole:
+        return int(Qt::AlignVCenter | (number ? Qt::AlignRight : Qt::AlignLeft));
+    case Qt::ToolTipRole:
+        return possibleValues(parameterAt(index));
+    case Qt::DecorationRole:
+        return index.column() == TitleColumn ? bandColor(index.row()) : QVariant();
+    default:
+        return QVariant();
+    }
+}
+
+bool ParameterListModel::setData(const QModelIndex& index, const QVariant& value, int role)
+{
+    if (!flags(index).testFlag(Qt::ItemIsEditable) || role != Qt::EditRole)
+        return false;
+    const QString typed = value.toString();
+    const unsigned short id = parameterId(static_cast<std::size_t>(index.row()));
+    int raw = 0;
+    if (m_memory.stringToValue(id, channel(), typed.toUtf8().constData(), &raw) < 0) {
+        const Parameter& parameter = parameterAt(index);
+        Q_EMIT refused(tr("\"%1\" is no value of %2: type %3.")
+                           .arg(typed, QLatin1String(parameter.title), possibleValues(parameter)));
+        return false;
+    }
+    return m_memory.setValue(id, channel(), raw, 0, 0, 1) >= 0;
+}
+
+Qt::ItemFlags ParameterListModel::flags(const QModelIndex& index) const
+{
+    const Qt::ItemFlags flags = QAbstractTableModel::flags(index);
+    return index.isValid() && index.column() == ValueColumn ? flags | Qt::ItemIsEditable : flags;
+}
+
+int ParameterListModel::Update(unsigned short parameter, unsigned short, int, const char*)
+{
+    const int row = static_cast<int>(findParameterById(parameter));
+    Q_EMIT dataChanged(index(row, ValueColumn), index(row, RawColumn));
+    return 0;
+}
+
+int ParameterListModel::UpdateProperty(unsigned short, unsigned short, int, int, int, bool,
+                                       const char*)
+{
+    return 0;
+}
+
+QVariant ParameterListModel::text(const QModelIndex& index) const
+{
+    const Parameter& parameter = parameterAt(index);
+    const auto row = static_cast<std::size_t>(index.row());
+    switch (index.column()) {
+    case TitleColumn:
+        return QLatin1String(parameter.title);
+    case ValueColumn:
+        return valueText(row);
+    case UnitColumn:
+        return QLatin1String(parameter.unit);
+    case RawColumn:
+        return m_memory.values(m_channel)[row];
+    case NameColumn:
+        return QLatin1String(parameter.name);
+    default:
+        return QVariant();
+    }
+}
+
+QString ParameterListModel::valueText(std::size_t parameter) const
+{
+    const int value = m_memory.values(m_channel)[parameter];
+    return QString::fromStdString(formatParameter(parameterTable[parameter], value).value_or(""));
+}
+
+#include "moc_ParameterListModel.cpp"

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string_view>
+
+/// What a parameter measures; it decides how raw values read as text (ParameterText).
+enum class ParameterKind {
+    LowType,   ///< 0 second-order pass, 1 first-order pass, 2 first-order shelf, 3 second-order
+    HighType,  ///< the same, mirrored
+    Frequency, ///< 20 Hz to 20 kHz, 400 steps a decade
+    Quality,   ///< 0.5 to 16, 100 steps an octave
+    Decibels,  ///< tenths of a dB, -20.0 to +20.0
+    Switch,    ///< 0 off, 1 on
+    Drive      ///< 0 clean, 1 drive
+};
+
+/// One parameter of the equalizer, as this mixer keeps it.
+struct Parameter
+{
+    const char* name;  ///< the name that editors look it up by
+    const char* title; ///< for people
+    ParameterKind kind;
+    int minimum;
+    int maximum;
+    int defaultValue;
+    const char* unit; ///< what people read after the text; empty for none
+
+    constexpr bool allows(int value) const { return value >= minimum && value <= maximum; }
+};
+
+/// The mixer has 8 channels, in 4 stereo pairs (0 and 1, 2 and 3, ...).
+inline constexpr int channelCount = 8;
+
+/// The other channel of the pair that \a channel belongs to.
+constexpr int partnerOf(int channel) { return channel ^ 1; }
+
+inline constexpr std::size_t parameterCount = 27;
+
+/// Every channel has these parameters; a parameter's index is its place in here, and its name ends
+/// in that index plus one.
+extern const std::array<Parameter, parameterCount> parameterTable;
+
+/// The two words of the address of the parameter at \a index.
+constexpr unsigned short parameterId(std::size_t index)
+{
+    return static_cast<unsigned short>(0x0101 + index);
+}
+constexpr unsigned short parameterSecondWord(std::size_t index)
+{
+    return static_cast<unsigned short>(0x4001 + index);
+}
+
+/// The index of the parameter called \a name, or with the id \a id; parameterCount if none is.
+std::size_t findParameterByName(std::string_view name);
+std::size_t findParameterById(unsigned short id);

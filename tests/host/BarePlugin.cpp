@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A plug-in with the right identifier that is no effect at all.
+#include <QObject>
+#include <QtPlugin>
+
+class BarePlugin : public QObject
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID "org.zolta.fx.effect")
+};
+
+#include "BarePlugin.moc"
