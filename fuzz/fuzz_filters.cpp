@@ -8,7 +8,6 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
-#include <cstring>
 
 namespace {
 
@@ -26,7 +25,7 @@ public:
     {
         T value{};
         const std::size_t count = std::min(sizeof value, m_size);
-        std::memcpy(&value, m_data, count);
+        std::copy_n(m_data, count, reinterpret_cast<std::uint8_t*>(&value));
         m_data += count;
         m_size -= count;
         return value;
