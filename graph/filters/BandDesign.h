@@ -8,8 +8,8 @@
 /// filter is designed from them.
 ///
 /// A position is where a raw value stands in its range, 0 at the minimum and 1 at the maximum. It
-/// is computed in single precision, as the hardware's control side does, and always lies in
-/// [0, 1]; an undefined position (NaN) counts as 0.
+/// is computed in single precision and always lies in [0, 1]; an undefined position (NaN) counts
+/// as 0.
 namespace BandDesign {
 
 /// Decades that a frequency spans: 20 Hz to 20 kHz.

@@ -13,8 +13,8 @@ constexpr std::size_t StatesPerSection = 4;
 
 constexpr double Pi = 3.141592653589793;
 
-// The two square roots of 2 differ in the last place, and deliberately so: the shelves and the
-// pass filters of the hardware do.
+// The square roots of 2 of the shelves and of the pass filters differ in the last place.
+// Deliberate: both are kept as they are.
 constexpr double ShelfSqrt2 = 1.4142135623730951;
 constexpr double PassSqrt2 = 1.414213562373095;
 

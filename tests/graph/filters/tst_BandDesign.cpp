@@ -293,8 +293,7 @@ void tst_BandDesign::shelvesAreMovedByTheirFactor_data()
     QTest::newRow("high 3") << Design(BandDesign::designHigh) << 3 << std::sqrt(0.1);
 }
 
-// A shelf of variant B has its zeros at the moved frequency: for a boost |numerator| falls to the
-// known value there, and the shelf's prototype at the pre-warped frequency gives the level.
+// The level of the analog shelf whose zeros lie at `factor` times the pre-warped band frequency.
 void tst_BandDesign::shelvesAreMovedByTheirFactor()
 {
     QFETCH(const Design, design);
