@@ -31,6 +31,16 @@ QTreeWidgetItem* newPair(int first)
     return pair;
 }
 
+// A new window comes up in front by itself.
+void bringToFront(QWidget* window)
+{
+    const bool hidden = window->isHidden();
+    window->show();
+    if (!hidden)
+        window->raise();
+    window->activateWindow();
+}
+
 } // namespace
 
 MixerWindow::MixerWindow(Mixer& mixer, const EditorSettings& settings)
@@ -59,9 +69,7 @@ EditorWindow* MixerWindow::openEditor(int channel, bool stereo)
     if (!editor)
         return nullptr;
     editor->setStereo(stereo);
-    editor->show();
-    editor->raise();
-    editor->activateWindow();
+    bringToFront(editor);
     return editor;
 }
 
@@ -76,11 +84,7 @@ EditorWindow* MixerWindow::createEditor(int channel, bool stereo)
     if (!session)
         return nullptr;
     auto* window = new EditorWindow(m_mixer.memory, std::move(stage), std::move(session));
-    connect(window, &EditorWindow::mixerWanted, this, [this] {
-        show();
-        raise();
-        activateWindow();
-    });
+    connect(window, &EditorWindow::mixerWanted, this, [this] { bringToFront(this); });
     return window;
 }
 

@@ -25,7 +25,6 @@ using Steinberg::MemoryStream;
 constexpr char stateVersion[] = "2620";
 constexpr char presetMark[] = "VST3";
 constexpr char listMark[] = "List";
-constexpr char componentMark[] = "Comp";
 constexpr qsizetype markSize = 4;
 constexpr qsizetype presetHeaderSize = 48;
 constexpr qsizetype presetListHeaderSize = 8;
