@@ -2,6 +2,7 @@
 #include "host/MixerWindow.h"
 
 #include "host/EditorWindow.h"
+#include "host/HostTheme.h"
 #include "host/Mixer.h"
 
 #include <QApplication>
@@ -52,7 +53,7 @@ MixerWindow::MixerWindow(Mixer& mixer, const EditorSettings& settings)
     QMenu* menu = menuBar()->addMenu(tr("&File"));
     menu->addAction(tr("&Close"), QKeySequence::Close, this, &QWidget::close);
     menu->addAction(tr("&Quit"), QKeySequence::Quit, qApp, &QApplication::closeAllWindows);
-    resize(240, 400);
+    resize(240, 380);
 }
 
 MixerWindow::~MixerWindow()
@@ -99,8 +100,11 @@ QWidget* MixerWindow::buildList()
 {
     auto* list = new QTreeWidget(this);
     list->setHeaderHidden(true);
-    list->setFrameShape(QFrame::NoFrame);
+    applyHostSheet(list);
+    list->setRootIsDecorated(false);
+    list->setItemsExpandable(false);
     list->setExpandsOnDoubleClick(false);
+    list->setToolTip(tr("A double click opens the editor"));
     for (int first = 0; first < channelCount; first += 2)
         list->addTopLevelItem(newPair(first));
     list->expandAll();
