@@ -28,10 +28,12 @@ namespace {
 constexpr int smallestZoom = 50;
 constexpr int largestZoom = 400;
 constexpr int zoomStep = 25;
-constexpr int tableWidth = 430;
-constexpr int frameHeight = 110;
+constexpr int tableWidth = 460;
+constexpr int rowHeight = 20;
+constexpr int barsHeight = 100; // menu, tool and status bar
 constexpr int messageTime = 8000;
 constexpr int stereoIndex = 0;
+constexpr int monoIndex = 1;
 
 int percentOf(double scale) { return static_cast<int>(std::lround(scale * 100.0)); }
 
@@ -67,7 +69,7 @@ EditorWindow::~EditorWindow() = default;
 
 void EditorWindow::setStereo(bool stereo)
 {
-    m_stereo->setCurrentIndex(stereo ? stereoIndex : stereoIndex + 1);
+    m_stereo->setCurrentIndex(stereo ? stereoIndex : monoIndex);
 }
 
 void EditorWindow::buildMenus()
@@ -128,7 +130,7 @@ void EditorWindow::addStereo(QToolBar* bar)
 {
     m_stereo = new QComboBox(bar);
     m_stereo->addItems({tr("Stereo"), tr("Mono")});
-    m_stereo->setCurrentIndex(settings().stereo ? stereoIndex : stereoIndex + 1);
+    m_stereo->setCurrentIndex(settings().stereo ? stereoIndex : monoIndex);
     connect(m_stereo, &QComboBox::currentIndexChanged, this, [this](int index) {
         m_session->setStereo(index == stereoIndex);
         showTitle();
@@ -176,7 +178,8 @@ QWidget* EditorWindow::buildEditorArea(std::unique_ptr<QWidget> stage)
     area->setFrameShape(QFrame::NoFrame);
     area->setAlignment(Qt::AlignCenter);
     area->setBackgroundRole(QPalette::Base);
-    area->setWidget(stage.release());
+    m_stage = stage.release();
+    area->setWidget(m_stage);
     return area;
 }
 
@@ -196,7 +199,8 @@ QWidget* EditorWindow::buildTable(HostMemory& memory)
                              QAbstractItemView::AnyKeyPressed);
     m_table->setSelectionMode(QAbstractItemView::SingleSelection);
     m_table->verticalHeader()->hide();
-    m_table->verticalHeader()->setDefaultSectionSize(22);
+    m_table->verticalHeader()->setMinimumSectionSize(rowHeight);
+    m_table->verticalHeader()->setDefaultSectionSize(rowHeight);
     m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     m_table->horizontalHeader()->setSectionResizeMode(ParameterListModel::ValueColumn,
                                                       QHeaderView::Stretch);
@@ -206,9 +210,10 @@ QWidget* EditorWindow::buildTable(HostMemory& memory)
 
 void EditorWindow::chooseSize()
 {
-    const auto* area =
-        qobject_cast<QScrollArea*>(qobject_cast<QSplitter*>(centralWidget())->widget(0));
-    const QSize wanted = area->widget()->size() + QSize(tableWidth + 1, frameHeight);
+    const int tableHeight =
+        m_table->horizontalHeader()->sizeHint().height() + m_parameters->rowCount() * rowHeight;
+    const QSize wanted(m_stage->width() + 1 + tableWidth,
+                       qMax(m_stage->height(), tableHeight) + barsHeight);
     resize(wanted.boundedTo(screen()->availableSize()));
 }
 

@@ -57,6 +57,7 @@ private:
     HostMemory& m_memory;
     std::unique_ptr<EditorSession> m_session;
     ParameterListModel* m_parameters = nullptr;
+    QWidget* m_stage = nullptr;
     QTableView* m_table = nullptr;
     QSpinBox* m_zoom = nullptr;
     QComboBox* m_stereo = nullptr;

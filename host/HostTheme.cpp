@@ -52,6 +52,10 @@ void applyHostSheet(QWidget* widget)
         "QTableView { background: #16191c; alternate-background-color: #1b1e22; border: 0;"
         "  gridline-color: #22262b; selection-background-color: #0b4f6e; }"
         "QTableView::item { padding: 0 6px; }"
+        "QTreeView { background: #16191c; border: 0; }"
+        "QTreeView::item { padding: 5px 8px; }"
+        "QTreeView::item:hover { background: #22262b; }"
+        "QTreeView::item:selected { background: #0b4f6e; color: #ffffff; }"
         "QHeaderView { background: #22262b; }"
         "QHeaderView::section { background: #22262b; color: #8a9199; border: 0;"
         "  border-bottom: 1px solid #101214; padding: 5px 6px; }"));

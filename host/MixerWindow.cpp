@@ -2,6 +2,7 @@
 #include "host/MixerWindow.h"
 
 #include "host/EditorWindow.h"
+#include "host/HostTheme.h"
 #include "host/Mixer.h"
 
 #include <QApplication>
@@ -31,6 +32,16 @@ QTreeWidgetItem* newPair(int first)
     return pair;
 }
 
+// A new window comes up in front by itself.
+void bringToFront(QWidget* window)
+{
+    const bool hidden = window->isHidden();
+    window->show();
+    if (!hidden)
+        window->raise();
+    window->activateWindow();
+}
+
 } // namespace
 
 MixerWindow::MixerWindow(Mixer& mixer, const EditorSettings& settings)
@@ -42,7 +53,7 @@ MixerWindow::MixerWindow(Mixer& mixer, const EditorSettings& settings)
     QMenu* menu = menuBar()->addMenu(tr("&File"));
     menu->addAction(tr("&Close"), QKeySequence::Close, this, &QWidget::close);
     menu->addAction(tr("&Quit"), QKeySequence::Quit, qApp, &QApplication::closeAllWindows);
-    resize(240, 400);
+    resize(240, 380);
 }
 
 MixerWindow::~MixerWindow()
@@ -59,9 +70,7 @@ EditorWindow* MixerWindow::openEditor(int channel, bool stereo)
     if (!editor)
         return nullptr;
     editor->setStereo(stereo);
-    editor->show();
-    editor->raise();
-    editor->activateWindow();
+    bringToFront(editor);
     return editor;
 }
 
@@ -76,11 +85,7 @@ EditorWindow* MixerWindow::createEditor(int channel, bool stereo)
     if (!session)
         return nullptr;
     auto* window = new EditorWindow(m_mixer.memory, std::move(stage), std::move(session));
-    connect(window, &EditorWindow::mixerWanted, this, [this] {
-        show();
-        raise();
-        activateWindow();
-    });
+    connect(window, &EditorWindow::mixerWanted, this, [this] { bringToFront(this); });
     return window;
 }
 
@@ -95,8 +100,11 @@ QWidget* MixerWindow::buildList()
 {
     auto* list = new QTreeWidget(this);
     list->setHeaderHidden(true);
-    list->setFrameShape(QFrame::NoFrame);
+    applyHostSheet(list);
+    list->setRootIsDecorated(false);
+    list->setItemsExpandable(false);
     list->setExpandsOnDoubleClick(false);
+    list->setToolTip(tr("A double click opens the editor"));
     for (int first = 0; first < channelCount; first += 2)
         list->addTopLevelItem(newPair(first));
     list->expandAll();

@@ -18,14 +18,28 @@ QString possibleValues(const Parameter& parameter)
     return QString::fromStdString(describeValues(parameter));
 }
 
-// The colours that the editor gives its six bands; the levels and the drive have none.
-QVariant bandColor(int row)
+// The colours that the editor gives its six bands; grey for the levels and the drive.
+QColor bandColor(int row)
 {
-    constexpr QRgb colors[] = {0xFFED1C24, 0xFFED6B1C, 0xFFFEBA24,
-                               0xFF11B519, 0xFF14A8AD, 0xFF9519D0};
+    constexpr QRgb colors[] = {0xFFED1C24, 0xFFED6B1C, 0xFFFEBA24, 0xFF11B519,
+                               0xFF14A8AD, 0xFF9519D0, 0xFF6B737B};
     constexpr int rowsPerBand = 4;
-    const auto band = static_cast<std::size_t>(row / rowsPerBand);
-    return band < std::size(colors) ? QVariant(QColor::fromRgba(colors[band])) : QVariant();
+    return QColor::fromRgba(colors[row / rowsPerBand]);
+}
+
+int alignmentOf(int column)
+{
+    const bool number =
+        column == ParameterListModel::ValueColumn || column == ParameterListModel::RawColumn;
+    return int(Qt::AlignVCenter | (number ? Qt::AlignRight : Qt::AlignLeft));
+}
+
+// What people come for stands out; what they look up now and then stays back.
+QVariant colorOf(int column)
+{
+    const bool main =
+        column == ParameterListModel::TitleColumn || column == ParameterListModel::ValueColumn;
+    return main ? QVariant() : QVariant(QColor(0x8a, 0x91, 0x99));
 }
 
 } // namespace
@@ -57,6 +71,8 @@ int ParameterListModel::columnCount(const QModelIndex& parent) const
 
 QVariant ParameterListModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
+    if (orientation == Qt::Horizontal && role == Qt::TextAlignmentRole)
+        return alignmentOf(section);
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return QAbstractTableModel::headerData(section, orientation, role);
     switch (section) {
@@ -79,17 +95,18 @@ QVariant ParameterListModel::data(const QModelIndex& index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return QVariant();
-    const bool number = index.column() == ValueColumn || index.column() == RawColumn;
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
         return text(index);
     case Qt::TextAlignmentRole:
-        return int(Qt::AlignVCenter | (number ? Qt::AlignRight : Qt::AlignLeft));
+        return alignmentOf(index.column());
+    case Qt::ForegroundRole:
+        return colorOf(index.column());
     case Qt::ToolTipRole:
         return possibleValues(parameterAt(index));
     case Qt::DecorationRole:
-        return index.column() == TitleColumn ? bandColor(index.row()) : QVariant();
+        return index.column() == TitleColumn ? QVariant(bandColor(index.row())) : QVariant();
     default:
         return QVariant();
     }

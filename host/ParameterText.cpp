@@ -19,6 +19,7 @@ constexpr double lowestQuality = 0.5;
 constexpr double highestQuality = 16.0;
 constexpr double highestDecibels = 20.0;
 constexpr int mostDigits = 9;
+constexpr std::size_t longestNumber = 64; // so that only an exponent can leave a double's range
 
 constexpr std::string_view lowTypes[] = {"HPF 12", "HPF 6", "Shelf 6", "Shelf 12"};
 constexpr std::string_view highTypes[] = {"LPF 12", "LPF 6", "Shelf 6", "Shelf 12"};
@@ -88,8 +89,9 @@ double beyondDouble(std::string_view digits)
 
 bool startsNumber(std::string_view digits)
 {
-    return !digits.empty() &&
-           (digits.front() == '.' || (digits.front() >= '0' && digits.front() <= '9'));
+    if (digits.empty() || digits.size() > longestNumber)
+        return false;
+    return digits.front() == '.' || (digits.front() >= '0' && digits.front() <= '9');
 }
 
 std::optional<Quantity> quantityOf(std::string_view text)
@@ -181,10 +183,16 @@ std::optional<int> parseChoice(ParameterKind kind, std::string_view text)
     return index ? index : indexIn(digitTexts, text);
 }
 
+double valueOf(const std::string& digits)
+{
+    double value = 0.0;
+    std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    return value;
+}
+
 std::string frequencyText(double hertz, int digits)
 {
-    const double rounded =
-        std::strtod(printed(hertz, std::chars_format::scientific, digits - 1).c_str(), nullptr);
+    const double rounded = valueOf(printed(hertz, std::chars_format::scientific, digits - 1));
     if (rounded >= 1000.0)
         return printed(hertz / 1000.0, std::chars_format::general, digits) + 'k';
     return printed(hertz, std::chars_format::general, digits);

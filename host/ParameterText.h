@@ -20,7 +20,8 @@ std::optional<std::string> formatParameter(const Parameter& parameter, int value
 /// The raw value that is nearest to what \a text says; beyond the range, the nearest end.
 ///
 /// Blanks around it, case, a decimal comma, a leading "+" and the unit ("1.25 kHz", "+6 dB") do not
-/// matter. Anything else (nothing at all, words, "nan", something after the unit) is no value.
+/// matter. Anything else (nothing at all, words, "nan", something after the unit, more than 64
+/// characters) is no value.
 std::optional<int> parseParameter(const Parameter& parameter, std::string_view text);
 
 /// What may be typed, for a message: "20 to 20k Hz", "Off or On".

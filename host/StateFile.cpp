@@ -12,8 +12,8 @@
 #include <public.sdk/source/common/memorystream.h>
 #include <public.sdk/source/vst/vstpresetfile.h>
 
+#include <algorithm>
 #include <array>
-#include <cstring>
 #include <utility>
 
 namespace {
@@ -25,7 +25,6 @@ using Steinberg::MemoryStream;
 constexpr char stateVersion[] = "2620";
 constexpr char presetMark[] = "VST3";
 constexpr char listMark[] = "List";
-constexpr char componentMark[] = "Comp";
 constexpr qsizetype markSize = 4;
 constexpr qsizetype presetHeaderSize = 48;
 constexpr qsizetype presetListHeaderSize = 8;
@@ -47,9 +46,13 @@ QString classText(const FUID& uid)
     return QString::fromLatin1(text);
 }
 
+// The number at offset; 0 where the bytes end before it does.
 template <typename Integer> Integer littleEndianAt(const QByteArray& bytes, qsizetype offset)
 {
-    return qFromLittleEndian<Integer>(bytes.constData() + offset);
+    char number[sizeof(Integer)] = {};
+    const QByteArray part = bytes.mid(offset, sizeof number);
+    std::copy(part.begin(), part.end(), number);
+    return qFromLittleEndian<Integer>(number);
 }
 
 // Whether [offset, offset + size) lies between the preset's header and its end.

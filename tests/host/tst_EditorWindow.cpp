@@ -1,0 +1,308 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/EditorWindow.h"
+#include "host/HostTheme.h"
+#include "host/Mixer.h"
+#include "host/MixerWindow.h"
+#include "host/ParameterListModel.h"
+#include "tests/support/TestObject.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSpinBox>
+#include <QStatusBar>
+#include <QTableView>
+#include <QTreeWidget>
+
+class tst_EditorWindow : public TestObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void cleanup();
+    void showsEditorAndTable();
+    void typedValueReachesTheEditor();
+    void nonsenseIsExplained();
+    void zoomScalesTheEditor();
+    void largeEditorScrolls();
+    void zoomShortcutsStep();
+    void choicesReachTheEditor_data();
+    void choicesReachTheEditor();
+    void unusualSampleRateIsShown();
+    void titleSaysTheChannels();
+    void resetWritesDefaults();
+    void mixerListsPairsAndChannels();
+    void mixerOpensAChannelOnce();
+    void mixerOpensThePairInTheSameWindow();
+    void closingDetaches();
+    void mixerComesBack();
+
+private:
+    static void expectRaise();
+    EditorWindow* openWindow(int channel = 0, bool stereo = true);
+    static QWidget* editorOf(const EditorWindow* window);
+    static QComboBox* choice(const EditorWindow* window, const QString& item);
+    static QAction* action(const QMainWindow* window, const QString& text);
+
+    Mixer m_mixer;
+    std::unique_ptr<MixerWindow> m_window;
+};
+
+void tst_EditorWindow::initTestCase()
+{
+    applyHostTheme();
+    QCOMPARE(m_mixer.library.load(QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")),
+             QString());
+    m_window = std::make_unique<MixerWindow>(m_mixer, EditorSettings());
+}
+
+void tst_EditorWindow::cleanup()
+{
+    m_window.reset();
+    QCOMPARE(m_mixer.memory.observerCount(0x0103, 0), 0);
+    for (int ch = 0; ch < channelCount; ++ch)
+        m_mixer.memory.reset(ch);
+    m_window = std::make_unique<MixerWindow>(m_mixer, EditorSettings());
+}
+
+// A window that is open already is raised, which the offscreen platform says it cannot do.
+void tst_EditorWindow::expectRaise()
+{
+    QTest::ignoreMessage(QtWarningMsg, "This plugin does not support raise()");
+}
+
+EditorWindow* tst_EditorWindow::openWindow(int channel, bool stereo)
+{
+    EditorWindow* window = m_window->openEditor(channel, stereo);
+    if (!window || !QTest::qWaitForWindowExposed(window))
+        qFatal("no window");
+    return window;
+}
+
+QWidget* tst_EditorWindow::editorOf(const EditorWindow* window)
+{
+    for (QWidget* widget : window->findChildren<QWidget*>()) {
+        if (widget->property("calls").isValid())
+            return widget;
+    }
+    qFatal("no editor");
+}
+
+QComboBox* tst_EditorWindow::choice(const EditorWindow* window, const QString& item)
+{
+    for (QComboBox* box : window->findChildren<QComboBox*>()) {
+        if (box->findText(item) >= 0)
+            return box;
+    }
+    qFatal("no choice of %s", qPrintable(item));
+}
+
+QAction* tst_EditorWindow::action(const QMainWindow* window, const QString& text)
+{
+    for (QAction* found : window->findChildren<QAction*>()) {
+        if (found->text().remove(QLatin1Char('&')) == text)
+            return found;
+    }
+    qFatal("no action %s", qPrintable(text));
+}
+
+void tst_EditorWindow::showsEditorAndTable()
+{
+    EditorWindow* window = openWindow();
+    QVERIFY(editorOf(window)->isVisible());
+    QCOMPARE(editorOf(window)->size(), QSize(400, 240));
+    const auto* table = window->findChild<QTableView*>();
+    QVERIFY(table->isVisible());
+    QCOMPARE(table->model()->rowCount(), 27);
+    QCOMPARE(table->verticalScrollBar()->maximum(), 0); // all rows are in sight
+}
+
+void tst_EditorWindow::typedValueReachesTheEditor()
+{
+    EditorWindow* window = openWindow(2);
+    auto* table = window->findChild<QTableView*>();
+    const QModelIndex cell = table->model()->index(2, ParameterListModel::ValueColumn);
+    table->setCurrentIndex(cell);
+    table->edit(cell);
+    auto* field = table->viewport()->findChild<QLineEdit*>();
+    QVERIFY(field);
+    QTest::keyClicks(field, QStringLiteral("6 dB"));
+    QTest::keyClick(field, Qt::Key_Return);
+    QTRY_COMPARE(m_mixer.memory.values(2)[2], 60);
+    QCOMPARE(cell.data().toString(), QStringLiteral("+6.0"));
+    QVERIFY(editorOf(window)->property("calls").toStringList().contains(
+        QStringLiteral("Update 259 2 60 +6.0")));
+}
+
+void tst_EditorWindow::nonsenseIsExplained()
+{
+    EditorWindow* window = openWindow();
+    auto* model = window->findChild<QTableView*>()->model();
+    QVERIFY(
+        !model->setData(model->index(2, ParameterListModel::ValueColumn), QStringLiteral("loud")));
+    QCOMPARE(window->statusBar()->currentMessage(),
+             QStringLiteral("\"loud\" is no value of Low gain: type -20.0 to +20.0 dB."));
+    QCOMPARE(m_mixer.memory.values(0)[2], 0);
+}
+
+void tst_EditorWindow::zoomScalesTheEditor()
+{
+    EditorWindow* window = openWindow();
+    auto* zoom = window->findChild<QSpinBox*>();
+    QCOMPARE(zoom->value(), 100);
+    QCOMPARE(zoom->minimum(), 50);
+    QCOMPARE(zoom->maximum(), 400);
+    zoom->setValue(50);
+    QCOMPARE(editorOf(window)->size(), QSize(200, 120));
+    zoom->setValue(400);
+    QCOMPARE(editorOf(window)->size(), QSize(1600, 960));
+    zoom->setValue(100);
+    QCOMPARE(editorOf(window)->size(), QSize(400, 240));
+}
+
+void tst_EditorWindow::largeEditorScrolls()
+{
+    EditorWindow* window = openWindow();
+    auto* area = window->findChild<QScrollArea*>();
+    window->findChild<QSpinBox*>()->setValue(50);
+    QTRY_COMPARE(area->horizontalScrollBar()->maximum(), 0);
+    window->findChild<QSpinBox*>()->setValue(400);
+    QTRY_COMPARE(area->horizontalScrollBar()->maximum(), 1600 - area->viewport()->width());
+    QTRY_COMPARE(area->verticalScrollBar()->maximum(), 960 - area->viewport()->height());
+}
+
+void tst_EditorWindow::zoomShortcutsStep()
+{
+    EditorWindow* window = openWindow();
+    auto* zoom = window->findChild<QSpinBox*>();
+    action(window, QStringLiteral("Zoom In"))->trigger();
+    QCOMPARE(zoom->value(), 125);
+    QCOMPARE(editorOf(window)->size(), QSize(500, 300));
+    action(window, QStringLiteral("Zoom Out"))->trigger();
+    action(window, QStringLiteral("Zoom Out"))->trigger();
+    QCOMPARE(zoom->value(), 75);
+    action(window, QStringLiteral("Actual Size"))->trigger();
+    QCOMPARE(zoom->value(), 100);
+}
+
+void tst_EditorWindow::choicesReachTheEditor_data()
+{
+    QTest::addColumn<QString>("item");
+    QTest::addColumn<QString>("call");
+    QTest::newRow("mono") << "Mono"
+                          << "setCh 0 -1";
+    QTest::newRow("44.1 kHz") << "44100 Hz"
+                              << "setFs 44100";
+    QTest::newRow("192 kHz") << "192000 Hz"
+                             << "setFs 192000";
+    QTest::newRow("relative circular dials") << "Relative circular"
+                                             << "setDialEditMode 1";
+    QTest::newRow("linear dials") << "Linear"
+                                  << "setDialEditMode 2";
+    QTest::newRow("jumping sliders") << "Jump"
+                                     << "setSliderEditMode 1";
+    QTest::newRow("touched sliders") << "Touch"
+                                     << "setSliderEditMode 2";
+    QTest::newRow("ramping sliders") << "Ramp"
+                                     << "setSliderEditMode 3";
+}
+
+void tst_EditorWindow::choicesReachTheEditor()
+{
+    QFETCH(const QString, item);
+    QFETCH(const QString, call);
+    EditorWindow* window = openWindow();
+    QVERIFY(!editorOf(window)->property("calls").toStringList().contains(call));
+    choice(window, item)->setCurrentText(item);
+    QVERIFY(editorOf(window)->property("calls").toStringList().contains(call));
+}
+
+void tst_EditorWindow::unusualSampleRateIsShown()
+{
+    EditorSettings settings;
+    settings.sampleRate = 32000;
+    m_window = std::make_unique<MixerWindow>(m_mixer, settings);
+    EditorWindow* window = openWindow();
+    QCOMPARE(choice(window, QStringLiteral("44100 Hz"))->currentText(), QStringLiteral("32000 Hz"));
+}
+
+void tst_EditorWindow::titleSaysTheChannels()
+{
+    EditorWindow* window = openWindow(4);
+    QCOMPARE(window->windowTitle(), QStringLiteral("Channels 4 + 5 - Equalizer"));
+    choice(window, QStringLiteral("Mono"))->setCurrentText(QStringLiteral("Mono"));
+    QCOMPARE(window->windowTitle(), QStringLiteral("Channel 4 - Equalizer"));
+}
+
+void tst_EditorWindow::resetWritesDefaults()
+{
+    EditorWindow* window = openWindow(1);
+    m_mixer.memory.setValue(0x0103, 1, 50, 0, 0, 1);
+    m_mixer.memory.setValue(0x0103, 0, 50, 0, 0, 1);
+    action(window, QStringLiteral("Reset to Defaults"))->trigger();
+    QCOMPARE(m_mixer.memory.values(1), HostMemory().values(1));
+    QCOMPARE(m_mixer.memory.values(0)[2], 50);
+}
+
+void tst_EditorWindow::mixerListsPairsAndChannels()
+{
+    const auto* list = m_window->findChild<QTreeWidget*>();
+    QCOMPARE(list->topLevelItemCount(), 4);
+    for (int pair = 0; pair < 4; ++pair) {
+        const QTreeWidgetItem* item = list->topLevelItem(pair);
+        QCOMPARE(item->text(0), QStringLiteral("Channels %1 + %2").arg(2 * pair).arg(2 * pair + 1));
+        QCOMPARE(item->childCount(), 2);
+        for (int i = 0; i < 2; ++i)
+            QCOMPARE(item->child(i)->text(0), QStringLiteral("Channel %1").arg(2 * pair + i));
+    }
+}
+
+void tst_EditorWindow::mixerOpensAChannelOnce()
+{
+    auto* list = m_window->findChild<QTreeWidget*>();
+    Q_EMIT list->itemActivated(list->topLevelItem(1)->child(1), 0);
+    expectRaise();
+    EditorWindow* window = m_window->openEditor(3, false);
+    QVERIFY(window->isVisible());
+    QCOMPARE(window->windowTitle(), QStringLiteral("Channel 3 - Equalizer"));
+    expectRaise();
+    Q_EMIT list->itemActivated(list->topLevelItem(1)->child(1), 0);
+    expectRaise();
+    QCOMPARE(m_window->openEditor(3, false), window);
+    QVERIFY(m_window->openEditor(2, false) != window);
+}
+
+void tst_EditorWindow::mixerOpensThePairInTheSameWindow()
+{
+    EditorWindow* window = openWindow(2, false);
+    expectRaise();
+    QCOMPARE(m_window->openEditor(2, true), window);
+    QVERIFY(window->settings().stereo);
+    QVERIFY(
+        editorOf(window)->property("calls").toStringList().contains(QStringLiteral("setCh 2 3")));
+}
+
+void tst_EditorWindow::closingDetaches()
+{
+    QPointer<EditorWindow> window = openWindow();
+    QCOMPARE(m_mixer.memory.observerCount(0x0103, 0), 2); // the editor's and the table's
+    window->close();
+    QTRY_VERIFY(!window);
+    QCOMPARE(m_mixer.memory.observerCount(0x0103, 0), 0);
+    QVERIFY(m_window->openEditor(0, true));
+}
+
+void tst_EditorWindow::mixerComesBack()
+{
+    EditorWindow* window = openWindow();
+    QVERIFY(!m_window->isVisible());
+    action(window, QStringLiteral("Mixer"))->trigger();
+    QVERIFY(m_window->isVisible());
+}
+
+ZOLTA_TEST_MAIN(tst_EditorWindow)
+
+#include "tst_EditorWindow.moc"

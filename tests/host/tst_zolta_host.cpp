@@ -1,0 +1,413 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Runs the program itself.
+#include "tests/host/StateBytes.h"
+#include "tests/support/TestObject.h"
+
+#include <QImage>
+#include <QProcess>
+#include <QTemporaryDir>
+
+class tst_zolta_host : public TestObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void helpGoesToStandardOutput();
+    void listShowsEveryParameter();
+    void listFollowsSettings();
+    void loadsStateBeforeSettings();
+    void savesAndLoadsBitForBit_data();
+    void savesAndLoadsBitForBit();
+    void savesWhatListShows();
+    void screenshotHasTheEditorsSize_data();
+    void screenshotHasTheEditorsSize();
+    void screenshotShowsTheSettings();
+    void doesEverythingInOneRun();
+    void saysThatThereIsNoDisplay();
+    void refusesPlugins_data();
+    void refusesPlugins();
+    void refusesStates_data();
+    void refusesStates();
+    void refusesArguments_data();
+    void refusesArguments();
+    void saysWhatCannotBeWritten_data();
+    void saysWhatCannotBeWritten();
+    void opensWindowsOnAPlatform();
+
+private:
+    struct Result
+    {
+        int code;
+        QString output;
+        QString errors;
+    };
+
+    QProcessEnvironment environment() const;
+    Result run(const QStringList& arguments) const;
+    Result runWithPlugin(const QStringList& arguments) const;
+    QString path(const QString& name) const { return m_folder.filePath(name); }
+    QString write(const QString& name, const QByteArray& bytes) const;
+    static QByteArray contentOf(const QString& file);
+    static QString rawValue(const Result& result, int number);
+
+    QTemporaryDir m_folder;
+};
+
+// No display and no platform; what sanitizers need stays, and a place for the fonts' cache.
+QProcessEnvironment tst_zolta_host::environment() const
+{
+    QProcessEnvironment bare;
+    const QProcessEnvironment system = QProcessEnvironment::systemEnvironment();
+    for (const char* name :
+         {"ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS", "HOME", "XDG_CACHE_HOME"}) {
+        if (system.contains(QLatin1String(name)))
+            bare.insert(QLatin1String(name), system.value(QLatin1String(name)));
+    }
+    if (!bare.contains(QStringLiteral("HOME")))
+        bare.insert(QStringLiteral("HOME"), m_folder.path());
+    bare.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_folder.path());
+    return bare;
+}
+
+tst_zolta_host::Result tst_zolta_host::run(const QStringList& arguments) const
+{
+    QProcess process;
+    process.setProcessEnvironment(environment());
+    process.setWorkingDirectory(m_folder.path());
+    process.start(QStringLiteral(HOST_PROGRAM), arguments);
+    if (!process.waitForFinished(120000) || process.exitStatus() != QProcess::NormalExit)
+        return {-1, QString(), process.errorString()};
+    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
+            QString::fromUtf8(process.readAllStandardError())};
+}
+
+tst_zolta_host::Result tst_zolta_host::runWithPlugin(const QStringList& arguments) const
+{
+    return run(QStringList{QStringLiteral("--plugin"),
+                           QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")} +
+               arguments);
+}
+
+QString tst_zolta_host::write(const QString& name, const QByteArray& bytes) const
+{
+    QFile file(path(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("cannot write %s", qPrintable(file.fileName()));
+    return file.fileName();
+}
+
+QByteArray tst_zolta_host::contentOf(const QString& name)
+{
+    QFile file(name);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+}
+
+// The raw value of a parameter in the output of --list.
+QString tst_zolta_host::rawValue(const Result& result, int number)
+{
+    return result.output.split(QLatin1Char('\n'))
+        .value(number - 1)
+        .split(QLatin1Char('\t'))
+        .value(5);
+}
+
+void tst_zolta_host::helpGoesToStandardOutput()
+{
+    const Result result = run({QStringLiteral("--help")});
+    QCOMPARE(result.code, 0);
+    QVERIFY(result.output.startsWith(QLatin1String("Usage: zolta-host [options]\n")));
+    QCOMPARE(result.errors, QString());
+}
+
+void tst_zolta_host::listShowsEveryParameter()
+{
+    const Result result = runWithPlugin({QStringLiteral("--list")});
+    QCOMPARE(result.errors, QString());
+    QCOMPARE(result.code, 0);
+    QVERIFY(result.output.endsWith(QLatin1Char('\n')));
+    const QStringList lines = result.output.chopped(1).split(QLatin1Char('\n'));
+    QCOMPARE(lines.size(), 27);
+    for (int i = 0; i < 27; ++i) {
+        const QStringList fields = lines[i].split(QLatin1Char('\t'));
+        QCOMPARE(fields.size(), 7);
+        QCOMPARE(fields[0], QStringLiteral("fx_rackfx_prm_%1").arg(i + 1));
+        QCOMPARE(fields[1].toInt(), 257 + i);
+        QVERIFY(fields[2].toInt() < fields[3].toInt());
+        QVERIFY(fields[4].toInt() >= fields[2].toInt() && fields[4].toInt() <= fields[3].toInt());
+        QCOMPARE(fields[5], fields[4]);
+        QVERIFY(!fields[6].isEmpty());
+    }
+    QCOMPARE(lines[1], QStringLiteral("fx_rackfx_prm_2\t258\t0\t1200\t241\t241\t80.1"));
+    QCOMPARE(lines[26], QStringLiteral("fx_rackfx_prm_27\t283\t0\t1\t0\t0\tClean"));
+}
+
+void tst_zolta_host::listFollowsSettings()
+{
+    const Result result =
+        runWithPlugin({QStringLiteral("--channel"), QStringLiteral("3"), QStringLiteral("--list"),
+                       QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_2=1,25 kHz"),
+                       QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_3=@-15"),
+                       QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_27=drive")});
+    QCOMPARE(result.code, 0);
+    const QStringList lines = result.output.split(QLatin1Char('\n'));
+    QCOMPARE(lines[1], QStringLiteral("fx_rackfx_prm_2\t258\t0\t1200\t241\t718\t1.25k"));
+    QCOMPARE(lines[2], QStringLiteral("fx_rackfx_prm_3\t259\t-200\t200\t0\t-15\t-1.5"));
+    QCOMPARE(lines[26], QStringLiteral("fx_rackfx_prm_27\t283\t0\t1\t0\t1\tDrive"));
+}
+
+void tst_zolta_host::loadsStateBeforeSettings()
+{
+    const QString file = write(QStringLiteral("half.state"), StateBytes::state(0.5F));
+    const Result result =
+        runWithPlugin({QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_2=@7"),
+                       QStringLiteral("--state"), file, QStringLiteral("--list")});
+    QCOMPARE(result.code, 0);
+    QCOMPARE(rawValue(result, 2), QStringLiteral("7"));
+    QCOMPARE(rawValue(result, 3), QStringLiteral("0"));
+    QCOMPARE(rawValue(result, 6), QStringLiteral("600"));
+    QCOMPARE(rawValue(result, 5), QStringLiteral("250"));
+}
+
+void tst_zolta_host::savesAndLoadsBitForBit_data()
+{
+    QTest::addColumn<QString>("first");
+    QTest::addColumn<QString>("second");
+    QTest::newRow("plain to plain") << "a.state"
+                                    << "b.state";
+    QTest::newRow("plain to preset") << "a.state"
+                                     << "b.vstpreset";
+    QTest::newRow("preset to plain") << "a.vstpreset"
+                                     << "b.state";
+    QTest::newRow("preset to preset") << "a.vstpreset"
+                                      << "b.vstpreset";
+}
+
+void tst_zolta_host::savesAndLoadsBitForBit()
+{
+    QFETCH(const QString, first);
+    QFETCH(const QString, second);
+    QStringList settings;
+    for (int number = 1; number <= 27; ++number)
+        settings << QStringLiteral("--set")
+                 << QStringLiteral("fx_rackfx_prm_%1=@%2").arg(number).arg(number % 2);
+    settings << QStringLiteral("--set") << QStringLiteral("fx_rackfx_prm_6=@1111");
+    const Result saved =
+        runWithPlugin(settings + QStringList{QStringLiteral("--list"),
+                                             QStringLiteral("--save-state"), path(first)});
+    QCOMPARE(saved.code, 0);
+    const Result loaded = runWithPlugin(
+        {QStringLiteral("--channel"), QStringLiteral("5"), QStringLiteral("--state"), path(first),
+         QStringLiteral("--list"), QStringLiteral("--save-state"), path(second)});
+    QCOMPARE(loaded.code, 0);
+    QCOMPARE(loaded.output, saved.output);
+    const auto stateIn = [](const QByteArray& bytes) {
+        return bytes.startsWith("VST3") ? bytes.mid(48, 116) : bytes;
+    };
+    QCOMPARE(stateIn(contentOf(path(first))).size(), 116);
+    QCOMPARE(stateIn(contentOf(path(second))), stateIn(contentOf(path(first))));
+}
+
+void tst_zolta_host::savesWhatListShows()
+{
+    const Result result =
+        runWithPlugin({QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_4=off"),
+                       QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_3=+20"),
+                       QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_2=@300"),
+                       QStringLiteral("--save-state"), QStringLiteral("relative.state")});
+    QCOMPARE(result.code, 0);
+    QCOMPARE(result.output, QString());
+    const QByteArray bytes = contentOf(path(QStringLiteral("relative.state")));
+    QCOMPARE(bytes.size(), 116);
+    QCOMPARE(bytes.left(16).toHex(' '),
+             QByteArray("32 36 32 30 00 00 00 00 3f 80 00 00 3e 80 00 00"));
+}
+
+void tst_zolta_host::screenshotHasTheEditorsSize_data()
+{
+    QTest::addColumn<QString>("scale");
+    QTest::addColumn<QSize>("expected");
+    QTest::newRow("half") << "0.5" << QSize(200, 120);
+    QTest::newRow("one") << "1" << QSize(400, 240);
+    QTest::newRow("odd") << "1.33" << QSize(532, 319);
+    QTest::newRow("four") << "4" << QSize(1600, 960);
+}
+
+void tst_zolta_host::screenshotHasTheEditorsSize()
+{
+    QFETCH(const QString, scale);
+    const QString file = path(QStringLiteral("shot.png"));
+    const Result result =
+        runWithPlugin({QStringLiteral("--scale"), scale, QStringLiteral("--screenshot"), file});
+    QCOMPARE(result.code, 0);
+    QCOMPARE(result.errors, QString());
+    QTEST(QImage(file).size(), "expected");
+}
+
+void tst_zolta_host::screenshotShowsTheSettings()
+{
+    const QString file = path(QStringLiteral("settings.png"));
+    const Result result = runWithPlugin(
+        {QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_3=+20"), QStringLiteral("--set"),
+         QStringLiteral("fx_rackfx_prm_7=-20"), QStringLiteral("--screenshot"), file});
+    QCOMPARE(result.code, 0);
+    const QImage picture(file);
+    QCOMPARE(picture.pixelColor(int(2.5 * 400 / 27), 3), QColor(0x03, 0x94, 0xD0));
+    QCOMPARE(picture.pixelColor(int(6.5 * 400 / 27), 236), QColor(0x2a, 0x2e, 0x34));
+}
+
+void tst_zolta_host::doesEverythingInOneRun()
+{
+    const Result result =
+        runWithPlugin({QStringLiteral("--mono"), QStringLiteral("--sample-rate"),
+                       QStringLiteral("96000"), QStringLiteral("--list"),
+                       QStringLiteral("--save-state"), path(QStringLiteral("all.state")),
+                       QStringLiteral("--screenshot"), path(QStringLiteral("all.png"))});
+    QCOMPARE(result.code, 0);
+    QCOMPARE(result.output.count(QLatin1Char('\n')), 27);
+    QCOMPARE(contentOf(path(QStringLiteral("all.state"))).size(), 116);
+    QCOMPARE(QImage(path(QStringLiteral("all.png"))).size(), QSize(400, 240));
+}
+
+void tst_zolta_host::saysThatThereIsNoDisplay()
+{
+    const Result result = runWithPlugin({});
+    QCOMPARE(result.code, 2);
+    QCOMPARE(result.output, QString());
+    QCOMPARE(result.errors,
+             QStringLiteral("zolta-host: There is no display to open a window on (DISPLAY and "
+                            "WAYLAND_DISPLAY are not set). Without one, use --list, --save-state "
+                            "FILE, --screenshot FILE.png or --help.\n"));
+}
+
+void tst_zolta_host::refusesPlugins_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("expected");
+    const QString plugin = QStringLiteral(HOST_TEST_PLUGINS "/libhost_%1.so");
+    QTest::newRow("missing") << path(QStringLiteral("nowhere.so")) << "does not exist.";
+    QTest::newRow("text") << write(QStringLiteral("text.so"), "text") << "is not a library.";
+    QTest::newRow("another kind") << plugin.arg(QStringLiteral("stand_in_other"))
+                                  << "is a Qt plug-in of another kind (org.example.other, not "
+                                     "org.zolta.fx.effect).";
+    QTest::newRow("another effect") << plugin.arg(QStringLiteral("stand_in_type7"))
+                                    << "is an effect of type 7; an equalizer is type 8.";
+    QFile whole(plugin.arg(QStringLiteral("stand_in")));
+    QVERIFY(whole.open(QIODevice::ReadOnly));
+    QTest::newRow("cut short") << write(QStringLiteral("short.so"), whole.read(whole.size() / 2))
+                               << "is a library that was cut short.";
+}
+
+void tst_zolta_host::refusesPlugins()
+{
+    QFETCH(const QString, file);
+    QFETCH(const QString, expected);
+    const Result result = run({QStringLiteral("--plugin"), file, QStringLiteral("--list")});
+    QCOMPARE(result.code, 1);
+    QCOMPARE(result.output, QString());
+    QCOMPARE(result.errors, QStringLiteral("zolta-host: The plug-in %1 %2\n").arg(file, expected));
+}
+
+void tst_zolta_host::refusesStates_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("expected");
+    using namespace StateBytes;
+    QTest::newRow("truncated") << state().chopped(16)
+                               << "is cut short: it holds 100 of the 116 bytes of a state.";
+    QTest::newRow("oversized") << state() + state()
+                               << "is too long: it holds 232 bytes, where a state has 116.";
+    QTest::newRow("foreign preset")
+        << presetOf(state(), QByteArray(32, '7'))
+        << "is a preset of another plug-in (class 77777777777777777777777777777777, not "
+           "56535464787042657175616C697A6572).";
+}
+
+void tst_zolta_host::refusesStates()
+{
+    QFETCH(const QByteArray, bytes);
+    QFETCH(const QString, expected);
+    const QString file = write(QStringLiteral("bad.state"), bytes);
+    const QString kept = write(QStringLiteral("kept.state"), "kept");
+    const Result result = runWithPlugin({QStringLiteral("--state"), file, QStringLiteral("--list"),
+                                         QStringLiteral("--save-state"), kept});
+    QCOMPARE(result.code, 1);
+    QCOMPARE(result.output, QString());
+    QCOMPARE(result.errors,
+             QStringLiteral("zolta-host: The state file %1 %2\n").arg(file, expected));
+    QCOMPARE(contentOf(kept), QByteArray("kept"));
+}
+
+void tst_zolta_host::refusesArguments_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("channel") << QStringList{QStringLiteral("--channel"), QStringLiteral("8")}
+                             << "--channel takes a channel from 0 to 7, not \"8\".";
+    QTest::newRow("value") << QStringList{QStringLiteral("--set"),
+                                          QStringLiteral("fx_rackfx_prm_3=x")}
+                           << "--set fx_rackfx_prm_3: \"x\" is no value of Low gain (-20.0 to "
+                              "+20.0 dB).";
+    QTest::newRow("unknown") << QStringList{QStringLiteral("--loud")} << "Unknown option 'loud'.";
+}
+
+void tst_zolta_host::refusesArguments()
+{
+    QFETCH(const QStringList, arguments);
+    QFETCH(const QString, expected);
+    const Result result = runWithPlugin(arguments + QStringList{QStringLiteral("--list")});
+    QCOMPARE(result.code, 2);
+    QCOMPARE(result.output, QString());
+    QCOMPARE(result.errors, QStringLiteral("zolta-host: %1\n").arg(expected));
+}
+
+void tst_zolta_host::saysWhatCannotBeWritten_data()
+{
+    QTest::addColumn<QString>("option");
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("expected");
+    const QString nowhere = path(QStringLiteral("no/folder/file"));
+    QTest::newRow("state into no folder")
+        << "--save-state" << nowhere
+        << QStringLiteral("The state file %1 cannot be written: No such file or directory.")
+               .arg(nowhere);
+    QTest::newRow("picture into no folder")
+        << "--screenshot" << nowhere
+        << QStringLiteral("The picture %1 cannot be written: No such file or directory.")
+               .arg(nowhere);
+    QTest::newRow("picture onto a device")
+        << "--screenshot"
+        << "/dev/full"
+        << "The picture /dev/full cannot be written: it is no ordinary file.";
+}
+
+void tst_zolta_host::saysWhatCannotBeWritten()
+{
+    QFETCH(const QString, option);
+    QFETCH(const QString, file);
+    QFETCH(const QString, expected);
+    const Result result = runWithPlugin({option, file});
+    QCOMPARE(result.code, 1);
+    QCOMPARE(result.errors, QStringLiteral("zolta-host: %1\n").arg(expected));
+}
+
+void tst_zolta_host::opensWindowsOnAPlatform()
+{
+    QProcess process;
+    QProcessEnvironment offscreen = environment();
+    offscreen.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    process.setProcessEnvironment(offscreen);
+    process.start(QStringLiteral(HOST_PROGRAM),
+                  {QStringLiteral("--plugin"),
+                   QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so"),
+                   QStringLiteral("--state"), path(QStringLiteral("missing.state"))});
+    QVERIFY(process.waitForFinished(120000));
+    QCOMPARE(process.exitCode(), 1);
+    QVERIFY(QString::fromUtf8(process.readAllStandardError())
+                .contains(QStringLiteral("The state file %1 cannot be read: No such file or "
+                                         "directory.")
+                              .arg(path(QStringLiteral("missing.state")))));
+}
+
+QTEST_GUILESS_MAIN(tst_zolta_host)
+
+#include "tst_zolta_host.moc"
