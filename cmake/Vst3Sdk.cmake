@@ -2,7 +2,7 @@
 # The VST 3 SDK, compiled from the sources that Debian installs. Nothing of it is copied here.
 #
 #   vst3_sdk       interfaces, identifiers and result codes (pluginterfaces)
-#   vst3_presets   preset files and memory streams (public.sdk), for hosts
+#   vst3_presets   preset files and memory streams (public.sdk and what it needs of base), for hosts
 
 set(ZOLTA_VST3_SDK_DIR
     /usr/share/juce/modules/juce_audio_processors/format_types/VST3_SDK
@@ -24,7 +24,13 @@ target_compile_definitions(vst3_sdk PUBLIC $<IF:$<CONFIG:Debug>,DEVELOPMENT=1,RE
 target_compile_options(vst3_sdk PRIVATE -w)
 set_target_properties(vst3_sdk PROPERTIES AUTOMOC OFF AUTOUIC OFF AUTORCC OFF)
 
+set(VST3_BASE_SOURCES
+    base/source/baseiids base/source/fbuffer base/source/fdebug base/source/fobject
+    base/source/fstring base/source/updatehandler base/thread/source/flock
+    pluginterfaces/base/conststringtable pluginterfaces/base/ustring)
+list(TRANSFORM VST3_BASE_SOURCES REPLACE "(.+)" "${ZOLTA_VST3_SDK_DIR}/\\1.cpp")
 add_library(vst3_presets STATIC
+    ${VST3_BASE_SOURCES}
     ${ZOLTA_VST3_SDK_DIR}/public.sdk/source/common/memorystream.cpp
     ${ZOLTA_VST3_SDK_DIR}/public.sdk/source/vst/vstpresetfile.cpp)
 target_link_libraries(vst3_presets PUBLIC vst3_sdk)

@@ -8,35 +8,69 @@
 
 namespace {
 
-/// \a top over \a bottom, where \a share of 255 parts are covered.
+/// \a top over \a bottom, where \a share of 255 parts are covered; two channels at a time.
 QRgb blend(QRgb bottom, QRgb top, unsigned int share)
 {
-    const auto channel = [&](int shift) {
-        const unsigned int mixed =
-            (top >> shift & 0xff) * share + (bottom >> shift & 0xff) * (255 - share);
-        return (mixed + 127) / 255 << shift;
+    constexpr QRgb mask = 0x00ff00ff;
+    const auto mix = [&](QRgb b, QRgb t) {
+        const QRgb mixed = (t & mask) * share + (b & mask) * (255 - share) + 0x00800080;
+        return (mixed + (mixed >> 8 & mask)) >> 8 & mask;
     };
-    return channel(24) | channel(16) | channel(8) | channel(0);
+    return mix(bottom, top) | mix(bottom >> 8, top >> 8) << 8;
+}
+
+QRgb* pixels(QImage& picture) { return reinterpret_cast<QRgb*>(picture.bits()); }
+
+const QRgb* pixels(const QImage& picture)
+{
+    return reinterpret_cast<const QRgb*>(picture.constBits());
+}
+
+qsizetype stride(const QImage& picture)
+{
+    return picture.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb));
 }
 
 } // namespace
 
-void CurveRaster::setClip(const QRect& clip)
+void CurveStroke::draw(QImage& picture, QColor color) const
 {
-    if (clip == m_clip)
-        return;
-    m_clip = clip;
-    const auto columns = static_cast<std::size_t>(std::max(clip.width(), 0));
-    const auto rows = static_cast<std::size_t>(std::max(clip.height(), 0));
-    m_cells.assign(columns * (rows + 1), 0.0F);
-    m_touched.assign(columns, {clip.height(), -1});
+    QRgb* const bits = pixels(picture);
+    const qsizetype line = stride(picture);
+    const QRgb rgb = color.rgb();
+    const unsigned char* share = coverage.data();
+    for (const Run& run : runs) {
+        QRgb* pixel = bits + run.first * line + run.column;
+        for (int row = 0; row < run.count; ++row, pixel += line, ++share)
+            *pixel = *share == 255 ? rgb : blend(*pixel, rgb, *share);
+    }
 }
 
-void CurveRaster::stroke(QImage& picture, std::span<const QPointF> points, double width,
-                         QColor color)
+void CurveStroke::erase(QImage& picture, const QImage& background) const
+{
+    QRgb* const to = pixels(picture);
+    const QRgb* const from = pixels(background);
+    const qsizetype line = stride(picture);
+    for (const Run& run : runs) {
+        qsizetype pixel = run.first * line + run.column;
+        for (int row = 0; row < run.count; ++row, pixel += line)
+            to[pixel] = from[pixel];
+    }
+}
+
+void CurveRaster::setClip(const QRect& clip)
+{
+    m_clip = clip;
+    const auto columns = static_cast<std::size_t>(std::max(clip.width(), 0));
+    m_columnSize = static_cast<std::size_t>(std::max(clip.height(), 0)) + 2;
+    m_cells.assign(columns * m_columnSize, 0.0F);
+    m_touched.assign(columns, Untouched);
+}
+
+CurveStroke CurveRaster::stroke(std::span<const QPointF> points, double width)
 {
     if (m_clip.isEmpty() || points.empty())
-        return;
+        return {};
     QPointF end = points.front() - m_clip.topLeft();
     QPointF endSide; // from the line to the lower side of the outline
     for (const QPointF& point : points.subspan(1)) {
@@ -53,16 +87,20 @@ void CurveRaster::stroke(QImage& picture, std::span<const QPointF> points, doubl
         addEdge(start + endSide, start + startSide);
     }
     addEdge(end - endSide, end + endSide);
-
-    for (int column = 0; column < m_clip.width(); ++column)
-        blendColumn(picture, column, color.rgb());
+    return takeTouched();
 }
 
 void CurveRaster::addEdge(QPointF from, QPointF to)
 {
+    const double height = m_clip.height();
+    const auto inside = [&](double y) { return y >= 0.0 && y <= height; };
+    if (inside(from.y()) && inside(to.y())) {
+        addInside(from, to);
+        return;
+    }
+
     // Above the clip an edge acts as if it ran along the top, below it along the bottom, so the
     // edge is cut where it crosses either.
-    const double height = m_clip.height();
     std::array<double, 4> cuts = {0.0, 1.0, 1.0, 1.0};
     std::size_t count = 1;
     for (const double border : {0.0, height}) {
@@ -84,68 +122,74 @@ void CurveRaster::addInside(QPointF from, QPointF to)
     const double sign = from.x() <= to.x() ? 1.0 : -1.0;
     if (sign < 0.0)
         std::swap(from, to);
-    const double left = std::max(from.x(), 0.0);
     const double right = std::min(to.x(), static_cast<double>(m_clip.width()));
-    if (left >= right)
+    double x = std::max(from.x(), 0.0);
+    if (x >= right)
         return;
     const double slope = (to.y() - from.y()) / (to.x() - from.x());
-    const auto y = [&](double x) { return from.y() + (x - from.x()) * slope; };
-    for (double x = left; x < right;) {
+    const double lowest = std::max(from.y(), to.y());
+    const double highest = std::min(from.y(), to.y());
+    // The line's own end points bound what rounding makes of the points between them.
+    const auto yAt = [&](double at) {
+        return std::clamp(from.y() + (at - from.x()) * slope, highest, lowest);
+    };
+    double y = yAt(x);
+    while (x < right) {
         const int column = static_cast<int>(x);
-        const double next = std::min(column + 1.0, right);
-        addInColumn(column, sign * (next - x), y(x), y(next));
-        x = next;
+        const double nextX = std::min(column + 1.0, right);
+        const double nextY = yAt(nextX);
+        addInColumn(column, sign * (nextX - x), std::min(y, nextY), std::max(y, nextY));
+        x = nextX;
+        y = nextY;
     }
 }
 
-void CurveRaster::addInColumn(int column, double width, double y0, double y1)
+void CurveRaster::addInColumn(int column, double width, double top, double bottom)
 {
-    const double top = std::clamp(std::min(y0, y1), 0.0, static_cast<double>(m_clip.height()));
-    const double bottom = std::clamp(std::max(y0, y1), 0.0, static_cast<double>(m_clip.height()));
+    const int first = static_cast<int>(top);
+    const int last = static_cast<int>(bottom);
     Rows& touched = m_touched[static_cast<std::size_t>(column)];
-    touched.first = std::min(touched.first, static_cast<int>(top));
-    touched.last = std::max(touched.last, static_cast<int>(bottom));
-    if (bottom <= static_cast<int>(top) + 1.0) {
-        addInRow(column, width, (top + bottom) / 2.0);
+    touched.first = std::min(touched.first, first);
+    touched.last = std::max(touched.last, last);
+
+    float* cell = m_cells.data() + static_cast<std::size_t>(column) * m_columnSize + first;
+    const auto addRow = [&](int row, double part, double middle) {
+        const double within = part * (row + 1 - middle);
+        cell[0] += static_cast<float>(within);
+        cell[1] += static_cast<float>(part - within);
+        ++cell;
+    };
+    if (first == last) {
+        addRow(first, width, (top + bottom) / 2.0);
         return;
     }
-    for (double y = top; y < bottom;) {
-        const double next = std::min(static_cast<int>(y) + 1.0, bottom);
-        addInRow(column, width * (next - y) / (bottom - top), (y + next) / 2.0);
-        y = next;
+    const double perRow = width / (bottom - top);
+    addRow(first, perRow * (first + 1 - top), (top + first + 1) / 2.0);
+    for (int row = first + 1; row < last; ++row)
+        addRow(row, perRow, row + 0.5);
+    addRow(last, perRow * (bottom - last), (last + bottom) / 2.0);
+}
+
+CurveStroke CurveRaster::takeTouched()
+{
+    CurveStroke stroke;
+    stroke.runs.reserve(m_touched.size());
+    stroke.coverage.reserve(m_touched.size() * 8);
+    for (std::size_t column = 0; column < m_touched.size(); ++column) {
+        const Rows touched = std::exchange(m_touched[column], Untouched);
+        const int count = std::min(touched.last, m_clip.height() - 1) - touched.first + 1;
+        if (count <= 0)
+            continue;
+        stroke.runs.push_back(
+            {m_clip.left() + static_cast<int>(column), m_clip.top() + touched.first, count});
+        float* cell = m_cells.data() + column * m_columnSize + touched.first;
+        float covered = 0.0F;
+        for (int row = 0; row < count; ++row) {
+            covered += std::exchange(*cell++, 0.0F);
+            stroke.coverage.push_back(
+                static_cast<unsigned char>(std::clamp(covered, 0.0F, 1.0F) * 255.0F + 0.5F));
+        }
+        *cell = 0.0F;
     }
-}
-
-void CurveRaster::addInRow(int column, double width, double y)
-{
-    const int row = std::min(static_cast<int>(y), m_clip.height() - 1);
-    const double below = width * (row + 1 - y);
-    float* cell = cells(column) + row;
-    cell[0] += static_cast<float>(below);
-    cell[1] += static_cast<float>(width - below);
-}
-
-void CurveRaster::blendColumn(QImage& picture, int column, QRgb color)
-{
-    Rows& touched = m_touched[static_cast<std::size_t>(column)];
-    const int last = std::min(touched.last + 1, m_clip.height());
-    float* cell = cells(column);
-    const qsizetype stride = picture.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb));
-    QRgb* pixel = reinterpret_cast<QRgb*>(picture.bits()) +
-                  (m_clip.top() + touched.first) * stride + m_clip.left() + column;
-    float covered = 0.0F;
-    for (int row = touched.first; row <= last; ++row, pixel += stride) {
-        covered += std::exchange(cell[row], 0.0F);
-        const auto share =
-            static_cast<unsigned int>(std::clamp(covered, 0.0F, 1.0F) * 255.0F + 0.5F);
-        if (share > 0 && row < m_clip.height())
-            *pixel = share == 255 ? color : blend(*pixel, color, share);
-    }
-    touched = {m_clip.height(), -1};
-}
-
-float* CurveRaster::cells(int column)
-{
-    return m_cells.data() +
-           static_cast<std::size_t>(column) * (static_cast<std::size_t>(m_clip.height()) + 1);
+    return stroke;
 }

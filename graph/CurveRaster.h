@@ -6,15 +6,37 @@
 #include <QPointF>
 #include <QRect>
 
+#include <limits>
 #include <span>
 #include <vector>
 
-/// Draws antialiased strokes of response curves into a picture.
+/// The pixels of an antialiased stroke: runs of pixels, one above the other, each with the share of
+/// its area that the stroke covers in 1/255.
+struct CurveStroke
+{
+    struct Run
+    {
+        int column;
+        int first; ///< row
+        int count;
+    };
+
+    std::vector<Run> runs;
+    std::vector<unsigned char> coverage; ///< of all runs, one after the other
+
+    /// Draws the stroke in an opaque \a color onto \a picture, in the format
+    /// ARGB32_Premultiplied.
+    void draw(QImage& picture, QColor color) const;
+    /// Puts the pixels of \a background, a picture of the same size and format, back in its place.
+    void erase(QImage& picture, const QImage& background) const;
+};
+
+/// Scan-converts strokes of response curves.
 ///
-/// A pixel takes as much of the colour as the stroke covers of its area, with flat ends and
-/// bevelled joins. QPainter draws the same, but its scan converter walks a list along each row of
-/// pixels and so is slow for strokes that run along a row, as these do. This one goes by columns,
-/// and touches in each only the few pixels that the stroke crosses.
+/// A pixel is covered by as much of its area as the stroke has, with flat ends and bevelled joins.
+/// QPainter computes the same, but its scan converter walks a list along each row of pixels and so
+/// is slow for strokes that run along a row, as these do. This one goes by columns, and touches in
+/// each only the few pixels that the stroke crosses.
 ///
 /// An edge of a stroke's outline that runs to the right adds the area below it, one that runs to
 /// the left takes it away; what lies between remains. Summing a column from the top gives the
@@ -22,28 +44,30 @@
 class CurveRaster
 {
 public:
-    /// Strokes are clipped to \a clip, in pixels of the pictures drawn into, which must contain it.
+    /// Strokes are clipped to \a clip, in pixels.
     void setClip(const QRect& clip);
 
-    /// Draws the line through \a points, in pixels, in an opaque \a color onto \a picture, whose
-    /// format is ARGB32_Premultiplied. All coordinates must be finite.
-    void stroke(QImage& picture, std::span<const QPointF> points, double width, QColor color);
+    /// The stroke of the line through \a points, in pixels. All coordinates must be finite.
+    CurveStroke stroke(std::span<const QPointF> points, double width);
 
 private:
+    /// Rows of a column of the clip; none when last is before first.
     struct Rows
     {
         int first;
         int last;
     };
+    static constexpr Rows Untouched = {std::numeric_limits<int>::max(), -1};
 
     void addEdge(QPointF from, QPointF to);
     void addInside(QPointF from, QPointF to);
-    void addInColumn(int column, double width, double y0, double y1);
-    void addInRow(int column, double width, double y);
-    void blendColumn(QImage& picture, int column, QRgb color);
-    float* cells(int column);
+    void addInColumn(int column, double width, double top, double bottom);
+    CurveStroke takeTouched();
 
     QRect m_clip;
-    std::vector<float> m_cells;  ///< column after column; each has one row more than the clip
-    std::vector<Rows> m_touched; ///< of each column, empty when last is before first
+    /// Column after column, m_columnSize each: a cell a row, and two for what lies on and below the
+    /// bottom edge.
+    std::vector<float> m_cells;
+    std::size_t m_columnSize = 0;
+    std::vector<Rows> m_touched;
 };

@@ -2,6 +2,7 @@
 #include "graph/EqualizerGraphPainter.h"
 
 #include "editor/base/PixelRounding.h"
+#include "graph/WideRegisters.h"
 #include "graph/filters/EqualizerBands.h"
 #include "graph/filters/PlotAxes.h"
 
@@ -53,6 +54,11 @@ constexpr int GridRows = 8;
 constexpr double LabelSize = 12.0;
 constexpr double SampleStep = 3.0;
 constexpr double HandleRadius = 3.0;
+constexpr double ThinLine = 1.0;
+constexpr double ThickLine = 1.5;
+
+constexpr std::size_t TotalCurve = EqualizerBands::Count;
+constexpr std::size_t CurveCount = TotalCurve + 1;
 
 /// How far beyond the plot a curve is followed, in plot heights: far enough for the part within to
 /// be straight, near enough for any pixel coordinate to be exact.
@@ -119,19 +125,14 @@ QColor color(int band) { return BandColors[static_cast<std::size_t>(band)]; }
 
 QColor dimColor(int band) { return color(band).darker(DimFactor); }
 
-bool isShown(const EqualizerBands& bands, int band)
+bool isOn(const EqualizerBands& bands, int band)
 {
     return band >= 0 && band < EqualizerBands::Count && bands[band].on;
 }
 
-/// The bands' responses and the total, in pixels of the picture.
-struct Curves
-{
-    std::array<std::vector<QPointF>, EqualizerBands::Count> band;
-    std::vector<QPointF> total;
-};
-
-Curves sampleCurves(const EqualizerBands& bands, const PlotAxes& axes, double pixelRatio)
+/// The bands' responses, then the total, in pixels of the picture.
+std::array<std::vector<QPointF>, CurveCount> sampleCurves(const EqualizerBands& bands,
+                                                          const PlotAxes& axes, double pixelRatio)
 {
     const EqualizerResponse response = bands.response();
     const double reach = CurveReach * axes.height();
@@ -143,15 +144,15 @@ Curves sampleCurves(const EqualizerBands& bands, const PlotAxes& axes, double pi
                 pixelRatio);
     };
 
-    Curves curves;
+    std::array<std::vector<QPointF>, CurveCount> curves;
     const int step = std::max(static_cast<int>(SampleStep * axes.unit()), 1);
     for (int i = -step; i <= axes.width() + step; i += step) {
         const double x = axes.left() + i;
         const EqualizerResponse::Levels levels =
             response.levels(axes.frequency(x), bands.sampleRate());
-        for (std::size_t band = 0; band < curves.band.size(); ++band)
-            append(curves.band[band], x, levels.band[band]);
-        append(curves.total, x, levels.total);
+        for (std::size_t band = 0; band < levels.band.size(); ++band)
+            append(curves[band], x, levels.band[band]);
+        append(curves[TotalCurve], x, levels.total);
     }
     return curves;
 }
@@ -170,7 +171,7 @@ void drawHandles(QPainter& painter, const EqualizerBands& bands, const PlotAxes&
     for (int band = 0; band < EqualizerBands::Count; ++band)
         if (bands[band].on && band != editedBand)
             draw(band, dimColor(band));
-    if (isShown(bands, editedBand))
+    if (isOn(bands, editedBand))
         draw(editedBand, color(editedBand));
 }
 
@@ -207,9 +208,6 @@ void EqualizerGraphPainter::drawGrid(const PlotAxes& axes)
                     QImage::Format_ARGB32_Premultiplied);
     m_grid.setDevicePixelRatio(m_gridKey.pixelRatio);
     m_grid.fill(Qt::transparent);
-    m_picture = m_grid.copy();
-    m_raster.setClip(clipRect(axes, m_gridKey.pixelRatio) & m_grid.rect());
-
     QPainter painter(&m_grid);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
     drawGridLines(painter, axes);
@@ -217,24 +215,55 @@ void EqualizerGraphPainter::drawGrid(const PlotAxes& axes)
     font.setPixelSize(std::max(roundToPixel(LabelSize * axes.unit()), 1));
     painter.setFont(font);
     drawLabels(painter, axes);
+    painter.end();
+
+    m_picture = m_grid.copy();
+    m_raster.setClip(clipRect(axes, m_gridKey.pixelRatio) & m_grid.rect());
+    m_curves = {};
+    m_shown.clear();
 }
 
 void EqualizerGraphPainter::drawCurves(const EqualizerBands& bands, const PlotAxes& axes,
                                        int editedBand)
 {
-    std::copy_n(m_grid.constBits(), m_grid.sizeInBytes(), m_picture.bits());
+    releaseWideRegisters();
+    auto points = sampleCurves(bands, axes, m_gridKey.pixelRatio);
+    std::vector<Shown> shown = shownCurves(bands, editedBand);
+    const bool same = shown == m_shown && std::all_of(shown.begin(), shown.end(), [&](auto& item) {
+                          return points[item.curve] == m_curves[item.curve].points;
+                      });
+    if (same)
+        return;
 
-    const double pixelRatio = m_gridKey.pixelRatio;
-    const Curves curves = sampleCurves(bands, axes, pixelRatio);
-    const double thin = axes.unit() * pixelRatio;
-    const double thick = 1.5 * thin;
-    const auto stroke = [&](const std::vector<QPointF>& curve, double width, const QColor& color) {
-        m_raster.stroke(m_picture, curve, width, color);
-    };
+    for (const Shown& item : m_shown)
+        m_curves[item.curve].stroke.erase(m_picture, m_grid);
+    m_shown = std::move(shown);
+    const double unit = axes.unit() * m_gridKey.pixelRatio;
+    for (const Shown& item : m_shown) {
+        Curve& curve = m_curves[item.curve];
+        setCurve(curve, std::move(points[item.curve]), item.width * unit);
+        curve.stroke.draw(m_picture, item.color);
+    }
+}
+
+std::vector<EqualizerGraphPainter::Shown>
+EqualizerGraphPainter::shownCurves(const EqualizerBands& bands, int editedBand)
+{
+    std::vector<Shown> shown;
     for (int band = 0; band < EqualizerBands::Count; ++band)
         if (bands[band].on && band != editedBand)
-            stroke(curves.band[static_cast<std::size_t>(band)], thin, dimColor(band));
-    stroke(curves.total, thick, TotalLineColor);
-    if (isShown(bands, editedBand))
-        stroke(curves.band[static_cast<std::size_t>(editedBand)], thick, color(editedBand));
+            shown.push_back({static_cast<std::size_t>(band), dimColor(band), ThinLine});
+    shown.push_back({TotalCurve, TotalLineColor, ThickLine});
+    if (isOn(bands, editedBand))
+        shown.push_back({static_cast<std::size_t>(editedBand), color(editedBand), ThickLine});
+    return shown;
+}
+
+void EqualizerGraphPainter::setCurve(Curve& curve, std::vector<QPointF>&& points, double width)
+{
+    if (points == curve.points && width == curve.width)
+        return;
+    curve.stroke = m_raster.stroke(points, width);
+    curve.points = std::move(points);
+    curve.width = width;
 }

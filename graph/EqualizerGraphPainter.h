@@ -3,10 +3,14 @@
 
 #include "graph/CurveRaster.h"
 
+#include <QColor>
 #include <QFont>
 #include <QImage>
 #include <QPointF>
 #include <QSize>
+
+#include <array>
+#include <vector>
 
 class EqualizerBands;
 class PlotAxes;
@@ -14,8 +18,9 @@ class QPainter;
 
 /// Draws the grid, the response curves and the bands' handles of the equalizer graph.
 ///
-/// The curves are evaluated from the filters' coefficients on every call. The grid and its labels
-/// are kept as a picture, and made anew when size, pixel ratio, zoom or font change.
+/// The curves are evaluated from the filters' coefficients on every call. What is drawn is kept:
+/// the grid with its labels as a picture, until size, pixel ratio, zoom or font change, and each
+/// curve's stroke, until the curve itself differs from the one evaluated before.
 class EqualizerGraphPainter
 {
 public:
@@ -39,11 +44,31 @@ private:
         bool operator==(const GridKey&) const = default;
     };
 
+    /// A curve as it was last scan-converted.
+    struct Curve
+    {
+        std::vector<QPointF> points; ///< in pixels of the picture
+        double width = 0.0;
+        CurveStroke stroke;
+    };
+    /// A curve that is shown, in the order of drawing.
+    struct Shown
+    {
+        std::size_t curve;
+        QColor color;
+        double width; ///< in units of the plot
+        bool operator==(const Shown&) const = default;
+    };
+
     void drawGrid(const PlotAxes& axes);
     void drawCurves(const EqualizerBands& bands, const PlotAxes& axes, int editedBand);
+    static std::vector<Shown> shownCurves(const EqualizerBands& bands, int editedBand);
+    void setCurve(Curve& curve, std::vector<QPointF>&& points, double width);
 
     GridKey m_gridKey;
     QImage m_grid;
-    QImage m_picture; ///< the grid with the curves
+    QImage m_picture; ///< the grid with the shown curves
     CurveRaster m_raster;
+    std::array<Curve, 7> m_curves; ///< the bands', then the total
+    std::vector<Shown> m_shown;
 };

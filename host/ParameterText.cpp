@@ -190,20 +190,24 @@ double valueOf(const std::string& digits)
     return value;
 }
 
-std::string frequencyText(double hertz, int digits)
+std::string frequencyText(double hertz)
 {
-    const double rounded = valueOf(printed(hertz, std::chars_format::scientific, digits - 1));
-    if (rounded >= 1000.0)
-        return printed(hertz / 1000.0, std::chars_format::general, digits) + 'k';
-    return printed(hertz, std::chars_format::general, digits);
+    const bool kilo = hertz >= 1000.0;
+    char buffer[64];
+    const auto end = std::to_chars(std::begin(buffer), std::end(buffer),
+                                   kilo ? hertz / 1000.0 : hertz, std::chars_format::fixed);
+    std::string text(buffer, end.ptr);
+    if (kilo)
+        text += 'k';
+    return text;
 }
 
 std::string formatFrequency(int value)
 {
     const double hertz = lowestFrequency * std::pow(10.0, value / stepsPerDecade);
     std::string text;
-    for (int digits = 3; digits <= mostDigits; ++digits) {
-        text = frequencyText(hertz, digits);
+    for (int digits = 1; digits <= mostDigits; ++digits) {
+        text = frequencyText(valueOf(printed(hertz, std::chars_format::scientific, digits - 1)));
         if (parseFrequency(text) == value)
             break;
     }
@@ -213,11 +217,13 @@ std::string formatFrequency(int value)
 std::string formatQuality(int value)
 {
     const double quality = lowestQuality * std::exp2(value / stepsPerOctave);
+    const int shown = quality < 9.995 ? 2 : 1;
     std::string text;
-    for (int decimals = quality < 9.995 ? 2 : 1; decimals <= mostDigits; ++decimals) {
+    for (int decimals = shown - 1; decimals <= mostDigits; ++decimals) {
         text = printed(quality, std::chars_format::fixed, decimals);
         if (parseQuality(text) == value)
-            break;
+            return decimals < shown ? printed(valueOf(text), std::chars_format::fixed, shown)
+                                    : text;
     }
     return text;
 }
@@ -225,8 +231,11 @@ std::string formatQuality(int value)
 std::string formatDecibels(int value)
 {
     const int tenths = std::abs(value);
-    const char* sign = value > 0 ? "+" : value < 0 ? "-" : "";
-    return sign + std::to_string(tenths / 10) + '.' + std::to_string(tenths % 10);
+    std::string text(value > 0 ? "+" : value < 0 ? "-" : "");
+    text += std::to_string(tenths / 10);
+    text += '.';
+    text += std::to_string(tenths % 10);
+    return text;
 }
 
 std::string joined(std::span<const std::string_view> choices)

@@ -9,10 +9,11 @@
 
 /// Raw values as the texts that people read and type. The same in every locale.
 ///
-/// Texts carry no unit: frequency "80.1" or "1.25k" (Hz), gain and level "+3.0" (dB), quality
-/// "0.50", types "HPF 12", switches "On". Frequencies have three significant digits and qualities
-/// two decimals below 10 and one above, and more wherever fewer would not name the step:
-/// parseParameter(formatParameter(value)) is value for every value of every parameter.
+/// Texts carry no unit: frequency "80" or "1.25k" (Hz), gain and level "+3.0" (dB), quality "0.50",
+/// types "HPF 12", switches "On". A frequency or quality is written as the roundest number that
+/// names its step (of the frequency 80.12 Hz that is 80), qualities with two decimals at least
+/// below 10 and one above: parseParameter(formatParameter(value)) is value for every value of every
+/// parameter, and a round number that was typed is what is shown.
 
 /// The text of \a value; nothing if the parameter does not allow it.
 std::optional<std::string> formatParameter(const Parameter& parameter, int value);

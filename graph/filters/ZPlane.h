@@ -35,11 +35,14 @@ inline Complex quotient(Complex a, Complex b)
     return product(a, std::conj(b)) / squaredMagnitude(b);
 }
 
+/// 10 / ln(10): log10() itself takes three times as long as log().
+inline constexpr double DecibelsPerLn = 4.342944819032518;
+
 /// The level of a response in dB: 10 log10 of its squared magnitude, SilenceLevel for zero.
 inline double level(Complex response)
 {
     const double m = squaredMagnitude(response);
-    return m <= 0.0 ? SilenceLevel : 10.0 * std::log10(m);
+    return m <= 0.0 ? SilenceLevel : DecibelsPerLn * std::log(m);
 }
 
 } // namespace ZPlane

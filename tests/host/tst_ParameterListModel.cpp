@@ -72,9 +72,9 @@ void tst_ParameterListModel::showsOneRow_data()
                                             QLatin1String(unit), QLatin1String(raw)};
     };
     row(0, "Low type", "Shelf 12", "", "3");
-    row(1, "Low frequency", "80.1", "Hz", "241");
+    row(1, "Low frequency", "80", "Hz", "241");
     row(10, "Middle 2 gain", "0.0", "dB", "0");
-    row(16, "Middle 4 quality", "1.49", "", "158");
+    row(16, "Middle 4 quality", "1.50", "", "158");
     row(23, "High on", "On", "", "1");
     row(25, "Output level", "0.0", "dB", "0");
     row(26, "Clean/drive", "Clean", "", "0");

@@ -137,7 +137,7 @@ void tst_zolta_host::listShowsEveryParameter()
         QCOMPARE(fields[5], fields[4]);
         QVERIFY(!fields[6].isEmpty());
     }
-    QCOMPARE(lines[1], QStringLiteral("fx_rackfx_prm_2\t258\t0\t1200\t241\t241\t80.1"));
+    QCOMPARE(lines[1], QStringLiteral("fx_rackfx_prm_2\t258\t0\t1200\t241\t241\t80"));
     QCOMPARE(lines[26], QStringLiteral("fx_rackfx_prm_27\t283\t0\t1\t0\t0\tClean"));
 }
 

@@ -1,0 +1,223 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A repaint of the equalizer graph, beside two plot libraries that draw the same seven curves over
+// the same grid in a widget of the same size. All three repaint a shown window of Qt's offscreen
+// platform, whose raster engine is also what a desktop window is painted with.
+#include "editor/zolta/ZoltaEditor.h"
+#include "graph/ZoltaEqualizerGraph.h"
+#include "graph/filters/BandDesign.h"
+#include "graph/filters/EqualizerBands.h"
+#include "graph/filters/PlotAxes.h"
+#include "host/HostMemory.h"
+#include "host/HostModel.h"
+
+#include <QApplication>
+#include <QChart>
+#include <QChartView>
+#include <QLineSeries>
+#include <QLogValueAxis>
+#include <QValueAxis>
+
+#include <qcustomplot.h>
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+constexpr QSize GraphSize(679, 192);
+constexpr double Range = 12.0;
+constexpr int CurveCount = 7;
+const std::array<QColor, CurveCount> Colors = {QColor(0xED, 0x1C, 0x24), QColor(0xED, 0x6B, 0x1C),
+                                               QColor(0xFE, 0xBA, 0x24), QColor(0x11, 0xB5, 0x19),
+                                               QColor(0x14, 0xA8, 0xAD), QColor(0x95, 0x19, 0xD0),
+                                               QColor(0xFF, 0xFF, 0xFF)};
+
+struct Setting
+{
+    const char* name;
+    double position;
+};
+/// Every band on and away from 0 dB.
+constexpr std::array<Setting, 6> Gains = {{{"fx_rackfx_prm_3", 0.7},
+                                           {"fx_rackfx_prm_7", 0.3},
+                                           {"fx_rackfx_prm_11", 0.65},
+                                           {"fx_rackfx_prm_15", 0.4},
+                                           {"fx_rackfx_prm_19", 0.6},
+                                           {"fx_rackfx_prm_23", 0.35}}};
+
+/// An editor on the host's memory, as the host opens it.
+class BoundEditor
+{
+public:
+    explicit BoundEditor(double scale)
+    {
+        m_editor.setModelInfo(&m_model);
+        m_editor.initialize();
+        m_editor.setMemAPI(&m_memory);
+        m_editor.setCh(0, 0);
+        for (const Setting& gain : Gains)
+            write(gain.name, gain.position);
+        m_editor.setScale(scale);
+        m_editor.show();
+        QApplication::processEvents();
+    }
+    ~BoundEditor() { m_editor.setMemAPI(nullptr); }
+
+    void write(const char* name, double position)
+    {
+        unsigned short id = 0;
+        m_editor.getParameter(name, &id, nullptr);
+        int minimum = 0;
+        int maximum = 0;
+        m_memory.getRange(id, 0, &minimum, &maximum);
+        m_memory.setValue(
+            id, 0, BandDesign::rawValue(static_cast<float>(position), minimum, maximum), 0, 0, 1);
+    }
+
+    ZoltaEqualizerGraph* graph() { return m_editor.findChild<ZoltaEqualizerGraph*>(); }
+
+private:
+    HostModel m_model;
+    HostMemory m_memory;
+    ZoltaEditor m_editor;
+};
+
+/// The seven curves, in Hz and dB, sampled as the graph samples them.
+std::array<QVector<QPointF>, CurveCount> curves(double scale)
+{
+    EqualizerBands bands;
+    for (int band = 0; band < EqualizerBands::Count; ++band)
+        bands[band].gain =
+            BandDesign::gain(static_cast<float>(Gains[static_cast<std::size_t>(band)].position));
+    bands.designAll();
+
+    const PlotAxes axes(GraphSize.width() * scale, GraphSize.height() * scale, Range);
+    const EqualizerResponse response = bands.response();
+    const int step = static_cast<int>(3.0 * axes.unit());
+    std::array<QVector<QPointF>, CurveCount> curves;
+    for (int x = 0; x <= axes.width(); x += step) {
+        const double frequency = axes.frequency(axes.left() + x);
+        const EqualizerResponse::Levels levels = response.levels(frequency, bands.sampleRate());
+        for (std::size_t band = 0; band < levels.band.size(); ++band)
+            curves[band].append({frequency, levels.band[band]});
+        curves.back().append({frequency, levels.total});
+    }
+    return curves;
+}
+
+QPen curvePen(std::size_t curve, double scale)
+{
+    return QPen(Colors[curve], curve == CurveCount - 1 ? 1.5 * scale : scale);
+}
+
+QPen gridPen(double scale) { return QPen(QColor(0x67, 0x77, 0x84), scale); }
+
+void graphRepaint(benchmark::State& state)
+{
+    BoundEditor editor(static_cast<double>(state.range(0)));
+    ZoltaEqualizerGraph* graph = editor.graph();
+    for (auto _ : state)
+        graph->repaint();
+}
+
+void chartRepaint(benchmark::State& state)
+{
+    const auto scale = static_cast<double>(state.range(0));
+    auto* chart = new QChart;
+    chart->legend()->hide();
+    chart->setMargins({});
+    chart->setBackgroundRoundness(0.0);
+    chart->setBackgroundBrush(Qt::black);
+    auto* x = new QLogValueAxis;
+    x->setRange(20.0, 20000.0);
+    x->setMinorTickCount(8);
+    auto* y = new QValueAxis;
+    y->setRange(-Range, Range);
+    y->setTickCount(9);
+    for (QAbstractAxis* axis : {static_cast<QAbstractAxis*>(x), static_cast<QAbstractAxis*>(y)}) {
+        axis->setGridLinePen(gridPen(scale));
+        axis->setMinorGridLinePen(gridPen(scale));
+        axis->setLabelsColor(Qt::white);
+    }
+    chart->addAxis(x, Qt::AlignBottom);
+    chart->addAxis(y, Qt::AlignLeft);
+    const auto data = curves(scale);
+    for (std::size_t curve = 0; curve < data.size(); ++curve) {
+        auto* series = new QLineSeries;
+        series->replace(data[curve]);
+        series->setPen(curvePen(curve, scale));
+        chart->addSeries(series);
+        series->attachAxis(x);
+        series->attachAxis(y);
+    }
+    QChartView view(chart);
+    view.setRenderHint(QPainter::Antialiasing);
+    view.setFrameShape(QFrame::NoFrame);
+    view.resize(GraphSize * scale);
+    view.show();
+    QApplication::processEvents();
+    for (auto _ : state)
+        view.viewport()->repaint();
+}
+
+void customPlotRepaint(benchmark::State& state)
+{
+    const auto scale = static_cast<double>(state.range(0));
+    QCustomPlot plot;
+    plot.setAntialiasedElements(QCP::aeAll);
+    plot.setBackground(Qt::black);
+    const QSharedPointer<QCPAxisTickerLog> decades(new QCPAxisTickerLog);
+    decades->setSubTickCount(8);
+    const QSharedPointer<QCPAxisTickerFixed> steps(new QCPAxisTickerFixed);
+    steps->setTickStep(Range / 4.0);
+    plot.xAxis->setScaleType(QCPAxis::stLogarithmic);
+    plot.xAxis->setTicker(decades);
+    plot.xAxis->setRange(20.0, 20000.0);
+    plot.yAxis->setTicker(steps);
+    plot.yAxis->setRange(-Range, Range);
+    for (QCPAxis* axis : {plot.xAxis, plot.yAxis}) {
+        axis->grid()->setPen(gridPen(scale));
+        axis->grid()->setSubGridPen(gridPen(scale));
+        axis->grid()->setZeroLinePen(gridPen(scale));
+        axis->setTickLabelColor(Qt::white);
+    }
+    plot.xAxis->grid()->setSubGridVisible(true);
+    const auto data = curves(scale);
+    for (std::size_t curve = 0; curve < data.size(); ++curve) {
+        QCPGraph* graph = plot.addGraph();
+        for (const QPointF& point : data[curve])
+            graph->addData(point.x(), point.y());
+        graph->setPen(curvePen(curve, scale));
+    }
+    plot.resize(GraphSize * scale);
+    plot.show();
+    QApplication::processEvents();
+    for (auto _ : state)
+        plot.replot(QCustomPlot::rpImmediateRefresh);
+}
+
+/// One value written to the host's memory, and everything that follows until nothing is left to do.
+void hostWriteToRepaint(benchmark::State& state)
+{
+    BoundEditor editor(static_cast<double>(state.range(0)));
+    bool up = false;
+    for (auto _ : state) {
+        up = !up;
+        editor.write("fx_rackfx_prm_11", up ? 0.66 : 0.65);
+        QApplication::processEvents();
+    }
+}
+
+} // namespace
+
+BENCHMARK(graphRepaint)->Arg(1)->Arg(2)->Arg(4)->Unit(benchmark::kMicrosecond);
+BENCHMARK(chartRepaint)->Arg(1)->Arg(2)->Arg(4)->Unit(benchmark::kMicrosecond);
+BENCHMARK(customPlotRepaint)->Arg(1)->Arg(2)->Arg(4)->Unit(benchmark::kMicrosecond);
+BENCHMARK(hostWriteToRepaint)->Arg(1)->Arg(2)->Arg(4)->Unit(benchmark::kMicrosecond);
+
+int main(int argc, char* argv[])
+{
+    QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
