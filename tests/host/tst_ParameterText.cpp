@@ -56,13 +56,6 @@ double hertz(QString text)
     return text.toDouble() * (kilo ? 1000.0 : 1.0);
 }
 
-int digitsOf(QString text)
-{
-    text.remove(QRegularExpression(QStringLiteral("[^0-9]")))
-        .remove(QRegularExpression(QStringLiteral("^0+")));
-    return static_cast<int>(text.size());
-}
-
 } // namespace
 
 void tst_ParameterText::everyTextNamesItsStep()
@@ -93,7 +86,6 @@ void tst_ParameterText::everyFrequencyIsTheRoundestOfItsStep()
             roundest = QString::number(exact, 'g', digits++).toDouble();
         while (std::lround(400.0 * std::log10(roundest / 20.0)) != value);
         QCOMPARE(hertz(shown), roundest);
-        QVERIFY(digitsOf(shown) < digits);
     }
 }
 
