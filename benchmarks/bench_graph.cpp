@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A repaint of the equalizer graph, beside two plot libraries that draw the same seven curves over
 // the same grid in a widget of the same size. All three repaint a shown window of Qt's offscreen
-// platform, whose raster engine is also what a desktop window is painted with.
+// platform, whose raster engine is also what a desktop window is painted with. "Repaint" draws the
+// same picture again; "Moved" changes the gain of one band, and so one curve and the total, first.
 #include "editor/zolta/ZoltaEditor.h"
 #include "graph/ZoltaEqualizerGraph.h"
 #include "graph/filters/BandDesign.h"
@@ -44,6 +45,10 @@ constexpr std::array<Setting, 6> Gains = {{{"fx_rackfx_prm_3", 0.7},
                                            {"fx_rackfx_prm_19", 0.6},
                                            {"fx_rackfx_prm_23", 0.35}}};
 
+constexpr int MovedBand = 2;
+/// Where the moved band's gain goes to and fro.
+constexpr std::array<double, 2> MovedPositions = {0.66, 0.65};
+
 /// An editor on the host's memory, as the host opens it.
 class BoundEditor
 {
@@ -82,18 +87,21 @@ private:
 };
 
 /// The seven curves, in Hz and dB, sampled as the graph samples them.
-std::array<QVector<QPointF>, CurveCount> curves(double scale)
+using Curves = std::array<QVector<QPointF>, CurveCount>;
+
+Curves curves(double scale, double movedPosition = Gains[MovedBand].position)
 {
     EqualizerBands bands;
     for (int band = 0; band < EqualizerBands::Count; ++band)
         bands[band].gain =
             BandDesign::gain(static_cast<float>(Gains[static_cast<std::size_t>(band)].position));
+    bands[MovedBand].gain = BandDesign::gain(static_cast<float>(movedPosition));
     bands.designAll();
 
     const PlotAxes axes(GraphSize.width() * scale, GraphSize.height() * scale, Range);
     const EqualizerResponse response = bands.response();
     const int step = static_cast<int>(3.0 * axes.unit());
-    std::array<QVector<QPointF>, CurveCount> curves;
+    Curves curves;
     for (int x = 0; x <= axes.width(); x += step) {
         const double frequency = axes.frequency(axes.left() + x);
         const EqualizerResponse::Levels levels = response.levels(frequency, bands.sampleRate());
@@ -111,15 +119,27 @@ QPen curvePen(std::size_t curve, double scale)
 
 QPen gridPen(double scale) { return QPen(QColor(0x67, 0x77, 0x84), scale); }
 
-void graphRepaint(benchmark::State& state)
+void repaintGraph(benchmark::State& state, bool move)
 {
     BoundEditor editor(static_cast<double>(state.range(0)));
     ZoltaEqualizerGraph* graph = editor.graph();
-    for (auto _ : state)
+    std::size_t turn = 0;
+    for (auto _ : state) {
+        if (move)
+            editor.write(Gains[MovedBand].name, MovedPositions[turn ^= 1]);
         graph->repaint();
+    }
 }
 
-void chartRepaint(benchmark::State& state)
+void graphRepaint(benchmark::State& state) { repaintGraph(state, false); }
+void graphMoved(benchmark::State& state) { repaintGraph(state, true); }
+
+std::array<Curves, 2> movedCurves(double scale)
+{
+    return {curves(scale, MovedPositions[0]), curves(scale, MovedPositions[1])};
+}
+
+void repaintChart(benchmark::State& state, bool move)
 {
     const auto scale = static_cast<double>(state.range(0));
     auto* chart = new QChart;
@@ -140,14 +160,15 @@ void chartRepaint(benchmark::State& state)
     }
     chart->addAxis(x, Qt::AlignBottom);
     chart->addAxis(y, Qt::AlignLeft);
-    const auto data = curves(scale);
+    const Curves data = curves(scale);
+    std::array<QLineSeries*, CurveCount> series{};
     for (std::size_t curve = 0; curve < data.size(); ++curve) {
-        auto* series = new QLineSeries;
-        series->replace(data[curve]);
-        series->setPen(curvePen(curve, scale));
-        chart->addSeries(series);
-        series->attachAxis(x);
-        series->attachAxis(y);
+        series[curve] = new QLineSeries;
+        series[curve]->replace(data[curve]);
+        series[curve]->setPen(curvePen(curve, scale));
+        chart->addSeries(series[curve]);
+        series[curve]->attachAxis(x);
+        series[curve]->attachAxis(y);
     }
     QChartView view(chart);
     view.setRenderHint(QPainter::Antialiasing);
@@ -155,11 +176,31 @@ void chartRepaint(benchmark::State& state)
     view.resize(GraphSize * scale);
     view.show();
     QApplication::processEvents();
-    for (auto _ : state)
+
+    const std::array<Curves, 2> moved = movedCurves(scale);
+    std::size_t turn = 0;
+    for (auto _ : state) {
+        if (move) {
+            turn ^= 1;
+            series[MovedBand]->replace(moved[turn][MovedBand]);
+            series.back()->replace(moved[turn].back());
+        }
         view.viewport()->repaint();
+    }
 }
 
-void customPlotRepaint(benchmark::State& state)
+void chartRepaint(benchmark::State& state) { repaintChart(state, false); }
+void chartMoved(benchmark::State& state) { repaintChart(state, true); }
+
+QSharedPointer<QCPGraphDataContainer> plotData(const QVector<QPointF>& curve)
+{
+    const QSharedPointer<QCPGraphDataContainer> data(new QCPGraphDataContainer);
+    for (const QPointF& point : curve)
+        data->add(QCPGraphData(point.x(), point.y()));
+    return data;
+}
+
+void repaintCustomPlot(benchmark::State& state, bool move)
 {
     const auto scale = static_cast<double>(state.range(0));
     QCustomPlot plot;
@@ -181,38 +222,58 @@ void customPlotRepaint(benchmark::State& state)
         axis->setTickLabelColor(Qt::white);
     }
     plot.xAxis->grid()->setSubGridVisible(true);
-    const auto data = curves(scale);
+    const Curves data = curves(scale);
     for (std::size_t curve = 0; curve < data.size(); ++curve) {
         QCPGraph* graph = plot.addGraph();
-        for (const QPointF& point : data[curve])
-            graph->addData(point.x(), point.y());
+        graph->setData(plotData(data[curve]));
         graph->setPen(curvePen(curve, scale));
     }
     plot.resize(GraphSize * scale);
     plot.show();
     QApplication::processEvents();
-    for (auto _ : state)
+
+    std::array<std::array<QSharedPointer<QCPGraphDataContainer>, 2>, 2> moved;
+    for (std::size_t i = 0; const Curves& each : movedCurves(scale))
+        moved[i++] = {plotData(each[MovedBand]), plotData(each.back())};
+    std::size_t turn = 0;
+    for (auto _ : state) {
+        if (move) {
+            turn ^= 1;
+            plot.graph(MovedBand)->setData(moved[turn][0]);
+            plot.graph(CurveCount - 1)->setData(moved[turn][1]);
+        }
         plot.replot(QCustomPlot::rpImmediateRefresh);
+    }
 }
+
+void customPlotRepaint(benchmark::State& state) { repaintCustomPlot(state, false); }
+void customPlotMoved(benchmark::State& state) { repaintCustomPlot(state, true); }
 
 /// One value written to the host's memory, and everything that follows until nothing is left to do.
 void hostWriteToRepaint(benchmark::State& state)
 {
     BoundEditor editor(static_cast<double>(state.range(0)));
-    bool up = false;
+    std::size_t turn = 0;
     for (auto _ : state) {
-        up = !up;
-        editor.write("fx_rackfx_prm_11", up ? 0.66 : 0.65);
+        editor.write(Gains[MovedBand].name, MovedPositions[turn ^= 1]);
         QApplication::processEvents();
     }
 }
 
 } // namespace
 
-BENCHMARK(graphRepaint)->Arg(1)->Arg(2)->Arg(4)->Unit(benchmark::kMicrosecond);
-BENCHMARK(chartRepaint)->Arg(1)->Arg(2)->Arg(4)->Unit(benchmark::kMicrosecond);
-BENCHMARK(customPlotRepaint)->Arg(1)->Arg(2)->Arg(4)->Unit(benchmark::kMicrosecond);
-BENCHMARK(hostWriteToRepaint)->Arg(1)->Arg(2)->Arg(4)->Unit(benchmark::kMicrosecond);
+void atEveryScale(benchmark::internal::Benchmark* benchmark)
+{
+    benchmark->Arg(1)->Arg(2)->Arg(4)->Unit(benchmark::kMicrosecond);
+}
+
+BENCHMARK(graphRepaint)->Apply(atEveryScale);
+BENCHMARK(chartRepaint)->Apply(atEveryScale);
+BENCHMARK(customPlotRepaint)->Apply(atEveryScale);
+BENCHMARK(graphMoved)->Apply(atEveryScale);
+BENCHMARK(chartMoved)->Apply(atEveryScale);
+BENCHMARK(customPlotMoved)->Apply(atEveryScale);
+BENCHMARK(hostWriteToRepaint)->Apply(atEveryScale);
 
 int main(int argc, char* argv[])
 {

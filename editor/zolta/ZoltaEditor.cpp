@@ -26,6 +26,8 @@ ZoltaEditor::ZoltaEditor(QWidget* parent)
     QPalette black = palette();
     black.setColor(QPalette::Window, Qt::black);
     setPalette(black);
+    // Without a role of its own the editor would take over its parent's.
+    setBackgroundRole(QPalette::Window);
     setAutoFillBackground(true);
     setFocusPolicy(Qt::ClickFocus);
     setFont(QFont(QStringLiteral("M+ 1c medium")));

@@ -204,6 +204,8 @@ void tst_Zolta::createGivesAnInitializedUnboundEditor()
     QCOMPARE(QByteArray(editor->style()->metaObject()->className()), QByteArray("EffectStyle"));
     QCOMPARE(host.observerCount(), 0);
     QCOMPARE(host.meterObserverCount(), 0);
+    parent.setBackgroundRole(QPalette::Base);
+    QCOMPARE(editor->grab().toImage().pixelColor(900, 400), QColor(Qt::black));
 
     static_cast<IVaskEffectEditor2*>(editor)->setScale(2.0);
     QCOMPARE(editor->size(), QSize(1954, 1118));
