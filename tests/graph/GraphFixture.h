@@ -8,6 +8,7 @@
 #include <QImage>
 #include <QPainter>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -69,6 +70,26 @@ struct Plot
     double y(double g) const { return centre - height / 2.0 * g / Z; }
     QRectF rect() const { return {left, top, width, height}; }
 };
+
+/// The raw value at a position of 0 to 1 in a range.
+inline int raw(double position, double minimum, double maximum)
+{
+    const double exact = std::clamp(position, 0.0, 1.0) * (maximum - minimum);
+    // A half would make the rounding depend on single precision; no case here is one.
+    Q_ASSERT(std::abs(exact - std::floor(exact) - 0.5) > 1e-3);
+    return static_cast<int>(std::lround(exact) + std::lround(minimum));
+}
+
+/// The raw values that bring a handle to \a point.
+inline int rawFrequencyAt(const Plot& plot, double x)
+{
+    return raw((x - plot.left) / plot.width, 0, 1200);
+}
+inline int rawGainAt(const Plot& plot, double y)
+{
+    const double gain = (plot.centre - y) / (plot.height / 2.0) * plot.Z;
+    return raw((gain + 20.0) / 40.0, -200, 200);
+}
 
 /// A graph in an editor that knows the test host's model; nothing is bound yet.
 class GraphFixture

@@ -14,25 +14,6 @@ namespace {
 
 const QPointF Middle(350, 90);
 
-int raw(double position, double minimum, double maximum)
-{
-    const double exact = std::clamp(position, 0.0, 1.0) * (maximum - minimum);
-    // A half would make the rounding depend on single precision; no case here is one.
-    Q_ASSERT(std::abs(exact - std::floor(exact) - 0.5) > 1e-3);
-    return static_cast<int>(std::lround(exact) + std::lround(minimum));
-}
-
-/// The raw values that bring a handle to \a point.
-int rawFrequencyAt(const Plot& plot, double x)
-{
-    return raw((x - plot.left) / plot.width, 0, 1200);
-}
-int rawGainAt(const Plot& plot, double y)
-{
-    const double gain = (plot.centre - y) / (plot.height / 2.0) * plot.Z;
-    return raw((gain + 20.0) / 40.0, -200, 200);
-}
-
 /// Calls a function on every notification of one parameter.
 class Listener : public IPrmObserver
 {
