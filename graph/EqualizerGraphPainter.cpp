@@ -91,9 +91,8 @@ void drawGridLines(QPainter& painter, const PlotAxes& axes)
         drawVertical(axes.x(frequency));
 }
 
-/// The label of a grid row, 0 at the top. Fractions are cut off, so that a range of 2 dB reads
-/// "+2",
-/// "+1", "+1", "+0", "0dB" and so on.
+/// The label of a grid row, 0 at the top. Fractions are cut off, deliberately: a range of 2 dB
+/// reads "+2", "+1", "+1", "+0", "0dB" and so on.
 QString levelLabel(int row, double range)
 {
     const int steps = GridRows / 2 - row;

@@ -200,13 +200,18 @@ void ZoltaEqualizerGraph::mouseMoveEvent(QMouseEvent* event)
 
 void ZoltaEqualizerGraph::mouseReleaseEvent(QMouseEvent* event)
 {
-    const bool disabled = !isEnabled() && m_grabbedTarget != EditTargetNone;
-    if (!disabled && !(m_dragging && event->button() == Qt::LeftButton))
-        return;
-    m_dragging = false;
-    m_grabbedTarget = EditTargetNone;
-    update();
+    if (event->button() == Qt::LeftButton)
+        endDrag();
 }
+
+void ZoltaEqualizerGraph::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::EnabledChange && !isEnabled())
+        endDrag();
+    QWidget::changeEvent(event);
+}
+
+void ZoltaEqualizerGraph::hideEvent(QHideEvent*) { endDrag(); }
 
 void ZoltaEqualizerGraph::paintEvent(QPaintEvent*)
 {
@@ -294,11 +299,20 @@ bool ZoltaEqualizerGraph::store(std::size_t slot, int value)
     return false;
 }
 
+void ZoltaEqualizerGraph::endDrag()
+{
+    if (!m_dragging)
+        return;
+    m_dragging = false;
+    m_grabbedTarget = EditTargetNone;
+    update();
+}
+
 void ZoltaEqualizerGraph::dragQuality(int band, int y)
 {
     const std::optional<unsigned short> parameter = parameterId(band, Field::Quality);
     int value = 0;
-    if (!parameter || m_memAPI->getValue(*parameter, m_ch, &value, Element) < 0)
+    if (height() == 0 || !parameter || m_memAPI->getValue(*parameter, m_ch, &value, Element) < 0)
         return;
     const double step = height() / 181.0;
     const double moved = value + std::round((m_lastPosition.y() - y) / step);

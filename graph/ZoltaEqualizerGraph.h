@@ -85,6 +85,9 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    /// A widget that is disabled or hidden is not told of the release, so either ends a drag.
+    void changeEvent(QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
@@ -111,6 +114,7 @@ private:
     /// the host does not tell the parameter's range.
     bool store(std::size_t slot, int value);
 
+    void endDrag();
     void dragQuality(int band, int y);
     void dragFrequency(int band, double x);
     void dragGain(int band, double y);

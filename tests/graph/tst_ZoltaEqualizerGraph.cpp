@@ -1,0 +1,702 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/graph/GraphFixture.h"
+#include "tests/graph/GraphMouse.h"
+#include "tests/support/TestObject.h"
+
+#include <limits>
+#include <memory>
+
+using Graph = ZoltaEqualizerGraph;
+using Operation = TestHost::Operation;
+
+namespace {
+
+bool isContinuous(int slot) { return slot % 4 >= 2 || (slot % 4 == 1 && slot > 3 && slot < 20); }
+
+/// How often the graph is observing the host.
+int registrations(const GraphFixture& f, unsigned short ch)
+{
+    int count = 0;
+    for (const int number : SlotNumbers)
+        count += f.host.observerCount(TestHost::name(number), ch);
+    return count;
+}
+
+QPointF handle(const GraphFixture& f, int band) { return f.graph->getTargetPoint(targetOf(band)); }
+
+/// A session that makes every kind of host call there is.
+void runSession(GraphFixture& f)
+{
+    f.bind();
+    f.graph->setCh(3);
+    f.set(frequencyName(1), 300, 3);
+    f.set(gainName(5), 55, 3);
+    for (const Qt::KeyboardModifier modifier :
+         {Qt::NoModifier, Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier}) {
+        GraphMouse mouse(f.graph);
+        mouse.press({350, 90}, modifier);
+        mouse.move({360, 80}, modifier);
+        mouse.release({360, 80}, modifier);
+    }
+    f.picture();
+    f.graph->setMemAPI(nullptr);
+}
+
+} // namespace
+
+class tst_ZoltaEqualizerGraph : public TestObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initialValues();
+    void noCallWithoutMemory();
+    void registersInOrder();
+    void registersAgainOnChannelChange();
+    void sameChannelChangesNothing();
+    void memoryChangeLeavesTheOldOneFirst();
+    void sameMemoryReadsAnew();
+    void nullMemoryUnbinds();
+    void destructionLeavesNoObserver();
+    void unknownName_data();
+    void unknownName();
+    void noModel();
+    void failedRegistrationsReadNothing_data();
+    void failedRegistrationsReadNothing();
+    void failingHostCalls();
+
+    void frequencyMovesTheHandle_data();
+    void frequencyMovesTheHandle();
+    void gainMovesTheHandle_data();
+    void gainMovesTheHandle();
+    void onFlagsMakeCandidates_data();
+    void onFlagsMakeCandidates();
+    void typesMoveTheHandle_data();
+    void typesMoveTheHandle();
+    void qualityChangesThePictureOnly_data();
+    void qualityChangesThePictureOnly();
+    void unusedParametersChangeNothing_data();
+    void unusedParametersChangeNothing();
+    void rangeEndsAndBeyond();
+    void degenerateRange();
+    void rangeAsWideAsAnInt();
+    void failedRangeKeepsTheField();
+
+    void updateOfAnotherChannel();
+    void updateOfAnUnknownId();
+    void updateAnswersZero();
+    void updatePropertyDoesNothing();
+    void channelIsSixteenBits();
+
+    void zoomRanges_data();
+    void zoomRanges();
+    void zoomStopsAtTheEnds();
+    void zoomIndexOutsideIsIgnored();
+    void zoomSlots();
+    void sampleRateRedesigns();
+    void editTargetHighlights();
+};
+
+void tst_ZoltaEqualizerGraph::initialValues()
+{
+    GraphFixture f;
+    const std::array<double, 6> frequencies = {80, 400, 800, 2500, 5600, 12500};
+    QCOMPARE(f.graph->zoom(), 3);
+    for (int band = 0; band < 6; ++band) {
+        const QPointF expected(f.plot().x(frequencies[static_cast<std::size_t>(band)]),
+                               f.plot().centre);
+        QVERIFY(isNear(handle(f, band), expected));
+        QCOMPARE(f.graph->getPointTarget(expected.toPoint()), targetOf(band));
+    }
+    QCOMPARE(f.graph->getDragMode(Qt::NoModifier), Graph::DragModeNone);
+}
+
+void tst_ZoltaEqualizerGraph::noCallWithoutMemory()
+{
+    GraphFixture f;
+    f.graph->setCh(2);
+    f.graph->setFs(96000);
+    f.picture();
+    QCOMPARE(f.host.callCount(), 0);
+}
+
+void tst_ZoltaEqualizerGraph::registersInOrder()
+{
+    GraphFixture f;
+    f.graph->setCh(5);
+    f.bind();
+
+    std::size_t next = 0;
+    const auto& calls = f.host.calls();
+    for (std::size_t slot = 0; slot < SlotNumbers.size(); ++slot) {
+        const QByteArray name = TestHost::name(SlotNumbers[slot]);
+        std::vector<Operation> expected = {Operation::FindParameter, Operation::GetParameterAddress,
+                                           Operation::GetValue};
+        if (isContinuous(static_cast<int>(slot)))
+            expected.push_back(Operation::GetRange);
+        expected.push_back(Operation::RegisterObserver);
+        for (const Operation operation : expected) {
+            QVERIFY(next < calls.size());
+            const TestHost::Call& call = calls[next++];
+            QCOMPARE(call.operation, operation);
+            if (operation == Operation::FindParameter) {
+                QCOMPARE(call.text, name);
+                continue;
+            }
+            const bool model = operation == Operation::GetParameterAddress;
+            QCOMPARE(call.parameter, model ? f.host.index(name) : f.host.id(name));
+            QCOMPARE(call.ch, static_cast<unsigned short>(model ? 0 : 5));
+            QCOMPARE(call.element, static_cast<unsigned short>(0));
+            if (operation == Operation::RegisterObserver)
+                QCOMPARE(call.observer,
+                         static_cast<const void*>(static_cast<IPrmObserver*>(f.graph)));
+        }
+    }
+    QCOMPARE(next, calls.size());
+}
+
+void tst_ZoltaEqualizerGraph::registersAgainOnChannelChange()
+{
+    GraphFixture f;
+    f.bind();
+    f.host.setSilently(gainName(2), 4, 60);
+    f.host.resetLedger();
+    f.graph->setCh(4);
+
+    QCOMPARE(registrations(f, 0), 0);
+    QCOMPARE(registrations(f, 4), 24);
+    QVERIFY(isNear(handle(f, 2), {f.plot().x(hertz(600)), f.plot().y(6.0)}));
+    for (std::size_t slot = 0; slot < SlotNumbers.size(); ++slot) {
+        const TestHost::Call& call = f.host.calls()[slot];
+        QCOMPARE(call.operation, Operation::UnregisterObserver);
+        QCOMPARE(call.parameter, f.host.id(TestHost::name(SlotNumbers[slot])));
+        QCOMPARE(call.ch, static_cast<unsigned short>(0));
+    }
+    QVERIFY(!f.host.calls()[24].failed);
+    QCOMPARE(f.host.count(Operation::UnregisterObserver), 24);
+}
+
+void tst_ZoltaEqualizerGraph::sameChannelChangesNothing()
+{
+    GraphFixture f;
+    f.bind();
+    f.host.resetLedger();
+    f.graph->setCh(0);
+    QCOMPARE(f.host.callCount(), 0);
+}
+
+void tst_ZoltaEqualizerGraph::memoryChangeLeavesTheOldOneFirst()
+{
+    TestHost other;
+    other.set(frequencyName(3), 0, 1000);
+    GraphFixture f;
+    f.bind();
+    f.graph->setMemAPI(other.memory());
+    QCOMPARE(f.host.observerCount(), 0);
+    QCOMPARE(other.observerCount(), 24);
+    QVERIFY(isNear(handle(f, 3), {f.plot().x(hertz(1000)), f.plot().centre}));
+
+    f.set(frequencyName(3), 200);
+    QVERIFY(isNear(handle(f, 3), {f.plot().x(hertz(1000)), f.plot().centre}));
+    f.graph->setMemAPI(nullptr);
+    QCOMPARE(other.observerCount(), 0);
+}
+
+void tst_ZoltaEqualizerGraph::sameMemoryReadsAnew()
+{
+    GraphFixture f;
+    f.bind();
+    f.host.setSilently(frequencyName(1), 0, 90);
+    f.bind();
+    QCOMPARE(f.host.observerCount(), 24);
+    QVERIFY(isNear(handle(f, 1), {f.plot().x(hertz(90)), f.plot().centre}));
+}
+
+void tst_ZoltaEqualizerGraph::nullMemoryUnbinds()
+{
+    GraphFixture f;
+    f.bind();
+    f.setBand(2, 700, 50);
+    f.graph->setMemAPI(nullptr);
+    QCOMPARE(f.host.observerCount(), 0);
+    // What it shows stays.
+    QVERIFY(isNear(handle(f, 2), {f.plot().x(hertz(700)), f.plot().y(5.0)}));
+    f.host.resetLedger();
+    f.graph->setMemAPI(nullptr);
+    f.graph->setCh(1);
+    QCOMPARE(f.host.callCount(), 0);
+}
+
+void tst_ZoltaEqualizerGraph::destructionLeavesNoObserver()
+{
+    GraphFixture f;
+    f.graph->setCh(2);
+    f.bind();
+    QCOMPARE(f.host.observerCount(), 24);
+    delete std::exchange(f.graph, nullptr);
+    QCOMPARE(f.host.observerCount(), 0);
+    f.set(gainName(1), 10, 2);
+}
+
+void tst_ZoltaEqualizerGraph::unknownName_data()
+{
+    QTest::addColumn<int>("number");
+    for (const int number : SlotNumbers)
+        QTest::addRow("%d", number) << number;
+}
+
+void tst_ZoltaEqualizerGraph::unknownName()
+{
+    QFETCH(int, number);
+    GraphFixture f;
+    for (int band = 0; band < 6; ++band) {
+        f.set(typeName(band), 2);
+        f.set(frequencyName(band), 100);
+        f.set(gainName(band), 100);
+    }
+    f.host.removeParameter(TestHost::name(number));
+    f.bind();
+    QCOMPARE(f.host.observerCount(), 23);
+
+    const std::array<double, 6> frequencies = {80, 400, 800, 2500, 5600, 12500};
+    for (int band = 0; band < 6; ++band) {
+        const bool noFrequency = number == 4 * band + 2;
+        const bool noGain = number == 4 * band + 3;
+        const double frequency =
+            noFrequency ? frequencies[static_cast<std::size_t>(band)] : hertz(100);
+        QVERIFY(isNear(handle(f, band), {f.plot().x(frequency), f.plot().y(noGain ? 0.0 : 10.0)}));
+    }
+    f.graph->setMemAPI(nullptr);
+    QCOMPARE(f.host.count(Operation::UnregisterObserver), 23);
+    QCOMPARE(f.host.observerCount(), 0);
+}
+
+void tst_ZoltaEqualizerGraph::noModel()
+{
+    GraphFixture f;
+    f.editor.setModelInfo(nullptr);
+    f.bind();
+    QCOMPARE(f.host.callCount(), 0);
+    f.graph->Update(0, 0, 1, nullptr);
+    QVERIFY(isNear(handle(f, 0), {f.plot().x(80), f.plot().centre}));
+}
+
+void tst_ZoltaEqualizerGraph::failedRegistrationsReadNothing_data()
+{
+    QTest::addColumn<int>("operation");
+    QTest::addColumn<int>("registered");
+    const auto row = [](const char* tag, Operation operation, int registered) {
+        QTest::newRow(tag) << static_cast<int>(operation) << registered;
+    };
+    row("findParameter", Operation::FindParameter, 0);
+    row("getParameterAddress", Operation::GetParameterAddress, 0);
+    row("getValue", Operation::GetValue, 24);
+    row("getRange", Operation::GetRange, 24);
+}
+
+void tst_ZoltaEqualizerGraph::failedRegistrationsReadNothing()
+{
+    QFETCH(int, operation);
+    QFETCH(int, registered);
+    GraphFixture f;
+    for (int band = 0; band < 6; ++band)
+        f.setBand(band, 1, 150);
+    f.host.failAll(static_cast<Operation>(operation));
+    f.bind();
+    QCOMPARE(f.host.observerCount(), registered);
+    const std::array<double, 6> frequencies = {80, 400, 800, 2500, 5600, 12500};
+    for (int band = 0; band < 6; ++band)
+        QVERIFY(isNear(handle(f, band),
+                       {f.plot().x(frequencies[static_cast<std::size_t>(band)]), f.plot().centre}));
+}
+
+void tst_ZoltaEqualizerGraph::failingHostCalls()
+{
+    int n = 0;
+    for (int calls = 1; calls >= n;) {
+        GraphFixture f;
+        f.host.failAnyCall(++n);
+        runSession(f);
+        calls = f.host.callCount();
+        const auto& ledger = f.host.calls();
+        const bool planted = n <= calls;
+        const TestHost::Call* failed = planted ? &ledger[static_cast<std::size_t>(n - 1)] : nullptr;
+        QCOMPARE(failed != nullptr && failed->failed, planted);
+        // Only an unregistration that the host itself refuses may leave an observer behind.
+        const bool refused = failed && failed->operation == Operation::UnregisterObserver;
+        QCOMPARE(f.host.observerCount(), refused ? 1 : 0);
+        // The graph goes on: a channel that was not touched by the fault binds as ever.
+        f.graph->setCh(7);
+        f.bind();
+        f.set(frequencyName(4), 333, 7);
+        QVERIFY(isNear(handle(f, 4), {f.plot().x(hertz(333)), handle(f, 4).y()}));
+        if (refused) {
+            f.graph->setMemAPI(nullptr);
+            QCOMPARE(f.host.observerCount(), 1);
+        }
+    }
+    QVERIFY(n > 200);
+}
+
+void tst_ZoltaEqualizerGraph::frequencyMovesTheHandle_data()
+{
+    QTest::addColumn<int>("band");
+    for (int band = 0; band < 6; ++band)
+        QTest::addRow("%d", band) << band;
+}
+
+void tst_ZoltaEqualizerGraph::frequencyMovesTheHandle()
+{
+    QFETCH(int, band);
+    GraphFixture f;
+    f.bind();
+    for (const int raw : {0, 1, 137, 600, 1199, 1200}) {
+        f.set(frequencyName(band), raw);
+        for (int other = 0; other < 6; ++other) {
+            const double expected = other == band ? hertz(raw) : hertz(600);
+            QVERIFY(isNear(handle(f, other), {f.plot().x(expected), f.plot().centre}));
+        }
+    }
+}
+
+void tst_ZoltaEqualizerGraph::gainMovesTheHandle_data() { frequencyMovesTheHandle_data(); }
+
+void tst_ZoltaEqualizerGraph::gainMovesTheHandle()
+{
+    QFETCH(int, band);
+    GraphFixture f;
+    f.bind();
+    for (const int raw : {-200, -199, -37, 0, 1, 120, 200}) {
+        f.set(gainName(band), raw);
+        for (int other = 0; other < 6; ++other) {
+            const double expected = other == band ? decibels(raw) : 0.0;
+            QVERIFY(isNear(handle(f, other), {f.plot().x(hertz(600)), f.plot().y(expected)}));
+        }
+    }
+}
+
+void tst_ZoltaEqualizerGraph::onFlagsMakeCandidates_data() { frequencyMovesTheHandle_data(); }
+
+void tst_ZoltaEqualizerGraph::onFlagsMakeCandidates()
+{
+    QFETCH(int, band);
+    GraphFixture f;
+    f.bind();
+    f.solo(band);
+    QCOMPARE(f.graph->getPointTarget(QPoint(100, 60)), targetOf(band));
+    f.set(onName(band), 0);
+    QCOMPARE(f.graph->getPointTarget(QPoint(100, 60)), Graph::EditTargetNone);
+    for (const int on : {-1, 2, 256, std::numeric_limits<int>::min()}) {
+        f.set(onName(band), on);
+        QCOMPARE(f.graph->getPointTarget(QPoint(100, 60)), targetOf(band));
+    }
+}
+
+void tst_ZoltaEqualizerGraph::typesMoveTheHandle_data()
+{
+    QTest::addColumn<int>("band");
+    QTest::addColumn<int>("type");
+    QTest::addColumn<int>("place"); // 1 on its gain, 0 on 0 dB, -1 at (0, 0)
+    for (const int band : {0, 5})
+        for (const auto& [type, place] :
+             {std::pair(0, 0), {1, 0}, {2, 1}, {3, 1}, {4, -1}, {-1, -1}, {1000, -1}, {65536, -1}})
+            QTest::addRow("band %d type %d", band, type) << band << type << place;
+}
+
+void tst_ZoltaEqualizerGraph::typesMoveTheHandle()
+{
+    QFETCH(int, band);
+    QFETCH(int, type);
+    QFETCH(int, place);
+    GraphFixture f;
+    f.bind();
+    f.setBand(band, 250, -70);
+    f.set(typeName(band), type);
+    const Plot plot = f.plot();
+    const QPointF expected(plot.x(hertz(250)), place == 1 ? plot.y(-7.0) : plot.centre);
+    QVERIFY(isNear(handle(f, band), place < 0 ? QPointF() : expected));
+    // The other outer band has kept its own type.
+    QVERIFY(isNear(handle(f, 5 - band), {plot.x(hertz(600)), plot.centre}));
+    f.setBand(5 - band, 250, -70);
+    QVERIFY(isNear(handle(f, 5 - band), {plot.x(hertz(250)), plot.y(-7.0)}));
+}
+
+void tst_ZoltaEqualizerGraph::qualityChangesThePictureOnly_data()
+{
+    QTest::addColumn<int>("band");
+    for (int band = 1; band < 5; ++band)
+        QTest::addRow("%d", band) << band;
+}
+
+void tst_ZoltaEqualizerGraph::qualityChangesThePictureOnly()
+{
+    QFETCH(int, band);
+    GraphFixture f;
+    f.bind();
+    f.setBand(band, 600, 100);
+    const QImage before = f.picture();
+    f.set(qualityName(band), 400);
+    QVERIFY(f.picture() != before);
+    QVERIFY(isNear(handle(f, band), {f.plot().x(hertz(600)), f.plot().y(10.0)}));
+    f.set(qualityName(band), 250);
+    QCOMPARE(f.picture(), before);
+}
+
+void tst_ZoltaEqualizerGraph::unusedParametersChangeNothing_data()
+{
+    QTest::addColumn<int>("number");
+    for (const int number : {25, 26, 27})
+        QTest::addRow("%d", number) << number;
+}
+
+void tst_ZoltaEqualizerGraph::unusedParametersChangeNothing()
+{
+    QFETCH(int, number);
+    GraphFixture f;
+    f.bind();
+    f.setBand(2, 500, 80);
+    const QImage before = f.picture();
+    f.graph->Update(f.host.id(TestHost::name(number)), 0, 1, nullptr);
+    f.set(TestHost::name(number), 1);
+    QCOMPARE(f.picture(), before);
+}
+
+void tst_ZoltaEqualizerGraph::rangeEndsAndBeyond()
+{
+    GraphFixture f;
+    f.host.setRange(frequencyName(2), -5, 11);
+    f.host.setRange(gainName(2), 1000, 3000);
+    f.bind();
+    const auto check = [&](int frequency, int gain, double hz, double db) {
+        f.setBand(2, frequency, gain);
+        return isNear(handle(f, 2), {f.plot().x(hz), f.plot().y(db)});
+    };
+    QVERIFY(check(-5, 1000, 20, -20));
+    QVERIFY(check(11, 3000, 20000, 20));
+    QVERIFY(check(-6, 999, 20, -20));
+    QVERIFY(check(12, 3001, 20000, 20));
+    QVERIFY(check(std::numeric_limits<int>::min(), std::numeric_limits<int>::min(), 20, -20));
+    QVERIFY(check(std::numeric_limits<int>::max(), std::numeric_limits<int>::max(), 20000, 20));
+    QVERIFY(check(3, 2000, 20 * std::sqrt(1000.0), 0));
+
+    f.host.setRange(qualityName(2), 10, 20);
+    f.setBand(2, 3, 2500);
+    const auto picture = [&](int raw) {
+        f.set(qualityName(2), raw);
+        return f.picture();
+    };
+    QCOMPARE(picture(5), picture(10));
+    QCOMPARE(picture(25), picture(20));
+    QVERIFY(picture(10) != picture(20));
+}
+
+void tst_ZoltaEqualizerGraph::degenerateRange()
+{
+    GraphFixture f;
+    for (const int number : SlotNumbers)
+        f.host.setRange(TestHost::name(number), 7, 7);
+    f.bind();
+    for (const int value : {6, 7, 8}) {
+        for (const int number : SlotNumbers)
+            f.set(TestHost::name(number), value);
+        f.picture();
+    }
+    runSession(f);
+    for (int band = 1; band < 5; ++band)
+        QVERIFY(std::isfinite(handle(f, band).x()) && std::isfinite(handle(f, band).y()));
+}
+
+void tst_ZoltaEqualizerGraph::rangeAsWideAsAnInt()
+{
+    constexpr int lowest = std::numeric_limits<int>::min();
+    constexpr int highest = std::numeric_limits<int>::max();
+    GraphFixture f;
+    for (const int number : SlotNumbers)
+        f.host.setRange(TestHost::name(number), lowest, highest);
+    f.bind();
+    f.setBand(1, lowest, highest);
+    QVERIFY(isNear(handle(f, 1), {f.plot().x(20), f.plot().y(20)}));
+    f.setBand(1, highest, lowest);
+    QVERIFY(isNear(handle(f, 1), {f.plot().x(20000), f.plot().y(-20)}));
+    f.setBand(1, 0, 0);
+    QVERIFY(isNear(handle(f, 1), {f.plot().x(20 * std::sqrt(1000.0)), f.plot().centre}));
+    runSession(f);
+}
+
+void tst_ZoltaEqualizerGraph::failedRangeKeepsTheField()
+{
+    GraphFixture f;
+    f.bind();
+    f.setBand(3, 400, 90);
+    const QImage before = f.picture();
+    f.host.failAll(Operation::GetRange);
+    f.setBand(3, 10, 10);
+    f.set(qualityName(3), 10);
+    QCOMPARE(f.picture(), before);
+    f.host.clearFaults();
+    f.setBand(3, 10, 10);
+    QVERIFY(isNear(handle(f, 3), {f.plot().x(hertz(10)), f.plot().y(1.0)}));
+}
+
+void tst_ZoltaEqualizerGraph::updateOfAnotherChannel()
+{
+    GraphFixture f;
+    f.graph->setCh(1);
+    f.bind();
+    f.host.resetLedger();
+    const QImage before = f.picture();
+    for (const int number : SlotNumbers)
+        QCOMPARE(f.graph->Update(f.host.id(TestHost::name(number)), 0, 0, nullptr), 0);
+    QCOMPARE(f.picture(), before);
+    QCOMPARE(f.host.callCount(), 0);
+}
+
+void tst_ZoltaEqualizerGraph::updateOfAnUnknownId()
+{
+    GraphFixture f;
+    f.bind();
+    f.host.resetLedger();
+    const QImage before = f.picture();
+    for (const unsigned short id :
+         std::initializer_list<unsigned short>{0, 1, 904, 102, 3000, 65535})
+        QCOMPARE(f.graph->Update(id, 0, 0, nullptr), 0);
+    QCOMPARE(f.picture(), before);
+    QCOMPARE(f.host.callCount(), 0);
+}
+
+void tst_ZoltaEqualizerGraph::updateAnswersZero()
+{
+    GraphFixture f;
+    f.bind();
+    for (const int number : SlotNumbers)
+        QCOMPARE(f.graph->Update(f.host.id(TestHost::name(number)), 0, 1, "text"), 0);
+}
+
+void tst_ZoltaEqualizerGraph::updatePropertyDoesNothing()
+{
+    GraphFixture f;
+    f.bind();
+    f.host.resetLedger();
+    const QImage before = f.picture();
+    f.host.setRange(frequencyName(1), 0, 10);
+    f.host.notifyProperty(frequencyName(1), 0);
+    QCOMPARE(f.graph->UpdateProperty(f.host.id(frequencyName(1)), 0, 1, 2, 3, true, "x"), 0);
+    QCOMPARE(f.picture(), before);
+    QCOMPARE(f.host.callCount(), 0);
+}
+
+void tst_ZoltaEqualizerGraph::channelIsSixteenBits()
+{
+    GraphFixture f;
+    f.host.setChannels({0, 65535});
+    f.bind();
+    f.graph->setCh(65535);
+    QCOMPARE(registrations(f, 65535), 24);
+    f.set(frequencyName(1), 10, 65535);
+    QVERIFY(isNear(handle(f, 1), {f.plot().x(hertz(10)), f.plot().centre}));
+}
+
+void tst_ZoltaEqualizerGraph::zoomRanges_data()
+{
+    QTest::addColumn<int>("zoom");
+    QTest::addColumn<double>("range");
+    const std::array<double, 7> ranges = {40, 20, 16, 12, 8, 4, 2};
+    for (std::size_t i = 0; i < ranges.size(); ++i)
+        QTest::addRow("%d dB", static_cast<int>(ranges[i])) << static_cast<int>(i) << ranges[i];
+}
+
+void tst_ZoltaEqualizerGraph::zoomRanges()
+{
+    QFETCH(int, zoom);
+    QFETCH(double, range);
+    GraphFixture f;
+    f.bind();
+    f.set(gainName(2), 13);
+    f.graph->setZoom(zoom);
+    QCOMPARE(f.graph->zoom(), zoom);
+    // H = 192: the plot runs from 9.5 to 163.5 with 0 dB at 86.5.
+    QVERIFY(std::abs(handle(f, 2).y() - (86.5 - 77.0 * 1.3 / range)) < 1e-3);
+}
+
+void tst_ZoltaEqualizerGraph::zoomStopsAtTheEnds()
+{
+    GraphFixture f;
+    f.graph->setZoom(6);
+    f.graph->zoomUp();
+    QCOMPARE(f.graph->zoom(), 6);
+    f.graph->setZoom(0);
+    f.graph->zoomDown();
+    QCOMPARE(f.graph->zoom(), 0);
+    for (int index = 1; index < 7; ++index) {
+        f.graph->zoomUp();
+        QCOMPARE(f.graph->zoom(), index);
+    }
+    for (int index = 5; index >= 0; --index) {
+        f.graph->zoomDown();
+        QCOMPARE(f.graph->zoom(), index);
+    }
+}
+
+void tst_ZoltaEqualizerGraph::zoomIndexOutsideIsIgnored()
+{
+    GraphFixture f;
+    for (const int index :
+         {7, -1, 8, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()}) {
+        f.graph->setZoom(index);
+        QCOMPARE(f.graph->zoom(), 3);
+    }
+}
+
+void tst_ZoltaEqualizerGraph::zoomSlots()
+{
+    GraphFixture f;
+    QVERIFY(QMetaObject::invokeMethod(f.graph, "zoomUp"));
+    QCOMPARE(f.graph->zoom(), 4);
+    QVERIFY(QMetaObject::invokeMethod(f.graph, "zoomDown"));
+    QCOMPARE(f.graph->zoom(), 3);
+}
+
+void tst_ZoltaEqualizerGraph::sampleRateRedesigns()
+{
+    GraphFixture f;
+    f.bind();
+    for (int band = 0; band < 6; ++band)
+        f.setBand(band, 1100, 100);
+    for (int band = 0; band < 6; ++band) {
+        f.solo(band);
+        f.graph->setFs(44100);
+        const QImage before = f.picture();
+        f.graph->setFs(48000);
+        QVERIFY(f.picture() != before);
+        f.graph->setFs(44100);
+        QCOMPARE(f.picture(), before);
+    }
+    // A parameter that changes later is designed at the new rate.
+    GraphFixture late;
+    late.graph->setFs(96000);
+    late.bind();
+    late.setBand(3, 1150, 120);
+    GraphFixture early;
+    early.bind();
+    early.setBand(3, 1150, 120);
+    early.graph->setFs(96000);
+    QCOMPARE(late.picture(), early.picture());
+}
+
+void tst_ZoltaEqualizerGraph::editTargetHighlights()
+{
+    GraphFixture f;
+    f.bind();
+    f.setBand(2, 500, 80);
+    const QImage none = f.picture();
+    f.graph->setEditTarget(Graph::EditTargetMiddle2);
+    QVERIFY(f.picture() != none);
+    f.graph->setEditTarget(static_cast<Graph::EditTarget>(7));
+    QCOMPARE(f.picture(), none);
+    f.graph->setEditTarget(Graph::EditTargetNone);
+    QCOMPARE(f.picture(), none);
+}
+
+ZOLTA_TEST_MAIN(tst_ZoltaEqualizerGraph)
+
+#include "tst_ZoltaEqualizerGraph.moc"
