@@ -26,7 +26,7 @@ QImage stroked(const Points& points, double width, const QRect& clip = Whole)
     QImage image = blank();
     CurveRaster raster;
     raster.setClip(clip);
-    raster.stroke(image, points, width, Qt::white);
+    raster.stroke(points, width).draw(image, Qt::white);
     return image;
 }
 
@@ -196,6 +196,7 @@ private Q_SLOTS:
     void strokesOverOneAnother();
     void opaqueOnTransparent();
     void strokesDoNotAddUp();
+    void erasingBringsTheBackgroundBack();
 };
 
 void tst_CurveRaster::straightLines_data()
@@ -376,7 +377,7 @@ void tst_CurveRaster::nothingOutsideTheClip()
     CurveRaster raster;
     const QRect clip(7, 5, 40, 30);
     raster.setClip(clip);
-    raster.stroke(image, Points{{-20, -20}, {80, 70}, {10, 80}, {50, -40}}, 8.0, Qt::red);
+    raster.stroke(Points{{-20, -20}, {80, 70}, {10, 80}, {50, -40}}, 8.0).draw(image, Qt::red);
     int changed = 0;
     for (int y = 0; y < PictureSize.height(); ++y)
         for (int x = 0; x < PictureSize.width(); ++x) {
@@ -395,8 +396,7 @@ void tst_CurveRaster::clipChange()
                              QRect(), QRect(20, 5, 40, 40)}) {
         QImage image = blank();
         raster.setClip(clip);
-        raster.setClip(clip);
-        raster.stroke(image, curve, 2.5, Qt::white);
+        raster.stroke(curve, 2.5).draw(image, Qt::white);
         QCOMPARE(image, stroked(curve, 2.5, clip));
     }
 }
@@ -406,11 +406,11 @@ void tst_CurveRaster::emptyClip()
     const Points curve = {{3, 4}, {30, 40}};
     QImage image = blank();
     CurveRaster raster;
-    raster.stroke(image, curve, 2.0, Qt::white);
+    raster.stroke(curve, 2.0).draw(image, Qt::white);
     for (const QRect clip :
          {QRect(), QRect(5, 5, 0, 10), QRect(5, 5, 10, 0), QRect(5, 5, -3, -3)}) {
         raster.setClip(clip);
-        raster.stroke(image, curve, 2.0, Qt::white);
+        raster.stroke(curve, 2.0).draw(image, Qt::white);
     }
     QCOMPARE(image, blank());
 }
@@ -440,8 +440,8 @@ void tst_CurveRaster::strokesOverOneAnother()
     QImage image = blank(ground);
     CurveRaster raster;
     raster.setClip(Whole);
-    raster.stroke(image, first, 5.0, below);
-    raster.stroke(image, second, 3.0, above);
+    raster.stroke(first, 5.0).draw(image, below);
+    raster.stroke(second, 3.0).draw(image, above);
 
     const QImage firstShare = stroked(first, 5.0);
     const QImage secondShare = stroked(second, 3.0);
@@ -467,7 +467,7 @@ void tst_CurveRaster::opaqueOnTransparent()
     QImage image = blank(Qt::transparent);
     CurveRaster raster;
     raster.setClip(Whole);
-    raster.stroke(image, curve, 2.6, QColor(255, 128, 0));
+    raster.stroke(curve, 2.6).draw(image, QColor(255, 128, 0));
     const QImage shares = stroked(curve, 2.6);
     const auto* pixels = reinterpret_cast<const QRgb*>(image.constBits());
     for (int y = 0; y < PictureSize.height(); ++y)
@@ -487,10 +487,26 @@ void tst_CurveRaster::strokesDoNotAddUp()
     CurveRaster raster;
     raster.setClip(Whole);
     QImage scrap = blank();
-    raster.stroke(scrap, Points{{-10, 70}, {20, -30}, {40, 90}, {80, -9}}, 7.0, Qt::white);
+    raster.stroke(Points{{-10, 70}, {20, -30}, {40, 90}, {80, -9}}, 7.0).draw(scrap, Qt::white);
     QImage image = blank();
-    raster.stroke(image, Points{{5, 5}, {60, 40}}, 1.5, Qt::white);
+    raster.stroke(Points{{5, 5}, {60, 40}}, 1.5).draw(image, Qt::white);
     QCOMPARE(image, stroked({{5, 5}, {60, 40}}, 1.5));
+}
+
+void tst_CurveRaster::erasingBringsTheBackgroundBack()
+{
+    QImage background = blank(Qt::transparent);
+    for (int y = 0; y < PictureSize.height(); ++y)
+        for (int x = 0; x < PictureSize.width(); ++x)
+            background.setPixelColor(x, y, QColor(3 * x, 5 * y, x + y, 4 * x));
+    CurveRaster raster;
+    raster.setClip(QRect(4, 3, 50, 40));
+    const CurveStroke stroke = raster.stroke(Points{{-10, 7}, {20, 30}, {40, -9}, {80, 9}}, 5.0);
+    QImage image = background;
+    stroke.draw(image, Qt::white);
+    QVERIFY(image != background);
+    stroke.erase(image, background);
+    QCOMPARE(image, background);
 }
 
 QTEST_APPLESS_MAIN(tst_CurveRaster)

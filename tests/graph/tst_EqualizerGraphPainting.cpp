@@ -238,6 +238,7 @@ private Q_SLOTS:
     void fontChangeReachesTheLabels();
     void repaintsOnlyOnChange();
     void paintingIsRepeatable();
+    void everyChangeLeavesAFreshPicture();
 };
 
 void tst_EqualizerGraphPainting::initTestCase()
@@ -953,6 +954,50 @@ void tst_EqualizerGraphPainting::paintingIsRepeatable()
     QVERIFY(f.picture() != first);
     arrange(f, Everything);
     QCOMPARE(f.picture(), first);
+}
+
+void tst_EqualizerGraphPainting::everyChangeLeavesAFreshPicture()
+{
+    // Strokes are kept and erased between repaints; a graph that has seen nothing before must not
+    // look any different.
+    GraphFixture fixture;
+    fixture.bind();
+    std::mt19937 random(20);
+    const auto pick = [&](int count) { return static_cast<int>(random() % unsigned(count)); };
+    int target = 0;
+    for (int step = 0; step < 120; ++step) {
+        const int band = pick(6);
+        switch (pick(6)) {
+        case 0:
+            fixture.set(onName(band), pick(2));
+            break;
+        case 1:
+            fixture.set(frequencyName(band), pick(1201));
+            break;
+        case 2:
+            fixture.set(gainName(band), pick(401) - 200);
+            break;
+        case 3:
+            fixture.set(typeName(band), band == 0 || band == 5 ? pick(4) : pick(501));
+            break;
+        case 4:
+            fixture.graph->setZoom(pick(7));
+            break;
+        default:
+            target = pick(7);
+            break;
+        }
+        fixture.graph->setEditTarget(static_cast<ZoltaEqualizerGraph::EditTarget>(target));
+
+        GraphFixture fresh;
+        for (int number = 1; number <= 24; ++number)
+            fresh.host.set(TestHost::name(number), 0,
+                           fixture.host.value(TestHost::name(number), 0));
+        fresh.bind();
+        fresh.graph->setZoom(fixture.graph->zoom());
+        fresh.graph->setEditTarget(static_cast<ZoltaEqualizerGraph::EditTarget>(target));
+        QCOMPARE(fixture.picture(), fresh.picture());
+    }
 }
 
 ZOLTA_TEST_MAIN(tst_EqualizerGraphPainting)
