@@ -5,7 +5,6 @@ Usage: check_includes.py PROJECT_ROOT
 """
 
 import re
-import subprocess
 import sys
 from pathlib import Path
 
@@ -76,13 +75,8 @@ def problems_of(path, text):
 
 
 def main(root):
-    files = subprocess.run(
-        ["git", "-C", root, "ls-files", "--cached", "--others", "--exclude-standard", "-z"],
-        capture_output=True, check=False).stdout.decode().split("\0")
-    if len(files) < 2:  # not a checkout
-        files = [str(p.relative_to(root)) for p in Path(root).rglob("*")
-                 if p.is_file() and p.relative_to(root).parts[0] != "build"]
-    sources = [f for f in files if f.endswith((".h", ".cpp")) and (Path(root) / f).exists()]
+    paths = [p.relative_to(root) for p in Path(root).rglob("*") if p.suffix in (".h", ".cpp")]
+    sources = [str(p) for p in paths if p.parts[0] != "build"]
     found = 0
     for path in sorted(sources):
         text = (Path(root) / path).read_text()
