@@ -48,7 +48,8 @@ constexpr std::array<FrequencyLabel, 10> FrequencyLabels = {{{20.0, "20"},
                                                              {5000.0, "5k"},
                                                              {10000.0, "10k"},
                                                              {20000.0, "20k"}}};
-constexpr int GridRows = 8;
+constexpr int RowsAboveZero = 4;
+constexpr int GridRows = 2 * RowsAboveZero;
 
 // In units of the plot's height, as all lengths here.
 constexpr double LabelSize = 12.0;
@@ -95,10 +96,10 @@ void drawGridLines(QPainter& painter, const PlotAxes& axes)
 /// reads "+2", "+1", "+1", "+0", "0dB" and so on.
 QString levelLabel(int row, double range)
 {
-    const int steps = GridRows / 2 - row;
+    const int steps = RowsAboveZero - row;
     if (steps == 0)
         return QStringLiteral("0dB");
-    const int level = static_cast<int>(range * std::abs(steps) / (GridRows / 2));
+    const int level = static_cast<int>(range * std::abs(steps) / RowsAboveZero);
     return (steps > 0 ? QLatin1Char('+') : QLatin1Char('-')) + QString::number(level);
 }
 
