@@ -152,6 +152,7 @@ private Q_SLOTS:
     void closesMeanwhile();
     void destroyedWhileOpen_data();
     void destroyedWhileOpen();
+    void menuDestroyedWhileOpen();
     void deletionInside_data();
     void deletionInside();
     void valuesBeyondTheListAndWideRanges();
@@ -601,6 +602,15 @@ void tst_PullDownButtonController::destroyedWhileOpen()
     QVERIFY(!QApplication::activePopupWidget());
     QCOMPARE(host.observerCount(), 0);
     QCOMPARE(host.count(TestHost::Operation::SetValue), 0);
+}
+
+void tst_PullDownButtonController::menuDestroyedWhileOpen()
+{
+    BoundFixture fixture;
+    QVERIFY(useMenu(*fixture.button, [](Menu& menu) { delete &menu; }));
+    QVERIFY(!fixture.button->isOpen());
+    QVERIFY(useMenu(*fixture.button, picking(2)));
+    QCOMPARE(fixture.value(), 2);
 }
 
 void tst_PullDownButtonController::deletionInside_data()
