@@ -2,20 +2,26 @@
 #pragma once
 
 #include "controls/AbstractController.h"
+#include "controls/ControlAccessible.h"
 #include "plugin/interfaces/IMemAPI.h"
 #include "tests/support/TestHost.h"
 
+#include <QAccessible>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QMetaMethod>
 #include <QMetaProperty>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QStringList>
+#include <QTest>
 #include <QWheelEvent>
 #include <QWidget>
 
 #include <cmath>
 #include <cstring>
+#include <memory>
+#include <utility>
 
 /// What the tests of the controls share: events as a user's hand makes them, a ledger of the edits,
 /// and the meta-object as text.
@@ -128,6 +134,90 @@ protected:
 
 private:
     Ledger& m_ledger;
+};
+
+/// What can come between the press and the release of a drag.
+inline const QStringList Interruptions = {
+    QStringLiteral("disabled"),     QStringLiteral("parent disabled"),
+    QStringLiteral("hidden"),       QStringLiteral("parent hidden"),
+    QStringLiteral("rebound"),      QStringLiteral("unbound"),
+    QStringLiteral("destroyed"),    QStringLiteral("parent destroyed"),
+    QStringLiteral("pressed again")};
+
+/// Does one of them to \a control, which is bound to Parameter on channel 0 and a child of
+/// \a parent; what is destroyed is null afterwards.
+template <class Control>
+void interrupt(const QString& how, std::unique_ptr<QWidget>& parent, QPointer<Control>& control,
+               const TestHost& host)
+{
+    QWidget& target = how.startsWith(QLatin1String("parent")) ? *parent : *control;
+    if (how.endsWith(QLatin1String("disabled")))
+        target.setEnabled(false);
+    else if (how.endsWith(QLatin1String("hidden")))
+        target.hide();
+    else if (how == QLatin1String("rebound"))
+        bind(*control, host, Parameter, 3);
+    else if (how == QLatin1String("unbound"))
+        unbind(*control);
+    else if (how == QLatin1String("destroyed"))
+        delete control.data();
+    else if (how == QLatin1String("parent destroyed"))
+        parent.reset();
+    else
+        press(*control, {20, 5});
+}
+
+/// Whether \a action has \a control repainted, which is in a larger window that is shown.
+template <class Control, class Action> bool repaints(Control& control, Action action)
+{
+    struct Sentinel : QWidget
+    {
+        using QWidget::QWidget;
+        bool painted = false;
+        void paintEvent(QPaintEvent*) override { painted = true; }
+    };
+    Sentinel sentinel(control.window());
+    sentinel.setGeometry(QRect(control.window()->rect().bottomRight(), QSize(1, 1)));
+    sentinel.show();
+    const auto settle = [&sentinel] {
+        sentinel.painted = false;
+        sentinel.update();
+        return QTest::qWaitFor([&sentinel] { return sentinel.painted; });
+    };
+    if (!settle() || !settle())
+        return false;
+    const int before = control.paints;
+    action();
+    return settle() && control.paints > before;
+}
+
+// Accessibility ------------------------------------------------------------------------------
+
+/// Collects the announcements of value changes while it lives.
+class Announcements
+{
+public:
+    Announcements()
+    {
+        s_values.clear();
+        CommonController_MemAPI::setAnnouncer(note);
+    }
+    ~Announcements() { CommonController_MemAPI::setAnnouncer(nullptr); }
+    Announcements(const Announcements&) = delete;
+    Announcements& operator=(const Announcements&) = delete;
+
+    /// The object and its value, in order.
+    static QList<std::pair<const QObject*, QVariant>> values() { return s_values; }
+
+private:
+    static void note(QAccessibleEvent* event)
+    {
+        if (event->type() == QAccessible::ValueChanged)
+            s_values.append(
+                {event->object(), static_cast<QAccessibleValueChangeEvent*>(event)->value()});
+    }
+
+    static inline QList<std::pair<const QObject*, QVariant>> s_values;
 };
 
 // Meta-object --------------------------------------------------------------------------------
