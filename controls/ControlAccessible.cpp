@@ -45,6 +45,12 @@ QAccessibleInterface* makeAccessible(const QString& className, QObject* object)
     return entry.make(static_cast<QWidget*>(object));
 }
 
+Announcer& currentAnnouncer()
+{
+    static Announcer announcer = nullptr;
+    return announcer;
+}
+
 /// Names as Qt finds them for any widget.
 class WidgetName final : public QAccessibleWidget
 {
@@ -140,8 +146,16 @@ QString controlName(QWidget* control, const AbstractController& controller)
 
 void announceValue(QWidget* control, int value)
 {
+    const Announcer announcer = currentAnnouncer();
+    if (!announcer && !QAccessible::isActive())
+        return;
     QAccessibleValueChangeEvent event(control, value);
-    QAccessible::updateAccessibility(&event);
+    if (announcer)
+        announcer(&event);
+    else
+        QAccessible::updateAccessibility(&event);
 }
+
+void setAnnouncer(Announcer announcer) { currentAnnouncer() = announcer; }
 
 } // namespace CommonController_MemAPI
