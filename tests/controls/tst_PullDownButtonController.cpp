@@ -160,6 +160,7 @@ private Q_SLOTS:
 
     void accessible();
     void accessibleMenu();
+    void valueIsAnnouncedOnce();
 };
 
 void tst_PullDownButtonController::metaObject()
@@ -730,6 +731,14 @@ void tst_PullDownButtonController::accessibleMenu()
     interface->actionInterface()->doAction(showMenu);
     delete fixture.button;
     QCoreApplication::processEvents();
+}
+
+void tst_PullDownButtonController::valueIsAnnouncedOnce()
+{
+    BoundFixture fixture;
+    const Announcements announcements;
+    QVERIFY(useMenu(*fixture.button, picking(2)));
+    QCOMPARE(announcements.values(*fixture.button), QList<QVariant>({2}));
 }
 
 ZOLTA_TEST_MAIN(tst_PullDownButtonController)
