@@ -2,6 +2,7 @@
 #include "controls/MeterController.h"
 
 #include "controls/ControlAccessible.h"
+#include "controls/RoundShapes.h"
 #include "editor/meters/MeterConverter.h"
 
 #include <QCoreApplication>
@@ -140,7 +141,9 @@ void MeterController::drawMeter(QPainter* painter)
     const double lit = bar.height() * convertNormalized(m_paintedValue);
     painter->setClipRect(QRectF(bar.x() - 1, bar.bottom() - lit, bar.width() + 2, lit),
                          Qt::IntersectClip);
-    const QRectF upper = rectAbove(upperZoneStart());
+    // On a pixel edge, so that the ground does not show through between the zones.
+    QRectF upper = rectAbove(upperZoneStart());
+    upper.setBottom(RoundShapes::snapped(*painter, upper).bottom());
     painter->fillRect(upper, brush(QPalette::Mid));
     painter->fillRect(QRectF(upper.bottomLeft(), bar.bottomRight()), brush(QPalette::Dark));
 }
