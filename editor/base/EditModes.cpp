@@ -1,6 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editor/base/EditModes.h"
 
+#include "controls/KnobController.h"
+#include "editor/base/WidgetTree.h"
+
+using CommonController_MemAPI::KnobController;
+
+namespace {
+
+template <typename Function> void forEachWidgetOfTree(QWidget* widget, Function function)
+{
+    function(widget);
+    forEachChildWidget(widget, [=](QWidget* child) { forEachWidgetOfTree(child, function); });
+}
+
+} // namespace
+
 int knobEditMode(int hostMode)
 {
     switch (hostMode) {
@@ -25,4 +40,22 @@ int faderEditMode(int hostMode)
     default:
         return 0;
     }
+}
+
+void setDialEditMode(QWidget* widget, int hostMode)
+{
+    const auto type = static_cast<KnobController::OperationType>(knobEditMode(hostMode));
+    forEachWidgetOfTree(widget, [type](QWidget* member) {
+        if (auto* knob = qobject_cast<KnobController*>(member))
+            knob->setOperationType(type);
+    });
+}
+
+void setSliderEditMode(QWidget* widget, int hostMode)
+{
+    const int type = faderEditMode(hostMode);
+    forEachWidgetOfTree(widget, [type](QWidget* member) {
+        if (member->inherits("CommonController_MemAPI::FaderController"))
+            member->setProperty("operationType", type);
+    });
 }

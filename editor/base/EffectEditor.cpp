@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editor/base/EffectEditor.h"
 
+#include "controls/AbstractController.h"
+#include "editor/base/EditModes.h"
 #include "editor/base/EditorFonts.h"
 #include "editor/base/EditorSetup.h"
 #include "editor/base/PixelRounding.h"
@@ -13,6 +15,8 @@
 
 #include <cmath>
 #include <utility>
+
+using CommonController_MemAPI::AbstractController;
 
 namespace {
 
@@ -61,9 +65,9 @@ void EffectEditor::setFs(int) {}
 
 void EffectEditor::setOn(bool) {}
 
-void EffectEditor::setDialEditMode(int) {}
+void EffectEditor::setDialEditMode(int mode) { ::setDialEditMode(this, mode); }
 
-void EffectEditor::setSliderEditMode(int) {}
+void EffectEditor::setSliderEditMode(int mode) { ::setSliderEditMode(this, mode); }
 
 void EffectEditor::setScale(double scale)
 {
@@ -72,6 +76,8 @@ void EffectEditor::setScale(double scale)
     for (const WidgetInformation& information : std::as_const(m_widgetInformation)) {
         information.widget->setGeometry(scaledGeometry(information.geometry, scale));
         scaleFont(information, scale);
+        if (auto* control = dynamic_cast<AbstractController*>(information.widget))
+            control->setScale(scale);
     }
     m_scale = scale;
 }

@@ -39,6 +39,7 @@ public:
     void setStereo(bool stereo) override;
     void setFs(int fs) override;
     void setOn(bool on) override;
+    /// Both pass the mode on to the controls of the tree (EditModes.h).
     void setDialEditMode(int mode) override;
     void setSliderEditMode(int mode) override;
     /// Zooms every recorded widget from its size at scale 1, so that calls do not add up: edges and

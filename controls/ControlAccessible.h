@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QAccessibleWidget>
+
+namespace CommonController_MemAPI {
+
+class AbstractController;
+
+/// A control as assistive technology sees it: a widget with a role, a name, a number in a range and
+/// its display text, which can be increased and decreased. Changes go through the control's own
+/// gestures, and only while it is enabled. Never offers a text interface.
+///
+/// A control with other actions derives from this and is registered with registerAccessible().
+class ControlAccessible : public QAccessibleWidget, public QAccessibleValueInterface
+{
+public:
+    ControlAccessible(QWidget* control, AbstractController* controller, QAccessible::Role role);
+
+    void* interface_cast(QAccessible::InterfaceType type) override;
+    /// Name: controlName(). Value: the display text, else the number.
+    QString text(QAccessible::Text text) const override;
+
+    QVariant currentValue() const override;
+    void setCurrentValue(const QVariant& value) override;
+    QVariant maximumValue() const override;
+    QVariant minimumValue() const override;
+    QVariant minimumStepSize() const override;
+
+    QStringList actionNames() const override;
+    void doAction(const QString& actionName) override;
+
+protected:
+    ~ControlAccessible() override = default;
+
+    AbstractController* controller() const { return m_controller; }
+    /// Whether the user may change the control.
+    bool isOperable() const;
+
+private:
+    void changeBy(int difference);
+
+    AbstractController* m_controller;
+};
+
+/// Makes the interface of one control.
+using AccessibleMaker = QAccessibleInterface* (*)(QWidget* control);
+
+/// Lets \a make answer for the widgets of class \a control and of classes derived from it. For a
+/// control's constructor; calling it again changes nothing. Taken back when the library that holds
+/// the class is unloaded.
+void registerAccessible(const QMetaObject& control, AccessibleMaker make);
+
+/// What a control is called: its accessible name, else its label's, else its parameter's number in
+/// the host's memory, else its object name.
+QString controlName(QWidget* control, const AbstractController& controller);
+
+/// Tells assistive technology, if any is listening, that \a control now has \a value.
+void announceValue(QWidget* control, int value);
+
+/// Sends all announcements to \a announcer instead, whether or not anyone is listening; null
+/// restores the usual way. For tests: on a platform without a screen nobody ever listens, and Qt
+/// hands events to no one.
+using Announcer = void (*)(QAccessibleEvent* event);
+void setAnnouncer(Announcer announcer);
+
+} // namespace CommonController_MemAPI

@@ -1,0 +1,333 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "controls/AbstractController.h"
+#include "controls/ControlAccessible.h"
+#include "plugin/interfaces/IMemAPI.h"
+#include "tests/support/TestHost.h"
+
+#include <QAccessible>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QMetaMethod>
+#include <QMetaProperty>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QStringList>
+#include <QTest>
+#include <QWheelEvent>
+#include <QWidget>
+
+#include <cmath>
+#include <cstring>
+#include <memory>
+#include <utility>
+
+/// What the tests of the controls share: events as a user's hand makes them, a ledger of the edits,
+/// and the meta-object as text.
+namespace ControlTesting {
+
+using CommonController_MemAPI::AbstractController;
+
+constexpr Qt::KeyboardModifiers NoKeys = Qt::NoModifier;
+
+// Events -------------------------------------------------------------------------------------
+
+inline bool sendMouse(QWidget& widget, QEvent::Type type, QPointF point, Qt::MouseButton button,
+                      Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers)
+{
+    QMouseEvent event(type, point, widget.mapToGlobal(point), button, buttons, modifiers);
+    event.setAccepted(false);
+    QCoreApplication::sendEvent(&widget, &event);
+    return event.isAccepted();
+}
+
+inline void press(QWidget& widget, QPointF point, Qt::KeyboardModifiers modifiers = NoKeys,
+                  Qt::MouseButton button = Qt::LeftButton)
+{
+    sendMouse(widget, QEvent::MouseButtonPress, point, button, button, modifiers);
+}
+
+inline void moveTo(QWidget& widget, QPointF point, Qt::KeyboardModifiers modifiers = NoKeys,
+                   Qt::MouseButtons held = Qt::LeftButton)
+{
+    sendMouse(widget, QEvent::MouseMove, point, Qt::NoButton, held, modifiers);
+}
+
+inline void release(QWidget& widget, QPointF point, Qt::KeyboardModifiers modifiers = NoKeys,
+                    Qt::MouseButton button = Qt::LeftButton)
+{
+    sendMouse(widget, QEvent::MouseButtonRelease, point, button, Qt::NoButton, modifiers);
+}
+
+/// As the window system reports it: press, release, double click, release.
+inline void doubleClick(QWidget& widget, QPointF point, Qt::KeyboardModifiers modifiers = NoKeys,
+                        Qt::MouseButton button = Qt::LeftButton)
+{
+    press(widget, point, modifiers, button);
+    release(widget, point, modifiers, button);
+    sendMouse(widget, QEvent::MouseButtonDblClick, point, button, button, modifiers);
+    release(widget, point, modifiers, button);
+}
+
+/// Whether the control accepted it.
+inline bool wheel(QWidget& widget, QPoint angle, Qt::KeyboardModifiers modifiers = NoKeys,
+                  bool inverted = false)
+{
+    const QPointF point(widget.width() / 2, widget.height() / 2);
+    QWheelEvent event(point, widget.mapToGlobal(point), {}, angle, Qt::NoButton, modifiers,
+                      Qt::NoScrollPhase, inverted);
+    event.setAccepted(false);
+    QCoreApplication::sendEvent(&widget, &event);
+    return event.isAccepted();
+}
+
+inline bool key(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers = NoKeys,
+                QEvent::Type type = QEvent::KeyPress)
+{
+    QKeyEvent event(type, key, modifiers);
+    QCoreApplication::sendEvent(&widget, &event);
+    return event.isAccepted();
+}
+
+// Host ---------------------------------------------------------------------------------------
+
+inline const QByteArray Parameter = "test_parameter";
+
+inline void bind(AbstractController& control, const TestHost& host,
+                 const QByteArray& name = Parameter, unsigned short ch = 0)
+{
+    control.setMemAPIValue(host.memory(), host.id(name), ch, 0);
+}
+
+inline void unbind(AbstractController& control) { control.setMemAPIValue(nullptr, 0, 0, 0); }
+
+// Edits --------------------------------------------------------------------------------------
+
+struct Ledger
+{
+    int begun = 0;
+    int ended = 0;
+    int open() const { return begun - ended; }
+};
+
+/// \a Control with its edits counted in a ledger that outlives it.
+template <class Control> class Ledgered : public Control
+{
+public:
+    explicit Ledgered(Ledger& ledger, QWidget* parent = nullptr)
+        : Control(parent)
+        , m_ledger(ledger)
+    {}
+    ~Ledgered() override { this->closeEdits(); }
+
+    int paints = 0;
+
+protected:
+    void beginEdit() override { ++m_ledger.begun; }
+    void endEdit() override { ++m_ledger.ended; }
+    void paintEvent(QPaintEvent* event) override
+    {
+        ++paints;
+        Control::paintEvent(event);
+    }
+
+private:
+    Ledger& m_ledger;
+};
+
+/// What can come between the press and the release of a drag.
+inline const QStringList Interruptions = {
+    QStringLiteral("disabled"),     QStringLiteral("parent disabled"),
+    QStringLiteral("hidden"),       QStringLiteral("parent hidden"),
+    QStringLiteral("rebound"),      QStringLiteral("unbound"),
+    QStringLiteral("destroyed"),    QStringLiteral("parent destroyed"),
+    QStringLiteral("pressed again")};
+
+/// Does one of them to \a control, which is bound to Parameter on channel 0 and a child of
+/// \a parent; what is destroyed is null afterwards.
+template <class Control>
+void interrupt(const QString& how, std::unique_ptr<QWidget>& parent, QPointer<Control>& control,
+               const TestHost& host)
+{
+    QWidget& target = how.startsWith(QLatin1String("parent")) ? *parent : *control;
+    if (how.endsWith(QLatin1String("disabled")))
+        target.setEnabled(false);
+    else if (how.endsWith(QLatin1String("hidden")))
+        target.hide();
+    else if (how == QLatin1String("rebound"))
+        bind(*control, host, Parameter, 3);
+    else if (how == QLatin1String("unbound"))
+        unbind(*control);
+    else if (how == QLatin1String("destroyed"))
+        delete control.data();
+    else if (how == QLatin1String("parent destroyed"))
+        parent.reset();
+    else
+        press(*control, {20, 5});
+}
+
+/// Whether \a action has \a control repainted, which is in a larger window that is shown.
+template <class Control, class Action> bool repaints(Control& control, Action action)
+{
+    struct Sentinel : QWidget
+    {
+        using QWidget::QWidget;
+        bool painted = false;
+        void paintEvent(QPaintEvent*) override { painted = true; }
+    };
+    Sentinel sentinel(control.window());
+    sentinel.setGeometry(QRect(control.window()->rect().bottomRight(), QSize(1, 1)));
+    sentinel.show();
+    const auto settle = [&sentinel] {
+        sentinel.painted = false;
+        sentinel.update();
+        return QTest::qWaitFor([&sentinel] { return sentinel.painted; });
+    };
+    if (!settle() || !settle())
+        return false;
+    const int before = control.paints;
+    action();
+    return settle() && control.paints > before;
+}
+
+// Accessibility ------------------------------------------------------------------------------
+
+/// Collects the announcements of value changes while it lives.
+class Announcements
+{
+public:
+    Announcements()
+    {
+        s_values.clear();
+        CommonController_MemAPI::setAnnouncer(note);
+    }
+    ~Announcements() { CommonController_MemAPI::setAnnouncer(nullptr); }
+    Announcements(const Announcements&) = delete;
+    Announcements& operator=(const Announcements&) = delete;
+
+    /// The object and its value, in order.
+    static QList<std::pair<const QObject*, QVariant>> values() { return s_values; }
+
+private:
+    static void note(QAccessibleEvent* event)
+    {
+        if (event->type() == QAccessible::ValueChanged)
+            s_values.append(
+                {event->object(), static_cast<QAccessibleValueChangeEvent*>(event)->value()});
+    }
+
+    static inline QList<std::pair<const QObject*, QVariant>> s_values;
+};
+
+// Meta-object --------------------------------------------------------------------------------
+
+/// The properties that the class itself has, in order: "type name = default", the default as the
+/// object \a fresh gives it; "!" follows where one is not readable, writable and designable, or has
+/// a notify signal.
+inline QStringList propertiesOf(const QMetaObject& type, const QObject& fresh)
+{
+    QStringList lines;
+    for (int i = type.propertyOffset(); i < type.propertyCount(); ++i) {
+        const QMetaProperty property = type.property(i);
+        const bool usual = property.isReadable() && property.isWritable() &&
+                           property.isDesignable() && property.isStored() &&
+                           !property.hasNotifySignal();
+        const QVariant value = property.read(&fresh);
+        const bool isNumber = property.isEnumType() || property.isFlagType();
+        const QString text = isNumber ? QString::number(value.toInt()) : value.toString();
+        lines << QStringLiteral("%1 %2 = %3%4")
+                     .arg(QString::fromLatin1(property.typeName()),
+                          QString::fromLatin1(property.name()), text,
+                          usual ? QString() : QStringLiteral(" !"));
+    }
+    return lines;
+}
+
+/// The signals and slots that the class itself has, in order: "signal name(types)".
+inline QStringList methodsOf(const QMetaObject& type)
+{
+    QStringList lines;
+    for (int i = type.methodOffset(); i < type.methodCount(); ++i) {
+        const QMetaMethod method = type.method(i);
+        QString kind = QStringLiteral("method");
+        if (method.methodType() == QMetaMethod::Signal)
+            kind = QStringLiteral("signal");
+        else if (method.methodType() == QMetaMethod::Slot)
+            kind = method.access() == QMetaMethod::Public ? QStringLiteral("public slot")
+                                                          : QStringLiteral("private slot");
+        lines << kind + QLatin1Char(' ') + QString::fromLatin1(method.methodSignature());
+    }
+    return lines;
+}
+
+/// The enumerations that the class itself has, in order: "name key=value ...".
+inline QStringList enumsOf(const QMetaObject& type)
+{
+    QStringList lines;
+    for (int i = type.enumeratorOffset(); i < type.enumeratorCount(); ++i) {
+        const QMetaEnum list = type.enumerator(i);
+        QString line = QString::fromLatin1(list.name());
+        for (int k = 0; k < list.keyCount(); ++k)
+            line +=
+                QStringLiteral(" %1=%2").arg(QString::fromLatin1(list.key(k))).arg(list.value(k));
+        lines << line;
+    }
+    return lines;
+}
+
+// Virtual functions --------------------------------------------------------------------------
+
+/// Calls the virtual function at \a slot of the object at \a object.
+template <class Result, class... Arguments>
+Result callSlot(void* object, int slot, Arguments... arguments)
+{
+    const auto* table = *static_cast<void***>(object);
+    return reinterpret_cast<Result (*)(void*, Arguments...)>(table[slot])(object, arguments...);
+}
+
+/// How many virtual functions come before those of a class derived from \a Base.
+template <class Base> int firstSlotAfter()
+{
+    struct Probe : Base
+    {
+        virtual void first() {}
+    };
+    const auto member = &Probe::first;
+    std::ptrdiff_t offset = 0;
+    std::memcpy(&offset, &member, sizeof offset);
+    return static_cast<int>((offset - 1) / static_cast<std::ptrdiff_t>(sizeof(void*)));
+}
+
+// Pictures -----------------------------------------------------------------------------------
+
+/// \a widget as it paints itself on \a ground at a device pixel ratio of \a ratio.
+inline QImage painted(QWidget& widget, double ratio = 1.0, QColor ground = Qt::black)
+{
+    QImage image(QSize(static_cast<int>(std::ceil(widget.width() * ratio)),
+                       static_cast<int>(std::ceil(widget.height() * ratio))),
+                 QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(ratio);
+    image.fill(ground);
+    widget.render(&image, {}, {}, QWidget::DrawChildren);
+    return image;
+}
+
+/// The largest difference of any channel of any pixel; 256 for pictures of different sizes.
+inline int difference(const QImage& a, const QImage& b)
+{
+    if (a.size() != b.size())
+        return 256;
+    int largest = 0;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            const QRgb p = a.pixel(x, y);
+            const QRgb q = b.pixel(x, y);
+            largest = std::max({largest, std::abs(qRed(p) - qRed(q)),
+                                std::abs(qGreen(p) - qGreen(q)), std::abs(qBlue(p) - qBlue(q))});
+        }
+    }
+    return largest;
+}
+
+} // namespace ControlTesting

@@ -1,0 +1,780 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/support/TestObject.h"
+#include "tests/widgets/SvgFiles.h"
+#include "widgets/SvgImage.h"
+#include "widgets/SvgRasters.h"
+
+#include <QApplication>
+#include <QGraphicsBlurEffect>
+#include <QGraphicsOpacityEffect>
+#include <QGraphicsPixmapItem>
+#include <QGraphicsScene>
+#include <QPainter>
+#include <QSignalSpy>
+#include <QSvgRenderer>
+#include <QWidget>
+
+#include <cmath>
+#include <functional>
+
+namespace {
+
+// A knob as the editor's are made: gradients, a shadow of stacked translucent shapes, lines.
+constexpr char Knob[] =
+    "<defs><linearGradient id=\"g\" x1=\"0\" y1=\"0\" x2=\"0\" y2=\"1\">"
+    "<stop offset=\"0\" stop-color=\"#8a9199\"/><stop offset=\"1\" stop-color=\"#1b1e22\"/>"
+    "</linearGradient><radialGradient id=\"r\" cx=\"0.5\" cy=\"0.5\" r=\"0.5\">"
+    "<stop offset=\"0\" stop-color=\"#000\" stop-opacity=\"0.6\"/>"
+    "<stop offset=\"1\" stop-color=\"#000\" stop-opacity=\"0\"/></radialGradient></defs>"
+    "<circle cx=\"20\" cy=\"22\" r=\"18\" fill=\"url(#r)\"/>"
+    "<circle cx=\"20\" cy=\"20\" r=\"14\" fill=\"url(#g)\" stroke=\"#3b4047\"/>"
+    "<path d=\"M20 8 L20 16\" stroke=\"#0394D0\" stroke-width=\"2\" stroke-linecap=\"round\"/>"
+    "<path d=\"M9 33 L31 33\" stroke=\"#fff\" stroke-opacity=\"0.4\" stroke-width=\"0.7\"/>";
+
+// Draws over its own edges on all sides.
+constexpr char Overflowing[] =
+    "<rect x=\"0\" y=\"0\" width=\"40\" height=\"40\" fill=\"#ED6B1C\" stroke=\"#11B519\" "
+    "stroke-width=\"9\"/><circle cx=\"44\" cy=\"20\" r=\"10\" fill=\"#14A8AD\"/>";
+
+constexpr char Shapes[] =
+    "<rect x=\"3\" y=\"3\" width=\"22.5\" height=\"30.2\" rx=\"4\" fill=\"#FEBA24\"/>"
+    "<path d=\"M5 35 C 10 2, 30 60, 37 4\" fill=\"none\" stroke=\"#9519D0\" stroke-width=\"3\"/>";
+
+constexpr char Animated[] =
+    "<rect width=\"40\" height=\"40\" fill=\"#ff0000\">"
+    "<animateColor attributeName=\"fill\" from=\"#ff0000\" to=\"#0000ff\" dur=\"1s\" "
+    "repeatCount=\"indefinite\"/></rect>";
+
+using Drawing = std::function<void(QPainter&)>;
+
+QImage drawn(const QSize& size, double ratio, QColor ground, const Drawing& drawing)
+{
+    QImage image(size * ratio, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(ratio);
+    image.fill(ground);
+    QPainter painter(&image);
+    drawing(painter);
+    return image;
+}
+
+int channelDifference(QRgb a, QRgb b)
+{
+    return std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)),
+                     std::abs(qBlue(a) - qBlue(b)), std::abs(qAlpha(a) - qAlpha(b))});
+}
+
+/// The largest difference of any channel of any pixel.
+int difference(const QImage& a, const QImage& b)
+{
+    if (a.size() != b.size())
+        return 256;
+    int largest = 0;
+    for (int y = 0; y < a.height(); ++y) {
+        const auto* left = reinterpret_cast<const QRgb*>(a.constScanLine(y));
+        const auto* right = reinterpret_cast<const QRgb*>(b.constScanLine(y));
+        for (int x = 0; x < a.width(); ++x)
+            largest = std::max(largest, channelDifference(left[x], right[x]));
+    }
+    return largest;
+}
+
+QImage throughEffect(const QImage& pixels, QGraphicsEffect* effect)
+{
+    QGraphicsScene scene;
+    scene.addPixmap(QPixmap::fromImage(pixels))->setGraphicsEffect(effect);
+    QImage result(pixels.size(), QImage::Format_ARGB32_Premultiplied);
+    result.fill(Qt::transparent);
+    QPainter painter(&result);
+    scene.render(&painter, result.rect(), result.rect());
+    return result;
+}
+
+/// Paints one image over itself, and counts.
+class Canvas : public QWidget
+{
+public:
+    explicit Canvas(SvgImage& image, QWidget* parent = nullptr)
+        : QWidget(parent)
+        , m_image(image)
+    {}
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        m_image.draw(painter, rect());
+    }
+
+private:
+    SvgImage& m_image;
+};
+
+} // namespace
+
+class tst_SvgImage : public TestObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void isEmptyAtFirst();
+    void loadsAFile();
+    void badFilesAreBlankAndSilent_data();
+    void badFilesAreBlankAndSilent();
+    void loadingAgainReadsTheFileAgain();
+    void equalsDirectRendering_data();
+    void equalsDirectRendering();
+    void equalsDirectRenderingUnderOpacity_data();
+    void equalsDirectRenderingUnderOpacity();
+    void equalsDirectRenderingOnATransparentGround();
+    void equalsDirectRenderingUnderAClip();
+    void equalsDirectRenderingUnderTransformations_data();
+    void equalsDirectRenderingUnderTransformations();
+    void equalsDirectRenderingInChildWidgets_data();
+    void equalsDirectRenderingInChildWidgets();
+    void leavesThePainterAsItWas();
+    void drawsBeyondItsEdges();
+    void drawsTheSecondTimeFromMemory();
+    void sharesRastersBetweenImages();
+    void keepsSeparateRastersForSeparateLooks();
+    void dropsRastersWithTheFile();
+    void memoryIsBounded();
+    void hugePicturesAreRenderedDirectly();
+    void blursAsTheEffectDoes_data();
+    void blursAsTheEffectDoes();
+    void blurIsCutAtTheCanvas();
+    void blurMovesFromMemory();
+    void blurUnderATurningPainter();
+    void isTranslucentAsTheEffectIs_data();
+    void isTranslucentAsTheEffectIs();
+    void translucencyUnderATurningPainter();
+    void translucencyLimits();
+    void wildNumbersDrawNothingBad();
+    void animationRunsAndIsNotCached();
+    void animatedLayers();
+
+private:
+    QString path(const QString& name) const;
+    Drawing direct(const QString& name, const QRectF& rect) const;
+
+    SvgFiles m_files;
+};
+
+QString tst_SvgImage::path(const QString& name) const
+{
+    return m_files.directory() + QLatin1Char('/') + name + QStringLiteral(".svg");
+}
+
+Drawing tst_SvgImage::direct(const QString& name, const QRectF& rect) const
+{
+    return
+        [file = path(name), rect](QPainter& painter) { QSvgRenderer(file).render(&painter, rect); };
+}
+
+void tst_SvgImage::initTestCase()
+{
+    m_files.picture("knob.svg", 40, 40, Knob);
+    m_files.picture("overflowing.svg", 40, 40, Overflowing);
+    m_files.picture("shapes.svg", 40, 40, Shapes);
+    m_files.picture("animated.svg", 40, 40, Animated);
+    m_files.plain("plain.svg", 40, 40, "#0394D0");
+}
+
+void tst_SvgImage::isEmptyAtFirst()
+{
+    SvgImage image;
+    QVERIFY(!image.isValid());
+    QVERIFY(!image.isAnimated());
+    QCOMPARE(image.path(), QString());
+    QCOMPARE(image.defaultSize(), QSize(0, 0));
+    const QImage blank = drawn({20, 20}, 1.0, Qt::white, [](QPainter&) {});
+    const auto all = [&](QPainter& painter) {
+        image.draw(painter, {0, 0, 20, 20});
+        image.drawBlurred(painter, {0, 0, 20, 20}, 2.0, {0, 0, 20, 20});
+        image.drawTranslucent(painter, {0, 0, 20, 20}, 0.5, {0, 0, 20, 20});
+    };
+    QCOMPARE(drawn({20, 20}, 1.0, Qt::white, all), blank);
+}
+
+void tst_SvgImage::loadsAFile()
+{
+    SvgImage image;
+    QSignalSpy repaints(&image, &SvgImage::repaintNeeded);
+    QVERIFY(image.load(path(QStringLiteral("knob"))));
+    QVERIFY(image.isValid());
+    QVERIFY(!image.isAnimated());
+    QCOMPARE(image.path(), path(QStringLiteral("knob")));
+    QCOMPARE(image.defaultSize(), QSize(40, 40));
+    QCOMPARE(repaints.count(), 1);
+}
+
+void tst_SvgImage::badFilesAreBlankAndSilent_data()
+{
+    QTest::addColumn<QString>("bad");
+    QTest::newRow("empty path") << QString();
+    QTest::newRow("missing file") << m_files.missing();
+    QTest::newRow("missing resource") << QStringLiteral(":/image/none.svg");
+    QTest::newRow("directory") << m_files.directory();
+    QTest::newRow("empty file") << m_files.file("empty.svg", {});
+    QTest::newRow("not XML") << m_files.file("text.svg", "no picture at all");
+    QTest::newRow("other XML") << m_files.file("other.svg", "<html><body/></html>");
+    QTest::newRow("cut short") << m_files.file("cut.svg",
+                                               "<svg xmlns=\"http://www.w3.org/2000/svg\"><rect");
+    QTest::newRow("wrong end") << m_files.file(
+        "end.svg", "<svg xmlns=\"http://www.w3.org/2000/svg\"><g></svg>");
+    QTest::newRow("zero bytes") << m_files.file("zero.svg", QByteArray(300, '\0'));
+}
+
+void tst_SvgImage::badFilesAreBlankAndSilent()
+{
+    QFETCH(QString, bad);
+    SvgImage image;
+    QVERIFY(image.load(path(QStringLiteral("knob"))));
+    QVERIFY(!image.load(bad));
+    QVERIFY(!image.isValid());
+    QCOMPARE(image.path(), bad);
+    QCOMPARE(image.defaultSize(), QSize(0, 0));
+    const QImage blank = drawn({20, 20}, 1.0, Qt::white, [](QPainter&) {});
+    QCOMPARE(drawn({20, 20}, 1.0, Qt::white,
+                   [&](QPainter& painter) {
+                       image.draw(painter, {0, 0, 20, 20});
+                   }),
+             blank);
+    QVERIFY(image.load(path(QStringLiteral("knob"))));
+}
+
+void tst_SvgImage::loadingAgainReadsTheFileAgain()
+{
+    const QString file = m_files.plain("changing.svg", 10, 10, "#ff0000");
+    SvgImage image;
+    QVERIFY(image.load(file));
+    const auto whole = [&](QPainter& painter) { image.draw(painter, {0, 0, 10, 10}); };
+    QCOMPARE(drawn({10, 10}, 1.0, Qt::white, whole).pixelColor(5, 5), QColor(255, 0, 0));
+    m_files.plain("changing.svg", 10, 10, "#00ff00");
+    QVERIFY(image.load(file));
+    QCOMPARE(drawn({10, 10}, 1.0, Qt::white, whole).pixelColor(5, 5), QColor(0, 255, 0));
+}
+
+void tst_SvgImage::equalsDirectRendering_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<double>("ratio");
+    QTest::addColumn<QRectF>("rect");
+    // One translucent shape on an opaque ground blends in the same steps either way; where
+    // several overlap, their order of rounding differs.
+    QTest::addColumn<int>("tolerance");
+    const QRectF rects[] = {{10, 10, 40, 40},        {0, 0, 60, 60},
+                            {7.3, 11.8, 33.3, 41.7}, {10.5, 10.25, 40, 40},
+                            {-12, 20, 50, 44},       {1.0 / 3, 2.0 / 3, 20, 55},
+                            {20, 20, 0.5, 0.5},      {-100, -100, 300, 300}};
+    for (const double ratio : {1.0, 1.25, 1.5, 2.0}) {
+        for (const char* name : {"plain", "shapes", "overflowing", "knob"}) {
+            for (const QRectF& rect : rects)
+                QTest::addRow("%s at %g, %g+%g", name, ratio, rect.x(), rect.width())
+                    << QString::fromLatin1(name) << ratio << rect
+                    << (qstrcmp(name, "knob") == 0 || qstrcmp(name, "overflowing") == 0 ? 1 : 0);
+        }
+    }
+}
+
+void tst_SvgImage::equalsDirectRendering()
+{
+    QFETCH(QString, name);
+    QFETCH(double, ratio);
+    QFETCH(QRectF, rect);
+    QFETCH(int, tolerance);
+    SvgImage image;
+    QVERIFY(image.load(path(name)));
+    const QImage wanted = drawn({60, 60}, ratio, Qt::gray, direct(name, rect));
+    for (int pass = 0; pass < 2; ++pass) {
+        const QImage seen =
+            drawn({60, 60}, ratio, Qt::gray, [&](QPainter& painter) { image.draw(painter, rect); });
+        QCOMPARE_LE(difference(seen, wanted), tolerance);
+    }
+}
+
+void tst_SvgImage::equalsDirectRenderingUnderOpacity_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<double>("opacity");
+    for (const char* name : {"plain", "shapes", "overflowing", "knob"}) {
+        for (const double opacity : {0.0, 0.1, 0.5, 0.73, 1.0, 2.0})
+            QTest::addRow("%s at %g", name, opacity) << QString::fromLatin1(name) << opacity;
+    }
+}
+
+void tst_SvgImage::equalsDirectRenderingUnderOpacity()
+{
+    QFETCH(QString, name);
+    QFETCH(double, opacity);
+    SvgImage image;
+    QVERIFY(image.load(path(name)));
+    const QRectF rect(5.5, 5, 40, 45);
+    const QImage wanted = drawn({60, 60}, 1.5, Qt::gray, [&](QPainter& painter) {
+        painter.setOpacity(opacity);
+        direct(name, rect)(painter);
+    });
+    const QImage seen = drawn({60, 60}, 1.5, Qt::gray, [&](QPainter& painter) {
+        painter.setOpacity(opacity);
+        image.draw(painter, rect);
+    });
+    QCOMPARE_LE(difference(seen, wanted), 1);
+}
+
+void tst_SvgImage::equalsDirectRenderingOnATransparentGround()
+{
+    for (const char* name : {"plain", "shapes", "overflowing", "knob"}) {
+        SvgImage image;
+        QVERIFY(image.load(path(QString::fromLatin1(name))));
+        const QRectF rect(5.5, 5, 40, 45);
+        const QImage wanted =
+            drawn({60, 60}, 1.0, Qt::transparent, direct(QString::fromLatin1(name), rect));
+        const QImage seen = drawn({60, 60}, 1.0, Qt::transparent,
+                                  [&](QPainter& painter) { image.draw(painter, rect); });
+        QCOMPARE(difference(seen, wanted), 0);
+    }
+}
+
+void tst_SvgImage::equalsDirectRenderingUnderAClip()
+{
+    SvgImage image;
+    QVERIFY(image.load(path(QStringLiteral("shapes"))));
+    QPainterPath circle;
+    circle.addEllipse(10, 8, 30, 25);
+    const QRectF rect(3, 4, 40, 40);
+    const auto clipped = [&](const Drawing& drawing) {
+        return drawn({60, 60}, 1.25, Qt::gray, [&](QPainter& painter) {
+            painter.setClipRect(QRectF(6.5, 7, 22, 40));
+            drawing(painter);
+            painter.setClipPath(circle);
+            painter.translate(1, 2);
+            drawing(painter);
+        });
+    };
+    const QImage wanted = clipped(direct(QStringLiteral("shapes"), rect));
+    const QImage seen = clipped([&](QPainter& painter) { image.draw(painter, rect); });
+    QCOMPARE(difference(seen, wanted), 0);
+}
+
+void tst_SvgImage::equalsDirectRenderingUnderTransformations_data()
+{
+    QTest::addColumn<QTransform>("transform");
+    const QTransform middle = QTransform::fromTranslate(30, 30);
+    QTest::newRow("shift") << QTransform::fromTranslate(3.7, -2.2);
+    QTest::newRow("scale") << QTransform::fromScale(0.8, 1.3);
+    QTest::newRow("turn") << QTransform(middle).rotate(33).translate(-30, -30);
+    QTest::newRow("quarter turn") << QTransform(middle).rotate(90).translate(-30, -30);
+    QTest::newRow("half turn") << QTransform(middle).rotate(180).translate(-30, -30);
+    QTest::newRow("mirror") << QTransform(-1, 0, 0, 1, 60, 0);
+    QTest::newRow("shear") << QTransform().shear(0.3, 0.1);
+    QTest::newRow("perspective") << QTransform(1, 0, 0.001, 0, 1, 0.002, 0, 0, 1);
+    QTest::newRow("nothing left") << QTransform::fromScale(0, 0);
+}
+
+void tst_SvgImage::equalsDirectRenderingUnderTransformations()
+{
+    QFETCH(QTransform, transform);
+    SvgImage image;
+    QVERIFY(image.load(path(QStringLiteral("shapes"))));
+    const QRectF rect(8, 12, 40, 33);
+    const auto transformed = [&](const Drawing& drawing) {
+        return drawn({60, 60}, 1.25, Qt::gray, [&](QPainter& painter) {
+            painter.setTransform(transform);
+            drawing(painter);
+        });
+    };
+    const QImage wanted = transformed(direct(QStringLiteral("shapes"), rect));
+    QCOMPARE(difference(transformed([&](QPainter& painter) { image.draw(painter, rect); }), wanted),
+             0);
+
+    const auto windowed = [&](const Drawing& drawing) {
+        return drawn({60, 60}, 1.25, Qt::gray, [&](QPainter& painter) {
+            painter.setWindow(0, 0, 100, 120);
+            painter.setViewport(5, 5, 50, 40);
+            painter.setTransform(transform);
+            drawing(painter);
+        });
+    };
+    QCOMPARE(difference(windowed([&](QPainter& painter) { image.draw(painter, rect); }),
+                        windowed(direct(QStringLiteral("shapes"), rect))),
+             0);
+}
+
+void tst_SvgImage::equalsDirectRenderingInChildWidgets_data()
+{
+    QTest::addColumn<double>("ratio");
+    for (const double ratio : {1.0, 1.25, 1.5, 2.0})
+        QTest::addRow("%g", ratio) << ratio;
+}
+
+void tst_SvgImage::equalsDirectRenderingInChildWidgets()
+{
+    QFETCH(double, ratio);
+    SvgImage image;
+    QVERIFY(image.load(path(QStringLiteral("shapes"))));
+    QWidget window;
+    window.resize(80, 80);
+    Canvas outer(image, &window);
+    outer.setGeometry(7, 9, 61, 55);
+    Canvas inner(image, &outer);
+    inner.setGeometry(11, 13, 23, 29);
+
+    const QImage seen = drawn({80, 80}, ratio, Qt::gray, [&](QPainter& painter) {
+        window.render(&painter, QPoint(), QRegion(), QWidget::DrawChildren);
+    });
+    const QImage wanted = drawn({80, 80}, ratio, Qt::gray, [&](QPainter& painter) {
+        painter.setClipRect(7, 9, 61, 55);
+        direct(QStringLiteral("shapes"), QRectF(7, 9, 61, 55))(painter);
+        painter.setClipRect(18, 22, 23, 29);
+        direct(QStringLiteral("shapes"), QRectF(18, 22, 23, 29))(painter);
+    });
+    QCOMPARE(difference(seen, wanted), 0);
+}
+
+void tst_SvgImage::leavesThePainterAsItWas()
+{
+    SvgImage image;
+    QVERIFY(image.load(path(QStringLiteral("knob"))));
+    drawn({60, 60}, 1.25, Qt::gray, [&](QPainter& painter) {
+        painter.setOpacity(0.4);
+        painter.translate(3, 4);
+        painter.setPen(Qt::red);
+        const QTransform before = painter.worldTransform();
+        image.draw(painter, {0, 0, 40, 40});
+        image.drawBlurred(painter, {0, 0, 40, 40}, 3.0, {0, 0, 50, 50});
+        image.drawTranslucent(painter, {0, 0, 40, 40}, 0.5, {0, 0, 50, 50});
+        QCOMPARE(painter.worldTransform(), before);
+        QCOMPARE(painter.opacity(), 0.4);
+        QCOMPARE(painter.pen().color(), QColor(Qt::red));
+    });
+}
+
+void tst_SvgImage::drawsBeyondItsEdges()
+{
+    SvgImage image;
+    QVERIFY(image.load(path(QStringLiteral("overflowing"))));
+    const QImage seen = drawn({80, 80}, 1.0, Qt::white, [&](QPainter& painter) {
+        image.draw(painter, {20, 20, 40, 40});
+    });
+    QCOMPARE(seen.pixelColor(17, 40), QColor(0x11, 0xb5, 0x19));
+    QCOMPARE(seen.pixelColor(72, 40), QColor(0x14, 0xa8, 0xad));
+}
+
+void tst_SvgImage::drawsTheSecondTimeFromMemory()
+{
+    SvgImage image;
+    QVERIFY(image.load(m_files.plain("once.svg", 40, 40, "#123456")));
+    const int before = SvgRasters::count();
+    const auto twice = [&](QPainter& painter) {
+        image.draw(painter, {3.25, 4, 40, 40});
+        QCOMPARE(SvgRasters::count(), before + 1);
+        painter.translate(5, 6);
+        image.draw(painter, {3.25, 4, 40, 40});
+        QCOMPARE(SvgRasters::count(), before + 1);
+    };
+    drawn({60, 60}, 1.0, Qt::white, twice);
+}
+
+void tst_SvgImage::sharesRastersBetweenImages()
+{
+    const QString file = m_files.plain("shared.svg", 40, 40, "#654321");
+    SvgImage first;
+    SvgImage second;
+    QVERIFY(first.load(file));
+    QVERIFY(second.load(file));
+    const int before = SvgRasters::count();
+    drawn({60, 60}, 1.0, Qt::white, [&](QPainter& painter) {
+        first.draw(painter, {0, 0, 40, 40});
+        second.draw(painter, {0, 0, 40, 40});
+    });
+    QCOMPARE(SvgRasters::count(), before + 1);
+    // Switching to another picture and back costs neither parsing nor rendering.
+    QVERIFY(first.load(path(QStringLiteral("plain"))));
+    QVERIFY(second.load(path(QStringLiteral("plain"))));
+    QVERIFY(first.load(file));
+    drawn({60, 60}, 1.0, Qt::white, [&](QPainter& painter) {
+        first.draw(painter, {0, 0, 40, 40});
+    });
+    QCOMPARE(SvgRasters::count(), before + 1);
+}
+
+void tst_SvgImage::keepsSeparateRastersForSeparateLooks()
+{
+    SvgImage image;
+    QVERIFY(image.load(m_files.plain("looks.svg", 40, 40, "#abcdef")));
+    const int before = SvgRasters::count();
+    for (const double ratio : {1.0, 2.0}) {
+        drawn({60, 60}, ratio, Qt::white, [&](QPainter& painter) {
+            image.draw(painter, {0, 0, 40, 40});
+            image.draw(painter, {0.25, 0, 40, 40});
+            image.draw(painter, {0, 0, 41, 40});
+            painter.setOpacity(0.5);
+            image.draw(painter, {0, 0, 40, 40});
+        });
+    }
+    QCOMPARE(SvgRasters::count(), before + 8);
+}
+
+void tst_SvgImage::dropsRastersWithTheFile()
+{
+    const QString file = m_files.plain("dropped.svg", 40, 40, "#010203");
+    const int before = SvgRasters::count();
+    SvgImage image;
+    QVERIFY(image.load(file));
+    const auto whole = [&](QPainter& painter) { image.draw(painter, {0, 0, 40, 40}); };
+    drawn({60, 60}, 1.0, Qt::white, whole);
+    QCOMPARE(SvgRasters::count(), before + 1);
+    m_files.plain("dropped.svg", 40, 40, "#030201");
+    QVERIFY(image.load(file));
+    QCOMPARE(SvgRasters::count(), before);
+    QCOMPARE(drawn({60, 60}, 1.0, Qt::white, whole).pixelColor(20, 20), QColor(3, 2, 1));
+}
+
+void tst_SvgImage::memoryIsBounded()
+{
+    SvgImage image;
+    QVERIFY(image.load(m_files.plain("sizes.svg", 40, 40, "#aabbcc")));
+    QImage ground(8, 8, QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&ground);
+    for (int size = 1000; size < 1100; ++size)
+        image.draw(painter, QRectF(0, 0, size, size));
+    QVERIFY(SvgRasters::bytes() > SvgRasters::MaximumBytes / 2);
+    QVERIFY(SvgRasters::bytes() <= SvgRasters::MaximumBytes);
+    QCOMPARE(ground.pixelColor(4, 4), QColor(0xaa, 0xbb, 0xcc));
+}
+
+void tst_SvgImage::hugePicturesAreRenderedDirectly()
+{
+    SvgImage image;
+    QVERIFY(image.load(m_files.plain("huge.svg", 40, 40, "#aabbcc")));
+    const int before = SvgRasters::count();
+    const QImage seen = drawn({20, 20}, 1.0, Qt::white, [&](QPainter& painter) {
+        image.draw(painter, QRectF(-10000, -10000, 30000, 30000));
+    });
+    QCOMPARE(SvgRasters::count(), before);
+    QCOMPARE(seen.pixelColor(10, 10), QColor(0xaa, 0xbb, 0xcc));
+}
+
+void tst_SvgImage::blursAsTheEffectDoes_data()
+{
+    QTest::addColumn<double>("ratio");
+    QTest::addColumn<double>("radius");
+    QTest::addColumn<QPointF>("position");
+    for (const double ratio : {1.0, 1.25, 1.5, 2.0}) {
+        for (const double radius : {0.0, 0.5, 1.0, 2.0, 3.3, 5.0, 12.0}) {
+            for (const QPointF& position : {QPointF(30, 30), QPointF(31, 32), QPointF(-10, 3.5)})
+                QTest::addRow("%g at %g, %g", radius, ratio, position.x())
+                    << ratio << radius << position;
+        }
+    }
+}
+
+void tst_SvgImage::blursAsTheEffectDoes()
+{
+    QFETCH(double, ratio);
+    QFETCH(double, radius);
+    QFETCH(QPointF, position);
+    const QRectF rect(position, QSizeF(40, 40));
+    QImage wanted =
+        drawn({100, 100}, ratio, Qt::transparent, direct(QStringLiteral("shapes"), rect));
+    wanted.setDevicePixelRatio(1.0);
+    auto* effect = new QGraphicsBlurEffect;
+    effect->setBlurRadius(radius * ratio);
+    wanted = throughEffect(wanted, effect);
+
+    SvgImage image;
+    QVERIFY(image.load(path(QStringLiteral("shapes"))));
+    for (int pass = 0; pass < 2; ++pass) {
+        const QImage seen = drawn({100, 100}, ratio, Qt::transparent, [&](QPainter& painter) {
+            image.drawBlurred(painter, rect, radius, {0, 0, 100, 100});
+        });
+        QCOMPARE_LE(difference(seen, wanted), 1);
+    }
+}
+
+void tst_SvgImage::blurIsCutAtTheCanvas()
+{
+    SvgImage image;
+    QVERIFY(image.load(path(QStringLiteral("plain"))));
+    const QImage seen = drawn({100, 100}, 1.0, Qt::white, [&](QPainter& painter) {
+        image.drawBlurred(painter, {30, 30, 40, 40}, 4.0, {40, 28, 20, 60});
+    });
+    QCOMPARE(seen.pixelColor(39, 50), QColor(Qt::white));
+    QCOMPARE(seen.pixelColor(60, 50), QColor(Qt::white));
+    QCOMPARE(seen.pixelColor(50, 27), QColor(Qt::white));
+    QVERIFY(seen.pixelColor(50, 28) != QColor(Qt::white));
+    // The cut edge is as soft as any other.
+    QVERIFY(seen.pixelColor(40, 50) != seen.pixelColor(50, 50));
+}
+
+void tst_SvgImage::blurMovesFromMemory()
+{
+    SvgImage image;
+    QVERIFY(image.load(m_files.plain("moving.svg", 20, 20, "#102030")));
+    const int before = SvgRasters::count();
+    drawn({200, 200}, 1.0, Qt::white, [&](QPainter& painter) {
+        for (int y = 40; y < 140; ++y)
+            image.drawBlurred(painter, QRectF(40, y, 20, 20), 4.0, {0, 0, 200, 200});
+    });
+    QCOMPARE(SvgRasters::count(), before + 2);
+}
+
+void tst_SvgImage::blurUnderATurningPainter()
+{
+    SvgImage image;
+    QVERIFY(image.load(path(QStringLiteral("shapes"))));
+    const QRectF rect(-20, -20, 40, 40);
+    const auto turn = [](QPainter& painter) {
+        painter.translate(50, 50);
+        painter.rotate(40);
+    };
+    QImage wanted = drawn({100, 100}, 1.0, Qt::transparent, [&](QPainter& painter) {
+        turn(painter);
+        direct(QStringLiteral("shapes"), rect)(painter);
+    });
+    auto* effect = new QGraphicsBlurEffect;
+    effect->setBlurRadius(3.0);
+    wanted = throughEffect(wanted, effect);
+    const QImage seen = drawn({100, 100}, 1.0, Qt::transparent, [&](QPainter& painter) {
+        turn(painter);
+        image.drawBlurred(painter, rect, 3.0, {0, 0, 100, 100});
+    });
+    QCOMPARE_LE(difference(seen, wanted), 1);
+}
+
+void tst_SvgImage::isTranslucentAsTheEffectIs_data()
+{
+    QTest::addColumn<double>("ratio");
+    QTest::addColumn<double>("opacity");
+    for (const double ratio : {1.0, 1.25, 1.5, 2.0}) {
+        for (const double opacity : {0.1, 0.5, 0.9, 1.0})
+            QTest::addRow("%g at %g", opacity, ratio) << ratio << opacity;
+    }
+}
+
+void tst_SvgImage::isTranslucentAsTheEffectIs()
+{
+    QFETCH(double, ratio);
+    QFETCH(double, opacity);
+    const QRectF rect(10.5, 11, 40, 40);
+    QImage wanted = drawn({60, 60}, ratio, Qt::transparent, direct(QStringLiteral("knob"), rect));
+    wanted.setDevicePixelRatio(1.0);
+    auto* effect = new QGraphicsOpacityEffect;
+    effect->setOpacity(opacity);
+    wanted = throughEffect(wanted, effect);
+
+    SvgImage image;
+    QVERIFY(image.load(path(QStringLiteral("knob"))));
+    for (int pass = 0; pass < 2; ++pass) {
+        const QImage seen = drawn({60, 60}, ratio, Qt::transparent, [&](QPainter& painter) {
+            image.drawTranslucent(painter, rect, opacity, {0, 0, 60, 60});
+        });
+        QCOMPARE_LE(difference(seen, wanted), 1);
+    }
+}
+
+void tst_SvgImage::translucencyUnderATurningPainter()
+{
+    SvgImage image;
+    QVERIFY(image.load(path(QStringLiteral("knob"))));
+    const QRectF rect(-20, -20, 40, 40);
+    const auto turn = [](QPainter& painter) {
+        painter.translate(50, 50);
+        painter.rotate(-130);
+    };
+    QImage wanted = drawn({100, 100}, 1.0, Qt::transparent, [&](QPainter& painter) {
+        turn(painter);
+        direct(QStringLiteral("knob"), rect)(painter);
+    });
+    auto* effect = new QGraphicsOpacityEffect;
+    effect->setOpacity(0.4);
+    wanted = throughEffect(wanted, effect);
+    const int before = SvgRasters::count();
+    const QImage seen = drawn({100, 100}, 1.0, Qt::transparent, [&](QPainter& painter) {
+        turn(painter);
+        image.drawTranslucent(painter, rect, 0.4, {0, 0, 100, 100});
+    });
+    QCOMPARE_LE(difference(seen, wanted), 1);
+    QCOMPARE(SvgRasters::count(), before);
+}
+
+void tst_SvgImage::translucencyLimits()
+{
+    SvgImage image;
+    QVERIFY(image.load(path(QStringLiteral("plain"))));
+    const auto at = [&](double opacity) {
+        return drawn({60, 60}, 1.0, Qt::white, [&](QPainter& painter) {
+            image.drawTranslucent(painter, {10, 10, 40, 40}, opacity, {20, 0, 60, 60});
+        });
+    };
+    QCOMPARE(at(0.0).pixelColor(30, 30), QColor(Qt::white));
+    QCOMPARE(at(-1.0).pixelColor(30, 30), QColor(Qt::white));
+    QCOMPARE(at(qQNaN()).pixelColor(30, 30), QColor(Qt::white));
+    QCOMPARE(at(7.0).pixelColor(30, 30), QColor(0x03, 0x94, 0xd0));
+    QCOMPARE(at(1.0).pixelColor(15, 30), QColor(Qt::white));
+}
+
+void tst_SvgImage::wildNumbersDrawNothingBad()
+{
+    SvgImage image;
+    QVERIFY(image.load(path(QStringLiteral("shapes"))));
+    const double wild[] = {0.0, -5.0, 1e-9, 1e9, 1e18, 1e300, qInf(), qQNaN()};
+    drawn({40, 40}, 1.0, Qt::white, [&](QPainter& painter) {
+        for (const double size : wild) {
+            const QRectF rect(3, 3, size, size);
+            image.drawBlurred(painter, rect, 2.0, {0, 0, 40, 40});
+            image.drawTranslucent(painter, rect, 0.5, {0, 0, 40, 40});
+            image.drawBlurred(painter, {3, 3, 20, 20}, size, {0, 0, 40, 40});
+            image.drawBlurred(painter, {size, size, 20, 20}, 2.0, {0, 0, 40, 40});
+        }
+        image.drawBlurred(painter, {3, 3, 20, 20}, 2.0, {});
+        image.drawTranslucent(painter, {3, 3, 20, 20}, 0.5, {});
+    });
+    QPainter idle;
+    image.draw(idle, {0, 0, 20, 20});
+    image.drawBlurred(idle, {0, 0, 20, 20}, 2.0, {0, 0, 20, 20});
+    image.drawTranslucent(idle, {0, 0, 20, 20}, 0.5, {0, 0, 20, 20});
+}
+
+void tst_SvgImage::animationRunsAndIsNotCached()
+{
+    SvgImage image;
+    QVERIFY(image.load(path(QStringLiteral("animated"))));
+    QVERIFY(image.isAnimated());
+    QSignalSpy repaints(&image, &SvgImage::repaintNeeded);
+    const int before = SvgRasters::count();
+    const auto now = [&] {
+        return drawn({40, 40}, 1.0, Qt::white,
+                     [&](QPainter& painter) {
+                         image.draw(painter, {0, 0, 40, 40});
+                     })
+            .pixelColor(20, 20);
+    };
+    const QColor first = now();
+    QTRY_VERIFY(repaints.count() > 0);
+    QTRY_VERIFY(now() != first);
+    QCOMPARE(SvgRasters::count(), before);
+
+    // An image that shows something else is no longer told.
+    QVERIFY(image.load(path(QStringLiteral("plain"))));
+    repaints.clear();
+    QTest::qWait(80);
+    QCOMPARE(repaints.count(), 0);
+}
+
+void tst_SvgImage::animatedLayers()
+{
+    SvgImage image;
+    QVERIFY(image.load(path(QStringLiteral("animated"))));
+    const int before = SvgRasters::count();
+    const QImage seen = drawn({60, 60}, 1.0, Qt::white, [&](QPainter& painter) {
+        image.drawBlurred(painter, {10, 10, 40, 40}, 2.0, {0, 0, 60, 60});
+        image.drawTranslucent(painter, {10, 10, 40, 40}, 0.5, {0, 0, 60, 60});
+    });
+    QVERIFY(seen.pixelColor(30, 30) != QColor(Qt::white));
+    QCOMPARE(SvgRasters::count(), before);
+}
+
+ZOLTA_TEST_MAIN(tst_SvgImage)
+
+#include "tst_SvgImage.moc"

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "widgets/SvgDocument.h"
+
+#include "widgets/SvgRasters.h"
+
+#include <QByteArray>
+#include <QCache>
+#include <QFile>
+#include <QFileInfo>
+#include <QImage>
+#include <QLoggingCategory>
+#include <QPainter>
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+/// Keeps the SVG reader from complaining about a broken file: the picture stays blank instead.
+class QuietReader
+{
+public:
+    QuietReader() { s_outer = QLoggingCategory::installFilter(filter); }
+    ~QuietReader() { QLoggingCategory::installFilter(s_outer); }
+    QuietReader(const QuietReader&) = delete;
+    QuietReader& operator=(const QuietReader&) = delete;
+
+private:
+    static void filter(QLoggingCategory* category)
+    {
+        if (s_outer)
+            s_outer(category);
+        if (std::strncmp(category->categoryName(), "qt.svg", 6) == 0)
+            category->setEnabled(QtWarningMsg, false);
+    }
+
+    static QLoggingCategory::CategoryFilter s_outer;
+};
+
+QLoggingCategory::CategoryFilter QuietReader::s_outer = nullptr;
+
+/// A document and the bytes that it was made of.
+struct Kept
+{
+    QByteArray bytes;
+    std::shared_ptr<SvgDocument> document;
+};
+
+/// Bounded by the size of the files. A parsed file takes some twenty times its size.
+QCache<QString, Kept>& keptDocuments()
+{
+    static QCache<QString, Kept> kept(2 * 1024 * 1024);
+    return kept;
+}
+
+QByteArray contents(const QString& path)
+{
+    QFile file(path);
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+        return {};
+    return file.readAll();
+}
+
+QRect nonTransparent(const QImage& image)
+{
+    QRect box;
+    for (int y = 0; y < image.height(); ++y) {
+        const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+        const auto* end = line + image.width();
+        const auto isInk = [](QRgb pixel) { return qAlpha(pixel) != 0; };
+        const auto* first = std::find_if(line, end, isInk);
+        if (first == end)
+            continue;
+        const auto* last =
+            std::find_if(std::reverse_iterator(end), std::reverse_iterator(first), isInk).base();
+        box |= QRect(QPoint(static_cast<int>(first - line), y),
+                     QPoint(static_cast<int>(last - line) - 1, y));
+    }
+    return box;
+}
+
+/// Draws the picture in the middle of a field of three times its size and looks where ink is.
+QRectF measureExtent(QSvgRenderer& renderer)
+{
+    const QSize size = renderer.defaultSize().expandedTo({16, 16}).boundedTo({256, 256});
+    QImage field(size * 3, QImage::Format_ARGB32_Premultiplied);
+    field.fill(Qt::transparent);
+    QPainter painter(&field);
+    renderer.render(&painter, QRectF(QPointF(size.width(), size.height()), size));
+    painter.end();
+    const QRect ink = nonTransparent(field).adjusted(-1, -1, 1, 1);
+    if (!field.rect().contains(ink))
+        return {};
+    const QRectF relative = ink.translated(-size.width(), -size.height());
+    return {relative.x() / size.width(), relative.y() / size.height(),
+            relative.width() / size.width(), relative.height() / size.height()};
+}
+
+quint64 nextId()
+{
+    static quint64 last = 0;
+    return ++last;
+}
+
+} // namespace
+
+std::shared_ptr<SvgDocument> SvgDocument::load(const QString& path)
+{
+    const QByteArray bytes = contents(path);
+    if (bytes.isEmpty())
+        return nullptr;
+    const Kept* kept = keptDocuments().object(path);
+    if (kept && kept->bytes == bytes)
+        return kept->document;
+
+    const QuietReader quiet;
+    const std::shared_ptr<SvgDocument> document(new SvgDocument);
+    if (!document->m_renderer.load(path))
+        return nullptr;
+    if (document->m_renderer.animated())
+        return document;
+    document->m_extent = measureExtent(document->m_renderer);
+    keptDocuments().insert(path, new Kept{bytes, document}, bytes.size());
+    return document;
+}
+
+SvgDocument::SvgDocument()
+    : m_id(nextId())
+{
+    QObject::connect(&m_renderer, &QSvgRenderer::repaintNeeded, &m_renderer,
+                     [id = m_id] { SvgRasters::drop(id); });
+}
+
+SvgDocument::~SvgDocument() { SvgRasters::drop(m_id); }

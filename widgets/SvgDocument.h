@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QRectF>
+#include <QString>
+#include <QSvgRenderer>
+
+#include <memory>
+
+/// A parsed SVG file, shared by every SvgImage that shows it.
+///
+/// Files are parsed once: load() hands out the same document again as long as the file holds the
+/// same bytes. Documents that nobody uses any more are kept for a while, within a fixed bound, so
+/// that a lamp which switches between two pictures does not parse them at every change. GUI thread
+/// only.
+class SvgDocument
+{
+public:
+    /// The document of the file or resource \a path; null, silently, if that cannot be read or is
+    /// no SVG.
+    static std::shared_ptr<SvgDocument> load(const QString& path);
+
+    ~SvgDocument();
+    SvgDocument(const SvgDocument&) = delete;
+    SvgDocument& operator=(const SvgDocument&) = delete;
+
+    QSvgRenderer& renderer() { return m_renderer; }
+    /// A number that no other document has or had.
+    quint64 id() const { return m_id; }
+    /// The part of the target rectangle that the picture draws on, in units of its width and
+    /// height: (0, 0, 1, 1) for a picture that fills it exactly. Pictures may draw beyond their
+    /// edges. Empty when the extent is unknown, too large to keep a raster of, or changing.
+    QRectF extent() const { return m_extent; }
+
+private:
+    SvgDocument();
+
+    QSvgRenderer m_renderer;
+    quint64 m_id;
+    QRectF m_extent;
+};

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QObject>
+#include <QRect>
+#include <QSize>
+#include <QString>
+
+#include <memory>
+
+class QPainter;
+class SvgDocument;
+
+/// An SVG picture that is rendered once and then drawn from memory.
+///
+/// Rasters are made per device size, position within the pixel and opacity, and shared by all
+/// images of the same file in the process (see SvgRasters for the bound). Drawing is therefore
+/// sharp at every device pixel ratio, and drawing again what was drawn before costs one copy.
+/// Where a raster does not serve (a painter that turns or mirrors, composition modes other than
+/// source-over, paint engines other than the raster one, pictures that are animated or exceed
+/// SvgRasters::MaximumBytesOfOne) the picture is rendered directly.
+///
+/// Nothing is reported: an image that is not valid draws nothing. GUI thread only.
+class SvgImage : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit SvgImage(QObject* parent = nullptr);
+    ~SvgImage() override;
+
+    /// Reads the file or resource \a path and emits repaintNeeded(). False, and an image that is
+    /// not valid, if that is empty, cannot be read or is no SVG. Loading the same path again reads
+    /// it again; rasters survive only if the file is the same.
+    bool load(const QString& path);
+
+    /// The path last given to load(), whether or not it was good.
+    QString path() const { return m_path; }
+    bool isValid() const { return m_document != nullptr; }
+    /// The picture's own size; (0, 0) if not valid.
+    QSize defaultSize() const;
+    bool isAnimated() const;
+
+    /// Stretches the picture over \a rect. The pixels are those of QSvgRenderer::render(): the same
+    /// where at most one shape is translucent, otherwise within the rounding of the blending (1/255
+    /// on an opaque ground for the usual pictures; each shape blends with the painter's opacity).
+    void draw(QPainter& painter, const QRectF& rect);
+
+    /// Draws the picture as a QGraphicsBlurEffect of \a radius does, when the picture was drawn
+    /// into an empty pixmap that covers \a canvas: what lies outside of it is cut off before the
+    /// blur and after it (but not for a painter that turns). All lengths, the radius too, are in
+    /// the painter's units, so a blur looks the same at every device pixel ratio. As with that
+    /// effect, a radius below one device pixel does not blur.
+    void drawBlurred(QPainter& painter, const QRectF& rect, double radius, const QRect& canvas);
+
+    /// Draws the picture as a QGraphicsOpacityEffect of \a opacity (0 to 1) does: as one sheet,
+    /// where setting the painter's opacity would fade every shape by itself and let those
+    /// underneath shine through. \a canvas as above; it is cut off at its edges.
+    void drawTranslucent(QPainter& painter, const QRectF& rect, double opacity,
+                         const QRect& canvas);
+
+Q_SIGNALS:
+    /// The picture changed: it was loaded, or it is animated.
+    void repaintNeeded();
+
+private:
+    QString m_path;
+    std::shared_ptr<SvgDocument> m_document;
+};

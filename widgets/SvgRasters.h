@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QHashFunctions>
+#include <QImage>
+#include <QPoint>
+#include <QRect>
+
+/// What decides every pixel of a raster: two pictures with equal keys look the same, moved by whole
+/// device pixels. Lengths are device pixels times 2^32, so that rounding errors far below what the
+/// rasteriser resolves do not make two keys of one.
+struct SvgRasterKey
+{
+    quint64 document = 0;
+    qint64 x = 0; ///< the left edge's place within its pixel
+    qint64 y = 0;
+    qint64 width = 0;
+    qint64 height = 0;
+    double opacity = 1.0; ///< of every shape by itself
+    double blur = 0.0;    ///< radius in device pixels
+    QRect part = QRect(); ///< what of the picture is blurred; null for a raster that is not
+
+    bool operator==(const SvgRasterKey&) const = default;
+};
+
+inline size_t qHash(const SvgRasterKey& key, size_t seed = 0)
+{
+    return qHashMulti(seed, key.document, key.x, key.y, key.width, key.height, key.opacity,
+                      key.blur, key.part.x(), key.part.y(), key.part.width(), key.part.height());
+}
+
+/// The pixels of a picture, and where the first of them lies from the pixel that holds the left top
+/// corner of the picture's rectangle.
+struct SvgRaster
+{
+    QImage image;
+    QPoint offset;
+};
+
+/// The process's rasters of SVG pictures, one for each way in which one is drawn, whoever draws it.
+/// The least recently used ones give way when all together exceed the bound. GUI thread only.
+namespace SvgRasters {
+
+/// All rasters together never take more bytes than this.
+constexpr qsizetype MaximumBytes = 128 * 1024 * 1024;
+/// A picture of more bytes is not worth a raster.
+constexpr qsizetype MaximumBytesOfOne = MaximumBytes / 2;
+
+/// Null if there is none. Valid until the next call of insert() or drop().
+const SvgRaster* find(const SvgRasterKey& key);
+/// Keeps \a raster, of at most MaximumBytesOfOne, and returns it as find() would.
+const SvgRaster* insert(const SvgRasterKey& key, SvgRaster raster);
+/// Forgets the rasters of a document.
+void drop(quint64 document);
+
+int count();
+qsizetype bytes();
+
+} // namespace SvgRasters
