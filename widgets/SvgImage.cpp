@@ -9,6 +9,7 @@
 #include <QGraphicsScene>
 #include <QPaintEngine>
 #include <QPainter>
+#include <QPainterPath>
 
 #include <algorithm>
 #include <cmath>
@@ -90,10 +91,22 @@ bool fits(const QSize& size)
     return qint64(size.width()) * size.height() * 4 <= SvgRasters::MaximumBytesOfOne;
 }
 
+/// Whether no clip edge runs through pixels: such an edge would cut each shape by itself.
+bool isClippedToPixels(const QPainter& painter)
+{
+    if (!painter.hasClipping())
+        return true;
+    const QPainterPath clip = painter.clipPath();
+    QPainterPath rectangle;
+    rectangle.addRect(clip.boundingRect());
+    return clip.isEmpty() || clip == rectangle;
+}
+
 bool takesRasters(const QPainter& painter)
 {
     return painter.paintEngine()->type() == QPaintEngine::Raster &&
-           painter.compositionMode() == QPainter::CompositionMode_SourceOver;
+           painter.compositionMode() == QPainter::CompositionMode_SourceOver &&
+           isClippedToPixels(painter);
 }
 
 /// The part \a pixels (counted from the origin) of the picture on an empty ground.
@@ -149,14 +162,14 @@ QRect blurPart(const SvgDocument& document, const Placement& placement, const QR
                double radius)
 {
     const int reach = static_cast<int>(std::ceil(4.0 * radius)) + 2;
-    const QRect wanted =
-        sheetPart(document, placement, canvas).adjusted(-reach, -reach, reach, reach);
-    if (!placement.isUpright())
-        return wanted;
-    const QRect field = placement.pixels(canvas);
-    const QRect part = wanted & field;
-    return part.adjusted(-((part.left() - field.left()) & 1), -((part.top() - field.top()) & 1), 0,
-                         0);
+    QRect part = sheetPart(document, placement, canvas).adjusted(-reach, -reach, reach, reach);
+    QPoint corner = -placement.origin();
+    if (placement.isUpright()) {
+        const QRect field = placement.pixels(canvas);
+        part &= field;
+        corner = field.topLeft();
+    }
+    return part.adjusted(-((part.left() - corner.x()) & 1), -((part.top() - corner.y()) & 1), 0, 0);
 }
 
 /// The picture at \a placement, cached; null if that cannot be.

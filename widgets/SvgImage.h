@@ -16,7 +16,8 @@ class SvgDocument;
 /// Rasters are made per device size, position within the pixel and opacity, and shared by all
 /// images of the same file in the process (see SvgRasters for the bound). Drawing is therefore
 /// sharp at every device pixel ratio, and drawing again what was drawn before costs one copy.
-/// Where a raster does not serve (a painter that turns or mirrors, composition modes other than
+/// Where a raster does not serve (a painter that turns, mirrors or
+/// clips to more than a rectangle, composition modes other than
 /// source-over, paint engines other than the raster one, pictures that are animated or exceed
 /// SvgRasters::MaximumBytesOfOne) the picture is rendered directly.
 ///
@@ -41,9 +42,12 @@ public:
     QSize defaultSize() const;
     bool isAnimated() const;
 
-    /// Stretches the picture over \a rect. The pixels are those of QSvgRenderer::render(): the same
-    /// where at most one shape is translucent, otherwise within the rounding of the blending (1/255
-    /// on an opaque ground for the usual pictures; each shape blends with the painter's opacity).
+    /// Stretches the picture over \a rect. The pixels are those of QSvgRenderer::render(), exactly
+    /// where no more than one plain shape is translucent, by its edge or its paint. Elsewhere they
+    /// differ by rounding: by 1/255 inside gradients, whose colours the rasteriser finds by its
+    /// place on the device, and by 1/255 for each further translucent shape on the same pixel,
+    /// because these are blended with each other first and with the ground last. The painter's
+    /// opacity applies to each shape by itself, as it does there.
     void draw(QPainter& painter, const QRectF& rect);
 
     /// Draws the picture as a QGraphicsBlurEffect of \a radius does, when the picture was drawn

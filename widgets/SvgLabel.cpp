@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "widgets/SvgLabel.h"
+
+#include <QPainter>
+
+namespace {
+
+void loadOnce(SvgImage& image, const QString& path)
+{
+    if (path != image.path())
+        image.load(path);
+}
+
+} // namespace
+
+SvgLabel::SvgLabel(QWidget* parent)
+    : QLabel(parent)
+{
+    for (SvgImage* image : {&m_image, &m_disabledImage})
+        connect(image, &SvgImage::repaintNeeded, this, qOverload<>(&QWidget::update));
+}
+
+void SvgLabel::setSvg(const QString& path) { loadOnce(m_image, path); }
+
+void SvgLabel::setDisableSvg(const QString& path) { loadOnce(m_disabledImage, path); }
+
+void SvgLabel::setOpacity(double opacity)
+{
+    if (opacity == m_opacity)
+        return;
+    m_opacity = opacity;
+    update();
+}
+
+void SvgLabel::paintEvent(QPaintEvent* event)
+{
+    if (m_image.isValid()) {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setOpacity(m_opacity);
+        shownImage().draw(painter, rect());
+    }
+    QLabel::paintEvent(event);
+}
+
+SvgImage& SvgLabel::shownImage()
+{
+    return !isEnabled() && m_disabledImage.isValid() ? m_disabledImage : m_image;
+}
+
+#include "moc_SvgLabel.cpp"

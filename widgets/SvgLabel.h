@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "widgets/SvgImage.h"
+
+#include <QLabel>
+
+/// A label that shows an SVG picture, stretched over its whole rectangle, underneath whatever a
+/// label shows. A second picture takes its place while the label is disabled, if it has both.
+/// Pictures that cannot be loaded leave the label blank.
+class SvgLabel : public QLabel
+{
+    Q_OBJECT
+    Q_PROPERTY(QString svg READ svg WRITE setSvg)
+    // Forms know the picture of the disabled state by this name, which is not its setter's.
+    Q_PROPERTY(QString disableSvgRenderer READ disableSvg WRITE setDisableSvg)
+    Q_PROPERTY(double opacity READ opacity WRITE setOpacity)
+
+public:
+    explicit SvgLabel(QWidget* parent = nullptr);
+
+    /// Paths of files or resources.
+    QString svg() const { return m_image.path(); }
+    void setSvg(const QString& path);
+    QString disableSvg() const { return m_disabledImage.path(); }
+    void setDisableSvg(const QString& path);
+    /// The opacity that the picture is painted with; values outside of 0 to 1 count as the nearer
+    /// of the two.
+    double opacity() const { return m_opacity; }
+    void setOpacity(double opacity);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    SvgImage& shownImage();
+
+    SvgImage m_image;
+    SvgImage m_disabledImage;
+    double m_opacity = 1.0;
+};
