@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editor/base/EffectStyle.h"
 
+#include "controls/PullDownButtonController.h"
 #include "editor/base/EditorFonts.h"
 #include "editor/base/PixelRounding.h"
 #include "editor/base/WidgetScale.h"
@@ -11,6 +12,9 @@
 #include <QPen>
 #include <QStyleOptionMenuItem>
 #include <QWidget>
+
+using CommonController_MemAPI::PullDownButtonController;
+using CommonController_MemAPI::PullDownButtonControllerPrivate::Menu;
 
 namespace {
 
@@ -25,6 +29,9 @@ constexpr QColor MenuItemBackgroundFocusColor(3, 148, 208);
 constexpr int ItemFontSize = 11;
 constexpr int ItemTextFlags =
     Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip | Qt::TextShowMnemonic;
+
+constexpr int IndexTextFlags = Qt::AlignCenter | Qt::TextSingleLine;
+constexpr int LabelTextFlags = Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine;
 
 bool isEnabled(const QStyleOption& item) { return item.state.testFlag(QStyle::State_Enabled); }
 
@@ -101,15 +108,83 @@ void drawSeparator(const QRect& rect, QPainter* painter)
     painter->drawLine(rect.left(), y, rect.right() + 1, y);
 }
 
+/// The button whose pull-down menu \a widget is; null for any other widget.
+const PullDownButtonController* pullDownButton(const QWidget& widget)
+{
+    const auto* menu = qobject_cast<const Menu*>(&widget);
+    return menu ? menu->owner() : nullptr;
+}
+
+/// The items of a pull-down menu: an index column, if the button has one, and the label.
+struct PullDownColumns
+{
+    PullDownColumns(const PullDownButtonController& button, double scale)
+        : hasIndex(button.indexWidth() > 0)
+        , side(roundToPixel(4 * scale))
+        , indexWidth(hasIndex ? roundToPixel(button.indexWidth() * scale) : 0)
+        , indexMargin(hasIndex ? roundToPixel(button.indexMargin() * scale) : 0)
+    {}
+
+    QString index(const QString& text) const
+    {
+        return hasIndex ? text.section(QLatin1Char(' '), 0, 0) : QString();
+    }
+    QString label(const QString& text) const
+    {
+        return hasIndex ? text.section(QLatin1Char(' '), 1) : text;
+    }
+
+    bool hasIndex;
+    int side;        // left of the index and right of the label
+    int indexWidth;  // 0 without an index, as is the margin
+    int indexMargin; // between index and label, around the line
+};
+
+/// The part of an item from \a left to \a right, both included and both counted in left to right
+/// layouts, less a margin above and below.
+QRect itemPart(const QStyleOptionMenuItem& item, double scale, int left, int right)
+{
+    const int margin = roundToPixel(scale);
+    const QRect rect(QPoint(left, item.rect.top() + margin),
+                     QPoint(right, item.rect.bottom() - margin));
+    return QStyle::visualRect(item.direction, item.rect, rect);
+}
+
+void drawIndexLine(const QStyleOptionMenuItem& item, QPainter* painter,
+                   const PullDownColumns& columns, double scale)
+{
+    const QPen itemPen = painter->pen();
+    const int offset = columns.side + columns.indexWidth + item.rect.left();
+    const QRect middle(static_cast<int>(columns.indexMargin * 0.5 + offset), item.rect.top(), 1, 1);
+    const int x = QStyle::visualRect(item.direction, item.rect, middle).left();
+    painter->setPen(
+        QPen(MenuForegroundEnableColor, scale, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter->drawLine(x, item.rect.top(), x, item.rect.bottom() + 1);
+    painter->setPen(itemPen);
+}
+
+void drawPullDownTexts(const QStyleOptionMenuItem& item, QPainter* painter,
+                       const PullDownButtonController& button, double scale)
+{
+    const PullDownColumns columns(button, scale);
+    const int left = item.rect.left() + columns.side;
+    const int right = item.rect.right() - columns.side;
+    const int labelLeft = left + columns.indexMargin + columns.indexWidth;
+    if (columns.hasIndex)
+        painter->drawText(itemPart(item, scale, left, left + columns.indexWidth - 1),
+                          IndexTextFlags, columns.index(item.text));
+    if (columns.indexMargin > 0)
+        drawIndexLine(item, painter, columns, scale);
+    painter->drawText(itemPart(item, scale, labelLeft, right), LabelTextFlags,
+                      columns.label(item.text));
+}
+
 /// Draws \a text from \a left to \a right, both included, of the item that is mirrored in right to
 /// left layouts.
 void drawItemText(const QStyleOptionMenuItem& item, QPainter* painter, double scale, int left,
                   int right, const QString& text)
 {
-    const int margin = roundToPixel(scale);
-    const QRect rect(QPoint(left, item.rect.top() + margin),
-                     QPoint(right, item.rect.bottom() - margin));
-    painter->drawText(QStyle::visualRect(item.direction, item.rect, rect), ItemTextFlags, text);
+    painter->drawText(itemPart(item, scale, left, right), ItemTextFlags, text);
 }
 
 void drawTexts(const QStyleOptionMenuItem& item, QPainter* painter, const QWidget& menu,
@@ -139,17 +214,33 @@ void drawMenuItem(const QStyleOptionMenuItem& item, QPainter* painter, const QWi
     painter->setPen(QPen(color, scale, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     painter->setBrush(color);
     drawItemBackground(item, painter);
-    if (item.menuItemType == QStyleOptionMenuItem::Separator)
+    if (const PullDownButtonController* button = pullDownButton(menu))
+        drawPullDownTexts(item, painter, *button, scale);
+    else if (item.menuItemType == QStyleOptionMenuItem::Separator)
         drawSeparator(item.rect, painter);
     else if (!item.text.isEmpty())
         drawTexts(item, painter, menu, scale);
     painter->restore();
 }
 
+/// A pull-down list is never narrower than its button less the frame.
+QSize pullDownItemSize(const QStyleOptionMenuItem& item, const PullDownButtonController& button,
+                       double scale)
+{
+    const PullDownColumns columns(button, scale);
+    const QSize text = item.fontMetrics.size(Qt::TextSingleLine, item.text);
+    const QSize label = item.fontMetrics.size(Qt::TextSingleLine, columns.label(item.text));
+    const int width = label.width() + columns.indexWidth + columns.indexMargin + 2 * columns.side;
+    return {std::max(width, button.width() - 2 * roundToPixel(scale)),
+            text.height() + 2 * roundToPixel(scale)};
+}
+
 QSize menuItemSize(const QStyleOptionMenuItem& item, const QSize& contentsSize, const QWidget& menu,
                    bool underlineShortcut)
 {
     const double scale = getWidgetScale(&menu);
+    if (const PullDownButtonController* button = pullDownButton(menu))
+        return pullDownItemSize(item, *button, scale);
     if (item.menuItemType == QStyleOptionMenuItem::Separator)
         return {contentsSize.width(), roundToPixel(5 * scale)};
     const QFontMetrics metrics(itemFont(menu, scale));

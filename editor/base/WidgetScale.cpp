@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editor/base/WidgetScale.h"
 
+#include "controls/PullDownButtonController.h"
 #include "editor/base/EffectEditor.h"
+
+using CommonController_MemAPI::PullDownButtonControllerPrivate::Menu;
 
 double getWidgetScale(const QWidget* widget)
 {
-    for (; widget; widget = widget->parentWidget()) {
+    while (widget) {
         if (const auto* editor = qobject_cast<const EffectEditor*>(widget))
             return editor->scale();
+        const auto* menu = qobject_cast<const Menu*>(widget);
+        widget = menu && menu->owner() ? menu->owner() : widget->parentWidget();
     }
     return 1.0;
 }

@@ -5,9 +5,11 @@
 
 void TestObject::init()
 {
-    // The offscreen platform says this of every window that is shown; it is about the platform.
+    // The offscreen platform says this of every window that is shown, and of every menu that pops
+    // up; it is about the platform.
     static const QRegularExpression unexpected(
-        QStringLiteral("^(?!This plugin does not support propagateSizeHints)"));
+        QStringLiteral("^(?!This plugin does not support "
+                       "(propagateSizeHints|raise\\(\\)|grabbing the keyboard))"));
     QTest::failOnWarning(unexpected);
 }
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/PullDownButtonController.h"
 #include "editor/base/EffectStyle.h"
 #include "tests/editor/base/PlainEditor.h"
 #include "tests/support/TestObject.h"
@@ -10,9 +11,13 @@
 #include <QPainter>
 #include <QStyleFactory>
 #include <QStyleOptionMenuItem>
+#include <QTimer>
 
 #include <memory>
 #include <utility>
+
+using CommonController_MemAPI::PullDownButtonController;
+using CommonController_MemAPI::PullDownButtonControllerPrivate::Menu;
 
 namespace {
 
@@ -35,6 +40,23 @@ struct Fixture
     EffectStyle style{nullptr};
     PlainEditor editor;
     QMenu menu{&editor};
+};
+
+/// A pull-down menu of an editor that is zoomed by a factor; the button is \a width wide.
+struct PullDownFixture
+{
+    PullDownFixture(double scale, int indexWidth, int indexMargin, int width = 10)
+    {
+        editor.setScale(scale);
+        button.resize(width, 20);
+        button.setIndexWidth(indexWidth);
+        button.setIndexMargin(indexMargin);
+    }
+
+    EffectStyle style{nullptr};
+    PlainEditor editor;
+    PullDownButtonController button{&editor};
+    Menu menu{&button};
 };
 
 QFont sizedFont(const char* family, int pixels)
@@ -62,6 +84,7 @@ QImage canvas(int width, int height)
 }
 
 /// What the style draws of an item, on a canvas of 240 x 60 pixels.
+template <typename Fixture>
 QImage drawnItem(const Fixture& fixture, const QStyleOptionMenuItem& option)
 {
     QImage image = canvas(240, 60);
@@ -75,6 +98,7 @@ struct Text
 {
     QRect rect;
     QString text;
+    int flags = TextFlags;
 };
 
 /// An item as it should be drawn: its fill, and texts in rectangles worked out by hand.
@@ -88,7 +112,7 @@ QImage expectedItem(const QRect& rect, const QColor& fill, const QColor& ink, co
     painter.setFont(font);
     painter.setPen(ink);
     for (const Text& text : texts)
-        painter.drawText(text.rect, TextFlags, text.text);
+        painter.drawText(text.rect, text.flags, text.text);
     return image;
 }
 
@@ -202,6 +226,21 @@ private Q_SLOTS:
     void separatorSize_data();
     void separatorSize();
     void otherSizesAreTheBaseStyles();
+
+    void pullDownIndexColumn_data();
+    void pullDownIndexColumn();
+    void pullDownIndexWithoutMarginHasNoLine();
+    void pullDownWithoutIndexIsTheWholeText();
+    void pullDownItemIsMirrored();
+    void pullDownItemKeepsThePaintersFont();
+    void pullDownItemColours();
+    void pullDownTextsAreTakenAsTheyStand();
+    void pullDownSize_data();
+    void pullDownSize();
+    void pullDownIsNeverNarrowerThanItsButton();
+    void pullDownMenuWithoutAButtonIsOrdinary();
+    void realPullDown_data();
+    void realPullDown();
 
     void pixelMetrics_data();
     void pixelMetrics();
@@ -725,6 +764,240 @@ void tst_EffectStyle::otherSizesAreTheBaseStyles()
              style.baseStyle()->sizeFromContents(QStyle::CT_MenuItem, &wrongType, contents, &menu));
     QCOMPARE(style.sizeFromContents(QStyle::CT_MenuBarItem, &item, contents, &menu),
              style.baseStyle()->sizeFromContents(QStyle::CT_MenuBarItem, &item, contents, &menu));
+}
+
+void tst_EffectStyle::pullDownIndexColumn_data()
+{
+    QTest::addColumn<double>("scale");
+    QTest::addColumn<int>("indexMargin");
+    QTest::addColumn<QRect>("indexRect");
+    QTest::addColumn<QRect>("line");
+    QTest::addColumn<QRect>("labelRect");
+    // The item spans x 20 to 219 and y 10 to 49.
+    QTest::newRow("1") << 1.0 << 6 << cornersRect(24, 11, 35, 48) << QRect(39, 10, 1, 41)
+                       << cornersRect(42, 11, 215, 48);
+    QTest::newRow("1, odd margin") << 1.0 << 7 << cornersRect(24, 11, 35, 48)
+                                   << QRect(39, 10, 1, 41) << cornersRect(43, 11, 215, 48);
+    QTest::newRow("1.5") << 1.5 << 6 << cornersRect(26, 12, 43, 47) << QRect()
+                         << cornersRect(53, 12, 213, 47);
+    QTest::newRow("2") << 2.0 << 6 << cornersRect(28, 12, 51, 47) << QRect()
+                       << cornersRect(64, 12, 211, 47);
+}
+
+// The line is compared only where it is one pixel wide; its middle is the same at every scale.
+void tst_EffectStyle::pullDownIndexColumn()
+{
+    QFETCH(double, scale);
+    QFETCH(int, indexMargin);
+    QFETCH(QRect, indexRect);
+    QFETCH(QRect, line);
+    QFETCH(QRect, labelRect);
+    const PullDownFixture fixture(scale, 12, indexMargin);
+    const QStyleOptionMenuItem option =
+        itemOption(QStringLiteral("7 Low shelf"), cornersRect(20, 10, 219, 49));
+    QImage drawn = drawnItem(fixture, option);
+    const QRect gap(indexRect.right() + 1, 0, labelRect.left() - indexRect.right() - 1, 60);
+    QImage expected =
+        expectedItem(option.rect, Background, EnabledText, fixture.menu.font(),
+                     {{indexRect, QStringLiteral("7"), Qt::AlignCenter | Qt::TextSingleLine},
+                      {labelRect, QStringLiteral("Low shelf"),
+                       Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine}});
+    if (line.isValid()) {
+        QPainter(&expected).fillRect(line, EnabledText);
+    } else {
+        const QRect found = boundsOf(drawn.copy(gap), EnabledText);
+        QVERIFY(found.isValid() && found.width() <= qRound(scale) + 1);
+        QVERIFY(qAbs(found.center().x() - gap.width() / 2) <= 1);
+        for (QImage* image : {&drawn, &expected})
+            QPainter(image).fillRect(gap, Untouched);
+    }
+    QCOMPARE(drawn, expected);
+}
+
+void tst_EffectStyle::pullDownIndexWithoutMarginHasNoLine()
+{
+    const PullDownFixture fixture(1.0, 12, 0);
+    const QRect rect = cornersRect(20, 10, 219, 49);
+    const QImage expected = expectedItem(
+        rect, Background, EnabledText, fixture.menu.font(),
+        {{QRect(24, 11, 12, 38), QStringLiteral("7"), Qt::AlignCenter | Qt::TextSingleLine},
+         {cornersRect(36, 11, 215, 48), QStringLiteral("Low shelf"),
+          Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine}});
+    QCOMPARE(drawnItem(fixture, itemOption(QStringLiteral("7 Low shelf"), rect)), expected);
+}
+
+void tst_EffectStyle::pullDownWithoutIndexIsTheWholeText()
+{
+    const QRect rect = cornersRect(20, 10, 219, 49);
+    for (const int indexWidth : {0, -5}) {
+        const PullDownFixture fixture(1.0, indexWidth, 6);
+        const QImage expected =
+            expectedItem(rect, Background, EnabledText, fixture.menu.font(),
+                         {{cornersRect(24, 11, 215, 48), QStringLiteral("7 Low shelf"),
+                           Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine}});
+        QCOMPARE(drawnItem(fixture, itemOption(QStringLiteral("7 Low shelf"), rect)), expected);
+    }
+}
+
+void tst_EffectStyle::pullDownItemIsMirrored()
+{
+    const PullDownFixture fixture(1.0, 12, 6);
+    QStyleOptionMenuItem option =
+        itemOption(QStringLiteral("7 Hill"), cornersRect(20, 10, 219, 49));
+    const QImage leftToRight = drawnItem(fixture, option);
+    option.direction = Qt::RightToLeft;
+    const QImage drawn = drawnItem(fixture, option);
+    // The index lies in the 12 pixels left of the margin at the right, the line left of it.
+    const QRect indexRect = cornersRect(204, 11, 215, 48);
+    QVERIFY(boundsOf(drawn.copy(indexRect), EnabledText).isValid());
+    QVERIFY(!boundsOf(drawn.copy(cornersRect(216, 10, 219, 49)), EnabledText).isValid());
+    QCOMPARE(boundsOf(drawn.copy(cornersRect(198, 10, 203, 50)), EnabledText), QRect(2, 0, 1, 41));
+    QVERIFY(inkBounds(leftToRight.copy(indexRect)).isNull());
+}
+
+void tst_EffectStyle::pullDownItemKeepsThePaintersFont()
+{
+    PullDownFixture fixture(2.0, 0, 0);
+    fixture.menu.setFont(sizedFont("DejaVu Sans", 30));
+    const QRect rect = cornersRect(20, 10, 219, 49);
+    const QImage expected = expectedItem(rect, Background, EnabledText, fixture.menu.font(),
+                                         {{cornersRect(28, 12, 211, 47), QStringLiteral("Hill"),
+                                           Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine}});
+    QCOMPARE(drawnItem(fixture, itemOption(QStringLiteral("Hill"), rect)), expected);
+}
+
+void tst_EffectStyle::pullDownItemColours()
+{
+    const PullDownFixture fixture(1.0, 12, 6);
+    QStyleOptionMenuItem option =
+        itemOption(QStringLiteral("\u2588 \u2588\u2588"), cornersRect(20, 10, 219, 49));
+    option.state = QStyle::State_Enabled | QStyle::State_Selected;
+    const QImage drawn = drawnItem(fixture, option);
+    QCOMPARE(drawn.pixelColor(21, 11), Blue);
+    QVERIFY(boundsOf(drawn.copy(QRect(24, 11, 12, 38)), White).isValid());
+    QVERIFY(boundsOf(drawn.copy(cornersRect(42, 11, 215, 48)), White).isValid());
+    // The line keeps its colour.
+    QCOMPARE(boundsOf(drawn, EnabledText), QRect(39, 10, 1, 41));
+    option.text.clear();
+    QVERIFY(!boundsOf(drawnItem(fixture, option), White).isValid());
+}
+
+void tst_EffectStyle::pullDownTextsAreTakenAsTheyStand()
+{
+    const PullDownFixture fixture(1.0, 0, 0);
+    const QRect rect = cornersRect(20, 10, 219, 49);
+    const QString text = QStringLiteral("R&B  one");
+    const QImage expected = expectedItem(rect, Background, EnabledText, fixture.menu.font(),
+                                         {{cornersRect(24, 11, 215, 48), text,
+                                           Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine}});
+    QCOMPARE(drawnItem(fixture, itemOption(text, rect)), expected);
+}
+
+void tst_EffectStyle::pullDownSize_data()
+{
+    QTest::addColumn<double>("scale");
+    QTest::addColumn<int>("indexWidth");
+    QTest::addColumn<int>("indexMargin");
+    QTest::addColumn<QString>("widthText");
+    QTest::addColumn<QSize>("margins");
+    const QString whole = QStringLiteral("12 Low shelf");
+    const QString label = QStringLiteral("Low shelf");
+    QTest::newRow("no index, 1") << 1.0 << 0 << 6 << whole << QSize(8, 2);
+    QTest::newRow("no index, 1.5") << 1.5 << -1 << 6 << whole << QSize(12, 4);
+    QTest::newRow("index, 1") << 1.0 << 12 << 6 << label << QSize(12 + 6 + 8, 2);
+    QTest::newRow("index, no margin") << 1.0 << 12 << 0 << label << QSize(12 + 8, 2);
+    // 12 * 1.25 is 15, 6 * 1.25 is 7.5, which rounds to 8.
+    QTest::newRow("index, 1.25") << 1.25 << 12 << 6 << label << QSize(15 + 8 + 10, 2);
+    QTest::newRow("index, 2") << 2.0 << 12 << 6 << label << QSize(24 + 12 + 16, 4);
+}
+
+void tst_EffectStyle::pullDownSize()
+{
+    QFETCH(double, scale);
+    QFETCH(int, indexWidth);
+    QFETCH(int, indexMargin);
+    QFETCH(QString, widthText);
+    QFETCH(QSize, margins);
+    const PullDownFixture fixture(scale, indexWidth, indexMargin);
+    QStyleOptionMenuItem option = itemOption(QStringLiteral("12 Low shelf"), QRect());
+    option.fontMetrics = QFontMetrics(sizedFont("M+ 1c", 19));
+    const int width = option.fontMetrics.size(Qt::TextSingleLine, widthText).width();
+    const int height = option.fontMetrics.size(Qt::TextSingleLine, option.text).height();
+    QCOMPARE(fixture.style.sizeFromContents(QStyle::CT_MenuItem, &option, QSize(500, 500),
+                                            &fixture.menu),
+             QSize(width, height) + margins);
+}
+
+void tst_EffectStyle::pullDownIsNeverNarrowerThanItsButton()
+{
+    for (const int indexWidth : {0, 12}) {
+        const PullDownFixture fixture(1.5, indexWidth, 6, 300);
+        const QStyleOptionMenuItem option = itemOption(QStringLiteral("1 Hill"), QRect());
+        QCOMPARE(
+            fixture.style.sizeFromContents(QStyle::CT_MenuItem, &option, QSize(), &fixture.menu)
+                .width(),
+            300 - 2 * 2);
+    }
+}
+
+void tst_EffectStyle::pullDownMenuWithoutAButtonIsOrdinary()
+{
+    Fixture ordinary(1.0);
+    ordinary.menu.setFont(sizedFont("M+ 1c", 11));
+    auto button = std::make_unique<PullDownButtonController>();
+    button->setIndexWidth(12);
+    Menu menu(button.get());
+    menu.setParent(nullptr);
+    button.reset();
+    menu.setFont(sizedFont("M+ 1c", 11));
+    const QStyleOptionMenuItem option = itemOption(QStringLiteral("1 Hill"), QRect(0, 0, 90, 20));
+    QImage image = canvas(240, 60);
+    QPainter painter(&image);
+    painter.setFont(menu.font());
+    ordinary.style.drawControl(QStyle::CE_MenuItem, &option, &painter, &menu);
+    painter.end();
+    QCOMPARE(image, drawnItem(ordinary, option));
+    QCOMPARE(
+        ordinary.style.sizeFromContents(QStyle::CT_MenuItem, &option, QSize(), &menu),
+        ordinary.style.sizeFromContents(QStyle::CT_MenuItem, &option, QSize(), &ordinary.menu));
+}
+
+void tst_EffectStyle::realPullDown_data()
+{
+    QTest::addColumn<double>("scale");
+    QTest::addColumn<int>("frame");
+    QTest::newRow("1") << 1.0 << 1;
+    QTest::newRow("2") << 2.0 << 2;
+}
+
+void tst_EffectStyle::realPullDown()
+{
+    QFETCH(double, scale);
+    QFETCH(int, frame);
+    PlainEditor editor;
+    PullDownButtonController button(&editor);
+    button.setGeometry(10, 10, 120, 20);
+    button.setTextList({QStringLiteral("Low shelf"), QStringLiteral("Peaking")});
+    editor.initialize();
+    editor.setScale(scale);
+    button.setValue(1);
+    editor.show();
+    bool isSeen = false;
+    QTimer::singleShot(0, &editor, [&] {
+        auto* menu = qobject_cast<Menu*>(QApplication::activePopupWidget());
+        QVERIFY(menu);
+        isSeen = true;
+        QCOMPARE(menu->width(), qRound(120 * scale));
+        QCOMPARE(menu->pos(), editor.mapToGlobal(QPoint(10, 30) * scale));
+        const QImage image = menu->grab().toImage();
+        const QRect current = menu->actionGeometry(menu->actions().at(1));
+        QCOMPARE(image.pixelColor(frame - 1, frame - 1), White);
+        QCOMPARE(image.pixelColor(frame, frame), Background);
+        QCOMPARE(image.pixelColor(current.topLeft()), Blue);
+        menu->close();
+    });
+    button.openPullDown();
+    QVERIFY(isSeen);
 }
 
 void tst_EffectStyle::pixelMetrics_data()

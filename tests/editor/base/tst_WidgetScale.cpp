@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/PullDownButtonController.h"
 #include "editor/base/WidgetScale.h"
 #include "tests/editor/base/PlainEditor.h"
 #include "tests/support/TestObject.h"
 
 #include <QMenu>
 #include <QScrollArea>
+
+using CommonController_MemAPI::PullDownButtonController;
+using CommonController_MemAPI::PullDownButtonControllerPrivate::Menu;
 
 class tst_WidgetScale : public TestObject
 {
@@ -15,6 +19,8 @@ private Q_SLOTS:
     void isTheEditorsForTheWholeTree();
     void isTheNearestEditors();
     void followsTheEditor();
+    void pullDownMenuHasItsButtons();
+    void pullDownMenuWithoutAButtonHasItsParents();
 };
 
 void tst_WidgetScale::isOneOutsideAnyEditor()
@@ -62,6 +68,39 @@ void tst_WidgetScale::followsTheEditor()
     QCOMPARE(getWidgetScale(&child), 0.25);
     editor.setScale(3.0);
     QCOMPARE(getWidgetScale(&child), 3.0);
+}
+
+void tst_WidgetScale::pullDownMenuHasItsButtons()
+{
+    PlainEditor editor;
+    PlainEditor other;
+    editor.setScale(1.5);
+    other.setScale(3.0);
+    QWidget area(&editor);
+    PullDownButtonController button(&area);
+    Menu menu(&button);
+    QMenu submenu(&menu);
+    QCOMPARE(getWidgetScale(&menu), 1.5);
+    QCOMPARE(getWidgetScale(&submenu), 1.5);
+    menu.setParent(nullptr);
+    QCOMPARE(getWidgetScale(&menu), 1.5);
+    menu.setParent(&other);
+    QCOMPARE(getWidgetScale(&menu), 1.5);
+}
+
+void tst_WidgetScale::pullDownMenuWithoutAButtonHasItsParents()
+{
+    PlainEditor editor;
+    editor.setScale(1.5);
+    auto* button = new PullDownButtonController;
+    Menu menu(button);
+    QCOMPARE(getWidgetScale(&menu), 1.0);
+    menu.setParent(&editor);
+    QCOMPARE(getWidgetScale(&menu), 1.0);
+    delete button;
+    QCOMPARE(getWidgetScale(&menu), 1.5);
+    menu.setParent(nullptr);
+    QCOMPARE(getWidgetScale(&menu), 1.0);
 }
 
 ZOLTA_TEST_MAIN(tst_WidgetScale)
