@@ -178,9 +178,11 @@ void PullDownButtonController::openPullDown()
     window()->activateWindow();
     if (!self)
         return;
-    m_menu->removeEventFilter(this);
-    m_menu->deleteLater();
-    m_menu = nullptr;
+    if (m_menu) {
+        m_menu->removeEventFilter(this);
+        m_menu->deleteLater();
+        m_menu = nullptr;
+    }
     const qsizetype index = m_actions.indexOf(chosen);
     m_actions.clear();
     setDown(false);
@@ -192,7 +194,7 @@ void PullDownButtonController::valueChanged() { update(); }
 
 bool PullDownButtonController::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_menu && event->type() == QEvent::MouseButtonPress) {
+    if (event->type() == QEvent::MouseButtonPress && watched == m_menu) {
         const QPointF position = static_cast<QMouseEvent*>(event)->globalPosition();
         const bool onButton = rect().contains(mapFromGlobal(position).toPoint());
         // A press on the button closes the menu and must not open it anew.

@@ -350,14 +350,6 @@ void PushButtonController::setSvg(Layer layer, const QString& path)
         m_images[layer].load(path);
 }
 
-template <typename Value> void PushButtonController::store(Value& member, Value value)
-{
-    if (value == member)
-        return;
-    member = value;
-    update();
-}
-
 bool PushButtonController::maySwitch() const
 {
     return m_checkTrigger.testFlag(isChecked() ? Off : On);

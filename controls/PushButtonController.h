@@ -171,7 +171,13 @@ private:
 
     QString svg(Layer layer) const { return m_images[layer].path(); }
     void setSvg(Layer layer, const QString& path);
-    template <typename Value> void store(Value& member, Value value);
+    template <typename Value> void store(Value& member, Value value)
+    {
+        if (value == member)
+            return;
+        member = value;
+        update();
+    }
 
     bool maySwitch() const;
     bool isOn() const { return isCheckable() ? isChecked() : isDown(); }

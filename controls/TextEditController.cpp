@@ -37,6 +37,7 @@ protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
@@ -79,6 +80,14 @@ void LineEdit::keyReleaseEvent(QKeyEvent* event)
 {
     QLineEdit::keyReleaseEvent(event);
     event->accept();
+}
+
+void LineEdit::resizeEvent(QResizeEvent* event)
+{
+    QLineEdit::resizeEvent(event);
+    // An editor that is zoomed sizes every widget of its tree by itself.
+    if (isVisible() && geometry() != m_controller->rect())
+        setGeometry(m_controller->rect());
 }
 
 void LineEdit::focusOutEvent(QFocusEvent* event)
@@ -350,7 +359,8 @@ void TextEditController::changeEvent(QEvent* event)
 
 void TextEditController::resizeEvent(QResizeEvent* event)
 {
-    m_lineEdit->resize(size());
+    if (isTyping())
+        m_lineEdit->resize(size());
     QWidget::resizeEvent(event);
 }
 

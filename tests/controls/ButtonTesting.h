@@ -2,6 +2,7 @@
 #pragma once
 
 #include "controls/AbstractController.h"
+#include "controls/ControlAccessible.h"
 #include "tests/support/TestHost.h"
 
 #include <QAccessible>
@@ -14,6 +15,8 @@
 #include <QPointer>
 #include <QTest>
 #include <QWidget>
+
+#include <utility>
 
 /// What the tests of the buttons share.
 namespace ButtonTesting {
@@ -157,5 +160,40 @@ inline QStringList ownMethods(const QMetaObject& meta)
     }
     return list;
 }
+
+/// Collects the values announced to assistive technology while it lives.
+class Announcements
+{
+public:
+    Announcements()
+    {
+        s_list.clear();
+        CommonController_MemAPI::setAnnouncer(note);
+    }
+    ~Announcements() { CommonController_MemAPI::setAnnouncer(nullptr); }
+    Announcements(const Announcements&) = delete;
+    Announcements& operator=(const Announcements&) = delete;
+
+    /// Those of \a object, in order.
+    QList<QVariant> values(const QObject& object) const
+    {
+        QList<QVariant> values;
+        for (const auto& [source, value] : std::as_const(s_list)) {
+            if (source == &object)
+                values.append(value);
+        }
+        return values;
+    }
+
+private:
+    static void note(QAccessibleEvent* event)
+    {
+        if (event->type() == QAccessible::ValueChanged)
+            s_list.append(
+                {event->object(), static_cast<QAccessibleValueChangeEvent*>(event)->value()});
+    }
+
+    static inline QList<std::pair<const QObject*, QVariant>> s_list;
+};
 
 } // namespace ButtonTesting

@@ -120,6 +120,7 @@ private Q_SLOTS:
     void wideRanges();
 
     void accessible();
+    void valueIsAnnouncedOnce();
 };
 
 void tst_ButtonGroupController::metaObject()
@@ -586,6 +587,16 @@ void tst_ButtonGroupController::accessible()
     updateNow(*group.group);
     QCOMPARE(group.checked(), 2);
     QVERIFY(group.ledger.isBalanced());
+}
+
+void tst_ButtonGroupController::valueIsAnnouncedOnce()
+{
+    Group group;
+    group.bindTo(Type);
+    group.window.show();
+    const Announcements announcements;
+    group.buttons.at(1)->click();
+    QCOMPARE(announcements.values(*group.group), QList<QVariant>({1}));
 }
 
 ZOLTA_TEST_MAIN(tst_ButtonGroupController)

@@ -152,6 +152,7 @@ private Q_SLOTS:
     void closesMeanwhile();
     void destroyedWhileOpen_data();
     void destroyedWhileOpen();
+    void menuDestroyedWhileOpen();
     void deletionInside_data();
     void deletionInside();
     void valuesBeyondTheListAndWideRanges();
@@ -159,6 +160,7 @@ private Q_SLOTS:
 
     void accessible();
     void accessibleMenu();
+    void valueIsAnnouncedOnce();
 };
 
 void tst_PullDownButtonController::metaObject()
@@ -603,6 +605,15 @@ void tst_PullDownButtonController::destroyedWhileOpen()
     QCOMPARE(host.count(TestHost::Operation::SetValue), 0);
 }
 
+void tst_PullDownButtonController::menuDestroyedWhileOpen()
+{
+    BoundFixture fixture;
+    QVERIFY(useMenu(*fixture.button, [](Menu& menu) { delete &menu; }));
+    QVERIFY(!fixture.button->isOpen());
+    QVERIFY(useMenu(*fixture.button, picking(2)));
+    QCOMPARE(fixture.value(), 2);
+}
+
 void tst_PullDownButtonController::deletionInside_data()
 {
     QTest::addColumn<QString>("signal");
@@ -720,6 +731,14 @@ void tst_PullDownButtonController::accessibleMenu()
     interface->actionInterface()->doAction(showMenu);
     delete fixture.button;
     QCoreApplication::processEvents();
+}
+
+void tst_PullDownButtonController::valueIsAnnouncedOnce()
+{
+    BoundFixture fixture;
+    const Announcements announcements;
+    QVERIFY(useMenu(*fixture.button, picking(2)));
+    QCOMPARE(announcements.values(*fixture.button), QList<QVariant>({2}));
 }
 
 ZOLTA_TEST_MAIN(tst_PullDownButtonController)

@@ -210,6 +210,7 @@ private Q_SLOTS:
     void accessibleSwitch();
     void accessibleMomentary();
     void accessibleName();
+    void valueIsAnnouncedOnce();
 };
 
 void tst_PushButtonController::metaObject()
@@ -1313,6 +1314,19 @@ void tst_PushButtonController::accessibleName()
     QCOMPARE(interface->text(QAccessible::Name), QStringLiteral("Low"));
     fixture.button.setAccessibleName(QStringLiteral("Low band"));
     QCOMPARE(interface->text(QAccessible::Name), QStringLiteral("Low band"));
+}
+
+void tst_PushButtonController::valueIsAnnouncedOnce()
+{
+    SwitchFixture fixture;
+    const Announcements announcements;
+    fixture.host.set(TestHost::name(Switch), 0, 1);
+    QVERIFY(announcements.values(fixture.button).isEmpty()); // nobody sees it
+    fixture.button.show();
+    fixture.host.set(TestHost::name(Switch), 0, 0);
+    QCOMPARE(announcements.values(fixture.button), QList<QVariant>({0}));
+    click(fixture.button);
+    QCOMPARE(announcements.values(fixture.button), QList<QVariant>({0, 1}));
 }
 
 ZOLTA_TEST_MAIN(tst_PushButtonController)

@@ -2,6 +2,7 @@
 #include "controls/WheelAccumulator.h"
 #include "tests/support/TestObject.h"
 
+#include <QApplication>
 #include <QWheelEvent>
 
 #include <limits>
@@ -157,6 +158,6 @@ void tst_WheelAccumulator::doesNotOverflow()
              std::int64_t{Smallest} / 120 * std::int64_t{Largest});
 }
 
-QTEST_APPLESS_MAIN(tst_WheelAccumulator)
+ZOLTA_TEST_MAIN(tst_WheelAccumulator)
 
 #include "tst_WheelAccumulator.moc"

@@ -1,8 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editor/base/EditModes.h"
+
+#include "controls/KnobController.h"
+#include "tests/editor/base/PlainEditor.h"
 #include "tests/support/TestObject.h"
 
+#include <QApplication>
+
 #include <limits>
+
+using CommonController_MemAPI::KnobController;
 
 class tst_EditModes : public TestObject
 {
@@ -11,6 +18,9 @@ class tst_EditModes : public TestObject
 private Q_SLOTS:
     void translatesHostModes_data();
     void translatesHostModes();
+    void dialModeReachesEveryKnob_data();
+    void dialModeReachesEveryKnob();
+    void modesGoThroughTheEditor();
 };
 
 void tst_EditModes::translatesHostModes_data()
@@ -35,6 +45,46 @@ void tst_EditModes::translatesHostModes()
     QTEST(faderEditMode(hostMode), "fader");
 }
 
-QTEST_APPLESS_MAIN(tst_EditModes)
+void tst_EditModes::dialModeReachesEveryKnob_data()
+{
+    QTest::addColumn<int>("hostMode");
+    QTest::addColumn<KnobController::OperationType>("type");
+    QTest::newRow("0") << 0 << KnobController::Circular;
+    QTest::newRow("1") << 1 << KnobController::RelativeCircular;
+    QTest::newRow("2") << 2 << KnobController::Linear;
+    QTest::newRow("3") << 3 << KnobController::Circular;
+    QTest::newRow("negative") << -1 << KnobController::Circular;
+}
+
+void tst_EditModes::dialModeReachesEveryKnob()
+{
+    QFETCH(int, hostMode);
+    QFETCH(KnobController::OperationType, type);
+    KnobController outer;
+    KnobController inner(new QWidget(&outer));
+    KnobController beside;
+    for (KnobController* knob : {&outer, &inner, &beside})
+        knob->setOperationType(type == KnobController::Linear ? KnobController::Circular
+                                                              : KnobController::Linear);
+    const auto before = beside.operationType();
+    setDialEditMode(&outer, hostMode);
+    QCOMPARE(outer.operationType(), type);
+    QCOMPARE(inner.operationType(), type);
+    QCOMPARE(beside.operationType(), before);
+    setSliderEditMode(&outer, 1);
+    QCOMPARE(outer.operationType(), type);
+}
+
+void tst_EditModes::modesGoThroughTheEditor()
+{
+    PlainEditor editor;
+    KnobController knob(new QWidget(&editor));
+    editor.setDialEditMode(2);
+    QCOMPARE(knob.operationType(), KnobController::Linear);
+    editor.setSliderEditMode(0);
+    QCOMPARE(knob.operationType(), KnobController::Linear);
+}
+
+ZOLTA_TEST_MAIN(tst_EditModes)
 
 #include "tst_EditModes.moc"

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editor/base/EffectEditor.h"
+
+#include "controls/KnobController.h"
+#include "controls/TextEditController.h"
 #include "editor/base/WidgetScale.h"
 #include "plugin/interfaces/IModelInfo.h"
 #include "tests/editor/base/PlainEditor.h"
@@ -7,11 +10,15 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QScrollArea>
 #include <QScrollBar>
 
 #include <limits>
+
+using CommonController_MemAPI::KnobController;
+using CommonController_MemAPI::TextEditController;
 
 namespace {
 
@@ -149,6 +156,8 @@ private Q_SLOTS:
     void setScaleIsStoredAfterTheWidgets();
     void setScaleSurvivesExtremes_data();
     void setScaleSurvivesExtremes();
+    void setScaleReachesTheControls();
+    void setScaleKeepsAnOpenTextEditorInPlace();
     void setScaleIgnoresWhatIsNoNumber_data();
     void setScaleIgnoresWhatIsNoNumber();
 
@@ -538,6 +547,42 @@ void tst_EffectEditor::setScaleSurvivesExtremes()
     QCOMPARE(editor.geometry(), QRect(3, 5, 333, 222));
     QCOMPARE(label.geometry(), QRect(11, 13, 17, 19));
     QCOMPARE(label.font().pixelSize(), 13);
+}
+
+void tst_EffectEditor::setScaleReachesTheControls()
+{
+    PlainEditor editor;
+    KnobController knob(new QWidget(&editor));
+    TextEditController text(&editor);
+    text.setGeometry(10, 10, 60, 20);
+    editor.initialize();
+    editor.setScale(1.5);
+    QCOMPARE(knob.scale(), 1.5);
+    QCOMPARE(text.scale(), 1.5);
+    QCOMPARE(text.geometry(), QRect(15, 15, 90, 30));
+    editor.setScale(0.25);
+    QCOMPARE(knob.scale(), 0.5);
+    KnobController late(&editor);
+    editor.setScale(2.0);
+    QCOMPARE(late.scale(), 1.0);
+}
+
+void tst_EffectEditor::setScaleKeepsAnOpenTextEditorInPlace()
+{
+    PlainEditor editor;
+    TextEditController text(&editor);
+    text.setGeometry(10, 10, 60, 20);
+    editor.initialize();
+    editor.show();
+    editor.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&editor));
+    text.edit();
+    const auto* inlineEditor = text.findChild<QLineEdit*>();
+    QVERIFY(inlineEditor->isVisible());
+    editor.setScale(1.5);
+    QCOMPARE(text.size(), QSize(90, 30));
+    QCOMPARE(inlineEditor->geometry(), text.rect());
+    QVERIFY(inlineEditor->isVisible());
 }
 
 void tst_EffectEditor::setScaleIgnoresWhatIsNoNumber_data()

@@ -1,0 +1,697 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/MeterController.h"
+#include "controls/PeakMeterController.h"
+#include "tests/controls/MeterTesting.h"
+#include "tests/support/TestHost.h"
+#include "tests/support/TestObject.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QMetaEnum>
+#include <QMetaProperty>
+#include <QSignalSpy>
+
+#include <cmath>
+#include <limits>
+
+using namespace CommonController_MemAPI;
+using namespace MeterTesting;
+
+namespace {
+
+const QColor Over(0xfc, 0x67, 0x69);
+const QColor Upper(0xf9, 0xe2, 0x43);
+const QColor Lower(0x39, 0xca, 0x74);
+const QColor Ground(Qt::white);
+
+const QByteArray Parameter = TestHost::name(25);
+
+/// A meter whose bar is 102 pixels high, two for each segment, below 6 pixels for overs.
+template <typename Meter> class Probe : public Meter
+{
+public:
+    Probe()
+    {
+        this->resize(10, 108);
+        this->setPalette(meterPalette());
+    }
+
+    using Meter::convertNormalized;
+    using Meter::scaledMeterRect;
+    using Meter::scaledOverRect;
+};
+
+/// From the top, where the bar of a Probe begins that shows so many segments.
+int topOf(int segments) { return 108 - 2 * segments; }
+
+struct Row
+{
+    const char* name;
+    const char* type;
+};
+
+template <typename Rows> void compareProperties(const QMetaObject& meta, const Rows& rows)
+{
+    QCOMPARE(meta.propertyCount() - meta.propertyOffset(), static_cast<int>(std::size(rows)));
+    int index = meta.propertyOffset();
+    for (const Row& row : rows) {
+        const QMetaProperty property = meta.property(index++);
+        QCOMPARE(property.name(), row.name);
+        QCOMPARE(property.typeName(), row.type);
+        QVERIFY(property.isReadable() && property.isWritable() && property.isDesignable());
+        QVERIFY(!property.hasNotifySignal());
+    }
+}
+
+} // namespace
+
+class tst_MeterController : public TestObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void metaObject();
+    void peakMetaObject();
+    void defaults();
+    void properties_data();
+    void properties();
+    void aNewMeterShowsNothing();
+    void anyPositiveValueLightsTheOver_data();
+    void anyPositiveValueLightsTheOver();
+    void fractions_data();
+    void fractions();
+    void minus225IsEmptyTo20AndFullFrom51();
+    void rectangles();
+    void paintsTheLitPart_data();
+    void paintsTheLitPart();
+    void coloursFollowTheState();
+    void marginsMoveTheBar();
+    void peakShowsAThinSegment();
+    void peakAtAPositiveValueShowsOnlyTheOver();
+    void peakHeightIsScaled();
+    void sharpAtEveryPixelRatio_data();
+    void sharpAtEveryPixelRatio();
+    void aTickRepaintsItsStripOnly();
+    void aTickWithoutDifferencePaintsNothing();
+    void peakRepaintsItsSegmentsOnly();
+    void repaintsCoverEveryDifference_data();
+    void repaintsCoverEveryDifference();
+    void followsTheHost();
+    void paintingReadsTheHostOnce();
+    void rebindsAndUnbinds();
+    void failingHost();
+    void neverEdits();
+    void clampsLevels();
+    void strangeGeometry();
+    void accessibility();
+    void accessibleNameOfABoundMeter();
+};
+
+void tst_MeterController::metaObject()
+{
+    const QMetaObject& meta = MeterController::staticMetaObject;
+    QCOMPARE(meta.className(), "CommonController_MemAPI::MeterController");
+    QCOMPARE(meta.superClass(), &QWidget::staticMetaObject);
+    const Row rows[] = {{"meterLeftMargin", "int"},
+                        {"meterRightMargin", "int"},
+                        {"meterTopMargin", "int"},
+                        {"meterBottomMargin", "int"},
+                        {"meterOverMargin", "int"},
+                        {"meterOverHeight", "int"},
+                        {"meterType", "CommonController_MemAPI::MeterController::MeterType"}};
+    compareProperties(meta, rows);
+
+    QCOMPARE(meta.methodCount() - meta.methodOffset(), 3);
+    const QMetaMethod changed = meta.method(meta.methodOffset());
+    QCOMPARE(changed.methodSignature(), "valueChanged(int)");
+    QCOMPARE(changed.methodType(), QMetaMethod::Signal);
+    QCOMPARE(changed.parameterNames(), QList<QByteArray>{"value"});
+    const QMetaMethod modifiers = meta.method(meta.methodOffset() + 1);
+    QCOMPARE(modifiers.methodSignature(),
+             "modifiersChange(AbstractController*,Qt::KeyboardModifiers)");
+    QCOMPARE(modifiers.methodType(), QMetaMethod::Signal);
+    QCOMPARE(modifiers.parameterNames(), (QList<QByteArray>{"pController", "modifiers"}));
+    const QMetaMethod request = meta.method(meta.methodOffset() + 2);
+    QCOMPARE(request.methodSignature(), "valueChangedRequest()");
+    QCOMPARE(request.methodType(), QMetaMethod::Slot);
+    QCOMPARE(request.access(), QMetaMethod::Private);
+
+    QCOMPARE(meta.enumeratorCount() - meta.enumeratorOffset(), 1);
+    const QMetaEnum types = meta.enumerator(meta.enumeratorOffset());
+    QCOMPARE(types.name(), "MeterType");
+    QCOMPARE(types.keyCount(), 3);
+    QCOMPARE(types.keyToValue("Minus600"), 0);
+    QCOMPARE(types.keyToValue("Minus480"), 1);
+    QCOMPARE(types.keyToValue("Minus225"), 2);
+}
+
+void tst_MeterController::peakMetaObject()
+{
+    const QMetaObject& meta = PeakMeterController::staticMetaObject;
+    QCOMPARE(meta.superClass(), &MeterController::staticMetaObject);
+    const Row rows[] = {{"meterPeakHeight", "int"}};
+    compareProperties(meta, rows);
+    QCOMPARE(meta.methodCount(), meta.methodOffset());
+}
+
+void tst_MeterController::defaults()
+{
+    const PeakMeterController meter;
+    QCOMPARE(meter.value(), -1270);
+    QCOMPARE(meter.minimumValue(), -1270);
+    QCOMPARE(meter.maximumValue(), 8191);
+    QCOMPARE(meter.meterLeftMargin(), 0);
+    QCOMPARE(meter.meterRightMargin(), 0);
+    QCOMPARE(meter.meterTopMargin(), 0);
+    QCOMPARE(meter.meterBottomMargin(), 0);
+    QCOMPARE(meter.meterOverMargin(), 3);
+    QCOMPARE(meter.meterOverHeight(), 3);
+    QCOMPARE(meter.meterType(), MeterController::Minus600);
+    QCOMPARE(meter.meterPeakHeight(), 2);
+    QCOMPARE(meter.focusPolicy(), Qt::NoFocus);
+    QVERIFY(!meter.isBound());
+}
+
+void tst_MeterController::properties_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    for (const char* name :
+         {"meterLeftMargin", "meterRightMargin", "meterTopMargin", "meterBottomMargin",
+          "meterOverMargin", "meterOverHeight", "meterType", "meterPeakHeight"})
+        QTest::newRow(name) << QByteArray(name);
+}
+
+void tst_MeterController::properties()
+{
+    QFETCH(QByteArray, name);
+    Probe<PeakMeterController> meter;
+    meter.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&meter));
+    PaintRecorder paints(meter);
+    paints.take();
+    QVERIFY(meter.setProperty(name, 1));
+    QCOMPARE(meter.property(name).toInt(), 1);
+    QCOMPARE(paints.take(), QRegion(meter.rect()));
+    QVERIFY(meter.setProperty(name, 1));
+    QVERIFY(paints.take().isEmpty());
+}
+
+void tst_MeterController::aNewMeterShowsNothing()
+{
+    Probe<MeterController> meter;
+    QImage blank(10, 108, QImage::Format_ARGB32_Premultiplied);
+    blank.fill(Qt::white);
+    QCOMPARE(shown(meter), blank);
+    Probe<PeakMeterController> peak;
+    QCOMPARE(shown(peak), blank);
+}
+
+void tst_MeterController::anyPositiveValueLightsTheOver_data()
+{
+    QTest::addColumn<int>("value");
+    QTest::addColumn<bool>("lit");
+    QTest::newRow("silence") << -1270 << false;
+    QTest::newRow("just below 0") << -1 << false;
+    QTest::newRow("0") << 0 << false;
+    QTest::newRow("0.1 dB") << 1 << true;
+    QTest::newRow("largest") << 8191 << true;
+}
+
+void tst_MeterController::anyPositiveValueLightsTheOver()
+{
+    QFETCH(int, value);
+    QFETCH(bool, lit);
+    Probe<MeterController> meter;
+    meter.setValue(value);
+    const QImage image = shown(meter);
+    for (int y = 0; y < 3; ++y)
+        QCOMPARE(image.pixelColor(5, y), lit ? Over : Ground);
+    QCOMPARE(image.pixelColor(5, 3), Ground);
+    QCOMPARE(image.pixelColor(5, 5), Ground);
+}
+
+void tst_MeterController::fractions_data()
+{
+    QTest::addColumn<int>("value");
+    QTest::addColumn<int>("segments");
+    QTest::newRow("silence") << -1270 << 0;
+    QTest::newRow("below the scale") << -601 << 0;
+    QTest::newRow("-60.0") << -600 << 1;
+    QTest::newRow("-48.0") << -480 << 5;
+    QTest::newRow("-30.0") << -300 << 16;
+    QTest::newRow("-22.6") << -226 << 20;
+    QTest::newRow("-22.5") << -225 << 21;
+    QTest::newRow("-18.0") << -180 << 24;
+    QTest::newRow("-10.0") << -100 << 32;
+    QTest::newRow("-5.0") << -50 << 42;
+    QTest::newRow("-0.6") << -6 << 50;
+    QTest::newRow("-0.5") << -5 << 51;
+    QTest::newRow("0") << 0 << 51;
+    QTest::newRow("over") << 8191 << 51;
+}
+
+void tst_MeterController::fractions()
+{
+    QFETCH(int, value);
+    QFETCH(int, segments);
+    Probe<MeterController> meter;
+    QCOMPARE(meter.convertNormalized(value), segments / 51.0);
+    meter.setMeterType(MeterController::Minus480);
+    QCOMPARE(meter.convertNormalized(value), std::max(0, segments - 4) / 47.0);
+    meter.setMeterType(MeterController::Minus225);
+    QCOMPARE(meter.convertNormalized(value), std::max(0, segments - 20) / 31.0);
+}
+
+void tst_MeterController::minus225IsEmptyTo20AndFullFrom51()
+{
+    Probe<MeterController> meter;
+    meter.setMeterType(MeterController::Minus225);
+    meter.setValue(-226); // the last value of segment 20
+    QCOMPARE(shown(meter).pixelColor(5, 107), Ground);
+    meter.setValue(-225);
+    QCOMPARE(shown(meter).pixelColor(5, 107), Lower);
+    meter.setValue(-6);
+    QCOMPARE(shown(meter).pixelColor(5, 6), Ground);
+    meter.setValue(-5); // segment 51
+    QCOMPARE(shown(meter).pixelColor(5, 6), Upper);
+}
+
+void tst_MeterController::rectangles()
+{
+    Probe<MeterController> meter;
+    meter.resize(40, 300);
+    meter.setMeterLeftMargin(3);
+    meter.setMeterRightMargin(5);
+    meter.setMeterTopMargin(7);
+    meter.setMeterBottomMargin(11);
+    meter.setMeterOverMargin(13);
+    meter.setMeterOverHeight(17);
+    QCOMPARE(meter.scaledOverRect(), QRectF(3, 7, 32, 17));
+    QCOMPARE(meter.scaledMeterRect(), QRectF(3, 37, 32, 252));
+    meter.setScale(1.5);
+    QCOMPARE(meter.scaledOverRect(), QRectF(4.5, 10.5, 28, 25.5));
+    QCOMPARE(meter.scaledMeterRect(), QRectF(4.5, 55.5, 28, 228));
+    meter.setScale(0.1);
+    QCOMPARE(meter.scaledOverRect(), QRectF(1.5, 3.5, 36, 8.5));
+}
+
+void tst_MeterController::paintsTheLitPart_data() { fractions_data(); }
+
+void tst_MeterController::paintsTheLitPart()
+{
+    QFETCH(int, value);
+    QFETCH(int, segments);
+    Probe<MeterController> meter;
+    meter.setValue(value);
+    const QImage image = shown(meter);
+    for (int y = 6; y < 108; ++y) {
+        const QColor lit = y < topOf(24) ? Upper : Lower;
+        const QColor wanted = y < topOf(segments) ? Ground : lit;
+        QCOMPARE(image.pixelColor(0, y), wanted);
+        QCOMPARE(image.pixelColor(9, y), wanted);
+    }
+}
+
+void tst_MeterController::coloursFollowTheState()
+{
+    QPalette palette;
+    const QPalette::ColorRole roles[] = {QPalette::Light, QPalette::Mid, QPalette::Dark};
+    const QPalette::ColorGroup groups[] = {QPalette::Active, QPalette::Inactive,
+                                           QPalette::Disabled};
+    for (int group = 0; group < 3; ++group) {
+        for (int role = 0; role < 3; ++role)
+            palette.setColor(groups[group], roles[role], QColor(50 * group, 80 * role, 200));
+    }
+    QWidget window;
+    window.resize(50, 150);
+    auto* meter = new Probe<MeterController>;
+    meter->setParent(&window);
+    meter->setPalette(palette);
+    meter->setFocusPolicy(Qt::StrongFocus);
+    meter->setValue(1);
+    const auto compare = [&](int group) {
+        const QImage image = shown(*meter);
+        QCOMPARE(image.pixelColor(5, 1), QColor(50 * group, 0, 200));
+        QCOMPARE(image.pixelColor(5, 10), QColor(50 * group, 80, 200));
+        QCOMPARE(image.pixelColor(5, 100), QColor(50 * group, 160, 200));
+    };
+    window.show();
+    window.activateWindow();
+    window.setFocus();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    meter->clearFocus();
+    compare(1);
+    meter->setFocus();
+    QVERIFY(meter->hasFocus());
+    compare(0);
+    meter->setEnabled(false);
+    compare(2);
+}
+
+void tst_MeterController::marginsMoveTheBar()
+{
+    Probe<MeterController> meter;
+    meter.setMeterLeftMargin(2);
+    meter.setMeterRightMargin(3);
+    meter.setValue(100);
+    const QImage image = shown(meter);
+    for (const int y : {1, 50, 100}) {
+        QCOMPARE(image.pixelColor(1, y), Ground);
+        QVERIFY(image.pixelColor(2, y) != Ground);
+        QVERIFY(image.pixelColor(6, y) != Ground);
+        QCOMPARE(image.pixelColor(7, y), Ground);
+    }
+}
+
+void tst_MeterController::peakShowsAThinSegment()
+{
+    Probe<PeakMeterController> meter;
+    for (const auto& [value, segments] : {std::pair(-600, 1), {-300, 16}, {-50, 42}, {0, 51}}) {
+        meter.setValue(value);
+        const QImage image = shown(meter);
+        const int top = topOf(segments);
+        for (int y = 0; y < 108; ++y) {
+            const QColor lit = y < topOf(24) ? Upper : Lower;
+            QCOMPARE(image.pixelColor(5, y), y >= top && y < top + 2 ? lit : Ground);
+        }
+    }
+}
+
+void tst_MeterController::peakAtAPositiveValueShowsOnlyTheOver()
+{
+    Probe<PeakMeterController> meter;
+    meter.setValue(1);
+    const QImage image = shown(meter);
+    for (int y = 0; y < 108; ++y)
+        QCOMPARE(image.pixelColor(5, y), y < 3 ? Over : Ground);
+}
+
+void tst_MeterController::peakHeightIsScaled()
+{
+    Probe<PeakMeterController> meter;
+    meter.setMeterOverHeight(0);
+    meter.setMeterOverMargin(0);
+    meter.resize(10, 102);
+    meter.setMeterPeakHeight(3);
+    meter.setScale(2.0);
+    meter.setValue(-50);
+    const QImage image = shown(meter);
+    for (int y = 0; y < 102; ++y)
+        QCOMPARE(image.pixelColor(5, y) != Ground, y >= 18 && y < 24);
+}
+
+void tst_MeterController::sharpAtEveryPixelRatio_data()
+{
+    QTest::addColumn<double>("ratio");
+    for (const double ratio : {1.0, 1.25, 1.5, 2.0})
+        QTest::addRow("%g", ratio) << ratio;
+}
+
+void tst_MeterController::sharpAtEveryPixelRatio()
+{
+    QFETCH(double, ratio);
+    Probe<MeterController> meter;
+    meter.resize(12, 108);
+    for (int value = -600; value <= 0; value += 10) {
+        meter.setValue(value);
+        const QImage image = shown(meter, ratio);
+        // Each row is lit or not, in one of the two colours.
+        for (int y = static_cast<int>(7 * ratio); y < image.height(); ++y) {
+            const QColor row = image.pixelColor(5, y);
+            QVERIFY(row == Ground || row == Lower || row == Upper);
+        }
+    }
+}
+
+void tst_MeterController::aTickRepaintsItsStripOnly()
+{
+    Probe<MeterController> meter;
+    meter.setValue(-300);
+    meter.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&meter));
+    PaintRecorder paints(meter);
+    paints.take();
+    meter.setValue(-285); // one segment, two pixels
+    const QRegion painted = paints.take();
+    QVERIFY(painted.intersects(QRect(0, topOf(17), 10, 2)));
+    QCOMPARE_LE(area(painted), 10 * 4);
+    meter.setValue(5);
+    QCOMPARE_LE(area(paints.take()), 10 * (2 * (51 - 17) + 2 + 5));
+    meter.setValue(6);
+    QVERIFY(paints.take().isEmpty());
+}
+
+void tst_MeterController::aTickWithoutDifferencePaintsNothing()
+{
+    Probe<MeterController> meter;
+    meter.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&meter));
+    PaintRecorder paints(meter);
+    QSignalSpy changes(&meter, qOverload<int>(&MeterController::valueChanged));
+    paints.take();
+    meter.setValue(-900);
+    QVERIFY(paints.take().isEmpty());
+    QCOMPARE(changes.count(), 1);
+    meter.setValue(-900);
+    QCOMPARE(changes.count(), 1);
+}
+
+void tst_MeterController::peakRepaintsItsSegmentsOnly()
+{
+    Probe<PeakMeterController> meter;
+    meter.setValue(-600);
+    meter.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&meter));
+    PaintRecorder paints(meter);
+    paints.take();
+    meter.setValue(0);
+    const QRegion painted = paints.take();
+    QVERIFY(!painted.isEmpty());
+    QCOMPARE_LE(area(painted), 10 * 2 * 4);
+}
+
+void tst_MeterController::repaintsCoverEveryDifference_data()
+{
+    QTest::addColumn<bool>("peak");
+    QTest::addColumn<double>("scale");
+    QTest::addColumn<int>("height");
+    for (const double scale : {0.5, 1.0, 1.3, 2.0}) {
+        for (const int height : {31, 108, 250}) {
+            QTest::addRow("bar at %g, %d", scale, height) << false << scale << height;
+            QTest::addRow("peak at %g, %d", scale, height) << true << scale << height;
+        }
+    }
+}
+
+void tst_MeterController::repaintsCoverEveryDifference()
+{
+    QFETCH(bool, peak);
+    QFETCH(double, scale);
+    QFETCH(int, height);
+    Probe<MeterController> bar;
+    Probe<PeakMeterController> segment;
+    MeterController& meter = peak ? static_cast<MeterController&>(segment) : bar;
+    meter.resize(9, height);
+    meter.setScale(scale);
+    meter.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&meter));
+    PaintRecorder paints(meter);
+    QImage before = shown(meter);
+    paints.take();
+    for (int i = 0; i < 200; ++i) {
+        meter.setValue((i * 7919) % 700 - 650);
+        const QRegion painted = paints.take();
+        const QImage after = shown(meter);
+        paints.take();
+        QVERIFY((differing(before, after) - painted).isEmpty());
+        before = after;
+    }
+}
+
+void tst_MeterController::followsTheHost()
+{
+    TestHost host;
+    host.setRange(Parameter, -1270, 8191);
+    host.set(Parameter, 2, -300);
+    Probe<MeterController> meter;
+    QSignalSpy changes(&meter, qOverload<int>(&MeterController::valueChanged));
+    meter.setMemAPIValue(host.memory(), host.id(Parameter), 2, 0);
+    QCOMPARE(changes.count(), 1);
+    QCOMPARE(changes[0][0].toInt(), -300);
+    QCOMPARE(meter.value(), -300);
+    QCOMPARE(shown(meter).pixelColor(5, topOf(16)), Lower);
+    QCOMPARE(shown(meter).pixelColor(5, topOf(16) - 1), Ground);
+
+    meter.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&meter));
+    PaintRecorder paints(meter);
+    paints.take();
+    host.set(Parameter, 2, 0);
+    QCOMPARE(paints.take(), QRegion(meter.rect()));
+    QCOMPARE(changes.count(), 2);
+    QCOMPARE(shown(meter).pixelColor(5, 6), Upper);
+    host.notifyProperty(Parameter, 2);
+    QCOMPARE(paints.take(), QRegion(meter.rect()));
+}
+
+void tst_MeterController::paintingReadsTheHostOnce()
+{
+    TestHost host;
+    Probe<MeterController> bar;
+    Probe<PeakMeterController> peak;
+    for (MeterController* meter : std::initializer_list<MeterController*>{&bar, &peak}) {
+        meter->setMemAPIValue(host.memory(), host.id(Parameter), 0, 0);
+        for (const int value : {-100, 50}) {
+            host.set(Parameter, 0, value);
+            host.resetLedger();
+            shown(*meter);
+            QCOMPARE(host.callCount(), 1);
+            QCOMPARE(host.count(TestHost::Operation::GetValue), 1);
+        }
+    }
+}
+
+void tst_MeterController::rebindsAndUnbinds()
+{
+    TestHost host;
+    {
+        Probe<MeterController> meter;
+        meter.setMemAPIValue(host.memory(), host.id(Parameter), 1, 0);
+        QCOMPARE(host.observerCount(Parameter, 1), 1);
+        meter.setMemAPIValue(host.memory(), host.id(Parameter), 1, 0);
+        QCOMPARE(host.observerCount(Parameter, 1), 1);
+        meter.setMemAPIValue(host.memory(), host.id(Parameter), 2, 0);
+        QCOMPARE(host.observerCount(Parameter, 1), 0);
+        QCOMPARE(host.observerCount(Parameter, 2), 1);
+        meter.setMemAPIValue(nullptr, host.id(Parameter), 2, 0);
+        QCOMPARE(host.observerCount(), 0);
+        QCOMPARE(meter.value(), -1270);
+        meter.setMemAPIValue(host.memory(), host.id(Parameter), 3, 0);
+        QCOMPARE(host.observerCount(), 1);
+    }
+    QCOMPARE(host.observerCount(), 0);
+}
+
+void tst_MeterController::failingHost()
+{
+    for (int n = 1;; ++n) {
+        TestHost host;
+        host.failAnyCall(n);
+        {
+            Probe<PeakMeterController> meter;
+            meter.setMemAPIValue(host.memory(), host.id(Parameter), 0, 0);
+            host.set(Parameter, 0, -100);
+            meter.setValue(-50);
+            shown(meter);
+            meter.setMemAPIValue(host.memory(), host.id(Parameter), 1, 0);
+            shown(meter);
+        }
+        if (host.callCount() < n)
+            break;
+        QVERIFY(n < 100);
+    }
+    TestHost host;
+    Probe<MeterController> meter;
+    meter.setMemAPIValue(host.memory(), host.id(Parameter), 0, 0);
+    host.failAll(TestHost::Operation::GetValue);
+    QCOMPARE(meter.value(), 0);
+    QCOMPARE(shown(meter).pixelColor(5, 6), Upper);
+}
+
+void tst_MeterController::neverEdits()
+{
+    TestHost host;
+    Probe<MeterController> meter;
+    meter.setMemAPIValue(host.memory(), host.id(Parameter), 0, 0);
+    host.resetLedger();
+    QTest::mouseClick(&meter, Qt::LeftButton);
+    QTest::mouseDClick(&meter, Qt::LeftButton);
+    QTest::keyClick(&meter, Qt::Key_Up);
+    QTest::keyClick(&meter, Qt::Key_Home);
+    QCOMPARE(host.count(TestHost::Operation::SetValue), 0);
+}
+
+void tst_MeterController::clampsLevels()
+{
+    Probe<MeterController> meter;
+    meter.setValue(std::numeric_limits<int>::min());
+    QCOMPARE(meter.value(), -1270);
+    meter.setValue(std::numeric_limits<int>::max());
+    QCOMPARE(meter.value(), 8191);
+    meter.setMinimumValue(std::numeric_limits<int>::min());
+    meter.setMaximumValue(std::numeric_limits<int>::max());
+    for (const int value :
+         {std::numeric_limits<int>::min(), -70000, 70000, std::numeric_limits<int>::max()}) {
+        meter.setValue(value);
+        QCOMPARE(meter.value(), value);
+        const double fraction = meter.convertNormalized(value);
+        QVERIFY(fraction >= 0.0 && fraction <= 1.0);
+        shown(meter);
+    }
+}
+
+void tst_MeterController::strangeGeometry()
+{
+    Probe<PeakMeterController> meter;
+    const int extremes[] = {std::numeric_limits<int>::min(), -50, 0, 5000,
+                            std::numeric_limits<int>::max()};
+    for (const char* name :
+         {"meterLeftMargin", "meterRightMargin", "meterTopMargin", "meterBottomMargin",
+          "meterOverMargin", "meterOverHeight", "meterPeakHeight"}) {
+        for (const int extreme : extremes) {
+            meter.setProperty(name, extreme);
+            for (const int value : {-300, 10, -50}) {
+                meter.setValue(value);
+                shown(meter);
+            }
+        }
+        meter.setProperty(name, 0);
+    }
+}
+
+void tst_MeterController::accessibility()
+{
+    QAccessible::setActive(true);
+    Probe<MeterController> meter;
+    meter.setAccessibleName(QStringLiteral("Input"));
+    meter.setValue(-123);
+    QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&meter);
+    QVERIFY(interface);
+    QCOMPARE(interface->role(), QAccessible::ProgressBar);
+    QVERIFY(interface->state().readOnly);
+    QCOMPARE(interface->text(QAccessible::Name), QStringLiteral("Input"));
+    QCOMPARE(interface->text(QAccessible::Value), QStringLiteral("-12.3 dB"));
+    QVERIFY(!interface->textInterface());
+    QAccessibleValueInterface* value = interface->valueInterface();
+    QVERIFY(value);
+    QCOMPARE(value->currentValue().toInt(), -123);
+    QCOMPARE(value->minimumValue().toInt(), -1270);
+    QCOMPARE(value->maximumValue().toInt(), 8191);
+    value->setCurrentValue(-50);
+    QCOMPARE(meter.value(), -123);
+    QAccessibleActionInterface* actions = interface->actionInterface();
+    QVERIFY(!actions ||
+            !actions->actionNames().contains(QAccessibleActionInterface::increaseAction()));
+    if (actions)
+        actions->doAction(QAccessibleActionInterface::increaseAction());
+    QCOMPARE(meter.value(), -123);
+}
+
+void tst_MeterController::accessibleNameOfABoundMeter()
+{
+    TestHost host;
+    host.setFormatter([](const QByteArray&, unsigned short, int value) {
+        return QByteArray::number(value / 10) + " dBFS";
+    });
+    Probe<PeakMeterController> meter;
+    meter.setMemAPIValue(host.memory(), host.id(Parameter), 0, 0);
+    host.set(Parameter, 0, -120);
+    QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&meter);
+    QVERIFY(interface);
+    QVERIFY(!interface->text(QAccessible::Name).isEmpty());
+    QCOMPARE(interface->text(QAccessible::Value), QStringLiteral("-12 dBFS"));
+}
+
+ZOLTA_TEST_MAIN(tst_MeterController)
+
+#include "tst_MeterController.moc"

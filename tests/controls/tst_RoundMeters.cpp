@@ -1,0 +1,439 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/RoundGainReductionMeterController.h"
+#include "controls/RoundMeterController.h"
+#include "tests/controls/MeterTesting.h"
+#include "tests/support/TestObject.h"
+
+#include <QApplication>
+#include <QMetaProperty>
+
+#include <limits>
+
+using namespace CommonController_MemAPI;
+using namespace MeterTesting;
+
+namespace {
+
+const QColor Unlit(0x33, 0x33, 0x33);
+const QColor Over(0xfc, 0x67, 0x69);
+const QColor Upper(0xf9, 0xe2, 0x43);
+const QColor Lower(0x39, 0xca, 0x74);
+const QColor Ground(Qt::white);
+
+/// As the editor places it: 12 by 318, with a bar of 302 pixels from y 16 on and a lamp at the top.
+class RoundProbe : public RoundMeterController
+{
+public:
+    RoundProbe()
+    {
+        resize(12, 318);
+        setPalette(meterPalette());
+    }
+};
+
+/// 102 pixels high, two for each segment.
+class ReductionProbe : public RoundGainReductionMeterController
+{
+public:
+    ReductionProbe()
+    {
+        resize(12, 102);
+        setPalette(meterPalette());
+    }
+};
+
+/// From the top of a RoundProbe, where the bar begins that shows so many segments.
+int topOf(int segments) { return qRound(16 + 302.0 * (51 - segments) / 51); }
+
+void compareIntProperties(const QMetaObject& meta, const QList<QByteArray>& names)
+{
+    QCOMPARE(meta.superClass(), &MeterController::staticMetaObject);
+    QCOMPARE(meta.propertyCount() - meta.propertyOffset(), names.size());
+    for (int i = 0; i < names.size(); ++i) {
+        const QMetaProperty property = meta.property(meta.propertyOffset() + i);
+        QCOMPARE(property.name(), names[i]);
+        QCOMPARE(property.typeName(), "int");
+        QVERIFY(property.isReadable() && property.isWritable() && property.isDesignable());
+        QVERIFY(!property.hasNotifySignal());
+    }
+    QCOMPARE(meta.methodCount(), meta.methodOffset());
+}
+
+/// The rows of a picture as they are lit along \a x.
+QList<QColor> column(const QImage& image, int x)
+{
+    QList<QColor> colours;
+    for (int y = 0; y < image.height(); ++y)
+        colours.append(image.pixelColor(x, y));
+    return colours;
+}
+
+} // namespace
+
+class tst_RoundMeters : public TestObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void metaObjects();
+    void defaults();
+    void propertiesRepaint_data();
+    void propertiesRepaint();
+    void aNewMeterShowsItsTrackOnly();
+    void endsAreRound();
+    void lampGrowsWhenLit();
+    void theBarReachesItsLevel_data();
+    void theBarReachesItsLevel();
+    void shortBarsStayInsideTheTrack();
+    void theEndKeepsItsOutline_data();
+    void theEndKeepsItsOutline();
+    void theBarIsSymmetric_data();
+    void theBarIsSymmetric();
+    void gainReductionStartsEmpty();
+    void gainReductionFillsFromTheTop_data();
+    void gainReductionFillsFromTheTop();
+    void gainReductionHasNoOver();
+    void aTickRepaintsItsStripOnly();
+    void repaintsCoverEveryDifference_data();
+    void repaintsCoverEveryDifference();
+    void strangeGeometry();
+};
+
+void tst_RoundMeters::metaObjects()
+{
+    compareIntProperties(
+        RoundMeterController::staticMetaObject,
+        {"meterWidth", "meterOverWidth", "meterOverBackgroundWidth", "meterOverBackgroundHeight"});
+    compareIntProperties(RoundGainReductionMeterController::staticMetaObject, {"meterWidth"});
+}
+
+void tst_RoundMeters::defaults()
+{
+    const RoundMeterController round;
+    QCOMPARE(round.value(), -1270);
+    QCOMPARE(round.meterWidth(), 4);
+    QCOMPARE(round.meterOverWidth(), 6);
+    QCOMPARE(round.meterOverBackgroundWidth(), 4);
+    QCOMPARE(round.meterOverBackgroundHeight(), 4);
+    QCOMPARE(round.meterOverMargin(), 10);
+    QCOMPARE(round.meterOverHeight(), 6);
+
+    const RoundGainReductionMeterController reduction;
+    QCOMPARE(reduction.value(), 0);
+    QCOMPARE(reduction.minimumValue(), -1270);
+    QCOMPARE(reduction.maximumValue(), 8191);
+    QCOMPARE(reduction.meterWidth(), 4);
+    QCOMPARE(reduction.meterOverMargin(), 0);
+    QCOMPARE(reduction.meterOverHeight(), 0);
+}
+
+void tst_RoundMeters::propertiesRepaint_data()
+{
+    QTest::addColumn<bool>("reduction");
+    QTest::addColumn<QByteArray>("name");
+    for (const char* name :
+         {"meterWidth", "meterOverWidth", "meterOverBackgroundWidth", "meterOverBackgroundHeight"})
+        QTest::newRow(name) << false << QByteArray(name);
+    QTest::newRow("meterWidth of the reduction") << true << QByteArray("meterWidth");
+}
+
+void tst_RoundMeters::propertiesRepaint()
+{
+    QFETCH(bool, reduction);
+    QFETCH(QByteArray, name);
+    RoundProbe round;
+    ReductionProbe gain;
+    MeterController& meter = reduction ? static_cast<MeterController&>(gain) : round;
+    meter.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&meter));
+    PaintRecorder paints(meter);
+    paints.take();
+    QVERIFY(meter.setProperty(name, 9));
+    QCOMPARE(meter.property(name).toInt(), 9);
+    QCOMPARE(paints.take(), QRegion(meter.rect()));
+    QVERIFY(meter.setProperty(name, 9));
+    QVERIFY(paints.take().isEmpty());
+}
+
+void tst_RoundMeters::aNewMeterShowsItsTrackOnly()
+{
+    RoundProbe meter;
+    const QImage image = shown(meter);
+    for (int y = 0; y < image.height(); ++y) {
+        for (const int x : {0, 3, 8, 11})
+            QCOMPARE(image.pixelColor(x, y), Ground);
+    }
+    for (int y = 18; y < 316; ++y) {
+        for (int x = 4; x < 8; ++x)
+            QCOMPARE(image.pixelColor(x, y), Unlit);
+    }
+    QCOMPARE(image.pixelColor(5, 3), Unlit); // the unlit lamp, 4 by 4
+    QCOMPARE(image.pixelColor(5, 0), Ground);
+    QCOMPARE(image.pixelColor(5, 5), Ground);
+    QCOMPARE(image.pixelColor(5, 10), Ground);
+}
+
+void tst_RoundMeters::endsAreRound()
+{
+    RoundProbe meter;
+    meter.setMeterWidth(10);
+    meter.setValue(0);
+    const QImage image = shown(meter);
+    for (const int y : {16, 317}) {
+        QCOMPARE(image.pixelColor(1, y), Ground);
+        QCOMPARE(image.pixelColor(10, y), Ground);
+        QVERIFY(image.pixelColor(5, y) != Ground);
+    }
+    // The round end of a level lies on the track.
+    meter.setValue(-300);
+    const int top = topOf(16);
+    QCOMPARE(shown(meter).pixelColor(1, top), Unlit);
+    QVERIFY(shown(meter).pixelColor(5, top) != Unlit);
+    QCOMPARE(shown(meter).pixelColor(1, top + 5), Lower);
+}
+
+void tst_RoundMeters::lampGrowsWhenLit()
+{
+    RoundProbe meter;
+    meter.setValue(0);
+    QCOMPARE(shown(meter).pixelColor(5, 3), Unlit);
+    QCOMPARE(shown(meter).pixelColor(3, 3), Ground);
+    meter.setValue(1);
+    const QImage image = shown(meter);
+    QCOMPARE(image.pixelColor(5, 3), Over);
+    for (const int x : {3, 8}) { // 6 by 6; these are its antialiased edge
+        QVERIFY(image.pixelColor(x, 3).red() > 0xf0);
+        QVERIFY(image.pixelColor(x, 3).green() < 0x90);
+    }
+    QCOMPARE(image.pixelColor(2, 3), Ground);
+    QVERIFY(image.pixelColor(5, 0) != Ground);
+    QCOMPARE(image.pixelColor(5, 6), Ground);
+    QVERIFY(image.pixelColor(3, 0) != Over); // round
+}
+
+void tst_RoundMeters::theBarReachesItsLevel_data()
+{
+    QTest::addColumn<int>("value");
+    QTest::addColumn<int>("segments");
+    QTest::newRow("-60.0") << -600 << 1;
+    QTest::newRow("-30.0") << -300 << 16;
+    QTest::newRow("-18.0") << -180 << 24;
+    QTest::newRow("-10.0") << -100 << 32;
+    QTest::newRow("-5.0") << -50 << 42;
+    QTest::newRow("0") << 0 << 51;
+    QTest::newRow("over") << 100 << 51;
+}
+
+void tst_RoundMeters::theBarReachesItsLevel()
+{
+    QFETCH(int, value);
+    QFETCH(int, segments);
+    RoundProbe meter;
+    meter.setValue(value);
+    const QList<QColor> middle = column(shown(meter), 5);
+    const int top = topOf(segments);
+    for (int y = 18; y < top; ++y)
+        QCOMPARE(middle[y], Unlit);
+    for (int y = top + 2; y < 316; ++y)
+        QCOMPARE(middle[y], y < topOf(24) ? Upper : Lower);
+}
+
+void tst_RoundMeters::shortBarsStayInsideTheTrack()
+{
+    RoundProbe meter;
+    meter.resize(12, 60); // less than a pixel for each segment
+    meter.setMeterWidth(12);
+    const QImage empty = shown(meter);
+    for (int value = -600; value < -400; value += 20) {
+        meter.setValue(value);
+        const QImage lit = shown(meter);
+        for (int y = 0; y < lit.height(); ++y) {
+            for (int x = 0; x < lit.width(); ++x) {
+                if (empty.pixelColor(x, y) == Ground)
+                    QCOMPARE(lit.pixelColor(x, y), Ground);
+            }
+        }
+    }
+}
+
+void tst_RoundMeters::theEndKeepsItsOutline_data()
+{
+    QTest::addColumn<double>("ratio");
+    QTest::addColumn<double>("scale");
+    for (const double ratio : {1.0, 1.25, 1.5, 2.0}) {
+        for (const double scale : {1.0, 1.3, 2.0})
+            QTest::addRow("%g at %g", scale, ratio) << ratio << scale;
+    }
+}
+
+void tst_RoundMeters::theEndKeepsItsOutline()
+{
+    QFETCH(double, ratio);
+    QFETCH(double, scale);
+    RoundProbe meter;
+    meter.setScale(scale);
+    meter.resize(qRound(12 * scale), qRound(318 * scale));
+    QSet<QByteArray> outlines;
+    // Levels well inside one zone, in which the end has the same colours around it.
+    for (const int value : {-480, -440, -420, -390, -375, -345, -315, -300}) {
+        meter.setValue(value);
+        const QImage image = shown(meter, ratio);
+        const QList<QColor> middle = column(image, image.width() / 2);
+        const auto first = static_cast<int>(
+            std::find_if(middle.begin(), middle.end(),
+                         [](QColor c) { return c.green() > 0x80 && c.red() < 0x80; }) -
+            middle.begin());
+        QVERIFY(first < image.height() - 20);
+        const QImage end = image.copy(0, first - 2, image.width(), 10);
+        outlines.insert(
+            QByteArray(reinterpret_cast<const char*>(end.constBits()), end.sizeInBytes()));
+    }
+    QCOMPARE(outlines.size(), 1);
+}
+
+void tst_RoundMeters::theBarIsSymmetric_data()
+{
+    QTest::addColumn<double>("ratio");
+    for (const double ratio : {1.0, 1.5, 2.0})
+        QTest::addRow("%g", ratio) << ratio;
+}
+
+void tst_RoundMeters::theBarIsSymmetric()
+{
+    QFETCH(double, ratio);
+    RoundProbe meter;
+    meter.setValue(5);
+    const QImage image = shown(meter, ratio);
+    const QImage mirrored = image.mirrored(true, false);
+    for (int y = static_cast<int>(10 * ratio); y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const int left = image.pixelColor(x, y).green();
+            const int right = mirrored.pixelColor(x, y).green();
+            if (std::abs(left - right) > 2)
+                QCOMPARE(std::pair(QPoint(x, y), left), std::pair(QPoint(x, y), right));
+        }
+    }
+}
+
+void tst_RoundMeters::gainReductionStartsEmpty()
+{
+    ReductionProbe meter;
+    const QImage image = shown(meter);
+    for (int y = 2; y < 100; ++y)
+        QCOMPARE(image.pixelColor(5, y), Unlit);
+}
+
+void tst_RoundMeters::gainReductionFillsFromTheTop_data()
+{
+    QTest::addColumn<int>("value");
+    QTest::addColumn<int>("bottom"); // two pixels for each segment that a level meter lacks
+    QTest::newRow("none") << 0 << 0;
+    QTest::newRow("5 dB") << -50 << 18;
+    QTest::newRow("18 dB") << -180 << 54;
+    QTest::newRow("30 dB") << -300 << 70;
+    QTest::newRow("all") << -1270 << 102;
+    QTest::newRow("positive") << 300 << 0;
+}
+
+void tst_RoundMeters::gainReductionFillsFromTheTop()
+{
+    QFETCH(int, value);
+    QFETCH(int, bottom);
+    ReductionProbe meter;
+    meter.setValue(value);
+    const QList<QColor> middle = column(shown(meter), 5);
+    for (int y = 2; y < bottom - 2; ++y)
+        QCOMPARE(middle[y], Upper);
+    for (int y = std::max(2, bottom); y < 100; ++y)
+        QCOMPARE(middle[y], Unlit);
+}
+
+void tst_RoundMeters::gainReductionHasNoOver()
+{
+    ReductionProbe meter;
+    const QImage before = shown(meter);
+    meter.setValue(500);
+    QCOMPARE(shown(meter), before);
+}
+
+void tst_RoundMeters::aTickRepaintsItsStripOnly()
+{
+    RoundProbe meter;
+    meter.setValue(-300);
+    meter.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&meter));
+    PaintRecorder paints(meter);
+    paints.take();
+    meter.setValue(-285); // one segment, about 6 pixels, and twice the width for a round end
+    const QRegion painted = paints.take();
+    QVERIFY(!painted.isEmpty());
+    QCOMPARE_LE(area(painted), 6 * (6 + 8 + 3));
+    meter.setValue(-286);
+    paints.take();
+    meter.setValue(-288);
+    QVERIFY(paints.take().isEmpty());
+}
+
+void tst_RoundMeters::repaintsCoverEveryDifference_data()
+{
+    QTest::addColumn<bool>("reduction");
+    QTest::addColumn<double>("scale");
+    QTest::addColumn<int>("height");
+    for (const double scale : {0.5, 1.0, 1.3, 2.0}) {
+        for (const int height : {25, 60, 318}) {
+            QTest::addRow("round at %g, %d", scale, height) << false << scale << height;
+            QTest::addRow("reduction at %g, %d", scale, height) << true << scale << height;
+        }
+    }
+}
+
+void tst_RoundMeters::repaintsCoverEveryDifference()
+{
+    QFETCH(bool, reduction);
+    QFETCH(double, scale);
+    QFETCH(int, height);
+    RoundProbe round;
+    ReductionProbe gain;
+    MeterController& meter = reduction ? static_cast<MeterController&>(gain) : round;
+    meter.resize(13, height);
+    meter.setScale(scale);
+    meter.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&meter));
+    PaintRecorder paints(meter);
+    QImage before = shown(meter);
+    paints.take();
+    for (int i = 0; i < 200; ++i) {
+        meter.setValue((i * 7919) % 700 - 650);
+        const QRegion painted = paints.take();
+        const QImage after = shown(meter);
+        paints.take();
+        QVERIFY((differing(before, after) - painted).isEmpty());
+        before = after;
+    }
+}
+
+void tst_RoundMeters::strangeGeometry()
+{
+    RoundProbe round;
+    ReductionProbe gain;
+    const int extremes[] = {std::numeric_limits<int>::min(), -50, 0, 5000,
+                            std::numeric_limits<int>::max()};
+    for (MeterController* meter : std::initializer_list<MeterController*>{&round, &gain}) {
+        for (const char* name :
+             {"meterWidth", "meterOverWidth", "meterOverBackgroundWidth",
+              "meterOverBackgroundHeight", "meterOverHeight", "meterLeftMargin"}) {
+            for (const int extreme : extremes) {
+                meter->setProperty(name, extreme);
+                for (const int value : {-300, 10, -50}) {
+                    meter->setValue(value);
+                    shown(*meter);
+                }
+            }
+            meter->setProperty(name, 4);
+        }
+    }
+}
+
+ZOLTA_TEST_MAIN(tst_RoundMeters)
+
+#include "tst_RoundMeters.moc"
