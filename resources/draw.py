@@ -69,10 +69,15 @@ def attributes(values):
     )
 
 
-def paint(role, color):
+def paint(role, color, opacity_role=None):
     """Attributes for a colour "#rrggbb", one with its opacity "#rrggbb@0.5", or a gradient."""
     name, _, alpha = color.partition("@")
-    return {role: name, f"{role}_opacity": float(alpha)} if alpha else {role: name}
+    return {role: name, opacity_role or f"{role}_opacity": float(alpha)} if alpha else {role: name}
+
+
+def stop(offset, color):
+    values = {"offset": offset, **paint("stop_color", color, "stop_opacity")}
+    return f"<stop{attributes(values)}/>"
 
 
 class Drawing:
@@ -83,12 +88,7 @@ class Drawing:
         self.gradients, self.shapes = [], []
 
     def gradient(self, kind, position, stops):
-        body = "".join(
-            f"<stop{attributes({'offset': offset, **paint('stop_color', color)})}/>".replace(
-                "stop-color-opacity", "stop-opacity"
-            )
-            for offset, color in stops
-        )
+        body = "".join(stop(offset, color) for offset, color in stops)
         text = f'{attributes(position)} gradientUnits="userSpaceOnUse">{body}</{kind}>'
         entry = (kind, text)
         if entry not in self.gradients:
@@ -142,6 +142,10 @@ class Drawing:
 def spread(colors):
     last = max(len(colors) - 1, 1)
     return [c if isinstance(c, tuple) else (i / last, c) for i, c in enumerate(colors)]
+
+
+def coordinates(*pairs):
+    return " ".join(f"{number(x)} {number(y)}" for x, y in pairs)
 
 
 def points(*pairs):
@@ -280,14 +284,14 @@ def centred_lettering(d, text, cx, top, cap, tool, color, tracking):
 
 def wordmark(x, y, cap, width):
     """The product's name as outlines: even strokes, a dial for the O, an A without a bar."""
-    stroke, slant = 0.13 * cap, 0.18 * cap
+    stroke, slant = 3 / 23 * cap, 0.18 * cap
     widths = [part * cap for part in (0.90, 1.0, 0.66, 0.90, 1.08)]
-    # What the eye sees between two letters, not what a ruler does: T and A lean into each other.
-    gaps = [1.0, 1.05, 0.72, 0.5]
-    gap = (width - sum(widths)) / sum(gaps)
+    # Set by eye, not by ruler: L, T and A leave room of their own beside them.
+    kerning = [part * cap for part in (0.0, 0.04, -0.16, -0.26)]
+    gap = (width - sum(widths) - sum(kerning)) / len(kerning)
     lefts = [x]
-    for letter, part in zip(widths, gaps):
-        lefts.append(lefts[-1] + letter + part * gap)
+    for letter, kern in zip(widths, kerning):
+        lefts.append(lefts[-1] + letter + gap + kern)
     bottom, upper, lower = y + cap, y + stroke, y + cap - stroke
 
     left, right = lefts[0], lefts[0] + widths[0]
@@ -313,7 +317,6 @@ def wordmark(x, y, cap, width):
 
     left, right = lefts[4], lefts[4] + widths[4]
     middle, apex, foot = (left + right) / 2, stroke * 0.56, stroke * 1.14
-    peak = y + cap * (middle - apex - left - (middle - left - foot)) / (middle - apex - left)
     peak = bottom - cap * (middle - left - foot) / (middle - left - apex)
     a = polygon((left, bottom), (middle - apex, y), (middle + apex, y), (right, bottom),
                 (right - foot, bottom), (middle, peak), (left + foot, bottom))
@@ -326,17 +329,20 @@ def wordmark(x, y, cap, width):
 class Cap:
     """What tells one role's knob from another's: its metal and its pointer."""
 
-    def __init__(self, light, dark, pointer, glow):
-        self.light, self.dark, self.pointer, self.glow = light, dark, pointer, glow
+    def __init__(self, light, dark, sheen, pointer, glow):
+        self.light, self.dark, self.sheen = light, dark, sheen
+        self.pointer, self.glow = pointer, glow
 
 
-GRAPHITE = Cap("#454b53", "#1c1f23", "#f2f5f7", WHITE)
-SLATE = Cap("#3e4f5e", "#18222b", "#49c2fa", ACCENT)
-SILVER = Cap("#a9b0b7", "#5b6269", "#f7f9fa", WHITE)
-JET = Cap("#303338", "#0d0e10", "#f2f5f7", WHITE)
-DEAD = Cap("#25282c", "#15171a", "#4a4f55", None)
+# Name, metal in the light and in the dark, its sheen, pointer and its glow.
+GRAPHITE = Cap("#565d66", "#191c20", 0.035, "#f2f5f7", WHITE)
+SLATE = Cap("#47617a", "#141d26", 0.035, "#49c2fa", ACCENT)
+SELECTOR = Cap("#47617a", "#141d26", 0.012, "#49c2fa", ACCENT)
+SILVER = Cap("#bcc2c8", "#50565d", 0.06, "#f7f9fa", WHITE)
+JET = Cap("#41454b", "#0b0c0e", 0.03, "#f2f5f7", WHITE)
+DEAD = Cap("#25282c", "#15171a", 0.01, "#4a4f55", None)
 
-FULL_SWEEP = [210 + 30 * i for i in range(11)]
+FULL_SWEEP = [(210 + 30 * i) % 360 for i in range(11)]
 TYPE_SWEEP = [300, 340, 20, 60]
 
 
@@ -348,43 +354,45 @@ def ticks(d, c, angles, inner, outer, strong=None, color=ENGRAVING, strong_color
         d.stroke(marks([strong], inner - 1), strong_color, 1.8, "butt")
 
 
-def knob_seat(d, c, r, cap, shadow=0.62):
-    """The knob's shadow, its seat, and the skirt that does not show its turning."""
-    d.circle(c, c + r * 0.17, r * 1.26,
-             d.radial(c, c + r * 0.17, r * 1.26, (0.68, fade(BLACK, shadow)),
-                      (0.86, fade(BLACK, shadow * 0.35)), (1, fade(BLACK, 0))))
-    d.circle(c, c, r + 0.9, "#08090b")
+def knob_seat(d, c, r, cap, shadow=0.75):
+    """The knob's shadow, its seat, and all of it that does not show its turning."""
+    fall = r * 0.2
+    d.circle(c, c + fall, r * 1.22,
+             d.radial(c, c + fall, r * 1.22, (0.66, fade(BLACK, shadow)),
+                      (0.84, fade(BLACK, shadow * 0.4)), (1, fade(BLACK, 0))))
     light, dark = cap.light, cap.dark
-    d.circle(c, c, r, d.vertical(c - r, c + r, mix(light, WHITE, 0.22), mix(light, dark, 0.55),
-                                 mix(dark, BLACK, 0.25)))
-    d.circle(c, c, r - 1, d.vertical(c - r, c + r, light, mix(light, dark, 0.7),
-                                     mix(dark, BLACK, 0.1)))
+    d.circle(c, c, r + 0.9, "#060708")
+    d.circle(c, c, r, d.vertical(c - r, c + r, (0, mix(light, WHITE, 0.25)),
+                                 (0.3, mix(light, dark, 0.4)), (1, mix(dark, BLACK, 0.3))))
+    d.circle(c, c, r - 1, d.vertical(c - r, c + r, light, mix(light, dark, 0.5), dark))
+    for half, middle in ((36, 0), (26, 0), (17, 0), (9, 0), (24, 180), (12, 180)):
+        d.fill(sector(c, r - 2.5, middle - half, middle + half), fade(WHITE, cap.sheen))
 
 
 def flutes(c, r, depth, count):
     """The outline of a cap with shallow grip flutes."""
-    path = ""
+    step = 360 / count
+    path = "M" + coordinates(polar(c, c, r, -step * 0.27))
     for i in range(count):
-        step = 360 / count
-        start = i * step - step * 0.27
-        a, b = polar(c, c, r, start), polar(c, c, r, start + step * 0.54)
-        e = polar(c, c, r, start + step)
-        p, q = polar(c, c, r - depth, start + step * 0.66), polar(c, c, r - depth,
-                                                                 start + step * 0.88)
-        path += ("M" if not path else "L") + f"{number(a[0])} {number(a[1])}"
-        path += f"A{number(r)} {number(r)} 0 0 1 {number(b[0])} {number(b[1])}"
-        path += "C" + " ".join(number(v) for v in (*p, *q, *e))
+        ridge_end, next_ridge = (i + 0.27) * step, (i + 0.73) * step
+        groove = [polar(c, c, r - depth, (i + part) * step) for part in (0.39, 0.61)]
+        path += f"A{number(r)} {number(r)} 0 0 1 {coordinates(polar(c, c, r, ridge_end))}"
+        path += "C" + coordinates(*groove, polar(c, c, r, next_ridge))
     return path + "Z"
 
 
+def sector(c, r, start, end):
+    a, b = polar(c, c, r, start), polar(c, c, r, end)
+    return points((c, c), a) + f"A{number(r)} {number(r)} 0 0 1 {coordinates(b)}Z"
+
+
 def cap_face(d, c, r, cap, count):
-    """The turning cap: all its shading is round, so that the light stays where it is."""
-    d.fill(flutes(c, r, r * 0.06, count), fade(mix(cap.dark, BLACK, 0.45), 0.6))
-    face = r * 0.86
-    d.circle(c, c, face, d.radial(c, c, face, (0, fade(cap.light, 0.42)),
-                                  (0.86, fade(mix(cap.light, cap.dark, 0.45), 0.42)),
-                                  (0.93, fade(mix(cap.light, WHITE, 0.25), 0.5)),
-                                  (1, fade(cap.light, 0.3))))
+    """The turning cap: all its shading is round, so that the light on it stays where it is."""
+    d.fill(flutes(c, r, r * 0.06, count), fade(mix(cap.dark, BLACK, 0.3), 0.6))
+    face, metal = r * 0.86, mix(cap.light, cap.dark, 0.35)
+    d.circle(c, c, face, d.radial(c, c, face, (0, fade(metal, 0.55)), (0.84, fade(metal, 0.3)),
+                                  (0.92, fade(mix(cap.light, WHITE, 0.2), 0.5)),
+                                  (1, fade(cap.dark, 0.4))))
 
 
 def pointer(d, c, top, bottom, width, cap):
@@ -409,8 +417,18 @@ def knob_cap(size, r, cap, count):
     d = Drawing(size, size)
     c = size / 2
     cap_face(d, c, r - 1.5, cap, count)
-    pointer(d, c, c - r + 3, c - r * 0.38, size / 24, cap)
+    pointer(d, c, c - r + 2.6, c - r * 0.3, size / 22, cap)
     return d
+
+
+def handle(c, half, top, bottom):
+    """A bar that narrows towards its top, with round ends."""
+    right = [(c + half - 1.5, top + 3), (c + half, bottom - 4)]
+    left = [(2 * c - x, y) for x, y in reversed(right)]
+    return ("M" + coordinates(left[1]) + "Q" + coordinates((c - half + 2, top), (c, top))
+            + "Q" + coordinates((c + half - 2, top), right[0]) + "L" + coordinates(right[1])
+            + "Q" + coordinates((c + half, bottom), (c, bottom))
+            + "Q" + coordinates((c - half, bottom), left[0]) + "Z")
 
 
 def selector_cap(size, r, cap):
@@ -420,18 +438,10 @@ def selector_cap(size, r, cap):
     face = r - 1.5
     d.circle(c, c, face, d.radial(c, c, face, (0, fade(cap.dark, 0.5)), (1, fade(cap.dark, 0.25))))
     half, top, bottom = 5, c - r - 0.5, c + r - 1.5
-    for grow, color in ((1.2, "#07090b@0.55"), (0, mix(cap.light, cap.dark, 0.28))):
-        d.fill(f"M{number(c - half - grow)} {number(bottom - 4)}"
-               f"L{number(c - half + 1.5 - grow)} {number(top + 3)}"
-               f"Q{number(c - half + 1.8 - grow)} {number(top - grow)} {number(c)} {number(top - grow)}"
-               f"Q{number(c + half - 1.8 + grow)} {number(top - grow)} "
-               f"{number(c + half - 1.5 + grow)} {number(top + 3)}"
-               f"L{number(c + half + grow)} {number(bottom - 4)}"
-               f"Q{number(c + half + grow)} {number(bottom + grow)} {number(c)} {number(bottom + grow)}"
-               f"Q{number(c - half - grow)} {number(bottom + grow)} {number(c - half - grow)} "
-               f"{number(bottom - 4)}Z", color)
-    d.rect(c - half + 1.6, top + 3, 1, 2 * r - 9, fade(WHITE, 0.12))
-    d.rect(c + half - 2.6, top + 3, 1, 2 * r - 9, fade(WHITE, 0.12))
+    d.fill(handle(c, half + 1.2, top - 1.2, bottom + 1.2), "#07090b@0.55")
+    d.fill(handle(c, half, top, bottom), mix(cap.light, cap.dark, 0.28))
+    for x in (c - half + 1.6, c + half - 2.6):
+        d.rect(x, top + 3, 1, 2 * r - 9, fade(WHITE, 0.12))
     pointer(d, c, top + 2, c - r * 0.32, 2.5, cap)
     return d
 
@@ -443,7 +453,7 @@ def knob_disabled(size, r):
     ticks(d, c, FULL_SWEEP, r + 4.7, 29, 0, fade("#8a9199", 0.28), fade(LETTERING, 0.4))
     knob_seat(d, c, r, DEAD, 0.4)
     cap_face(d, c, r - 1.5, DEAD, 20)
-    pointer(d, c, c - r + 3, c - r * 0.38, 2.5, DEAD)
+    pointer(d, c, c - r + 2.6, c - r * 0.3, size / 22, DEAD)
     return d
 
 
@@ -451,8 +461,8 @@ def knobs():
     r, outer = 20.5, 29
     yield "knob_level_back", knob_back(76, 28, GRAPHITE, FULL_SWEEP, 37, 0)
     yield "knob_level", knob_cap(76, 28, GRAPHITE, 24)
-    yield "knob_QLH_back", knob_back(60, 18.5, SLATE, TYPE_SWEEP, 26)
-    yield "knob_QLH", selector_cap(60, 18.5, SLATE)
+    yield "knob_QLH_back", knob_back(60, 18.5, SELECTOR, TYPE_SWEEP, 26)
+    yield "knob_QLH", selector_cap(60, 18.5, SELECTOR)
     for name, cap, strong in (("Q", SLATE, None), ("F", SILVER, None), ("G", JET, 0)):
         yield f"knob_{name}_back", knob_back(60, r, cap, FULL_SWEEP, outer, strong)
         yield f"knob_{name}", knob_cap(60, r, cap, 20)
@@ -462,53 +472,56 @@ def knobs():
 # ------------------------------------------------------------------------------------- band icons
 
 
-def slope(cx, top, width, height, run, feet):
-    """A response, alike on both sides: a plateau that falls within `run`, to feet or to nothing."""
-    half, bottom = width / 2, top + height
-    flat = half - run - feet
-    left = [(cx - half, bottom)] if feet else []
-    curve = points((cx - half, bottom), (cx - half + feet, bottom)) if feet else points(
-        (cx - half, bottom))
-    x0, x1 = cx - half + feet, cx - flat
-    mid = (x0 + x1) / 2
-    if feet:
-        curve += "C" + " ".join(number(v) for v in (mid, bottom, mid, top, x1, top))
-        curve += f"L{number(2 * cx - x1)} {number(top)}"
-        curve += "C" + " ".join(number(v) for v in (2 * cx - mid, top, 2 * cx - mid, bottom,
-                                                    2 * cx - x0, bottom))
-        return curve + f"L{number(cx + half)} {number(bottom)}"
-    knee = min(run, 2.2)
-    curve += "C" + " ".join(number(v) for v in (x0 + run * 0.35, top + height * 0.35,
-                                                x1 - knee * 0.3, top, x1 + knee * 0.2, top))
-    curve += f"L{number(2 * cx - x1 - knee * 0.2)} {number(top)}"
-    return curve + "C" + " ".join(number(v) for v in (2 * cx - x1 + knee * 0.3, top,
-                                                      2 * cx - x0 - run * 0.35, top + height * 0.35,
-                                                      2 * cx - x0, bottom))
+def smooth(corners, radius=1.1):
+    """A line through corners that are rounded by a tool of the given radius."""
+    path = points(corners[0])
+    for before, (x, y), after in zip(corners, corners[1:], corners[2:]):
+        def towards(end):
+            length = math.dist((x, y), end)
+            part = min(radius, length / 2) / length
+            return x + (end[0] - x) * part, y + (end[1] - y) * part
+        start, stop = towards(before), towards(after)
+        path += "L" + coordinates(start) + "Q" + coordinates((x, y), stop)
+    return path + "L" + coordinates(corners[-1])
+
+
+def response(cx, top, run, plateau, feet):
+    """A filter's response, alike on both sides: a plateau that falls within `run`, to feet or to
+    nothing."""
+    steps = [plateau, plateau + run] + ([plateau + run + feet] if feet else [])
+    bottom = top + (4 if feet else 5)
+    side = list(zip(steps, (top, bottom, bottom)))
+    return smooth([(cx - x, y) for x, y in reversed(side)] + [(cx + x, y) for x, y in side])
 
 
 def type_icon(mirrored):
     d = Drawing(66, 18)
-    # Pass 12, pass 6, shelf 6, shelf 12: how wide the fall is, and whether it ends on feet.
-    kinds = [(2, 0), (5, 0), (4, 2), (2, 3)]
-    places = [(7, 11), (22.5, 1.5), (43.5, 1.5), (59, 11)]
-    for (run, feet), (cx, top) in zip(kinds, places):
-        cx = 66 - cx if mirrored else cx
-        d.stroke(slope(cx, top, 12 if feet else 11, 5.5, run, feet), LETTERING, 1.2)
+    # Pass 12, pass 6, shelf 6, shelf 12.
+    shapes = [(1.5, 3.5, 0), (4, 1.5, 0), (3, 1.5, 1.75), (1, 2.75, 2)]
+    places = [(7.5, 11.5), (22.5, 2.5), (43.5, 2.5), (58.5, 11.5)]
+    for shape, (cx, top) in zip(shapes, places):
+        d.stroke(response(66 - cx if mirrored else cx, top, *shape), LETTERING, 1.2)
     return d
 
 
-def bell(cx, bottom, height, half, spread_by):
-    top = bottom - height
-    values = (cx - spread_by, bottom, cx - spread_by * 0.75, top, cx, top,
-              cx + spread_by * 0.75, top, cx + spread_by, bottom, cx + half, bottom)
-    return points((cx - half, bottom)) + "C" + " ".join(number(v) for v in values)
+def bell(cx, bottom, height, half, foot):
+    """A bell over half its width on either side, of which `foot` is flat."""
+    top, spread_by = bottom - height, half - foot
+    def side(sign):
+        return [(cx + sign * part * spread_by, y)
+                for part, y in ((1, bottom), (0.55, bottom), (0.5, top), (0, top))]
+    left, right = side(-1), side(1)[::-1]
+    curves = left[1:] + right[1:]
+    return (points((cx - half, bottom), left[0]) + "C"
+            + coordinates(*curves)
+            + "L" + coordinates((cx + half, bottom)))
 
 
 def icons():
     yield "icon_Q_Low", type_icon(False)
     d = Drawing(70, 10)
-    d.stroke(bell(8, 8.5, 7, 7, 4.2), LETTERING, 1.2)
-    d.stroke(bell(62, 8.5, 7, 7, 1.6), LETTERING, 1.2)
+    d.stroke(bell(11, 8.5, 7, 7, 0), LETTERING, 1.2)
+    d.stroke(bell(61, 8.5, 7, 7, 3.6), LETTERING, 1.2)
     yield "icon_Q_Mid", d
     yield "icon_Q_High", type_icon(True)
 
@@ -535,14 +548,12 @@ def minus(d, dy, color):
 
 
 def flat(d, dy, color):
-    d.rect(7, 12 + dy, 12, 2, color)
-    d.rect(7, 9 + dy, 1, 8, fade(color, 0.55))
-    d.rect(18, 9 + dy, 1, 8, fade(color, 0.55))
+    d.rect(6, 12 + dy, 14, 2, color)
 
 
 def bars(d, dy, color):
-    for x, height in zip((7, 10, 14, 17), (5, 9, 7, 3)):
-        d.rect(x, 17 - height + dy, 2, height, color)
+    for x, height in zip((6, 10, 14, 18), (5, 10, 7, 3)):
+        d.rect(x, 18 - height + dy, 2, height, color)
 
 
 def lamp_button(color, light, pressed=False):
@@ -552,7 +563,7 @@ def lamp_button(color, light, pressed=False):
     cx, cy = 13, 14
     dy = 1 if pressed else 0
     if light > 0:
-        halo(d, cx, cy, 8, 13, color, 0.55 * light)
+        halo(d, cx, cy, 8, 13, mix(color, WHITE, 0.12), 0.7 * light)
     d.circle(cx, cy + 0.8, 9.4, fade(EDGE_LIGHT, 0.8))
     d.circle(cx, cy, 9.4, "#08090b")
     rim = ("#30353b", "#1a1d21") if pressed else ("#6a717a", "#22262b")
@@ -583,8 +594,8 @@ def switch(top):
     d = Drawing(37, 48)
     recess(d, 7, 0, 23, 47, 4, WELL, 8)
     d.rect(18, 6, 1, 36, fade("#8a9199", 0.25))
-    height = 22
-    d.rect(9, top + 2, 19, height, fade(BLACK, 0.55), 3)
+    height = 21
+    d.rect(9, top, 19, min(height + 2, 46 - top), fade(BLACK, 0.55), 3)
     d.rect(9, top, 19, height, d.vertical(top, top + height, "#767e87", "#1d2024"), 3)
     d.rect(9, top + 1, 19, height - 2, d.vertical(top, top + height, "#555c64", "#282c31"), 3)
     for y in (5, 15):
@@ -606,7 +617,7 @@ def small_lamp(color, light):
 
 def switches():
     yield "sw_drive", switch(2)
-    yield "sw_crean", switch(23)
+    yield "sw_crean", switch(25)
     for name, color in (("drive", AMBER), ("clean", GREEN)):
         yield f"led_{name}_on", small_lamp(color, 1)
         yield f"led_{name}_off", small_lamp(color, 0)
@@ -672,7 +683,7 @@ def column(d, name, cx):
     recess(d, left, COLUMN_TOP, COLUMN_WIDTH, COLUMN_BOTTOM - COLUMN_TOP, 5,
            d.vertical(COLUMN_TOP, COLUMN_BOTTOM, "#15181b", "#1a1d21"), 12, 0.45)
     d.rect(left + 10, COLUMN_TOP + 4, COLUMN_WIDTH - 20, 2, color)
-    centred_lettering(d, name, cx, 223, 9, 1.3, LETTERING, 1.6)
+    centred_lettering(d, name, cx, 223, 10, 1.5, LETTERING, 1.8)
     for y in FIELD_ROWS if name not in ("LOW", "HIGH") else FIELD_ROWS[1:]:
         field(d, cx, y)
 
@@ -685,17 +696,20 @@ def guides(d):
 
 
 def display(d):
-    recess(d, 84, 12, 701, 206, 6, d.vertical(12, 218, "#060708", "#0c0e11"), 14, 0.7)
+    recess(d, 46, 12, 752, 206, 6, d.vertical(12, 218, "#060708", "#0c0e11"), 14, 0.7)
 
 
 def left_section(d):
-    mark = wordmark(57, 273, 17, 199)
+    recess(d, 46, COLUMN_TOP, 218, COLUMN_BOTTOM - COLUMN_TOP, 5,
+           d.vertical(COLUMN_TOP, COLUMN_BOTTOM, "#15181b", "#1a1d21"), 12, 0.45)
+    mark = wordmark(57, 270, 23, 197)
     d.fill(mark, fade(BLACK, 0.6), fill_rule="evenodd", transform="translate(0 -0.8)")
     d.fill(mark, fade(WHITE, 0.12), fill_rule="evenodd", transform="translate(0 0.8)")
     d.fill(mark, LETTERING, fill_rule="evenodd")
-    engraved(d, 57, 301, 199)
-    engraved(d, 57, 372, 199)
-    engraved(d, 57, 507, 199)
+    for y in (303, 370, 507):
+        engraved(d, 57, y, 197)
+    for y in (323, 346):
+        d.rect(167, y, 24, 1, ENGRAVING)
     recess(d, 148, 403, 32, 97, 4, WELL, 8)
     for cx in (89, 224):
         field(d, cx, 484)
