@@ -118,8 +118,7 @@ void tst_EditorKeyboard::tabVisitsEverything()
         expected << prefix + QStringLiteral("FrequencyKnob")
                  << prefix + QStringLiteral("FrequencyTextEdit")
                  << prefix + QStringLiteral("GainKnob") << prefix + QStringLiteral("GainTextEdit")
-                 << prefix + QStringLiteral("Button")
-                 << QStringLiteral("handle %1").arg(band + 1);
+                 << prefix + QStringLiteral("Button") << QStringLiteral("handle %1").arg(band + 1);
     }
     QCOMPARE(walk(Qt::Key_Tab), expected);
 }
