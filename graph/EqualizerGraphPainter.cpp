@@ -55,7 +55,7 @@ constexpr int GridRows = 2 * RowsAboveZero;
 constexpr double LabelSize = 12.0;
 constexpr double SampleStep = 3.0;
 constexpr double HandleRadius = 3.0;
-constexpr double MarkRadius = 5.0;
+constexpr double MarkRadius = 5.5;
 constexpr double ThinLine = 1.0;
 constexpr double ThickLine = 1.5;
 
@@ -181,7 +181,7 @@ void drawMark(QPainter& painter, const EqualizerBands& bands, const PlotAxes& ax
 {
     const double radius = MarkRadius * axes.unit();
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(color(band), ThinLine * axes.unit()));
+    painter.setPen(QPen(color(band), ThickLine * axes.unit()));
     painter.drawEllipse(EqualizerGraphPainter::handle(bands, band, axes), radius, radius);
 }
 
@@ -199,7 +199,7 @@ QPointF EqualizerGraphPainter::handle(const EqualizerBands& bands, int band, con
 
 QRectF EqualizerGraphPainter::markRect(const EqualizerBands& bands, int band, const PlotAxes& axes)
 {
-    const double reach = (MarkRadius + ThinLine / 2.0) * axes.unit();
+    const double reach = (MarkRadius + ThickLine / 2.0) * axes.unit();
     const QPointF centre = handle(bands, band, axes);
     return QRectF(centre - QPointF(reach, reach), QSizeF(2.0 * reach, 2.0 * reach)) &
            plotRect(axes);
