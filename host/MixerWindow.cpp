@@ -80,8 +80,7 @@ EditorWindow* MixerWindow::createEditor(int channel, bool stereo)
     settings.channel = channel;
     settings.stereo = stereo;
     auto stage = std::make_unique<QWidget>();
-    auto session =
-        EditorSession::open(m_mixer.library, m_mixer.model, m_mixer.memory, settings, stage.get());
+    auto session = EditorSession::open(m_mixer, settings, stage.get());
     if (!session)
         return nullptr;
     auto* window = new EditorWindow(m_mixer.memory, std::move(stage), std::move(session));
