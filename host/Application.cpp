@@ -64,6 +64,7 @@ int Application::run()
     if (!fault.isEmpty())
         return finished(fault);
     applyHostTheme();
+    m_mixer.language.choose(m_commandLine.language);
     m_mixer.meters.setEnabled(m_commandLine.showsMeters());
     return m_commandLine.headless() ? runHeadless() : runWindows();
 }

@@ -28,7 +28,7 @@ QCommandLineOption withoutValue(const char* name)
 void addOptions(QCommandLineParser& parser)
 {
     for (const char* name : {"plugin", "channel", "scale", "sample-rate", "set", "state",
-                             "save-state", "screenshot", "meters"})
+                             "save-state", "screenshot", "meters", "language"})
         parser.addOption(withValue(name));
     for (const char* name : {"mono", "list", "help"})
         parser.addOption(withoutValue(name));
@@ -64,6 +64,7 @@ public:
                     "a sampling rate from 1000 to 768000 Hz", &m_result.editor.sampleRate);
         readScale();
         readMeters();
+        readLanguage();
         for (const QString& text : m_parser.values(QStringLiteral("set")))
             readSetting(text);
         if (!m_parser.positionalArguments().isEmpty())
@@ -118,6 +119,17 @@ private:
         if (text != QLatin1String("on") && text != QLatin1String("off"))
             fail(wrongValue("meters", text, "on or off"));
         m_result.meters = text == QLatin1String("on");
+    }
+
+    void readLanguage()
+    {
+        const QString name = QStringLiteral("language");
+        if (!m_parser.isSet(name))
+            return;
+        const std::optional<Language> language = languageOf(m_parser.value(name));
+        if (!language)
+            fail(wrongValue("language", m_parser.value(name), "en, de or ja"));
+        m_result.language = language.value_or(Language::English);
     }
 
     void readSetting(const QString& text)
@@ -202,6 +214,7 @@ QString CommandLine::helpText()
         "  --set NAME=TEXT        set a parameter as if TEXT were typed; repeatable, after "
         "--state\n"
         "  --set NAME=@N          set a parameter to the raw integer N\n"
+        "  --language en|de|ja    English, German or Japanese (en)\n"
         "  --meters on|off        whether a built-in signal runs through the equalizer and moves\n"
         "                         the meters (on in windows, otherwise off; a picture then shows\n"
         "                         them after one second)\n"

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/EditorSession.h"
+#include "host/Language.h"
 
 #include <QString>
 #include <QStringList>
@@ -25,6 +26,7 @@ struct CommandLine
     std::vector<Setting> settings;
     bool list = false;
     bool help = false;
+    Language language = Language::English;
     std::optional<bool> meters; ///< empty: shown in windows only
     QString state;              ///< file to load
     QString saveState;          ///< file to write

@@ -5,6 +5,7 @@
 #include "host/EditorLibrary.h"
 #include "host/HostMemory.h"
 #include "host/HostModel.h"
+#include "host/Language.h"
 #include "host/MeterSource.h"
 #include "host/SettingsFile.h"
 
@@ -16,4 +17,5 @@ struct Mixer
     EditorLibrary library;
     MeterSource meters{memory, std::make_unique<BuiltInSignal>()};
     SettingsFile settings;
+    LanguageSwitch language;
 };

@@ -48,6 +48,7 @@ void tst_CommandLine::startsWithDefaults()
     QVERIFY(line.settings.empty());
     QVERIFY(!line.headless());
     QVERIFY(!line.meters);
+    QCOMPARE(line.language, Language::English);
 }
 
 void tst_CommandLine::readsEveryOption()
@@ -55,7 +56,7 @@ void tst_CommandLine::readsEveryOption()
     const CommandLine line = parse(QStringLiteral(
         "--plugin|p.so|--channel|5|--mono|--scale|1.5|--sample-rate|96000|--state|in.state|"
         "--set|fx_rackfx_prm_3=+3 "
-        "dB|--meters|off|--list|--save-state|out.vstpreset|--screenshot|a.png"));
+        "dB|--meters|off|--language|ja|--list|--save-state|out.vstpreset|--screenshot|a.png"));
     QCOMPARE(line.fault, QString());
     QCOMPARE(line.plugin, QStringLiteral("p.so"));
     QCOMPARE(line.editor.channel, 5);
@@ -70,6 +71,7 @@ void tst_CommandLine::readsEveryOption()
     QCOMPARE(line.saveState, QStringLiteral("out.vstpreset"));
     QCOMPARE(line.screenshot, QStringLiteral("a.png"));
     QCOMPARE(line.meters, std::optional(false));
+    QCOMPARE(line.language, Language::Japanese);
     QVERIFY(!line.help);
 }
 
@@ -192,6 +194,8 @@ void tst_CommandLine::refuses_data()
         "--set fx_rackfx_prm_2: \"@1201\" is no raw value of Low frequency (@0 to @1200).");
     row("--set|fx_rackfx_prm_3=@x",
         "--set fx_rackfx_prm_3: \"@x\" is no raw value of Low gain (@-200 to @200).");
+    row("--language|fr", "--language takes en, de or ja, not \"fr\".");
+    row("--language|", "--language takes en, de or ja, not \"\".");
     row("--meters|yes", "--meters takes on or off, not \"yes\".");
     row("--meters|", "--meters takes on or off, not \"\".");
     row("--plugin|", "--plugin takes the name of a file.");
@@ -216,7 +220,7 @@ void tst_CommandLine::helpNamesEveryOption()
     for (const char* option :
          {"--plugin FILE", "--channel N", "--mono", "--scale F", "--sample-rate HZ",
           "--set NAME=TEXT", "--set NAME=@N", "--list", "--state FILE", "--save-state FILE",
-          "--screenshot FILE.png", "--help", "--meters on|off"})
+          "--screenshot FILE.png", "--help", "--meters on|off", "--language en|de|ja"})
         QVERIFY2(help.contains(QLatin1String(option)), option);
     for (const QString& line : help.split(QLatin1Char('\n')))
         QVERIFY2(line.size() <= 100, qPrintable(line));
