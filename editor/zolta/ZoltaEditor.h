@@ -2,16 +2,26 @@
 #pragma once
 
 #include "editor/base/EffectEditor.h"
+#include "editor/zolta/DragFlags.h"
 #include "plugin/interfaces/IMeterObserver.h"
 #include "plugin/interfaces/IPrmObserver.h"
 
+#include <optional>
+
+class IMeterNotifier;
+class QWheelEvent;
+class Ui_ZoltaEditor;
+class ZoltaAbout;
 class ZoltaComponent;
 class ZoltaEqualizerGraph;
+struct ParameterRow;
 
 /// The equalizer's editor for one channel or stereo pair.
 ///
-/// It owns the response graph and the state component. The model information and the parameter
-/// memory are the host's; both must outlive the editor, or be detached first.
+/// It owns the form, the response graph and the state component; the form's widgets and the about
+/// panel are its children. The model information and the parameter memory are the host's; both must
+/// outlive the editor, or be detached first. A host call that fails leaves out what it was for, and
+/// nothing else.
 class ZoltaEditor : public EffectEditor, public IPrmObserver, public IMeterObserver
 {
     Q_OBJECT
@@ -35,21 +45,106 @@ public:
     QMap<QString, QVariant> getEditorSettings() const override;
     void setEditorSettings(const QMap<QString, QVariant>& settings) override;
 
-    /// The editor observes no parameter itself: its graph does. Both return 0.
+    /// The editor observes no parameter itself: its controls and its graph do. Both return 0.
     int Update(unsigned short parameter, unsigned short ch, int value, const char* text) override;
     int UpdateProperty(unsigned short parameter, unsigned short ch, int, int, int, bool,
                        const char* text) override;
 
+    /// Does nothing: the meters show decibels.
     void notifyMeterLvlUpdated(unsigned int* values, unsigned int count) override;
+    /// Shows the levels of "meter_oxa_snd" as input and of "meter_oxa_rtn" as output. A channel
+    /// that the model or \a values does not have keeps its last level.
     void notifyMeterDbUpdated(unsigned int* values, unsigned int count) override;
 
-private:
-    void setMeterObserver(bool registered);
+    /// Show \a value, in tenths of a dB, on the left (and mono) or right LED meter. A level below
+    /// the lowest of LedMeterSvgTable changes nothing.
+    void setLedMeterL(int value);
+    void setLedMeterR(int value);
 
-    ZoltaEqualizerGraph* m_graph;
-    ZoltaComponent* m_component;
+private Q_SLOTS:
+    /// Lights the lamp of drive or of clean.
+    void cleanDriveChange(bool drive);
+    /// Only the filter types 2 and 3 have a gain; for all others its controls give way to the
+    /// picture of a disabled knob.
+    void lowTypeChange(int type);
+    void highTypeChange(int type);
+    /// Sets the gains, and the types of the outer bands that are on, to their defaults. Held for a
+    /// second, everything but clean/drive follows.
+    void beginFlat();
+    void endFlat();
+
+    // Every GainTextDrag stands for the band's FrequencyTextDrag, deliberately.
+    void lowTypeKnobDrag(bool drag);
+    void lowFrequencyKnobDrag(bool drag);
+    void lowFrequencyTextDrag(bool drag);
+    void lowGainKnobDrag(bool drag);
+    void lowGainTextDrag(bool drag);
+    void middle1QualityKnobDrag(bool drag);
+    void middle1QualityTextDrag(bool drag);
+    void middle1FrequencyKnobDrag(bool drag);
+    void middle1FrequencyTextDrag(bool drag);
+    void middle1GainKnobDrag(bool drag);
+    void middle1GainTextDrag(bool drag);
+    void middle2QualityKnobDrag(bool drag);
+    void middle2QualityTextDrag(bool drag);
+    void middle2FrequencyKnobDrag(bool drag);
+    void middle2FrequencyTextDrag(bool drag);
+    void middle2GainKnobDrag(bool drag);
+    void middle2GainTextDrag(bool drag);
+    void middle3QualityKnobDrag(bool drag);
+    void middle3QualityTextDrag(bool drag);
+    void middle3FrequencyKnobDrag(bool drag);
+    void middle3FrequencyTextDrag(bool drag);
+    void middle3GainKnobDrag(bool drag);
+    void middle3GainTextDrag(bool drag);
+    void middle4QualityKnobDrag(bool drag);
+    void middle4QualityTextDrag(bool drag);
+    void middle4FrequencyKnobDrag(bool drag);
+    void middle4FrequencyTextDrag(bool drag);
+    void middle4GainKnobDrag(bool drag);
+    void middle4GainTextDrag(bool drag);
+    void highTypeKnobDrag(bool drag);
+    void highFrequencyKnobDrag(bool drag);
+    void highFrequencyTextDrag(bool drag);
+    void highGainKnobDrag(bool drag);
+    void highGainTextDrag(bool drag);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void hideAlternatives();
+    void connectControls();
+    void connectDrag(QWidget* control, const char* slot);
+    void watchControls();
+
+    void setMeterObserver(bool registered);
+    void updateParameters();
+    void updateRow(const ParameterRow& row);
+    void showChannels();
+    std::optional<unsigned short> parameterId(int number);
+    std::optional<int> parameterValue(int number);
+    void resetParameter(int number);
+
+    void setDrag(DragFlags::Source source, bool drag);
+    void updateEditTarget();
+    void switchByWheel(const QWheelEvent& event);
+    bool openTextEntry(const QObject* knob);
+    std::optional<int> meterValue(const char* name, int ch, const unsigned int* values,
+                                  unsigned int count);
+    void retranslate();
+
+    Ui_ZoltaEditor* m_ui;
+    ZoltaEqualizerGraph* m_graph = nullptr;
+    ZoltaAbout* m_about = nullptr;
+    ZoltaComponent* m_component = nullptr;
     Steinberg::FUID m_uid;
     IMemAPI* m_memAPI = nullptr;
     int m_primaryCh = 0;
     int m_secondaryCh = 0;
+    int m_flatTimerId = 0;
+    DragFlags m_dragFlags;
+    IMeterNotifier* m_meterNotifier = nullptr; ///< that the editor registered with
 };
