@@ -371,31 +371,40 @@ void knobStepWrite(benchmark::State& state)
         state, [] {}, [&] { host.step(turn++); }, [] { QApplication::processEvents(); });
 }
 
-/// The repaint of one widget after a step, which comes before that of all others.
-template <class Widget> void timeStepOf(benchmark::State& state, const char* name = nullptr)
+QWidget* steppedKnob(OpenEditor& editor)
+{
+    return editor.find<KnobController>("m_pMiddle2GainKnob");
+}
+
+QWidget* steppedText(OpenEditor& editor)
+{
+    return editor.find<TextEditController>("m_pMiddle2GainTextEdit");
+}
+
+QWidget* graph(OpenEditor& editor) { return editor.find<ZoltaEqualizerGraph>(); }
+
+/// The repaint of one of the widgets that show the parameter. A repaint takes along everything that
+/// waits for its own, so the others are hidden.
+void timeStepOf(benchmark::State& state, QWidget* (*select)(OpenEditor&))
 {
     Host host;
     OpenEditor editor(host, scaleOf(state));
+    QWidget* widget = select(editor);
+    for (const auto other : {steppedKnob, steppedText, graph})
+        other(editor)->setVisible(other == select);
     editor.show();
-    auto* widget = editor.find<Widget>(name);
-    countPaints(state, [&](int) { widget->repaint(); });
+    countPaints(state, [&](int turn) {
+        host.step(turn);
+        widget->repaint();
+    });
     int turn = 0;
     timeOnly(
-        state, [&] { host.step(turn++); }, [&] { widget->repaint(); },
-        [] { QApplication::processEvents(); });
+        state, [&] { host.step(turn++); }, [&] { widget->repaint(); }, [] {});
 }
 
-void knobStepKnob(benchmark::State& state)
-{
-    timeStepOf<KnobController>(state, "m_pMiddle2GainKnob");
-}
-
-void knobStepText(benchmark::State& state)
-{
-    timeStepOf<TextEditController>(state, "m_pMiddle2GainTextEdit");
-}
-
-void knobStepGraph(benchmark::State& state) { timeStepOf<ZoltaEqualizerGraph>(state); }
+void knobStepKnob(benchmark::State& state) { timeStepOf(state, steppedKnob); }
+void knobStepText(benchmark::State& state) { timeStepOf(state, steppedText); }
+void knobStepGraph(benchmark::State& state) { timeStepOf(state, graph); }
 
 // Meters -----------------------------------------------------------------------------------------
 
