@@ -129,6 +129,7 @@ class Drawing:
     def svg(self):
         size = f'width="{self.width}" height="{self.height}"'
         lines = [
+            "<!-- SPDX-License-Identifier: GPL-3.0-or-later -->",
             '<svg xmlns="http://www.w3.org/2000/svg" version="1.2" baseProfile="tiny" '
             f'{size} viewBox="0 0 {self.width} {self.height}">'
         ]
