@@ -357,7 +357,7 @@
     </message>
     <message>
         <source>FLAT</source>
-        <translation>PLAN</translation>
+        <translation>LIN.</translation>
     </message>
     <message>
         <source>G</source>

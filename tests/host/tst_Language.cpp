@@ -78,7 +78,7 @@ void tst_Language::speaks_data()
             << language << QByteArray(context) << QByteArray(source) << QString::fromUtf8(expected);
     };
     row(Language::German, "ZoltaEditor", "INPUT", "EINGANG");
-    row(Language::German, "ZoltaEditor", "FLAT", "PLAN");
+    row(Language::German, "ZoltaEditor", "FLAT", "LIN.");
     row(Language::German, "EditorWindow", "&File", "&Datei");
     row(Language::German, "Parameter", "Middle 2 quality", "Mitten 2: Güte");
     row(Language::Japanese, "ZoltaEditor", "INPUT", "入力");
