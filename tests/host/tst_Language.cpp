@@ -201,6 +201,8 @@ void tst_Language::editorTextsFitTheirLabels()
         m_switch.choose(language);
         const QString translated = editorText(text);
         QVERIFY(!translated.isEmpty());
+        for (const char32_t letter : translated.toStdU32String())
+            QVERIFY(metrics.inFontUcs4(letter));
         QVERIFY2(metrics.horizontalAdvance(translated) <= width,
                  qPrintable(QStringLiteral("%1 takes %2 pixels")
                                 .arg(translated)
