@@ -422,8 +422,6 @@ void tst_EditorWindow::switchingTheLanguageChangesNoSetting()
     QCOMPARE(choice(window, QStringLiteral("Geradlinig"))->currentIndex(), 2);
 }
 
-Q_DECLARE_METATYPE(Language)
-
 ZOLTA_TEST_MAIN(tst_EditorWindow)
 
 #include "tst_EditorWindow.moc"

@@ -211,8 +211,6 @@ void tst_Language::editorTextsFitTheirLabels()
     m_switch.choose(Language::English);
 }
 
-Q_DECLARE_METATYPE(Language)
-
 ZOLTA_TEST_MAIN(tst_Language)
 
 #include "tst_Language.moc"
