@@ -199,7 +199,7 @@
     <name>Parameter</name>
     <message>
         <source>Low type</source>
-        <translation>Tiefen: Filtertyp</translation>
+        <translation>Tiefen: Typ</translation>
     </message>
     <message>
         <source>Low frequency</source>
@@ -207,7 +207,7 @@
     </message>
     <message>
         <source>Low gain</source>
-        <translation>Tiefen: Verstärkung</translation>
+        <translation>Tiefen: Gain</translation>
     </message>
     <message>
         <source>Low on</source>
@@ -223,7 +223,7 @@
     </message>
     <message>
         <source>Middle 1 gain</source>
-        <translation>Mitten 1: Verstärkung</translation>
+        <translation>Mitten 1: Gain</translation>
     </message>
     <message>
         <source>Middle 1 on</source>
@@ -239,7 +239,7 @@
     </message>
     <message>
         <source>Middle 2 gain</source>
-        <translation>Mitten 2: Verstärkung</translation>
+        <translation>Mitten 2: Gain</translation>
     </message>
     <message>
         <source>Middle 2 on</source>
@@ -255,7 +255,7 @@
     </message>
     <message>
         <source>Middle 3 gain</source>
-        <translation>Mitten 3: Verstärkung</translation>
+        <translation>Mitten 3: Gain</translation>
     </message>
     <message>
         <source>Middle 3 on</source>
@@ -271,7 +271,7 @@
     </message>
     <message>
         <source>Middle 4 gain</source>
-        <translation>Mitten 4: Verstärkung</translation>
+        <translation>Mitten 4: Gain</translation>
     </message>
     <message>
         <source>Middle 4 on</source>
@@ -279,7 +279,7 @@
     </message>
     <message>
         <source>High type</source>
-        <translation>Höhen: Filtertyp</translation>
+        <translation>Höhen: Typ</translation>
     </message>
     <message>
         <source>High frequency</source>
@@ -287,7 +287,7 @@
     </message>
     <message>
         <source>High gain</source>
-        <translation>Höhen: Verstärkung</translation>
+        <translation>Höhen: Gain</translation>
     </message>
     <message>
         <source>High on</source>
@@ -322,7 +322,7 @@
     </message>
     <message>
         <source>Raw</source>
-        <translation>Rohwert</translation>
+        <translation>Roh</translation>
     </message>
     <message>
         <source>Name</source>
@@ -357,7 +357,7 @@
     </message>
     <message>
         <source>FLAT</source>
-        <translation>PLAN</translation>
+        <translation>LIN.</translation>
     </message>
     <message>
         <source>G</source>

@@ -303,7 +303,7 @@
     </message>
     <message>
         <source>Clean/drive</source>
-        <translation>クリア／歪み</translation>
+        <translation>クリア/歪み</translation>
     </message>
 </context>
 <context>
@@ -334,7 +334,7 @@
     </message>
     <message>
         <source>%1 to %2</source>
-        <translation>%1 ～ %2</translation>
+        <translation>%1 から %2</translation>
     </message>
     <message>
         <source>%1 or %2</source>

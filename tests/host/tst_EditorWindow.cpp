@@ -44,6 +44,7 @@ private Q_SLOTS:
     void languageIsChosenInTheMenu();
     void windowsSpeakTheChosenLanguage();
     void everyTextIsTranslated();
+    void valuesAreReadableInEveryLanguage();
     void switchingTheLanguageChangesNoSetting();
 
 private:
@@ -346,7 +347,7 @@ void tst_EditorWindow::windowsSpeakTheChosenLanguage()
     QVERIFY(choice(window, QStringLiteral("Relativ kreisförmig")));
     const QAbstractItemModel* table = window->findChild<QTableView*>()->model();
     QCOMPARE(table->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Wert"));
-    QCOMPARE(table->index(2, 0).data().toString(), QStringLiteral("Tiefen: Verstärkung"));
+    QCOMPARE(table->index(2, 0).data().toString(), QStringLiteral("Tiefen: Gain"));
     QCOMPARE(table->index(2, 1).data(Qt::ToolTipRole).toString(),
              QStringLiteral("-20.0 bis +20.0 dB"));
     QCOMPARE(m_window->windowTitle(), QStringLiteral("Mischpult"));
@@ -395,6 +396,20 @@ void tst_EditorWindow::everyTextIsTranslated()
     QVERIFY(texts.size() > 50);
 }
 
+void tst_EditorWindow::valuesAreReadableInEveryLanguage()
+{
+    EditorWindow* window = openWindow();
+    const auto* table = window->findChild<QTableView*>();
+    for (const Language language : languages) {
+        m_mixer.language.choose(language);
+        QCoreApplication::sendPostedEvents();
+        const int needed = static_cast<const QAbstractItemView*>(table)->sizeHintForColumn(
+            ParameterListModel::ValueColumn);
+        QTRY_VERIFY2(table->columnWidth(ParameterListModel::ValueColumn) >= needed,
+                     qPrintable(codeOf(language)));
+    }
+}
+
 void tst_EditorWindow::switchingTheLanguageChangesNoSetting()
 {
     EditorWindow* window = openWindow(0, false);
@@ -406,8 +421,6 @@ void tst_EditorWindow::switchingTheLanguageChangesNoSetting()
     QVERIFY(!window->settings().stereo);
     QCOMPARE(choice(window, QStringLiteral("Geradlinig"))->currentIndex(), 2);
 }
-
-Q_DECLARE_METATYPE(Language)
 
 ZOLTA_TEST_MAIN(tst_EditorWindow)
 
