@@ -55,6 +55,7 @@ constexpr int GridRows = 2 * RowsAboveZero;
 constexpr double LabelSize = 12.0;
 constexpr double SampleStep = 3.0;
 constexpr double HandleRadius = 3.0;
+constexpr double MarkRadius = 5.5;
 constexpr double ThinLine = 1.0;
 constexpr double ThickLine = 1.5;
 
@@ -175,6 +176,15 @@ void drawHandles(QPainter& painter, const EqualizerBands& bands, const PlotAxes&
         draw(editedBand, color(editedBand));
 }
 
+/// Within the clip of drawHandles().
+void drawMark(QPainter& painter, const EqualizerBands& bands, const PlotAxes& axes, int band)
+{
+    const double radius = MarkRadius * axes.unit();
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(color(band), ThickLine * axes.unit()));
+    painter.drawEllipse(EqualizerGraphPainter::handle(bands, band, axes), radius, radius);
+}
+
 } // namespace
 
 QPointF EqualizerGraphPainter::handle(const EqualizerBands& bands, int band, const PlotAxes& axes)
@@ -187,8 +197,16 @@ QPointF EqualizerGraphPainter::handle(const EqualizerBands& bands, int band, con
     return {};
 }
 
+QRectF EqualizerGraphPainter::markRect(const EqualizerBands& bands, int band, const PlotAxes& axes)
+{
+    const double reach = (MarkRadius + ThickLine / 2.0) * axes.unit();
+    const QPointF centre = handle(bands, band, axes);
+    return QRectF(centre - QPointF(reach, reach), QSizeF(2.0 * reach, 2.0 * reach)) &
+           plotRect(axes);
+}
+
 void EqualizerGraphPainter::paint(QPainter& painter, QSize size, const EqualizerBands& bands,
-                                  const PlotAxes& axes, int editedBand)
+                                  const PlotAxes& axes, int editedBand, int focusedBand)
 {
     if (axes.width() <= 0.0 || axes.height() <= 0.0)
         return;
@@ -200,6 +218,8 @@ void EqualizerGraphPainter::paint(QPainter& painter, QSize size, const Equalizer
     drawCurves(bands, axes, editedBand);
     painter.drawImage(QPointF(), m_picture);
     drawHandles(painter, bands, axes, editedBand);
+    if (isOn(bands, focusedBand))
+        drawMark(painter, bands, axes, focusedBand);
 }
 
 void EqualizerGraphPainter::drawGrid(const PlotAxes& axes)

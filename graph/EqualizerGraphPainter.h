@@ -27,11 +27,14 @@ public:
     /// Where the handle of \a band stands: on its gain, or on 0 dB for a pass filter. A low or high
     /// band of an unknown type has its handle at (0, 0).
     static QPointF handle(const EqualizerBands& bands, int band, const PlotAxes& axes);
+    /// How much room the focus mark takes, in the plot.
+    static QRectF markRect(const EqualizerBands& bands, int band, const PlotAxes& axes);
 
     /// Paints a widget of \a size with its painter. \a editedBand is drawn in its full colour and
-    /// above the others; a negative number means none.
+    /// above the others; the handle of \a focusedBand gets a ring in its full colour. A negative
+    /// number means none.
     void paint(QPainter& painter, QSize size, const EqualizerBands& bands, const PlotAxes& axes,
-               int editedBand);
+               int editedBand, int focusedBand = -1);
 
 private:
     /// What the picture of the grid depends on.

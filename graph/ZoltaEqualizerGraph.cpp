@@ -2,15 +2,22 @@
 #include "graph/ZoltaEqualizerGraph.h"
 
 #include "editor/base/EffectEditor.h"
+#include "graph/EqualizerGraphAccessible.h"
+#include "graph/GraphAnnouncements.h"
+#include "graph/HandleKeys.h"
 #include "graph/filters/BandDesign.h"
 #include "plugin/interfaces/IMemAPI.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <limits>
+#include <tuple>
+#include <utility>
 
 namespace {
 
@@ -22,6 +29,12 @@ bool isBand(ZoltaEqualizerGraph::EditTarget target)
 {
     return target >= ZoltaEqualizerGraph::EditTargetLow &&
            target <= ZoltaEqualizerGraph::EditTargetHigh;
+}
+
+/// Whether focus that goes for \a reason comes back by itself.
+bool isTemporary(Qt::FocusReason reason)
+{
+    return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
 }
 
 } // namespace
@@ -44,7 +57,9 @@ const std::array<ZoltaEqualizerGraph::Slot, 24> ZoltaEqualizerGraph::Slots = {{
 ZoltaEqualizerGraph::ZoltaEqualizerGraph(EffectEditor* editor)
     : QWidget(editor)
     , m_editor(editor)
-{}
+{
+    EqualizerGraphAccessible::install();
+}
 
 ZoltaEqualizerGraph::~ZoltaEqualizerGraph() { unregisterParameters(); }
 
@@ -139,6 +154,89 @@ ZoltaEqualizerGraph::getDragMode(Qt::KeyboardModifiers modifiers) const
     return m_bands.hasGain(band) ? DragModeFrequencyGain : DragModeFrequency;
 }
 
+QRectF ZoltaEqualizerGraph::handleRect(EditTarget target) const
+{
+    if (!isBand(target) || !m_bands[bandOf(target)].on)
+        return {};
+    return EqualizerGraphPainter::markRect(m_bands, bandOf(target), axes());
+}
+
+bool ZoltaEqualizerGraph::focusHandle(EditTarget target)
+{
+    if (!isBand(target) || !m_bands[bandOf(target)].on || !isEnabled())
+        return false;
+    markHandle(target);
+    setFocus(Qt::TabFocusReason);
+    if (hasFocus())
+        GraphAnnouncements::focused(this, bandOf(target));
+    return true;
+}
+
+ZoltaEqualizerGraph::EditTarget ZoltaEqualizerGraph::focusedHandle() const
+{
+    return window()->focusWidget() == this ? m_focusedHandle : EditTargetNone;
+}
+
+bool ZoltaEqualizerGraph::hasField(EditTarget target, Field field) const
+{
+    if (!isBand(target))
+        return false;
+    if (field == Field::Quality)
+        return EqualizerBands::isMiddle(bandOf(target));
+    return field == Field::Frequency || (field == Field::Gain && m_bands.hasGain(bandOf(target)));
+}
+
+void ZoltaEqualizerGraph::stepHandle(EditTarget target, Field field, int count)
+{
+    if (!hasField(target, field))
+        return;
+    const std::optional<unsigned short> parameter = parameterId(bandOf(target), field);
+    int value = 0;
+    if (!parameter || m_memAPI->getValue(*parameter, m_ch, &value, Element) < 0)
+        return;
+    const std::optional<Range> limits = range(*parameter);
+    if (!limits || limits->minimum > limits->maximum)
+        return;
+    write(*parameter, static_cast<int>(std::clamp<std::int64_t>(std::int64_t{value} + count,
+                                                                limits->minimum, limits->maximum)));
+}
+
+void ZoltaEqualizerGraph::setHandle(EditTarget target, Field field, double value)
+{
+    if (!hasField(target, field))
+        return;
+    if (field == Field::Frequency)
+        writePosition(bandOf(target), field, BandDesign::frequencyPosition(value));
+    if (field == Field::Gain)
+        writePosition(bandOf(target), field, BandDesign::gainPosition(value));
+}
+
+std::optional<double> ZoltaEqualizerGraph::stepSize(EditTarget target, Field field) const
+{
+    const std::optional<unsigned short> parameter =
+        hasField(target, field) ? parameterId(bandOf(target), field) : std::nullopt;
+    const std::optional<Range> limits = parameter ? range(*parameter) : std::nullopt;
+    if (!limits || limits->minimum >= limits->maximum)
+        return std::nullopt;
+    const double steps = static_cast<double>(limits->maximum) - limits->minimum;
+    if (field == Field::Gain)
+        return (fieldMaximum(field) - fieldMinimum(field)) / steps;
+    if (field == Field::Frequency)
+        return m_bands[bandOf(target)].frequency *
+               (std::pow(10.0, BandDesign::FrequencyRatio / steps) - 1.0);
+    return std::nullopt;
+}
+
+double ZoltaEqualizerGraph::fieldMinimum(Field field)
+{
+    return field == Field::Gain ? BandDesign::gain(0.0F) : BandDesign::frequency(0.0F);
+}
+
+double ZoltaEqualizerGraph::fieldMaximum(Field field)
+{
+    return field == Field::Gain ? BandDesign::gain(1.0F) : BandDesign::frequency(1.0F);
+}
+
 int ZoltaEqualizerGraph::Update(unsigned short parameter, unsigned short ch, int value, const char*)
 {
     if (ch != m_ch)
@@ -146,8 +244,12 @@ int ZoltaEqualizerGraph::Update(unsigned short parameter, unsigned short ch, int
     for (std::size_t slot = 0; slot < Slots.size(); ++slot) {
         if (m_parameters[slot] != parameter)
             continue;
+        const int band = Slots[slot].band;
+        const Band before = m_bands[band];
         if (store(slot, value) && Slots[slot].field != Field::On)
-            m_bands.design(Slots[slot].band);
+            m_bands.design(band);
+        announceChange(band, before);
+        dropMark();
         break;
     }
     update();
@@ -204,6 +306,31 @@ void ZoltaEqualizerGraph::mouseReleaseEvent(QMouseEvent* event)
         endDrag();
 }
 
+void ZoltaEqualizerGraph::keyPressEvent(QKeyEvent* event)
+{
+    const EditTarget target = focusedHandle();
+    const std::optional<HandleKeys::Step> step = HandleKeys::step(event->key(), event->modifiers());
+    if (step && hasField(target, step->field))
+        stepHandle(target, step->field, step->count);
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void ZoltaEqualizerGraph::focusInEvent(QFocusEvent* event)
+{
+    const EditTarget returning = std::exchange(m_returningHandle, EditTargetNone);
+    if (isTemporary(event->reason()))
+        focusHandle(isBand(returning) ? returning : m_focusedHandle);
+    QWidget::focusInEvent(event);
+}
+
+void ZoltaEqualizerGraph::focusOutEvent(QFocusEvent* event)
+{
+    m_returningHandle = isTemporary(event->reason()) ? m_focusedHandle : EditTargetNone;
+    markHandle(EditTargetNone);
+    QWidget::focusOutEvent(event);
+}
+
 void ZoltaEqualizerGraph::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::EnabledChange && !isEnabled())
@@ -216,7 +343,8 @@ void ZoltaEqualizerGraph::hideEvent(QHideEvent*) { endDrag(); }
 void ZoltaEqualizerGraph::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    m_painter.paint(painter, size(), m_bands, axes(), bandOf(m_editTarget));
+    m_painter.paint(painter, size(), m_bands, axes(), bandOf(m_editTarget),
+                    hasFocus() ? bandOf(m_focusedHandle) : -1);
 }
 
 PlotAxes ZoltaEqualizerGraph::axes() const
@@ -239,6 +367,7 @@ void ZoltaEqualizerGraph::registerParameters()
         m_memAPI->registerObserver(parameter, m_ch, this);
     }
     m_bands.designAll();
+    dropMark();
 }
 
 void ZoltaEqualizerGraph::unregisterParameters()
@@ -297,6 +426,36 @@ bool ZoltaEqualizerGraph::store(std::size_t slot, int value)
         return convert(band.gain, BandDesign::gain);
     }
     return false;
+}
+
+void ZoltaEqualizerGraph::markHandle(EditTarget target)
+{
+    if (target == m_focusedHandle)
+        return;
+    m_focusedHandle = target;
+    update();
+}
+
+void ZoltaEqualizerGraph::dropMark()
+{
+    if (!isBand(m_focusedHandle) || m_bands[bandOf(m_focusedHandle)].on)
+        return;
+    markHandle(EditTargetNone);
+    if (hasFocus())
+        GraphAnnouncements::focused(this, -1);
+}
+
+void ZoltaEqualizerGraph::announceChange(int band, const Band& before)
+{
+    const Band& after = m_bands[band];
+    if (before.on != after.on)
+        GraphAnnouncements::switched(this, band);
+    const auto settings = [](const Band& b) {
+        return std::tie(b.type, b.quality, b.frequency, b.gain);
+    };
+    if (after.on && settings(before) != settings(after))
+        GraphAnnouncements::valueChanged(this, band,
+                                         EqualizerGraphAccessible::handleValue(m_bands, band));
 }
 
 void ZoltaEqualizerGraph::endDrag()

@@ -20,6 +20,10 @@ class IMemAPI;
 /// response that they produce, and writes the raw values of a band whose handle is dragged. It
 /// never changes its own copy: the host's notification does. The memory is the host's and must
 /// outlive the binding; setMemAPI(nullptr) or destruction ends it.
+///
+/// One handle can have the keyboard's focus: its keys (HandleKeys) write raw values as a drag does.
+/// The graph's focus policy lets neither a click nor Tab in; whoever leads the focus through the
+/// editor calls focusHandle().
 class ZoltaEqualizerGraph : public QWidget, public IPrmObserver
 {
     Q_OBJECT
@@ -44,6 +48,9 @@ public:
         DragModeGain,
         DragModeFrequencyGain
     };
+
+    /// What a parameter of a band holds.
+    enum class Field { On, Type, Quality, Frequency, Gain };
 
     /// The level in dB at the plot's top edge, by zoom index.
     static constexpr std::array<double, 7> ZoomRangeList = {40.0, 20.0, 16.0, 12.0, 8.0, 4.0, 2.0};
@@ -73,6 +80,32 @@ public:
     /// What a drag of the grabbed band changes while \a modifiers are held.
     DragMode getDragMode(Qt::KeyboardModifiers modifiers) const;
 
+    /// What the graph shows of the bands.
+    const EqualizerBands& bands() const { return m_bands; }
+    /// What the focus mark of \a target covers; empty for a band that is off or whose handle lies
+    /// outside the plot.
+    QRectF handleRect(EditTarget target) const;
+
+    /// Gives the keyboard's focus to the handle of \a target. False, and nothing changes, for a
+    /// band that is off and while the graph is disabled.
+    bool focusHandle(EditTarget target);
+    /// The handle with the keyboard's focus. It gives the focus up when the graph loses it, except
+    /// to another window for as long as that is in front, and when its band is switched off.
+    EditTarget focusedHandle() const;
+
+    /// Whether a band of its type has a quality, a frequency or a gain to be set.
+    bool hasField(EditTarget target, Field field) const;
+    /// Moves the host's raw value by \a count, within its range; nothing happens where the band has
+    /// no such field or the host does not tell value and range.
+    void stepHandle(EditTarget target, Field field, int count);
+    /// Writes the raw value nearest to a frequency in Hz or a gain in dB.
+    void setHandle(EditTarget target, Field field, double value);
+    /// What the next raw step upward adds to the frequency in Hz or the gain in dB.
+    std::optional<double> stepSize(EditTarget target, Field field) const;
+    /// The least and the greatest frequency in Hz or gain in dB.
+    static double fieldMinimum(Field field);
+    static double fieldMaximum(Field field);
+
     int Update(unsigned short parameter, unsigned short ch, int value, const char* text) override;
     int UpdateProperty(unsigned short parameter, unsigned short ch, int, int, int, bool,
                        const char* text) override;
@@ -85,13 +118,16 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    /// Keys that the focused handle has no use for are the parent's.
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     /// A widget that is disabled or hidden is not told of the release, so either ends a drag.
     void changeEvent(QEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    enum class Field { On, Type, Quality, Frequency, Gain };
     struct Slot
     {
         const char* name;
@@ -114,6 +150,11 @@ private:
     /// the host does not tell the parameter's range.
     bool store(std::size_t slot, int value);
 
+    void markHandle(EditTarget target);
+    /// Gives the mark up when its band is off.
+    void dropMark();
+    void announceChange(int band, const Band& before);
+
     void endDrag();
     void dragQuality(int band, int y);
     void dragFrequency(int band, double x);
@@ -129,6 +170,8 @@ private:
     EqualizerGraphPainter m_painter;
     int m_zoom = DefaultZoom;
     EditTarget m_editTarget = EditTargetNone;
+    EditTarget m_focusedHandle = EditTargetNone;
+    EditTarget m_returningHandle = EditTargetNone; ///< while another window has the focus
 
     bool m_dragging = false;
     EditTarget m_grabbedTarget = EditTargetNone;

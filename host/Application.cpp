@@ -64,6 +64,8 @@ int Application::run()
     if (!fault.isEmpty())
         return finished(fault);
     applyHostTheme();
+    m_mixer.language.choose(m_commandLine.language);
+    m_mixer.meters.setEnabled(m_commandLine.showsMeters());
     return m_commandLine.headless() ? runHeadless() : runWindows();
 }
 
@@ -72,8 +74,7 @@ int Application::runHeadless()
     QWidget stage;
     stage.setAttribute(Qt::WA_DontShowOnScreen);
     const EditorSettings& settings = m_commandLine.editor;
-    const auto session =
-        EditorSession::open(m_mixer.library, m_mixer.model, m_mixer.memory, settings, &stage);
+    const auto session = EditorSession::open(m_mixer, settings, &stage);
     if (!session)
         return finished(noEditor(settings.channel));
     stage.show();
@@ -81,6 +82,7 @@ int Application::runHeadless()
     QString fault = loadState(*session);
     if (fault.isEmpty()) {
         applySettings();
+        playMeters();
         if (m_commandLine.list)
             fault = printList();
     }
@@ -93,6 +95,7 @@ int Application::runHeadless()
 
 int Application::runWindows()
 {
+    openSettings();
     const EditorSettings& settings = m_commandLine.editor;
     MixerWindow mixerWindow(m_mixer, settings);
     mixerWindow.show();
@@ -104,6 +107,22 @@ int Application::runWindows()
         return finished(fault);
     applySettings();
     return QApplication::exec();
+}
+
+void Application::openSettings()
+{
+    m_mixer.settings.setReporter(complain);
+    const QString fault = m_mixer.settings.open(SettingsFile::standardFile());
+    if (!fault.isEmpty())
+        complain(fault);
+}
+
+// A run without windows ends before the timer's first tick: its picture shows one second later.
+void Application::playMeters()
+{
+    constexpr int ticks = 30;
+    for (int i = 0; i < ticks; ++i)
+        m_mixer.meters.advance(1.0 / ticks);
 }
 
 QString Application::loadState(EditorSession& session)

@@ -26,6 +26,8 @@ public:
 private:
     int runHeadless();
     int runWindows();
+    void openSettings();
+    void playMeters();
     QString loadState(EditorSession& session);
     void applySettings();
     QString printList() const;

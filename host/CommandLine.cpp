@@ -27,14 +27,14 @@ QCommandLineOption withoutValue(const char* name)
 
 void addOptions(QCommandLineParser& parser)
 {
-    for (const char* name :
-         {"plugin", "channel", "scale", "sample-rate", "set", "state", "save-state", "screenshot"})
+    for (const char* name : {"plugin", "channel", "scale", "sample-rate", "set", "state",
+                             "save-state", "screenshot", "meters", "language"})
         parser.addOption(withValue(name));
     for (const char* name : {"mono", "list", "help"})
         parser.addOption(withoutValue(name));
 }
 
-QString wrongNumber(const char* option, const QString& text, const char* range)
+QString wrongValue(const char* option, const QString& text, const char* range)
 {
     return QStringLiteral("--%1 takes %2, not \"%3\".")
         .arg(QLatin1String(option), QLatin1String(range), text);
@@ -63,6 +63,8 @@ public:
         readInteger("sample-rate", lowestSampleRate, highestSampleRate,
                     "a sampling rate from 1000 to 768000 Hz", &m_result.editor.sampleRate);
         readScale();
+        readMeters();
+        readLanguage();
         for (const QString& text : m_parser.values(QStringLiteral("set")))
             readSetting(text);
         if (!m_parser.positionalArguments().isEmpty())
@@ -93,7 +95,7 @@ private:
         bool understood = false;
         *value = m_parser.value(name).toInt(&understood);
         if (!understood || *value < minimum || *value > maximum)
-            fail(wrongNumber(option, m_parser.value(name), range));
+            fail(wrongValue(option, m_parser.value(name), range));
     }
 
     void readScale()
@@ -104,8 +106,30 @@ private:
         bool understood = false;
         const double scale = m_parser.value(name).toDouble(&understood);
         if (!understood || !(scale >= smallestScale && scale <= largestScale))
-            fail(wrongNumber("scale", m_parser.value(name), "a factor from 0.5 to 4"));
+            fail(wrongValue("scale", m_parser.value(name), "a factor from 0.5 to 4"));
         m_result.editor.scale = scale;
+    }
+
+    void readMeters()
+    {
+        const QString name = QStringLiteral("meters");
+        if (!m_parser.isSet(name))
+            return;
+        const QString text = m_parser.value(name);
+        if (text != QLatin1String("on") && text != QLatin1String("off"))
+            fail(wrongValue("meters", text, "on or off"));
+        m_result.meters = text == QLatin1String("on");
+    }
+
+    void readLanguage()
+    {
+        const QString name = QStringLiteral("language");
+        if (!m_parser.isSet(name))
+            return;
+        const std::optional<Language> language = languageOf(m_parser.value(name));
+        if (!language)
+            fail(wrongValue("language", m_parser.value(name), "en, de or ja"));
+        m_result.language = language.value_or(Language::English);
     }
 
     void readSetting(const QString& text)
@@ -190,6 +214,10 @@ QString CommandLine::helpText()
         "  --set NAME=TEXT        set a parameter as if TEXT were typed; repeatable, after "
         "--state\n"
         "  --set NAME=@N          set a parameter to the raw integer N\n"
+        "  --language en|de|ja    English, German or Japanese (en)\n"
+        "  --meters on|off        whether a built-in signal runs through the equalizer and moves\n"
+        "                         the meters (on in windows, otherwise off; a picture then shows\n"
+        "                         them after one second)\n"
         "\n"
         "These do their work without a window and end, in this order:\n"
         "  --help                 show this\n"

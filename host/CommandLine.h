@@ -2,11 +2,13 @@
 #pragma once
 
 #include "host/EditorSession.h"
+#include "host/Language.h"
 
 #include <QString>
 #include <QStringList>
 
 #include <cstddef>
+#include <optional>
 #include <vector>
 
 /// What the program was asked to do.
@@ -24,13 +26,16 @@ struct CommandLine
     std::vector<Setting> settings;
     bool list = false;
     bool help = false;
-    QString state;      ///< file to load
-    QString saveState;  ///< file to write
-    QString screenshot; ///< file to write
-    QString fault;      ///< why the arguments make no sense, as a sentence; the rest is void then
+    Language language = Language::English;
+    std::optional<bool> meters; ///< empty: shown in windows only
+    QString state;              ///< file to load
+    QString saveState;          ///< file to write
+    QString screenshot;         ///< file to write
+    QString fault; ///< why the arguments make no sense, as a sentence; the rest is void then
 
     /// Whether the program does its work and ends, without a window.
     bool headless() const;
+    bool showsMeters() const { return meters.value_or(!headless()); }
 
     /// \a arguments begin with the program's name.
     static CommandLine parse(const QStringList& arguments);

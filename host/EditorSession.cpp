@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/EditorSession.h"
 
-#include "host/EditorLibrary.h"
-#include "host/HostMemory.h"
-#include "host/HostModel.h"
+#include "host/Mixer.h"
 #include "host/StateFile.h"
 #include "plugin/interfaces/IVaskEffectEditor2.h"
 
@@ -11,40 +9,42 @@
 
 using Steinberg::MemoryStream;
 
-std::unique_ptr<EditorSession> EditorSession::open(const EditorLibrary& library, HostModel& model,
-                                                   HostMemory& memory,
-                                                   const EditorSettings& settings, QWidget* stage)
+std::unique_ptr<EditorSession> EditorSession::open(Mixer& mixer, const EditorSettings& settings,
+                                                   QWidget* stage)
 {
     IVaskEffectEditor2* editor =
-        library.create(stage, static_cast<unsigned short>(settings.channel), &model);
+        mixer.library.create(stage, static_cast<unsigned short>(settings.channel), &mixer.model);
     if (!editor)
         return nullptr;
-    return std::unique_ptr<EditorSession>(new EditorSession(memory, settings, stage, editor));
+    return std::unique_ptr<EditorSession>(new EditorSession(mixer, settings, stage, editor));
 }
 
-EditorSession::EditorSession(HostMemory& memory, const EditorSettings& settings, QWidget* stage,
+EditorSession::EditorSession(Mixer& mixer, const EditorSettings& settings, QWidget* stage,
                              IVaskEffectEditor2* editor)
-    : m_memory(memory)
+    : m_mixer(mixer)
     , m_settings(settings)
     , m_stage(stage)
     , m_guard(editor)
     , m_editor(editor)
 {
-    m_editor->setMemAPI(&memory);
+    m_editor->setMemAPI(&mixer.memory);
     applyChannels();
     m_editor->setOn(true);
     setSampleRate(settings.sampleRate);
     setDialMode(settings.dialMode);
     setSliderMode(settings.sliderMode);
     setScale(settings.scale);
+    restoreMap();
 }
 
 EditorSession::~EditorSession()
 {
-    if (!m_guard)
-        return;
-    m_editor->setMemAPI(nullptr);
-    delete m_editor;
+    if (m_guard) {
+        m_mixer.settings.keep(m_settings.channel, m_editor->getEditorSettings());
+        m_editor->setMemAPI(nullptr);
+        delete m_editor;
+    }
+    m_mixer.meters.hide(this);
 }
 
 void EditorSession::setStereo(bool stereo)
@@ -64,6 +64,7 @@ void EditorSession::setSampleRate(int hertz)
 {
     m_settings.sampleRate = hertz;
     m_editor->setFs(hertz);
+    showMeters();
 }
 
 void EditorSession::setDialMode(int mode)
@@ -83,11 +84,11 @@ QString EditorSession::loadState(const QString& file)
     StateFile::Content content = StateFile(file, m_editor->uid()).read();
     if (!content.fault.isEmpty())
         return content.fault;
-    const HostMemory::Values before = m_memory.values(m_settings.channel);
+    const HostMemory::Values before = m_mixer.memory.values(m_settings.channel);
     MemoryStream stream(content.state.data(), content.state.size());
     if (m_editor->getVstComponent()->setState(&stream) == Steinberg::kResultOk)
         return QString();
-    m_memory.write(m_settings.channel, before);
+    m_mixer.memory.write(m_settings.channel, before);
     return QStringLiteral("The plug-in did not take the state of %1.").arg(file);
 }
 
@@ -110,9 +111,26 @@ QImage EditorSession::picture() const
     return image;
 }
 
+int EditorSession::partner() const
+{
+    return m_settings.stereo ? partnerOf(m_settings.channel) : -1;
+}
+
 void EditorSession::applyChannels()
 {
-    const int channel = m_settings.channel;
-    m_editor->setCh(channel, m_settings.stereo ? partnerOf(channel) : -1);
+    m_editor->setCh(m_settings.channel, partner());
     m_editor->setStereo(m_settings.stereo);
+    showMeters();
+}
+
+void EditorSession::showMeters()
+{
+    m_mixer.meters.show(this, {m_settings.channel, partner(), m_settings.sampleRate});
+}
+
+void EditorSession::restoreMap()
+{
+    const SettingsFile::Map map = m_mixer.settings.map(m_settings.channel);
+    if (!map.isEmpty())
+        m_editor->setEditorSettings(map);
 }

@@ -7,10 +7,8 @@
 
 #include <memory>
 
-class EditorLibrary;
-class HostMemory;
-class HostModel;
 class IVaskEffectEditor2;
+struct Mixer;
 class QWidget;
 
 /// What an editor is opened with and can be switched between.
@@ -26,14 +24,14 @@ struct EditorSettings
 
 /// One open editor on a channel: attached to the host's services, driven, detached, deleted.
 ///
-/// The editor is the only child of \a stage and decides the stage's size. Model, memory and stage
-/// must outlive the session. Faults are sentences; an empty text means success.
+/// The editor is the only child of \a stage and decides the stage's size. It begins with the
+/// settings map that the mixer keeps for its channel and leaves its own there at the end. Mixer and
+/// stage must outlive the session. Faults are sentences; an empty text means success.
 class EditorSession
 {
 public:
     /// Null if the plug-in makes no editor for the channel.
-    static std::unique_ptr<EditorSession> open(const EditorLibrary& library, HostModel& model,
-                                               HostMemory& memory, const EditorSettings& settings,
+    static std::unique_ptr<EditorSession> open(Mixer& mixer, const EditorSettings& settings,
                                                QWidget* stage);
     ~EditorSession();
     EditorSession(const EditorSession&) = delete;
@@ -55,12 +53,15 @@ public:
     QImage picture() const;
 
 private:
-    EditorSession(HostMemory& memory, const EditorSettings& settings, QWidget* stage,
+    EditorSession(Mixer& mixer, const EditorSettings& settings, QWidget* stage,
                   IVaskEffectEditor2* editor);
 
+    int partner() const;
     void applyChannels();
+    void showMeters();
+    void restoreMap();
 
-    HostMemory& m_memory;
+    Mixer& m_mixer;
     EditorSettings m_settings;
     QWidget* m_stage;
     QPointer<QWidget> m_guard; // null once somebody else has deleted the editor

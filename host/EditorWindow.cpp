@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/EditorWindow.h"
 
-#include "host/HostMemory.h"
 #include "host/HostTheme.h"
+#include "host/LanguageMenu.h"
+#include "host/Mixer.h"
 #include "host/ParameterListModel.h"
 
 #include <QApplication>
@@ -11,6 +12,7 @@
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QLabel>
+#include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QScreen>
@@ -44,9 +46,9 @@ QString stateFilter()
 
 } // namespace
 
-EditorWindow::EditorWindow(HostMemory& memory, std::unique_ptr<QWidget> stage,
+EditorWindow::EditorWindow(Mixer& mixer, std::unique_ptr<QWidget> stage,
                            std::unique_ptr<EditorSession> session)
-    : m_memory(memory)
+    : m_mixer(mixer)
     , m_session(std::move(session))
 {
     setAttribute(Qt::WA_DeleteOnClose);
@@ -54,7 +56,7 @@ EditorWindow::EditorWindow(HostMemory& memory, std::unique_ptr<QWidget> stage,
     splitter->setChildrenCollapsible(false);
     splitter->setHandleWidth(1);
     splitter->addWidget(buildEditorArea(std::move(stage)));
-    splitter->addWidget(buildTable(memory));
+    splitter->addWidget(buildTable());
     splitter->setStretchFactor(0, 1);
     splitter->setStretchFactor(1, 0);
     setCentralWidget(splitter);
@@ -62,7 +64,7 @@ EditorWindow::EditorWindow(HostMemory& memory, std::unique_ptr<QWidget> stage,
     buildMenus();
     statusBar()->setSizeGripEnabled(false);
     chooseSize();
-    showTitle();
+    m_texts.add([this] { showTitle(); });
 }
 
 EditorWindow::~EditorWindow() = default;
@@ -74,35 +76,56 @@ void EditorWindow::setStereo(bool stereo)
 
 void EditorWindow::buildMenus()
 {
-    buildFileMenu(menuBar()->addMenu(tr("&File")));
-    buildViewMenu(menuBar()->addMenu(tr("&View")));
+    buildFileMenu(m_texts.menu(menuBar(), [] { return tr("&File"); }));
+    buildViewMenu(m_texts.menu(menuBar(), [] { return tr("&View"); }));
 }
 
 void EditorWindow::buildFileMenu(QMenu* menu)
 {
-    menu->addAction(tr("&Load State..."), QKeySequence::Open, this, &EditorWindow::loadState);
-    menu->addAction(tr("&Save State..."), QKeySequence::Save, this, &EditorWindow::saveState);
+    addItem(
+        menu, [] { return tr("&Load State..."); }, QKeySequence::Open, [this] { loadState(); });
+    addItem(
+        menu, [] { return tr("&Save State..."); }, QKeySequence::Save, [this] { saveState(); });
     menu->addSeparator();
-    menu->addAction(tr("&Reset to Defaults"), this, &EditorWindow::resetToDefaults);
+    addItem(
+        menu, [] { return tr("&Reset to Defaults"); }, QKeySequence(),
+        [this] { resetToDefaults(); });
     menu->addSeparator();
-    menu->addAction(tr("&Close"), QKeySequence::Close, this, &QWidget::close);
-    menu->addAction(tr("&Quit"), QKeySequence::Quit, qApp, &QApplication::closeAllWindows);
+    addItem(
+        menu, [] { return tr("&Close"); }, QKeySequence::Close, [this] { close(); });
+    addItem(
+        menu, [] { return tr("&Quit"); }, QKeySequence::Quit, &QApplication::closeAllWindows);
 }
 
 void EditorWindow::buildViewMenu(QMenu* menu)
 {
-    menu->addAction(tr("Zoom &In"), QKeySequence::ZoomIn, this, [this] { zoomBy(zoomStep); });
-    menu->addAction(tr("Zoom &Out"), QKeySequence::ZoomOut, this, [this] { zoomBy(-zoomStep); });
-    menu->addAction(tr("&Actual Size"), QKeySequence(Qt::CTRL | Qt::Key_0), this,
-                    [this] { m_zoom->setValue(100); });
+    addItem(
+        menu, [] { return tr("Zoom &In"); }, QKeySequence::ZoomIn, [this] { zoomBy(zoomStep); });
+    addItem(
+        menu, [] { return tr("Zoom &Out"); }, QKeySequence::ZoomOut, [this] { zoomBy(-zoomStep); });
+    addItem(
+        menu, [] { return tr("&Actual Size"); }, QKeySequence(Qt::CTRL | Qt::Key_0),
+        [this] { m_zoom->setValue(100); });
     menu->addSeparator();
-    menu->addAction(tr("&Mixer"), QKeySequence(Qt::CTRL | Qt::Key_M), this,
-                    &EditorWindow::mixerWanted);
+    addLanguageMenu(menu, m_mixer.language, m_texts);
+    addItem(
+        menu, [] { return tr("&Mixer"); }, QKeySequence(Qt::CTRL | Qt::Key_M),
+        [this] { Q_EMIT mixerWanted(); });
+}
+
+template <typename Slot>
+void EditorWindow::addItem(QMenu* menu, const LiveTexts::Text& text, const QKeySequence& keys,
+                           Slot slot)
+{
+    QAction* action = m_texts.action(menu, text);
+    action->setShortcut(keys);
+    connect(action, &QAction::triggered, this, slot);
 }
 
 void EditorWindow::buildToolBar()
 {
-    auto* bar = addToolBar(tr("Editor"));
+    auto* bar = addToolBar(QString());
+    m_texts.add([bar] { bar->setWindowTitle(tr("Editor")); });
     bar->setMovable(false);
     bar->setContextMenuPolicy(Qt::PreventContextMenu);
     applyHostSheet(bar);
@@ -117,25 +140,24 @@ void EditorWindow::addZoom(QToolBar* bar)
     m_zoom = new QSpinBox(bar);
     m_zoom->setRange(smallestZoom, largestZoom);
     m_zoom->setSingleStep(zoomStep);
-    m_zoom->setSuffix(tr(" %"));
+    m_texts.add([this] { m_zoom->setSuffix(tr(" %")); });
     m_zoom->setKeyboardTracking(false);
     m_zoom->setValue(percentOf(settings().scale));
     connect(m_zoom, &QSpinBox::valueChanged, this,
             [this](int percent) { m_session->setScale(percent / 100.0); });
-    bar->addWidget(new QLabel(tr("Zoom"), bar));
+    bar->addWidget(m_texts.label(bar, [] { return tr("Zoom"); }));
     bar->addWidget(m_zoom);
 }
 
 void EditorWindow::addStereo(QToolBar* bar)
 {
-    m_stereo = new QComboBox(bar);
-    m_stereo->addItems({tr("Stereo"), tr("Mono")});
+    m_stereo = m_texts.choice(bar, [] { return QStringList{tr("Stereo"), tr("Mono")}; });
     m_stereo->setCurrentIndex(settings().stereo ? stereoIndex : monoIndex);
     connect(m_stereo, &QComboBox::currentIndexChanged, this, [this](int index) {
         m_session->setStereo(index == stereoIndex);
         showTitle();
     });
-    bar->addWidget(new QLabel(tr("Channel"), bar));
+    bar->addWidget(m_texts.label(bar, [] { return tr("Channel"); }));
     bar->addWidget(m_stereo);
 }
 
@@ -143,32 +165,34 @@ void EditorWindow::addSampleRate(QToolBar* bar)
 {
     auto* rates = new QComboBox(bar);
     for (const int rate : {44100, 48000, 88200, 96000, 176400, 192000})
-        rates->addItem(tr("%1 Hz").arg(rate), rate);
+        rates->addItem(QStringLiteral("%1 Hz").arg(rate), rate);
     const int current = settings().sampleRate;
     if (rates->findData(current) < 0)
-        rates->addItem(tr("%1 Hz").arg(current), current);
+        rates->addItem(QStringLiteral("%1 Hz").arg(current), current);
     rates->setCurrentIndex(rates->findData(current));
     connect(rates, &QComboBox::currentIndexChanged, this,
             [this, rates] { m_session->setSampleRate(rates->currentData().toInt()); });
-    bar->addWidget(new QLabel(tr("Sampling rate"), bar));
+    bar->addWidget(m_texts.label(bar, [] { return tr("Sampling rate"); }));
     bar->addWidget(rates);
 }
 
 void EditorWindow::addModes(QToolBar* bar)
 {
-    auto* dials = new QComboBox(bar);
-    dials->addItems({tr("Circular"), tr("Relative circular"), tr("Linear")});
+    auto* dials = m_texts.choice(bar, [] {
+        return QStringList{tr("Circular"), tr("Relative circular"), tr("Linear")};
+    });
     dials->setCurrentIndex(settings().dialMode);
     connect(dials, &QComboBox::currentIndexChanged, this,
             [this](int mode) { m_session->setDialMode(mode); });
-    auto* sliders = new QComboBox(bar);
-    sliders->addItems({tr("Relative"), tr("Jump"), tr("Touch"), tr("Ramp")});
+    auto* sliders = m_texts.choice(bar, [] {
+        return QStringList{tr("Relative"), tr("Jump"), tr("Touch"), tr("Ramp")};
+    });
     sliders->setCurrentIndex(settings().sliderMode);
     connect(sliders, &QComboBox::currentIndexChanged, this,
             [this](int mode) { m_session->setSliderMode(mode); });
-    bar->addWidget(new QLabel(tr("Dials"), bar));
+    bar->addWidget(m_texts.label(bar, [] { return tr("Dials"); }));
     bar->addWidget(dials);
-    bar->addWidget(new QLabel(tr("Sliders"), bar));
+    bar->addWidget(m_texts.label(bar, [] { return tr("Sliders"); }));
     bar->addWidget(sliders);
 }
 
@@ -183,9 +207,9 @@ QWidget* EditorWindow::buildEditorArea(std::unique_ptr<QWidget> stage)
     return area;
 }
 
-QWidget* EditorWindow::buildTable(HostMemory& memory)
+QWidget* EditorWindow::buildTable()
 {
-    m_parameters = new ParameterListModel(memory, settings().channel, this);
+    m_parameters = new ParameterListModel(m_mixer.memory, settings().channel, this);
     connect(m_parameters, &ParameterListModel::refused, this,
             [this](const QString& reason) { statusBar()->showMessage(reason, messageTime); });
     m_table = new QTableView(this);
@@ -206,6 +230,15 @@ QWidget* EditorWindow::buildTable(HostMemory& memory)
                                                       QHeaderView::Stretch);
     m_table->setMinimumWidth(tableWidth);
     return m_table;
+}
+
+void EditorWindow::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    m_texts.sayAgain();
+    m_parameters->sayAgain();
 }
 
 void EditorWindow::chooseSize()
@@ -251,7 +284,7 @@ void EditorWindow::saveState()
 
 void EditorWindow::resetToDefaults()
 {
-    m_memory.reset(settings().channel);
+    m_mixer.memory.reset(settings().channel);
     statusBar()->showMessage(tr("Every parameter is at its default."), messageTime);
 }
 

@@ -2,12 +2,13 @@
 #pragma once
 
 #include "host/EditorSession.h"
+#include "host/LiveTexts.h"
 
 #include <QMainWindow>
 
 #include <memory>
 
-class HostMemory;
+struct Mixer;
 class ParameterListModel;
 class QComboBox;
 class QMenu;
@@ -23,7 +24,7 @@ class EditorWindow : public QMainWindow
 
 public:
     /// Takes over the session and the stage that it plays on.
-    EditorWindow(HostMemory& memory, std::unique_ptr<QWidget> stage,
+    EditorWindow(Mixer& mixer, std::unique_ptr<QWidget> stage,
                  std::unique_ptr<EditorSession> session);
     ~EditorWindow() override;
 
@@ -35,17 +36,22 @@ Q_SIGNALS:
     /// The user wants to see the window with all channels.
     void mixerWanted();
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     void buildMenus();
     void buildFileMenu(QMenu* menu);
     void buildViewMenu(QMenu* menu);
+    template <typename Slot>
+    void addItem(QMenu* menu, const LiveTexts::Text& text, const QKeySequence& keys, Slot slot);
     void buildToolBar();
     void addZoom(QToolBar* bar);
     void addStereo(QToolBar* bar);
     void addSampleRate(QToolBar* bar);
     void addModes(QToolBar* bar);
     QWidget* buildEditorArea(std::unique_ptr<QWidget> stage);
-    QWidget* buildTable(HostMemory& memory);
+    QWidget* buildTable();
     void chooseSize();
     void showTitle();
     void zoomBy(int percent);
@@ -54,7 +60,8 @@ private:
     void resetToDefaults();
     void report(const QString& fault, const QString& success);
 
-    HostMemory& m_memory;
+    Mixer& m_mixer;
+    LiveTexts m_texts;
     std::unique_ptr<EditorSession> m_session;
     ParameterListModel* m_parameters = nullptr;
     QWidget* m_stage = nullptr;

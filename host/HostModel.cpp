@@ -16,9 +16,11 @@ struct Meter
     unsigned short base;
 };
 
-constexpr Meter meters[] = {{"meter_oxa_snd", 0}, {"meter_oxa_rtn", 2 * channelCount}};
+constexpr Meter meters[] = {{"meter_oxa_snd", HostModel::sendMeter},
+                            {"meter_oxa_rtn", HostModel::returnMeter}};
 
-static_assert(HostModel::meterWordCount == std::size(meters) * 2 * channelCount);
+static_assert(HostModel::returnMeter == HostModel::sendMeter + 2 * channelCount &&
+              HostModel::meterWordCount == HostModel::returnMeter + 2 * channelCount);
 
 } // namespace
 

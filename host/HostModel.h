@@ -12,6 +12,9 @@ class HostModel : public IModelInfo
 public:
     /// How many words an update of the meters holds.
     static constexpr unsigned int meterWordCount = 32;
+    /// Where the words of the meters before and after the equalizer begin in it.
+    static constexpr unsigned short sendMeter = 0;
+    static constexpr unsigned short returnMeter = 16;
 
     void getChannelEntry(unsigned short* attribute, unsigned short* channel,
                          unsigned int position) override;

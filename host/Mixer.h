@@ -1,14 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "host/BuiltInSignal.h"
 #include "host/EditorLibrary.h"
 #include "host/HostMemory.h"
 #include "host/HostModel.h"
+#include "host/Language.h"
+#include "host/MeterSource.h"
+#include "host/SettingsFile.h"
 
-/// What every editor of the mixer shares. Outlives all of them.
+/// What every editor of the mixer shares. Outlives all of them; needs an application object.
 struct Mixer
 {
     HostModel model;
     HostMemory memory;
     EditorLibrary library;
+    MeterSource meters{memory, std::make_unique<BuiltInSignal>()};
+    SettingsFile settings;
+    LanguageSwitch language;
 };

@@ -3,6 +3,7 @@
 
 #include "host/EditorWindow.h"
 #include "host/HostTheme.h"
+#include "host/LanguageMenu.h"
 #include "host/Mixer.h"
 
 #include <QApplication>
@@ -15,21 +16,12 @@ namespace {
 constexpr int channelRole = Qt::UserRole;
 constexpr int stereoRole = Qt::UserRole + 1;
 
-QTreeWidgetItem* newItem(const QString& text, int channel, bool stereo)
+QTreeWidgetItem* newItem(int channel, bool stereo)
 {
-    auto* item = new QTreeWidgetItem({text});
+    auto* item = new QTreeWidgetItem;
     item->setData(0, channelRole, channel);
     item->setData(0, stereoRole, stereo);
     return item;
-}
-
-QTreeWidgetItem* newPair(int first)
-{
-    const int second = partnerOf(first);
-    auto* pair = newItem(MixerWindow::tr("Channels %1 + %2").arg(first).arg(second), first, true);
-    for (const int channel : {first, second})
-        pair->addChild(newItem(MixerWindow::tr("Channel %1").arg(channel), channel, false));
-    return pair;
 }
 
 // A new window comes up in front by itself.
@@ -48,11 +40,9 @@ MixerWindow::MixerWindow(Mixer& mixer, const EditorSettings& settings)
     : m_mixer(mixer)
     , m_settings(settings)
 {
-    setWindowTitle(tr("Mixer"));
+    m_texts.add([this] { setWindowTitle(tr("Mixer")); });
     setCentralWidget(buildList());
-    QMenu* menu = menuBar()->addMenu(tr("&File"));
-    menu->addAction(tr("&Close"), QKeySequence::Close, this, &QWidget::close);
-    menu->addAction(tr("&Quit"), QKeySequence::Quit, qApp, &QApplication::closeAllWindows);
+    buildMenus();
     resize(240, 380);
 }
 
@@ -80,13 +70,19 @@ EditorWindow* MixerWindow::createEditor(int channel, bool stereo)
     settings.channel = channel;
     settings.stereo = stereo;
     auto stage = std::make_unique<QWidget>();
-    auto session =
-        EditorSession::open(m_mixer.library, m_mixer.model, m_mixer.memory, settings, stage.get());
+    auto session = EditorSession::open(m_mixer, settings, stage.get());
     if (!session)
         return nullptr;
-    auto* window = new EditorWindow(m_mixer.memory, std::move(stage), std::move(session));
+    auto* window = new EditorWindow(m_mixer, std::move(stage), std::move(session));
     connect(window, &EditorWindow::mixerWanted, this, [this] { bringToFront(this); });
     return window;
+}
+
+void MixerWindow::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        m_texts.sayAgain();
 }
 
 void MixerWindow::openItem(const QTreeWidgetItem* item)
@@ -94,6 +90,18 @@ void MixerWindow::openItem(const QTreeWidgetItem* item)
     if (!openEditor(item->data(0, channelRole).toInt(), item->data(0, stereoRole).toBool()))
         QMessageBox::warning(this, windowTitle(),
                              tr("The plug-in makes no editor for %1.").arg(item->text(0)));
+}
+
+void MixerWindow::buildMenus()
+{
+    QMenu* file = m_texts.menu(menuBar(), [] { return tr("&File"); });
+    QAction* close = m_texts.action(file, [] { return tr("&Close"); });
+    close->setShortcut(QKeySequence::Close);
+    connect(close, &QAction::triggered, this, &QWidget::close);
+    QAction* quit = m_texts.action(file, [] { return tr("&Quit"); });
+    quit->setShortcut(QKeySequence::Quit);
+    connect(quit, &QAction::triggered, qApp, &QApplication::closeAllWindows);
+    addLanguageMenu(m_texts.menu(menuBar(), [] { return tr("&View"); }), m_mixer.language, m_texts);
 }
 
 QWidget* MixerWindow::buildList()
@@ -104,13 +112,27 @@ QWidget* MixerWindow::buildList()
     list->setRootIsDecorated(false);
     list->setItemsExpandable(false);
     list->setExpandsOnDoubleClick(false);
-    list->setToolTip(tr("A double click opens the editor"));
+    m_texts.add([list] { list->setToolTip(tr("A double click opens the editor")); });
     for (int first = 0; first < channelCount; first += 2)
         list->addTopLevelItem(newPair(first));
     list->expandAll();
     connect(list, &QTreeWidget::itemActivated, this,
             [this](const QTreeWidgetItem* item) { openItem(item); });
     return list;
+}
+
+QTreeWidgetItem* MixerWindow::newPair(int first)
+{
+    const int second = partnerOf(first);
+    QTreeWidgetItem* pair = newItem(first, true);
+    m_texts.add(
+        [pair, first, second] { pair->setText(0, tr("Channels %1 + %2").arg(first).arg(second)); });
+    for (const int channel : {first, second}) {
+        QTreeWidgetItem* item = newItem(channel, false);
+        m_texts.add([item, channel] { item->setText(0, tr("Channel %1").arg(channel)); });
+        pair->addChild(item);
+    }
+    return pair;
 }
 
 #include "moc_MixerWindow.cpp"

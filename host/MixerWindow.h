@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/EditorSession.h"
+#include "host/LiveTexts.h"
 
 #include <QHash>
 #include <QMainWindow>
@@ -26,12 +27,18 @@ public:
     /// plug-in makes none.
     EditorWindow* openEditor(int channel, bool stereo);
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     EditorWindow* createEditor(int channel, bool stereo);
     void openItem(const QTreeWidgetItem* item);
+    void buildMenus();
     QWidget* buildList();
+    QTreeWidgetItem* newPair(int first);
 
     Mixer& m_mixer;
     EditorSettings m_settings;
+    LiveTexts m_texts;
     QHash<int, QPointer<EditorWindow>> m_editors;
 };

@@ -5,6 +5,7 @@
 #include "host/ParameterText.h"
 
 #include <QColor>
+#include <QCoreApplication>
 
 namespace {
 
@@ -13,9 +14,21 @@ const Parameter& parameterAt(const QModelIndex& index)
     return parameterTable[static_cast<std::size_t>(index.row())];
 }
 
-QString possibleValues(const Parameter& parameter)
+QString titleOf(const Parameter& parameter)
 {
-    return QString::fromStdString(describeValues(parameter));
+    return QCoreApplication::translate("Parameter", parameter.title);
+}
+
+QString textOf(const Parameter& parameter, int value)
+{
+    return QString::fromStdString(formatParameter(parameter, value).value_or(""));
+}
+
+// Few values that have names, rather than a range of numbers.
+bool isChoice(const Parameter& parameter)
+{
+    return parameter.kind != ParameterKind::Frequency && parameter.kind != ParameterKind::Quality &&
+           parameter.kind != ParameterKind::Decibels;
 }
 
 // The colours that the editor gives its six bands; grey for the levels and the drive.
@@ -122,7 +135,7 @@ bool ParameterListModel::setData(const QModelIndex& index, const QVariant& value
     if (m_memory.stringToValue(id, channel(), typed.toUtf8().constData(), &raw) < 0) {
         const Parameter& parameter = parameterAt(index);
         Q_EMIT refused(tr("\"%1\" is no value of %2: type %3.")
-                           .arg(typed, QLatin1String(parameter.title), possibleValues(parameter)));
+                           .arg(typed, titleOf(parameter), possibleValues(parameter)));
         return false;
     }
     return m_memory.setValue(id, channel(), raw, 0, 0, 1) >= 0;
@@ -147,13 +160,33 @@ int ParameterListModel::UpdateProperty(unsigned short, unsigned short, int, int,
     return 0;
 }
 
+void ParameterListModel::sayAgain()
+{
+    Q_EMIT headerDataChanged(Qt::Horizontal, 0, ColumnCount - 1);
+    Q_EMIT dataChanged(index(0, TitleColumn), index(rowCount() - 1, ColumnCount - 1));
+}
+
+QString ParameterListModel::possibleValues(const Parameter& parameter)
+{
+    const QString first = textOf(parameter, parameter.minimum);
+    const QString last = textOf(parameter, parameter.maximum);
+    if (!isChoice(parameter))
+        return tr("%1 to %2")
+            .arg(first,
+                 last + QLatin1String(*parameter.unit ? " " : "") + QLatin1String(parameter.unit));
+    QStringList others;
+    for (int value = parameter.minimum; value < parameter.maximum; ++value)
+        others << textOf(parameter, value);
+    return tr("%1 or %2").arg(others.join(QLatin1String(", ")), last);
+}
+
 QVariant ParameterListModel::text(const QModelIndex& index) const
 {
     const Parameter& parameter = parameterAt(index);
     const auto row = static_cast<std::size_t>(index.row());
     switch (index.column()) {
     case TitleColumn:
-        return QLatin1String(parameter.title);
+        return titleOf(parameter);
     case ValueColumn:
         return valueText(row);
     case UnitColumn:
@@ -170,7 +203,7 @@ QVariant ParameterListModel::text(const QModelIndex& index) const
 QString ParameterListModel::valueText(std::size_t parameter) const
 {
     const int value = m_memory.values(m_channel)[parameter];
-    return QString::fromStdString(formatParameter(parameterTable[parameter], value).value_or(""));
+    return textOf(parameterTable[parameter], value);
 }
 
 #include "moc_ParameterListModel.cpp"

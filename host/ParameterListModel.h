@@ -6,6 +6,7 @@
 #include <QAbstractTableModel>
 
 class HostMemory;
+struct Parameter;
 
 /// The 27 parameters of one channel as a table that follows the memory, a row each in the order of
 /// parameterTable.
@@ -33,11 +34,15 @@ public:
     int UpdateProperty(unsigned short parameter, unsigned short ch, int, int, int, bool,
                        const char* text) override;
 
+    /// Tells the views that what is translated has changed.
+    void sayAgain();
+
 Q_SIGNALS:
     /// A typed text was refused; \a reason is a sentence for the user.
     void refused(const QString& reason);
 
 private:
+    static QString possibleValues(const Parameter& parameter);
     QVariant text(const QModelIndex& index) const;
     QString valueText(std::size_t parameter) const;
     unsigned short channel() const { return static_cast<unsigned short>(m_channel); }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/ParameterTable.h"
 
+#include <QtGlobal>
+
 #include <algorithm>
 
 namespace {
@@ -40,33 +42,34 @@ constexpr Parameter onOff(const char* name, const char* title)
 // The default frequencies are the steps nearest to 80, 400, 800, 2500, 5600 and 12500 Hz, the
 // default quality the one nearest to 1.5.
 constinit const std::array<Parameter, parameterCount> parameterTable = {{
-    lowType("fx_rackfx_prm_1", "Low type"),
-    frequency("fx_rackfx_prm_2", "Low frequency", 241),
-    decibels("fx_rackfx_prm_3", "Low gain"),
-    onOff("fx_rackfx_prm_4", "Low on"),
-    quality("fx_rackfx_prm_5", "Middle 1 quality"),
-    frequency("fx_rackfx_prm_6", "Middle 1 frequency", 520),
-    decibels("fx_rackfx_prm_7", "Middle 1 gain"),
-    onOff("fx_rackfx_prm_8", "Middle 1 on"),
-    quality("fx_rackfx_prm_9", "Middle 2 quality"),
-    frequency("fx_rackfx_prm_10", "Middle 2 frequency", 641),
-    decibels("fx_rackfx_prm_11", "Middle 2 gain"),
-    onOff("fx_rackfx_prm_12", "Middle 2 on"),
-    quality("fx_rackfx_prm_13", "Middle 3 quality"),
-    frequency("fx_rackfx_prm_14", "Middle 3 frequency", 839),
-    decibels("fx_rackfx_prm_15", "Middle 3 gain"),
-    onOff("fx_rackfx_prm_16", "Middle 3 on"),
-    quality("fx_rackfx_prm_17", "Middle 4 quality"),
-    frequency("fx_rackfx_prm_18", "Middle 4 frequency", 979),
-    decibels("fx_rackfx_prm_19", "Middle 4 gain"),
-    onOff("fx_rackfx_prm_20", "Middle 4 on"),
-    highType("fx_rackfx_prm_21", "High type"),
-    frequency("fx_rackfx_prm_22", "High frequency", 1118),
-    decibels("fx_rackfx_prm_23", "High gain"),
-    onOff("fx_rackfx_prm_24", "High on"),
-    decibels("fx_rackfx_prm_25", "Input level"),
-    decibels("fx_rackfx_prm_26", "Output level"),
-    {"fx_rackfx_prm_27", "Clean/drive", ParameterKind::Drive, 0, 1, 0, ""},
+    lowType("fx_rackfx_prm_1", QT_TRANSLATE_NOOP("Parameter", "Low type")),
+    frequency("fx_rackfx_prm_2", QT_TRANSLATE_NOOP("Parameter", "Low frequency"), 241),
+    decibels("fx_rackfx_prm_3", QT_TRANSLATE_NOOP("Parameter", "Low gain")),
+    onOff("fx_rackfx_prm_4", QT_TRANSLATE_NOOP("Parameter", "Low on")),
+    quality("fx_rackfx_prm_5", QT_TRANSLATE_NOOP("Parameter", "Middle 1 quality")),
+    frequency("fx_rackfx_prm_6", QT_TRANSLATE_NOOP("Parameter", "Middle 1 frequency"), 520),
+    decibels("fx_rackfx_prm_7", QT_TRANSLATE_NOOP("Parameter", "Middle 1 gain")),
+    onOff("fx_rackfx_prm_8", QT_TRANSLATE_NOOP("Parameter", "Middle 1 on")),
+    quality("fx_rackfx_prm_9", QT_TRANSLATE_NOOP("Parameter", "Middle 2 quality")),
+    frequency("fx_rackfx_prm_10", QT_TRANSLATE_NOOP("Parameter", "Middle 2 frequency"), 641),
+    decibels("fx_rackfx_prm_11", QT_TRANSLATE_NOOP("Parameter", "Middle 2 gain")),
+    onOff("fx_rackfx_prm_12", QT_TRANSLATE_NOOP("Parameter", "Middle 2 on")),
+    quality("fx_rackfx_prm_13", QT_TRANSLATE_NOOP("Parameter", "Middle 3 quality")),
+    frequency("fx_rackfx_prm_14", QT_TRANSLATE_NOOP("Parameter", "Middle 3 frequency"), 839),
+    decibels("fx_rackfx_prm_15", QT_TRANSLATE_NOOP("Parameter", "Middle 3 gain")),
+    onOff("fx_rackfx_prm_16", QT_TRANSLATE_NOOP("Parameter", "Middle 3 on")),
+    quality("fx_rackfx_prm_17", QT_TRANSLATE_NOOP("Parameter", "Middle 4 quality")),
+    frequency("fx_rackfx_prm_18", QT_TRANSLATE_NOOP("Parameter", "Middle 4 frequency"), 979),
+    decibels("fx_rackfx_prm_19", QT_TRANSLATE_NOOP("Parameter", "Middle 4 gain")),
+    onOff("fx_rackfx_prm_20", QT_TRANSLATE_NOOP("Parameter", "Middle 4 on")),
+    highType("fx_rackfx_prm_21", QT_TRANSLATE_NOOP("Parameter", "High type")),
+    frequency("fx_rackfx_prm_22", QT_TRANSLATE_NOOP("Parameter", "High frequency"), 1118),
+    decibels("fx_rackfx_prm_23", QT_TRANSLATE_NOOP("Parameter", "High gain")),
+    onOff("fx_rackfx_prm_24", QT_TRANSLATE_NOOP("Parameter", "High on")),
+    decibels("fx_rackfx_prm_25", QT_TRANSLATE_NOOP("Parameter", "Input level")),
+    decibels("fx_rackfx_prm_26", QT_TRANSLATE_NOOP("Parameter", "Output level")),
+    {"fx_rackfx_prm_27", QT_TRANSLATE_NOOP("Parameter", "Clean/drive"), ParameterKind::Drive, 0, 1,
+     0, ""},
 }};
 
 std::size_t findParameterByName(std::string_view name)

@@ -20,7 +20,7 @@ enum class ParameterKind {
 struct Parameter
 {
     const char* name;  ///< the name that editors look it up by
-    const char* title; ///< for people
+    const char* title; ///< for people, in English; the translations' context is "Parameter"
     ParameterKind kind;
     int minimum;
     int maximum;

@@ -129,6 +129,7 @@ class Drawing:
     def svg(self):
         size = f'width="{self.width}" height="{self.height}"'
         lines = [
+            "<!-- SPDX-License-Identifier: GPL-3.0-or-later -->",
             '<svg xmlns="http://www.w3.org/2000/svg" version="1.2" baseProfile="tiny" '
             f'{size} viewBox="0 0 {self.width} {self.height}">'
         ]
@@ -149,7 +150,7 @@ def coordinates(*pairs):
 
 
 def points(*pairs):
-    return "M" + "L".join(f"{number(x)} {number(y)}" for x, y in pairs)
+    return "M" + "L".join(coordinates(pair) for pair in pairs)
 
 
 def polygon(*pairs):
@@ -357,8 +358,9 @@ def ticks(d, c, angles, inner, outer, strong=None, color=ENGRAVING, strong_color
 def knob_seat(d, c, r, cap, shadow=0.75):
     """The knob's shadow, its seat, and all of it that does not show its turning."""
     fall = r * 0.2
-    d.circle(c, c + fall, r * 1.22,
-             d.radial(c, c + fall, r * 1.22, (0.66, fade(BLACK, shadow)),
+    reach = min(r * 1.22, c - fall)
+    d.circle(c, c + fall, reach,
+             d.radial(c, c + fall, reach, (0.66, fade(BLACK, shadow)),
                       (0.84, fade(BLACK, shadow * 0.4)), (1, fade(BLACK, 0))))
     light, dark = cap.light, cap.dark
     d.circle(c, c, r + 0.9, "#060708")

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editor/base/EditModes.h"
 
+#include "controls/FaderController.h"
 #include "controls/KnobController.h"
 #include "editor/base/WidgetTree.h"
 
+using CommonController_MemAPI::FaderController;
 using CommonController_MemAPI::KnobController;
 
 namespace {
@@ -53,9 +55,9 @@ void setDialEditMode(QWidget* widget, int hostMode)
 
 void setSliderEditMode(QWidget* widget, int hostMode)
 {
-    const int type = faderEditMode(hostMode);
+    const auto type = static_cast<FaderController::OperationType>(faderEditMode(hostMode));
     forEachWidgetOfTree(widget, [type](QWidget* member) {
-        if (member->inherits("CommonController_MemAPI::FaderController"))
-            member->setProperty("operationType", type);
+        if (auto* fader = qobject_cast<FaderController*>(member))
+            fader->setOperationType(type);
     });
 }

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editor/zolta/ZoltaEditor.h"
 
+#include "editor/zolta/AccessibleNames.h"
+#include "editor/zolta/EditorTraversal.h"
+#include "editor/zolta/FocusMark.h"
 #include "editor/zolta/LedMeterSvgTable.h"
 #include "editor/zolta/ParameterMap.h"
 #include "editor/zolta/ZoltaAbout.h"
@@ -19,6 +22,7 @@
 #include <cstdlib>
 
 using CommonController_MemAPI::AbstractController;
+using CommonController_MemAPI::TextEditController;
 
 namespace {
 
@@ -70,8 +74,10 @@ ZoltaEditor::ZoltaEditor(QWidget* parent)
     m_about = new ZoltaAbout(this);
     m_about->setGeometry(rect());
     m_component = new ZoltaComponent;
+    m_traversal = std::make_unique<EditorTraversal>(*m_ui, *m_graph, *new FocusMark(this));
     connectControls();
     watchControls();
+    nameControls(*m_ui);
 }
 
 ZoltaEditor::~ZoltaEditor()
@@ -222,6 +228,23 @@ void ZoltaEditor::endFlat()
         return;
     killTimer(m_flatTimerId);
     m_flatTimerId = 0;
+}
+
+bool ZoltaEditor::focusNextPrevChild(bool next)
+{
+    return m_traversal->move(next) || EffectEditor::focusNextPrevChild(next);
+}
+
+void ZoltaEditor::keyPressEvent(QKeyEvent* event)
+{
+    auto* text = qobject_cast<TextEditController*>(focusWidget());
+    const int key = event->key();
+    if (text && (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_F2))
+        text->edit();
+    else if (m_about->isVisible() && key == Qt::Key_Escape)
+        m_about->close();
+    else
+        EffectEditor::keyPressEvent(event);
 }
 
 bool ZoltaEditor::eventFilter(QObject* watched, QEvent* event)
@@ -411,6 +434,7 @@ void ZoltaEditor::retranslate()
     const QString left = m_ui->m_pLedStereoMeterL->svg();
     const QString right = m_ui->m_pLedStereoMeterR->svg();
     m_ui->retranslateUi(this);
+    nameControls(*m_ui);
     m_ui->m_pLedMonoMeter->setSvg(left);
     m_ui->m_pLedStereoMeterL->setSvg(left);
     m_ui->m_pLedStereoMeterR->setSvg(right);

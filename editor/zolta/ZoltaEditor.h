@@ -6,8 +6,10 @@
 #include "plugin/interfaces/IMeterObserver.h"
 #include "plugin/interfaces/IPrmObserver.h"
 
+#include <memory>
 #include <optional>
 
+class EditorTraversal;
 class IMeterNotifier;
 class QWheelEvent;
 class Ui_ZoltaEditor;
@@ -110,6 +112,11 @@ private Q_SLOTS:
     void highGainTextDrag(bool drag);
 
 protected:
+    /// Tab and Shift+Tab go through the editor's controls and the curve's handles, and leave the
+    /// editor at either end.
+    bool focusNextPrevChild(bool next) override;
+    /// Return and F2 open the text field that has the focus, Escape closes the about panel.
+    void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -139,6 +146,7 @@ private:
     Ui_ZoltaEditor* m_ui;
     ZoltaEqualizerGraph* m_graph = nullptr;
     ZoltaAbout* m_about = nullptr;
+    std::unique_ptr<EditorTraversal> m_traversal;
     ZoltaComponent* m_component = nullptr;
     Steinberg::FUID m_uid;
     IMemAPI* m_memAPI = nullptr;

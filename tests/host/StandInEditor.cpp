@@ -80,6 +80,12 @@ void StandInEditor::setScale(double scale)
            static_cast<int>(designHeight * scale + 0.5));
 }
 
+void StandInEditor::setEditorSettings(const QMap<QString, QVariant>& settings)
+{
+    log(QStringLiteral("setEditorSettings"));
+    setProperty("settings", settings);
+}
+
 int StandInEditor::Update(unsigned short parameter, unsigned short ch, int value, const char* text)
 {
     log(QStringLiteral("Update %1 %2 %3 %4")
@@ -96,6 +102,15 @@ int StandInEditor::UpdateProperty(unsigned short, unsigned short, int, int, int,
     return 0;
 }
 
+void StandInEditor::notifyMeterDbUpdated(unsigned int* values, unsigned int count)
+{
+    QVariantList words;
+    for (unsigned int i = 0; i < count; ++i)
+        words << static_cast<short>(values[i]);
+    setProperty("meters", words);
+    update();
+}
+
 void StandInEditor::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
@@ -106,6 +121,11 @@ void StandInEditor::paintEvent(QPaintEvent*)
         painter.fillRect(QRectF((number - 1) * step + 1, height() - full, step - 2, full),
                          QColor(0x03, 0x94, 0xD0));
     }
+    const QVariantList meters = property("meters").toList();
+    if (!meters.isEmpty())
+        painter.fillRect(
+            QRectF(0, 0, width() * (meters[16 + 2 * m_channel].toInt() / 1270.0 + 1), 1),
+            Qt::white);
 }
 
 void StandInEditor::log(const QString& call)

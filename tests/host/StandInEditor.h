@@ -10,7 +10,9 @@
 
 /// A plain editor that stands in for the real one in the host's tests: one bar for each of the 27
 /// parameters of its channel, 400 x 240 at scale 1. It does everything that a host can ask for and
-/// nothing else. Its dynamic property "calls" is the list of what the host called, in order.
+/// nothing else. Its dynamic property "calls" is the list of what the host called, in order,
+/// "settings" its settings map and "meters" the words of the newest meter reading; a reading is
+/// drawn as a white line along the top, as long as the channel's return meter is high.
 class StandInEditor : public IVaskEffectEditor2, public IPrmObserver, public IMeterObserver
 {
     Q_OBJECT
@@ -31,14 +33,17 @@ public:
     void setDialEditMode(int mode) override;
     void setSliderEditMode(int mode) override;
     void setScale(double scale) override;
-    QMap<QString, QVariant> getEditorSettings() const override { return {}; }
-    void setEditorSettings(const QMap<QString, QVariant>&) override {}
+    QMap<QString, QVariant> getEditorSettings() const override
+    {
+        return property("settings").toMap();
+    }
+    void setEditorSettings(const QMap<QString, QVariant>& settings) override;
     double scale() const override { return m_scale; }
 
     int Update(unsigned short parameter, unsigned short ch, int value, const char* text) override;
     int UpdateProperty(unsigned short, unsigned short, int, int, int, bool, const char*) override;
     void notifyMeterLvlUpdated(unsigned int*, unsigned int) override {}
-    void notifyMeterDbUpdated(unsigned int*, unsigned int) override {}
+    void notifyMeterDbUpdated(unsigned int* values, unsigned int count) override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -15,6 +15,8 @@ private Q_SLOTS:
     void settingTextMayHoldAnEqualsSign();
     void knowsWhatIsHeadless_data();
     void knowsWhatIsHeadless();
+    void metersAreForWindows_data();
+    void metersAreForWindows();
     void acceptsTheEndsOfRanges_data();
     void acceptsTheEndsOfRanges();
     void refuses_data();
@@ -45,13 +47,16 @@ void tst_CommandLine::startsWithDefaults()
     QCOMPARE(line.editor.sampleRate, 48000);
     QVERIFY(line.settings.empty());
     QVERIFY(!line.headless());
+    QVERIFY(!line.meters);
+    QCOMPARE(line.language, Language::English);
 }
 
 void tst_CommandLine::readsEveryOption()
 {
     const CommandLine line = parse(QStringLiteral(
         "--plugin|p.so|--channel|5|--mono|--scale|1.5|--sample-rate|96000|--state|in.state|"
-        "--set|fx_rackfx_prm_3=+3 dB|--list|--save-state|out.vstpreset|--screenshot|a.png"));
+        "--set|fx_rackfx_prm_3=+3 "
+        "dB|--meters|off|--language|ja|--list|--save-state|out.vstpreset|--screenshot|a.png"));
     QCOMPARE(line.fault, QString());
     QCOMPARE(line.plugin, QStringLiteral("p.so"));
     QCOMPARE(line.editor.channel, 5);
@@ -65,6 +70,8 @@ void tst_CommandLine::readsEveryOption()
     QVERIFY(line.list);
     QCOMPARE(line.saveState, QStringLiteral("out.vstpreset"));
     QCOMPARE(line.screenshot, QStringLiteral("a.png"));
+    QCOMPARE(line.meters, std::optional(false));
+    QCOMPARE(line.language, Language::Japanese);
     QVERIFY(!line.help);
 }
 
@@ -115,6 +122,25 @@ void tst_CommandLine::knowsWhatIsHeadless()
 {
     QFETCH(const QString, words);
     QTEST(parse(words).headless(), "expected");
+}
+
+void tst_CommandLine::metersAreForWindows_data()
+{
+    QTest::addColumn<QString>("words");
+    QTest::addColumn<bool>("expected");
+    QTest::newRow("window") << "" << true;
+    QTest::newRow("window off") << "--meters|off" << false;
+    QTest::newRow("window on") << "--meters|on" << true;
+    QTest::newRow("picture") << "--screenshot|a.png" << false;
+    QTest::newRow("picture on") << "--screenshot|a.png|--meters|on" << true;
+    QTest::newRow("list off") << "--list|--meters|off" << false;
+}
+
+void tst_CommandLine::metersAreForWindows()
+{
+    QFETCH(const QString, words);
+    QCOMPARE(parse(words).fault, QString());
+    QTEST(parse(words).showsMeters(), "expected");
 }
 
 void tst_CommandLine::acceptsTheEndsOfRanges_data()
@@ -168,6 +194,10 @@ void tst_CommandLine::refuses_data()
         "--set fx_rackfx_prm_2: \"@1201\" is no raw value of Low frequency (@0 to @1200).");
     row("--set|fx_rackfx_prm_3=@x",
         "--set fx_rackfx_prm_3: \"@x\" is no raw value of Low gain (@-200 to @200).");
+    row("--language|fr", "--language takes en, de or ja, not \"fr\".");
+    row("--language|", "--language takes en, de or ja, not \"\".");
+    row("--meters|yes", "--meters takes on or off, not \"yes\".");
+    row("--meters|", "--meters takes on or off, not \"\".");
     row("--plugin|", "--plugin takes the name of a file.");
     row("--state|", "--state takes the name of a file.");
     row("--save-state|", "--save-state takes the name of a file.");
@@ -190,7 +220,7 @@ void tst_CommandLine::helpNamesEveryOption()
     for (const char* option :
          {"--plugin FILE", "--channel N", "--mono", "--scale F", "--sample-rate HZ",
           "--set NAME=TEXT", "--set NAME=@N", "--list", "--state FILE", "--save-state FILE",
-          "--screenshot FILE.png", "--help"})
+          "--screenshot FILE.png", "--help", "--meters on|off", "--language en|de|ja"})
         QVERIFY2(help.contains(QLatin1String(option)), option);
     for (const QString& line : help.split(QLatin1Char('\n')))
         QVERIFY2(line.size() <= 100, qPrintable(line));

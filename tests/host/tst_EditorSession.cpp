@@ -27,10 +27,17 @@ private Q_SLOTS:
     void badFilesChangeNothing();
     void savesTheRightBytes();
     void pictureIsTheEditor();
+    void editorFindsItsMapAgain();
+    void mapsAreTheChannels();
+    void mapIsReadAgainByTheNextRun();
+    void readsTheMetersOfItsChannels_data();
+    void readsTheMetersOfItsChannels();
+    void metersRunWhileASessionIsOpen();
 
 private:
     std::unique_ptr<EditorSession> open(const EditorSettings& settings);
     QStringList calls() const;
+    QObject* editor() const { return m_stage->children().constFirst(); }
     HostMemory::Values scatteredValues() const;
     QString path(const QString& name) const { return m_folder.filePath(name); }
 
@@ -48,16 +55,14 @@ void tst_EditorSession::initTestCase()
 std::unique_ptr<EditorSession> tst_EditorSession::open(const EditorSettings& settings)
 {
     m_stage = std::make_unique<QWidget>();
-    return EditorSession::open(m_mixer.library, m_mixer.model, m_mixer.memory, settings,
-                               m_stage.get());
+    return EditorSession::open(m_mixer, settings, m_stage.get());
 }
 
 // What the host called on the editor since the last time this was asked.
 QStringList tst_EditorSession::calls() const
 {
-    QObject* editor = m_stage->children().constFirst();
-    const QStringList calls = editor->property("calls").toStringList();
-    editor->setProperty("calls", QStringList());
+    const QStringList calls = editor()->property("calls").toStringList();
+    editor()->setProperty("calls", QStringList());
     return calls;
 }
 
@@ -266,6 +271,98 @@ void tst_EditorSession::pictureIsTheEditor()
     const double step = 800 / 27.0;
     QCOMPARE(picture.pixelColor(int(24.5 * step), 5), QColor(0x2a, 0x2e, 0x34));
     QCOMPARE(picture.pixelColor(int(25.5 * step), 5), QColor(0x03, 0x94, 0xD0));
+}
+
+void tst_EditorSession::editorFindsItsMapAgain()
+{
+    auto session = open({});
+    QVERIFY(!calls().contains(QStringLiteral("setEditorSettings")));
+    editor()->setProperty("settings", QVariantMap{{QStringLiteral("GraphZoom"), 4}});
+    session.reset();
+    session = open({});
+    QVERIFY(calls().contains(QStringLiteral("setEditorSettings")));
+    QCOMPARE(editor()->property("settings").toMap(),
+             (QVariantMap{{QStringLiteral("GraphZoom"), 4}}));
+    editor()->setProperty("settings", QVariant());
+    session.reset();
+    session = open({});
+    QVERIFY(!calls().contains(QStringLiteral("setEditorSettings")));
+}
+
+void tst_EditorSession::mapsAreTheChannels()
+{
+    EditorSettings settings;
+    for (int channel = 0; channel < channelCount; ++channel) {
+        settings.channel = channel;
+        const auto session = open(settings);
+        editor()->setProperty("settings", QVariantMap{{QStringLiteral("GraphZoom"), channel}});
+    }
+    for (int channel = 0; channel < channelCount; ++channel) {
+        settings.channel = channel;
+        const auto session = open(settings);
+        QCOMPARE(editor()->property("settings").toMap(),
+                 (QVariantMap{{QStringLiteral("GraphZoom"), channel}}));
+        editor()->setProperty("settings", QVariant());
+    }
+}
+
+void tst_EditorSession::mapIsReadAgainByTheNextRun()
+{
+    const QString file = path(QStringLiteral("editors.json"));
+    Mixer first;
+    QCOMPARE(first.library.load(QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")),
+             QString());
+    QCOMPARE(first.settings.open(file), QString());
+    m_stage = std::make_unique<QWidget>();
+    auto session = EditorSession::open(first, {}, m_stage.get());
+    editor()->setProperty("settings", QVariantMap{{QStringLiteral("GraphZoom"), 2}});
+    session.reset();
+    SettingsFile next;
+    QCOMPARE(next.open(file), QString());
+    QCOMPARE(next.map(0), (SettingsFile::Map{{QStringLiteral("GraphZoom"), 2}}));
+}
+
+void tst_EditorSession::readsTheMetersOfItsChannels_data()
+{
+    QTest::addColumn<int>("channel");
+    QTest::addColumn<bool>("stereo");
+    QTest::addColumn<QList<int>>("expected");
+    QTest::newRow("first pair") << 0 << true << QList<int>{0, 1};
+    QTest::newRow("second of a pair") << 5 << true << QList<int>{4, 5};
+    QTest::newRow("mono") << 6 << false << QList<int>{6};
+}
+
+void tst_EditorSession::readsTheMetersOfItsChannels()
+{
+    QFETCH(const int, channel);
+    QFETCH(const bool, stereo);
+    EditorSettings settings;
+    settings.channel = channel;
+    const auto session = open(settings);
+    session->setStereo(stereo);
+    m_mixer.meters.advance(0.1);
+    const QVariantList words = editor()->property("meters").toList();
+    QCOMPARE(words.size(), 32);
+    QList<int> read;
+    for (int i = 0; i < channelCount; ++i) {
+        const bool sent = words[2 * i].toInt() > -1270;
+        QCOMPARE(words[16 + 2 * i].toInt() > -1270, sent);
+        if (sent)
+            read << i;
+    }
+    QTEST(read, "expected");
+}
+
+void tst_EditorSession::metersRunWhileASessionIsOpen()
+{
+    QVERIFY(!m_mixer.meters.isRunning());
+    auto session = open({});
+    QVERIFY(m_mixer.meters.isRunning());
+    m_mixer.meters.setEnabled(false);
+    QVERIFY(!m_mixer.meters.isRunning());
+    m_mixer.meters.setEnabled(true);
+    session.reset();
+    QVERIFY(!m_mixer.meters.isRunning());
 }
 
 ZOLTA_TEST_MAIN(tst_EditorSession)

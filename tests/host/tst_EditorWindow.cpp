@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -39,6 +40,11 @@ private Q_SLOTS:
     void mixerOpensThePairInTheSameWindow();
     void closingDetaches();
     void mixerComesBack();
+    void languageIsChosenInTheMenu_data();
+    void languageIsChosenInTheMenu();
+    void windowsSpeakTheChosenLanguage();
+    void everyTextIsTranslated();
+    void switchingTheLanguageChangesNoSetting();
 
 private:
     static void expectRaise();
@@ -62,6 +68,7 @@ void tst_EditorWindow::initTestCase()
 void tst_EditorWindow::cleanup()
 {
     m_window.reset();
+    m_mixer.language.choose(Language::English);
     QCOMPARE(m_mixer.memory.observerCount(0x0103, 0), 0);
     for (int ch = 0; ch < channelCount; ++ch)
         m_mixer.memory.reset(ch);
@@ -302,6 +309,105 @@ void tst_EditorWindow::mixerComesBack()
     action(window, QStringLiteral("Mixer"))->trigger();
     QVERIFY(m_window->isVisible());
 }
+
+void tst_EditorWindow::languageIsChosenInTheMenu_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<Language>("expected");
+    QTest::newRow("German") << "Deutsch" << Language::German;
+    QTest::newRow("Japanese") << QString::fromUtf8("日本語") << Language::Japanese;
+    QTest::newRow("English") << "English" << Language::English;
+}
+
+void tst_EditorWindow::languageIsChosenInTheMenu()
+{
+    QFETCH(const QString, name);
+    QFETCH(const Language, expected);
+    EditorWindow* window = openWindow();
+    EditorWindow* other = openWindow(3);
+    m_mixer.language.choose(Language::German);
+    action(window, name)->trigger();
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(m_mixer.language.current(), expected);
+    const std::vector<QMainWindow*> windows = {window, other, m_window.get()};
+    for (const QMainWindow* shown : windows) {
+        for (const Language language : languages)
+            QCOMPARE(action(shown, nameOf(language))->isChecked(), language == expected);
+    }
+}
+
+void tst_EditorWindow::windowsSpeakTheChosenLanguage()
+{
+    EditorWindow* window = openWindow(4);
+    m_mixer.language.choose(Language::German);
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(window->windowTitle(), QStringLiteral("Kanäle 4 + 5 - Equalizer"));
+    QVERIFY(action(window, QStringLiteral("Zustand laden ...")));
+    QVERIFY(choice(window, QStringLiteral("Relativ kreisförmig")));
+    const QAbstractItemModel* table = window->findChild<QTableView*>()->model();
+    QCOMPARE(table->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Wert"));
+    QCOMPARE(table->index(2, 0).data().toString(), QStringLiteral("Tiefen: Verstärkung"));
+    QCOMPARE(table->index(2, 1).data(Qt::ToolTipRole).toString(),
+             QStringLiteral("-20.0 bis +20.0 dB"));
+    QCOMPARE(m_window->windowTitle(), QStringLiteral("Mischpult"));
+    const auto* list = m_window->findChild<QTreeWidget*>();
+    QCOMPARE(list->topLevelItem(3)->child(1)->text(0), QStringLiteral("Kanal 7"));
+    EditorWindow* opened = openWindow(1, false); // one that opens later speaks it, too
+    QCOMPARE(opened->windowTitle(), QStringLiteral("Kanal 1 - Equalizer"));
+    m_mixer.language.choose(Language::English);
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(window->windowTitle(), QStringLiteral("Channels 4 + 5 - Equalizer"));
+    QCOMPARE(table->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Value"));
+    QVERIFY(action(window, QStringLiteral("Load State...")));
+}
+
+// In Japanese no text of the windows is made of Latin letters alone.
+void tst_EditorWindow::everyTextIsTranslated()
+{
+    static const QRegularExpression japanese(
+        QStringLiteral("[\\x{3040}-\\x{30ff}\\x{4e00}-\\x{9fff}]"));
+    EditorWindow* window = openWindow();
+    m_mixer.language.choose(Language::Japanese);
+    QCoreApplication::sendPostedEvents();
+    QStringList texts{window->windowTitle(), m_window->windowTitle()};
+    const std::vector<QMainWindow*> windows = {window, m_window.get()};
+    for (const QMainWindow* shown : windows) {
+        for (const QAction* found : shown->findChildren<QAction*>()) {
+            if (!found->isCheckable() && !found->text().isEmpty())
+                texts << found->text();
+        }
+        for (const QLabel* label : shown->findChildren<QLabel*>()) {
+            if (!label->text().isEmpty())
+                texts << label->text();
+        }
+    }
+    for (const QComboBox* box : window->findChildren<QComboBox*>()) {
+        if (!box->itemText(0).endsWith(QLatin1String("Hz")))
+            texts << box->itemText(0);
+    }
+    const QAbstractItemModel* table = window->findChild<QTableView*>()->model();
+    for (int column = 0; column < table->columnCount(); ++column)
+        texts << table->headerData(column, Qt::Horizontal).toString();
+    for (int row = 0; row < table->rowCount(); ++row)
+        texts << table->index(row, 0).data().toString();
+    for (const QString& text : texts)
+        QVERIFY2(japanese.match(text).hasMatch(), qPrintable(text));
+    QVERIFY(texts.size() > 50);
+}
+
+void tst_EditorWindow::switchingTheLanguageChangesNoSetting()
+{
+    EditorWindow* window = openWindow(0, false);
+    choice(window, QStringLiteral("Linear"))->setCurrentText(QStringLiteral("Linear"));
+    editorOf(window)->setProperty("calls", QStringList());
+    m_mixer.language.choose(Language::German);
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(editorOf(window)->property("calls").toStringList(), QStringList());
+    QVERIFY(!window->settings().stereo);
+    QCOMPARE(choice(window, QStringLiteral("Geradlinig"))->currentIndex(), 2);
+}
+
+Q_DECLARE_METATYPE(Language)
 
 ZOLTA_TEST_MAIN(tst_EditorWindow)
 

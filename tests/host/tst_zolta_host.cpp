@@ -3,6 +3,7 @@
 #include "tests/host/StateBytes.h"
 #include "tests/support/TestObject.h"
 
+#include <QDir>
 #include <QImage>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -32,7 +33,10 @@ private Q_SLOTS:
     void refusesArguments();
     void saysWhatCannotBeWritten_data();
     void saysWhatCannotBeWritten();
+    void picturesShowMetersOnDemand();
+    void runsWithoutWindowsIgnoreTheEditorsSettings();
     void opensWindowsOnAPlatform();
+    void windowsSayThatSettingsAreDamaged();
 
 private:
     struct Result
@@ -45,6 +49,7 @@ private:
     QProcessEnvironment environment() const;
     Result run(const QStringList& arguments) const;
     Result runWithPlugin(const QStringList& arguments) const;
+    QProcessEnvironment offscreen() const;
     QString path(const QString& name) const { return m_folder.filePath(name); }
     QString write(const QString& name, const QByteArray& bytes) const;
     static QByteArray contentOf(const QString& file);
@@ -66,6 +71,7 @@ QProcessEnvironment tst_zolta_host::environment() const
     if (!bare.contains(QStringLiteral("HOME")))
         bare.insert(QStringLiteral("HOME"), m_folder.path());
     bare.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_folder.path());
+    bare.insert(QStringLiteral("XDG_CONFIG_HOME"), m_folder.path());
     return bare;
 }
 
@@ -390,12 +396,78 @@ void tst_zolta_host::saysWhatCannotBeWritten()
     QCOMPARE(result.errors, QStringLiteral("zolta-host: %1\n").arg(expected));
 }
 
+// The stand-in draws its return meter as a white line along the top.
+void tst_zolta_host::picturesShowMetersOnDemand()
+{
+    const auto lineOf = [this](const QString& name, const QStringList& arguments) {
+        const Result result =
+            runWithPlugin(arguments + QStringList{QStringLiteral("--screenshot"), path(name)});
+        const QImage picture(path(name));
+        int length = 0;
+        while (result.code == 0 && length < picture.width() &&
+               picture.pixelColor(length, 0) == QColor(Qt::white))
+            ++length;
+        return length;
+    };
+    const QString option = QStringLiteral("--meters");
+    const QString on = QStringLiteral("on");
+    QCOMPARE(lineOf(QStringLiteral("plain.png"), {}), 0);
+    QCOMPARE(lineOf(QStringLiteral("off.png"), {option, QStringLiteral("off")}), 0);
+    const int length = lineOf(QStringLiteral("on.png"), {option, on});
+    QVERIFY2(length > 200 && length < 400, qPrintable(QString::number(length)));
+    QCOMPARE(lineOf(QStringLiteral("again.png"), {option, on}), length);
+    QCOMPARE(contentOf(path(QStringLiteral("again.png"))),
+             contentOf(path(QStringLiteral("on.png"))));
+    const int quiet =
+        lineOf(QStringLiteral("quiet.png"),
+               {option, on, QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_26=-12.7 dB")});
+    QVERIFY2(std::abs(length - quiet - 40) <= 1, qPrintable(QString::number(quiet)));
+}
+
+void tst_zolta_host::runsWithoutWindowsIgnoreTheEditorsSettings()
+{
+    QVERIFY(QDir(m_folder.path()).mkpath(QStringLiteral("zolta")));
+    const QString file = write(QStringLiteral("zolta/editors.json"), "damaged");
+    const Result result = runWithPlugin({QStringLiteral("--list")});
+    QCOMPARE(result.code, 0);
+    QCOMPARE(result.errors, QString());
+    QCOMPARE(contentOf(file), QByteArray("damaged"));
+    QVERIFY(QFile::remove(file));
+    QCOMPARE(runWithPlugin({QStringLiteral("--list")}).code, 0);
+    QVERIFY(!QFile::exists(file));
+}
+
+QProcessEnvironment tst_zolta_host::offscreen() const
+{
+    QProcessEnvironment offscreen = environment();
+    offscreen.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    return offscreen;
+}
+
+void tst_zolta_host::windowsSayThatSettingsAreDamaged()
+{
+    QVERIFY(QDir(m_folder.path()).mkpath(QStringLiteral("zolta")));
+    const QString file = write(QStringLiteral("zolta/editors.json"), "damaged");
+    QProcess process;
+    process.setProcessEnvironment(offscreen());
+    process.start(QStringLiteral(HOST_PROGRAM),
+                  {QStringLiteral("--plugin"),
+                   QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so"),
+                   QStringLiteral("--state"), path(QStringLiteral("missing.state"))});
+    QVERIFY(process.waitForFinished(120000));
+    const QString errors = QString::fromUtf8(process.readAllStandardError());
+    QVERIFY2(errors.startsWith(
+                 QStringLiteral("zolta-host: The editors' settings in %1 are damaged and ignored: ")
+                     .arg(file)),
+             qPrintable(errors));
+    QVERIFY(!QFile::exists(file));
+    QCOMPARE(contentOf(file + QStringLiteral(".damaged")), QByteArray("damaged"));
+}
+
 void tst_zolta_host::opensWindowsOnAPlatform()
 {
     QProcess process;
-    QProcessEnvironment offscreen = environment();
-    offscreen.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-    process.setProcessEnvironment(offscreen);
+    process.setProcessEnvironment(offscreen());
     process.start(QStringLiteral(HOST_PROGRAM),
                   {QStringLiteral("--plugin"),
                    QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so"),

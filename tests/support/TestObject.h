@@ -10,7 +10,7 @@ class TestObject : public QObject
 {
     Q_OBJECT
 
-private Q_SLOTS:
+protected Q_SLOTS:
     void init();
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editor/base/EditModes.h"
 
+#include "controls/FaderController.h"
 #include "controls/KnobController.h"
 #include "tests/editor/base/PlainEditor.h"
 #include "tests/support/TestObject.h"
@@ -9,6 +10,7 @@
 
 #include <limits>
 
+using CommonController_MemAPI::FaderController;
 using CommonController_MemAPI::KnobController;
 
 class tst_EditModes : public TestObject
@@ -20,6 +22,8 @@ private Q_SLOTS:
     void translatesHostModes();
     void dialModeReachesEveryKnob_data();
     void dialModeReachesEveryKnob();
+    void sliderModeReachesEveryFader_data();
+    void sliderModeReachesEveryFader();
     void modesGoThroughTheEditor();
 };
 
@@ -75,14 +79,46 @@ void tst_EditModes::dialModeReachesEveryKnob()
     QCOMPARE(outer.operationType(), type);
 }
 
+void tst_EditModes::sliderModeReachesEveryFader_data()
+{
+    QTest::addColumn<int>("hostMode");
+    QTest::addColumn<FaderController::OperationType>("type");
+    QTest::newRow("0") << 0 << FaderController::Relative;
+    QTest::newRow("1") << 1 << FaderController::Jump;
+    QTest::newRow("2") << 2 << FaderController::Touch;
+    QTest::newRow("3") << 3 << FaderController::Ramp;
+    QTest::newRow("4") << 4 << FaderController::Touch;
+    QTest::newRow("negative") << -1 << FaderController::Touch;
+}
+
+void tst_EditModes::sliderModeReachesEveryFader()
+{
+    QFETCH(int, hostMode);
+    QFETCH(FaderController::OperationType, type);
+    const auto other =
+        type == FaderController::Touch ? FaderController::Ramp : FaderController::Touch;
+    FaderController outer;
+    FaderController inner(new QWidget(&outer));
+    FaderController beside;
+    for (FaderController* fader : {&outer, &inner, &beside})
+        fader->setOperationType(other);
+    setSliderEditMode(&outer, hostMode);
+    QCOMPARE(outer.operationType(), type);
+    QCOMPARE(inner.operationType(), type);
+    QCOMPARE(beside.operationType(), other);
+    setDialEditMode(&outer, 1);
+    QCOMPARE(outer.operationType(), type);
+}
+
 void tst_EditModes::modesGoThroughTheEditor()
 {
     PlainEditor editor;
     KnobController knob(new QWidget(&editor));
+    FaderController fader(new QWidget(&editor));
     editor.setDialEditMode(2);
+    editor.setSliderEditMode(1);
     QCOMPARE(knob.operationType(), KnobController::Linear);
-    editor.setSliderEditMode(0);
-    QCOMPARE(knob.operationType(), KnobController::Linear);
+    QCOMPARE(fader.operationType(), FaderController::Jump);
 }
 
 ZOLTA_TEST_MAIN(tst_EditModes)

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Loads the plug-in into a process that has not seen it, opens one editor at the scale given, and
+// prints how many nanoseconds three steps took: loading the library, making the editor and
+// attaching it to the host, and showing it until its first picture is painted.
+//
+// The clock starts in a host as it is when a user asks for an editor: a window with text is up.
+#include "host/EditorLibrary.h"
+#include "host/EditorSession.h"
+#include "host/HostMemory.h"
+#include "host/HostModel.h"
+#include "host/HostTheme.h"
+#include "host/StartUp.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QLabel>
+
+#include <cstdio>
+#include <cstdlib>
+
+int main(int argc, char* argv[])
+{
+    QApplication application(argc, argv);
+    applyHostTheme();
+    QLabel window(QStringLiteral("Mixer"));
+    window.show();
+    QApplication::processEvents();
+    EditorSettings settings;
+    settings.scale = argc > 1 ? std::atof(argv[1]) : 1.0;
+    HostModel model;
+    HostMemory memory;
+
+    QElapsedTimer timer;
+    timer.start();
+    EditorLibrary library;
+    const QString fault = library.load(EditorLibrary::fileBeside(programFolder()));
+    const qint64 loaded = timer.nsecsElapsed();
+    QWidget stage;
+    const auto session = EditorSession::open(library, model, memory, settings, &stage);
+    if (!fault.isEmpty() || !session)
+        return EXIT_FAILURE;
+    const qint64 made = timer.nsecsElapsed();
+    stage.show();
+    QApplication::processEvents();
+    const qint64 painted = timer.nsecsElapsed();
+    std::printf("%lld %lld %lld\n", loaded, made - loaded, painted - made);
+    return EXIT_SUCCESS;
+}

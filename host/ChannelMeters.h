@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <span>
+
+/// What the meters of one channel show, in tenths of a dB; 0 is full scale.
+struct MeterLevels
+{
+    static constexpr int lowest = -1270;
+    static constexpr int highest = 1270;
+
+    int send = lowest;     ///< into the equalizer, after the input level
+    int returned = lowest; ///< out of it, after the output level
+
+    bool operator==(const MeterLevels&) const = default;
+};
+
+/// A level that follows the peaks of a signal: up at once, down by 20 dB a second.
+class PeakLevel
+{
+public:
+    static constexpr double releasePerSecond = 20.0; // dB
+
+    /// Takes in a block that stands for \a seconds and whose samples reach \a peak (0 and above; 1
+    /// is full scale). A peak that is no number counts as the highest level.
+    void update(double peak, double seconds);
+
+    /// In tenths of a dB, MeterLevels::lowest to MeterLevels::highest.
+    int tenths() const;
+
+private:
+    double m_level = MeterLevels::lowest / 10.0; // dB
+};
+
+/// The two meters of one channel.
+class ChannelMeters
+{
+public:
+    /// Each takes the samples at its point of the channel.
+    void takeSend(std::span<const double> block, double seconds);
+    void takeReturn(std::span<const double> block, double seconds);
+
+    MeterLevels levels() const { return {m_send.tenths(), m_return.tenths()}; }
+
+private:
+    PeakLevel m_send;
+    PeakLevel m_return;
+};
+
+/// The largest magnitude in \a block; not a number if any sample is none.
+double peakOf(std::span<const double> block);

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <QTranslator>
+
+#include <array>
+#include <optional>
+
+/// What the program and its editors can speak. The texts are written in English; the others come
+/// from translations/.
+enum class Language { English, German, Japanese };
+
+inline constexpr std::array languages = {Language::English, Language::German, Language::Japanese};
+
+/// "en", "de", "ja".
+QString codeOf(Language language);
+/// The language of a code; empty for any other text.
+std::optional<Language> languageOf(const QString& code);
+/// What the language calls itself.
+QString nameOf(Language language);
+
+/// Switches the whole program to a language. Every window, and so every editor, is sent a
+/// QEvent::LanguageChange and says its texts anew. Needs an application object; English at first.
+class LanguageSwitch
+{
+public:
+    Language current() const { return m_current; }
+    void choose(Language language);
+
+private:
+    Language m_current = Language::English;
+    QTranslator m_translator;
+};

@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "graph/HandleText.h"
+#include "graph/filters/EqualizerBands.h"
+#include "tests/support/TestObject.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+#include <QTranslator>
+
+namespace {
+
+/// Answers every text of one context with the text in brackets.
+class Brackets : public QTranslator
+{
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char* context, const char* text, const char*, int) const override
+    {
+        if (QLatin1String(context) != QLatin1String("ZoltaEqualizerGraph"))
+            return {};
+        return QStringLiteral("[%1]").arg(QLatin1String(text));
+    }
+};
+
+} // namespace
+
+class tst_HandleText : public TestObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void frequency_data();
+    void frequency();
+    void gain_data();
+    void gain();
+    void value_data();
+    void value();
+    void names();
+    void namesAreTranslated();
+    void numbersAreTheSameInEveryLocale();
+};
+
+void tst_HandleText::frequency_data()
+{
+    QTest::addColumn<double>("hz");
+    QTest::addColumn<QString>("text");
+    const auto row = [](double hz, const char* text) {
+        QTest::addRow("%.4f", hz) << hz << QString::fromLatin1(text);
+    };
+    row(20.0, "20.0 Hz");
+    row(20.04, "20.0 Hz");
+    row(20.06, "20.1 Hz");
+    row(80.0, "80.0 Hz");
+    row(99.94, "99.9 Hz");
+    row(99.96, "100 Hz");
+    row(100.4, "100 Hz");
+    row(440.0, "440 Hz");
+    row(999.4, "999 Hz");
+    row(999.6, "1.00 kHz");
+    row(1000.0, "1.00 kHz");
+    row(1250.0, "1.25 kHz");
+    row(9994.0, "9.99 kHz");
+    row(9996.0, "10.0 kHz");
+    row(12500.0, "12.5 kHz");
+    row(20000.0, "20.0 kHz");
+}
+
+void tst_HandleText::frequency()
+{
+    QFETCH(double, hz);
+    QFETCH(QString, text);
+    QCOMPARE(HandleText::frequency(hz), text);
+}
+
+void tst_HandleText::gain_data()
+{
+    QTest::addColumn<double>("db");
+    QTest::addColumn<QString>("text");
+    const auto row = [](double db, const char* text) {
+        QTest::addRow("%.4f", db) << db << QString::fromLatin1(text);
+    };
+    row(3.0, "+3.0 dB");
+    row(-3.0, "-3.0 dB");
+    row(20.0, "+20.0 dB");
+    row(-20.0, "-20.0 dB");
+    row(0.0, "+0.0 dB");
+    row(-0.0, "+0.0 dB");
+    row(-0.04, "+0.0 dB");
+    row(-0.06, "-0.1 dB");
+    row(9.96, "+10.0 dB");
+}
+
+void tst_HandleText::gain()
+{
+    QFETCH(double, db);
+    QFETCH(QString, text);
+    QCOMPARE(HandleText::gain(db), text);
+}
+
+void tst_HandleText::value_data()
+{
+    QTest::addColumn<int>("band");
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QString>("text");
+    const QString withGain = QStringLiteral("1.25 kHz, +3.0 dB");
+    const QString withoutGain = QStringLiteral("1.25 kHz");
+    for (const int band : {0, 5}) {
+        for (const int type : {0, 1, 4, -1})
+            QTest::addRow("band %d type %d", band, type) << band << type << withoutGain;
+        for (const int type : {2, 3})
+            QTest::addRow("band %d type %d", band, type) << band << type << withGain;
+    }
+    for (int band = 1; band < 5; ++band)
+        QTest::addRow("band %d", band) << band << 0 << QStringLiteral("1.25 kHz, +3.0 dB, Q 1.4");
+}
+
+void tst_HandleText::value()
+{
+    QFETCH(int, band);
+    QFETCH(int, type);
+    QFETCH(QString, text);
+    EqualizerBands bands;
+    bands[band] = {true, type, 1.4, 1250.0, 3.0};
+    QCOMPARE(HandleText::value(bands, band), text);
+}
+
+void tst_HandleText::names()
+{
+    const QStringList expected = {QStringLiteral("Low band"),      QStringLiteral("Middle 1 band"),
+                                  QStringLiteral("Middle 2 band"), QStringLiteral("Middle 3 band"),
+                                  QStringLiteral("Middle 4 band"), QStringLiteral("High band")};
+    for (int band = 0; band < 6; ++band)
+        QCOMPARE(HandleText::name(band), expected[band]);
+    QVERIFY(HandleText::name(-1).isEmpty());
+    QVERIFY(HandleText::name(6).isEmpty());
+}
+
+void tst_HandleText::namesAreTranslated()
+{
+    Brackets translator;
+    QCoreApplication::installTranslator(&translator);
+    QCOMPARE(HandleText::name(2), QStringLiteral("[Middle 2 band]"));
+    QCoreApplication::removeTranslator(&translator);
+    QCOMPARE(HandleText::name(2), QStringLiteral("Middle 2 band"));
+}
+
+void tst_HandleText::numbersAreTheSameInEveryLocale()
+{
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::German));
+    EqualizerBands bands;
+    bands[1] = {true, 3, 12.34, 12500.0, -7.5};
+    const QString text = HandleText::value(bands, 1);
+    QLocale::setDefault(before);
+    QCOMPARE(text, QStringLiteral("12.5 kHz, -7.5 dB, Q 12.3"));
+}
+
+QTEST_GUILESS_MAIN(tst_HandleText)
+
+#include "tst_HandleText.moc"

@@ -1,0 +1,654 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/support/TestObject.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QPainter>
+#include <QRegularExpression>
+#include <QSet>
+#include <QSvgRenderer>
+#include <QXmlStreamReader>
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+int qInitResources_Zolta();
+int qCleanupResources_Zolta();
+
+namespace {
+
+struct Picture
+{
+    const char* name;
+    int width;
+    int height;
+};
+
+/// Every picture with the size of the widget that shows it.
+constexpr Picture Pictures[] = {
+    {"back_zolta", 977, 559},
+    {"back_meter", 20, 326},
+    {"back_meter_mono", 12, 326},
+    {"btn_plus_up", 26, 26},
+    {"btn_plus_dw", 26, 26},
+    {"btn_minus_up", 26, 26},
+    {"btn_minus_dw", 26, 26},
+    {"btn_spectrum_off_up", 26, 26},
+    {"btn_spectrum_off_dw", 26, 26},
+    {"btn_spectrum_on_up", 26, 26},
+    {"btn_spectrum_on_dw", 26, 26},
+    {"btn_flat_up", 26, 26},
+    {"btn_flat_dw", 26, 26},
+    {"btn_off_up", 28, 28},
+    {"btn_red_up", 28, 28},
+    {"btn_red_dw", 28, 28},
+    {"btn_orange_up", 28, 28},
+    {"btn_orange_dw", 28, 28},
+    {"btn_yellow_up", 28, 28},
+    {"btn_yellow_dw", 28, 28},
+    {"btn_green_up", 28, 28},
+    {"btn_green_dw", 28, 28},
+    {"btn_blue_up", 28, 28},
+    {"btn_blue_dw", 28, 28},
+    {"btn_purple_up", 28, 28},
+    {"btn_purple_dw", 28, 28},
+    {"knob_level", 76, 76},
+    {"knob_level_back", 76, 76},
+    {"knob_QLH", 60, 60},
+    {"knob_QLH_back", 60, 60},
+    {"knob_Q", 60, 60},
+    {"knob_Q_back", 60, 60},
+    {"knob_F", 60, 60},
+    {"knob_F_back", 60, 60},
+    {"knob_G", 60, 60},
+    {"knob_G_back", 60, 60},
+    {"knob_G_dis", 60, 60},
+    {"icon_Q_Low", 66, 18},
+    {"icon_Q_Mid", 70, 10},
+    {"icon_Q_High", 66, 18},
+    {"sw_crean", 37, 48},
+    {"sw_drive", 37, 48},
+    {"led_drive_on", 20, 20},
+    {"led_drive_off", 20, 20},
+    {"led_clean_on", 20, 20},
+    {"led_clean_off", 20, 20},
+    {"meter_0", 10, 94},
+    {"meter_1", 10, 94},
+    {"meter_2", 10, 94},
+    {"meter_3", 10, 94},
+    {"meter_4", 10, 94},
+    {"meter_5", 10, 94},
+    {"meter_6", 10, 94},
+    {"meter_7", 10, 94},
+    {"meter_8", 10, 94},
+    {"meter_9", 10, 94},
+    {"meter_10", 10, 94},
+    {"meter_11", 10, 94},
+    {"about_zolta_logo", 691, 88},
+    {"about_quenta_logo", 135, 29},
+};
+
+/// The bands in the order of their columns: the button's picture, the colour that the graph uses,
+/// and the centre of the column.
+struct Band
+{
+    const char* button;
+    QRgb color;
+    int centre;
+};
+constexpr Band Bands[] = {{"red", 0xFFED1C24, 307},    {"orange", 0xFFED6B1C, 398},
+                          {"yellow", 0xFFFEBA24, 489}, {"green", 0xFF11B519, 580},
+                          {"blue", 0xFF14A8AD, 671},   {"purple", 0xFF9519D0, 762}};
+
+constexpr int Scale = 4;
+constexpr QRgb Panel = 0xFF1A1D21;
+
+QString pathOf(const QString& name) { return QStringLiteral(":/image/zolta/%1.svg").arg(name); }
+
+/// A picture at four times its size, over the given colour.
+QImage render(const QString& name, QColor under = Qt::transparent)
+{
+    QSvgRenderer renderer(pathOf(name));
+    QImage image(renderer.defaultSize() * Scale, QImage::Format_ARGB32_Premultiplied);
+    image.fill(under);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    renderer.render(&painter, QRectF(image.rect()));
+    return image;
+}
+
+QImage renderOnPanel(const QString& name) { return render(name, QColor::fromRgb(Panel)); }
+
+/// The pixel in which a point of the picture, in its own units, lies.
+QColor at(const QImage& image, double x, double y)
+{
+    return image.pixelColor(static_cast<int>(x * Scale), static_cast<int>(y * Scale));
+}
+
+double brightness(const QColor& color)
+{
+    return 0.299 * color.red() + 0.587 * color.green() + 0.114 * color.blue();
+}
+
+double meanBrightness(const QImage& image)
+{
+    double sum = 0.0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            sum += brightness(image.pixelColor(x, y));
+    return sum / (image.width() * image.height());
+}
+
+int largestDifference(const QImage& a, const QImage& b)
+{
+    int largest = 0;
+    for (int y = 0; y < a.height(); ++y)
+        for (int x = 0; x < a.width(); ++x)
+            largest = std::max(largest, std::abs(qAlpha(a.pixel(x, y)) - qAlpha(b.pixel(x, y))));
+    return largest;
+}
+
+/// The height, in units of the picture, at which its brightest row lies.
+double brightestRow(const QImage& image)
+{
+    double brightest = -1.0;
+    int row = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        const double value = meanBrightness(image.copy(0, y, image.width(), 1));
+        if (value > brightest) {
+            brightest = value;
+            row = y;
+        }
+    }
+    return (row + 0.5) / Scale;
+}
+
+void addPictures()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QSize>("size");
+    for (const Picture& picture : Pictures)
+        QTest::newRow(picture.name)
+            << QString::fromLatin1(picture.name) << QSize(picture.width, picture.height);
+}
+
+void addBands()
+{
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<QColor>("color");
+    QTest::addColumn<int>("centre");
+    for (const Band& band : Bands)
+        QTest::newRow(band.button)
+            << QString::fromLatin1(band.button) << QColor::fromRgb(band.color) << band.centre;
+}
+
+int hueDistance(const QColor& a, const QColor& b)
+{
+    const int distance = std::abs(a.hsvHue() - b.hsvHue());
+    return std::min(distance, 360 - distance);
+}
+
+} // namespace
+
+class tst_Pictures : public TestObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theCollectionHoldsTheTablesNames();
+    void theCollectionComesAndGoes();
+
+    void sizeIsTheWidgets_data() { addPictures(); }
+    void sizeIsTheWidgets();
+    void pictureShowsSomething_data() { addPictures(); }
+    void pictureShowsSomething();
+    void elementsAreWhatTheRendererDraws_data() { addPictures(); }
+    void elementsAreWhatTheRendererDraws();
+    void gradientsAreComplete_data() { addPictures(); }
+    void gradientsAreComplete();
+    void fileIsSmall_data() { addPictures(); }
+    void fileIsSmall();
+
+    void backgroundIsOpaque();
+    void glassUnderTheGraphIsBlack();
+    void columnCarriesItsBandsColor_data() { addBands(); }
+    void columnCarriesItsBandsColor();
+    void nothingIsEngravedUnderALabel_data();
+    void nothingIsEngravedUnderALabel();
+
+    void pointerStandsAtTwelve_data();
+    void pointerStandsAtTwelve();
+    void ringHasItsTicks_data();
+    void ringHasItsTicks();
+    void knobStaysWithinItsPicture_data();
+    void knobStaysWithinItsPicture();
+    void disabledGainKnobIsDark();
+    void capsDiffer();
+
+    void pressedButtonIsDarker_data();
+    void pressedButtonIsDarker();
+    void lampOfABandGlows_data() { addBands(); }
+    void lampOfABandGlows();
+    void lampOfABandStandsUnderItsKnobs_data() { addBands(); }
+    void lampOfABandStandsUnderItsKnobs();
+    void spectrumButtonShowsItsState();
+    void leverShowsItsPosition();
+    void lampShowsItsState_data();
+    void lampShowsItsState();
+
+    void meterLightsItsCount_data();
+    void meterLightsItsCount();
+    void highIconMirrorsTheLowOne();
+    void logosAreWhite_data();
+    void logosAreWhite();
+};
+
+void tst_Pictures::theCollectionHoldsTheTablesNames()
+{
+    QStringList expected;
+    for (const Picture& picture : Pictures)
+        expected += QString::fromLatin1(picture.name) + QLatin1String(".svg");
+    QStringList found = QDir(QStringLiteral(":/image/zolta")).entryList();
+    expected.sort();
+    found.sort();
+    QCOMPARE(found, expected);
+    QCOMPARE(found.size(), 60);
+}
+
+void tst_Pictures::theCollectionComesAndGoes()
+{
+    QVERIFY(QFile::exists(pathOf(QStringLiteral("knob_G"))));
+    QCOMPARE(qCleanupResources_Zolta(), 1);
+    QVERIFY(!QFile::exists(pathOf(QStringLiteral("knob_G"))));
+    QCOMPARE(qInitResources_Zolta(), 1);
+    QVERIFY(QFile::exists(pathOf(QStringLiteral("knob_G"))));
+}
+
+void tst_Pictures::sizeIsTheWidgets()
+{
+    QFETCH(QString, name);
+    QFETCH(QSize, size);
+    QSvgRenderer renderer(pathOf(name));
+    QVERIFY(renderer.isValid());
+    QCOMPARE(renderer.defaultSize(), size);
+    QCOMPARE(renderer.viewBoxF(), QRectF(QPointF(), QSizeF(size)));
+}
+
+void tst_Pictures::pictureShowsSomething()
+{
+    QFETCH(QString, name);
+    const QImage image = render(name);
+    QSet<QRgb> visible;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (qAlpha(image.pixel(x, y)) > 128)
+                visible.insert(image.pixel(x, y));
+    QVERIFY(!visible.isEmpty());
+    if (!name.contains(QLatin1String("logo")) && !name.startsWith(QLatin1String("icon")) &&
+        !name.startsWith(QLatin1String("back_meter")))
+        QVERIFY2(visible.size() > 8, "one flat shape");
+}
+
+void tst_Pictures::elementsAreWhatTheRendererDraws()
+{
+    QFETCH(QString, name);
+    const QSet<QString> elements = {
+        QStringLiteral("svg"),  QStringLiteral("defs"),  QStringLiteral("linearGradient"),
+        QStringLiteral("stop"), QStringLiteral("rect"),  QStringLiteral("radialGradient"),
+        QStringLiteral("path"), QStringLiteral("circle")};
+    const QSet<QString> refused = {QStringLiteral("class"),  QStringLiteral("style"),
+                                   QStringLiteral("filter"), QStringLiteral("clip-path"),
+                                   QStringLiteral("mask"),   QStringLiteral("href")};
+    QFile file(pathOf(name));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QXmlStreamReader xml(&file);
+    while (!xml.atEnd()) {
+        if (xml.readNext() != QXmlStreamReader::StartElement)
+            continue;
+        QVERIFY2(elements.contains(xml.name().toString()), qPrintable(xml.name().toString()));
+        for (const QXmlStreamAttribute& attribute : xml.attributes())
+            QVERIFY2(!refused.contains(attribute.name().toString()),
+                     qPrintable(attribute.name().toString()));
+    }
+    QVERIFY2(!xml.hasError(), qPrintable(xml.errorString()));
+}
+
+void tst_Pictures::gradientsAreComplete()
+{
+    QFETCH(QString, name);
+    QFile file(pathOf(name));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(file.readAll());
+    static const QRegularExpression use(QStringLiteral("url\\(#(\\w+)\\)"));
+    for (auto i = use.globalMatch(text); i.hasNext();) {
+        const QString id = QStringLiteral(" id=\"%1\"").arg(i.next().captured(1));
+        QCOMPARE(text.count(id), 1);
+    }
+    static const QRegularExpression radial(QStringLiteral("<radialGradient[^>]*>"));
+    for (auto i = radial.globalMatch(text); i.hasNext();) {
+        const QString tag = i.next().captured();
+        for (const QLatin1String attribute :
+             {QLatin1String(" cx="), QLatin1String(" cy="), QLatin1String(" r=")})
+            QVERIFY2(tag.contains(attribute), qPrintable(tag));
+    }
+}
+
+void tst_Pictures::fileIsSmall()
+{
+    QFETCH(QString, name);
+    const qint64 limit = name == QLatin1String("back_zolta") ? 60 * 1024 : 6 * 1024;
+    QFile file(pathOf(name));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY2(file.size() <= limit, qPrintable(QString::number(file.size())));
+}
+
+void tst_Pictures::backgroundIsOpaque()
+{
+    const QImage image = render(QStringLiteral("back_zolta"));
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            QCOMPARE(qAlpha(image.pixel(x, y)), 255);
+}
+
+void tst_Pictures::glassUnderTheGraphIsBlack()
+{
+    const QImage image = render(QStringLiteral("back_zolta"));
+    const QImage graph = image.copy(94 * Scale, 22 * Scale, 679 * Scale, 192 * Scale);
+    for (int y = 0; y < graph.height(); ++y)
+        for (int x = 0; x < graph.width(); ++x)
+            QVERIFY(brightness(graph.pixelColor(x, y)) < 20.0);
+}
+
+void tst_Pictures::columnCarriesItsBandsColor()
+{
+    QFETCH(QColor, color);
+    QFETCH(int, centre);
+    const QImage image = render(QStringLiteral("back_zolta"));
+    const QImage strip = image.copy((centre - 20) * Scale, 238 * Scale, 40 * Scale, 14 * Scale);
+    int rows = 0;
+    for (int y = 0; y < strip.height(); ++y) {
+        int same = 0;
+        for (int x = 0; x < strip.width(); ++x)
+            same += strip.pixelColor(x, y) == color ? 1 : 0;
+        rows += same == strip.width() ? 1 : 0;
+    }
+    QCOMPARE(rows, 2 * Scale);
+}
+
+void tst_Pictures::nothingIsEngravedUnderALabel_data()
+{
+    QTest::addColumn<QRect>("label");
+    QTest::newRow("ZOOM") << QRect(813, 63, 40, 16);
+    QTest::newRow("DRIVE") << QRect(119, 315, 40, 16);
+    QTest::newRow("CLEAN") << QRect(119, 338, 40, 16);
+    QTest::newRow("INPUT") << QRect(51, 388, 76, 16);
+    QTest::newRow("OUTPUT") << QRect(186, 388, 76, 16);
+    QTest::newRow("PEAK") << QRect(147, 388, 34, 14);
+    QTest::newRow("LED scale") << QRect(132, 420, 14, 79);
+    QTest::newRow("FLAT") << QRect(196, 519, 32, 16);
+    QTest::newRow("Q") << QRect(799, 284, 17, 20);
+    QTest::newRow("F") << QRect(799, 360, 17, 20);
+    QTest::newRow("G") << QRect(799, 444, 17, 20);
+    QTest::newRow("IN") << QRect(877, 111, 40, 14);
+    QTest::newRow("OUT") << QRect(922, 111, 40, 14);
+    QTest::newRow("meter scale") << QRect(907, 145, 24, 308);
+    for (const Band& band : Bands) {
+        const QByteArray name(band.button);
+        QTest::newRow(name + " frequency") << QRect(band.centre - 28, 399, 56, 14);
+        QTest::newRow(name + " gain") << QRect(band.centre - 28, 484, 56, 14);
+    }
+}
+
+void tst_Pictures::nothingIsEngravedUnderALabel()
+{
+    QFETCH(QRect, label);
+    const QImage image = render(QStringLiteral("back_zolta"))
+                             .copy(QRect(label.topLeft() * Scale, label.size() * Scale));
+    double darkest = 255.0;
+    double lightest = 0.0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x) {
+            const double value = brightness(image.pixelColor(x, y));
+            darkest = std::min(darkest, value);
+            lightest = std::max(lightest, value);
+        }
+    QVERIFY2(lightest - darkest < 16.0, qPrintable(QString::number(lightest - darkest)));
+}
+
+void tst_Pictures::pointerStandsAtTwelve_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char* name : {"knob_level", "knob_QLH", "knob_Q", "knob_F", "knob_G"})
+        QTest::newRow(name) << QString::fromLatin1(name);
+}
+
+void tst_Pictures::pointerStandsAtTwelve()
+{
+    QFETCH(QString, name);
+    const QImage image = renderOnPanel(name);
+    const double centre = image.width() / 2.0 / Scale;
+    const double radius = centre * 0.45;
+    const double top = brightness(at(image, centre, centre - radius));
+    for (int degrees = 30; degrees < 360; degrees += 30) {
+        const double angle = degrees * M_PI / 180.0;
+        const QColor there =
+            at(image, centre + radius * std::sin(angle), centre - radius * std::cos(angle));
+        QVERIFY2(brightness(there) < top - 60.0, qPrintable(QString::number(degrees)));
+    }
+}
+
+void tst_Pictures::ringHasItsTicks_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<double>("radius");
+    QTest::addColumn<QList<int>>("angles");
+    const QList<int> full = {210, 240, 270, 300, 330, 0, 30, 60, 90, 120, 150};
+    QTest::newRow("level") << QStringLiteral("knob_level_back") << 35.5 << full;
+    QTest::newRow("Q") << QStringLiteral("knob_Q_back") << 28.0 << full;
+    QTest::newRow("F") << QStringLiteral("knob_F_back") << 28.0 << full;
+    QTest::newRow("G") << QStringLiteral("knob_G_back") << 28.0 << full;
+    QTest::newRow("type") << QStringLiteral("knob_QLH_back") << 25.0
+                          << QList<int>{300, 340, 20, 60};
+}
+
+void tst_Pictures::ringHasItsTicks()
+{
+    QFETCH(QString, name);
+    QFETCH(double, radius);
+    QFETCH(QList<int>, angles);
+    const QImage image = renderOnPanel(name);
+    const double centre = image.width() / 2.0 / Scale;
+    for (int degrees = 0; degrees < 360; degrees += 10) {
+        const double angle = degrees * M_PI / 180.0;
+        const QColor there =
+            at(image, centre + radius * std::sin(angle), centre - radius * std::cos(angle));
+        QCOMPARE(brightness(there) > 60.0, angles.contains(degrees));
+    }
+}
+
+void tst_Pictures::knobStaysWithinItsPicture_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const Picture& picture : Pictures) {
+        const QString name = QString::fromLatin1(picture.name);
+        if (name.startsWith(QLatin1String("knob")) || name.startsWith(QLatin1String("led")) ||
+            name.startsWith(QLatin1String("btn")))
+            QTest::newRow(picture.name) << name;
+    }
+}
+
+void tst_Pictures::knobStaysWithinItsPicture()
+{
+    QFETCH(QString, name);
+    const QImage image = render(name);
+    const int last = image.width() - 1;
+    for (int i = 0; i <= last; ++i)
+        for (const QPoint edge : {QPoint(i, 0), QPoint(i, last), QPoint(0, i), QPoint(last, i)})
+            QVERIFY2(qAlpha(image.pixel(edge)) < 8, qPrintable(QString::number(i)));
+}
+
+void tst_Pictures::disabledGainKnobIsDark()
+{
+    const QImage disabled = renderOnPanel(QStringLiteral("knob_G_dis"));
+    const QImage cap = renderOnPanel(QStringLiteral("knob_G"));
+    const QImage ring = renderOnPanel(QStringLiteral("knob_G_back"));
+    QVERIFY(brightness(at(disabled, 30, 17)) < 0.4 * brightness(at(cap, 30, 17)));
+    const double panel = brightness(QColor::fromRgb(Panel));
+    for (const QPoint tick : {QPoint(30, 2), QPoint(2, 30), QPoint(58, 30)}) {
+        const double contrast = brightness(at(ring, tick.x(), tick.y())) - panel;
+        const double dimmed = brightness(at(disabled, tick.x(), tick.y())) - panel;
+        QVERIFY(dimmed > 0.3 * contrast);
+        QVERIFY(dimmed < 0.7 * contrast);
+    }
+}
+
+void tst_Pictures::capsDiffer()
+{
+    const QColor quality = at(renderOnPanel(QStringLiteral("knob_Q")), 30, 17);
+    const QColor frequency = at(renderOnPanel(QStringLiteral("knob_F_back")), 30, 30);
+    const QColor gain = at(renderOnPanel(QStringLiteral("knob_G_back")), 30, 30);
+    QVERIFY(quality.hsvSaturation() > 100);
+    QVERIFY(at(renderOnPanel(QStringLiteral("knob_G")), 30, 17).hsvSaturation() < 30);
+    QVERIFY(brightness(frequency) > brightness(gain) + 60.0);
+}
+
+void tst_Pictures::pressedButtonIsDarker_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char* name : {"plus", "minus", "flat", "spectrum_off", "spectrum_on", "red",
+                             "orange", "yellow", "green", "blue", "purple"})
+        QTest::newRow(name) << QString::fromLatin1(name);
+}
+
+void tst_Pictures::pressedButtonIsDarker()
+{
+    QFETCH(QString, name);
+    const QImage up = renderOnPanel(QStringLiteral("btn_%1_up").arg(name));
+    const QImage down = renderOnPanel(QStringLiteral("btn_%1_dw").arg(name));
+    QVERIFY(meanBrightness(down) < 0.85 * meanBrightness(up));
+}
+
+void tst_Pictures::lampOfABandGlows()
+{
+    QFETCH(QString, button);
+    QFETCH(QColor, color);
+    const QImage on = render(QStringLiteral("btn_%1_up").arg(button));
+    const QImage off = render(QStringLiteral("btn_off_up"));
+    for (const QPointF halo : {QPointF(13, 3.5), QPointF(2.5, 14), QPointF(23.5, 14)}) {
+        QVERIFY(at(on, halo.x(), halo.y()).alpha() > 40);
+        QVERIFY(hueDistance(at(on, halo.x(), halo.y()), color) < 12);
+        QCOMPARE(at(off, halo.x(), halo.y()).alpha(), 0);
+    }
+    QVERIFY(hueDistance(at(on, 13, 17), color) < 12);
+    QVERIFY(at(off, 13, 17).hsvSaturation() < 60);
+}
+
+void tst_Pictures::lampOfABandStandsUnderItsKnobs()
+{
+    QFETCH(QString, button);
+    QFETCH(int, centre);
+    const QImage image = render(QStringLiteral("btn_%1_up").arg(button));
+    double sum = 0.0;
+    double moment = 0.0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x) {
+            sum += qAlpha(image.pixel(x, y));
+            moment += qAlpha(image.pixel(x, y)) * (x + 0.5) / Scale;
+        }
+    const int buttonLeft = centre - 13;
+    QVERIFY(std::abs(buttonLeft + moment / sum - centre) < 0.05);
+}
+
+void tst_Pictures::spectrumButtonShowsItsState()
+{
+    QVERIFY(at(render(QStringLiteral("btn_spectrum_on_up")), 11, 14).hsvSaturation() > 120);
+    QVERIFY(at(render(QStringLiteral("btn_spectrum_off_up")), 11, 14).hsvSaturation() < 30);
+}
+
+void tst_Pictures::leverShowsItsPosition()
+{
+    const double driveLabel = 323.0 - 310.0;
+    const double cleanLabel = 346.0 - 310.0;
+    const double up = brightestRow(renderOnPanel(QStringLiteral("sw_drive")));
+    const double down = brightestRow(renderOnPanel(QStringLiteral("sw_crean")));
+    QVERIFY(std::abs(up - driveLabel) < 2.0);
+    QVERIFY(std::abs(down - cleanLabel) < 2.0);
+}
+
+void tst_Pictures::lampShowsItsState_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("hue");
+    QTest::newRow("drive is amber") << QStringLiteral("drive") << 35;
+    QTest::newRow("clean is green") << QStringLiteral("clean") << 138;
+}
+
+void tst_Pictures::lampShowsItsState()
+{
+    QFETCH(QString, name);
+    QFETCH(int, hue);
+    const QImage on = render(QStringLiteral("led_%1_on").arg(name));
+    const QImage off = render(QStringLiteral("led_%1_off").arg(name));
+    QVERIFY(std::abs(at(on, 10, 12).hsvHue() - hue) < 15);
+    QVERIFY(brightness(at(on, 10, 10)) > 150.0);
+    QVERIFY(brightness(at(off, 10, 10)) < 60.0);
+    QVERIFY(at(on, 10, 2.5).alpha() > 30);
+    QCOMPARE(at(off, 10, 2.5).alpha(), 0);
+}
+
+void tst_Pictures::meterLightsItsCount_data()
+{
+    QTest::addColumn<int>("lit");
+    for (int lit = 0; lit <= 11; ++lit)
+        QTest::addRow("%d", lit) << lit;
+}
+
+void tst_Pictures::meterLightsItsCount()
+{
+    QFETCH(int, lit);
+    const QImage image = render(QStringLiteral("meter_%1").arg(lit), Qt::black);
+    for (int k = 1; k <= 11; ++k) {
+        const QColor lamp = at(image, 5.0, 89.0 - 8.125 * (k - 1));
+        const int hue = at(image, 1.5, 89.0 - 8.125 * (k - 1)).hsvHue();
+        QCOMPARE(lamp.value() > 200, k <= lit);
+        QVERIFY(lamp.value() > 20);
+        if (k == 11)
+            QVERIFY(hue < 20 || hue > 340);
+        else if (k >= 9)
+            QVERIFY(hue > 40 && hue < 65);
+        else
+            QVERIFY(hue > 110 && hue < 160);
+        if (k > 1)
+            QVERIFY(at(image, 5.0, 89.0 - 8.125 * (k - 1.5)).value() < 120);
+    }
+}
+
+void tst_Pictures::highIconMirrorsTheLowOne()
+{
+    const QImage low = render(QStringLiteral("icon_Q_Low"));
+    const QImage high = render(QStringLiteral("icon_Q_High"));
+    QVERIFY(largestDifference(low.mirrored(true, false), high) <= 16);
+    QVERIFY(largestDifference(low, high) > 128);
+}
+
+void tst_Pictures::logosAreWhite_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("product") << QStringLiteral("about_zolta_logo");
+    QTest::newRow("maker") << QStringLiteral("about_quenta_logo");
+}
+
+void tst_Pictures::logosAreWhite()
+{
+    QFETCH(QString, name);
+    const QImage image = render(name);
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (qAlpha(image.pixel(x, y)) == 255)
+                QCOMPARE(image.pixelColor(x, y), QColor(Qt::white));
+}
+
+QTEST_APPLESS_MAIN(tst_Pictures)
+#include "tst_Pictures.moc"
