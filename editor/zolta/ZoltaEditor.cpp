@@ -251,6 +251,7 @@ bool ZoltaEditor::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Wheel && watched == m_ui->m_pDriveCleanSwitch) {
         switchByWheel(*static_cast<QWheelEvent*>(event));
+        event->accept();
         return true;
     }
     if (event->type() == QEvent::MouseButtonDblClick) {
