@@ -697,7 +697,7 @@ void tst_EqualizerGraphKeys::markOnlyWithTheKeyboardFocus()
     f.graph->setFocus();
     QCOMPARE(f.picture(), off);
 
-    // A window in the background shows no mark.
+    // A window in the background shows no mark, not even that of a handle focused there.
     f.set(onName(2), 1);
     f.focus(2);
     QWidget window;
@@ -705,6 +705,11 @@ void tst_EqualizerGraphKeys::markOnlyWithTheKeyboardFocus()
     window.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&window));
     QCOMPARE(f.picture(), before);
+    QVERIFY(f.focus(2));
+    QVERIFY(!f.graph->hasFocus());
+    QCOMPARE(f.picture(), before);
+    f.activate();
+    QVERIFY(f.picture() != before);
 }
 
 void tst_EqualizerGraphKeys::markIsClipped()
