@@ -28,6 +28,7 @@
 #include "host/HostModel.h"
 #include "host/HostTheme.h"
 #include "widgets/SvgDocument.h"
+#include "widgets/SvgLabel.h"
 
 #include <QApplication>
 #include <QDir>
@@ -305,9 +306,11 @@ void editorRepaint(benchmark::State& state)
     Host host;
     OpenEditor editor(host, scaleOf(state));
     editor.show();
-    countPaints(state, [&](int) { editor.widget().repaint(); });
+    // It covers all of the editor and lies below all other widgets.
+    auto* ground = editor.find<SvgLabel>("m_pBackground");
+    countPaints(state, [&](int) { ground->repaint(); });
     for (auto _ : state)
-        editor.widget().repaint();
+        ground->repaint();
 }
 
 class Picture : public QWidget
