@@ -25,8 +25,9 @@ FLOORS = {
 # Beside the house. Nothing in it includes from these; what each may include of the house:
 BESIDE = {
     "host": {"plugin/interfaces", "graph/filters", "controls", "widgets", "host"},
+    "gallery": set(FLOORS) | {"host", "gallery"},
     "designer": set(FLOORS) | {"designer"},
-    "tests": set(FLOORS) | {"host", "tests"},
+    "tests": set(FLOORS) | {"host", "gallery", "tests"},
     "benchmarks": set(FLOORS) | {"host", "benchmarks"},
     "fuzz": set(FLOORS) | {"host", "fuzz"},
 }
