@@ -4,8 +4,9 @@
 Usage: tabulate.py FOLDER [option of Google Benchmark ...]
 
 Every program runs its benchmarks five times in random order, so that a machine whose speed drifts
-treats all alike; the tables show medians. The last column compares "chartRepaint/2", say, with
-"graphRepaint/2": what the equalizer graph needs for the same at the same scale.
+treats all alike; the tables show medians. "Against ours" compares "chartRepaint/2", say, with
+"graphRepaint/2": what the equalizer graph needs for the same at the same scale; and "directKnobMove/2"
+with "cachedKnobMove/2". The last column holds what else a benchmark counted.
 """
 
 import json
@@ -18,7 +19,12 @@ import sys
 from collections import defaultdict
 from pathlib import Path
 
-REFERENCE = "graph"
+# What a benchmark's name begins with, and what that of its twin of ours does.
+TWINS = {"chart": "graph", "customPlot": "graph", "direct": "cached"}
+COUNTER = "counter "
+# The fields of a result that are no counters.
+FIELDS = {"family_index", "per_family_instance_index", "repetitions", "repetition_index", "threads",
+          "iterations", "real_time", "cpu_time", "items_per_second"}
 
 
 def processor():
@@ -51,6 +57,9 @@ def medians(results):
         values["time"].append(result["real_time"] * to_ns[result["time_unit"]])
         if "items_per_second" in result:
             values["items"].append(result["items_per_second"])
+        for field in result.keys() - FIELDS:
+            if isinstance(result[field], (int, float)):
+                values[COUNTER + field].append(result[field])
     return {key[2]: {kind: statistics.median(v) for kind, v in samples[key].items()}
             for key in sorted(samples)}
 
@@ -62,13 +71,24 @@ def duration(ns):
     return f"{ns:.3g} ns"
 
 
+def against_twin(row, rows):
+    twin = re.sub(f"^({'|'.join(TWINS)})(?=[A-Z])", lambda match: TWINS[match[0]], row)
+    return f"× {rows[row]['time'] / rows[twin]['time']:.2f}" if twin != row and twin in rows else ""
+
+
+def counted(values):
+    counters = {name.removeprefix(COUNTER).replace("_", " "): value
+                for name, value in sorted(values.items()) if name.startswith(COUNTER)}
+    return ", ".join(f"{name}: {value:.4g}" for name, value in counters.items())
+
+
 def print_table(name, rows):
-    print(f"\n### {name}\n\n| benchmark | time | a second | against the graph |\n|---|---|---|---|")
+    print(f"\n### {name}\n\n| benchmark | time | a second | against ours | counted |")
+    print("|---|---|---|---|---|")
     for row, values in rows.items():
         rate = f"{values['items'] / 1e6:.3g} M" if "items" in values else ""
-        twin = re.sub("^(chart|customPlot)(?=[A-Z])", REFERENCE, row)
-        ratio = f"× {values['time'] / rows[twin]['time']:.2f}" if twin != row else ""
-        print(f"| `{row}` | {duration(values['time'])} | {rate} | {ratio} |")
+        print(f"| `{row}` | {duration(values['time'])} | {rate} | {against_twin(row, rows)} "
+              f"| {counted(values)} |")
 
 
 def main(folder, options):
