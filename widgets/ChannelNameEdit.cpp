@@ -128,6 +128,7 @@ void ChannelNameEdit::showElided(qint64 width)
 {
     const auto pixels = static_cast<int>(std::clamp<qint64>(width, 0, QWIDGETSIZE_MAX));
     setText(fontMetrics().elidedText(m_channelName, Qt::ElideRight, pixels));
+    setCursorPosition(0);
 }
 
 #include "moc_ChannelNameEdit.cpp"

@@ -65,6 +65,7 @@ private Q_SLOTS:
     void metaObject();
     void isIdleAtFirst();
     void showsANameElided();
+    void showsTheBeginningOfAName();
     void anEmptyNameTakesTheDefault();
     void anEmptyNameWithoutDefaultKeepsTheName();
     void elidesByTheMarginWhenResized();
@@ -132,6 +133,20 @@ void tst_ChannelNameEdit::showsANameElided()
     strip.edit->setChannelName(QStringLiteral("Voice"));
     QCOMPARE(strip.edit->text(), QStringLiteral("Voice"));
     QCOMPARE(changes.count(), 0);
+}
+
+// The field is narrower inside than the text may be wide; what is cut off is the ellipsis.
+void tst_ChannelNameEdit::showsTheBeginningOfAName()
+{
+    const Strip strip;
+    const QString name = QStringLiteral("H with a name that is far too long for the field");
+    strip.edit->setChannelName(QStringLiteral("H"));
+    const auto leftEdge = [&strip] {
+        return strip.edit->grab(QRect(0, 0, 8, strip.edit->height())).toImage();
+    };
+    const QImage expected = leftEdge();
+    strip.edit->setChannelName(name);
+    QCOMPARE(leftEdge(), expected);
 }
 
 void tst_ChannelNameEdit::anEmptyNameTakesTheDefault()
