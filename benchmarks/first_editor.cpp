@@ -4,11 +4,9 @@
 // attaching it to the host, and showing it until its first picture is painted.
 //
 // The clock starts in a host as it is when a user asks for an editor: a window with text is up.
-#include "host/EditorLibrary.h"
 #include "host/EditorSession.h"
-#include "host/HostMemory.h"
-#include "host/HostModel.h"
 #include "host/HostTheme.h"
+#include "host/Mixer.h"
 #include "host/StartUp.h"
 
 #include <QApplication>
@@ -27,16 +25,14 @@ int main(int argc, char* argv[])
     QApplication::processEvents();
     EditorSettings settings;
     settings.scale = argc > 1 ? std::atof(argv[1]) : 1.0;
-    HostModel model;
-    HostMemory memory;
+    Mixer mixer;
 
     QElapsedTimer timer;
     timer.start();
-    EditorLibrary library;
-    const QString fault = library.load(EditorLibrary::fileBeside(programFolder()));
+    const QString fault = mixer.library.load(EditorLibrary::fileBeside(programFolder()));
     const qint64 loaded = timer.nsecsElapsed();
     QWidget stage;
-    const auto session = EditorSession::open(library, model, memory, settings, &stage);
+    const auto session = EditorSession::open(mixer, settings, &stage);
     if (!fault.isEmpty() || !session)
         return EXIT_FAILURE;
     const qint64 made = timer.nsecsElapsed();
