@@ -2,10 +2,10 @@
 #include "controls/RotatedSvg.h"
 
 #include "widgets/SvgImage.h"
+#include "widgets/SvgRasters.h"
 
 #include <QCache>
 #include <QHashFunctions>
-#include <QImage>
 #include <QPainter>
 
 #include <cmath>
@@ -39,9 +39,9 @@ size_t qHash(const Key& key, size_t seed = 0)
                       key.width, key.height, key.degrees, key.pixels.width(), key.pixels.height());
 }
 
-QCache<Key, QImage>& rasters()
+QCache<Key, SvgRaster>& rasters()
 {
-    static QCache<Key, QImage> cache(MaximumBytes);
+    static QCache<Key, SvgRaster> cache(MaximumBytes);
     return cache;
 }
 
@@ -80,7 +80,7 @@ Key keyOf(const SvgImage& image, const Sheet& sheet, const QRectF& rect, double 
             .pixels = sheet.pixels.size()};
 }
 
-QImage rendered(SvgImage& image, const Sheet& sheet, const QRectF& rect, double degrees)
+SvgRaster rendered(SvgImage& image, const Sheet& sheet, const QRectF& rect, double degrees)
 {
     QImage raster(sheet.pixels.size(), QImage::Format_ARGB32_Premultiplied);
     raster.fill(Qt::transparent);
@@ -90,18 +90,18 @@ QImage rendered(SvgImage& image, const Sheet& sheet, const QRectF& rect, double 
     painter.translate(rect.center());
     painter.rotate(degrees);
     image.draw(painter, rect.translated(-rect.center()));
-    return raster;
+    return trimmed({raster, QPoint()});
 }
 
-QImage raster(SvgImage& image, const Sheet& sheet, const QRectF& rect, double degrees)
+SvgRaster raster(SvgImage& image, const Sheet& sheet, const QRectF& rect, double degrees)
 {
     if (image.isAnimated())
         return rendered(image, sheet, rect, degrees);
     const Key key = keyOf(image, sheet, rect, degrees);
-    if (const QImage* known = rasters().object(key))
+    if (const SvgRaster* known = rasters().object(key))
         return *known;
-    const QImage made = rendered(image, sheet, rect, degrees);
-    rasters().insert(key, new QImage(made), made.sizeInBytes());
+    const SvgRaster made = rendered(image, sheet, rect, degrees);
+    rasters().insert(key, new SvgRaster(made), made.image.sizeInBytes());
     return made;
 }
 
@@ -113,11 +113,11 @@ void draw(QPainter& painter, SvgImage& image, const QRectF& rect, double degrees
     const Sheet sheet(painter, canvas);
     if (!image.isValid() || rect.isEmpty() || sheet.pixels.isEmpty())
         return;
-    const QImage picture = raster(image, sheet, rect, degrees);
+    const SvgRaster picture = raster(image, sheet, rect, degrees);
     painter.save();
     painter.setWorldTransform(sheet.toDevice.inverted() * painter.worldTransform());
     painter.setOpacity(painter.opacity() * opacity);
-    painter.drawImage(sheet.pixels.topLeft(), picture);
+    painter.drawImage(sheet.pixels.topLeft() + picture.offset, picture.image);
     painter.restore();
 }
 

@@ -15,7 +15,7 @@ namespace CommonController_MemAPI {
 namespace RotatedSvg {
 
 /// All rasters together never take more bytes than this.
-constexpr qsizetype MaximumBytes = 32 * 1024 * 1024;
+constexpr qsizetype MaximumBytes = 64 * 1024 * 1024;
 
 /// Draws \a image over \a rect, turned clockwise around the middle of \a rect by \a degrees, with
 /// \a opacity (0 to 1) as one sheet. \a canvas is all that can be seen, in the painter's units as

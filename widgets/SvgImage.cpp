@@ -184,8 +184,8 @@ const SvgRaster* plainRaster(SvgDocument& document, const Placement& placement, 
     const QRect pixels = placement.inkPixels(document.extent());
     if (!fits(pixels.size()))
         return nullptr;
-    return SvgRasters::insert(
-        key, {rendered(document.renderer(), placement, pixels, opacity), pixels.topLeft()});
+    const QImage image = rendered(document.renderer(), placement, pixels, opacity);
+    return SvgRasters::insert(key, trimmed({image, pixels.topLeft()}));
 }
 
 SvgRaster blurredRaster(SvgDocument& document, const Placement& placement, const QRect& part,

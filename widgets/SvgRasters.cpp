@@ -3,6 +3,55 @@
 
 #include <QCache>
 
+#include <algorithm>
+
+namespace {
+
+const QRgb* rowOf(const QImage& image, int y)
+{
+    return reinterpret_cast<const QRgb*>(image.constScanLine(y));
+}
+
+/// The rectangle around the pixels that show something.
+QRect inkOf(const QImage& image)
+{
+    const int width = image.width();
+    const auto shows = [](QRgb pixel) { return pixel != 0; };
+    QRect ink;
+    for (int y = 0; y < image.height(); ++y) {
+        const QRgb* row = rowOf(image, y);
+        const auto left = static_cast<int>(std::find_if(row, row + width, shows) - row);
+        if (left == width)
+            continue;
+        int right = width - 1;
+        while (!shows(row[right]))
+            --right;
+        ink |= QRect(QPoint(left, y), QPoint(right, y));
+    }
+    return ink.isEmpty() ? QRect(0, 0, 1, 1) : ink;
+}
+
+bool isOpaque(const QImage& image)
+{
+    for (int y = 0; y < image.height(); ++y) {
+        const QRgb* row = rowOf(image, y);
+        if (!std::all_of(row, row + image.width(), [](QRgb pixel) { return qAlpha(pixel) == 255; }))
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
+SvgRaster trimmed(const SvgRaster& raster)
+{
+    const QRect ink = inkOf(raster.image);
+    SvgRaster result{raster.image.copy(ink), raster.offset + ink.topLeft()};
+    if (isOpaque(result.image))
+        result.image.reinterpretAsFormat(QImage::Format_RGB32);
+    return result;
+}
+
 namespace SvgRasters {
 
 namespace {

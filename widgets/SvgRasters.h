@@ -37,6 +37,10 @@ struct SvgRaster
     QPoint offset;
 };
 
+/// A raster of the same look without its empty margins; a raster that shows nothing keeps one pixel.
+/// One that shines through nowhere is opaque in its format, too, and so is copied, not blended.
+SvgRaster trimmed(const SvgRaster& raster);
+
 /// The process's rasters of SVG pictures, one for each way in which one is drawn, whoever draws it.
 /// The least recently used ones give way when all together exceed the bound. GUI thread only.
 namespace SvgRasters {
