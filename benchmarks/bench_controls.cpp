@@ -35,8 +35,8 @@ constexpr QSize lampSize(28, 28);
 constexpr QSize faderSize(44, 160);
 constexpr QSize editorSize(977, 559);
 constexpr QRect fieldRect(5, 450, 56, 14);
-constexpr QSize meterGroundSize(20, 326);
-constexpr QRect meterRect(0, 4, 12, 318);
+constexpr QRect meterGroundRect(813, 20, 20, 326);
+constexpr QRect meterRect(4, 4, 12, 318);
 /// The values that a control passes through; every move is a step of some of them.
 constexpr int highestValue = 1200;
 constexpr int valueStep = 7;
@@ -352,38 +352,71 @@ protected:
 /// Levels as music gives them, in tenths of a dB: up at once, then falling.
 int levelAt(int tick) { return -60 - 15 * (tick % 24); }
 
-/// A tick of a meter: a new level, and the event loop paints what has changed.
-void tickMeter(benchmark::State& state, QWidget& ground)
+/// A meter as an editor has it: on its own background, which lies on the editor's.
+struct PlacedMeter
 {
-    const auto scale = static_cast<double>(state.range(0));
-    RoundMeterController meter(&ground);
-    meter.setScale(scale);
-    meter.setGeometry(zoomed(meterRect, scale));
-    show(ground);
+    PlacedMeter(QWidget& window, QWidget& ground, double scale)
+        : meter(&ground)
+    {
+        ground.setParent(&window);
+        ground.setGeometry(zoomed(meterGroundRect, scale));
+        meter.setScale(scale);
+        meter.setGeometry(zoomed(meterRect, scale));
+        ground.show();
+        show(window);
+    }
+
+    RoundMeterController meter;
+};
+
+/// A new level, and the whole meter.
+void moveMeter(benchmark::State& state, QWidget& window, QWidget& ground)
+{
+    PlacedMeter placed(window, ground, static_cast<double>(state.range(0)));
+    moveAndPaint(state, placed.meter,
+                 [&placed](int value) { placed.meter.setValue(levelAt(value)); });
+}
+
+/// A new level, and what of the window that changes.
+void tickMeter(benchmark::State& state, QWidget& window, QWidget& ground)
+{
+    PlacedMeter placed(window, ground, static_cast<double>(state.range(0)));
+    RoundMeterController& meter = placed.meter;
     PaintedPixels painted;
     meter.installEventFilter(&painted);
     int tick = 0;
     for (auto _ : state) {
         meter.setValue(levelAt(++tick));
-        QApplication::processEvents();
+        QCoreApplication::sendPostedEvents(&window, QEvent::UpdateRequest);
     }
     state.counters["painted_pixels"] =
         benchmark::Counter(painted.count, benchmark::Counter::kAvgIterations);
     state.counters["all_pixels"] = static_cast<double>(meter.width()) * meter.height();
 }
 
-void cachedMeterTick(benchmark::State& state)
+using OnMeter = void (*)(benchmark::State& state, QWidget& window, QWidget& ground);
+
+void onCachedGrounds(benchmark::State& state, OnMeter run)
 {
-    const auto ground =
-        cachedGround(meterBackFile, meterGroundSize, static_cast<double>(state.range(0)));
-    tickMeter(state, *ground);
+    const auto scale = static_cast<double>(state.range(0));
+    const auto window = cachedGround(editorBackFile, editorSize, scale);
+    SvgLabel ground(nullptr);
+    ground.setSvg(meterBackFile);
+    run(state, *window, ground);
 }
 
-void directMeterTick(benchmark::State& state)
+void onDirectGrounds(benchmark::State& state, OnMeter run)
 {
-    DirectGround ground(meterBackFile, meterGroundSize, static_cast<double>(state.range(0)));
-    tickMeter(state, ground);
+    const auto scale = static_cast<double>(state.range(0));
+    DirectGround window(editorBackFile, editorSize, scale);
+    DirectGround ground(meterBackFile, meterGroundRect.size(), scale);
+    run(state, window, ground);
 }
+
+void cachedMeterMove(benchmark::State& state) { onCachedGrounds(state, moveMeter); }
+void directMeterMove(benchmark::State& state) { onDirectGrounds(state, moveMeter); }
+void cachedMeterTick(benchmark::State& state) { onCachedGrounds(state, tickMeter); }
+void directMeterTick(benchmark::State& state) { onDirectGrounds(state, tickMeter); }
 
 constexpr int controlCount = 1000;
 
@@ -465,6 +498,8 @@ BENCHMARK(cachedButtonMove)->Apply(atBothScales);
 BENCHMARK(directButtonMove)->Apply(atBothScales);
 BENCHMARK(cachedTextMove)->Apply(atBothScales);
 BENCHMARK(directTextMove)->Apply(atBothScales);
+BENCHMARK(cachedMeterMove)->Apply(atBothScales);
+BENCHMARK(directMeterMove)->Apply(atBothScales);
 BENCHMARK(cachedMeterTick)->Apply(atBothScales);
 BENCHMARK(directMeterTick)->Apply(atBothScales);
 BENCHMARK(hostUpdates)->Unit(benchmark::kMicrosecond);

@@ -5,8 +5,8 @@ Usage: tabulate.py FOLDER [option of Google Benchmark ...]
 
 Every program runs its benchmarks five times in random order, so that a machine whose speed drifts
 treats all alike; the tables show medians. "Against ours" compares "chartRepaint/2", say, with
-"graphRepaint/2": what the equalizer graph needs for the same at the same scale; and "directKnobMove/2"
-with "cachedKnobMove/2". The last column holds what else a benchmark counted.
+"graphRepaint/2": what the equalizer graph needs for the same at the same scale; "directKnobMove/2"
+with "cachedKnobMove/2", and "editorRepaint/2" with "pictureBlit/2". The last column holds what else a benchmark counted.
 """
 
 import json
@@ -20,7 +20,9 @@ from collections import defaultdict
 from pathlib import Path
 
 # What a benchmark's name begins with, and what that of its twin of ours does.
-TWINS = {"chart": "graph", "customPlot": "graph", "direct": "cached"}
+TWINS = {"chart": "graph", "customPlot": "graph", "direct": "cached", "editorRepaint": "pictureBlit"}
+# What Google Benchmark appends to a name that says how it was run.
+SETTINGS = re.compile(r"/(iterations:\d+|manual_time|real_time)")
 COUNTER = "counter "
 # The fields of a result that are no counters.
 FIELDS = {"family_index", "per_family_instance_index", "repetitions", "repetition_index", "threads",
@@ -53,7 +55,7 @@ def medians(results):
         if result["run_type"] != "iteration":
             continue
         values = samples[(result["family_index"], result["per_family_instance_index"],
-                          result["run_name"])]
+                          SETTINGS.sub("", result["run_name"]))]
         values["time"].append(result["real_time"] * to_ns[result["time_unit"]])
         if "items_per_second" in result:
             values["items"].append(result["items_per_second"])
@@ -72,7 +74,7 @@ def duration(ns):
 
 
 def against_twin(row, rows):
-    twin = re.sub(f"^({'|'.join(TWINS)})(?=[A-Z])", lambda match: TWINS[match[0]], row)
+    twin = re.sub(f"^({'|'.join(TWINS)})(?![a-z])", lambda match: TWINS[match[0]], row)
     return f"× {rows[row]['time'] / rows[twin]['time']:.2f}" if twin != row and twin in rows else ""
 
 
