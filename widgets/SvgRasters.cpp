@@ -31,25 +31,12 @@ QRect inkOf(const QImage& image)
     return ink.isEmpty() ? QRect(0, 0, 1, 1) : ink;
 }
 
-bool isOpaque(const QImage& image)
-{
-    for (int y = 0; y < image.height(); ++y) {
-        const QRgb* row = rowOf(image, y);
-        if (!std::all_of(row, row + image.width(), [](QRgb pixel) { return qAlpha(pixel) == 255; }))
-            return false;
-    }
-    return true;
-}
-
 } // namespace
 
 SvgRaster trimmed(const SvgRaster& raster)
 {
     const QRect ink = inkOf(raster.image);
-    SvgRaster result{raster.image.copy(ink), raster.offset + ink.topLeft()};
-    if (isOpaque(result.image))
-        result.image.reinterpretAsFormat(QImage::Format_RGB32);
-    return result;
+    return {raster.image.copy(ink), raster.offset + ink.topLeft()};
 }
 
 namespace SvgRasters {

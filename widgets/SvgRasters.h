@@ -38,7 +38,6 @@ struct SvgRaster
 };
 
 /// A raster of the same look without its empty margins; a raster that shows nothing keeps one pixel.
-/// One that shines through nowhere is opaque in its format, too, and so is copied, not blended.
 SvgRaster trimmed(const SvgRaster& raster);
 
 /// The process's rasters of SVG pictures, one for each way in which one is drawn, whoever draws it.
