@@ -3,6 +3,7 @@
 
 #include "host/ParameterTable.h"
 #include "host/ParameterText.h"
+#include "host/audio/AudioFormat.h"
 
 #include <QCommandLineParser>
 
@@ -28,9 +29,9 @@ QCommandLineOption withoutValue(const char* name)
 void addOptions(QCommandLineParser& parser)
 {
     for (const char* name : {"plugin", "channel", "scale", "sample-rate", "set", "state",
-                             "save-state", "screenshot", "meters", "language"})
+                             "save-state", "screenshot", "meters", "language", "render"})
         parser.addOption(withValue(name));
-    for (const char* name : {"mono", "list", "help"})
+    for (const char* name : {"mono", "list", "help", "float"})
         parser.addOption(withoutValue(name));
 }
 
@@ -67,9 +68,10 @@ public:
         readLanguage();
         for (const QString& text : m_parser.values(QStringLiteral("set")))
             readSetting(text);
-        if (!m_parser.positionalArguments().isEmpty())
-            fail(QStringLiteral("\"%1\" is no option.")
-                     .arg(m_parser.positionalArguments().constFirst()));
+        QStringList further = m_parser.positionalArguments();
+        readRender(&further);
+        if (!further.isEmpty())
+            fail(QStringLiteral("\"%1\" is no option.").arg(further.constFirst()));
     }
 
 private:
@@ -85,6 +87,39 @@ private:
         *file = m_parser.value(name);
         if (m_parser.isSet(name) && file->isEmpty())
             fail(QStringLiteral("--%1 takes the name of a file.").arg(name));
+    }
+
+    // The second of the two files stands alone.
+    void readRender(QStringList* further)
+    {
+        CommandLine::Render& render = m_result.render;
+        render.forceFloat = m_parser.isSet(QStringLiteral("float"));
+        if (!m_parser.isSet(QStringLiteral("render"))) {
+            if (render.forceFloat)
+                fail(QStringLiteral("--float is for --render only."));
+            return;
+        }
+        render.input = m_parser.value(QStringLiteral("render"));
+        if (!further->isEmpty())
+            render.output = further->takeFirst();
+        if (render.input.isEmpty() || render.output.isEmpty())
+            fail(QStringLiteral("--render takes the names of two files, IN and OUT."));
+        else if (!AudioFormat::canWrite(render.output))
+            fail(QStringLiteral("--render writes files that end in .wav, .flac or .ogg, not \"%1\".")
+                     .arg(render.output));
+        else if (render.forceFloat && !isWav(render.output))
+            fail(QStringLiteral("--float is for files that end in .wav, not \"%1\".")
+                     .arg(render.output));
+        for (const char* other : {"list", "save-state", "screenshot"}) {
+            if (m_parser.isSet(QLatin1String(other)))
+                fail(QStringLiteral("--render and --%1 do not go together.")
+                         .arg(QLatin1String(other)));
+        }
+    }
+
+    static bool isWav(const QString& file)
+    {
+        return file.endsWith(QLatin1String(".wav"), Qt::CaseInsensitive);
     }
 
     void readInteger(const char* option, int minimum, int maximum, const char* range, int* value)
@@ -182,7 +217,7 @@ private:
 
 bool CommandLine::headless() const
 {
-    return help || list || !saveState.isEmpty() || !screenshot.isEmpty();
+    return help || list || renders() || !saveState.isEmpty() || !screenshot.isEmpty();
 }
 
 CommandLine CommandLine::parse(const QStringList& arguments)
@@ -226,6 +261,12 @@ QString CommandLine::helpText()
         "  --save-state FILE      write the channel's settings, as a preset if FILE ends in\n"
         "                         .vstpreset\n"
         "  --screenshot FILE.png  write a picture of the editor\n"
+        "\n"
+        "This does its work alone, without an editor; of the above only --channel, --state and\n"
+        "--set count:\n"
+        "  --render IN OUT        send a WAV, FLAC or OGG file through the channel's equalizer into\n"
+        "                         a new one whose name ends in .wav, .flac or .ogg\n"
+        "  --float                write 32-bit floats into a .wav file, whatever IN has\n"
         "\n"
         "Exit codes: 0 done, 1 a file or the plug-in is at fault, 2 the command line is.\n");
 }

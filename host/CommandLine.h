@@ -21,6 +21,14 @@ struct CommandLine
         int value;
     };
 
+    /// "--render": sound through the equalizer from file to file.
+    struct Render
+    {
+        QString input; ///< empty: nothing to render
+        QString output;
+        bool forceFloat = false; ///< "--float"
+    };
+
     QString plugin; ///< empty: the library beside this program
     EditorSettings editor;
     std::vector<Setting> settings;
@@ -31,10 +39,13 @@ struct CommandLine
     QString state;              ///< file to load
     QString saveState;          ///< file to write
     QString screenshot;         ///< file to write
+    Render render;
     QString fault; ///< why the arguments make no sense, as a sentence; the rest is void then
 
     /// Whether the program does its work and ends, without a window.
     bool headless() const;
+    /// Whether it does so without an editor, too.
+    bool renders() const { return !render.input.isEmpty(); }
     bool showsMeters() const { return meters.value_or(!headless()); }
 
     /// \a arguments begin with the program's name.

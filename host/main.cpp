@@ -2,6 +2,7 @@
 #include "host/Application.h"
 #include "host/CommandLine.h"
 #include "host/StartUp.h"
+#include "host/audio/RenderCommand.h"
 
 #include <QApplication>
 
@@ -34,12 +35,15 @@ int main(int argc, char* argv[])
     }
     if (!commandLine.fault.isEmpty())
         return refuse(commandLine.fault);
+    if (commandLine.renders())
+        return renderCommand(commandLine);
     if (commandLine.headless())
         chooseNoDisplay();
     if (!canShowWindows())
         return refuse(QStringLiteral(
             "There is no display to open a window on (DISPLAY and WAYLAND_DISPLAY are not set). "
-            "Without one, use --list, --save-state FILE, --screenshot FILE.png or --help."));
+            "Without one, use --list, --save-state FILE, --screenshot FILE.png, --render IN OUT or "
+            "--help."));
 
     const QString folder = programFolder();
     chooseFonts(folder);
