@@ -3,6 +3,8 @@
 
 #include "host/CommandLine.h"
 #include "host/Mixer.h"
+#include "host/audio/AudioSession.h"
+#include "host/audio/LiveEqualizer.h"
 
 #include <QWidget>
 
@@ -26,6 +28,8 @@ public:
 private:
     int runHeadless();
     int runWindows();
+    QString openAudio();
+    void playAudio(QWidget* window);
     void openSettings();
     void playMeters();
     QString loadState(EditorSession& session);
@@ -36,4 +40,6 @@ private:
     CommandLine m_commandLine;
     QString m_programFolder;
     Mixer m_mixer;
+    LiveEqualizer m_equalizer;
+    AudioSession m_audio{m_equalizer};
 };

@@ -7,6 +7,7 @@
 
 #include <QCommandLineParser>
 
+#include <initializer_list>
 #include <string>
 
 namespace {
@@ -15,6 +16,8 @@ constexpr double smallestScale = 0.5;
 constexpr double largestScale = 4.0;
 constexpr int lowestSampleRate = 1000;
 constexpr int highestSampleRate = 768000;
+constexpr int smallestBlock = 16;
+constexpr int largestBlock = 8192;
 
 QCommandLineOption withValue(const char* name)
 {
@@ -29,9 +32,10 @@ QCommandLineOption withoutValue(const char* name)
 void addOptions(QCommandLineParser& parser)
 {
     for (const char* name : {"plugin", "channel", "scale", "sample-rate", "set", "state",
-                             "save-state", "screenshot", "meters", "language", "render"})
+                             "save-state", "screenshot", "meters", "language", "render",
+                             "audio", "device", "rate", "block"})
         parser.addOption(withValue(name));
-    for (const char* name : {"mono", "list", "help", "float"})
+    for (const char* name : {"mono", "list", "help", "float", "live", "loop", "devices"})
         parser.addOption(withoutValue(name));
 }
 
@@ -63,6 +67,7 @@ public:
                     &m_result.editor.channel);
         readInteger("sample-rate", lowestSampleRate, highestSampleRate,
                     "a sampling rate from 1000 to 768000 Hz", &m_result.editor.sampleRate);
+        m_result.sampleRateGiven = m_parser.isSet(QStringLiteral("sample-rate"));
         readScale();
         readMeters();
         readLanguage();
@@ -70,6 +75,7 @@ public:
             readSetting(text);
         QStringList further = m_parser.positionalArguments();
         readRender(&further);
+        readAudio();
         if (!further.isEmpty())
             fail(QStringLiteral("\"%1\" is no option.").arg(further.constFirst()));
     }
@@ -95,8 +101,7 @@ private:
         CommandLine::Render& render = m_result.render;
         render.forceFloat = m_parser.isSet(QStringLiteral("float"));
         if (!m_parser.isSet(QStringLiteral("render"))) {
-            if (render.forceFloat)
-                fail(QStringLiteral("--float is for --render only."));
+            refuseWithout("--render", {"float"});
             return;
         }
         render.input = m_parser.value(QStringLiteral("render"));
@@ -110,10 +115,46 @@ private:
         else if (render.forceFloat && !isWav(render.output))
             fail(QStringLiteral("--float is for files that end in .wav, not \"%1\".")
                      .arg(render.output));
-        for (const char* other : {"list", "save-state", "screenshot"}) {
+        refuseTogether("render", {"list", "save-state", "screenshot"});
+    }
+
+    void readAudio()
+    {
+        CommandLine::Audio& audio = m_result.audio;
+        readFile("audio", &audio.file);
+        audio.device.live = m_parser.isSet(QStringLiteral("live"));
+        audio.loop = m_parser.isSet(QStringLiteral("loop"));
+        audio.device.device = m_parser.value(QStringLiteral("device"));
+        readInteger("rate", lowestSampleRate, highestSampleRate,
+                    "a sampling rate from 1000 to 768000 Hz", &audio.device.rate);
+        readInteger("block", smallestBlock, largestBlock, "a number of frames from 16 to 8192",
+                    &audio.device.block);
+        m_result.devices = m_parser.isSet(QStringLiteral("devices"));
+        if (!m_result.plays())
+            return refuseWithout("--audio or --live", {"device", "rate", "block", "loop"});
+        if (audio.file.isEmpty())
+            refuseWithout("--audio", {"loop"});
+        else
+            refuseTogether("audio", {"live"});
+        refuseTogether(audio.file.isEmpty() ? "live" : "audio",
+                       {"list", "save-state", "screenshot", "render", "devices"});
+    }
+
+    void refuseTogether(const char* option, std::initializer_list<const char*> others)
+    {
+        for (const char* other : others) {
             if (m_parser.isSet(QLatin1String(other)))
-                fail(QStringLiteral("--render and --%1 do not go together.")
-                         .arg(QLatin1String(other)));
+                fail(QStringLiteral("--%1 and --%2 do not go together.")
+                         .arg(QLatin1String(option), QLatin1String(other)));
+        }
+    }
+
+    void refuseWithout(const char* needed, std::initializer_list<const char*> options)
+    {
+        for (const char* option : options) {
+            if (m_parser.isSet(QLatin1String(option)))
+                fail(QStringLiteral("--%1 is for %2 only.")
+                         .arg(QLatin1String(option), QLatin1String(needed)));
         }
     }
 
@@ -217,7 +258,7 @@ private:
 
 bool CommandLine::headless() const
 {
-    return help || list || renders() || !saveState.isEmpty() || !screenshot.isEmpty();
+    return help || list || devices || renders() || !saveState.isEmpty() || !screenshot.isEmpty();
 }
 
 CommandLine CommandLine::parse(const QStringList& arguments)
@@ -253,6 +294,12 @@ QString CommandLine::helpText()
         "  --meters on|off        whether a built-in signal runs through the equalizer and moves\n"
         "                         the meters (on in windows, otherwise off; a picture then shows\n"
         "                         them after one second)\n"
+        "  --audio FILE           play a WAV, FLAC or OGG file through the channel's equalizer\n"
+        "  --loop                 play it over and over\n"
+        "  --live                 play what the sound device takes in instead\n"
+        "  --device NAME          the sound device, or a part of its name (the default one)\n"
+        "  --rate HZ              the device's sampling rate (the file's, if the device has it)\n"
+        "  --block FRAMES         the device's block, 16 to 8192 (as the device likes)\n"
         "\n"
         "These do their work without a window and end, in this order:\n"
         "  --help                 show this\n"
@@ -262,8 +309,10 @@ QString CommandLine::helpText()
         "                         .vstpreset\n"
         "  --screenshot FILE.png  write a picture of the editor\n"
         "\n"
-        "This does its work alone, without an editor; of the above only --channel, --state and\n"
-        "--set count:\n"
+        "These do their work alone, without an editor; of the above only --channel, --state and\n"
+        "--set count for them:\n"
+        "  --devices              print the sound devices: name, outputs, inputs, preferred rate in\n"
+        "                         Hz and remarks, separated by tabs\n"
         "  --render IN OUT        send a WAV, FLAC or OGG file through the channel's equalizer into\n"
         "                         a new one whose name ends in .wav, .flac or .ogg\n"
         "  --float                write 32-bit floats into a .wav file, whatever IN has\n"

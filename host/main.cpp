@@ -2,6 +2,7 @@
 #include "host/Application.h"
 #include "host/CommandLine.h"
 #include "host/StartUp.h"
+#include "host/audio/AudioDevices.h"
 #include "host/audio/RenderCommand.h"
 
 #include <QApplication>
@@ -24,6 +25,15 @@ int refuse(const QString& sentence)
     return ExitUsage;
 }
 
+int devicesCommand()
+{
+    const std::vector<AudioDeviceInfo> devices = AudioDevices::list();
+    if (devices.empty())
+        complain(QStringLiteral("There is no sound device."));
+    std::fputs(AudioDevices::table(devices).constData(), stdout);
+    return ExitDone;
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
@@ -35,6 +45,8 @@ int main(int argc, char* argv[])
     }
     if (!commandLine.fault.isEmpty())
         return refuse(commandLine.fault);
+    if (commandLine.devices)
+        return devicesCommand();
     if (commandLine.renders())
         return renderCommand(commandLine);
     if (commandLine.headless())

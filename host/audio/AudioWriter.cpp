@@ -124,8 +124,8 @@ QString AudioWriter::commit()
 
 QString AudioWriter::close()
 {
-    // Some formats begin their header with the first sample; a file without any has one, too.
-    if (m_isEmpty)
+    // FLAC's header would come with the first sample only.
+    if (m_isEmpty && (m_format & SF_FORMAT_TYPEMASK) == SF_FORMAT_FLAC)
         sf_command(m_sound.get(), SFC_UPDATE_HEADER_NOW, nullptr, 0);
     const int error = sf_close(m_sound.release());
     if (error != SF_ERR_NO_ERROR || !m_access->fault().isEmpty())
