@@ -21,20 +21,17 @@ BuiltInSignal::BuiltInSignal()
         m_channels.push_back(std::make_unique<Channel>(channel));
 }
 
-MeterLevels BuiltInSignal::read(int channel, const ChannelStrip::Values& values, int sampleRate,
+MeterLevels BuiltInSignal::read(int channel, const ChannelProcessor::Values& values, int sampleRate,
                                 double seconds)
 {
     Channel& c = *m_channels[static_cast<std::size_t>(channel)];
-    c.strip.setSampleRate(sampleRate);
-    c.strip.setValues(values);
+    c.processor.setSampleRate(sampleRate);
+    c.processor.setValues(values);
     const std::span<double> block(m_block.data(), blockLength(sampleRate, seconds));
     c.signal.fill(block, sampleRate, seconds);
-    c.strip.applyInput(block);
+    c.processor.applyInput(block);
     c.meters.takeSend(block, seconds);
-    c.strip.equalize(block);
+    c.processor.equalize(block);
     c.meters.takeReturn(block, seconds);
-    // A corner beyond half the sampling rate can make a filter run away; it starts afresh.
-    if (!std::isfinite(block.back()))
-        c.strip.forget();
     return c.meters.levels();
 }

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "host/ChannelStrip.h"
 #include "host/MeterProducer.h"
 #include "host/TestSignal.h"
+#include "host/engine/ChannelProcessor.h"
 
 #include <memory>
 #include <vector>
@@ -18,14 +18,14 @@ public:
 
     BuiltInSignal();
 
-    MeterLevels read(int channel, const ChannelStrip::Values& values, int sampleRate,
+    MeterLevels read(int channel, const ChannelProcessor::Values& values, int sampleRate,
                      double seconds) override;
 
 private:
     struct Channel
     {
         TestSignal signal;
-        ChannelStrip strip;
+        ChannelProcessor processor;
         ChannelMeters meters;
 
         explicit Channel(int number)

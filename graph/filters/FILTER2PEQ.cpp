@@ -154,3 +154,52 @@ double FILTER2PEQ::cal_cut() const
         return 0.0;
     return -m_coefficients[0] * m_state[0] - m_state[3] - m_coefficients[1] * m_state[1];
 }
+
+void FILTER2PEQ::boost(std::span<double> block, double k)
+{
+    Runner band = runner(k);
+    for (double& sample : block)
+        sample = band.boost(sample);
+    setDelay(band);
+}
+
+void FILTER2PEQ::cut(std::span<double> block, double k)
+{
+    Runner band = runner(k);
+    for (double& sample : block)
+        sample = band.cut(sample);
+    setDelay(band);
+}
+
+FILTER2PEQ::Runner FILTER2PEQ::runner(double k) const
+{
+    Runner band;
+    band.c0 = m_coefficients[0];
+    band.c1 = m_coefficients[1];
+    band.c2 = m_coefficients[2];
+    band.setGainFactor(k);
+    band.y1 = m_state[0];
+    band.y2 = m_state[1];
+    band.u1 = m_state[2];
+    band.u2 = m_state[3];
+    return band;
+}
+
+void FILTER2PEQ::setDelay(const Runner& runner)
+{
+    m_state[0] = runner.y1;
+    m_state[1] = runner.y2;
+    m_state[2] = runner.u1;
+    m_state[3] = runner.u2;
+}
+
+// The delay line holds the scaled input, and the scales differ.
+void FILTER2PEQ::setDelayByCopy(const FILTER2PEQ* other)
+{
+    const double otherScale = other->m_coefficients[2];
+    const double rescale = otherScale == 0.0 ? 0.0 : m_coefficients[2] / otherScale;
+    m_state[0] = other->m_state[0];
+    m_state[1] = other->m_state[1];
+    m_state[2] = other->m_state[2] * rescale;
+    m_state[3] = other->m_state[3] * rescale;
+}

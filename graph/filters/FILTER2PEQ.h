@@ -5,6 +5,7 @@
 #include "graph/filters/ZPlane.h"
 
 #include <cstdint>
+#include <span>
 
 /// One peaking (bell) band of the hardware equalizer, built around a second-order band-pass with
 /// unity gain at its centre,
@@ -19,8 +20,10 @@
 /// centre too near half the sample rate gives a flat band.
 ///
 /// To process samples: a boost is y = x + k cal_boost(x), then dlyupdate_bpf(x). A cut is
-/// y = (x - k cal_cut()) / (1 + scaledGain()), then dlyupdate_bpf(y); the division resolves the
-/// loop around the band-pass that has no delay in it.
+/// y = (x - k cal_cut()) r with r = 1 / (1 + c2 k), then dlyupdate_bpf(y); the factor r resolves
+/// the loop around the band-pass that has no delay in it. boost() and cut() do so for blocks. What
+/// the band-pass has heard means the same to both, and with k = 0 both let x through as it is, so a
+/// k that moves through 0 may change from one to the other.
 class FILTER2PEQ
 {
 public:
@@ -77,6 +80,51 @@ public:
     double cal_boost(double x) const;
     /// What cal_boost() answers without its direct term c2 x.
     double cal_cut() const;
+
+    /// The band-pass with its delay line and a gain factor, taken out of the band so that a loop
+    /// over several bands can keep it in registers: boost() and cut() are the two structures for
+    /// one sample. What the band-pass has heard goes back with setDelay().
+    struct Runner
+    {
+        double c0 = 0.0, c1 = 0.0, c2 = 0.0;
+        double k = 0.0, r = 1.0;
+        double y1 = 0.0, y2 = 0.0, u1 = 0.0, u2 = 0.0;
+
+        void setGainFactor(double factor)
+        {
+            k = factor;
+            r = 1.0 / (1.0 + c2 * factor);
+        }
+        double boost(double x) { return x + k * advance(x); }
+        double cut(double x)
+        {
+            const double y = (x - k * (-c0 * y1 - u2 - c1 * y2)) * r;
+            advance(y);
+            return y;
+        }
+
+    private:
+        double advance(double x)
+        {
+            const double u = c2 * x;
+            const double y = u - u2 - c0 * y1 - c1 * y2;
+            y2 = y1;
+            y1 = y;
+            u2 = u1;
+            u1 = u;
+            return y;
+        }
+    };
+
+    /// Each sample of a block in place with the gain factor k, bit by bit as the operations on one
+    /// sample give them. The band must have storage.
+    void boost(std::span<double> block, double k);
+    void cut(std::span<double> block, double k);
+
+    Runner runner(double k) const;
+    void setDelay(const Runner& runner);
+    /// Takes over what another band has heard, as if this one's input had been the other's.
+    void setDelayByCopy(const FILTER2PEQ* other);
 
     std::int64_t order() const { return m_order; }
     std::int64_t mode() const { return m_mode; }

@@ -303,6 +303,34 @@ double VEQ_Filter::cal(double x)
 
 double VEQ_Filter::cal(long x) { return cal(static_cast<double>(x)); }
 
+void VEQ_Filter::cal(std::span<double> block)
+{
+    auto sample = block.begin();
+    while (sample != block.end() && !isSettled()) {
+        *sample = cal(*sample);
+        ++sample;
+    }
+    Runner section = runner();
+    for (; sample != block.end(); ++sample)
+        *sample = section.next(*sample);
+    setDelay(section);
+}
+
+VEQ_Filter::Runner VEQ_Filter::runner() const
+{
+    const double* c = m_coefficients.data();
+    const double* s = m_state.data();
+    return {c[0], c[1], c[2], c[3], c[4], s[0], s[1], s[2], s[3]};
+}
+
+void VEQ_Filter::setDelay(const Runner& runner)
+{
+    m_state[0] = runner.x1;
+    m_state[1] = runner.x2;
+    m_state[2] = runner.y1;
+    m_state[3] = runner.y2;
+}
+
 double VEQ_Filter::power(double f, double fs) const
 {
     return ZPlane::level(response(ZPlane::unitDelay(f, fs)));

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 
 /// A cascade of second-order sections that reproduces the outer bands of the hardware equalizer:
 /// first- and second-order shelves, and Butterworth high-pass and low-pass filters, all by the
@@ -90,6 +91,32 @@ public:
     /// fade length; a fade that is under way runs to its end first.
     double cal(double x);
     double cal(long x);
+    /// Each sample of a block in place, bit by bit as cal(double) gives them.
+    void cal(std::span<double> block);
+
+    /// Section 0 with its delay line, taken out of the filter so that a loop over several filters
+    /// can keep it in registers: next() is what cal() does while the filter is settled. What the
+    /// section has heard goes back with setDelay().
+    struct Runner
+    {
+        double b0 = 1.0, b1 = 0.0, b2 = 0.0, a1 = 0.0, a2 = 0.0;
+        double x1 = 0.0, x2 = 0.0, y1 = 0.0, y2 = 0.0;
+
+        double next(double x)
+        {
+            const double y = b0 * x + b1 * x1 + b2 * x2 + a1 * y1 + a2 * y2;
+            x2 = x1;
+            x1 = x;
+            y2 = y1;
+            y1 = y;
+            return y;
+        }
+    };
+
+    /// Whether neither a cross-fade runs nor a new design waits for one.
+    bool isSettled() const { return !m_changed && m_fadeCounter >= fadeSamples(); }
+    Runner runner() const;
+    void setDelay(const Runner& runner);
 
     /// The level of the whole cascade at f in dB, -100 where it is exactly silent.
     double power(double f, double fs) const;

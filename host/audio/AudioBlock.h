@@ -33,6 +33,19 @@ public:
     std::size_t frames() const { return m_frames; }
     void setFrames(std::size_t frames) { m_frames = frames; }
 
+    /// Takes the first \a count frames in use away, or all there are; how many that was.
+    std::size_t dropFront(std::size_t count)
+    {
+        const std::size_t dropped = std::min(count, m_frames);
+        for (std::size_t c = 0; c < m_channels && dropped > 0; ++c) {
+            const std::span<double> samples = channel(c);
+            std::copy(samples.begin() + static_cast<std::ptrdiff_t>(dropped), samples.end(),
+                      samples.begin());
+        }
+        m_frames -= dropped;
+        return dropped;
+    }
+
     /// The samples of a channel that are in use.
     std::span<double> channel(std::size_t index)
     {

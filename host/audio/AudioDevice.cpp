@@ -2,7 +2,6 @@
 #include "host/audio/AudioDevice.h"
 
 #include "host/audio/AudioDevices.h"
-#include "host/audio/NoDenormals.h"
 
 #include <algorithm>
 #include <array>
@@ -187,7 +186,6 @@ void AudioDevice::noted(RtAudioError::Type type, const std::string& text)
 
 void AudioDevice::fill(float* output, const float* input, std::size_t frames)
 {
-    const NoDenormals noDenormals;
     for (std::size_t c = 0; c < m_outputs.size(); ++c)
         m_outputs[c] = output + c * frames;
     for (std::size_t c = 0; c < m_inputs.size(); ++c)

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/audio/AudioRenderer.h"
 
+#include "graph/filters/BandDesign.h"
 #include "host/audio/AudioFormat.h"
-#include "host/audio/NoDenormals.h"
 
 #include <QFileInfo>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -15,6 +16,23 @@ bool isSameFile(const QString& first, const QString& second)
     const QFileInfo a(first);
     const QFileInfo b(second);
     return a.exists() && b.exists() && a == b;
+}
+
+// The outer bands' first parameters; frequency, gain and switch follow the type.
+constexpr std::size_t lowBand = 0;
+constexpr std::size_t highBand = 20;
+
+// In Hz; 0 for a band that changes nothing.
+double cornerOf(const ChannelProcessor::Values& values, std::size_t first)
+{
+    const int type = values[first];
+    const bool pass =
+        type == BandDesign::SecondOrderPass || type == BandDesign::FirstOrderPass;
+    if (values[first + 3] == 0 || (!pass && values[first + 2] == 0))
+        return 0.0;
+    const Parameter& entry = parameterTable[first + 1];
+    return BandDesign::frequency(
+        BandDesign::position(values[first + 1], entry.minimum, entry.maximum));
 }
 
 } // namespace
@@ -40,6 +58,8 @@ QString AudioRenderer::open()
             .arg(m_job.output);
     QString fault = m_reader.open(m_job.input);
     if (fault.isEmpty())
+        fault = faultOfSettings();
+    if (fault.isEmpty())
         fault = m_writer.open(m_job.output, AudioFormat::outputFor(m_job.output, m_reader.info(),
                                                                    m_job.forceFloat));
     if (fault.isEmpty()) {
@@ -47,6 +67,23 @@ QString AudioRenderer::open()
         prepareStrips();
     }
     return fault;
+}
+
+// A corner beyond half the sampling rate makes an outer band run away; the middle bands are flat
+// there.
+QString AudioRenderer::faultOfSettings() const
+{
+    for (const std::size_t first : {lowBand, highBand}) {
+        const double corner = cornerOf(m_job.values, first);
+        if (corner * 2.0 < m_reader.info().samplerate)
+            continue;
+        return QStringLiteral("The sound file %1 cannot be processed: the %2 of %3 Hz lies beyond "
+                              "half its sampling rate of %4 Hz.")
+            .arg(m_job.input, QString::fromLatin1(parameterTable[first + 1].title).toLower())
+            .arg(std::lround(corner))
+            .arg(m_reader.info().samplerate);
+    }
+    return QString();
 }
 
 void AudioRenderer::copyTexts()
@@ -61,40 +98,53 @@ void AudioRenderer::copyTexts()
 void AudioRenderer::prepareStrips()
 {
     for (int channel = 0; channel < m_reader.channels(); ++channel) {
-        m_strips.push_back(std::make_unique<ChannelStrip>());
+        m_strips.push_back(std::make_unique<ChannelProcessor>());
         m_strips.back()->setSampleRate(m_reader.info().samplerate);
         m_strips.back()->setValues(m_job.values);
     }
+    const double delay = m_strips.empty() ? 0.0 : m_strips.front()->latency();
+    m_delay = m_toDrop = static_cast<std::size_t>(std::lround(delay));
 }
 
 QString AudioRenderer::runBlocks(const Progress& progress)
 {
-    const NoDenormals noDenormals;
     AudioBlock block(m_strips.size());
     do {
         m_reader.read(&block);
         if (!m_reader.fault().isEmpty())
             return m_reader.fault();
-        if (!process(&block))
-            return runAway();
-        const QString fault = m_writer.write(block);
+        const bool last = block.frames() < block.capacity();
+        QString fault = process(&block);
+        if (fault.isEmpty() && last)
+            return runDelayed(&block);
         if (!fault.isEmpty())
             return fault;
         m_ended = progress && !progress(done());
-    } while (!m_ended && block.frames() == block.capacity());
+    } while (!m_ended);
     return QString();
 }
 
-bool AudioRenderer::process(AudioBlock* block)
+// What is still under way at the end of the file comes out with silence behind it.
+QString AudioRenderer::runDelayed(AudioBlock* block)
 {
-    bool finite = true;
-    for (std::size_t c = 0; c < m_strips.size() && block->frames() > 0; ++c) {
-        const std::span<double> samples = block->channel(c);
-        m_strips[c]->applyInput(samples);
-        m_strips[c]->equalize(samples);
-        finite &= std::isfinite(samples.back());
+    for (std::size_t left = m_delay; left > 0; left -= block->capacity()) {
+        const std::size_t count = std::min(left, block->capacity());
+        block->setFrames(count);
+        for (std::size_t c = 0; c < block->channels(); ++c)
+            std::ranges::fill(block->channel(c), 0.0);
+        const QString fault = process(block);
+        if (!fault.isEmpty() || count == left)
+            return fault;
     }
-    return finite;
+    return QString();
+}
+
+QString AudioRenderer::process(AudioBlock* block)
+{
+    for (std::size_t c = 0; c < m_strips.size(); ++c)
+        m_strips[c]->process(block->channel(c));
+    m_toDrop -= block->dropFront(m_toDrop);
+    return m_writer.write(*block);
 }
 
 double AudioRenderer::done() const
@@ -103,12 +153,4 @@ double AudioRenderer::done() const
         return -1.0;
     const auto frames = static_cast<double>(m_reader.info().frames);
     return frames > 0.0 ? static_cast<double>(m_reader.position()) / frames : 1.0;
-}
-
-QString AudioRenderer::runAway() const
-{
-    return QStringLiteral("The sound file %1 cannot be processed: at %2 Hz the equalizer runs away, "
-                          "because a band lies beyond half the sampling rate.")
-        .arg(m_job.input)
-        .arg(m_reader.info().samplerate);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "host/ChannelStrip.h"
+#include "host/engine/ChannelProcessor.h"
 #include "host/audio/AudioReader.h"
 #include "host/audio/AudioWriter.h"
 
@@ -13,7 +13,8 @@
 #include <vector>
 
 /// Sends a sound file through the equalizer into another one of the same length and rate, in
-/// constant memory. Every channel of the file gets the same settings and an equalizer of its own.
+/// constant memory. Every channel of the file gets the same settings and an equalizer of its own,
+/// whose delay is taken out.
 class AudioRenderer
 {
 public:
@@ -21,7 +22,7 @@ public:
     {
         QString input;
         QString output; ///< AudioFormat::canWrite() must hold
-        ChannelStrip::Values values{};
+        ChannelProcessor::Values values{};
         bool forceFloat = false; ///< a WAV file gets 32-bit floats whatever the input has
     };
 
@@ -45,14 +46,17 @@ private:
     QString open();
     void copyTexts();
     void prepareStrips();
+    QString faultOfSettings() const;
     QString runBlocks(const Progress& progress);
-    bool process(AudioBlock* block);
+    QString runDelayed(AudioBlock* block);
+    QString process(AudioBlock* block);
     double done() const;
-    QString runAway() const;
 
     Job m_job;
     AudioReader m_reader;
     AudioWriter m_writer;
-    std::vector<std::unique_ptr<ChannelStrip>> m_strips;
+    std::vector<std::unique_ptr<ChannelProcessor>> m_strips;
+    std::size_t m_delay = 0;  // frames
+    std::size_t m_toDrop = 0; // of those that come out first
     bool m_ended = false;
 };

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "host/ChannelStrip.h"
+#include "host/engine/ChannelProcessor.h"
 #include "host/CommandLine.h"
 
 #include <QByteArray>
@@ -13,7 +13,7 @@
 /// loaded. The same files and settings give the same values as through an open editor.
 namespace ChannelSettings {
 
-using Values = ChannelStrip::Values;
+using Values = ChannelProcessor::Values;
 
 /// Every parameter at its default.
 Values defaults();

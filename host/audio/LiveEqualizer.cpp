@@ -5,7 +5,6 @@
 #include "host/audio/ChannelSettings.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 
@@ -32,7 +31,7 @@ void LiveEqualizer::follow(const HostMemory& memory, int channel)
 
 void LiveEqualizer::look()
 {
-    const ChannelStrip::Values& values = m_memory->values(m_channel);
+    const ChannelProcessor::Values& values = m_memory->values(m_channel);
     if (values == m_posted)
         return;
     m_posted = values;
@@ -41,12 +40,12 @@ void LiveEqualizer::look()
 
 void LiveEqualizer::setSampleRate(double hertz)
 {
-    for (ChannelStrip& strip : m_strips) {
-        strip.setSampleRate(static_cast<int>(std::lround(hertz)));
+    for (ChannelProcessor& strip : m_strips) {
+        strip.setSampleRate(hertz);
         strip.forget();
     }
     if (m_mailbox.take(&m_values)) {
-        for (ChannelStrip& strip : m_strips)
+        for (ChannelProcessor& strip : m_strips)
             strip.setValues(m_values);
     }
 }
@@ -54,7 +53,7 @@ void LiveEqualizer::setSampleRate(double hertz)
 void LiveEqualizer::process(float* const* channels, int count, int frames)
 {
     if (m_mailbox.take(&m_values)) {
-        for (ChannelStrip& strip : m_strips)
+        for (ChannelProcessor& strip : m_strips)
             strip.setValues(m_values);
     }
     const auto heard = std::min(static_cast<std::size_t>(count), mostChannels);
@@ -66,14 +65,11 @@ void LiveEqualizer::process(float* const* channels, int count, int frames)
     }
 }
 
-void LiveEqualizer::processPiece(float* samples, std::size_t frames, ChannelStrip* strip)
+void LiveEqualizer::processPiece(float* samples, std::size_t frames, ChannelProcessor* strip)
 {
     const std::span<double> piece(m_piece.data(), frames);
     std::copy_n(samples, frames, piece.begin());
-    strip->applyInput(piece);
-    strip->equalize(piece);
-    if (!std::isfinite(piece.back()))
-        strip->forget();
-    for (std::size_t i = 0; i < frames; ++i)
-        samples[i] = std::isfinite(piece[i]) ? static_cast<float>(piece[i]) : 0.0F;
+    strip->process(piece);
+    std::transform(piece.begin(), piece.end(), samples,
+                   [](double sample) { return static_cast<float>(sample); });
 }

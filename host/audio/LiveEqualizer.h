@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "host/ChannelStrip.h"
+#include "host/engine/ChannelProcessor.h"
 #include "host/audio/AudioCallback.h"
 #include "host/audio/Mailbox.h"
 
@@ -33,15 +33,15 @@ private:
     static constexpr int pieceFrames = 256;
 
     void look();
-    void processPiece(float* samples, std::size_t frames, ChannelStrip* strip);
+    void processPiece(float* samples, std::size_t frames, ChannelProcessor* strip);
 
     const HostMemory* m_memory = nullptr;
     int m_channel = 0;
-    ChannelStrip::Values m_posted{};
+    ChannelProcessor::Values m_posted{};
     QTimer m_timer;
-    Mailbox<ChannelStrip::Values> m_mailbox;
+    Mailbox<ChannelProcessor::Values> m_mailbox;
     // the audio thread's:
-    std::array<ChannelStrip, mostChannels> m_strips;
-    ChannelStrip::Values m_values{};
+    std::array<ChannelProcessor, mostChannels> m_strips;
+    ChannelProcessor::Values m_values{};
     std::vector<double> m_piece;
 };

@@ -11,6 +11,7 @@ private Q_SLOTS:
     void defaultsReturnWhatIsSent();
     void settingsActWhereTheyShould_data();
     void settingsActWhereTheyShould();
+    void driveCompresses();
     void sendIgnoresTheBands();
     void everyRateGivesLevels_data();
     void everyRateGivesLevels();
@@ -18,7 +19,7 @@ private Q_SLOTS:
     void channelsDiffer();
 
 private:
-    using Values = ChannelStrip::Values;
+    using Values = ChannelProcessor::Values;
     static constexpr double tick = 0.033;
 
     static Values defaults();
@@ -74,7 +75,6 @@ void tst_BuiltInSignal::settingsActWhereTheyShould_data()
     QTest::newRow("input down") << 25 << -123 << -123 << -123;
     QTest::newRow("output up") << 26 << 200 << 0 << 200;
     QTest::newRow("output down") << 26 << -45 << 0 << -45;
-    QTest::newRow("drive") << 27 << 1 << 0 << 0;
 }
 
 // How many tenths of a dB the meters stand higher than at the defaults.
@@ -93,6 +93,18 @@ void tst_BuiltInSignal::settingsActWhereTheyShould()
         QVERIFY(std::abs(after.send - before.send - send) <= 1);
         QVERIFY(std::abs(after.returned - before.returned - returned) <= 1);
     }
+}
+
+void tst_BuiltInSignal::driveCompresses()
+{
+    BuiltInSignal signal;
+    int loudest = -1270;
+    for (int i = 0; i < 300; ++i) {
+        const MeterLevels levels = signal.read(2, with(27, 1), 48000, tick);
+        QVERIFY(levels.returned < levels.send + 6);
+        loudest = std::max(loudest, levels.send - levels.returned);
+    }
+    QVERIFY2(loudest > 10, qPrintable(QString::number(loudest)));
 }
 
 void tst_BuiltInSignal::sendIgnoresTheBands()

@@ -28,7 +28,9 @@ private Q_SLOTS:
     void replacesAnOldFile();
     void keepsTheOldFileOnFaults();
     void refusesItsOwnInput();
-    void saysThatTheEqualizerRunsAway();
+    void takesTheDelayOut_data();
+    void takesTheDelayOut();
+    void refusesCornersBeyondHalfTheRate();
 
 private:
     QString path(const char* name) const { return m_folder->filePath(QLatin1String(name)); }
@@ -67,8 +69,8 @@ void tst_AudioRenderer::everyChannelSoundsAsOneStrip()
     const Sound result = SoundFiles::read(path("out.wav"));
     QCOMPARE(result.frames(), 30000U);
     for (int channel = 0; channel < 3; ++channel) {
-        ChannelStrip strip;
-        ChannelStrip::Values values = ChannelSettings::defaults();
+        ChannelProcessor strip;
+        ChannelProcessor::Values values = ChannelSettings::defaults();
         values[2] = 60;
         values[6] = -45;
         values[24] = -60;
@@ -290,16 +292,40 @@ void tst_AudioRenderer::refusesItsOwnInput()
     QCOMPARE(SoundFiles::bytesOf(file), before);
 }
 
-void tst_AudioRenderer::saysThatTheEqualizerRunsAway()
+// Drive delays the sound; the first sample still comes first, and the last one last.
+void tst_AudioRenderer::takesTheDelayOut_data()
+{
+    QTest::addColumn<int>("frames");
+    for (const int frames : {1, 50, 78, 200, 8192, 8200, 20000})
+        QTest::addRow("%d", frames) << frames;
+}
+
+void tst_AudioRenderer::takesTheDelayOut()
+{
+    QFETCH(const int, frames);
+    std::vector<double> samples(static_cast<std::size_t>(frames));
+    samples.front() = samples.back() = 0.01;
+    SoundFiles::write(path("in.wav"), Sound{SF_FORMAT_WAV | SF_FORMAT_FLOAT, 48000, 1, samples});
+    QCOMPARE(render(path("in.wav"), path("out.wav"), {{27, 1}}), QString());
+    const std::vector<double> out = SoundFiles::read(path("out.wav")).samples;
+    QCOMPARE(out.size(), samples.size());
+    const auto middle = out.begin() + (frames + 1) / 2;
+    QCOMPARE(std::max_element(out.begin(), middle) - out.begin(), 0);
+    QCOMPARE(std::max_element(out.begin() + frames / 2, out.end()) - out.begin(), frames - 1);
+}
+
+void tst_AudioRenderer::refusesCornersBeyondHalfTheRate()
 {
     SoundFiles::write(path("in.wav"), Sound{SF_FORMAT_WAV | SF_FORMAT_PCM_16, 8000, 1,
                                             SoundFiles::noise(200000)});
     QCOMPARE(render(path("in.wav"), path("out.wav"), {{22, 1150}, {23, 60}}),
-             QStringLiteral("The sound file %1 cannot be processed: at 8000 Hz the equalizer runs "
-                            "away, because a band lies beyond half the sampling rate.")
+             QStringLiteral("The sound file %1 cannot be processed: the high frequency of 15003 Hz "
+                            "lies beyond half its sampling rate of 8000 Hz.")
                  .arg(path("in.wav")));
     m_renderer.reset();
     QVERIFY(!QFile::exists(path("out.wav")));
+    QCOMPARE(render(path("in.wav"), path("out.wav"), {{22, 1150}, {23, 60}, {24, 0}}), QString());
+    QCOMPARE(render(path("in.wav"), path("out.wav"), {{22, 900}, {23, 60}}), QString());
 }
 
 QTEST_APPLESS_MAIN(tst_AudioRenderer)
