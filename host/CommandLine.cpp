@@ -31,9 +31,9 @@ QCommandLineOption withoutValue(const char* name)
 
 void addOptions(QCommandLineParser& parser)
 {
-    for (const char* name : {"plugin", "channel", "scale", "sample-rate", "set", "state",
-                             "save-state", "screenshot", "meters", "language", "render",
-                             "audio", "device", "rate", "block"})
+    for (const char* name :
+         {"plugin", "channel", "scale", "sample-rate", "set", "state", "save-state", "screenshot",
+          "meters", "language", "render", "audio", "device", "rate", "block"})
         parser.addOption(withValue(name));
     for (const char* name : {"mono", "list", "help", "float", "live", "loop", "devices"})
         parser.addOption(withoutValue(name));
@@ -110,8 +110,9 @@ private:
         if (render.input.isEmpty() || render.output.isEmpty())
             fail(QStringLiteral("--render takes the names of two files, IN and OUT."));
         else if (!AudioFormat::canWrite(render.output))
-            fail(QStringLiteral("--render writes files that end in .wav, .flac or .ogg, not \"%1\".")
-                     .arg(render.output));
+            fail(
+                QStringLiteral("--render writes files that end in .wav, .flac or .ogg, not \"%1\".")
+                    .arg(render.output));
         else if (render.forceFloat && !isWav(render.output))
             fail(QStringLiteral("--float is for files that end in .wav, not \"%1\".")
                      .arg(render.output));
@@ -311,9 +312,11 @@ QString CommandLine::helpText()
         "\n"
         "These do their work alone, without an editor; of the above only --channel, --state and\n"
         "--set count for them:\n"
-        "  --devices              print the sound devices: name, outputs, inputs, preferred rate in\n"
+        "  --devices              print the sound devices: name, outputs, inputs, preferred rate "
+        "in\n"
         "                         Hz and remarks, separated by tabs\n"
-        "  --render IN OUT        send a WAV, FLAC or OGG file through the channel's equalizer into\n"
+        "  --render IN OUT        send a WAV, FLAC or OGG file through the channel's equalizer "
+        "into\n"
         "                         a new one whose name ends in .wav, .flac or .ogg\n"
         "  --float                write 32-bit floats into a .wav file, whatever IN has\n"
         "\n"

@@ -26,16 +26,16 @@ public:
     {
     public:
         virtual ~Source() = default;
-        /// Fills \a frames samples of each of \a outputCount channels, full scale 1. \a inputs holds
-        /// what comes in; there are none unless the device was opened for that.
+        /// Fills \a frames samples of each of \a outputCount channels, full scale 1. \a inputs
+        /// holds what comes in; there are none unless the device was opened for that.
         virtual void render(const float* const* inputs, int inputCount, float* const* outputs,
                             int outputCount, int frames) = 0;
     };
 
     using Settings = AudioDeviceSettings;
 
-    /// The rate that open() chooses for a sound of \a soundRate; 0 where it would fail for want of the
-    /// device.
+    /// The rate that open() chooses for a sound of \a soundRate; 0 where it would fail for want of
+    /// the device.
     static int rateFor(const Settings& settings, int soundRate);
 
     AudioDevice();
@@ -43,8 +43,8 @@ public:
     AudioDevice(const AudioDevice&) = delete;
     AudioDevice& operator=(const AudioDevice&) = delete;
 
-    /// Opens the device without starting it. Without a rate in the settings, \a soundRate is used if
-    /// the device runs at it (0 for none), otherwise the rate that the device prefers.
+    /// Opens the device without starting it. Without a rate in the settings, \a soundRate is used
+    /// if the device runs at it (0 for none), otherwise the rate that the device prefers.
     QString open(const Settings& settings, int soundRate);
     /// Starts; \a source must outlive the playing.
     QString start(Source* source);

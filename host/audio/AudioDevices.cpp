@@ -72,8 +72,9 @@ AudioDevices::Choice chooseAmong(const std::vector<const AudioDeviceInfo*>& foun
     if (found.size() == 1)
         return {found.front(), QString()};
     if (found.empty())
-        return {nullptr, QStringLiteral("There is no sound device \"%1\"; --devices shows them all.")
-                             .arg(text)};
+        return {
+            nullptr,
+            QStringLiteral("There is no sound device \"%1\"; --devices shows them all.").arg(text)};
     QStringList names;
     for (const AudioDeviceInfo* device : found)
         names << device->name;

@@ -30,9 +30,9 @@ namespace AudioDevices {
 /// All that can be opened now, system by system.
 std::vector<AudioDeviceInfo> list();
 
-/// One of \a devices: the one of that name (with or without its system, in any case), or the only one
-/// whose name has \a text in it; for an empty text the first system's default output. A fault is
-/// a sentence.
+/// One of \a devices: the one of that name (with or without its system, in any case), or the only
+/// one whose name has \a text in it; for an empty text the first system's default output. A fault
+/// is a sentence.
 struct Choice
 {
     const AudioDeviceInfo* device = nullptr;

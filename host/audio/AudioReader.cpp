@@ -29,7 +29,9 @@ QString faultOfFile(const QString& file)
 
 QString shortened(std::int64_t found, std::int64_t promised)
 {
-    return QStringLiteral("it is cut short: it ends after %1 of %2 frames").arg(found).arg(promised);
+    return QStringLiteral("it is cut short: it ends after %1 of %2 frames")
+        .arg(found)
+        .arg(promised);
 }
 
 } // namespace

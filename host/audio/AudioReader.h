@@ -66,8 +66,7 @@ private:
     QString openSound();
     std::size_t transfer(AudioBlock* block);
     template <typename Sample>
-    std::size_t transfer(AudioBlock* block,
-                         sf_count_t (*readFrames)(SNDFILE*, Sample*, sf_count_t),
+    std::size_t transfer(AudioBlock* block, sf_count_t (*readFrames)(SNDFILE*, Sample*, sf_count_t),
                          std::vector<Sample>* buffer);
     void repair(AudioBlock* block);
     void checkEnd();

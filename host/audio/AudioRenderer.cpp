@@ -26,8 +26,7 @@ constexpr std::size_t highBand = 20;
 double cornerOf(const ChannelProcessor::Values& values, std::size_t first)
 {
     const int type = values[first];
-    const bool pass =
-        type == BandDesign::SecondOrderPass || type == BandDesign::FirstOrderPass;
+    const bool pass = type == BandDesign::SecondOrderPass || type == BandDesign::FirstOrderPass;
     if (values[first + 3] == 0 || (!pass && values[first + 2] == 0))
         return 0.0;
     const Parameter& entry = parameterTable[first + 1];
@@ -60,8 +59,8 @@ QString AudioRenderer::open()
     if (fault.isEmpty())
         fault = faultOfSettings();
     if (fault.isEmpty())
-        fault = m_writer.open(m_job.output, AudioFormat::outputFor(m_job.output, m_reader.info(),
-                                                                   m_job.forceFloat));
+        fault = m_writer.open(
+            m_job.output, AudioFormat::outputFor(m_job.output, m_reader.info(), m_job.forceFloat));
     if (fault.isEmpty()) {
         copyTexts();
         prepareStrips();
@@ -88,9 +87,9 @@ QString AudioRenderer::faultOfSettings() const
 
 void AudioRenderer::copyTexts()
 {
-    for (const int kind : {SF_STR_TITLE, SF_STR_COPYRIGHT, SF_STR_ARTIST, SF_STR_COMMENT,
-                           SF_STR_DATE, SF_STR_ALBUM, SF_STR_LICENSE, SF_STR_TRACKNUMBER,
-                           SF_STR_GENRE})
+    for (const int kind :
+         {SF_STR_TITLE, SF_STR_COPYRIGHT, SF_STR_ARTIST, SF_STR_COMMENT, SF_STR_DATE, SF_STR_ALBUM,
+          SF_STR_LICENSE, SF_STR_TRACKNUMBER, SF_STR_GENRE})
         m_writer.setText(kind, m_reader.text(kind));
     m_writer.setChannelMap(m_reader.channelMap());
 }
@@ -109,19 +108,18 @@ void AudioRenderer::prepareStrips()
 QString AudioRenderer::runBlocks(const Progress& progress)
 {
     AudioBlock block(m_strips.size());
-    do {
+    bool last = false;
+    while (!last && !m_ended) {
         m_reader.read(&block);
+        last = block.frames() < block.capacity();
         if (!m_reader.fault().isEmpty())
             return m_reader.fault();
-        const bool last = block.frames() < block.capacity();
-        QString fault = process(&block);
-        if (fault.isEmpty() && last)
-            return runDelayed(&block);
+        const QString fault = process(&block);
         if (!fault.isEmpty())
             return fault;
         m_ended = progress && !progress(done());
-    } while (!m_ended);
-    return QString();
+    }
+    return m_ended ? QString() : runDelayed(&block);
 }
 
 // What is still under way at the end of the file comes out with silence behind it.

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "host/engine/ChannelProcessor.h"
 #include "host/audio/AudioReader.h"
 #include "host/audio/AudioWriter.h"
+#include "host/engine/ChannelProcessor.h"
 
 #include <QString>
 

@@ -54,11 +54,11 @@ QString AudioWriter::open(const QString& file, const SF_INFO& info)
     m_access = std::make_unique<FileAccess>(m_file.handle());
     m_sound.reset(sf_open_virtual(FileAccess::operations(), SFM_WRITE, &format, m_access.get()));
     if (!m_sound)
-        return sentence(systemFault(
-            QStringLiteral("its format does not take %1 channels at %2 Hz (%3)")
-                .arg(info.channels)
-                .arg(info.samplerate)
-                .arg(AudioFormat::reasonOf(nullptr))));
+        return sentence(
+            systemFault(QStringLiteral("its format does not take %1 channels at %2 Hz (%3)")
+                            .arg(info.channels)
+                            .arg(info.samplerate)
+                            .arg(AudioFormat::reasonOf(nullptr))));
     setUp(m_sound.get());
     return QString();
 }

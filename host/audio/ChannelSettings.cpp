@@ -23,17 +23,17 @@ const Steinberg::FUID& editorClass()
 
 // The parameters' numbers in the order in which the editor's component saves them: the first five
 // bands downwards, the high band upwards.
-constexpr std::array<std::size_t, parameterCount> savedOrder = {
-    4,  3,  2,  1,  8,  7,  6,  5,  12, 11, 10, 9,  16, 15,
-    14, 13, 20, 19, 18, 17, 21, 22, 23, 24, 25, 26, 27};
+constexpr std::array<std::size_t, parameterCount> savedOrder = {4,  3,  2,  1,  8,  7,  6,  5,  12,
+                                                                11, 10, 9,  16, 15, 14, 13, 20, 19,
+                                                                18, 17, 21, 22, 23, 24, 25, 26, 27};
 
 // Single precision up to the rounding, as the component restores it.
 int rawOf(const Parameter& parameter, float unit)
 {
     const float steps = static_cast<float>(parameter.maximum - parameter.minimum) * unit;
     const auto rounded = static_cast<std::int64_t>(static_cast<double>(steps) + 0.5);
-    return static_cast<int>(std::clamp<std::int64_t>(parameter.minimum + rounded,
-                                                     parameter.minimum, parameter.maximum));
+    return static_cast<int>(std::clamp<std::int64_t>(parameter.minimum + rounded, parameter.minimum,
+                                                     parameter.maximum));
 }
 
 } // namespace

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "host/engine/ChannelProcessor.h"
 #include "host/CommandLine.h"
+#include "host/engine/ChannelProcessor.h"
 
 #include <QByteArray>
 #include <QString>

@@ -66,19 +66,19 @@ private:
     std::unique_ptr<AudioBlock> m_block;
     std::unique_ptr<Resampler> m_resampler;
     std::unique_ptr<RingBuffer> m_ring;
-    std::vector<float> m_interleaved;    // one piece of the file
-    std::vector<float> m_pending;        // converted, but without room so far
+    std::vector<float> m_interleaved; // one piece of the file
+    std::vector<float> m_pending;     // converted, but without room so far
     std::size_t m_pendingStart = 0;
-    std::vector<float> m_taken;          // the audio thread's
+    std::vector<float> m_taken; // the audio thread's
     std::int64_t m_start = 0;
     double m_fileFramesPerFrame = 1.0;
     bool m_looping = false;
-    bool m_allRead = false;              // the reading thread's
+    bool m_allRead = false; // the reading thread's
 
     std::thread m_thread;
     std::mutex m_mutex;
     std::condition_variable m_wakeUp;
-    bool m_stopping = false;             // behind the mutex
+    bool m_stopping = false;              // behind the mutex
     std::atomic<bool> m_complete = false; // everything is in the ring
     std::atomic<bool> m_ended = false;
     std::atomic<std::int64_t> m_delivered = 0;

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "host/engine/ChannelProcessor.h"
 #include "host/audio/AudioCallback.h"
 #include "host/audio/Mailbox.h"
+#include "host/engine/ChannelProcessor.h"
 
 #include <QTimer>
 

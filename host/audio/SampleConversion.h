@@ -16,8 +16,8 @@ void toBlock(const float* samples, AudioBlock* block);
 void toBlock(const double* samples, AudioBlock* block);
 
 /// Writes the block's frames in use to \a samples; the result is how many did not fit in and were
-/// set to the nearest limit (a NaN to the lower one). Whole numbers are rounded to the nearest, ties
-/// to even, without dither. Integers keep their upper \a bits bits, the others are 0.
+/// set to the nearest limit (a NaN to the lower one). Whole numbers are rounded to the nearest,
+/// ties to even, without dither. Integers keep their upper \a bits bits, the others are 0.
 std::int64_t fromBlock(const AudioBlock& block, short* samples);
 std::int64_t fromBlock(const AudioBlock& block, int bits, int* samples);
 std::int64_t fromBlock(const AudioBlock& block, float* samples);

@@ -85,12 +85,14 @@ JackDevice::JackDevice(const char* name)
         m_outs.push_back(
             jack_port_register(m_client, port, JACK_DEFAULT_AUDIO_TYPE, JackPortIsOutput, 0));
     jack_set_process_callback(m_client, &JackDevice::process, this);
+    jack_on_shutdown(
+        m_client, [](void* device) { static_cast<JackDevice*>(device)->m_lost = true; }, this);
     jack_activate(m_client);
 }
 
 JackDevice::~JackDevice()
 {
-    if (m_client)
+    if (m_client && !m_lost)
         jack_client_close(m_client);
 }
 
@@ -116,10 +118,10 @@ int JackDevice::process(jack_nframes_t frames, void* user)
     for (jack_port_t* port : device->m_outs) {
         auto* buffer = static_cast<float*>(jack_port_get_buffer(port, frames));
         for (jack_nframes_t i = 0; i < frames; ++i)
-            buffer[i] = device->m_given.empty()
-                            ? 0.0F
-                            : device->m_given[(device->m_givenPosition + i) %
-                                              device->m_given.size()];
+            buffer[i] =
+                device->m_given.empty()
+                    ? 0.0F
+                    : device->m_given[(device->m_givenPosition + i) % device->m_given.size()];
     }
     device->m_givenPosition += frames;
     if (device->m_listening)

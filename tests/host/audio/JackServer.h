@@ -60,6 +60,7 @@ private:
     void hear(jack_nframes_t frames);
 
     jack_client_t* m_client;
+    std::atomic<bool> m_lost = false; // the server went; the library cannot close such a client
     std::vector<jack_port_t*> m_ins;
     std::vector<jack_port_t*> m_outs;
     std::vector<std::vector<float>> m_samples;

@@ -75,8 +75,8 @@ void tst_AudioReader::readsEveryFormat()
     QFETCH(const int, channels);
     QFETCH(const int, rate);
     const auto count = static_cast<std::size_t>(channels) * 2345;
-    const QString file = SoundFiles::write(
-        path("sound"), Sound{format, rate, channels, SoundFiles::noise(count)});
+    const QString file =
+        SoundFiles::write(path("sound"), Sound{format, rate, channels, SoundFiles::noise(count)});
     AudioReader reader;
     QCOMPARE(reader.open(file), QString());
     QCOMPARE(reader.info().samplerate, rate);
@@ -133,10 +133,11 @@ void tst_AudioReader::refuses_data()
     };
     QTest::newRow("missing") << path("nowhere.wav") << "No such file or directory";
     QTest::newRow("folder") << m_folder.path() << "it is a folder";
-    QTest::newRow("device") << "/dev/null" << "it is no ordinary file";
+    QTest::newRow("device") << "/dev/null"
+                            << "it is no ordinary file";
     QTest::newRow("empty") << made("empty.wav", "") << "it is empty (0 bytes)";
-    QTest::newRow("text") << made("text.wav", "some text") <<
-        "it is no sound file that this program knows (Format not recognised)";
+    QTest::newRow("text") << made("text.wav", "some text")
+                          << "it is no sound file that this program knows (Format not recognised)";
     QTest::newRow("wav cut short")
         << made("short.wav", wav.chopped(1))
         << "it is cut short: its header promises 40000 bytes of samples, it holds 39999";
@@ -170,11 +171,12 @@ void tst_AudioReader::noticesTheWrongEnd()
     QCOMPARE(reader.open(file), QString());
     const std::vector<double> read = readAll(&reader, 1000);
     QVERIFY(!read.empty() && read.size() < sound.samples.size());
-    QCOMPARE(reader.fault(),
-             QStringLiteral("The sound file %1 cannot be read: it is cut short: it ends after %2 of "
-                            "50000 frames.")
-                 .arg(file)
-                 .arg(read.size() / 2));
+    QCOMPARE(
+        reader.fault(),
+        QStringLiteral("The sound file %1 cannot be read: it is cut short: it ends after %2 of "
+                       "50000 frames.")
+            .arg(file)
+            .arg(read.size() / 2));
 }
 
 // A program that cannot go back to the header writes the largest length there.

@@ -297,9 +297,9 @@ void tst_AudioSession::saysWhatCannotBePlayed()
 
 void tst_AudioSession::saysThatAFileWasCutShort()
 {
-    const QString whole = SoundFiles::write(
-        path("whole.flac"),
-        Sound{SF_FORMAT_FLAC | SF_FORMAT_PCM_16, 48000, 2, SoundFiles::noise(200000)});
+    const QString whole =
+        SoundFiles::write(path("whole.flac"), Sound{SF_FORMAT_FLAC | SF_FORMAT_PCM_16, 48000, 2,
+                                                    SoundFiles::noise(200000)});
     const QByteArray bytes = SoundFiles::bytesOf(whole);
     SoundFiles::writeBytes(path("short.flac"), bytes.left(bytes.size() / 2));
     QVERIFY(m_session->openFile(path("short.flac")));

@@ -120,10 +120,10 @@ void tst_zolta_render::needsNoDisplayAndNoPlugin()
 void tst_zolta_render::followsSettings()
 {
     writeNoise("in.wav");
-    const Result result = run({QStringLiteral("--render"), QStringLiteral("in.wav"),
-                               QStringLiteral("out.wav"), QStringLiteral("--float"),
-                               QStringLiteral("--channel"), QStringLiteral("5"),
-                               QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_26=-20")});
+    const Result result =
+        run({QStringLiteral("--render"), QStringLiteral("in.wav"), QStringLiteral("out.wav"),
+             QStringLiteral("--float"), QStringLiteral("--channel"), QStringLiteral("5"),
+             QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_26=-20")});
     QCOMPARE(result.code, 0);
     const std::vector<double> before = SoundFiles::read(path("in.wav")).samples;
     const std::vector<double> after = SoundFiles::read(path("out.wav")).samples;
@@ -140,17 +140,18 @@ void tst_zolta_render::stateAndSettingsCountAsInTheEditor()
     for (int number = 1; number <= 27; ++number) {
         const int band = (number - 1) / 4;
         const bool gain = number % 4 == 3 && number < 25;
-        settings << QStringLiteral("--set")
-                 << QStringLiteral("fx_rackfx_prm_%1=@%2").arg(number).arg(gain ? 9 * band - 20 : 1);
+        settings
+            << QStringLiteral("--set")
+            << QStringLiteral("fx_rackfx_prm_%1=@%2").arg(number).arg(gain ? 9 * band - 20 : 1);
     }
-    for (const char* setting : {"fx_rackfx_prm_2=@300", "fx_rackfx_prm_6=@500",
-                                "fx_rackfx_prm_10=@644", "fx_rackfx_prm_14=@777",
-                                "fx_rackfx_prm_18=@901", "fx_rackfx_prm_22=@1003",
-                                "fx_rackfx_prm_9=@333", "fx_rackfx_prm_21=@2"})
+    for (const char* setting :
+         {"fx_rackfx_prm_2=@300", "fx_rackfx_prm_6=@500", "fx_rackfx_prm_10=@644",
+          "fx_rackfx_prm_14=@777", "fx_rackfx_prm_18=@901", "fx_rackfx_prm_22=@1003",
+          "fx_rackfx_prm_9=@333", "fx_rackfx_prm_21=@2"})
         settings << QStringLiteral("--set") << QString::fromLatin1(setting);
     const QStringList render = {QStringLiteral("--render"), QStringLiteral("in.wav")};
-    const Result saved = run(
-        settings + QStringList{QStringLiteral("--save-state"), QStringLiteral("a.vstpreset")});
+    const Result saved =
+        run(settings + QStringList{QStringLiteral("--save-state"), QStringLiteral("a.vstpreset")});
     QCOMPARE(saved.errors, QString());
     QCOMPARE(saved.code, 0);
     QCOMPARE(run(render + QStringList{QStringLiteral("state.wav"), QStringLiteral("--state"),
@@ -215,8 +216,8 @@ void tst_zolta_render::saysWhatIsWrong()
     QFETCH(const QString, words);
     QFETCH(const QString, expected);
     writeNoise("in.wav");
-    SoundFiles::write(path("many.wav"), Sound{SF_FORMAT_WAV | SF_FORMAT_PCM_16, 48000, 20,
-                                              SoundFiles::noise(2000)});
+    SoundFiles::write(path("many.wav"),
+                      Sound{SF_FORMAT_WAV | SF_FORMAT_PCM_16, 48000, 20, SoundFiles::noise(2000)});
     QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("folder.wav")));
     SoundFiles::writeBytes(path("bad.state"), StateBytes::state().left(100));
     const Result result =
@@ -231,14 +232,15 @@ void tst_zolta_render::warnsAboutClippingAndDamage()
     sound.samples[2 * 700 + 1] = std::nan("");
     sound.samples[2 * 900] = 1.5;
     SoundFiles::write(path("in.wav"), sound);
-    const Result result = run(
-        {QStringLiteral("--render"), QStringLiteral("in.wav"), QStringLiteral("out.flac")});
+    const Result result =
+        run({QStringLiteral("--render"), QStringLiteral("in.wav"), QStringLiteral("out.flac")});
     QCOMPARE(result.code, 0);
-    QCOMPARE(result.errors,
-             QStringLiteral("zolta-host: Warning: 1 samples of in.wav are no finite numbers and "
-                            "count as 0; the first is in frame 700 of channel 1.\n"
-                            "zolta-host: Warning: 1 samples of out.flac are clipped; a lower output "
-                            "level or --float avoids that.\n"));
+    QCOMPARE(
+        result.errors,
+        QStringLiteral("zolta-host: Warning: 1 samples of in.wav are no finite numbers and "
+                       "count as 0; the first is in frame 700 of channel 1.\n"
+                       "zolta-host: Warning: 1 samples of out.flac are clipped; a lower output "
+                       "level or --float avoids that.\n"));
 }
 
 // A limit on the size of files stands in for a disk that is full.
