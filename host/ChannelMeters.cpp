@@ -36,6 +36,12 @@ void ChannelMeters::takeReturn(std::span<const double> block, double seconds)
     m_return.update(peakOf(block), seconds);
 }
 
+void ChannelMeters::take(double sendPeak, double returnPeak, double seconds)
+{
+    m_send.update(sendPeak, seconds);
+    m_return.update(returnPeak, seconds);
+}
+
 double peakOf(std::span<const double> block)
 {
     double peak = 0.0;

@@ -15,7 +15,8 @@ struct MeterLevels
     bool operator==(const MeterLevels&) const = default;
 };
 
-/// A level that follows the peaks of a signal: up at once, down by 20 dB a second.
+/// A level that follows the peaks of a signal: up at once, with the block that
+/// a peak is in, and down by 20 dB a second.
 class PeakLevel
 {
 public:
@@ -27,6 +28,8 @@ public:
 
     /// In tenths of a dB, MeterLevels::lowest to MeterLevels::highest.
     int tenths() const;
+    /// Takes over a level that was measured elsewhere.
+    void setTenths(int tenths) { m_level = tenths / 10.0; }
 
 private:
     double m_level = MeterLevels::lowest / 10.0; // dB
@@ -39,6 +42,8 @@ public:
     /// Each takes the samples at its point of the channel.
     void takeSend(std::span<const double> block, double seconds);
     void takeReturn(std::span<const double> block, double seconds);
+    /// The peaks of both points at once, as in PeakLevel::update().
+    void take(double sendPeak, double returnPeak, double seconds);
 
     MeterLevels levels() const { return {m_send.tenths(), m_return.tenths()}; }
 

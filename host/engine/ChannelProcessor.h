@@ -66,8 +66,9 @@ private:
     double gainOf(std::size_t parameter) const;
 
     bool isSettled() const;
+    int presentBands() const;
     void runBands(std::span<double> block);
-    void runSettledBands(std::span<double> block);
+    void runChain(std::span<double> block);
     void forgetBands();
 
     Values m_values{};

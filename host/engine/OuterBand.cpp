@@ -57,6 +57,18 @@ void OuterBand::process(std::span<double> block)
         m_filter.cal({sample, block.end()});
 }
 
+void OuterBand::lend(VEQ_Filter::Runner* runner) const
+{
+    if (!isAbsent())
+        *runner = m_filter.runner();
+}
+
+void OuterBand::takeBack(const VEQ_Filter::Runner& runner)
+{
+    if (!isAbsent())
+        m_filter.setDelay(runner);
+}
+
 void OuterBand::design(const Band& band, double sampleRate)
 {
     if (m_side == Side::Low)

@@ -25,13 +25,15 @@ public:
     /// Runs \a block in place, with the changes under way.
     void process(std::span<double> block);
 
-    /// Whether no change is under way; the band is then either absent or its runner().
+    /// Whether no change is under way.
     bool isSettled() const
     {
         return !m_presence.isMoving() && (isAbsent() || m_filter.isSettled());
     }
     bool isAbsent() const { return m_presence.isOut(); }
-    VEQ_Filter& filter() { return m_filter; }
+    /// Of a settled band, for a loop over several bands; an absent band leaves \a runner as it is.
+    void lend(VEQ_Filter::Runner* runner) const;
+    void takeBack(const VEQ_Filter::Runner& runner);
 
 private:
     void design(const Band& band, double sampleRate);

@@ -60,6 +60,18 @@ void PeakingBand::process(std::span<double> block)
         filter().boost(block, m_gainFactor);
 }
 
+void PeakingBand::lend(FILTER2PEQ::Runner* runner) const
+{
+    if (!isAbsent())
+        *runner = m_filters[m_used].runner(m_gainFactor);
+}
+
+void PeakingBand::takeBack(const FILTER2PEQ::Runner& runner)
+{
+    if (!isAbsent())
+        filter().setDelay(runner);
+}
+
 void PeakingBand::design(FILTER2PEQ& filter)
 {
     BandDesign::designMiddle(filter, m_band.frequency, m_band.quality, m_band.gain, m_sampleRate);

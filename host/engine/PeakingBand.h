@@ -24,17 +24,16 @@ public:
     /// Runs \a block in place, with the changes under way.
     void process(std::span<double> block);
 
-    /// Whether no change is under way; the band is then either absent or the filter in use with the
-    /// gain factor.
+    /// Whether no change is under way.
     bool isSettled() const { return !m_gain.isMoving() && !m_fade.isMoving() && !m_waiting; }
     bool isAbsent() const { return m_gain.value() == 1.0 && !m_gain.isMoving(); }
     bool isCut() const { return m_gain.value() < 1.0; }
-    /// 10^(|dB| / 20) - 1 of the band's own gain, even where a centre beyond half the sample rate
-    /// was clamped, as the curve is drawn.
-    double gainFactor() const { return m_gainFactor; }
-    FILTER2PEQ& filter() { return m_filters[m_used]; }
+    /// Of a settled band, for a loop over several bands; an absent band leaves \a runner as it is.
+    void lend(FILTER2PEQ::Runner* runner) const;
+    void takeBack(const FILTER2PEQ::Runner& runner);
 
 private:
+    FILTER2PEQ& filter() { return m_filters[m_used]; }
     FILTER2PEQ& fadedFilter() { return m_filters[1 - m_used]; }
     void design(FILTER2PEQ& filter);
     void designFromSilence();
@@ -46,6 +45,8 @@ private:
     std::size_t m_used = 0;
     FadeRamp m_fade; // to the filter in use, from the other one
     GainRamp m_gain; // 10^(dB / 20)
+    // 10^(|dB| / 20) - 1 of the band's own gain, even where a centre beyond half the sample rate
+    // was clamped: as the curve is drawn.
     double m_gainFactor = 0.0;
     bool m_waiting = false;
     Band m_band;

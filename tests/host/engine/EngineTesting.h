@@ -6,11 +6,23 @@
 
 #include <QString>
 #include <QStringList>
+#include <QtTest>
 
 #include <cmath>
 #include <cstddef>
 #include <random>
 #include <vector>
+
+/// Fails the running test unless |actual - expected| <= tolerance; what is no number fails.
+#define COMPARE_NEAR(actual, expected, tolerance)                                                  \
+    do {                                                                                           \
+        const double a_ = (actual);                                                                \
+        const double e_ = (expected);                                                              \
+        QVERIFY2(std::abs(a_ - e_) <= (tolerance), qPrintable(QStringLiteral("%1 is %2, not %3")   \
+                                                                  .arg(QLatin1String(#actual))     \
+                                                                  .arg(a_, 0, 'g', 17)             \
+                                                                  .arg(e_, 0, 'g', 17)));          \
+    } while (false)
 
 /// Settings and signals that the tests of the signal processor share.
 namespace EngineTesting {
