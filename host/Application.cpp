@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/Application.h"
 
+#include "host/AudioMeters.h"
 #include "host/EditorWindow.h"
 #include "host/HostTheme.h"
 #include "host/MixerWindow.h"
@@ -143,6 +144,7 @@ void Application::playAudio(QWidget* window)
         box->setModal(false);
         box->show();
     });
+    m_mixer.meters.setProducer(std::make_unique<AudioMeters>(m_equalizer.engine()));
     m_equalizer.follow(m_mixer.memory, m_commandLine.editor.channel);
     m_audio.play();
 }

@@ -39,7 +39,7 @@ private:
 
     CommandLine m_commandLine;
     QString m_programFolder;
+    LiveEqualizer m_equalizer; // the mixer's meters read it
     Mixer m_mixer;
-    LiveEqualizer m_equalizer;
     AudioSession m_audio{m_equalizer};
 };

@@ -4,8 +4,6 @@
 #include "host/HostMemory.h"
 #include "host/audio/ChannelSettings.h"
 
-#include <algorithm>
-
 namespace {
 
 constexpr int lookInterval = 10; // ms
@@ -13,8 +11,7 @@ constexpr int lookInterval = 10; // ms
 } // namespace
 
 LiveEqualizer::LiveEqualizer()
-    : m_posted(ChannelSettings::defaults())
-    , m_piece(pieceFrames)
+    : m_published(ChannelSettings::defaults())
 {
     m_timer.setInterval(lookInterval);
     m_timer.setTimerType(Qt::PreciseTimer);
@@ -25,51 +22,36 @@ void LiveEqualizer::follow(const HostMemory& memory, int channel)
 {
     m_memory = &memory;
     m_channel = channel;
-    look();
+    m_published = memory.values(channel);
+    m_engine.publish(channel, m_published);
+    m_engine.publish(partnerOf(channel), m_published);
     m_timer.start();
 }
 
 void LiveEqualizer::look()
 {
-    const ChannelProcessor::Values& values = m_memory->values(m_channel);
-    if (values == m_posted)
+    const AudioEngine::Values& values = m_memory->values(m_channel);
+    if (values == m_published)
         return;
-    m_posted = values;
-    m_mailbox.post(values);
+    m_published = values;
+    m_engine.publish(m_channel, values);
+    m_engine.publish(partnerOf(m_channel), values);
 }
 
 void LiveEqualizer::setSampleRate(double hertz)
 {
-    for (ChannelProcessor& strip : m_strips) {
-        strip.setSampleRate(hertz);
-        strip.forget();
-    }
-    if (m_mailbox.take(&m_values)) {
-        for (ChannelProcessor& strip : m_strips)
-            strip.setValues(m_values);
-    }
+    m_engine.setSampleRate(hertz);
+    m_engine.reset();
 }
 
+// The left side is the pair's even channel; one side alone is the channel that is followed.
 void LiveEqualizer::process(float* const* channels, int count, int frames)
 {
-    if (m_mailbox.take(&m_values)) {
-        for (ChannelProcessor& strip : m_strips)
-            strip.setValues(m_values);
-    }
-    const auto heard = std::min(static_cast<std::size_t>(count), mostChannels);
-    for (std::size_t c = 0; c < heard; ++c) {
-        for (int done = 0; done < frames; done += pieceFrames)
-            processPiece(channels[c] + done,
-                         static_cast<std::size_t>(std::min(pieceFrames, frames - done)),
-                         &m_strips[c]);
-    }
-}
-
-void LiveEqualizer::processPiece(float* samples, std::size_t frames, ChannelProcessor* strip)
-{
-    const std::span<double> piece(m_piece.data(), frames);
-    std::copy_n(samples, frames, piece.begin());
-    strip->process(piece);
-    std::transform(piece.begin(), piece.end(), samples,
-                   [](double sample) { return static_cast<float>(sample); });
+    std::array<float*, channelCount> blocks{};
+    const auto left = static_cast<std::size_t>(count == 1 ? m_channel : m_channel & ~1);
+    if (count > 0)
+        blocks[left] = channels[0];
+    if (count > 1)
+        blocks[left + 1] = channels[1];
+    m_engine.process(std::span<float* const>(blocks), static_cast<std::size_t>(frames));
 }

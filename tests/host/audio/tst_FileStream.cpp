@@ -3,7 +3,6 @@
 #include "host/HostMemory.h"
 #include "host/audio/FileStream.h"
 #include "host/audio/LiveEqualizer.h"
-#include "host/audio/Mailbox.h"
 #include "tests/host/audio/SoundFiles.h"
 #include "tests/support/TestObject.h"
 
@@ -42,8 +41,6 @@ class tst_FileStream : public TestObject
 private Q_SLOTS:
     void ringKeepsOrderAcrossItsEnd();
     void ringKeepsOrderBetweenThreads();
-    void mailboxKeepsTheNewest();
-    void mailboxTearsNothing();
     void streamGivesTheFile();
     void streamCountsWhatCameTooLate();
     void convertsWithoutLoss_data();
@@ -93,47 +90,6 @@ void tst_FileStream::ringKeepsOrderBetweenThreads()
     }
     writer.join();
     QCOMPARE(wrong, 0);
-}
-
-void tst_FileStream::mailboxKeepsTheNewest()
-{
-    Mailbox<int> mailbox;
-    int value = -1;
-    QVERIFY(!mailbox.take(&value));
-    mailbox.post(1);
-    mailbox.post(2);
-    mailbox.post(3);
-    QVERIFY(mailbox.take(&value));
-    QCOMPARE(value, 3);
-    QVERIFY(!mailbox.take(&value));
-    mailbox.post(4);
-    QVERIFY(mailbox.take(&value));
-    QCOMPARE(value, 4);
-}
-
-void tst_FileStream::mailboxTearsNothing()
-{
-    using Letter = std::array<int, 27>;
-    constexpr int last = 200000;
-    Mailbox<Letter> mailbox;
-    std::thread poster([&mailbox] {
-        for (int i = 1; i <= last; ++i) {
-            Letter letter;
-            letter.fill(i);
-            mailbox.post(letter);
-        }
-    });
-    Letter taken{};
-    int torn = 0;
-    int newest = 0;
-    while (newest < last) {
-        if (!mailbox.take(&taken))
-            continue;
-        torn += taken.front() != taken.back() || taken.front() <= newest ? 1 : 0;
-        newest = taken.front();
-    }
-    poster.join();
-    QCOMPARE(torn, 0);
 }
 
 void tst_FileStream::streamGivesTheFile()
