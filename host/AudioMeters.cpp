@@ -6,7 +6,8 @@
 AudioMeters::AudioMeters(const AudioEngine& engine)
     : m_engine(engine)
 {
-    m_channels.fill({.blocks = engine.blocks()});
+    for (Channel& channel : m_channels)
+        channel.blocks = engine.blocks();
 }
 
 MeterLevels AudioMeters::read(int channel, const std::array<int, parameterCount>&, int,

@@ -19,8 +19,9 @@
 /// thread; an object is used by one thread at a time. How a signal is cut into blocks makes no
 /// difference to what comes out, and settings at rest that change nothing let every bit through.
 ///
-/// A changed setting is faded in within rampSeconds. Settings made before the first sample, after
-/// forget() or after setSampleRate() are in force at once.
+/// A changed setting is faded in within rampSeconds, one of the outer bands within twice that; a
+/// setting that comes while its band still changes waits for that. Settings made before the first
+/// sample, after forget() or after setSampleRate() are in force at once.
 ///
 /// Samples that are no number, infinite or beyond loudest count as 0. A corner beyond half the
 /// sample rate can make a band run away; from there on the block is silent and the bands start

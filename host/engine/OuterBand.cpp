@@ -25,36 +25,41 @@ OuterBand::OuterBand(Side side)
 
 void OuterBand::set(const Band& band, double sampleRate, bool atOnce)
 {
-    const bool silent = atOnce || isAbsent();
+    const bool redesigned = !isSameDesign(band, m_band);
+    m_band = band;
     if (atOnce) {
+        m_sampleRate = sampleRate;
         m_filter.SetSampleRate(sampleRate);
         m_presence.setLength(rampSamples(sampleRate));
+        return forget();
     }
-    if (atOnce || !m_designed || !isSameDesign(band, m_band))
-        design(band, sampleRate);
-    m_band = band;
-    if (silent)
-        m_filter.clear();
-    m_presence.moveTo(band.on && !isFlatShelf(band));
-    if (atOnce)
-        forget();
+    if (isAbsent())
+        startFromSilence();
+    else if (redesigned)
+        m_waiting = true;
+    m_presence.moveTo(isWanted());
 }
 
 void OuterBand::forget()
 {
-    m_filter.clear();
-    m_presence.jumpTo(m_band.on && !isFlatShelf(m_band));
+    startFromSilence();
+    m_presence.jumpTo(isWanted());
 }
 
 void OuterBand::process(std::span<double> block)
 {
     auto sample = block.begin();
-    for (; sample != block.end() && m_presence.isMoving(); ++sample) {
-        const double share = m_presence.next();
-        *sample += share * (m_filter.cal(*sample) - *sample);
-    }
+    for (; sample != block.end() && !isSettled(); ++sample)
+        *sample = next(*sample);
     if (!isAbsent())
         m_filter.cal({sample, block.end()});
+}
+
+bool OuterBand::isSettled() const
+{
+    if (m_presence.isMoving())
+        return false;
+    return isAbsent() || (!m_waiting && m_listening == 0 && m_filter.isSettled());
 }
 
 void OuterBand::lend(VEQ_Filter::Runner* runner) const
@@ -69,11 +74,44 @@ void OuterBand::takeBack(const VEQ_Filter::Runner& runner)
         m_filter.setDelay(runner);
 }
 
-void OuterBand::design(const Band& band, double sampleRate)
+bool OuterBand::isWanted() const { return m_band.on && !isFlatShelf(m_band); }
+
+void OuterBand::design(VEQ_Filter* filter) const
 {
-    if (m_side == Side::Low)
-        BandDesign::designLow(m_filter, band.type, band.frequency, band.gain, sampleRate);
-    else
-        BandDesign::designHigh(m_filter, band.type, band.frequency, band.gain, sampleRate);
-    m_designed = true;
+    const auto design = m_side == Side::Low ? BandDesign::designLow : BandDesign::designHigh;
+    design(*filter, m_band.type, m_band.frequency, m_band.gain, m_sampleRate);
+}
+
+void OuterBand::startFromSilence()
+{
+    design(&m_filter);
+    m_filter.clear();
+    m_listening = 0;
+    m_waiting = false;
+}
+
+double OuterBand::next(double sample)
+{
+    if (m_waiting && m_listening == 0 && m_filter.isSettled()) {
+        design(&m_listener);
+        m_listener.clear();
+        m_listening = rampSamples(m_sampleRate);
+        m_waiting = false;
+    }
+    const double result = m_filter.cal(sample);
+    listen(sample);
+    return m_presence.isMoving() ? sample + m_presence.next() * (result - sample) : result;
+}
+
+void OuterBand::listen(double sample)
+{
+    if (m_listening == 0)
+        return;
+    m_listener.cal(sample);
+    if (--m_listening > 0)
+        return;
+    const VEQ_Filter::Runner heard = m_listener.runner();
+    m_filter.setCoefByCopy(&m_listener);
+    m_filter.ChangeCoef();
+    m_filter.setDelay(heard);
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/engine/Ramps.h"
 
+#include <algorithm>
+
 void GainRamp::jumpTo(double target)
 {
     m_value = m_target = target;
@@ -12,8 +14,13 @@ void GainRamp::moveTo(double target, std::int64_t samples)
     if (target == m_target)
         return;
     m_target = target;
-    m_left = samples;
-    m_step = std::exp(std::log(target / m_value) / static_cast<double>(samples));
+    m_half = std::max<std::int64_t>(samples / 2, 1);
+    m_left = 2 * m_half;
+    m_step = 1.0;
+    // The step grows by the acceleration m_half times and shrinks m_half - 1 times; all steps
+    // together are the way.
+    const auto half = static_cast<double>(m_half);
+    m_acceleration = std::exp(std::log(target / m_value) / (half * (half + 1.0)));
 }
 
 double GainRamp::next()
@@ -21,6 +28,10 @@ double GainRamp::next()
     if (m_left == 0)
         return m_value;
     --m_left;
+    if (m_left >= m_half)
+        m_step *= m_acceleration;
+    else if (m_left < m_half - 1)
+        m_step /= m_acceleration;
     m_value = m_left == 0 ? m_target : m_value * m_step;
     return m_value;
 }

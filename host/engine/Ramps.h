@@ -15,8 +15,8 @@ inline std::int64_t rampSamples(double sampleRate)
     return samples >= 1.0 ? static_cast<std::int64_t>(samples) : 1;
 }
 
-/// A factor above zero that moves to its target geometrically (evenly in dB) and then is exactly
-/// the target.
+/// A factor above zero that moves to its target and then is exactly the target. On the way its
+/// level in dB speeds up evenly for one half of the time and slows down for the other.
 class GainRamp
 {
 public:
@@ -25,7 +25,7 @@ public:
     bool isMoving() const { return m_left > 0; }
 
     void jumpTo(double target);
-    /// In \a samples steps from here; nothing happens where that is the target already.
+    /// In about \a samples steps from here; nothing happens where that is the target already.
     void moveTo(double target, std::int64_t samples);
     /// One sample onward.
     double next();
@@ -36,6 +36,8 @@ private:
     double m_value = 1.0;
     double m_target = 1.0;
     double m_step = 1.0;
+    double m_acceleration = 1.0;
+    std::int64_t m_half = 1;
     std::int64_t m_left = 0;
 };
 

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "graph/filters/BandDesign.h"
 #include "tests/host/engine/EngineTesting.h"
 #include "tests/support/TestObject.h"
 
 #include <complex>
+#include <limits>
 
 using namespace EngineTesting;
 
@@ -20,6 +22,18 @@ private Q_SLOTS:
     void levelsMultiply();
     void changesArePickedUp();
     void forgets();
+    void firstSettingsAreInForceAtOnce();
+    void aNewRateStartsAfresh();
+    void blocksDoNotMatter_data();
+    void blocksDoNotMatter();
+    void bandsAreTheFiltersInTurn();
+    void switchedOffDriveLeavesTheBands();
+    void restingFlatBandsLetEveryBitThrough();
+    void clampedCentresSoundAsDrawn();
+    void oddSamplesCountAsZero_data();
+    void oddSamplesCountAsZero();
+    void runawayBandsStartAfresh();
+    void lowestNumbersAreFlushed();
 
 private:
     static double gain(const Block& in, const Block& out, double frequency, int rate);
@@ -173,6 +187,248 @@ void tst_ChannelProcessor::forgets()
     silence.assign(10, 0.0);
     processor.equalize(silence);
     QCOMPARE(silence, Block(10, 0.0));
+}
+
+void tst_ChannelProcessor::firstSettingsAreInForceAtOnce()
+{
+    const Values values = valuesFrom(QStringLiteral("3=-70 7=60 25=-60 26=30"));
+    ChannelProcessor processor;
+    processor.setValues(valuesFrom(QStringLiteral("25=100")));
+    processor.setValues(values);
+    Block first = noise(1000);
+    processor.process(first);
+    processor.setValues(valuesFrom(QStringLiteral("3=70 7=-60 25=60")));
+    Block changing = noise(100);
+    processor.process(changing);
+    processor.setValues(values);
+    processor.forget();
+    Block again = noise(1000);
+    processor.process(again);
+    QCOMPARE(again, first);
+}
+
+void tst_ChannelProcessor::aNewRateStartsAfresh()
+{
+    const Values values = valuesFrom(QStringLiteral("3=-70 7=60 23=50 27=1"));
+    ChannelProcessor processor;
+    processor.setValues(values);
+    Block block = noise(1000);
+    processor.process(block);
+    processor.setSampleRate(96000.0);
+    ChannelProcessor fresh;
+    fresh.setSampleRate(96000.0);
+    fresh.setValues(values);
+    block = noise(1000);
+    Block expected = block;
+    processor.process(block);
+    fresh.process(expected);
+    QCOMPARE(block, expected);
+}
+
+void tst_ChannelProcessor::blocksDoNotMatter_data()
+{
+    QTest::addColumn<QString>("settings");
+    QTest::newRow("all bands") << QStringLiteral("3=60 7=-60 11=30 15=-30 19=100 23=-100 27=1");
+    QTest::newRow("two bands") << QStringLiteral("7=-60 11=30");
+    QTest::newRow("levels") << QStringLiteral("25=-60 26=30");
+}
+
+// With changes under way in the first half.
+void tst_ChannelProcessor::blocksDoNotMatter()
+{
+    QFETCH(const QString, settings);
+    const Values changed = valuesFrom(settings);
+    ChannelProcessor one;
+    ChannelProcessor other;
+    for (ChannelProcessor* processor : {&one, &other}) {
+        Block block = noise(1000);
+        processor->process(block);
+        processor->setValues(changed);
+    }
+    Block whole = noise(2000);
+    Block parts = whole;
+    one.process(whole);
+    std::size_t done = 0;
+    for (std::size_t count = 0; done < parts.size(); count = (count + 5) % 64) {
+        const std::size_t part = std::min(count, parts.size() - done);
+        other.process(std::span(parts).subspan(done, part));
+        done += part;
+    }
+    QCOMPARE(parts, whole);
+}
+
+// Against the filters' operations on single samples.
+void tst_ChannelProcessor::bandsAreTheFiltersInTurn()
+{
+    const Values values =
+        valuesFrom(QStringLiteral("2=400 3=100 5=0 6=400 7=-200 9=499 10=800 11=150 "
+                                  "13=200 15=-25 17=100 19=50 21=1 22=1000"));
+    EqualizerBands bands;
+    ChannelProcessor processor;
+    processor.setValues(values);
+    Block out = noise(4000);
+    Block expected = out;
+    processor.equalize(out);
+
+    const auto position = [&values](std::size_t i) {
+        return BandDesign::position(values[i], parameterTable[i].minimum,
+                                    parameterTable[i].maximum);
+    };
+    VEQ_Filter low;
+    BandDesign::designLow(low, 3, BandDesign::frequency(position(1)), BandDesign::gain(position(2)),
+                          48000.0);
+    low.clear();
+    VEQ_Filter high;
+    BandDesign::designHigh(high, 1, BandDesign::frequency(position(21)), 0.0, 48000.0);
+    high.clear();
+    std::array<FILTER2PEQ, 4> middle;
+    for (std::size_t i = 0; i < 4; ++i)
+        BandDesign::designMiddle(middle[i], BandDesign::frequency(position(4 * i + 5)),
+                                 BandDesign::quality(position(4 * i + 4)),
+                                 BandDesign::gain(position(4 * i + 6)), 48000.0);
+    for (double& sample : expected) {
+        sample = low.cal(sample);
+        for (FILTER2PEQ& band : middle) {
+            const double k = band.gainFactor();
+            const bool boost = band.mode() == FILTER2PEQ::ModeBoost;
+            const double in = sample;
+            sample = boost ? in + k * band.cal_boost(in)
+                           : (in - k * band.cal_cut()) * (1.0 / (1.0 + band.scaledGain()));
+            band.dlyupdate_bpf(boost ? in : sample);
+        }
+        sample = high.cal(sample);
+    }
+    QCOMPARE(out, expected);
+}
+
+void tst_ChannelProcessor::switchedOffDriveLeavesTheBands()
+{
+    const Values clean = valuesFrom(QStringLiteral("3=60 7=-60 25=20"));
+    const Values drive = valuesFrom(QStringLiteral("3=60 7=-60 25=20 27=1"));
+    ChannelProcessor never;
+    ChannelProcessor once;
+    never.setValues(clean);
+    once.setValues(drive);
+    Block first = noise(4000);
+    Block second = first;
+    never.process(first);
+    once.process(second);
+    QVERIFY(first != second);
+    once.setValues(clean);
+    for (int i = 0; i < 2; ++i) {
+        first = noise(4000);
+        second = first;
+        never.process(first);
+        once.process(second);
+    }
+    QCOMPARE(second, first);
+}
+
+void tst_ChannelProcessor::restingFlatBandsLetEveryBitThrough()
+{
+    ChannelProcessor processor;
+    processor.setValues(valuesFrom(QStringLiteral("1=2 3=100 7=100 11=-100 23=-40 25=60 26=-60")));
+    Block block = noise(4000);
+    processor.process(block);
+    processor.setValues(valuesFrom(QStringLiteral("1=2")));
+    block = noise(4000);
+    processor.process(block);
+    block = noise(4000);
+    processor.process(block);
+    QCOMPARE(block, noise(4000));
+}
+
+// At rates below 40020 Hz a centre can lie beyond the top that a filter allows: its gain factor is
+// then 0, but curves are drawn with the band's own gain, and so it sounds.
+void tst_ChannelProcessor::clampedCentresSoundAsDrawn()
+{
+    const Values values = valuesFrom(QStringLiteral("5=0 6=1200 7=200"));
+    ChannelProcessor processor;
+    processor.setSampleRate(32000.0);
+    processor.setValues(values);
+    EqualizerBands bands;
+    setBands(&bands, values, 32000);
+    const Block in = sine(15000.0, 32000, 32000);
+    Block out = in;
+    processor.process(out);
+    const double drawn = drawnLevel(bands, values, 15000.0);
+    QVERIFY(drawn > 0.1);
+    QVERIFY(std::abs(gain(in, out, 15000.0, 32000) - drawn) < 0.005);
+}
+
+void tst_ChannelProcessor::oddSamplesCountAsZero_data()
+{
+    QTest::addColumn<double>("sample");
+    QTest::newRow("undefined") << std::numeric_limits<double>::quiet_NaN();
+    QTest::newRow("infinite") << std::numeric_limits<double>::infinity();
+    QTest::newRow("minus infinite") << -std::numeric_limits<double>::infinity();
+    QTest::newRow("no signal") << 1e300;
+}
+
+void tst_ChannelProcessor::oddSamplesCountAsZero()
+{
+    QFETCH(const double, sample);
+    const Values values = valuesFrom(QStringLiteral("3=60 7=-60 11=200 25=200 27=1"));
+    ChannelProcessor odd;
+    ChannelProcessor zero;
+    odd.setValues(values);
+    zero.setValues(values);
+    Block first = noise(1000);
+    Block second = first;
+    for (const std::size_t i : {0, 500, 501, 999}) {
+        first[i] = sample;
+        second[i] = 0.0;
+    }
+    odd.process(first);
+    zero.process(second);
+    QCOMPARE(first, second);
+}
+
+// A corner beyond half the sample rate makes the low band unstable. It never lets out anything but
+// numbers, and a sane setting sounds as if nothing had been.
+void tst_ChannelProcessor::runawayBandsStartAfresh()
+{
+    ChannelProcessor processor;
+    processor.setSampleRate(1000.0);
+    processor.setValues(valuesFrom(QStringLiteral("1=1 2=600 21=1 22=850")));
+    bool loud = false;
+    bool silenced = false;
+    for (int i = 0; i < 400; ++i) {
+        Block block = noise(100);
+        processor.process(block);
+        for (const double sample : block) {
+            QVERIFY(std::isfinite(sample));
+            loud = loud || std::abs(sample) > 1e20;
+            silenced = silenced || sample == 0.0;
+        }
+    }
+    QVERIFY(loud && silenced);
+    processor.setValues(defaults());
+    Block block = noise(1000);
+    processor.process(block);
+    block = noise(1000);
+    processor.process(block);
+    QCOMPARE(block, noise(1000));
+}
+
+// What decays does not linger in denormal numbers: it comes to an end, and the thread's arithmetic
+// is as before.
+void tst_ChannelProcessor::lowestNumbersAreFlushed()
+{
+    ChannelProcessor processor;
+    processor.setValues(valuesFrom(QStringLiteral("3=60 7=-60 11=200 15=30 19=-30 23=60")));
+    Block block = noise(1000);
+    processor.process(block);
+    for (int i = 0; i < 600; ++i) {
+        block.assign(1000, 0.0);
+        processor.process(block);
+        for (const double sample : block)
+            QVERIFY(std::fpclassify(sample) != FP_SUBNORMAL);
+    }
+    // Without flushing, the narrow bands would be down there by now.
+    QVERIFY(std::abs(block.back()) < 1e-300);
+    volatile double lowest = std::numeric_limits<double>::min();
+    QVERIFY(lowest / 2.0 > 0.0);
 }
 
 QTEST_APPLESS_MAIN(tst_ChannelProcessor)
