@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/Application.h"
 
+#include "host/AudioMeters.h"
 #include "host/EditorWindow.h"
 #include "host/HostTheme.h"
 #include "host/MixerWindow.h"
@@ -9,6 +10,7 @@
 
 #include <QApplication>
 #include <QBuffer>
+#include <QMessageBox>
 
 #include <cerrno>
 #include <cstdio>
@@ -96,17 +98,55 @@ int Application::runHeadless()
 int Application::runWindows()
 {
     openSettings();
+    QString fault = openAudio();
+    if (!fault.isEmpty())
+        return finished(fault);
     const EditorSettings& settings = m_commandLine.editor;
     MixerWindow mixerWindow(m_mixer, settings);
     mixerWindow.show();
     EditorWindow* editor = mixerWindow.openEditor(settings.channel, settings.stereo);
     if (!editor)
         return finished(noEditor(settings.channel));
-    const QString fault = loadState(editor->session());
+    fault = loadState(editor->session());
     if (!fault.isEmpty())
         return finished(fault);
     applySettings();
+    playAudio(&mixerWindow);
     return QApplication::exec();
+}
+
+// The editor draws the curve for the rate that is heard, unless it was given another one.
+QString Application::openAudio()
+{
+    if (!m_commandLine.plays())
+        return QString();
+    const CommandLine::Audio& audio = m_commandLine.audio;
+    m_audio.setDevice(audio.device);
+    m_audio.setLooping(audio.loop);
+    if (!audio.file.isEmpty() && !m_audio.openFile(audio.file))
+        return m_audio.faultText();
+    const int rate = m_audio.expectedRate();
+    if (!m_commandLine.sampleRateGiven && rate > 0)
+        m_commandLine.editor.sampleRate = rate;
+    return QString();
+}
+
+// Without a device everything but the sound works on.
+void Application::playAudio(QWidget* window)
+{
+    if (!m_commandLine.plays())
+        return;
+    QObject::connect(&m_audio, &AudioSession::faulted, window, [window](const QString& sentence) {
+        complain(sentence);
+        auto* box = new QMessageBox(QMessageBox::Warning, window->windowTitle(), sentence,
+                                    QMessageBox::Ok, window);
+        box->setAttribute(Qt::WA_DeleteOnClose);
+        box->setModal(false);
+        box->show();
+    });
+    m_mixer.meters.setProducer(std::make_unique<AudioMeters>(m_equalizer.engine()));
+    m_equalizer.follow(m_mixer.memory, m_commandLine.editor.channel);
+    m_audio.play();
 }
 
 void Application::openSettings()

@@ -3,6 +3,8 @@
 
 #include "host/CommandLine.h"
 #include "host/Mixer.h"
+#include "host/audio/AudioSession.h"
+#include "host/audio/LiveEqualizer.h"
 
 #include <QWidget>
 
@@ -26,6 +28,8 @@ public:
 private:
     int runHeadless();
     int runWindows();
+    QString openAudio();
+    void playAudio(QWidget* window);
     void openSettings();
     void playMeters();
     QString loadState(EditorSession& session);
@@ -35,5 +39,7 @@ private:
 
     CommandLine m_commandLine;
     QString m_programFolder;
+    LiveEqualizer m_equalizer; // the mixer's meters read it
     Mixer m_mixer;
+    AudioSession m_audio{m_equalizer};
 };

@@ -3,9 +3,11 @@
 
 #include "host/ParameterTable.h"
 #include "host/ParameterText.h"
+#include "host/audio/AudioFormat.h"
 
 #include <QCommandLineParser>
 
+#include <initializer_list>
 #include <string>
 
 namespace {
@@ -14,6 +16,8 @@ constexpr double smallestScale = 0.5;
 constexpr double largestScale = 4.0;
 constexpr int lowestSampleRate = 1000;
 constexpr int highestSampleRate = 768000;
+constexpr int smallestBlock = 16;
+constexpr int largestBlock = 8192;
 
 QCommandLineOption withValue(const char* name)
 {
@@ -27,10 +31,11 @@ QCommandLineOption withoutValue(const char* name)
 
 void addOptions(QCommandLineParser& parser)
 {
-    for (const char* name : {"plugin", "channel", "scale", "sample-rate", "set", "state",
-                             "save-state", "screenshot", "meters", "language"})
+    for (const char* name :
+         {"plugin", "channel", "scale", "sample-rate", "set", "state", "save-state", "screenshot",
+          "meters", "language", "render", "audio", "device", "rate", "block"})
         parser.addOption(withValue(name));
-    for (const char* name : {"mono", "list", "help"})
+    for (const char* name : {"mono", "list", "help", "float", "live", "loop", "devices"})
         parser.addOption(withoutValue(name));
 }
 
@@ -62,14 +67,17 @@ public:
                     &m_result.editor.channel);
         readInteger("sample-rate", lowestSampleRate, highestSampleRate,
                     "a sampling rate from 1000 to 768000 Hz", &m_result.editor.sampleRate);
+        m_result.sampleRateGiven = m_parser.isSet(QStringLiteral("sample-rate"));
         readScale();
         readMeters();
         readLanguage();
         for (const QString& text : m_parser.values(QStringLiteral("set")))
             readSetting(text);
-        if (!m_parser.positionalArguments().isEmpty())
-            fail(QStringLiteral("\"%1\" is no option.")
-                     .arg(m_parser.positionalArguments().constFirst()));
+        QStringList further = m_parser.positionalArguments();
+        readRender(&further);
+        readAudio();
+        if (!further.isEmpty())
+            fail(QStringLiteral("\"%1\" is no option.").arg(further.constFirst()));
     }
 
 private:
@@ -85,6 +93,75 @@ private:
         *file = m_parser.value(name);
         if (m_parser.isSet(name) && file->isEmpty())
             fail(QStringLiteral("--%1 takes the name of a file.").arg(name));
+    }
+
+    // The second of the two files stands alone.
+    void readRender(QStringList* further)
+    {
+        CommandLine::Render& render = m_result.render;
+        render.forceFloat = m_parser.isSet(QStringLiteral("float"));
+        if (!m_parser.isSet(QStringLiteral("render"))) {
+            refuseWithout("--render", {"float"});
+            return;
+        }
+        render.input = m_parser.value(QStringLiteral("render"));
+        if (!further->isEmpty())
+            render.output = further->takeFirst();
+        if (render.input.isEmpty() || render.output.isEmpty())
+            fail(QStringLiteral("--render takes the names of two files, IN and OUT."));
+        else if (!AudioFormat::canWrite(render.output))
+            fail(
+                QStringLiteral("--render writes files that end in .wav, .flac or .ogg, not \"%1\".")
+                    .arg(render.output));
+        else if (render.forceFloat && !isWav(render.output))
+            fail(QStringLiteral("--float is for files that end in .wav, not \"%1\".")
+                     .arg(render.output));
+        refuseTogether("render", {"list", "save-state", "screenshot"});
+    }
+
+    void readAudio()
+    {
+        CommandLine::Audio& audio = m_result.audio;
+        readFile("audio", &audio.file);
+        audio.device.live = m_parser.isSet(QStringLiteral("live"));
+        audio.loop = m_parser.isSet(QStringLiteral("loop"));
+        audio.device.device = m_parser.value(QStringLiteral("device"));
+        readInteger("rate", lowestSampleRate, highestSampleRate,
+                    "a sampling rate from 1000 to 768000 Hz", &audio.device.rate);
+        readInteger("block", smallestBlock, largestBlock, "a number of frames from 16 to 8192",
+                    &audio.device.block);
+        m_result.devices = m_parser.isSet(QStringLiteral("devices"));
+        if (!m_result.plays())
+            return refuseWithout("--audio or --live", {"device", "rate", "block", "loop"});
+        if (audio.file.isEmpty())
+            refuseWithout("--audio", {"loop"});
+        else
+            refuseTogether("audio", {"live"});
+        refuseTogether(audio.file.isEmpty() ? "live" : "audio",
+                       {"list", "save-state", "screenshot", "render", "devices"});
+    }
+
+    void refuseTogether(const char* option, std::initializer_list<const char*> others)
+    {
+        for (const char* other : others) {
+            if (m_parser.isSet(QLatin1String(other)))
+                fail(QStringLiteral("--%1 and --%2 do not go together.")
+                         .arg(QLatin1String(option), QLatin1String(other)));
+        }
+    }
+
+    void refuseWithout(const char* needed, std::initializer_list<const char*> options)
+    {
+        for (const char* option : options) {
+            if (m_parser.isSet(QLatin1String(option)))
+                fail(QStringLiteral("--%1 is for %2 only.")
+                         .arg(QLatin1String(option), QLatin1String(needed)));
+        }
+    }
+
+    static bool isWav(const QString& file)
+    {
+        return file.endsWith(QLatin1String(".wav"), Qt::CaseInsensitive);
     }
 
     void readInteger(const char* option, int minimum, int maximum, const char* range, int* value)
@@ -182,7 +259,7 @@ private:
 
 bool CommandLine::headless() const
 {
-    return help || list || !saveState.isEmpty() || !screenshot.isEmpty();
+    return help || list || devices || renders() || !saveState.isEmpty() || !screenshot.isEmpty();
 }
 
 CommandLine CommandLine::parse(const QStringList& arguments)
@@ -218,6 +295,12 @@ QString CommandLine::helpText()
         "  --meters on|off        whether a built-in signal runs through the equalizer and moves\n"
         "                         the meters (on in windows, otherwise off; a picture then shows\n"
         "                         them after one second)\n"
+        "  --audio FILE           play a WAV, FLAC or OGG file through the channel's equalizer\n"
+        "  --loop                 play it over and over\n"
+        "  --live                 play what the sound device takes in instead\n"
+        "  --device NAME          the sound device, or a part of its name (the default one)\n"
+        "  --rate HZ              the device's sampling rate (the file's, if the device has it)\n"
+        "  --block FRAMES         the device's block, 16 to 8192 (as the device likes)\n"
         "\n"
         "These do their work without a window and end, in this order:\n"
         "  --help                 show this\n"
@@ -226,6 +309,16 @@ QString CommandLine::helpText()
         "  --save-state FILE      write the channel's settings, as a preset if FILE ends in\n"
         "                         .vstpreset\n"
         "  --screenshot FILE.png  write a picture of the editor\n"
+        "\n"
+        "These do their work alone, without an editor; of the above only --channel, --state and\n"
+        "--set count for them:\n"
+        "  --devices              print the sound devices: name, outputs, inputs, preferred rate "
+        "in\n"
+        "                         Hz and remarks, separated by tabs\n"
+        "  --render IN OUT        send a WAV, FLAC or OGG file through the channel's equalizer "
+        "into\n"
+        "                         a new one whose name ends in .wav, .flac or .ogg\n"
+        "  --float                write 32-bit floats into a .wav file, whatever IN has\n"
         "\n"
         "Exit codes: 0 done, 1 a file or the plug-in is at fault, 2 the command line is.\n");
 }

@@ -3,6 +3,7 @@
 
 #include "host/EditorSession.h"
 #include "host/Language.h"
+#include "host/audio/AudioDeviceSettings.h"
 
 #include <QString>
 #include <QStringList>
@@ -21,6 +22,22 @@ struct CommandLine
         int value;
     };
 
+    /// "--render": sound through the equalizer from file to file.
+    struct Render
+    {
+        QString input; ///< empty: nothing to render
+        QString output;
+        bool forceFloat = false; ///< "--float"
+    };
+
+    /// "--audio" and "--live": sound while the windows are open.
+    struct Audio
+    {
+        QString file; ///< empty: none
+        bool loop = false;
+        AudioDeviceSettings device;
+    };
+
     QString plugin; ///< empty: the library beside this program
     EditorSettings editor;
     std::vector<Setting> settings;
@@ -31,10 +48,17 @@ struct CommandLine
     QString state;              ///< file to load
     QString saveState;          ///< file to write
     QString screenshot;         ///< file to write
+    Render render;
+    Audio audio;
+    bool devices = false;         ///< "--devices"
+    bool sampleRateGiven = false; ///< whether "--sample-rate" was
     QString fault; ///< why the arguments make no sense, as a sentence; the rest is void then
 
     /// Whether the program does its work and ends, without a window.
     bool headless() const;
+    /// Whether it does so without an editor, too.
+    bool renders() const { return !render.input.isEmpty(); }
+    bool plays() const { return !audio.file.isEmpty() || audio.device.live; }
     bool showsMeters() const { return meters.value_or(!headless()); }
 
     /// \a arguments begin with the program's name.

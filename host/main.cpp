@@ -2,6 +2,8 @@
 #include "host/Application.h"
 #include "host/CommandLine.h"
 #include "host/StartUp.h"
+#include "host/audio/AudioDevices.h"
+#include "host/audio/RenderCommand.h"
 
 #include <QApplication>
 
@@ -23,6 +25,15 @@ int refuse(const QString& sentence)
     return ExitUsage;
 }
 
+int devicesCommand()
+{
+    const std::vector<AudioDeviceInfo> devices = AudioDevices::list();
+    if (devices.empty())
+        complain(QStringLiteral("There is no sound device."));
+    std::fputs(AudioDevices::table(devices).constData(), stdout);
+    return ExitDone;
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
@@ -34,12 +45,17 @@ int main(int argc, char* argv[])
     }
     if (!commandLine.fault.isEmpty())
         return refuse(commandLine.fault);
+    if (commandLine.devices)
+        return devicesCommand();
+    if (commandLine.renders())
+        return renderCommand(commandLine);
     if (commandLine.headless())
         chooseNoDisplay();
     if (!canShowWindows())
         return refuse(QStringLiteral(
             "There is no display to open a window on (DISPLAY and WAYLAND_DISPLAY are not set). "
-            "Without one, use --list, --save-state FILE, --screenshot FILE.png or --help."));
+            "Without one, use --list, --save-state FILE, --screenshot FILE.png, --render IN OUT or "
+            "--help."));
 
     const QString folder = programFolder();
     chooseFonts(folder);

@@ -282,7 +282,7 @@ void tst_zolta_host::saysThatThereIsNoDisplay()
     QCOMPARE(result.errors,
              QStringLiteral("zolta-host: There is no display to open a window on (DISPLAY and "
                             "WAYLAND_DISPLAY are not set). Without one, use --list, --save-state "
-                            "FILE, --screenshot FILE.png or --help.\n"));
+                            "FILE, --screenshot FILE.png, --render IN OUT or --help.\n"));
 }
 
 void tst_zolta_host::refusesPlugins_data()

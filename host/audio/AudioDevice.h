@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/audio/AudioDeviceSettings.h"
+
+#include <QString>
+
+#include <RtAudio.h>
+
+#include <atomic>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+struct AudioDeviceInfo;
+
+/// A sound device while it plays. One at a time in a program, and for one thread, except for what
+/// the device calls back.
+///
+/// Faults are sentences.
+class AudioDevice
+{
+public:
+    /// What fills the device's buffers, on the audio thread: must neither lock, allocate nor throw.
+    class Source
+    {
+    public:
+        virtual ~Source() = default;
+        /// Fills \a frames samples of each of \a outputCount channels, full scale 1. \a inputs
+        /// holds what comes in; there are none unless the device was opened for that.
+        virtual void render(const float* const* inputs, int inputCount, float* const* outputs,
+                            int outputCount, int frames) = 0;
+    };
+
+    using Settings = AudioDeviceSettings;
+
+    /// The rate that open() chooses for a sound of \a soundRate; 0 where it would fail for want of
+    /// the device.
+    static int rateFor(const Settings& settings, int soundRate);
+
+    AudioDevice();
+    ~AudioDevice();
+    AudioDevice(const AudioDevice&) = delete;
+    AudioDevice& operator=(const AudioDevice&) = delete;
+
+    /// Opens the device without starting it. Without a rate in the settings, \a soundRate is used
+    /// if the device runs at it (0 for none), otherwise the rate that the device prefers.
+    QString open(const Settings& settings, int soundRate);
+    /// Starts; \a source must outlive the playing.
+    QString start(Source* source);
+    /// Stops and closes.
+    void close();
+
+    bool isOpen() const { return m_system != nullptr; }
+    const QString& name() const { return m_name; }
+    int rate() const { return m_rate; }
+    int block() const { return static_cast<int>(m_block); }
+    int inputs() const { return static_cast<int>(m_inputs.size()); }
+    int outputs() const { return static_cast<int>(m_outputs.size()); }
+
+    /// Why a device that was started plays no more; nothing while it does.
+    QString fault() const;
+    /// How often the device did not get its samples in time.
+    std::int64_t underruns() const { return m_underruns.load(std::memory_order_relaxed); }
+
+private:
+    static int called(void* output, void* input, unsigned int frames, double time,
+                      RtAudioStreamStatus status, void* user);
+    static void noted(RtAudioError::Type type, const std::string& text);
+
+    QString openStream(const AudioDeviceInfo& output, const AudioDeviceInfo* input);
+    void fill(float* output, const float* input, std::size_t frames);
+    QString sentence(const QString& reason) const;
+
+    std::unique_ptr<RtAudio> m_system;
+    Source* m_source = nullptr;
+    QString m_name;
+    int m_rate = 0;
+    unsigned int m_block = 0;
+    std::vector<const float*> m_inputs;
+    std::vector<float*> m_outputs;
+    std::atomic<std::int64_t> m_underruns = 0;
+};

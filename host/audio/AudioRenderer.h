@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/audio/AudioReader.h"
+#include "host/audio/AudioWriter.h"
+#include "host/engine/ChannelProcessor.h"
+
+#include <QString>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <vector>
+
+/// Sends a sound file through the equalizer into another one of the same length and rate, in
+/// constant memory. Every channel of the file gets the same settings and an equalizer of its own,
+/// whose delay is taken out.
+class AudioRenderer
+{
+public:
+    struct Job
+    {
+        QString input;
+        QString output; ///< AudioFormat::canWrite() must hold
+        ChannelProcessor::Values values{};
+        bool forceFloat = false; ///< a WAV file gets 32-bit floats whatever the input has
+    };
+
+    /// Told after every block how much is done, from 0 to 1; -1 where the length is not known.
+    /// False ends the work.
+    using Progress = std::function<bool(double done)>;
+
+    explicit AudioRenderer(const Job& job);
+
+    /// Does the job. Returns nothing, or what went wrong as a sentence that names the file; the
+    /// output is then as it was before. The same holds for a job that was ended.
+    QString run(const Progress& progress);
+
+    bool wasEnded() const { return m_ended; }
+    /// Samples of the output that were set to its format's limit.
+    std::int64_t clipped() const { return m_writer.clipped(); }
+    /// Samples of the input that counted as 0.
+    const AudioReader::Damage& damage() const { return m_reader.damage(); }
+
+private:
+    QString open();
+    void copyTexts();
+    void prepareStrips();
+    QString faultOfSettings() const;
+    QString runBlocks(const Progress& progress);
+    QString runDelayed(AudioBlock* block);
+    QString process(AudioBlock* block);
+    double done() const;
+
+    Job m_job;
+    AudioReader m_reader;
+    AudioWriter m_writer;
+    std::vector<std::unique_ptr<ChannelProcessor>> m_strips;
+    std::size_t m_delay = 0;  // frames
+    std::size_t m_toDrop = 0; // of those that come out first
+    bool m_ended = false;
+};

@@ -1,0 +1,228 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/audio/AudioSession.h"
+
+#include "host/audio/AudioCallback.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace {
+
+constexpr int watchInterval = 100; // ms
+
+} // namespace
+
+// The audio thread's side: a file's or the inputs' channels through the equalizer to the outputs.
+class AudioSession::Player : public AudioDevice::Source
+{
+public:
+    Player(AudioCallback& equalizer, FileStream& stream)
+        : m_equalizer(equalizer)
+        , m_stream(stream)
+    {}
+
+    void prepare(int rate, bool live)
+    {
+        m_live = live;
+        m_equalizer.setSampleRate(rate);
+    }
+
+    void render(const float* const* inputs, int inputCount, float* const* outputs, int outputCount,
+                int frames) override
+    {
+        const int sources = m_live ? inputCount : m_stream.channels();
+        const int heard = std::min(sources, outputCount);
+        if (m_live)
+            copy(inputs, heard, outputs, frames);
+        else
+            readFile(outputs, outputCount, frames);
+        m_equalizer.process(outputs, heard, frames);
+        for (int c = std::max(heard, 1); c < outputCount; ++c)
+            std::copy_n(outputs[0], frames, outputs[c]);
+    }
+
+private:
+    static void copy(const float* const* inputs, int count, float* const* outputs, int frames)
+    {
+        for (int c = 0; c < count; ++c)
+            std::copy_n(inputs[c], frames, outputs[c]);
+    }
+
+    // A device of one channel hears the first one of a stereo file.
+    void readFile(float* const* outputs, int outputCount, int frames)
+    {
+        std::array<float*, FileStream::mostChannels> channels{};
+        for (int c = 0; c < FileStream::mostChannels; ++c)
+            channels[static_cast<std::size_t>(c)] = c < outputCount ? outputs[c] : m_unheard.data();
+        const int step = outputCount < FileStream::mostChannels ? int{unheardFrames} : frames;
+        for (int done = 0; done < frames; done += step) {
+            const int count = std::min(step, frames - done);
+            m_stream.read(channels.data(), count);
+            for (int c = 0; c < outputCount; ++c)
+                channels[static_cast<std::size_t>(c)] += count;
+        }
+    }
+
+    static constexpr int unheardFrames = 256;
+
+    AudioCallback& m_equalizer;
+    FileStream& m_stream;
+    bool m_live = false;
+    std::array<float, unheardFrames> m_unheard{};
+};
+
+AudioSession::AudioSession(AudioCallback& equalizer, QObject* parent)
+    : QObject(parent)
+    , m_player(std::make_unique<Player>(equalizer, m_stream))
+{
+    m_watch.setInterval(watchInterval);
+    connect(&m_watch, &QTimer::timeout, this, &AudioSession::watch);
+}
+
+AudioSession::~AudioSession() { halt(); }
+
+bool AudioSession::openFile(const QString& file)
+{
+    stop();
+    const QString fault = m_stream.open(file);
+    m_file = fault.isEmpty() ? file : QString();
+    m_frame = 0;
+    Q_EMIT fileChanged(m_file);
+    if (!fault.isEmpty())
+        return fail(fault);
+    m_fault.clear();
+    return true;
+}
+
+double AudioSession::duration() const
+{
+    return m_stream.length() >= 0 ? double(m_stream.length()) / m_stream.rate() : -1.0;
+}
+
+void AudioSession::setDevice(const AudioDevice::Settings& settings) { m_settings = settings; }
+
+void AudioSession::setLooping(bool looping)
+{
+    if (m_looping == looping)
+        return;
+    m_looping = looping;
+    if (m_state == State::Playing && !m_settings.live)
+        setPosition(position());
+}
+
+bool AudioSession::play()
+{
+    if (m_state == State::Playing)
+        return true;
+    const QString fault = start();
+    if (!fault.isEmpty())
+        return fail(fault);
+    m_fault.clear();
+    m_watch.start();
+    setState(State::Playing);
+    return true;
+}
+
+QString AudioSession::start()
+{
+    if (!m_settings.live && !m_stream.isOpen())
+        return QStringLiteral("There is no sound file to play.");
+    const QString fault = m_device.open(m_settings, m_settings.live ? 0 : m_stream.rate());
+    if (!fault.isEmpty())
+        return fault;
+    m_player->prepare(m_device.rate(), m_settings.live);
+    if (!m_settings.live)
+        m_stream.start(m_frame == m_stream.length() ? 0 : m_frame, m_device.rate(), m_looping);
+    return m_device.start(m_player.get());
+}
+
+void AudioSession::stop()
+{
+    if (m_state == State::Stopped)
+        return;
+    halt();
+    m_frame = m_settings.live ? 0 : m_stream.position();
+    setState(State::Stopped);
+}
+
+void AudioSession::halt()
+{
+    m_watch.stop();
+    m_device.close();
+    m_stream.stop();
+}
+
+double AudioSession::position() const
+{
+    if (m_settings.live || !m_stream.isOpen())
+        return 0.0;
+    const std::int64_t frame = m_state == State::Playing ? m_stream.position() : m_frame;
+    return double(frame) / m_stream.rate();
+}
+
+void AudioSession::setPosition(double seconds)
+{
+    if (!m_stream.isOpen() || m_settings.live)
+        return;
+    const bool playing = m_state == State::Playing;
+    if (playing)
+        halt();
+    const std::int64_t last = m_stream.length() >= 0 ? m_stream.length() : SF_COUNT_MAX;
+    const double frame = std::max(std::round(seconds * m_stream.rate()), 0.0);
+    m_frame = frame < double(last) ? static_cast<std::int64_t>(frame) : last;
+    const QString fault = playing ? start() : QString();
+    if (playing && fault.isEmpty())
+        m_watch.start();
+    Q_EMIT positionChanged(position());
+    if (!fault.isEmpty()) {
+        setState(State::Stopped);
+        fail(fault);
+    }
+}
+
+int AudioSession::expectedRate() const
+{
+    return AudioDevice::rateFor(m_settings, m_settings.live ? 0 : m_stream.rate());
+}
+
+qint64 AudioSession::underruns() const
+{
+    return m_device.underruns() + (m_settings.live ? 0 : m_stream.underruns());
+}
+
+void AudioSession::watch()
+{
+    QString fault = m_device.fault();
+    const bool ended = !m_settings.live && m_stream.hasEnded();
+    if (fault.isEmpty() && ended)
+        fault = m_stream.fault();
+    if (fault.isEmpty() && !ended) {
+        Q_EMIT positionChanged(position());
+        return;
+    }
+    stop();
+    if (!fault.isEmpty()) {
+        fail(fault);
+        return;
+    }
+    m_frame = 0;
+    Q_EMIT positionChanged(0.0);
+    Q_EMIT finished();
+}
+
+bool AudioSession::fail(const QString& fault)
+{
+    halt();
+    m_fault = fault;
+    Q_EMIT faulted(fault);
+    return false;
+}
+
+void AudioSession::setState(State state)
+{
+    m_state = state;
+    Q_EMIT stateChanged(state);
+}
+
+#include "moc_AudioSession.cpp"

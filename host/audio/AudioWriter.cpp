@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/audio/AudioWriter.h"
+
+#include "host/audio/AudioFormat.h"
+#include "host/audio/SampleConversion.h"
+
+#include <QFileInfo>
+
+#include <cerrno>
+#include <cstring>
+
+#include <unistd.h>
+
+namespace {
+
+// Of the lossy format, from 0 to 1: well beyond the point where differences are heard.
+constexpr double vorbisQuality = 0.8;
+
+QString faultOfTarget(const QString& file)
+{
+    const QFileInfo old(file);
+    if (old.isDir())
+        return QStringLiteral("it is a folder");
+    if (old.exists() && !old.isFile())
+        return QStringLiteral("it is no ordinary file");
+    return QString();
+}
+
+// Peaks would cost a pass over the samples and bring the time of day into the file.
+void setUp(SNDFILE* sound)
+{
+    sf_command(sound, SFC_SET_ADD_PEAK_CHUNK, nullptr, SF_FALSE);
+    double quality = vorbisQuality;
+    sf_command(sound, SFC_SET_VBR_ENCODING_QUALITY, &quality, sizeof quality);
+}
+
+} // namespace
+
+AudioWriter::AudioWriter() = default;
+
+AudioWriter::~AudioWriter() = default;
+
+QString AudioWriter::open(const QString& file, const SF_INFO& info)
+{
+    m_name = file;
+    m_file.setFileName(file);
+    const QString fault = faultOfTarget(file);
+    if (!fault.isEmpty())
+        return sentence(fault);
+    if (!m_file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+        return sentence(m_file.errorString());
+    SF_INFO format = info;
+    m_format = info.format;
+    m_access = std::make_unique<FileAccess>(m_file.handle());
+    m_sound.reset(sf_open_virtual(FileAccess::operations(), SFM_WRITE, &format, m_access.get()));
+    if (!m_sound)
+        return sentence(
+            systemFault(QStringLiteral("its format does not take %1 channels at %2 Hz (%3)")
+                            .arg(info.channels)
+                            .arg(info.samplerate)
+                            .arg(AudioFormat::reasonOf(nullptr))));
+    setUp(m_sound.get());
+    return QString();
+}
+
+void AudioWriter::setText(int kind, const char* text)
+{
+    if (text)
+        sf_set_string(m_sound.get(), kind, text);
+}
+
+void AudioWriter::setChannelMap(std::vector<int> map)
+{
+    if (!map.empty())
+        sf_command(m_sound.get(), SFC_SET_CHANNEL_MAP_INFO, map.data(),
+                   static_cast<int>(map.size() * sizeof(int)));
+}
+
+QString AudioWriter::write(const AudioBlock& block)
+{
+    if (block.frames() == 0)
+        return QString();
+    m_isEmpty = false;
+    if (transfer(block) == static_cast<sf_count_t>(block.frames()) && m_access->fault().isEmpty())
+        return QString();
+    return sentence(systemFault(AudioFormat::reasonOf(m_sound.get())));
+}
+
+sf_count_t AudioWriter::transfer(const AudioBlock& block)
+{
+    const std::size_t samples = block.channels() * block.frames();
+    const auto frames = static_cast<sf_count_t>(block.frames());
+    switch (AudioFormat::transferOf(m_format)) {
+    case AudioFormat::Transfer::Short:
+        m_shorts.resize(samples);
+        m_clipped += SampleConversion::fromBlock(block, m_shorts.data());
+        return sf_writef_short(m_sound.get(), m_shorts.data(), frames);
+    case AudioFormat::Transfer::Int:
+        m_ints.resize(samples);
+        m_clipped +=
+            SampleConversion::fromBlock(block, AudioFormat::bitsOf(m_format), m_ints.data());
+        return sf_writef_int(m_sound.get(), m_ints.data(), frames);
+    case AudioFormat::Transfer::Float:
+        m_floats.resize(samples);
+        m_clipped += SampleConversion::fromBlock(block, m_floats.data());
+        return sf_writef_float(m_sound.get(), m_floats.data(), frames);
+    case AudioFormat::Transfer::Double:
+        m_doubles.resize(samples);
+        m_clipped += SampleConversion::fromBlock(block, m_doubles.data());
+        return sf_writef_double(m_sound.get(), m_doubles.data(), frames);
+    }
+    return 0;
+}
+
+QString AudioWriter::commit()
+{
+    const QString fault = close();
+    if (!fault.isEmpty()) {
+        m_file.cancelWriting();
+        return sentence(fault);
+    }
+    return m_file.commit() ? QString() : sentence(m_file.errorString());
+}
+
+QString AudioWriter::close()
+{
+    // FLAC's header would come with the first sample only.
+    if (m_isEmpty && (m_format & SF_FORMAT_TYPEMASK) == SF_FORMAT_FLAC)
+        sf_command(m_sound.get(), SFC_UPDATE_HEADER_NOW, nullptr, 0);
+    const int error = sf_close(m_sound.release());
+    if (error != SF_ERR_NO_ERROR || !m_access->fault().isEmpty())
+        return systemFault(QString::fromLocal8Bit(sf_error_number(error)).simplified());
+    // A disk may find out only now that it has no room.
+    if (::fdatasync(m_file.handle()) != 0 && errno != EINVAL && errno != EROFS)
+        return QString::fromLocal8Bit(std::strerror(errno));
+    return QString();
+}
+
+QString AudioWriter::sentence(const QString& reason) const
+{
+    return QStringLiteral("The sound file %1 cannot be written: %2.").arg(m_name, reason);
+}
+
+QString AudioWriter::systemFault(const QString& otherwise) const
+{
+    const QString fault = m_access->fault();
+    return fault.isEmpty() ? otherwise : fault;
+}

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/audio/AudioBlock.h"
+#include "host/audio/FileAccess.h"
+
+#include <QSaveFile>
+#include <QString>
+
+#include <sndfile.h>
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+/// A sound file written block by block into a temporary file beside it, which takes its place at
+/// the end or never. A writer that goes without commit() leaves nothing behind.
+///
+/// Faults are sentences that name the file.
+class AudioWriter
+{
+public:
+    AudioWriter();
+    ~AudioWriter();
+
+    /// Begins \a file, of a format from AudioFormat::outputFor().
+    QString open(const QString& file, const SF_INFO& info);
+
+    /// A text (SF_STR_TITLE and so on) and the places of the channels; before the first block.
+    void setText(int kind, const char* text);
+    void setChannelMap(std::vector<int> map);
+
+    /// Appends the frames in use.
+    QString write(const AudioBlock& block);
+    /// Completes the file, brings it to the disk and puts it in its place.
+    QString commit();
+
+    /// Samples so far that were set to the format's nearest limit.
+    std::int64_t clipped() const { return m_clipped; }
+
+private:
+    struct Closer
+    {
+        void operator()(SNDFILE* sound) const { sf_close(sound); }
+    };
+
+    sf_count_t transfer(const AudioBlock& block);
+    QString close();
+    QString sentence(const QString& reason) const;
+    QString systemFault(const QString& otherwise) const;
+
+    QString m_name;
+    QSaveFile m_file;
+    std::unique_ptr<FileAccess> m_access;
+    std::unique_ptr<SNDFILE, Closer> m_sound;
+    int m_format = 0;
+    bool m_isEmpty = true;
+    std::int64_t m_clipped = 0;
+    std::vector<short> m_shorts;
+    std::vector<int> m_ints;
+    std::vector<float> m_floats;
+    std::vector<double> m_doubles;
+};

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/audio/RenderCommand.h"
+
+#include "host/Application.h"
+#include "host/audio/AudioRenderer.h"
+#include "host/audio/ChannelSettings.h"
+#include "host/audio/Interruption.h"
+#include "host/audio/ProgressBar.h"
+
+namespace {
+
+void warnAbout(const AudioReader::Damage& damage, const QString& file)
+{
+    if (damage.count == 0)
+        return;
+    complain(QStringLiteral("Warning: %1 samples of %2 are no finite numbers and count as 0; the "
+                            "first is in frame %3 of channel %4.")
+                 .arg(damage.count)
+                 .arg(file)
+                 .arg(damage.frame)
+                 .arg(damage.channel));
+}
+
+void warnAboutClipping(std::int64_t clipped, const QString& file)
+{
+    if (clipped > 0)
+        complain(QStringLiteral("Warning: %1 samples of %2 are clipped; a lower output level or "
+                                "--float avoids that.")
+                     .arg(clipped)
+                     .arg(file));
+}
+
+QString readJob(const CommandLine& commandLine, AudioRenderer::Job* job)
+{
+    job->input = commandLine.render.input;
+    job->output = commandLine.render.output;
+    job->forceFloat = commandLine.render.forceFloat;
+    job->values = ChannelSettings::defaults();
+    const QString fault = commandLine.state.isEmpty()
+                              ? QString()
+                              : ChannelSettings::load(commandLine.state, &job->values);
+    ChannelSettings::apply(commandLine.settings, &job->values);
+    return fault;
+}
+
+QString runWithBar(AudioRenderer* renderer)
+{
+    ProgressBar bar;
+    return renderer->run([&bar](double done) {
+        bar.show(done);
+        return !Interruption::isWanted();
+    });
+}
+
+} // namespace
+
+int renderCommand(const CommandLine& commandLine)
+{
+    AudioRenderer::Job job;
+    QString fault = readJob(commandLine, &job);
+    if (fault.isEmpty()) {
+        const Interruption interruption;
+        AudioRenderer renderer(job);
+        fault = runWithBar(&renderer);
+        warnAbout(renderer.damage(), job.input);
+        if (fault.isEmpty() && !renderer.wasEnded())
+            warnAboutClipping(renderer.clipped(), job.output);
+    }
+    if (Interruption::isWanted())
+        Interruption::obey();
+    if (fault.isEmpty())
+        return ExitDone;
+    complain(fault);
+    return ExitFault;
+}

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <samplerate.h>
+
+#include <memory>
+#include <span>
+#include <vector>
+
+/// Interleaved samples of one rate as samples of another, piece by piece, by band-limited
+/// interpolation. Equal rates pass every sample as it is.
+class Resampler
+{
+public:
+    Resampler(int channels, double fromRate, double toRate);
+
+    /// The samples that \a samples add to the output; valid until the next call. \a last says that
+    /// nothing follows: what is still under way comes out, too.
+    std::span<const float> process(std::span<const float> samples, bool last);
+    /// Forgets what it was given.
+    void reset();
+
+private:
+    struct Deleter
+    {
+        void operator()(SRC_STATE* state) const { src_delete(state); }
+    };
+
+    bool convert(SRC_DATA* data);
+
+    long m_channels;
+    double m_ratio;
+    std::unique_ptr<SRC_STATE, Deleter> m_state; // null for equal rates
+    std::vector<float> m_piece;
+    std::vector<float> m_output;
+};

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QProcess>
+#include <QString>
+
+#include <jack/jack.h>
+
+#include <atomic>
+#include <vector>
+
+/// A sound server of our own that plays into nothing at 48000 Hz. It is the default server of this
+/// process and of those that it starts for as long as it lives.
+///
+/// It waits for its clients in every cycle, so that a busy machine delays the sound instead of
+/// tearing holes into it.
+class JackServer
+{
+public:
+    static constexpr int rate = 48000;
+    static constexpr int block = 256;
+
+    JackServer();
+    ~JackServer();
+
+    /// Whether it came up.
+    bool isRunning();
+    QString faultText() const;
+    /// Ends it at once, as a crash would.
+    void kill();
+
+private:
+    QProcess m_process;
+};
+
+/// A sound device on that server, with two channels in and out: it keeps what is played on it, and
+/// gives out what play() was told.
+class JackDevice
+{
+public:
+    explicit JackDevice(const char* name);
+    ~JackDevice();
+    JackDevice(const JackDevice&) = delete;
+    JackDevice& operator=(const JackDevice&) = delete;
+
+    bool isOpen() const { return m_client != nullptr; }
+
+    /// Before anything is connected: what it gives out over and over, the same on both channels.
+    void play(std::vector<float> samples) { m_given = std::move(samples); }
+
+    /// Frames heard so far since the first one that was not silent.
+    std::size_t heard() const { return m_heard.load(std::memory_order_acquire); }
+    /// The frames of a channel from the first one on that was not silent on either.
+    std::vector<float> channel(int index) const;
+    /// Listens anew.
+    void clear();
+
+private:
+    static int process(jack_nframes_t frames, void* device);
+    void hear(jack_nframes_t frames);
+
+    jack_client_t* m_client;
+    std::atomic<bool> m_lost = false; // the server went; the library cannot close such a client
+    std::vector<jack_port_t*> m_ins;
+    std::vector<jack_port_t*> m_outs;
+    std::vector<std::vector<float>> m_samples;
+    std::vector<float> m_given;
+    std::size_t m_givenPosition = 0;
+    std::atomic<bool> m_listening = true;
+    std::atomic<bool> m_asleep = false;
+    std::atomic<std::size_t> m_heard = 0;
+};

@@ -1,0 +1,199 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The ways between the threads, and that the audio thread's side of them allocates nothing.
+#include "host/HostMemory.h"
+#include "host/audio/FileStream.h"
+#include "host/audio/LiveEqualizer.h"
+#include "tests/host/audio/SoundFiles.h"
+#include "tests/support/TestObject.h"
+
+#include <QTemporaryDir>
+
+#include <cstdlib>
+#include <new>
+#include <thread>
+
+using SoundFiles::Sound;
+
+namespace {
+
+thread_local std::size_t allocations = 0;
+
+} // namespace
+
+// GCC takes a replaced operator new for a mismatch with free().
+#pragma GCC diagnostic ignored "-Wmismatched-new-delete"
+
+void* operator new(std::size_t size)
+{
+    ++allocations;
+    if (void* memory = std::malloc(size ? size : 1))
+        return memory;
+    throw std::bad_alloc();
+}
+
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+
+class tst_FileStream : public TestObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void ringKeepsOrderAcrossItsEnd();
+    void ringKeepsOrderBetweenThreads();
+    void streamGivesTheFile();
+    void streamCountsWhatCameTooLate();
+    void convertsWithoutLoss_data();
+    void convertsWithoutLoss();
+    void audioThreadAllocatesNothing();
+
+private:
+    QString path(const char* name) const { return m_folder.filePath(QLatin1String(name)); }
+
+    QTemporaryDir m_folder;
+};
+
+void tst_FileStream::ringKeepsOrderAcrossItsEnd()
+{
+    RingBuffer ring(5);
+    QCOMPARE(ring.capacity(), 8U);
+    const std::vector<float> six = {1, 2, 3, 4, 5, 6};
+    std::vector<float> out(4);
+    QCOMPARE(ring.write(six), 6U);
+    QCOMPARE(ring.read(out), 4U);
+    QCOMPARE(out, (std::vector<float>{1, 2, 3, 4}));
+    QCOMPARE(ring.write(six), 6U);
+    QCOMPARE(ring.write(six), 0U);
+    QCOMPARE(ring.readable(), 8U);
+    out.resize(10);
+    QCOMPARE(ring.read(out), 8U);
+    out.resize(8);
+    QCOMPARE(out, (std::vector<float>{5, 6, 1, 2, 3, 4, 5, 6}));
+}
+
+void tst_FileStream::ringKeepsOrderBetweenThreads()
+{
+    constexpr int count = 300000;
+    RingBuffer ring(64);
+    std::thread writer([&ring] {
+        for (int i = 0; i < count;) {
+            const float value = static_cast<float>(i);
+            i += static_cast<int>(ring.write({&value, 1}));
+        }
+    });
+    int wrong = 0;
+    std::vector<float> out(7);
+    for (int i = 0; i < count;) {
+        const std::size_t got = ring.read(out);
+        for (std::size_t k = 0; k < got; ++k, ++i)
+            wrong += out[k] != static_cast<float>(i) ? 1 : 0;
+    }
+    writer.join();
+    QCOMPARE(wrong, 0);
+}
+
+void tst_FileStream::streamGivesTheFile()
+{
+    const Sound sound{SF_FORMAT_WAV | SF_FORMAT_FLOAT, 48000, 3, SoundFiles::noise(3 * 10000)};
+    FileStream stream;
+    QCOMPARE(stream.open(SoundFiles::write(path("in.wav"), sound)), QString());
+    QCOMPARE(stream.channels(), 2);
+    QCOMPARE(stream.length(), 10000);
+    stream.start(1000, 48000, false);
+    std::vector<float> left(512);
+    std::vector<float> right(512);
+    float* const channels[] = {left.data(), right.data()};
+    const std::vector<double> expected = SoundFiles::read(path("in.wav")).channel(1);
+    for (std::size_t at = 1000; at < 10000; at += 512) {
+        QCOMPARE(stream.position(), static_cast<std::int64_t>(at));
+        const int got = stream.read(channels, 512);
+        QCOMPARE(got, static_cast<int>(std::min<std::size_t>(512, 10000 - at)));
+        for (std::size_t i = 0; i < 512; ++i)
+            QCOMPARE(right[i], at + i < 10000 ? static_cast<float>(expected[at + i]) : 0.0F);
+    }
+    QVERIFY(stream.hasEnded());
+    QCOMPARE(stream.underruns(), 0);
+    QCOMPARE(stream.fault(), QString());
+}
+
+// All at once is more than a second that is read ahead.
+void tst_FileStream::streamCountsWhatCameTooLate()
+{
+    const Sound sound{SF_FORMAT_WAV | SF_FORMAT_PCM_16, 48000, 1, SoundFiles::noise(480000)};
+    FileStream stream;
+    QCOMPARE(stream.open(SoundFiles::write(path("long.wav"), sound)), QString());
+    stream.start(0, 48000, false);
+    std::vector<float> samples(8192);
+    float* const channels[] = {samples.data()};
+    int got = 0;
+    int calls = 0;
+    do {
+        got = stream.read(channels, 8192);
+    } while (got == 8192 && ++calls < 1000);
+    QVERIFY(got < 8192);
+    QVERIFY(stream.underruns() == 1 || stream.hasEnded());
+    QTRY_VERIFY(stream.read(channels, 256) == 256);
+}
+
+void tst_FileStream::convertsWithoutLoss_data()
+{
+    QTest::addColumn<int>("from");
+    QTest::addColumn<int>("to");
+    for (const auto& [from, to] : std::vector<std::pair<int, int>>{
+             {44100, 48000}, {48000, 44100}, {8000, 48000}, {192000, 44100}})
+        QTest::addRow("%d to %d", from, to) << from << to;
+}
+
+void tst_FileStream::convertsWithoutLoss()
+{
+    QFETCH(const int, from);
+    QFETCH(const int, to);
+    const std::vector<double> sine =
+        SoundFiles::sine(500.0, from, static_cast<std::size_t>(from), 0.5);
+    const std::vector<float> in(sine.begin(), sine.end());
+    Resampler resampler(1, from, to);
+    std::vector<float> out;
+    for (std::size_t at = 0; at < in.size(); at += 1000) {
+        const std::size_t count = std::min<std::size_t>(1000, in.size() - at);
+        const std::span<const float> piece = resampler.process(
+            std::span<const float>(in).subspan(at, count), at + count == in.size());
+        out.insert(out.end(), piece.begin(), piece.end());
+    }
+    QVERIFY2(std::abs(static_cast<int>(out.size()) - to) <= 2,
+             qPrintable(QString::number(out.size())));
+    const std::vector<double> expected =
+        SoundFiles::sine(500.0, to, static_cast<std::size_t>(to), 0.5);
+    for (std::size_t i = expected.size() / 4; i < expected.size() / 2; ++i)
+        QVERIFY(std::abs(double(out[i]) - expected[i]) < 1e-3);
+}
+
+void tst_FileStream::audioThreadAllocatesNothing()
+{
+    const Sound sound{SF_FORMAT_WAV | SF_FORMAT_FLOAT, 44100, 2, SoundFiles::noise(88200)};
+    FileStream stream;
+    QCOMPARE(stream.open(SoundFiles::write(path("in.wav"), sound)), QString());
+    HostMemory memory;
+    LiveEqualizer equalizer;
+    equalizer.setSampleRate(48000);
+    stream.start(0, 48000, true);
+    std::vector<float> left(4096);
+    std::vector<float> right(4096);
+    float* const channels[] = {left.data(), right.data()};
+    for (const int value : {0, 60, -45}) {
+        HostMemory::Values values = memory.values(0);
+        values[2] = values[6] = values[22] = value;
+        values[26] = value > 0 ? 1 : 0;
+        memory.write(0, values);
+        equalizer.follow(memory, 0);
+        const std::size_t before = allocations;
+        for (const int frames : {16, 256, 1000, 4096}) {
+            stream.read(channels, frames);
+            equalizer.process(channels, 2, frames);
+        }
+        QCOMPARE(allocations, before);
+    }
+}
+
+QTEST_GUILESS_MAIN(tst_FileStream)
+
+#include "tst_FileStream.moc"

@@ -1,0 +1,190 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Runs "zolta-host --audio" and its kin against a sound server of its own.
+#include "tests/host/audio/JackServer.h"
+#include "tests/host/audio/SoundFiles.h"
+#include "tests/support/TestObject.h"
+
+#include <QProcess>
+#include <QTemporaryDir>
+
+using SoundFiles::Sound;
+
+class tst_zolta_audio : public TestObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void listsDevices();
+    void playsBesideTheWindows();
+    void playsLive();
+    void refusesArguments_data();
+    void refusesArguments();
+    void saysThatTheFileIsMissing();
+    void missingDeviceLeavesTheWindows();
+    void vanishingDeviceLeavesTheWindows();
+
+private:
+    void start(const QStringList& arguments);
+    QString errors();
+    QString path(const char* name) const { return m_folder.filePath(QLatin1String(name)); }
+
+    QTemporaryDir m_folder;
+    std::unique_ptr<JackServer> m_server;
+    std::unique_ptr<JackDevice> m_device;
+    std::unique_ptr<QProcess> m_program;
+    QString m_errors;
+};
+
+void tst_zolta_audio::initTestCase()
+{
+    m_server = std::make_unique<JackServer>();
+    QVERIFY2(m_server->isRunning(), qPrintable(m_server->faultText()));
+    Sound sound{SF_FORMAT_WAV | SF_FORMAT_FLOAT, 48000, 2, SoundFiles::noise(960000)};
+    sound.samples.front() = 0.25;
+    SoundFiles::write(path("in.wav"), sound);
+}
+
+void tst_zolta_audio::init()
+{
+    TestObject::init();
+    m_device = std::make_unique<JackDevice>("ears");
+    QVERIFY(m_device->isOpen());
+    m_errors.clear();
+}
+
+void tst_zolta_audio::cleanup()
+{
+    if (m_program) {
+        m_program->kill();
+        m_program->waitForFinished();
+    }
+    m_program.reset();
+    m_device.reset();
+}
+
+void tst_zolta_audio::start(const QStringList& arguments)
+{
+    m_program = std::make_unique<QProcess>();
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    // This platform complains about every window that cannot have the size that it asks for.
+    environment.insert(QStringLiteral("QT_LOGGING_RULES"), QStringLiteral("default.warning=false"));
+    for (const char* name : {"HOME", "XDG_CONFIG_HOME", "XDG_RUNTIME_DIR"})
+        environment.insert(QLatin1String(name), m_folder.path());
+    m_program->setProcessEnvironment(environment);
+    m_program->setWorkingDirectory(m_folder.path());
+    m_program->start(QStringLiteral(HOST_PROGRAM), arguments);
+}
+
+QString tst_zolta_audio::errors()
+{
+    m_errors += QString::fromUtf8(m_program->readAllStandardError());
+    return m_errors;
+}
+
+void tst_zolta_audio::listsDevices()
+{
+    start({QStringLiteral("--devices")});
+    QVERIFY(m_program->waitForFinished());
+    QCOMPARE(m_program->exitCode(), 0);
+    const QString output = QString::fromUtf8(m_program->readAllStandardOutput());
+    QVERIFY2(output.contains(QLatin1String("jack:ears\t2\t2\t48000\t")), qPrintable(output));
+    QVERIFY2(output.contains(QLatin1String("jack:system\t")), qPrintable(output));
+    QCOMPARE(errors(), QString());
+}
+
+// The levels make the difference from the file known without an equalizer of the test's own.
+void tst_zolta_audio::playsBesideTheWindows()
+{
+    start({QStringLiteral("--audio"), QStringLiteral("in.wav"), QStringLiteral("--device"),
+           QStringLiteral("ears"), QStringLiteral("--set"),
+           QStringLiteral("fx_rackfx_prm_26=-20")});
+    QTRY_VERIFY2_WITH_TIMEOUT(m_device->heard() > 20000, qPrintable(errors()), 30000);
+    QCOMPARE(m_program->state(), QProcess::Running);
+    QCOMPARE(errors(), QString());
+    for (const int side : {0, 1}) {
+        const std::vector<float> heard = m_device->channel(side);
+        const std::vector<double> file = SoundFiles::read(path("in.wav")).channel(side);
+        for (std::size_t i = 0; i < 20000; ++i)
+            QVERIFY(std::abs(double(heard[i]) - file[i] / 10.0) < 1e-6);
+    }
+}
+
+void tst_zolta_audio::playsLive()
+{
+    m_device->play(std::vector<float>(100, 0.5F));
+    start({QStringLiteral("--live"), QStringLiteral("--device"), QStringLiteral("ears"),
+           QStringLiteral("--block"), QStringLiteral("256"), QStringLiteral("--set"),
+           QStringLiteral("fx_rackfx_prm_25=+6")});
+    QTRY_VERIFY2_WITH_TIMEOUT(m_device->heard() > 10000, qPrintable(errors()), 30000);
+    QVERIFY(std::abs(m_device->channel(1)[9999] - 0.9976312F) < 1e-4F);
+    QCOMPARE(errors(), QString());
+}
+
+void tst_zolta_audio::refusesArguments_data()
+{
+    QTest::addColumn<QString>("words");
+    QTest::addColumn<QString>("expected");
+    const auto row = [](const char* words, const char* expected) {
+        QTest::newRow(words) << QString::fromLatin1(words) << QString::fromLatin1(expected);
+    };
+    row("--device x", "--device is for --audio or --live only.");
+    row("--loop", "--loop is for --audio or --live only.");
+    row("--live --loop", "--loop is for --audio only.");
+    row("--audio in.wav --live", "--audio and --live do not go together.");
+    row("--audio in.wav --list", "--audio and --list do not go together.");
+    row("--live --render in.wav out.wav", "--live and --render do not go together.");
+    row("--live --block 15", "--block takes a number of frames from 16 to 8192, not \"15\".");
+    row("--live --rate 44.1k",
+        "--rate takes a sampling rate from 1000 to 768000 Hz, not \"44.1k\".");
+}
+
+void tst_zolta_audio::refusesArguments()
+{
+    QFETCH(const QString, words);
+    QFETCH(const QString, expected);
+    start(words.split(QLatin1Char(' ')));
+    QVERIFY(m_program->waitForFinished());
+    QCOMPARE(m_program->exitCode(), 2);
+    QCOMPARE(errors(), QStringLiteral("zolta-host: %1\n").arg(expected));
+}
+
+void tst_zolta_audio::saysThatTheFileIsMissing()
+{
+    start({QStringLiteral("--audio"), QStringLiteral("nowhere.wav")});
+    QVERIFY(m_program->waitForFinished());
+    QCOMPARE(m_program->exitCode(), 1);
+    QCOMPARE(errors(), QStringLiteral("zolta-host: The sound file nowhere.wav cannot be read: No "
+                                      "such file or directory.\n"));
+}
+
+void tst_zolta_audio::missingDeviceLeavesTheWindows()
+{
+    start({QStringLiteral("--audio"), QStringLiteral("in.wav"), QStringLiteral("--device"),
+           QStringLiteral("nothing")});
+    const QString expected = QStringLiteral(
+        "zolta-host: There is no sound device \"nothing\"; --devices shows them all.\n");
+    QTRY_COMPARE_WITH_TIMEOUT(errors(), expected, 30000);
+    QVERIFY(!m_program->waitForFinished(500));
+}
+
+// Last: the server is gone afterwards.
+void tst_zolta_audio::vanishingDeviceLeavesTheWindows()
+{
+    start({QStringLiteral("--audio"), QStringLiteral("in.wav"), QStringLiteral("--loop"),
+           QStringLiteral("--device"), QStringLiteral("ears")});
+    QTRY_VERIFY2_WITH_TIMEOUT(m_device->heard() > 2000, qPrintable(errors()), 30000);
+    m_server->kill();
+    QTRY_VERIFY2_WITH_TIMEOUT(
+        errors().endsWith(
+            QLatin1String("zolta-host: The sound device jack:ears cannot be used: it is gone.\n")),
+        qPrintable(m_errors), 30000);
+    QVERIFY(!m_program->waitForFinished(500));
+}
+
+QTEST_GUILESS_MAIN(tst_zolta_audio)
+
+#include "tst_zolta_audio.moc"

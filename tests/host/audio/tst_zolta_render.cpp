@@ -1,0 +1,312 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Runs "zolta-host --render" itself.
+#include "tests/host/StateBytes.h"
+#include "tests/host/audio/SoundFiles.h"
+#include "tests/support/TestObject.h"
+
+#include <QDir>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <csignal>
+#include <cstdlib>
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+using SoundFiles::Sound;
+
+class tst_zolta_render : public TestObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void needsNoDisplayAndNoPlugin();
+    void followsSettings();
+    void stateAndSettingsCountAsInTheEditor();
+    void refusesArguments_data();
+    void refusesArguments();
+    void saysWhatIsWrong_data();
+    void saysWhatIsWrong();
+    void warnsAboutClippingAndDamage();
+    void saysThatTheDiskIsFull();
+    void controlCLeavesNothing();
+    void showsProgressOnATerminalOnly();
+
+private:
+    struct Result
+    {
+        int code;
+        QString output;
+        QString errors;
+    };
+
+    Result run(const QStringList& arguments) const;
+    void prepare(QProcess* process) const;
+    QString path(const char* name) const { return m_folder->filePath(QLatin1String(name)); }
+    bool writesInFolder(const QProcess& process) const;
+    QString writeNoise(const char* name, std::size_t frames = 20000) const;
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+void tst_zolta_render::init()
+{
+    TestObject::init();
+    m_folder = std::make_unique<QTemporaryDir>();
+}
+
+void tst_zolta_render::prepare(QProcess* process) const
+{
+    QProcessEnvironment bare;
+    const QProcessEnvironment system = QProcessEnvironment::systemEnvironment();
+    for (const char* name : {"ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS"}) {
+        if (system.contains(QLatin1String(name)))
+            bare.insert(QLatin1String(name), system.value(QLatin1String(name)));
+    }
+    bare.insert(QStringLiteral("HOME"), m_folder->path());
+    bare.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_folder->path());
+    process->setProcessEnvironment(bare);
+    process->setWorkingDirectory(m_folder->path());
+    process->setProgram(QStringLiteral(HOST_PROGRAM));
+}
+
+tst_zolta_render::Result tst_zolta_render::run(const QStringList& arguments) const
+{
+    QProcess process;
+    prepare(&process);
+    process.setArguments(arguments);
+    process.start();
+    if (!process.waitForFinished(120000) || process.exitStatus() != QProcess::NormalExit)
+        return {-1, QString(), process.errorString()};
+    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
+            QString::fromUtf8(process.readAllStandardError())};
+}
+
+QString tst_zolta_render::writeNoise(const char* name, std::size_t frames) const
+{
+    return SoundFiles::write(path(name), Sound{SF_FORMAT_WAV | SF_FORMAT_PCM_16, 48000, 2,
+                                               SoundFiles::noise(2 * frames)});
+}
+
+// The file that is being written may have no name yet.
+bool tst_zolta_render::writesInFolder(const QProcess& process) const
+{
+    const QDir open(QStringLiteral("/proc/%1/fd").arg(process.processId()));
+    for (const QFileInfo& info : open.entryInfoList(QDir::AllEntries | QDir::System)) {
+        const QString target = info.symLinkTarget();
+        if (target.startsWith(m_folder->path() + QLatin1Char('/')) &&
+            !target.endsWith(QLatin1String("/in.wav")))
+            return true;
+    }
+    return false;
+}
+
+// Silence beyond the result: a pipe sees no progress.
+void tst_zolta_render::needsNoDisplayAndNoPlugin()
+{
+    writeNoise("in.wav");
+    const Result result =
+        run({QStringLiteral("--plugin"), QStringLiteral("nowhere.so"), QStringLiteral("--render"),
+             QStringLiteral("in.wav"), QStringLiteral("out.flac")});
+    QCOMPARE(result.errors, QString());
+    QCOMPARE(result.output, QString());
+    QCOMPARE(result.code, 0);
+    QCOMPARE(SoundFiles::read(path("out.flac")).samples, SoundFiles::read(path("in.wav")).samples);
+}
+
+void tst_zolta_render::followsSettings()
+{
+    writeNoise("in.wav");
+    const Result result =
+        run({QStringLiteral("--render"), QStringLiteral("in.wav"), QStringLiteral("out.wav"),
+             QStringLiteral("--float"), QStringLiteral("--channel"), QStringLiteral("5"),
+             QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_26=-20")});
+    QCOMPARE(result.code, 0);
+    const std::vector<double> before = SoundFiles::read(path("in.wav")).samples;
+    const std::vector<double> after = SoundFiles::read(path("out.wav")).samples;
+    QCOMPARE(after.size(), before.size());
+    for (std::size_t i = 0; i < before.size(); ++i)
+        QVERIFY(std::abs(after[i] - before[i] / 10.0) < 1e-7);
+}
+
+// The editor saves a state, and what it lists for that state renders alike.
+void tst_zolta_render::stateAndSettingsCountAsInTheEditor()
+{
+    writeNoise("in.wav");
+    QStringList settings;
+    for (int number = 1; number <= 27; ++number) {
+        const int band = (number - 1) / 4;
+        const bool gain = number % 4 == 3 && number < 25;
+        settings
+            << QStringLiteral("--set")
+            << QStringLiteral("fx_rackfx_prm_%1=@%2").arg(number).arg(gain ? 9 * band - 20 : 1);
+    }
+    for (const char* setting :
+         {"fx_rackfx_prm_2=@300", "fx_rackfx_prm_6=@500", "fx_rackfx_prm_10=@644",
+          "fx_rackfx_prm_14=@777", "fx_rackfx_prm_18=@901", "fx_rackfx_prm_22=@1003",
+          "fx_rackfx_prm_9=@333", "fx_rackfx_prm_21=@2"})
+        settings << QStringLiteral("--set") << QString::fromLatin1(setting);
+    const QStringList render = {QStringLiteral("--render"), QStringLiteral("in.wav")};
+    const Result saved =
+        run(settings + QStringList{QStringLiteral("--save-state"), QStringLiteral("a.vstpreset")});
+    QCOMPARE(saved.errors, QString());
+    QCOMPARE(saved.code, 0);
+    QCOMPARE(run(render + QStringList{QStringLiteral("state.wav"), QStringLiteral("--state"),
+                                      QStringLiteral("a.vstpreset")})
+                 .errors,
+             QString());
+    QCOMPARE(run(render + QStringList(QStringLiteral("set.wav")) + settings).errors, QString());
+    QCOMPARE(SoundFiles::bytesOf(path("state.wav")), SoundFiles::bytesOf(path("set.wav")));
+    QVERIFY(SoundFiles::bytesOf(path("set.wav")) != SoundFiles::bytesOf(path("in.wav")));
+}
+
+void tst_zolta_render::refusesArguments_data()
+{
+    QTest::addColumn<QString>("words");
+    QTest::addColumn<QString>("expected");
+    const auto row = [](const char* words, const char* expected) {
+        QTest::newRow(words) << QString::fromLatin1(words) << QString::fromLatin1(expected);
+    };
+    row("--render in.wav", "--render takes the names of two files, IN and OUT.");
+    row("--render in.wav out.mp3",
+        "--render writes files that end in .wav, .flac or .ogg, not \"out.mp3\".");
+    row("--render in.wav out.wav more", "\"more\" is no option.");
+    row("--render in.wav out.flac --float",
+        "--float is for files that end in .wav, not \"out.flac\".");
+    row("--float", "--float is for --render only.");
+    row("--render in.wav out.wav --list", "--render and --list do not go together.");
+}
+
+void tst_zolta_render::refusesArguments()
+{
+    QFETCH(const QString, words);
+    QFETCH(const QString, expected);
+    const Result result = run(words.split(QLatin1Char(' ')));
+    QCOMPARE(result.code, 2);
+    QCOMPARE(result.errors, QStringLiteral("zolta-host: %1\n").arg(expected));
+}
+
+void tst_zolta_render::saysWhatIsWrong_data()
+{
+    QTest::addColumn<QString>("words");
+    QTest::addColumn<QString>("expected");
+    const auto row = [](const char* words, const char* expected) {
+        QTest::newRow(words) << QString::fromLatin1(words) << QString::fromLatin1(expected);
+    };
+    row("nowhere.wav out.wav",
+        "The sound file nowhere.wav cannot be read: No such file or directory.");
+    row("in.wav in.wav", "The sound file in.wav cannot be written: it is the one to be read.");
+    row("in.wav no/out.wav",
+        "The sound file no/out.wav cannot be written: No such file or directory.");
+    row("in.wav folder.wav", "The sound file folder.wav cannot be written: it is a folder.");
+    row("in.wav /proc/out.wav",
+        "The sound file /proc/out.wav cannot be written: No such file or directory.");
+    row("in.wav out.wav --state bad.state",
+        "The state file bad.state is cut short: it holds 100 of the 116 bytes of a state.");
+    row("many.wav out.flac",
+        "The sound file out.flac cannot be written: its format does not take 20 channels at 48000 "
+        "Hz (Format not recognised).");
+}
+
+void tst_zolta_render::saysWhatIsWrong()
+{
+    QFETCH(const QString, words);
+    QFETCH(const QString, expected);
+    writeNoise("in.wav");
+    SoundFiles::write(path("many.wav"),
+                      Sound{SF_FORMAT_WAV | SF_FORMAT_PCM_16, 48000, 20, SoundFiles::noise(2000)});
+    QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("folder.wav")));
+    SoundFiles::writeBytes(path("bad.state"), StateBytes::state().left(100));
+    const Result result =
+        run(QStringList(QStringLiteral("--render")) + words.split(QLatin1Char(' ')));
+    QCOMPARE(result.errors, QStringLiteral("zolta-host: %1\n").arg(expected));
+    QCOMPARE(result.code, 1);
+}
+
+void tst_zolta_render::warnsAboutClippingAndDamage()
+{
+    Sound sound{SF_FORMAT_WAV | SF_FORMAT_FLOAT, 48000, 2, std::vector<double>(2000, 0.25)};
+    sound.samples[2 * 700 + 1] = std::nan("");
+    sound.samples[2 * 900] = 1.5;
+    SoundFiles::write(path("in.wav"), sound);
+    const Result result =
+        run({QStringLiteral("--render"), QStringLiteral("in.wav"), QStringLiteral("out.flac")});
+    QCOMPARE(result.code, 0);
+    QCOMPARE(
+        result.errors,
+        QStringLiteral("zolta-host: Warning: 1 samples of in.wav are no finite numbers and "
+                       "count as 0; the first is in frame 700 of channel 1.\n"
+                       "zolta-host: Warning: 1 samples of out.flac are clipped; a lower output "
+                       "level or --float avoids that.\n"));
+}
+
+// A limit on the size of files stands in for a disk that is full.
+void tst_zolta_render::saysThatTheDiskIsFull()
+{
+    writeNoise("in.wav", 200000);
+    SoundFiles::writeBytes(path("out.wav"), "old");
+    QProcess process;
+    prepare(&process);
+    process.setArguments(
+        {QStringLiteral("--render"), QStringLiteral("in.wav"), QStringLiteral("out.wav")});
+    process.setChildProcessModifier([] {
+        const rlimit limit = {300000, 300000};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        ::signal(SIGXFSZ, SIG_IGN);
+    });
+    process.start();
+    QVERIFY(process.waitForFinished(120000));
+    QCOMPARE(QString::fromUtf8(process.readAllStandardError()),
+             QStringLiteral("zolta-host: The sound file out.wav cannot be written: File too "
+                            "large.\n"));
+    QCOMPARE(process.exitCode(), 1);
+    QCOMPARE(SoundFiles::bytesOf(path("out.wav")), QByteArray("old"));
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files).size(), 2);
+}
+
+void tst_zolta_render::controlCLeavesNothing()
+{
+    writeNoise("in.wav", 20000000);
+    QProcess process;
+    prepare(&process);
+    process.setArguments(
+        {QStringLiteral("--render"), QStringLiteral("in.wav"), QStringLiteral("out.wav")});
+    process.start();
+    QTRY_VERIFY(writesInFolder(process));
+    QCOMPARE(::kill(static_cast<pid_t>(process.processId()), SIGINT), 0);
+    QVERIFY(process.waitForFinished(120000));
+    QCOMPARE(process.exitStatus(), QProcess::CrashExit);
+    QCOMPARE(process.exitCode(), SIGINT);
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+             QStringList(QStringLiteral("in.wav")));
+}
+
+void tst_zolta_render::showsProgressOnATerminalOnly()
+{
+    writeNoise("in.wav");
+    const int terminal = ::posix_openpt(O_RDWR | O_NOCTTY);
+    QVERIFY(terminal >= 0 && ::grantpt(terminal) == 0 && ::unlockpt(terminal) == 0);
+    const int line = ::open(::ptsname(terminal), O_RDWR | O_NOCTTY);
+    QProcess process;
+    prepare(&process);
+    process.setArguments(
+        {QStringLiteral("--render"), QStringLiteral("in.wav"), QStringLiteral("out.wav")});
+    process.setChildProcessModifier([line] { ::dup2(line, STDERR_FILENO); });
+    process.start();
+    QVERIFY(process.waitForFinished(120000));
+    char bytes[4096] = {};
+    const ssize_t count = ::read(terminal, bytes, sizeof bytes);
+    ::close(line);
+    ::close(terminal);
+    const QByteArray shown(bytes, count);
+    QVERIFY2(shown.startsWith("\r[") && shown.contains(" %"), shown.constData());
+    QVERIFY2(shown.endsWith("\r\033[K"), shown.constData());
+    QCOMPARE(process.exitCode(), 0);
+}
+
+QTEST_GUILESS_MAIN(tst_zolta_render)
+
+#include "tst_zolta_render.moc"
