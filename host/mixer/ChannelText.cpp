@@ -12,16 +12,14 @@ constexpr QLatin1String mimeType("application/x-zolta-equalizer+json");
 constexpr QLatin1String channelKey("zolta-equalizer");
 constexpr qsizetype largestText = 1 << 16;
 
-QString tr(const char* text) { return QCoreApplication::translate("ChannelText", text); }
-
 QString faultOf(const QJsonValue& value, const Parameter& parameter, int* raw)
 {
     if (!value.isString())
-        return tr(QT_TRANSLATE_NOOP("ChannelText", "the value of \"%1\" is no text"))
+        return QCoreApplication::translate("ChannelText", "the value of \"%1\" is no text")
             .arg(QLatin1String(parameter.title));
     const auto parsed = parseParameter(parameter, value.toString().toStdString());
     if (!parsed)
-        return tr(QT_TRANSLATE_NOOP("ChannelText", "\"%1\" is no value of \"%2\""))
+        return QCoreApplication::translate("ChannelText", "\"%1\" is no value of \"%2\"")
             .arg(value.toString(), QLatin1String(parameter.title));
     *raw = *parsed;
     return QString();
@@ -29,8 +27,8 @@ QString faultOf(const QJsonValue& value, const Parameter& parameter, int* raw)
 
 QJsonObject objectIn(const QMimeData* data)
 {
-    const QByteArray bytes = data->hasFormat(mimeType) ? data->data(mimeType)
-                                                       : data->text().left(largestText).toUtf8();
+    const QByteArray bytes =
+        data->hasFormat(mimeType) ? data->data(mimeType) : data->text().left(largestText).toUtf8();
     return QJsonDocument::fromJson(bytes).object().value(channelKey).toObject();
 }
 
@@ -78,7 +76,7 @@ ChannelText::Content ChannelText::fromMime(const QMimeData* data, const HostMemo
 {
     const QJsonObject object = data ? objectIn(data) : QJsonObject();
     if (object.isEmpty())
-        return {values, tr(QT_TRANSLATE_NOOP("ChannelText",
-                                             "the clipboard holds no settings of an equalizer"))};
+        return {values, QCoreApplication::translate(
+                            "ChannelText", "the clipboard holds no settings of an equalizer")};
     return fromJson(object, values);
 }

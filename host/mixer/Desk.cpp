@@ -2,6 +2,7 @@
 #include "host/mixer/Desk.h"
 
 #include "host/mixer/ChannelText.h"
+#include "host/mixer/Transport.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -11,6 +12,8 @@ Desk::Desk(HostMemory& memory)
     , m_history(memory)
     , m_compare(memory, m_history)
 {}
+
+Desk::~Desk() = default;
 
 QString Desk::shownName(int channel) const
 {
@@ -47,8 +50,8 @@ bool Desk::isAudible(int channel) const
     const int leader = leaderOf(channel);
     bool someSolo = false;
     for (int ch = 0; ch < channelCount; ++ch)
-        someSolo = someSolo ||
-                   (leaderOf(ch) == ch && m_memory.strip(ch, StripParameter::Solo) != 0);
+        someSolo =
+            someSolo || (leaderOf(ch) == ch && m_memory.strip(ch, StripParameter::Solo) != 0);
     return m_memory.strip(leader, StripParameter::Mute) == 0 &&
            (!someSolo || m_memory.strip(leader, StripParameter::Solo) != 0);
 }
@@ -73,6 +76,14 @@ QString Desk::pasteFromClipboard(int channel)
     const EditHistory::Step step(m_history, tr("Paste"));
     m_memory.write(channel, content.values);
     return QString();
+}
+
+Transport* Desk::transport() const { return m_transport; }
+
+void Desk::setTransport(Transport* transport)
+{
+    m_transport = transport;
+    Q_EMIT transportChanged();
 }
 
 #include "moc_Desk.cpp"

@@ -5,9 +5,12 @@
 #include "host/mixer/EditHistory.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QString>
 
 #include <array>
+
+class Transport;
 
 /// What the mixer keeps besides the parameters' values: the channels' names, the A and B settings,
 /// and the history of all edits. One for all windows. Needs an application object.
@@ -18,6 +21,7 @@ class Desk : public QObject
 public:
     /// \a memory must outlive it.
     explicit Desk(HostMemory& memory);
+    ~Desk() override;
 
     HostMemory& memory() { return m_memory; }
     EditHistory& history() { return m_history; }
@@ -44,12 +48,19 @@ public:
     /// Returns nothing, or why the clipboard's content is no use, as a sentence.
     QString pasteFromClipboard(int channel);
 
+    /// What plays sound through the mixer; null as long as nothing does. Not owned.
+    Transport* transport() const;
+    void setTransport(Transport* transport);
+
 Q_SIGNALS:
     void nameChanged(int channel);
+    /// There is another transport.
+    void transportChanged();
 
 private:
     HostMemory& m_memory;
     EditHistory m_history;
     ChannelCompare m_compare;
     std::array<QString, channelCount> m_names;
+    QPointer<Transport> m_transport;
 };

@@ -16,8 +16,6 @@ constexpr QLatin1String suffix(".vstpreset");
 constexpr qsizetype longestName = 80;
 constexpr QLatin1String forbidden("/\\:*?\"<>|");
 
-QString tr(const char* text) { return QCoreApplication::translate("PresetFolder", text); }
-
 bool isForbidden(QChar letter) { return forbidden.contains(letter) || !letter.isPrint(); }
 
 } // namespace
@@ -55,14 +53,15 @@ QString PresetFolder::fileOf(const QString& name) const
 QString PresetFolder::faultOfName(const QString& name)
 {
     if (name.trimmed().isEmpty())
-        return tr(QT_TRANSLATE_NOOP("PresetFolder", "A preset needs a name."));
+        return QCoreApplication::translate("PresetFolder", "A preset needs a name.");
     if (name.size() > longestName)
-        return tr(QT_TRANSLATE_NOOP("PresetFolder", "A preset's name has at most %1 letters."))
+        return QCoreApplication::translate("PresetFolder",
+                                           "A preset's name has at most %1 letters.")
             .arg(longestName);
     if (name.startsWith(QLatin1Char('.')) || std::any_of(name.begin(), name.end(), isForbidden))
-        return tr(QT_TRANSLATE_NOOP("PresetFolder",
-                                    "A preset's name does not begin with a full stop and holds "
-                                    "none of these: %1"))
+        return QCoreApplication::translate(
+                   "PresetFolder", "A preset's name does not begin with a full stop and holds "
+                                   "none of these: %1")
             .arg(forbidden);
     return QString();
 }
@@ -71,7 +70,7 @@ QString PresetFolder::prepare() const
 {
     if (QDir().mkpath(m_folder))
         return QString();
-    return tr(QT_TRANSLATE_NOOP("PresetFolder", "The presets' folder %1 cannot be made."))
+    return QCoreApplication::translate("PresetFolder", "The presets' folder %1 cannot be made.")
         .arg(QDir::toNativeSeparators(m_folder));
 }
 
@@ -80,6 +79,6 @@ QString PresetFolder::remove(const QString& name) const
     QFile file(fileOf(name));
     if (file.remove())
         return QString();
-    return tr(QT_TRANSLATE_NOOP("PresetFolder", "The preset %1 cannot be deleted: %2."))
+    return QCoreApplication::translate("PresetFolder", "The preset %1 cannot be deleted: %2.")
         .arg(name, file.errorString());
 }

@@ -48,9 +48,8 @@ QJsonObject toJson(const SessionData::Channel& channel, QJsonObject object)
     object[nameKey] = channel.name;
     object[stripKey] = toJson(channel.strip);
     object[equalizerKey] = ChannelText::toJson(channel.equalizer);
-    object[compareKey] =
-        QJsonObject{{chosenKey, QLatin1String(channel.compare.isB ? "B" : "A")},
-                    {otherKey, ChannelText::toJson(channel.compare.other)}};
+    object[compareKey] = QJsonObject{{chosenKey, QLatin1String(channel.compare.isB ? "B" : "A")},
+                                     {otherKey, ChannelText::toJson(channel.compare.other)}};
     object[editorKey] = QJsonObject::fromVariantMap(channel.editor);
     return object;
 }
@@ -138,8 +137,9 @@ public:
             const auto parsed =
                 parseStrip(static_cast<StripParameter>(i), text.toString().toStdString());
             if (!parsed)
-                return refuse(entry, QStringLiteral("is \"%1\", which is no value of it")
-                                         .arg(text.toString()));
+                return refuse(
+                    entry,
+                    QStringLiteral("is \"%1\", which is no value of it").arg(text.toString()));
             (*out)[i] = *parsed;
         }
     }
@@ -199,9 +199,9 @@ void readChannels(Reader& reader, const QJsonValue& value, SessionData* out)
         return;
     const QJsonArray list = value.toArray();
     if (list.size() > channelCount)
-        return reader.refuse(channelsKey, QStringLiteral("are %1, where the mixer has %2")
-                                              .arg(list.size())
-                                              .arg(channelCount));
+        return reader.refuse(
+            channelsKey,
+            QStringLiteral("are %1, where the mixer has %2").arg(list.size()).arg(channelCount));
     for (int i = 0; i < list.size(); ++i)
         readChannel(reader, list[i], QStringLiteral("channels[%1]").arg(i),
                     &out->channels[static_cast<std::size_t>(i)]);

@@ -15,15 +15,13 @@ namespace {
 
 constexpr qint64 largestFile = 4 << 20;
 
-QString tr(const char* text) { return QCoreApplication::translate("SessionFile", text); }
-
 QString shown(const QString& file) { return QDir::toNativeSeparators(file); }
 
 QString unreadable(const QString& file, const QString& reason)
 {
-    return tr(QT_TRANSLATE_NOOP("SessionFile",
-                                "The session %1 cannot be read: %2. It is left alone, and nothing "
-                                "will be saved."))
+    return QCoreApplication::translate(
+               "SessionFile", "The session %1 cannot be read: %2. It is left alone, and nothing "
+                              "will be saved.")
         .arg(shown(file), reason);
 }
 
@@ -70,7 +68,7 @@ QString SessionFile::save(const SessionData& data)
     QDir().mkpath(QFileInfo(m_file).path());
     const QString fault = writeFile(m_file, QJsonDocument(root).toJson());
     if (!fault.isEmpty())
-        return tr(QT_TRANSLATE_NOOP("SessionFile", "The session %1 cannot be saved: %2."))
+        return QCoreApplication::translate("SessionFile", "The session %1 cannot be saved: %2.")
             .arg(shown(m_file), fault);
     m_root = root;
     return QString();
@@ -80,13 +78,13 @@ QString SessionFile::setAside(const QString& reason)
 {
     const QString name = setDamagedFileAside(m_file);
     if (!name.isEmpty())
-        return tr(QT_TRANSLATE_NOOP("SessionFile",
-                                    "The session %1 is damaged and not used: %2. The file is kept "
-                                    "as %3."))
+        return QCoreApplication::translate(
+                   "SessionFile", "The session %1 is damaged and not used: %2. The file is kept "
+                                  "as %3.")
             .arg(shown(m_file), reason, shown(name));
     const QString file = std::exchange(m_file, QString());
-    return tr(QT_TRANSLATE_NOOP("SessionFile",
-                                "The session %1 is damaged and not used: %2. The file cannot be "
-                                "renamed, so nothing will be saved."))
+    return QCoreApplication::translate(
+               "SessionFile", "The session %1 is damaged and not used: %2. The file cannot be "
+                              "renamed, so nothing will be saved.")
         .arg(shown(file), reason);
 }
