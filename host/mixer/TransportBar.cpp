@@ -105,8 +105,9 @@ void TransportBar::build()
     connect(m_open, &QAbstractButton::clicked, this, &TransportBar::chooseFile);
     connect(m_play, &QAbstractButton::clicked, this, drive([](Transport& t) { t.play(); }));
     connect(m_stop, &QAbstractButton::clicked, this, drive([](Transport& t) { t.stop(); }));
-    connect(m_position, &QSlider::sliderMoved, this,
-            drive([this](Transport& t) { t.seek(double(m_position->value()) / stepsPerSecond); }));
+    connect(m_position, &QSlider::actionTriggered, this, drive([this](Transport& t) {
+                t.seek(double(m_position->sliderPosition()) / stepsPerSecond);
+            }));
     connect(m_devices, &QComboBox::activated, this,
             drive([this](Transport& t) { t.chooseDevice(m_devices->currentIndex()); }));
 }

@@ -29,6 +29,7 @@ QRect placeOf(const QWidget* window) { return {window->pos(), window->size()}; }
 MixerSession::MixerSession(Mixer& mixer, Reporter reporter)
     : m_mixer(mixer)
     , m_reporter(std::move(reporter))
+    , m_timer(this)
 {
     m_timer.setSingleShot(true);
     m_timer.setInterval(saveDelay);
