@@ -62,7 +62,7 @@ bool GestureWatch::eventFilter(QObject* watched, QEvent* event)
         // What a field that loses the focus writes is apart from what took the focus away. The
         // wheel, too, gives the focus to what it turns.
         if (m_kind != Wheel)
-            begin(m_kind);
+            ++m_number;
         break;
     default:
         break;

@@ -174,11 +174,13 @@ void MixerStrip::buildName()
     m_texts.add([this] {
         m_name->setDefaultName(tr("Channel %1").arg(m_channel));
         m_name->setChannelName(m_desk.name(m_channel));
+        m_name->home(false);
         m_name->setToolTip(tr("A double click renames the channel"));
     });
     name(m_name, [](const QString& channel) { return tr("Name of %1").arg(channel); });
     connect(m_name, &ChannelNameEdit::channelNameChanged, this, [this](const QString& text) {
         m_desk.rename(m_channel, text == m_name->defaultName() ? QString() : text);
+        m_name->home(false);
     });
 }
 
@@ -311,7 +313,7 @@ void MixerStrip::name(QWidget* control, const std::function<QString(const QStrin
 
 void MixerStrip::follow(int channel)
 {
-    if (channel != (m_channel & ~1))
+    if (channel != (m_channel & ~1) || isPair() == m_placedAsPair)
         return;
     placeMeters();
     update();
@@ -319,7 +321,7 @@ void MixerStrip::follow(int channel)
 
 void MixerStrip::placeMeters()
 {
-    const bool pair = isPair();
+    const bool pair = m_placedAsPair = isPair();
     const int width = pair ? (meterPlace.width() - meterGap) / 2 : meterPlace.width();
     for (int i = 0; i < 2; ++i) {
         const MeterPair& meter = m_meters[static_cast<std::size_t>(i)];

@@ -94,6 +94,7 @@ private:
     Desk& m_desk;
     int m_channel;
     bool m_selected = false;
+    bool m_placedAsPair = false;
     LiveTexts m_texts;
     ChannelNameEdit* m_name = nullptr;
     CommonController_MemAPI::FaderController* m_fader = nullptr;
