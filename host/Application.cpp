@@ -6,6 +6,7 @@
 #include "host/MixerWindow.h"
 #include "host/OutputFile.h"
 #include "host/ParameterText.h"
+#include "host/session/MixerSession.h"
 
 #include <QApplication>
 #include <QBuffer>
@@ -71,6 +72,12 @@ int Application::run()
 
 int Application::runHeadless()
 {
+    MixerSession mixerSession(m_mixer);
+    if (!m_commandLine.session.isEmpty()) {
+        const QString damage = mixerSession.open(m_commandLine.session);
+        if (!damage.isEmpty())
+            return finished(damage);
+    }
     QWidget stage;
     stage.setAttribute(Qt::WA_DontShowOnScreen);
     const EditorSettings& settings = m_commandLine.editor;
@@ -96,17 +103,33 @@ int Application::runHeadless()
 int Application::runWindows()
 {
     openSettings();
-    const EditorSettings& settings = m_commandLine.editor;
-    MixerWindow mixerWindow(m_mixer, settings);
+    MixerWindow mixerWindow(m_mixer, m_commandLine.editor);
+    MixerSession session(m_mixer, complain);
+    const QString& given = m_commandLine.session;
+    const QString damage = session.open(given.isEmpty() ? SessionFile::standardFile() : given);
+    if (!damage.isEmpty())
+        complain(damage);
     mixerWindow.show();
+    session.restoreWindows(mixerWindow);
+    if (session.isNew() || m_commandLine.wantsEditor) {
+        const QString fault = openEditor(mixerWindow);
+        if (!fault.isEmpty())
+            return finished(fault);
+    }
+    m_mixer.desk.history().clear();
+    return QApplication::exec();
+}
+
+QString Application::openEditor(MixerWindow& mixerWindow)
+{
+    const EditorSettings& settings = m_commandLine.editor;
     EditorWindow* editor = mixerWindow.openEditor(settings.channel, settings.stereo);
     if (!editor)
-        return finished(noEditor(settings.channel));
+        return noEditor(settings.channel);
     const QString fault = loadState(editor->session());
-    if (!fault.isEmpty())
-        return finished(fault);
-    applySettings();
-    return QApplication::exec();
+    if (fault.isEmpty())
+        applySettings();
+    return fault;
 }
 
 void Application::openSettings()

@@ -8,6 +8,8 @@
 
 #include <memory>
 
+class MixerWindow;
+
 /// Exit codes of the program.
 enum ExitCode { ExitDone = 0, ExitFault = 1, ExitUsage = 2 };
 
@@ -26,6 +28,7 @@ public:
 private:
     int runHeadless();
     int runWindows();
+    QString openEditor(MixerWindow& mixerWindow);
     void openSettings();
     void playMeters();
     QString loadState(EditorSession& session);

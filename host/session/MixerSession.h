@@ -30,6 +30,8 @@ public:
     /// Reads \a file into the mixer's memory, names, A and B settings and settings maps. Returns
     /// nothing, or what went wrong as a sentence.
     QString open(const QString& file);
+    /// Whether there was no session to bring back: nobody has chosen yet what is open.
+    bool isNew() const { return m_file.isNew(); }
     /// Puts \a window where it was and opens the editors that were open; saves from now on, also
     /// what \a window shows, which must outlive it. Whether any editor was opened.
     bool restoreWindows(MixerWindow& window);

@@ -22,8 +22,8 @@ public:
     /// know. Does nothing without a file, or when nothing has changed.
     QString save(const SessionData& data);
 
-    /// Where it saves; empty for nowhere.
-    const QString& name() const { return m_file; }
+    /// Whether there was no session to read.
+    bool isNew() const { return m_root.isEmpty(); }
 
 private:
     QString setAside(const QString& reason);
