@@ -3,13 +3,13 @@
 
 #include "controls/ButtonGroupController.h"
 #include "controls/FaderController.h"
-#include "controls/PeakMeterController.h"
 #include "controls/PullDownButtonController.h"
 #include "controls/TextEditController.h"
 #include "host/HostModel.h"
 #include "host/mixer/Desk.h"
 #include "host/mixer/EqualizerThumbnail.h"
 #include "host/mixer/MixerLook.h"
+#include "host/mixer/StripMeters.h"
 #include "widgets/ChannelNameEdit.h"
 
 #include <QApplication>
@@ -38,7 +38,6 @@ constexpr QRect meterPlace(margin + 64, 236, 16, 252);
 constexpr QRect levelPlace(margin, 510, innerWidth, 22);
 constexpr QRect numberPlace(margin, 540, innerWidth, 16);
 constexpr int capHeight = 56;
-constexpr int meterGap = 2;
 constexpr int silent = -1270;
 
 struct ScaleMark
@@ -54,15 +53,6 @@ QStringList sourceNames()
     for (int input = SourceInput1; input < SourceOff; ++input)
         names << MixerStrip::tr("Input %1").arg(input - SourceInput1 + 1);
     return names << MixerStrip::tr("Off");
-}
-
-void setMeterColors(QWidget* meter, const QColor& low, const QColor& high, const QColor& over)
-{
-    QPalette palette;
-    palette.setColor(QPalette::Dark, low);
-    palette.setColor(QPalette::Mid, high);
-    palette.setColor(QPalette::Light, over);
-    meter->setPalette(palette);
 }
 
 int wordAt(const unsigned int* words, unsigned short base, int channel)
@@ -83,6 +73,7 @@ MixerStrip::MixerStrip(Desk& desk, int channel, QWidget* parent)
     : QWidget(parent)
     , m_desk(desk)
     , m_channel(channel)
+    , m_shownAsPair(desk.isPair(channel))
 {
     setFixedSize(stripWidth, stripHeight);
     buildName();
@@ -107,7 +98,6 @@ MixerStrip::MixerStrip(Desk& desk, int channel, QWidget* parent)
         if (now && isAncestorOf(now))
             Q_EMIT selected(m_channel);
     });
-    placeMeters();
 }
 
 bool MixerStrip::isPair() const { return m_desk.isPair(m_channel); }
@@ -122,9 +112,9 @@ void MixerStrip::takeMeters(const unsigned int* words, unsigned int count)
 {
     if (count < HostModel::meterWordCount)
         return;
-    showLevel(m_meters[0], levelOf(words, m_channel));
+    m_meters->show(0, levelOf(words, m_channel));
     if (isPair())
-        showLevel(m_meters[1], levelOf(words, partnerOf(m_channel)));
+        m_meters->show(1, levelOf(words, partnerOf(m_channel)));
 }
 
 void MixerStrip::sayAgain()
@@ -137,6 +127,13 @@ void MixerStrip::mousePressEvent(QMouseEvent* event)
 {
     Q_EMIT selected(m_channel);
     QWidget::mousePressEvent(event);
+}
+
+// A field that is resized forgets the margin that its name keeps.
+void MixerStrip::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    showName();
 }
 
 void MixerStrip::paintEvent(QPaintEvent*)
@@ -171,17 +168,22 @@ void MixerStrip::buildName()
     palette.setColor(QPalette::Base, Qt::transparent);
     m_name->setPalette(palette);
     m_name->setElideMargin(10);
+    name(m_name, [](const QString& channel) { return tr("Name of %1").arg(channel); });
     m_texts.add([this] {
-        m_name->setDefaultName(tr("Channel %1").arg(m_channel));
-        m_name->setChannelName(m_desk.name(m_channel));
-        m_name->home(false);
+        showName();
         m_name->setToolTip(tr("A double click renames the channel"));
     });
-    name(m_name, [](const QString& channel) { return tr("Name of %1").arg(channel); });
     connect(m_name, &ChannelNameEdit::channelNameChanged, this, [this](const QString& text) {
         m_desk.rename(m_channel, text == m_name->defaultName() ? QString() : text);
         m_name->home(false);
     });
+}
+
+void MixerStrip::showName()
+{
+    m_name->setDefaultName(tr("Channel %1").arg(m_channel));
+    m_name->setChannelName(m_desk.name(m_channel));
+    m_name->home(false);
 }
 
 void MixerStrip::buildSource()
@@ -268,22 +270,14 @@ void MixerStrip::buildFader()
 
 void MixerStrip::buildMeters()
 {
-    for (MeterPair& meter : m_meters) {
-        meter.bar = new MeterController(this);
-        meter.peak = new PeakMeterController(this);
-        setMeterColors(meter.bar, QColor(0x1f, 0xb0, 0x4e), QColor(0xe3, 0xc2, 0x2e),
-                       QColor(0xff, 0x4a, 0x48));
-        setMeterColors(meter.peak, QColor(0x8f, 0xf0, 0xac), QColor(0xff, 0xee, 0x99),
-                       QColor(0xff, 0x4a, 0x48));
-        meter.peak->setAttribute(Qt::WA_TransparentForMouseEvents);
-    }
-    for (std::size_t i = 0; i < m_meters.size(); ++i) {
-        const int shown = m_channel + static_cast<int>(i);
-        name(m_meters[i].bar,
-             [shown](const QString&) { return tr("Meter of channel %1").arg(shown); });
-        name(m_meters[i].peak,
-             [shown](const QString&) { return tr("Peak of channel %1").arg(shown); });
-    }
+    m_meters = new StripMeters(this);
+    m_meters->setGeometry(meterPlace);
+    m_meters->setPair(m_shownAsPair);
+    m_texts.add([this] {
+        for (int side = 0; side < StripMeters::sides; ++side)
+            m_meters->setNames(side, tr("Meter of channel %1").arg(m_channel + side),
+                               tr("Peak of channel %1").arg(m_channel + side));
+    });
 }
 
 void MixerStrip::bind(AbstractController* control, StripParameter parameter, int channel)
@@ -304,44 +298,17 @@ void MixerStrip::name(QWidget* control, const std::function<QString(const QStrin
 {
     m_texts.add([this, control, text] {
         control->setAccessibleName(text(m_desk.shownName(m_channel)));
-        if (control->toolTip().isEmpty() || control->property("named").toBool()) {
-            control->setToolTip(control->accessibleName());
-            control->setProperty("named", true);
-        }
+        control->setToolTip(control->accessibleName());
     });
 }
 
 void MixerStrip::follow(int channel)
 {
-    if (channel != (m_channel & ~1) || isPair() == m_placedAsPair)
+    if (channel != (m_channel & ~1) || isPair() == m_shownAsPair)
         return;
-    placeMeters();
+    m_shownAsPair = isPair();
+    m_meters->setPair(m_shownAsPair);
     update();
-}
-
-void MixerStrip::placeMeters()
-{
-    const bool pair = m_placedAsPair = isPair();
-    const int width = pair ? (meterPlace.width() - meterGap) / 2 : meterPlace.width();
-    for (int i = 0; i < 2; ++i) {
-        const MeterPair& meter = m_meters[static_cast<std::size_t>(i)];
-        const QRect place(meterPlace.x() + i * (width + meterGap), meterPlace.y(), width,
-                          meterPlace.height());
-        for (QWidget* part : std::initializer_list<QWidget*>{meter.bar, meter.peak}) {
-            part->setGeometry(place);
-            part->setVisible(i == 0 || pair);
-        }
-    }
-}
-
-void MixerStrip::showLevel(MeterPair& meter, int level)
-{
-    meter.bar->setValue(level);
-    const bool over = ++meter.held > peakHold || level >= meter.peak->value();
-    if (!over)
-        return;
-    meter.peak->setValue(level);
-    meter.held = 0;
 }
 
 int MixerStrip::levelOf(const unsigned int* words, int channel) const

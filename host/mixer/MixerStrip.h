@@ -6,20 +6,16 @@
 
 #include <QWidget>
 
-#include <array>
 #include <functional>
-#include <vector>
 
 class ChannelNameEdit;
 class Desk;
-class EqualizerThumbnail;
+class StripMeters;
 
 namespace CommonController_MemAPI {
 class AbstractController;
 class ButtonGroupController;
 class FaderController;
-class MeterController;
-class PeakMeterController;
 class PullDownButtonController;
 class PushButtonController;
 class TextEditController;
@@ -39,8 +35,6 @@ class MixerStrip : public QWidget
 public:
     static constexpr int stripWidth = 104;
     static constexpr int stripHeight = 566;
-    /// Meter readings for which a peak stays.
-    static constexpr int peakHold = 45;
 
     /// \a desk must outlive it.
     MixerStrip(Desk& desk, int channel, QWidget* parent = nullptr);
@@ -62,17 +56,11 @@ Q_SIGNALS:
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     using Key = CommonController_MemAPI::PushButtonController;
-
-    struct MeterPair
-    {
-        CommonController_MemAPI::MeterController* bar = nullptr;
-        CommonController_MemAPI::PeakMeterController* peak = nullptr;
-        int held = 0; // readings for which the peak has stood
-    };
 
     void buildName();
     void buildSource();
@@ -80,13 +68,12 @@ private:
     void buildKeys();
     void buildFader();
     void buildMeters();
+    void showName();
     void bind(CommonController_MemAPI::AbstractController* control, StripParameter parameter,
               int channel);
     Key* addKey(const QPoint& place, const QString& color);
     void name(QWidget* control, const std::function<QString(const QString&)>& text);
     void follow(int channel);
-    void placeMeters();
-    void showLevel(MeterPair& meter, int level);
     int levelOf(const unsigned int* words, int channel) const;
     void drawScale(QPainter& painter) const;
     void drawFocus(QPainter& painter) const;
@@ -94,9 +81,9 @@ private:
     Desk& m_desk;
     int m_channel;
     bool m_selected = false;
-    bool m_placedAsPair = false;
     LiveTexts m_texts;
     ChannelNameEdit* m_name = nullptr;
     CommonController_MemAPI::FaderController* m_fader = nullptr;
-    std::array<MeterPair, 2> m_meters;
+    StripMeters* m_meters = nullptr;
+    bool m_shownAsPair = false;
 };

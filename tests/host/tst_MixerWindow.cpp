@@ -10,6 +10,7 @@
 #include "host/MixerWindow.h"
 #include "host/mixer/EqualizerThumbnail.h"
 #include "host/mixer/MixerStrip.h"
+#include "host/mixer/StripMeters.h"
 #include "host/mixer/Transport.h"
 #include "host/mixer/TransportBar.h"
 #include "tests/support/TestObject.h"
@@ -503,7 +504,7 @@ void tst_MixerWindow::peaksStayForAWhile()
 {
     const auto* peak = strip(0)->findChild<PeakMeterController*>();
     sendMeters(0, -60, -60);
-    for (int i = 0; i < MixerStrip::peakHold; ++i)
+    for (int i = 0; i < StripMeters::peakHold; ++i)
         sendMeters(0, -300, -300);
     QCOMPARE(peak->value(), -60);
     sendMeters(0, -300, -300);
