@@ -7,6 +7,7 @@
 #include "host/MixerWindow.h"
 #include "host/OutputFile.h"
 #include "host/ParameterText.h"
+#include "host/session/MixerSession.h"
 
 #include <QApplication>
 #include <QBuffer>
@@ -73,6 +74,12 @@ int Application::run()
 
 int Application::runHeadless()
 {
+    MixerSession mixerSession(m_mixer);
+    if (!m_commandLine.session.isEmpty()) {
+        const QString damage = mixerSession.open(m_commandLine.session);
+        if (!damage.isEmpty())
+            return finished(damage);
+    }
     QWidget stage;
     stage.setAttribute(Qt::WA_DontShowOnScreen);
     const EditorSettings& settings = m_commandLine.editor;
@@ -101,18 +108,34 @@ int Application::runWindows()
     QString fault = openAudio();
     if (!fault.isEmpty())
         return finished(fault);
-    const EditorSettings& settings = m_commandLine.editor;
-    MixerWindow mixerWindow(m_mixer, settings);
+    MixerWindow mixerWindow(m_mixer, m_commandLine.editor);
+    MixerSession session(m_mixer, complain);
+    const QString& given = m_commandLine.session;
+    const QString damage = session.open(given.isEmpty() ? SessionFile::standardFile() : given);
+    if (!damage.isEmpty())
+        complain(damage);
     mixerWindow.show();
-    EditorWindow* editor = mixerWindow.openEditor(settings.channel, settings.stereo);
-    if (!editor)
-        return finished(noEditor(settings.channel));
-    fault = loadState(editor->session());
-    if (!fault.isEmpty())
-        return finished(fault);
-    applySettings();
+    session.restoreWindows(mixerWindow);
+    if (session.isNew() || m_commandLine.wantsEditor) {
+        fault = openEditor(mixerWindow);
+        if (!fault.isEmpty())
+            return finished(fault);
+    }
+    m_mixer.desk.history().clear();
     playAudio(&mixerWindow);
     return QApplication::exec();
+}
+
+QString Application::openEditor(MixerWindow& mixerWindow)
+{
+    const EditorSettings& settings = m_commandLine.editor;
+    EditorWindow* editor = mixerWindow.openEditor(settings.channel, settings.stereo);
+    if (!editor)
+        return noEditor(settings.channel);
+    const QString fault = loadState(editor->session());
+    if (fault.isEmpty())
+        applySettings();
+    return fault;
 }
 
 // The editor draws the curve for the rate that is heard, unless it was given another one.

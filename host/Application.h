@@ -10,6 +10,8 @@
 
 #include <memory>
 
+class MixerWindow;
+
 /// Exit codes of the program.
 enum ExitCode { ExitDone = 0, ExitFault = 1, ExitUsage = 2 };
 
@@ -30,6 +32,7 @@ private:
     int runWindows();
     QString openAudio();
     void playAudio(QWidget* window);
+    QString openEditor(MixerWindow& mixerWindow);
     void openSettings();
     void playMeters();
     QString loadState(EditorSession& session);

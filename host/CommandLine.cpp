@@ -33,7 +33,7 @@ void addOptions(QCommandLineParser& parser)
 {
     for (const char* name :
          {"plugin", "channel", "scale", "sample-rate", "set", "state", "save-state", "screenshot",
-          "meters", "language", "render", "audio", "device", "rate", "block"})
+          "meters", "language", "render", "audio", "device", "rate", "block", "session"})
         parser.addOption(withValue(name));
     for (const char* name : {"mono", "list", "help", "float", "live", "loop", "devices"})
         parser.addOption(withoutValue(name));
@@ -60,6 +60,9 @@ public:
         m_result.list = m_parser.isSet(QStringLiteral("list"));
         m_result.editor.stereo = !m_parser.isSet(QStringLiteral("mono"));
         readFile("plugin", &m_result.plugin);
+        readFile("session", &m_result.session);
+        for (const char* option : {"channel", "mono", "state", "set"})
+            m_result.wantsEditor |= m_parser.isSet(QLatin1String(option));
         readFile("state", &m_result.state);
         readFile("save-state", &m_result.saveState);
         readFile("screenshot", &m_result.screenshot);
@@ -286,6 +289,9 @@ QString CommandLine::helpText()
         "  --mono                 the channel alone instead of its stereo pair\n"
         "  --scale F              zoom, 0.5 to 4 (1)\n"
         "  --sample-rate HZ       1000 to 768000 (48000)\n"
+        "  --session FILE         the session to restore and to save at the end (in windows\n"
+        "                         otherwise the one in the user's data; without a window it is\n"
+        "                         only read, and only when it is given)\n"
         "  --state FILE           load the channel's settings: a state of 116 bytes or a\n"
         "                         .vstpreset\n"
         "  --set NAME=TEXT        set a parameter as if TEXT were typed; repeatable, after "

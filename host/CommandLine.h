@@ -45,6 +45,8 @@ struct CommandLine
     bool help = false;
     Language language = Language::English;
     std::optional<bool> meters; ///< empty: shown in windows only
+    QString session;            ///< file to restore and keep; empty: the standard one in windows
+    bool wantsEditor = false;   ///< something was asked for that concerns the editor to open
     QString state;              ///< file to load
     QString saveState;          ///< file to write
     QString screenshot;         ///< file to write

@@ -5,6 +5,9 @@
 #include "host/StateFile.h"
 #include "plugin/interfaces/IVaskEffectEditor2.h"
 
+#include <QCoreApplication>
+#include <QFileInfo>
+
 #include <public.sdk/source/common/memorystream.h>
 
 using Steinberg::MemoryStream;
@@ -40,7 +43,7 @@ EditorSession::EditorSession(Mixer& mixer, const EditorSettings& settings, QWidg
 EditorSession::~EditorSession()
 {
     if (m_guard) {
-        m_mixer.settings.keep(m_settings.channel, m_editor->getEditorSettings());
+        keepMap();
         m_editor->setMemAPI(nullptr);
         delete m_editor;
     }
@@ -85,6 +88,9 @@ QString EditorSession::loadState(const QString& file)
     if (!content.fault.isEmpty())
         return content.fault;
     const HostMemory::Values before = m_mixer.memory.values(m_settings.channel);
+    const EditHistory::Step step(m_mixer.desk.history(),
+                                 QCoreApplication::translate("EditorSession", "Load %1")
+                                     .arg(QFileInfo(file).completeBaseName()));
     MemoryStream stream(content.state.data(), content.state.size());
     if (m_editor->getVstComponent()->setState(&stream) == Steinberg::kResultOk)
         return QString();
@@ -102,6 +108,13 @@ QString EditorSession::saveState(const QString& file) const
     const QByteArray state(stream.getData(), StateFile::stateSize);
     return StateFile(file, m_editor->uid()).write(state);
 }
+
+void EditorSession::keepMap()
+{
+    m_mixer.settings.keep(m_settings.channel, m_editor->getEditorSettings());
+}
+
+void EditorSession::takeFocus() { m_editor->setFocus(Qt::ActiveWindowFocusReason); }
 
 QImage EditorSession::picture() const
 {

@@ -44,10 +44,15 @@ public:
     void setDialMode(int mode);
     void setSliderMode(int mode);
 
-    /// Loads the channel's settings from \a file through the editor's component; changes nothing
-    /// if the file is not sound.
+    /// Loads the channel's settings from \a file through the editor's component, as one step of
+    /// the mixer's history; changes nothing if the file is not sound.
     QString loadState(const QString& file);
     QString saveState(const QString& file) const;
+
+    /// Keeps the editor's settings map now, before the end.
+    void keepMap();
+    /// Gives the editor the keyboard focus.
+    void takeFocus();
 
     /// The editor alone, as it looks at its scale, one picture point a pixel.
     QImage picture() const;

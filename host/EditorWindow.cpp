@@ -1,22 +1,29 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/EditorWindow.h"
 
+#include "host/HistoryMenu.h"
 #include "host/HostTheme.h"
 #include "host/LanguageMenu.h"
 #include "host/Mixer.h"
 #include "host/ParameterListModel.h"
+#include "host/mixer/Transport.h"
+#include "host/presets/FactoryPresets.h"
+#include "host/presets/PresetMenu.h"
 
-#include <QApplication>
+#include <QActionGroup>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHeaderView>
+#include <QInputDialog>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QScreen>
 #include <QScrollArea>
+#include <QShowEvent>
 #include <QSpinBox>
 #include <QSplitter>
 #include <QStatusBar>
@@ -62,9 +69,10 @@ EditorWindow::EditorWindow(Mixer& mixer, std::unique_ptr<QWidget> stage,
     setCentralWidget(splitter);
     buildToolBar();
     buildMenus();
-    statusBar()->setSizeGripEnabled(false);
+    buildStatus();
     chooseSize();
     m_texts.add([this] { showTitle(); });
+    connect(&mixer.desk, &Desk::nameChanged, this, &EditorWindow::showTitle);
 }
 
 EditorWindow::~EditorWindow() = default;
@@ -74,9 +82,43 @@ void EditorWindow::setStereo(bool stereo)
     m_stereo->setCurrentIndex(stereo ? stereoIndex : monoIndex);
 }
 
+void EditorWindow::setScale(double scale) { m_zoom->setValue(percentOf(scale)); }
+
+void EditorWindow::loadPreset(const QString& name)
+{
+    report(m_session->loadState(m_presets->folder().fileOf(name)), tr("Loaded %1.").arg(name));
+}
+
+void EditorWindow::savePreset(const QString& name)
+{
+    const PresetFolder& folder = m_presets->folder();
+    QString fault = PresetFolder::faultOfName(name);
+    if (fault.isEmpty())
+        fault = folder.prepare();
+    if (fault.isEmpty())
+        fault = m_session->saveState(folder.fileOf(name));
+    report(fault, tr("Saved %1.").arg(name));
+}
+
+void EditorWindow::deletePreset(const QString& name)
+{
+    report(m_presets->folder().remove(name), tr("Deleted %1.").arg(name));
+}
+
+void EditorWindow::applyFactoryPreset(int index)
+{
+    const FactoryPreset& preset = factoryPresets()[static_cast<std::size_t>(index)];
+    const QString name = QCoreApplication::translate("FactoryPreset", preset.name);
+    const EditHistory::Step step(m_mixer.desk.history(), name);
+    m_mixer.memory.write(settings().channel, valuesOf(preset));
+    report(QString(), tr("Loaded %1.").arg(name));
+}
+
 void EditorWindow::buildMenus()
 {
     buildFileMenu(m_texts.menu(menuBar(), [] { return tr("&File"); }));
+    buildEditMenu(m_texts.menu(menuBar(), [] { return tr("&Edit"); }));
+    buildPresetMenu(m_texts.menu(menuBar(), [] { return tr("&Presets"); }));
     buildViewMenu(m_texts.menu(menuBar(), [] { return tr("&View"); }));
 }
 
@@ -88,13 +130,44 @@ void EditorWindow::buildFileMenu(QMenu* menu)
         menu, [] { return tr("&Save State..."); }, QKeySequence::Save, [this] { saveState(); });
     menu->addSeparator();
     addItem(
+        menu, [] { return tr("&Close"); }, QKeySequence::Close, [this] { close(); });
+    addItem(
+        menu, [] { return tr("&Quit"); }, QKeySequence::Quit, [this] { Q_EMIT quitWanted(); });
+}
+
+void EditorWindow::buildEditMenu(QMenu* menu)
+{
+    ChannelCompare& compare = m_mixer.desk.compare();
+    const int channel = settings().channel;
+    addHistoryActions(menu, m_mixer.desk.history(), m_texts);
+    menu->addSeparator();
+    addItem(
+        menu, [] { return tr("&Copy Settings"); }, QKeySequence::Copy,
+        [this, channel] { m_mixer.desk.copyToClipboard(channel); });
+    addItem(
+        menu, [] { return tr("&Paste Settings"); }, QKeySequence::Paste, [this] { paste(); });
+    addItem(
         menu, [] { return tr("&Reset to Defaults"); }, QKeySequence(),
         [this] { resetToDefaults(); });
     menu->addSeparator();
     addItem(
-        menu, [] { return tr("&Close"); }, QKeySequence::Close, [this] { close(); });
+        menu, [] { return tr("S&witch between A and B"); }, QKeySequence(Qt::CTRL | Qt::Key_B),
+        [&compare, channel] { compare.choose(channel, !compare.isB(channel)); });
     addItem(
-        menu, [] { return tr("&Quit"); }, QKeySequence::Quit, &QApplication::closeAllWindows);
+        menu, [] { return tr("Copy A &to B"); }, QKeySequence(),
+        [&compare, channel] { compare.copy(channel, true); });
+    addItem(
+        menu, [] { return tr("Copy B t&o A"); }, QKeySequence(),
+        [&compare, channel] { compare.copy(channel, false); });
+}
+
+void EditorWindow::buildPresetMenu(QMenu* menu)
+{
+    m_presets = new PresetMenu(menu, PresetFolder(PresetFolder::standardFolder()), m_texts);
+    connect(m_presets, &PresetMenu::factoryChosen, this, &EditorWindow::applyFactoryPreset);
+    connect(m_presets, &PresetMenu::userChosen, this, &EditorWindow::loadPreset);
+    connect(m_presets, &PresetMenu::saveWanted, this, &EditorWindow::askForPresetName);
+    connect(m_presets, &PresetMenu::deleteWanted, this, &EditorWindow::askToDelete);
 }
 
 void EditorWindow::buildViewMenu(QMenu* menu)
@@ -129,6 +202,7 @@ void EditorWindow::buildToolBar()
     bar->setMovable(false);
     bar->setContextMenuPolicy(Qt::PreventContextMenu);
     applyHostSheet(bar);
+    addCompare(bar);
     addZoom(bar);
     addStereo(bar);
     addSampleRate(bar);
@@ -157,6 +231,8 @@ void EditorWindow::addStereo(QToolBar* bar)
         m_session->setStereo(index == stereoIndex);
         showTitle();
     });
+    connect(m_stereo, &QComboBox::activated, this,
+            [this](int index) { Q_EMIT stereoChosen(index == stereoIndex); });
     bar->addWidget(m_texts.label(bar, [] { return tr("Channel"); }));
     bar->addWidget(m_stereo);
 }
@@ -194,6 +270,52 @@ void EditorWindow::addModes(QToolBar* bar)
     bar->addWidget(dials);
     bar->addWidget(m_texts.label(bar, [] { return tr("Sliders"); }));
     bar->addWidget(sliders);
+}
+
+void EditorWindow::addCompare(QToolBar* bar)
+{
+    auto* group = new QActionGroup(this);
+    const auto addChoice = [this, bar, group](const QString& letter, bool isB) {
+        QAction* action = bar->addAction(letter);
+        action->setCheckable(true);
+        group->addAction(action);
+        m_texts.add([action, letter] { action->setToolTip(tr("Settings %1").arg(letter)); });
+        connect(action, &QAction::triggered, this,
+                [this, isB] { m_mixer.desk.compare().choose(settings().channel, isB); });
+        return action;
+    };
+    m_chooseA = addChoice(QStringLiteral("A"), false);
+    m_chooseB = addChoice(QStringLiteral("B"), true);
+    connect(&m_mixer.desk.compare(), &ChannelCompare::chosen, this, &EditorWindow::showCompare);
+    showCompare();
+}
+
+void EditorWindow::showCompare()
+{
+    const bool isB = m_mixer.desk.compare().isB(settings().channel);
+    (isB ? m_chooseB : m_chooseA)->setChecked(true);
+}
+
+void EditorWindow::buildStatus()
+{
+    statusBar()->setSizeGripEnabled(false);
+    m_audio = new QLabel(this);
+    statusBar()->addPermanentWidget(m_audio);
+    m_texts.add([this] { showAudio(); });
+    const auto listen = [this] {
+        if (const Transport* transport = m_mixer.desk.transport())
+            connect(transport, &Transport::changed, this, &EditorWindow::showAudio);
+        showAudio();
+    };
+    connect(&m_mixer.desk, &Desk::transportChanged, this, listen);
+    listen();
+}
+
+void EditorWindow::showAudio()
+{
+    const Transport* transport = m_mixer.desk.transport();
+    const bool playing = transport && transport->state() == Transport::State::Playing;
+    m_audio->setText(playing ? QString() : tr("No audio"));
 }
 
 QWidget* EditorWindow::buildEditorArea(std::unique_ptr<QWidget> stage)
@@ -241,6 +363,19 @@ void EditorWindow::changeEvent(QEvent* event)
     m_parameters->sayAgain();
 }
 
+void EditorWindow::closeEvent(QCloseEvent* event)
+{
+    Q_EMIT closing();
+    QMainWindow::closeEvent(event);
+}
+
+void EditorWindow::showEvent(QShowEvent* event)
+{
+    QMainWindow::showEvent(event);
+    if (!event->spontaneous())
+        m_session->takeFocus();
+}
+
 void EditorWindow::chooseSize()
 {
     const int tableHeight =
@@ -253,9 +388,11 @@ void EditorWindow::chooseSize()
 void EditorWindow::showTitle()
 {
     const int channel = settings().channel;
-    setWindowTitle(settings().stereo
-                       ? tr("Channels %1 + %2 - Equalizer").arg(channel).arg(partnerOf(channel))
-                       : tr("Channel %1 - Equalizer").arg(channel));
+    const QString title =
+        settings().stereo ? tr("Channels %1 + %2 - Equalizer").arg(channel).arg(partnerOf(channel))
+                          : tr("Channel %1 - Equalizer").arg(channel);
+    const QString name = m_mixer.desk.name(channel);
+    setWindowTitle(name.isEmpty() ? title : name + QLatin1String(" - ") + title);
 }
 
 void EditorWindow::zoomBy(int percent) { m_zoom->setValue(m_zoom->value() + percent); }
@@ -284,8 +421,38 @@ void EditorWindow::saveState()
 
 void EditorWindow::resetToDefaults()
 {
+    const EditHistory::Step step(m_mixer.desk.history(), tr("Reset"));
     m_mixer.memory.reset(settings().channel);
     statusBar()->showMessage(tr("Every parameter is at its default."), messageTime);
+}
+
+void EditorWindow::paste()
+{
+    const QString fault = m_mixer.desk.pasteFromClipboard(settings().channel);
+    statusBar()->showMessage(fault.isEmpty() ? tr("Pasted.") : fault, messageTime);
+}
+
+void EditorWindow::askForPresetName()
+{
+    bool accepted = false;
+    const QString name =
+        QInputDialog::getText(this, tr("Save as Preset"), tr("Name of the preset"),
+                              QLineEdit::Normal, m_mixer.desk.name(settings().channel), &accepted)
+            .simplified();
+    if (!accepted)
+        return;
+    const bool free = name.isEmpty() || !m_presets->folder().contains(name);
+    if (free || QMessageBox::question(this, windowTitle(),
+                                      tr("There is a preset %1. Replace it?").arg(name)) ==
+                    QMessageBox::Yes)
+        savePreset(name);
+}
+
+void EditorWindow::askToDelete(const QString& name)
+{
+    if (QMessageBox::question(this, windowTitle(), tr("Delete the preset %1?").arg(name)) ==
+        QMessageBox::Yes)
+        deletePreset(name);
 }
 
 void EditorWindow::report(const QString& fault, const QString& success)

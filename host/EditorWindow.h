@@ -10,14 +10,17 @@
 
 struct Mixer;
 class ParameterListModel;
+class PresetMenu;
+class QAction;
 class QComboBox;
+class QLabel;
 class QMenu;
 class QSpinBox;
 class QTableView;
 class QToolBar;
 
-/// The window of one open editor: the editor, what it can be switched between, and a list of the
-/// channel's parameters that can be edited beside it.
+/// The window of one open editor: the editor, what it can be switched between, presets, the
+/// channel's A and B settings, and a list of the channel's parameters that can be edited beside it.
 class EditorWindow : public QMainWindow
 {
     Q_OBJECT
@@ -31,17 +34,34 @@ public:
     EditorSession& session() { return *m_session; }
     const EditorSettings& settings() const { return m_session->settings(); }
     void setStereo(bool stereo);
+    void setScale(double scale);
+
+    /// Presets. What goes wrong is said in a message.
+    void loadPreset(const QString& name);
+    void savePreset(const QString& name);
+    void deletePreset(const QString& name);
+    void applyFactoryPreset(int index);
 
 Q_SIGNALS:
     /// The user wants to see the window with all channels.
     void mixerWanted();
+    /// The window is about to close; the editor is still open.
+    void closing();
+    /// The user wants to end the program.
+    void quitWanted();
+    /// The user switched between the pair and the channel alone.
+    void stereoChosen(bool stereo);
 
 protected:
     void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     void buildMenus();
     void buildFileMenu(QMenu* menu);
+    void buildEditMenu(QMenu* menu);
+    void buildPresetMenu(QMenu* menu);
     void buildViewMenu(QMenu* menu);
     template <typename Slot>
     void addItem(QMenu* menu, const LiveTexts::Text& text, const QKeySequence& keys, Slot slot);
@@ -50,6 +70,10 @@ private:
     void addStereo(QToolBar* bar);
     void addSampleRate(QToolBar* bar);
     void addModes(QToolBar* bar);
+    void addCompare(QToolBar* bar);
+    void showCompare();
+    void buildStatus();
+    void showAudio();
     QWidget* buildEditorArea(std::unique_ptr<QWidget> stage);
     QWidget* buildTable();
     void chooseSize();
@@ -58,6 +82,9 @@ private:
     void loadState();
     void saveState();
     void resetToDefaults();
+    void paste();
+    void askForPresetName();
+    void askToDelete(const QString& name);
     void report(const QString& fault, const QString& success);
 
     Mixer& m_mixer;
@@ -68,4 +95,8 @@ private:
     QTableView* m_table = nullptr;
     QSpinBox* m_zoom = nullptr;
     QComboBox* m_stereo = nullptr;
+    PresetMenu* m_presets = nullptr;
+    QAction* m_chooseA = nullptr;
+    QAction* m_chooseB = nullptr;
+    QLabel* m_audio = nullptr;
 };

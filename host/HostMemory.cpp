@@ -2,18 +2,49 @@
 #include "host/HostMemory.h"
 
 #include "host/ParameterText.h"
+#include "host/WriteListener.h"
 #include "plugin/interfaces/IPrmObserver.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
 constexpr int done = 0;
 constexpr int failed = -1;
 
+struct Range
+{
+    int minimum;
+    int maximum;
+    int defaultValue;
+};
+
 const Parameter& entryOf(unsigned short parameter)
 {
     return parameterTable[findParameterById(parameter)];
+}
+
+Range rangeOf(unsigned short parameter)
+{
+    if (const auto strip = findStripParameter(parameter)) {
+        const StripEntry& entry = stripEntry(*strip);
+        return {entry.minimum, entry.maximum, entry.defaultValue};
+    }
+    const Parameter& entry = entryOf(parameter);
+    return {entry.minimum, entry.maximum, entry.defaultValue};
+}
+
+std::optional<std::string> format(unsigned short parameter, int value)
+{
+    const auto strip = findStripParameter(parameter);
+    return strip ? formatStrip(*strip, value) : formatParameter(entryOf(parameter), value);
+}
+
+std::optional<int> parse(unsigned short parameter, const char* text)
+{
+    const auto strip = findStripParameter(parameter);
+    return strip ? parseStrip(*strip, text) : parseParameter(entryOf(parameter), text);
 }
 
 HostMemory::Values defaults()
@@ -24,12 +55,22 @@ HostMemory::Values defaults()
     return values;
 }
 
+HostMemory::StripValues stripDefaults()
+{
+    HostMemory::StripValues values{};
+    std::transform(stripTable.begin(), stripTable.end(), values.begin(),
+                   [](const StripEntry& entry) { return entry.defaultValue; });
+    return values;
+}
+
 } // namespace
 
 HostMemory::HostMemory()
 {
-    for (Channel& channel : m_channels)
+    for (Channel& channel : m_channels) {
         channel.values = defaults();
+        channel.strip = stripDefaults();
+    }
 }
 
 int HostMemory::getValue(unsigned short parameter, unsigned short ch, int* value,
@@ -37,7 +78,7 @@ int HostMemory::getValue(unsigned short parameter, unsigned short ch, int* value
 {
     if (!exists(parameter, ch) || element != 0 || !value)
         return failed;
-    *value = m_channels[ch].values[findParameterById(parameter)];
+    *value = cell(parameter, ch);
     return done;
 }
 
@@ -46,9 +87,11 @@ int HostMemory::setValue(unsigned short parameter, unsigned short ch, int value,
 {
     if (!exists(parameter, ch) || element != 0)
         return failed;
-    const Parameter& entry = entryOf(parameter);
-    m_channels[ch].values[findParameterById(parameter)] =
-        std::clamp(value, entry.minimum, entry.maximum);
+    const Range range = rangeOf(parameter);
+    const int after = std::clamp(value, range.minimum, range.maximum);
+    const int before = std::exchange(cell(parameter, ch), after);
+    if (m_listener && before != after)
+        m_listener->written(parameter, ch, before, after);
     notify(parameter, ch);
     return done;
 }
@@ -57,8 +100,8 @@ int HostMemory::getRange(unsigned short parameter, unsigned short ch, int* minim
 {
     if (!exists(parameter, ch) || !minimum || !maximum)
         return failed;
-    *minimum = entryOf(parameter).minimum;
-    *maximum = entryOf(parameter).maximum;
+    *minimum = rangeOf(parameter).minimum;
+    *maximum = rangeOf(parameter).maximum;
     return done;
 }
 
@@ -66,7 +109,7 @@ int HostMemory::getDefault(unsigned short parameter, unsigned short ch, int* val
 {
     if (!exists(parameter, ch) || !value)
         return failed;
-    *value = entryOf(parameter).defaultValue;
+    *value = rangeOf(parameter).defaultValue;
     return done;
 }
 
@@ -75,7 +118,7 @@ int HostMemory::valueToString(unsigned short parameter, unsigned short ch, int v
 {
     if (!exists(parameter, ch) || !buffer)
         return failed;
-    const std::optional<std::string> text = formatParameter(entryOf(parameter), value);
+    const std::optional<std::string> text = format(parameter, value);
     if (!text || size <= static_cast<int>(text->size()))
         return failed;
     std::copy(text->begin(), text->end(), buffer);
@@ -88,7 +131,7 @@ int HostMemory::stringToValue(unsigned short parameter, unsigned short ch, const
 {
     if (!exists(parameter, ch) || !text || !value)
         return failed;
-    const std::optional<int> parsed = parseParameter(entryOf(parameter), text);
+    const std::optional<int> parsed = parse(parameter, text);
     if (!parsed)
         return failed;
     *value = *parsed;
@@ -137,12 +180,21 @@ void HostMemory::write(int ch, const Values& values)
 
 void HostMemory::reset(int ch) { write(ch, defaults()); }
 
+int HostMemory::strip(int ch, StripParameter parameter) const
+{
+    return m_channels[static_cast<std::size_t>(ch)].strip[static_cast<std::size_t>(parameter)];
+}
+
+void HostMemory::setStrip(int ch, StripParameter parameter, int value)
+{
+    setValue(stripId(parameter), static_cast<unsigned short>(ch), value, 0, 0, 1);
+}
+
 int HostMemory::observerCount(unsigned short parameter, unsigned short ch) const
 {
     if (!exists(parameter, ch))
         return 0;
-    const std::vector<IPrmObserver*>& list =
-        m_channels[ch].observers[findParameterById(parameter)].list;
+    const std::vector<IPrmObserver*>& list = m_channels[ch].observers[placeOf(parameter)].list;
     return static_cast<int>(
         std::count_if(list.begin(), list.end(), [](const IPrmObserver* o) { return o; }));
 }
@@ -153,26 +205,41 @@ void HostMemory::Observers::dropGaps()
         std::erase(list, nullptr);
 }
 
+std::size_t HostMemory::placeOf(unsigned short parameter)
+{
+    if (const auto strip = findStripParameter(parameter))
+        return parameterCount + static_cast<std::size_t>(*strip);
+    const std::size_t index = findParameterById(parameter);
+    return index < parameterCount ? index : placeCount;
+}
+
 bool HostMemory::exists(unsigned short parameter, unsigned short ch)
 {
-    return ch < channelCount && findParameterById(parameter) < parameterCount;
+    return ch < channelCount && placeOf(parameter) < placeCount;
+}
+
+int& HostMemory::cell(unsigned short parameter, unsigned short ch)
+{
+    Channel& channel = m_channels[ch];
+    const std::size_t place = placeOf(parameter);
+    return place < parameterCount ? channel.values[place] : channel.strip[place - parameterCount];
 }
 
 HostMemory::Observers& HostMemory::observersOf(unsigned short parameter, unsigned short ch)
 {
-    return m_channels[ch].observers[findParameterById(parameter)];
+    return m_channels[ch].observers[placeOf(parameter)];
 }
 
 void HostMemory::notify(unsigned short parameter, unsigned short ch)
 {
     Observers& observers = observersOf(parameter, ch);
-    const int& value = m_channels[ch].values[findParameterById(parameter)];
+    const int& value = cell(parameter, ch);
     const std::size_t count = observers.list.size();
     ++observers.depth;
     for (std::size_t i = 0; i < count; ++i) {
         if (!observers.list[i])
             continue;
-        const std::string text = formatParameter(entryOf(parameter), value).value_or("");
+        const std::string text = format(parameter, value).value_or("");
         observers.list[i]->Update(parameter, ch, value, text.c_str());
     }
     --observers.depth;

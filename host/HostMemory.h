@@ -3,12 +3,16 @@
 
 #include "host/MeterNotifier.h"
 #include "host/ParameterTable.h"
+#include "host/mixer/StripTable.h"
 #include "plugin/interfaces/IMemAPI.h"
 
 #include <array>
 #include <vector>
 
-/// The mixer's parameter memory: the 27 parameters of 8 channels, each starting at its default.
+class WriteListener;
+
+/// The mixer's parameter memory: the equalizer's 27 parameters and the strip's parameters of 8
+/// channels, each starting at its default.
 ///
 /// Operations return 0, or -1 for a parameter, channel or element that does not exist, a null
 /// pointer, a text that says nothing or a buffer that is too small; then nothing is changed. Must
@@ -23,6 +27,7 @@ class HostMemory : public IMemAPI
 {
 public:
     using Values = std::array<int, parameterCount>;
+    using StripValues = std::array<int, stripParameterCount>;
 
     HostMemory();
 
@@ -45,13 +50,18 @@ public:
     int queryMeterNotifier(IMeterNotifier** notifier) override;
 
     MeterNotifier& meters() { return m_meters; }
+    /// Who is told of changes; null for nobody. Not owned.
+    void setWriteListener(WriteListener* listener) { m_listener = listener; }
 
-    /// Every value of a channel, by parameter index; \a ch must exist.
+    /// Every value of a channel's equalizer, by parameter index; \a ch must exist.
     const Values& values(int ch) const { return m_channels[static_cast<std::size_t>(ch)].values; }
-    /// Writes every value of a channel, notifying as setValue() does; \a ch must exist.
+    /// Writes every value of a channel's equalizer, notifying as setValue() does; \a ch must exist.
     void write(int ch, const Values& values);
-    /// Writes every default of a channel.
+    /// Writes every default of a channel's equalizer.
     void reset(int ch);
+    /// A value of a channel's strip; \a ch must exist.
+    int strip(int ch, StripParameter parameter) const;
+    void setStrip(int ch, StripParameter parameter, int value);
     int observerCount(unsigned short parameter, unsigned short ch) const;
 
 private:
@@ -62,16 +72,21 @@ private:
 
         void dropGaps();
     };
+    static constexpr std::size_t placeCount = parameterCount + stripParameterCount;
     struct Channel
     {
         Values values;
-        std::array<Observers, parameterCount> observers;
+        StripValues strip;
+        std::array<Observers, placeCount> observers;
     };
 
+    static std::size_t placeOf(unsigned short parameter);
     static bool exists(unsigned short parameter, unsigned short ch);
+    int& cell(unsigned short parameter, unsigned short ch);
     Observers& observersOf(unsigned short parameter, unsigned short ch);
     void notify(unsigned short parameter, unsigned short ch);
 
     std::array<Channel, channelCount> m_channels;
     MeterNotifier m_meters;
+    WriteListener* m_listener = nullptr;
 };

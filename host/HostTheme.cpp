@@ -48,6 +48,11 @@ void applyHostSheet(QWidget* widget)
     widget->setStyleSheet(QStringLiteral(
         "QToolBar { background: #22262b; border: 0; border-bottom: 1px solid #101214;"
         "  padding: 4px 8px; spacing: 6px; }"
+        "QToolBar QToolButton { color: #d7dce1; background: #2a2e34; border: 1px solid #101214;"
+        "  border-radius: 3px; padding: 3px 10px; }"
+        "QToolBar QToolButton:hover { background: #343a41; }"
+        "QToolBar QToolButton:checked { background: #0378a8; color: #ffffff; }"
+        "QToolBar QToolButton:focus { border-color: #0394d0; }"
         "QToolBar QLabel { color: #8a9199; padding-left: 10px; }"
         "QTableView { background: #16191c; alternate-background-color: #1b1e22; border: 0;"
         "  gridline-color: #22262b; selection-background-color: #0b4f6e; }"

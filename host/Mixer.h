@@ -8,12 +8,14 @@
 #include "host/Language.h"
 #include "host/MeterSource.h"
 #include "host/SettingsFile.h"
+#include "host/mixer/Desk.h"
 
 /// What every editor of the mixer shares. Outlives all of them; needs an application object.
 struct Mixer
 {
     HostModel model;
     HostMemory memory;
+    Desk desk{memory};
     EditorLibrary library;
     MeterSource meters{memory, std::make_unique<BuiltInSignal>()};
     SettingsFile settings;

@@ -2,27 +2,30 @@
 #include "host/MixerWindow.h"
 
 #include "host/EditorWindow.h"
+#include "host/HistoryMenu.h"
 #include "host/HostTheme.h"
 #include "host/LanguageMenu.h"
 #include "host/Mixer.h"
+#include "host/mixer/MixerStrip.h"
+#include "host/mixer/TransportBar.h"
 
 #include <QApplication>
+#include <QHBoxLayout>
+#include <QInputDialog>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QTreeWidget>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace {
 
-constexpr int channelRole = Qt::UserRole;
-constexpr int stereoRole = Qt::UserRole + 1;
-
-QTreeWidgetItem* newItem(int channel, bool stereo)
-{
-    auto* item = new QTreeWidgetItem;
-    item->setData(0, channelRole, channel);
-    item->setData(0, stereoRole, stereo);
-    return item;
-}
+constexpr int messageTime = 8000; // ms
+constexpr int stripGap = 2;
 
 // A new window comes up in front by itself.
 void bringToFront(QWidget* window)
@@ -41,15 +44,28 @@ MixerWindow::MixerWindow(Mixer& mixer, const EditorSettings& settings)
     , m_settings(settings)
 {
     m_texts.add([this] { setWindowTitle(tr("Mixer")); });
-    setCentralWidget(buildList());
+    auto* content = new QWidget(this);
+    auto* column = new QVBoxLayout(content);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    m_transport = new TransportBar(mixer.desk, content);
+    column->addWidget(m_transport);
+    column->addWidget(buildStrips(), 1);
+    setCentralWidget(content);
     buildMenus();
-    resize(240, 380);
+    statusBar()->setSizeGripEnabled(false);
+    connect(&mixer.desk.history(), &EditHistory::changed, this, &MixerWindow::showPairs);
+    showPairs();
+    select(0);
+    chooseSize();
+    setFocus(); // Tab goes to the first control, which is not marked before
 }
 
 MixerWindow::~MixerWindow()
 {
     for (const QPointer<EditorWindow>& editor : std::as_const(m_editors))
         delete editor;
+    hide();
 }
 
 EditorWindow* MixerWindow::openEditor(int channel, bool stereo)
@@ -64,6 +80,25 @@ EditorWindow* MixerWindow::openEditor(int channel, bool stereo)
     return editor;
 }
 
+QList<EditorWindow*> MixerWindow::editors() const
+{
+    QList<EditorWindow*> open;
+    for (int ch = 0; ch < channelCount; ++ch) {
+        EditorWindow* editor = m_editors.value(ch);
+        if (editor && editor->isVisible())
+            open << editor;
+    }
+    return open;
+}
+
+void MixerWindow::quit()
+{
+    Q_EMIT ending();
+    m_quitting = true;
+    QApplication::closeAllWindows();
+    m_quitting = false;
+}
+
 EditorWindow* MixerWindow::createEditor(int channel, bool stereo)
 {
     EditorSettings settings = m_settings;
@@ -75,64 +110,205 @@ EditorWindow* MixerWindow::createEditor(int channel, bool stereo)
         return nullptr;
     auto* window = new EditorWindow(m_mixer, std::move(stage), std::move(session));
     connect(window, &EditorWindow::mixerWanted, this, [this] { bringToFront(this); });
+    connect(window, &EditorWindow::closing, this, &MixerWindow::windowCloses);
+    connect(window, &EditorWindow::quitWanted, this, &MixerWindow::quit);
+    connect(window, &EditorWindow::stereoChosen, this,
+            [this, channel](bool chosen) { chooseWidth(channel, chosen); });
     return window;
+}
+
+void MixerWindow::editChannel(int channel, bool stereo)
+{
+    select(channel);
+    if (!openEditor(channel, stereo))
+        QMessageBox::warning(
+            this, windowTitle(),
+            tr("The plug-in makes no editor for %1.").arg(m_mixer.desk.shownName(channel)));
+}
+
+void MixerWindow::chooseWidth(int channel, bool stereo)
+{
+    m_mixer.memory.setStrip(channel & ~1, StripParameter::Stereo, stereo ? 1 : 0);
+}
+
+void MixerWindow::select(int channel)
+{
+    m_selected = channel;
+    for (MixerStrip* strip : std::as_const(m_strips))
+        strip->setSelected(strip->channel() == channel);
+}
+
+// Of a pair only the first strip is seen, and an open editor shows the pair.
+void MixerWindow::showPairs()
+{
+    for (MixerStrip* strip : std::as_const(m_strips)) {
+        const bool shown = m_mixer.desk.leaderOf(strip->channel()) == strip->channel();
+        if (strip->isVisibleTo(strip->parentWidget()) != shown)
+            strip->setVisible(shown);
+    }
+    if (m_mixer.desk.leaderOf(m_selected) != m_selected)
+        select(m_mixer.desk.leaderOf(m_selected));
+    for (int first = 0; first < channelCount; first += 2)
+        followPair(first);
+}
+
+void MixerWindow::followPair(int first)
+{
+    bool& known = m_pairs[static_cast<std::size_t>(first) / 2];
+    const bool pair = m_mixer.desk.isPair(first);
+    if (std::exchange(known, pair) == pair)
+        return;
+    for (const int channel : {first, partnerOf(first)}) {
+        if (EditorWindow* editor = m_editors.value(channel))
+            editor->setStereo(pair);
+    }
 }
 
 void MixerWindow::changeEvent(QEvent* event)
 {
     QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
-        m_texts.sayAgain();
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    m_texts.sayAgain();
+    m_transport->sayAgain();
+    for (MixerStrip* strip : std::as_const(m_strips))
+        strip->sayAgain();
 }
 
-void MixerWindow::openItem(const QTreeWidgetItem* item)
+void MixerWindow::showEvent(QShowEvent* event)
 {
-    if (!openEditor(item->data(0, channelRole).toInt(), item->data(0, stereoRole).toBool()))
-        QMessageBox::warning(this, windowTitle(),
-                             tr("The plug-in makes no editor for %1.").arg(item->text(0)));
+    QMainWindow::showEvent(event);
+    m_mixer.memory.meters().addMeterObserver(this);
+    for (const MixerStrip* strip : std::as_const(m_strips))
+        m_mixer.meters.show(strip, {strip->channel(), -1, m_settings.sampleRate});
+}
+
+void MixerWindow::hideEvent(QHideEvent* event)
+{
+    for (const MixerStrip* strip : std::as_const(m_strips))
+        m_mixer.meters.hide(strip);
+    m_mixer.memory.meters().removeMeterObserver(this);
+    QMainWindow::hideEvent(event);
+}
+
+void MixerWindow::closeEvent(QCloseEvent* event)
+{
+    windowCloses();
+    QMainWindow::closeEvent(event);
+}
+
+void MixerWindow::notifyMeterDbUpdated(unsigned int* values, unsigned int count)
+{
+    for (MixerStrip* strip : std::as_const(m_strips))
+        strip->takeMeters(values, count);
+}
+
+void MixerWindow::windowCloses()
+{
+    const qsizetype open = editors().size() + (isVisible() ? 1 : 0);
+    if (open <= 1 && !m_quitting)
+        Q_EMIT ending();
+}
+
+void MixerWindow::rename()
+{
+    const Desk& desk = m_mixer.desk;
+    bool accepted = false;
+    const QString name =
+        QInputDialog::getText(this, tr("Rename"), tr("Name of %1").arg(desk.shownName(m_selected)),
+                              QLineEdit::Normal, desk.name(m_selected), &accepted);
+    if (accepted)
+        m_mixer.desk.rename(m_selected, name);
+}
+
+void MixerWindow::paste()
+{
+    const QString fault = m_mixer.desk.pasteFromClipboard(m_selected);
+    if (!fault.isEmpty())
+        statusBar()->showMessage(fault, messageTime);
+}
+
+void MixerWindow::resetToDefaults()
+{
+    const EditHistory::Step step(m_mixer.desk.history(), tr("Reset"));
+    m_mixer.memory.reset(m_selected);
 }
 
 void MixerWindow::buildMenus()
 {
     QMenu* file = m_texts.menu(menuBar(), [] { return tr("&File"); });
-    QAction* close = m_texts.action(file, [] { return tr("&Close"); });
-    close->setShortcut(QKeySequence::Close);
-    connect(close, &QAction::triggered, this, &QWidget::close);
-    QAction* quit = m_texts.action(file, [] { return tr("&Quit"); });
-    quit->setShortcut(QKeySequence::Quit);
-    connect(quit, &QAction::triggered, qApp, &QApplication::closeAllWindows);
+    addItem(
+        file, [] { return tr("&Close"); }, QKeySequence::Close, [this] { close(); });
+    addItem(
+        file, [] { return tr("&Quit"); }, QKeySequence::Quit, [this] { quit(); });
+    buildEditMenu();
+    buildChannelMenu();
     addLanguageMenu(m_texts.menu(menuBar(), [] { return tr("&View"); }), m_mixer.language, m_texts);
 }
 
-QWidget* MixerWindow::buildList()
+void MixerWindow::buildEditMenu()
 {
-    auto* list = new QTreeWidget(this);
-    list->setHeaderHidden(true);
-    applyHostSheet(list);
-    list->setRootIsDecorated(false);
-    list->setItemsExpandable(false);
-    list->setExpandsOnDoubleClick(false);
-    m_texts.add([list] { list->setToolTip(tr("A double click opens the editor")); });
-    for (int first = 0; first < channelCount; first += 2)
-        list->addTopLevelItem(newPair(first));
-    list->expandAll();
-    connect(list, &QTreeWidget::itemActivated, this,
-            [this](const QTreeWidgetItem* item) { openItem(item); });
-    return list;
+    QMenu* menu = m_texts.menu(menuBar(), [] { return tr("&Edit"); });
+    addHistoryActions(menu, m_mixer.desk.history(), m_texts);
+    menu->addSeparator();
+    addItem(
+        menu, [] { return tr("&Copy Equalizer"); }, QKeySequence::Copy,
+        [this] { m_mixer.desk.copyToClipboard(m_selected); });
+    addItem(
+        menu, [] { return tr("&Paste Equalizer"); }, QKeySequence::Paste, [this] { paste(); });
+    addItem(
+        menu, [] { return tr("R&eset Equalizer"); }, QKeySequence(), [this] { resetToDefaults(); });
 }
 
-QTreeWidgetItem* MixerWindow::newPair(int first)
+void MixerWindow::buildChannelMenu()
 {
-    const int second = partnerOf(first);
-    QTreeWidgetItem* pair = newItem(first, true);
-    m_texts.add(
-        [pair, first, second] { pair->setText(0, tr("Channels %1 + %2").arg(first).arg(second)); });
-    for (const int channel : {first, second}) {
-        QTreeWidgetItem* item = newItem(channel, false);
-        m_texts.add([item, channel] { item->setText(0, tr("Channel %1").arg(channel)); });
-        pair->addChild(item);
+    QMenu* menu = m_texts.menu(menuBar(), [] { return tr("&Channel"); });
+    addItem(
+        menu, [] { return tr("&Open Editor"); }, QKeySequence(Qt::CTRL | Qt::Key_E),
+        [this] { editChannel(m_selected, m_mixer.desk.isPair(m_selected)); });
+    addItem(
+        menu, [] { return tr("&Rename..."); }, QKeySequence(Qt::Key_F2), [this] { rename(); });
+}
+
+QAction* MixerWindow::addItem(QMenu* menu, const LiveTexts::Text& text, const QKeySequence& keys,
+                              const std::function<void()>& act)
+{
+    QAction* action = m_texts.action(menu, text);
+    action->setShortcut(keys);
+    connect(action, &QAction::triggered, this, act);
+    return action;
+}
+
+QWidget* MixerWindow::buildStrips()
+{
+    auto* row = new QWidget(this);
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(stripGap, stripGap, stripGap, stripGap);
+    layout->setSpacing(stripGap);
+    layout->setSizeConstraint(QLayout::SetMinAndMaxSize);
+    for (int ch = 0; ch < channelCount; ++ch) {
+        auto* strip = new MixerStrip(m_mixer.desk, ch, row);
+        connect(strip, &MixerStrip::editorWanted, this, &MixerWindow::editChannel);
+        connect(strip, &MixerStrip::selected, this, &MixerWindow::select);
+        layout->addWidget(strip);
+        m_strips << strip;
     }
-    return pair;
+    auto* area = new QScrollArea(this);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setBackgroundRole(QPalette::Base);
+    area->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidget(row);
+    return area;
+}
+
+// Every strip fits, were they all mono.
+void MixerWindow::chooseSize()
+{
+    const int width = channelCount * (MixerStrip::stripWidth + stripGap) + stripGap;
+    const int height = MixerStrip::stripHeight + 2 * stripGap + m_transport->height() +
+                       menuBar()->sizeHint().height() + statusBar()->sizeHint().height();
+    resize(QSize(width, height).boundedTo(screen()->availableSize()));
 }
 
 #include "moc_MixerWindow.cpp"

@@ -3,17 +3,24 @@
 
 #include "host/EditorSession.h"
 #include "host/LiveTexts.h"
+#include "plugin/interfaces/IMeterObserver.h"
 
 #include <QHash>
+#include <QList>
 #include <QMainWindow>
 #include <QPointer>
 
-class EditorWindow;
-struct Mixer;
-class QTreeWidgetItem;
+#include <array>
+#include <functional>
 
-/// The list of the mixer's pairs and channels, from which editors are opened.
-class MixerWindow : public QMainWindow
+class EditorWindow;
+class MixerStrip;
+struct Mixer;
+class TransportBar;
+
+/// The mixer: a strip for each channel, of which a stereo pair shows one, and the transport bar.
+/// Editors are opened from the strips. The menus act on the strip that is marked.
+class MixerWindow : public QMainWindow, private IMeterObserver
 {
     Q_OBJECT
 
@@ -26,19 +33,52 @@ public:
     /// Shows the editor of a channel, a new one or the one that is open already. Null if the
     /// plug-in makes none.
     EditorWindow* openEditor(int channel, bool stereo);
+    /// Those that are open, by channel.
+    QList<EditorWindow*> editors() const;
+    /// The channel that the menus act on.
+    int selectedChannel() const { return m_selected; }
+    /// Closes every window.
+    void quit();
+
+Q_SIGNALS:
+    /// The last window that is open is about to close, or all are: the time to save what is open.
+    void ending();
 
 protected:
     void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
 
 private:
+    void notifyMeterLvlUpdated(unsigned int*, unsigned int) override {}
+    void notifyMeterDbUpdated(unsigned int* values, unsigned int count) override;
+
     EditorWindow* createEditor(int channel, bool stereo);
-    void openItem(const QTreeWidgetItem* item);
+    void editChannel(int channel, bool stereo);
+    void chooseWidth(int channel, bool stereo);
+    void select(int channel);
+    void showPairs();
+    void followPair(int first);
+    void windowCloses();
+    void rename();
+    void paste();
+    void resetToDefaults();
     void buildMenus();
-    QWidget* buildList();
-    QTreeWidgetItem* newPair(int first);
+    void buildEditMenu();
+    void buildChannelMenu();
+    QAction* addItem(QMenu* menu, const LiveTexts::Text& text, const QKeySequence& keys,
+                     const std::function<void()>& act);
+    QWidget* buildStrips();
+    void chooseSize();
 
     Mixer& m_mixer;
     EditorSettings m_settings;
     LiveTexts m_texts;
     QHash<int, QPointer<EditorWindow>> m_editors;
+    QList<MixerStrip*> m_strips;
+    std::array<bool, 4> m_pairs{};
+    TransportBar* m_transport = nullptr;
+    int m_selected = 0;
+    bool m_quitting = false;
 };

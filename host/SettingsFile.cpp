@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/SettingsFile.h"
 
+#include "host/DamagedFile.h"
 #include "host/OutputFile.h"
 #include "host/ParameterTable.h"
 
@@ -65,15 +66,6 @@ Parsed parse(const QByteArray& bytes)
     return parseChannels(root.value(channelsKey).toObject());
 }
 
-// A name beside the file that is not taken.
-QString freeNameBeside(const QString& file)
-{
-    QString name = file + QLatin1String(".damaged");
-    for (int i = 2; QFileInfo::exists(name); ++i)
-        name = QStringLiteral("%1.damaged-%2").arg(file).arg(i);
-    return name;
-}
-
 } // namespace
 
 QString SettingsFile::standardFile()
@@ -117,11 +109,11 @@ void SettingsFile::keep(int channel, const Map& map)
 
 QString SettingsFile::setAside(const QString& reason)
 {
-    const QString name = freeNameBeside(m_file);
     const QString sentence =
         QStringLiteral("The editors' settings in %1 are damaged and ignored: %2.")
             .arg(m_file, reason);
-    if (QFile::rename(m_file, name))
+    const QString name = setDamagedFileAside(m_file);
+    if (!name.isEmpty())
         return sentence + QStringLiteral(" The file is kept as %1.").arg(name);
     m_file.clear();
     return sentence + QStringLiteral(" The file cannot be renamed, so nothing is kept.");

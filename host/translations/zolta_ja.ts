@@ -148,6 +148,70 @@
         <source>Every parameter is at its default.</source>
         <translation>すべてのパラメーターを初期値に戻しました。</translation>
     </message>
+    <message>
+        <source>&amp;Copy Settings</source>
+        <translation>設定をコピー(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>編集(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Paste Settings</source>
+        <translation>設定を貼り付け(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Presets</source>
+        <translation>プリセット(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Copy A &amp;to B</source>
+        <translation>A を B にコピー(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Copy B t&amp;o A</source>
+        <translation>B を A にコピー(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Delete the preset %1?</source>
+        <translation>プリセット %1 を削除しますか?</translation>
+    </message>
+    <message>
+        <source>Deleted %1.</source>
+        <translation>%1 を削除しました。</translation>
+    </message>
+    <message>
+        <source>Name of the preset</source>
+        <translation>プリセットの名前</translation>
+    </message>
+    <message>
+        <source>No audio</source>
+        <translation>音声なし</translation>
+    </message>
+    <message>
+        <source>Pasted.</source>
+        <translation>貼り付けました。</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>リセット</translation>
+    </message>
+    <message>
+        <source>S&amp;witch between A and B</source>
+        <translation>A と B の切り替え(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Save as Preset</source>
+        <translation>プリセットとして保存</translation>
+    </message>
+    <message>
+        <source>Settings %1</source>
+        <translation>設定 %1</translation>
+    </message>
+    <message>
+        <source>There is a preset %1. Replace it?</source>
+        <translation>プリセット %1 は既にあります。置き換えますか?</translation>
+    </message>
 </context>
 <context>
     <name>LanguageMenu</name>
@@ -183,16 +247,44 @@
         <translation>表示(&amp;V)</translation>
     </message>
     <message>
-        <source>A double click opens the editor</source>
-        <translation>ダブルクリックでエディターを開きます</translation>
+        <source>&amp;Channel</source>
+        <translation>チャンネル(&amp;C)</translation>
     </message>
     <message>
-        <source>Channels %1 + %2</source>
-        <translation>チャンネル %1 + %2</translation>
+        <source>&amp;Copy Equalizer</source>
+        <translation>イコライザーをコピー(&amp;C)</translation>
     </message>
     <message>
-        <source>Channel %1</source>
-        <translation>チャンネル %1</translation>
+        <source>&amp;Edit</source>
+        <translation>編集(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Open Editor</source>
+        <translation>エディターを開く(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Paste Equalizer</source>
+        <translation>イコライザーを貼り付け(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Rename...</source>
+        <translation>名前の変更(&amp;R)...</translation>
+    </message>
+    <message>
+        <source>Name of %1</source>
+        <translation>%1 の名前</translation>
+    </message>
+    <message>
+        <source>R&amp;eset Equalizer</source>
+        <translation>イコライザーをリセット(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>名前の変更</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>リセット</translation>
     </message>
 </context>
 <context>
@@ -305,6 +397,30 @@
         <source>Clean/drive</source>
         <translation>クリア/歪み</translation>
     </message>
+    <message>
+        <source>Equalizer on</source>
+        <translation>イコライザー: オン</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>レベル</translation>
+    </message>
+    <message>
+        <source>Mono/stereo</source>
+        <translation>モノ/ステレオ</translation>
+    </message>
+    <message>
+        <source>Mute</source>
+        <translation>ミュート</translation>
+    </message>
+    <message>
+        <source>Solo</source>
+        <translation>ソロ</translation>
+    </message>
+    <message>
+        <source>Source</source>
+        <translation>入力元</translation>
+    </message>
 </context>
 <context>
     <name>ParameterListModel</name>
@@ -390,6 +506,398 @@
     <message>
         <source>ZOOM</source>
         <translation>ズーム</translation>
+    </message>
+</context>
+<context>
+    <name>ChannelCompare</name>
+    <message>
+        <source>Choose %1</source>
+        <translation>%1 を選択</translation>
+    </message>
+    <message>
+        <source>Copy %1 to %2</source>
+        <translation>%1 を %2 にコピー</translation>
+    </message>
+</context>
+<context>
+    <name>ChannelText</name>
+    <message>
+        <source>the value of &quot;%1&quot; is no text</source>
+        <translation>「%1」の値がテキストではありません</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no value of &quot;%2&quot;</source>
+        <translation>「%1」は「%2」の値ではありません</translation>
+    </message>
+    <message>
+        <source>the clipboard holds no settings of an equalizer</source>
+        <translation>クリップボードにイコライザーの設定がありません</translation>
+    </message>
+</context>
+<context>
+    <name>Desk</name>
+    <message>
+        <source>Channel %1</source>
+        <translation>チャンネル %1</translation>
+    </message>
+    <message>
+        <source>Nothing is pasted: %1.</source>
+        <translation>貼り付けませんでした: %1。</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>貼り付け</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>名前の変更</translation>
+    </message>
+</context>
+<context>
+    <name>EditHistory</name>
+    <message>
+        <source>%1 parameters</source>
+        <translation>%1 個のパラメーター</translation>
+    </message>
+</context>
+<context>
+    <name>EditorSession</name>
+    <message>
+        <source>Load %1</source>
+        <translation>%1 の読み込み</translation>
+    </message>
+</context>
+<context>
+    <name>FactoryPreset</name>
+    <message>
+        <source>A gentle smile</source>
+        <translation>穏やかなドンシャリ</translation>
+    </message>
+    <message>
+        <source>A little more below, a little less above</source>
+        <translation>低域を少し足し、高域を少し引く</translation>
+    </message>
+    <message>
+        <source>Acoustic guitar</source>
+        <translation>アコースティックギター</translation>
+    </message>
+    <message>
+        <source>Air</source>
+        <translation>エアー</translation>
+    </message>
+    <message>
+        <source>Bass guitar</source>
+        <translation>ベースギター</translation>
+    </message>
+    <message>
+        <source>Bite without fizz</source>
+        <translation>耳障りにならないエッジ</translation>
+    </message>
+    <message>
+        <source>Body, crack and wires</source>
+        <translation>胴鳴り、アタック、スナッピー</translation>
+    </message>
+    <message>
+        <source>Clears the chest and brings the words forward</source>
+        <translation>胸の響きを整え、言葉を前に出す</translation>
+    </message>
+    <message>
+        <source>De-mud</source>
+        <translation>こもり除去</translation>
+    </message>
+    <message>
+        <source>Electric guitar</source>
+        <translation>エレキギター</translation>
+    </message>
+    <message>
+        <source>For a clear announcer</source>
+        <translation>明瞭なアナウンスに</translation>
+    </message>
+    <message>
+        <source>Kick</source>
+        <translation>キック</translation>
+    </message>
+    <message>
+        <source>Leaves the drums below to their own microphones</source>
+        <translation>ドラムの低域は個別のマイクに任せる</translation>
+    </message>
+    <message>
+        <source>Less boom, more strings</source>
+        <translation>箱鳴りを抑え、弦を際立たせる</translation>
+    </message>
+    <message>
+        <source>Low cut</source>
+        <translation>ローカット</translation>
+    </message>
+    <message>
+        <source>Makes room between 200 and 500 Hz</source>
+        <translation>200~500 Hz をすっきりさせる</translation>
+    </message>
+    <message>
+        <source>Opens the top</source>
+        <translation>高域を開放的に</translation>
+    </message>
+    <message>
+        <source>Overheads</source>
+        <translation>オーバーヘッド</translation>
+    </message>
+    <message>
+        <source>Piano</source>
+        <translation>ピアノ</translation>
+    </message>
+    <message>
+        <source>Round and still heard on small speakers</source>
+        <translation>丸く、小さなスピーカーでも聞こえる</translation>
+    </message>
+    <message>
+        <source>Rumble and steps away, nothing else</source>
+        <translation>低い雑音と足音だけを取り除く</translation>
+    </message>
+    <message>
+        <source>Snare</source>
+        <translation>スネア</translation>
+    </message>
+    <message>
+        <source>Speech</source>
+        <translation>スピーチ</translation>
+    </message>
+    <message>
+        <source>Takes the edge off sharp consonants</source>
+        <translation>鋭い子音を和らげる</translation>
+    </message>
+    <message>
+        <source>Telephone</source>
+        <translation>電話</translation>
+    </message>
+    <message>
+        <source>The voice on the line</source>
+        <translation>電話越しの声</translation>
+    </message>
+    <message>
+        <source>Vocal de-esser</source>
+        <translation>ボーカルのディエッサー</translation>
+    </message>
+    <message>
+        <source>Vocal presence</source>
+        <translation>ボーカルのプレゼンス</translation>
+    </message>
+    <message>
+        <source>Warmth</source>
+        <translation>ウォーム</translation>
+    </message>
+    <message>
+        <source>Weight below, beater above, no cardboard</source>
+        <translation>低域の重みとビーターのアタック、箱鳴りなし</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryMenu</name>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>やり直す(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Redo %1</source>
+        <translation>やり直す(&amp;R): %1</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>元に戻す(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Undo %1</source>
+        <translation>元に戻す(&amp;U): %1</translation>
+    </message>
+</context>
+<context>
+    <name>MixerStrip</name>
+    <message>
+        <source>%1 mono</source>
+        <translation>%1 をモノ</translation>
+    </message>
+    <message>
+        <source>%1 stereo</source>
+        <translation>%1 をステレオ</translation>
+    </message>
+    <message>
+        <source>A double click renames the channel</source>
+        <translation>ダブルクリックで名前を変更します</translation>
+    </message>
+    <message>
+        <source>Channel %1</source>
+        <translation>チャンネル %1</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>編集</translation>
+    </message>
+    <message>
+        <source>Editor of %1</source>
+        <translation>%1 のエディター</translation>
+    </message>
+    <message>
+        <source>Equalizer of %1</source>
+        <translation>%1 のイコライザー</translation>
+    </message>
+    <message>
+        <source>Fader of %1</source>
+        <translation>%1 のフェーダー</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>ファイル</translation>
+    </message>
+    <message>
+        <source>Input %1</source>
+        <translation>入力 %1</translation>
+    </message>
+    <message>
+        <source>Level of %1</source>
+        <translation>%1 のレベル</translation>
+    </message>
+    <message>
+        <source>Meter of channel %1</source>
+        <translation>チャンネル %1 のメーター</translation>
+    </message>
+    <message>
+        <source>Mono or stereo of %1</source>
+        <translation>%1 のモノ/ステレオ</translation>
+    </message>
+    <message>
+        <source>Mute of %1</source>
+        <translation>%1 のミュート</translation>
+    </message>
+    <message>
+        <source>Name of %1</source>
+        <translation>%1 の名前</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>オフ</translation>
+    </message>
+    <message>
+        <source>Opens the editor</source>
+        <translation>エディターを開きます</translation>
+    </message>
+    <message>
+        <source>Peak of channel %1</source>
+        <translation>チャンネル %1 のピーク</translation>
+    </message>
+    <message>
+        <source>Solo of %1</source>
+        <translation>%1 のソロ</translation>
+    </message>
+    <message>
+        <source>Source of %1</source>
+        <translation>%1 の入力元</translation>
+    </message>
+    <message>
+        <source>Test signal</source>
+        <translation>テスト信号</translation>
+    </message>
+</context>
+<context>
+    <name>PresetFolder</name>
+    <message>
+        <source>A preset needs a name.</source>
+        <translation>プリセットには名前が必要です。</translation>
+    </message>
+    <message>
+        <source>A preset's name has at most %1 letters.</source>
+        <translation>プリセットの名前は %1 文字までです。</translation>
+    </message>
+    <message>
+        <source>A preset's name does not begin with a full stop and holds none of these: %1</source>
+        <translation>プリセットの名前はピリオドで始められず、次の文字を含められません: %1</translation>
+    </message>
+    <message>
+        <source>The presets' folder %1 cannot be made.</source>
+        <translation>プリセットのフォルダー %1 を作成できません。</translation>
+    </message>
+    <message>
+        <source>The preset %1 cannot be deleted: %2.</source>
+        <translation>プリセット %1 を削除できません: %2。</translation>
+    </message>
+</context>
+<context>
+    <name>PresetMenu</name>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>削除(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Factory</source>
+        <translation>ファクトリー(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Save as Preset...</source>
+        <translation>プリセットとして保存(&amp;S)...</translation>
+    </message>
+</context>
+<context>
+    <name>SessionFile</name>
+    <message>
+        <source>The session %1 cannot be read: %2. It is left alone, and nothing will be saved.</source>
+        <translation>セッション %1 を読み込めません: %2。ファイルはそのまま残し、保存は行いません。</translation>
+    </message>
+    <message>
+        <source>The session %1 cannot be saved: %2.</source>
+        <translation>セッション %1 を保存できません: %2。</translation>
+    </message>
+    <message>
+        <source>The session %1 is damaged and not used: %2. The file is kept as %3.</source>
+        <translation>セッション %1 は壊れているため使用しません: %2。ファイルは %3 として残します。</translation>
+    </message>
+    <message>
+        <source>The session %1 is damaged and not used: %2. The file cannot be renamed, so nothing will be saved.</source>
+        <translation>セッション %1 は壊れているため使用しません: %2。ファイル名を変更できないため、保存は行いません。</translation>
+    </message>
+</context>
+<context>
+    <name>TransportBar</name>
+    <message>
+        <source>Audio fault</source>
+        <translation>音声エラー</translation>
+    </message>
+    <message>
+        <source>No audio</source>
+        <translation>音声なし</translation>
+    </message>
+    <message>
+        <source>No device</source>
+        <translation>デバイスなし</translation>
+    </message>
+    <message>
+        <source>No file</source>
+        <translation>ファイルなし</translation>
+    </message>
+    <message>
+        <source>Open sound file</source>
+        <translation>音声ファイルを開く</translation>
+    </message>
+    <message>
+        <source>Output device</source>
+        <translation>出力デバイス</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>再生</translation>
+    </message>
+    <message>
+        <source>Playing</source>
+        <translation>再生中</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>再生位置</translation>
+    </message>
+    <message>
+        <source>Sound files (*.wav *.flac *.ogg *.aif *.aiff *.mp3);;All files (*)</source>
+        <translation>音声ファイル (*.wav *.flac *.ogg *.aif *.aiff *.mp3);;すべてのファイル (*)</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>停止</translation>
     </message>
 </context>
 </TS>

@@ -220,7 +220,8 @@ void tst_CommandLine::helpNamesEveryOption()
     for (const char* option :
          {"--plugin FILE", "--channel N", "--mono", "--scale F", "--sample-rate HZ",
           "--set NAME=TEXT", "--set NAME=@N", "--list", "--state FILE", "--save-state FILE",
-          "--screenshot FILE.png", "--help", "--meters on|off", "--language en|de|ja"})
+          "--screenshot FILE.png", "--help", "--meters on|off", "--language en|de|ja",
+          "--session FILE"})
         QVERIFY2(help.contains(QLatin1String(option)), option);
     for (const QString& line : help.split(QLatin1Char('\n')))
         QVERIFY2(line.size() <= 100, qPrintable(line));

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/PushButtonController.h"
 #include "host/EditorWindow.h"
 #include "host/HostTheme.h"
 #include "host/Mixer.h"
 #include "host/MixerWindow.h"
 #include "host/ParameterListModel.h"
+#include "host/mixer/MixerStrip.h"
 #include "tests/support/TestObject.h"
+#include "widgets/ChannelNameEdit.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -15,7 +18,6 @@
 #include <QSpinBox>
 #include <QStatusBar>
 #include <QTableView>
-#include <QTreeWidget>
 
 class tst_EditorWindow : public TestObject
 {
@@ -35,7 +37,6 @@ private Q_SLOTS:
     void unusualSampleRateIsShown();
     void titleSaysTheChannels();
     void resetWritesDefaults();
-    void mixerListsPairsAndChannels();
     void mixerOpensAChannelOnce();
     void mixerOpensThePairInTheSameWindow();
     void closingDetaches();
@@ -53,6 +54,8 @@ private:
     static QWidget* editorOf(const EditorWindow* window);
     static QComboBox* choice(const EditorWindow* window, const QString& item);
     static QAction* action(const QMainWindow* window, const QString& text);
+    MixerStrip* stripOf(int channel) const;
+    template <typename Widget> static Widget* named(const QWidget* parent, const QString& name);
 
     Mixer m_mixer;
     std::unique_ptr<MixerWindow> m_window;
@@ -71,8 +74,10 @@ void tst_EditorWindow::cleanup()
     m_window.reset();
     m_mixer.language.choose(Language::English);
     QCOMPARE(m_mixer.memory.observerCount(0x0103, 0), 0);
-    for (int ch = 0; ch < channelCount; ++ch)
+    for (int ch = 0; ch < channelCount; ++ch) {
         m_mixer.memory.reset(ch);
+        m_mixer.memory.setStrip(ch, StripParameter::Stereo, 1);
+    }
     m_window = std::make_unique<MixerWindow>(m_mixer, EditorSettings());
 }
 
@@ -115,6 +120,25 @@ QAction* tst_EditorWindow::action(const QMainWindow* window, const QString& text
             return found;
     }
     qFatal("no action %s", qPrintable(text));
+}
+
+MixerStrip* tst_EditorWindow::stripOf(int channel) const
+{
+    for (MixerStrip* strip : m_window->findChildren<MixerStrip*>()) {
+        if (strip->channel() == channel)
+            return strip;
+    }
+    qFatal("no strip %d", channel);
+}
+
+template <typename Widget>
+Widget* tst_EditorWindow::named(const QWidget* parent, const QString& name)
+{
+    for (Widget* widget : parent->findChildren<Widget*>()) {
+        if (widget->accessibleName() == name)
+            return widget;
+    }
+    qFatal("no widget %s", qPrintable(name));
 }
 
 void tst_EditorWindow::showsEditorAndTable()
@@ -255,29 +279,18 @@ void tst_EditorWindow::resetWritesDefaults()
     QCOMPARE(m_mixer.memory.values(0)[2], 50);
 }
 
-void tst_EditorWindow::mixerListsPairsAndChannels()
-{
-    const auto* list = m_window->findChild<QTreeWidget*>();
-    QCOMPARE(list->topLevelItemCount(), 4);
-    for (int pair = 0; pair < 4; ++pair) {
-        const QTreeWidgetItem* item = list->topLevelItem(pair);
-        QCOMPARE(item->text(0), QStringLiteral("Channels %1 + %2").arg(2 * pair).arg(2 * pair + 1));
-        QCOMPARE(item->childCount(), 2);
-        for (int i = 0; i < 2; ++i)
-            QCOMPARE(item->child(i)->text(0), QStringLiteral("Channel %1").arg(2 * pair + i));
-    }
-}
-
 void tst_EditorWindow::mixerOpensAChannelOnce()
 {
-    auto* list = m_window->findChild<QTreeWidget*>();
-    Q_EMIT list->itemActivated(list->topLevelItem(1)->child(1), 0);
+    m_mixer.memory.setStrip(2, StripParameter::Stereo, 0);
+    m_window->show();
+    auto* edit = named<QAbstractButton>(stripOf(3), QStringLiteral("Editor of Channel 3"));
+    QTest::mouseClick(edit, Qt::LeftButton);
     expectRaise();
     EditorWindow* window = m_window->openEditor(3, false);
     QVERIFY(window->isVisible());
     QCOMPARE(window->windowTitle(), QStringLiteral("Channel 3 - Equalizer"));
     expectRaise();
-    Q_EMIT list->itemActivated(list->topLevelItem(1)->child(1), 0);
+    QTest::mouseClick(edit, Qt::LeftButton);
     expectRaise();
     QCOMPARE(m_window->openEditor(3, false), window);
     QVERIFY(m_window->openEditor(2, false) != window);
@@ -351,8 +364,7 @@ void tst_EditorWindow::windowsSpeakTheChosenLanguage()
     QCOMPARE(table->index(2, 1).data(Qt::ToolTipRole).toString(),
              QStringLiteral("-20.0 bis +20.0 dB"));
     QCOMPARE(m_window->windowTitle(), QStringLiteral("Mischpult"));
-    const auto* list = m_window->findChild<QTreeWidget*>();
-    QCOMPARE(list->topLevelItem(3)->child(1)->text(0), QStringLiteral("Kanal 7"));
+    QCOMPARE(stripOf(7)->findChild<ChannelNameEdit*>()->text(), QStringLiteral("Kanal 7"));
     EditorWindow* opened = openWindow(1, false); // one that opens later speaks it, too
     QCOMPARE(opened->windowTitle(), QStringLiteral("Kanal 1 - Equalizer"));
     m_mixer.language.choose(Language::English);
@@ -378,7 +390,8 @@ void tst_EditorWindow::everyTextIsTranslated()
                 texts << found->text();
         }
         for (const QLabel* label : shown->findChildren<QLabel*>()) {
-            if (!label->text().isEmpty())
+            static const QRegularExpression letters(QStringLiteral("[^\\d:/ ]"));
+            if (label->text().contains(letters))
                 texts << label->text();
         }
     }

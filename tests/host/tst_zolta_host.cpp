@@ -36,6 +36,9 @@ private Q_SLOTS:
     void picturesShowMetersOnDemand();
     void runsWithoutWindowsIgnoreTheEditorsSettings();
     void opensWindowsOnAPlatform();
+    void headlessRunsReadAGivenSession();
+    void headlessRunsLeaveTheStandardSessionAlone();
+    void windowsKeepADamagedSessionAside();
     void windowsSayThatSettingsAreDamaged();
 
 private:
@@ -72,6 +75,7 @@ QProcessEnvironment tst_zolta_host::environment() const
         bare.insert(QStringLiteral("HOME"), m_folder.path());
     bare.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_folder.path());
     bare.insert(QStringLiteral("XDG_CONFIG_HOME"), m_folder.path());
+    bare.insert(QStringLiteral("XDG_DATA_HOME"), m_folder.path());
     return bare;
 }
 
@@ -478,6 +482,53 @@ void tst_zolta_host::opensWindowsOnAPlatform()
                 .contains(QStringLiteral("The state file %1 cannot be read: No such file or "
                                          "directory.")
                               .arg(path(QStringLiteral("missing.state")))));
+}
+
+void tst_zolta_host::headlessRunsReadAGivenSession()
+{
+    const QByteArray bytes = "{\"zolta-session\": 1, \"channels\": [{\"equalizer\": "
+                             "{\"Low gain\": \"+7.5\"}}]}";
+    const QString file = write(QStringLiteral("given.json"), bytes);
+    Result result = runWithPlugin({QStringLiteral("--list"), QStringLiteral("--session"), file});
+    QCOMPARE(result.code, 0);
+    QVERIFY(
+        result.output.contains(QLatin1String("fx_rackfx_prm_3\t259\t-200\t200\t0\t75\t+7.5\n")));
+    QCOMPARE(contentOf(file), bytes);
+
+    write(QStringLiteral("given.json"), "{}");
+    result = runWithPlugin({QStringLiteral("--list"), QStringLiteral("--session"), file});
+    QCOMPARE(result.code, 1);
+    QVERIFY2(result.errors.contains(QStringLiteral("it is no session")), qPrintable(result.errors));
+}
+
+void tst_zolta_host::headlessRunsLeaveTheStandardSessionAlone()
+{
+    QVERIFY(QDir(m_folder.path()).mkpath(QStringLiteral("zolta-host")));
+    const QString file = write(QStringLiteral("zolta-host/session.json"), "damaged");
+    QCOMPARE(runWithPlugin({QStringLiteral("--list")}).code, 0);
+    QCOMPARE(contentOf(file), QByteArray("damaged"));
+    QVERIFY(QFile::remove(file));
+    QCOMPARE(runWithPlugin({QStringLiteral("--list")}).code, 0);
+    QVERIFY(!QFile::exists(file));
+}
+
+void tst_zolta_host::windowsKeepADamagedSessionAside()
+{
+    QVERIFY(QDir(m_folder.path()).mkpath(QStringLiteral("zolta-host")));
+    const QString file = write(QStringLiteral("zolta-host/session.json"), "damaged");
+    QProcess process;
+    process.setProcessEnvironment(offscreen());
+    process.start(QStringLiteral(HOST_PROGRAM),
+                  {QStringLiteral("--plugin"),
+                   QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so"),
+                   QStringLiteral("--state"), path(QStringLiteral("missing.state"))});
+    QVERIFY(process.waitForFinished(120000));
+    const QString errors = QString::fromUtf8(process.readAllStandardError());
+    QVERIFY2(errors.contains(
+                 QStringLiteral("zolta-host: The session %1 is damaged and not used: ").arg(file)),
+             qPrintable(errors));
+    QVERIFY(!QFile::exists(file));
+    QCOMPARE(contentOf(file + QStringLiteral(".damaged")), QByteArray("damaged"));
 }
 
 QTEST_GUILESS_MAIN(tst_zolta_host)

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+/// Is told of every write to the mixer's memory that changes a value, before the observers are.
+class WriteListener
+{
+public:
+    virtual void written(unsigned short parameter, unsigned short ch, int before, int after) = 0;
+
+protected:
+    ~WriteListener() = default;
+};

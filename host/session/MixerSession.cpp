@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/session/MixerSession.h"
+
+#include "host/EditorWindow.h"
+#include "host/Mixer.h"
+#include "host/MixerWindow.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace {
+
+// A place on a screen that is not there any more would hide the window.
+void putAt(QWidget* window, const QRect& place)
+{
+    if (place.isEmpty())
+        return;
+    window->resize(place.size());
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        if (screen->availableGeometry().contains(place.topLeft()))
+            window->move(place.topLeft());
+    }
+}
+
+QRect placeOf(const QWidget* window) { return {window->pos(), window->size()}; }
+
+} // namespace
+
+MixerSession::MixerSession(Mixer& mixer, Reporter reporter)
+    : m_mixer(mixer)
+    , m_reporter(std::move(reporter))
+    , m_timer(this)
+{
+    m_timer.setSingleShot(true);
+    m_timer.setInterval(saveDelay);
+    connect(&m_timer, &QTimer::timeout, this, &MixerSession::save);
+}
+
+QString MixerSession::open(const QString& file)
+{
+    const QString fault = m_file.open(file, &m_data);
+    const EditHistory::Pause pause(m_mixer.desk.history());
+    for (int ch = 0; ch < channelCount; ++ch)
+        restore(ch);
+    m_mixer.desk.history().clear();
+    return fault;
+}
+
+bool MixerSession::restoreWindows(MixerWindow& window)
+{
+    m_window = &window;
+    connect(&window, &MixerWindow::ending, this, &MixerSession::save);
+    connect(&m_mixer.desk.history().stack(), &QUndoStack::indexChanged, this,
+            [this] { m_timer.start(); });
+    putAt(&window, m_data.mixerPlace);
+    bool opened = false;
+    for (const SessionData::Editor& editor : m_data.editors) {
+        EditorWindow* shown = window.openEditor(editor.channel, editor.stereo);
+        if (!shown)
+            continue;
+        shown->setScale(editor.scale);
+        putAt(shown, editor.place);
+        opened = true;
+    }
+    return opened;
+}
+
+bool MixerSession::save()
+{
+    m_timer.stop();
+    collectWindows();
+    for (int ch = 0; ch < channelCount; ++ch)
+        collect(ch);
+    const QString fault = m_file.save(m_data);
+    if (!fault.isEmpty() && m_reporter)
+        m_reporter(fault);
+    return fault.isEmpty();
+}
+
+void MixerSession::restore(int channel)
+{
+    const SessionData::Channel& data = m_data.channels[static_cast<std::size_t>(channel)];
+    m_mixer.desk.setName(channel, data.name);
+    for (std::size_t i = 0; i < stripParameterCount; ++i)
+        m_mixer.memory.setStrip(channel, static_cast<StripParameter>(i), data.strip[i]);
+    m_mixer.memory.write(channel, data.equalizer);
+    m_mixer.desk.compare().setState(channel, data.compare);
+    if (!data.editor.isEmpty())
+        m_mixer.settings.keep(channel, data.editor);
+}
+
+void MixerSession::collect(int channel)
+{
+    SessionData::Channel& data = m_data.channels[static_cast<std::size_t>(channel)];
+    data.name = m_mixer.desk.name(channel);
+    for (std::size_t i = 0; i < stripParameterCount; ++i)
+        data.strip[i] = m_mixer.memory.strip(channel, static_cast<StripParameter>(i));
+    data.equalizer = m_mixer.memory.values(channel);
+    data.compare = m_mixer.desk.compare().state(channel);
+    data.editor = m_mixer.settings.map(channel);
+}
+
+void MixerSession::collectWindows()
+{
+    if (!m_window)
+        return;
+    m_data.mixerPlace = placeOf(m_window);
+    m_data.editors.clear();
+    for (EditorWindow* editor : m_window->editors()) {
+        editor->session().keepMap();
+        const EditorSettings& settings = editor->settings();
+        m_data.editors.push_back(
+            {settings.channel, settings.stereo, settings.scale, placeOf(editor)});
+    }
+}
+
+#include "moc_MixerSession.cpp"

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/session/SessionFile.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <functional>
+
+class MixerWindow;
+struct Mixer;
+
+/// Keeps a mixer and its windows in a session file: brings back at the start what was there at the
+/// end, and saves when the last window closes, when the program ends, and a while after changes.
+/// What it brings back is no step of the history, which is empty afterwards.
+class MixerSession : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Reporter = std::function<void(const QString&)>;
+
+    /// An edit is saved after so many milliseconds without another one.
+    static constexpr int saveDelay = 20000;
+
+    /// \a mixer must outlive it. The faults of saving go to \a reporter.
+    explicit MixerSession(Mixer& mixer, Reporter reporter = {});
+
+    /// Reads \a file into the mixer's memory, names, A and B settings and settings maps. Returns
+    /// nothing, or what went wrong as a sentence.
+    QString open(const QString& file);
+    /// Whether there was no session to bring back: nobody has chosen yet what is open.
+    bool isNew() const { return m_file.isNew(); }
+    /// Puts \a window where it was and opens the editors that were open; saves from now on, also
+    /// what \a window shows, which must outlive it. Whether any editor was opened.
+    bool restoreWindows(MixerWindow& window);
+
+    /// Saves now; false if it did not work, which has been reported.
+    bool save();
+
+private:
+    void restore(int channel);
+    void collect(int channel);
+    void collectWindows();
+
+    Mixer& m_mixer;
+    Reporter m_reporter;
+    SessionFile m_file;
+    SessionData m_data;
+    MixerWindow* m_window = nullptr;
+    QTimer m_timer;
+};

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/session/SessionData.h"
+
+#include <QJsonObject>
+#include <QString>
+
+/// A session in a JSON file. Faults are sentences; an empty text means success.
+class SessionFile
+{
+public:
+    /// The file in the user's data.
+    static QString standardFile();
+
+    /// Reads \a file over \a data and saves there from now on. A file that does not exist changes
+    /// nothing and is made when something is saved. A damaged one changes nothing and is put aside
+    /// under another name; where that is not possible, or the file cannot be read, it is left alone
+    /// and nothing is ever saved.
+    QString open(const QString& file, SessionData* data);
+    /// Replaces the file, at once or not at all, keeping what it held that this program does not
+    /// know. Does nothing without a file, or when nothing has changed.
+    QString save(const SessionData& data);
+
+    /// Whether there was no session to read.
+    bool isNew() const { return m_root.isEmpty(); }
+
+private:
+    QString setAside(const QString& reason);
+
+    QString m_file;
+    QJsonObject m_root; // as in the file
+};
