@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/Application.h"
 
-#include "host/AudioMeters.h"
+#include "host/AudioTransport.h"
 #include "host/EditorWindow.h"
 #include "host/HostTheme.h"
+#include "host/MixerMeters.h"
 #include "host/MixerWindow.h"
 #include "host/OutputFile.h"
 #include "host/ParameterText.h"
@@ -122,7 +123,7 @@ int Application::runWindows()
             return finished(fault);
     }
     m_mixer.desk.history().clear();
-    playAudio(&mixerWindow);
+    connectAudio(mixerWindow);
     return QApplication::exec();
 }
 
@@ -155,20 +156,26 @@ QString Application::openAudio()
 }
 
 // Without a device everything but the sound works on.
-void Application::playAudio(QWidget* window)
+void Application::connectAudio(MixerWindow& mixerWindow)
 {
+    QObject::connect(
+        &m_audio, &AudioSession::faulted, &mixerWindow, [&mixerWindow](const QString& sentence) {
+            complain(sentence);
+            auto* box = new QMessageBox(QMessageBox::Warning, mixerWindow.windowTitle(), sentence,
+                                        QMessageBox::Ok, &mixerWindow);
+            box->setAttribute(Qt::WA_DeleteOnClose);
+            box->setModal(false);
+            box->show();
+        });
+    auto* transport = new AudioTransport(m_audio, m_mixer.desk,
+                                         [&mixerWindow] { return mixerWindow.selectedChannel(); });
+    transport->setParent(&mixerWindow);
+    m_mixer.desk.setTransport(transport);
+    m_mixer.meters.setProducer(std::make_unique<MixerMeters>(m_mixer.desk, m_sound.engine()));
+    m_sound.follow(m_mixer.desk);
     if (!m_commandLine.plays())
         return;
-    QObject::connect(&m_audio, &AudioSession::faulted, window, [window](const QString& sentence) {
-        complain(sentence);
-        auto* box = new QMessageBox(QMessageBox::Warning, window->windowTitle(), sentence,
-                                    QMessageBox::Ok, window);
-        box->setAttribute(Qt::WA_DeleteOnClose);
-        box->setModal(false);
-        box->show();
-    });
-    m_mixer.meters.setProducer(std::make_unique<AudioMeters>(m_equalizer.engine()));
-    m_equalizer.follow(m_mixer.memory, m_commandLine.editor.channel);
+    transport->feed(m_commandLine.editor.channel, m_commandLine.audio.device.live);
     m_audio.play();
 }
 

@@ -4,7 +4,7 @@
 #include "host/CommandLine.h"
 #include "host/Mixer.h"
 #include "host/audio/AudioSession.h"
-#include "host/audio/LiveEqualizer.h"
+#include "host/audio/LiveMixer.h"
 
 #include <QWidget>
 
@@ -31,7 +31,7 @@ private:
     int runHeadless();
     int runWindows();
     QString openAudio();
-    void playAudio(QWidget* window);
+    void connectAudio(MixerWindow& mixerWindow);
     QString openEditor(MixerWindow& mixerWindow);
     void openSettings();
     void playMeters();
@@ -42,7 +42,7 @@ private:
 
     CommandLine m_commandLine;
     QString m_programFolder;
-    LiveEqualizer m_equalizer; // the mixer's meters read it
+    LiveMixer m_sound; // the mixer's meters read it
     Mixer m_mixer;
-    AudioSession m_audio{m_equalizer};
+    AudioSession m_audio{m_sound};
 };

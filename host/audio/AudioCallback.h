@@ -7,8 +7,9 @@ class AudioCallback
 public:
     virtual ~AudioCallback() = default;
 
-    /// Called before the first process(), while none runs.
-    virtual void setSampleRate(double hertz) = 0;
+    /// Called before the first process(), while none runs: the rate, and whether process() gets
+    /// what comes in instead of a file.
+    virtual void prepare(double hertz, bool live) = 0;
 
     /// Processes \a frames samples of each of \a channelCount channels in place, full scale 1. On
     /// the audio thread: must neither lock, allocate nor throw.

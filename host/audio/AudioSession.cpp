@@ -25,7 +25,7 @@ public:
     void prepare(int rate, bool live)
     {
         m_live = live;
-        m_equalizer.setSampleRate(rate);
+        m_equalizer.prepare(rate, live);
     }
 
     void render(const float* const* inputs, int inputCount, float* const* outputs, int outputCount,

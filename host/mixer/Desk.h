@@ -24,6 +24,7 @@ public:
     ~Desk() override;
 
     HostMemory& memory() { return m_memory; }
+    const HostMemory& memory() const { return m_memory; }
     EditHistory& history() { return m_history; }
     ChannelCompare& compare() { return m_compare; }
 

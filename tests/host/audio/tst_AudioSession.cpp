@@ -4,7 +4,8 @@
 #include "host/audio/AudioRenderer.h"
 #include "host/audio/AudioSession.h"
 #include "host/audio/ChannelSettings.h"
-#include "host/audio/LiveEqualizer.h"
+#include "host/audio/LiveMixer.h"
+#include "host/mixer/Desk.h"
 #include "tests/host/audio/JackServer.h"
 #include "tests/host/audio/SoundFiles.h"
 #include "tests/support/TestObject.h"
@@ -49,7 +50,8 @@ private:
     std::unique_ptr<JackServer> m_server;
     std::unique_ptr<JackDevice> m_device;
     std::unique_ptr<HostMemory> m_memory;
-    std::unique_ptr<LiveEqualizer> m_equalizer;
+    std::unique_ptr<Desk> m_desk;
+    std::unique_ptr<LiveMixer> m_mixer;
     std::unique_ptr<AudioSession> m_session;
 };
 
@@ -65,16 +67,19 @@ void tst_AudioSession::init()
     m_device = std::make_unique<JackDevice>("ears");
     QVERIFY(m_device->isOpen());
     m_memory = std::make_unique<HostMemory>();
-    m_equalizer = std::make_unique<LiveEqualizer>();
-    m_equalizer->follow(*m_memory, 0);
-    m_session = std::make_unique<AudioSession>(*m_equalizer);
+    m_memory->setStrip(0, StripParameter::Source, SourceFile);
+    m_desk = std::make_unique<Desk>(*m_memory);
+    m_mixer = std::make_unique<LiveMixer>();
+    m_mixer->follow(*m_desk);
+    m_session = std::make_unique<AudioSession>(*m_mixer);
     m_session->setDevice(settings());
 }
 
 void tst_AudioSession::cleanup()
 {
     m_session.reset();
-    m_equalizer.reset();
+    m_mixer.reset();
+    m_desk.reset();
     m_device.reset();
 }
 
@@ -131,7 +136,7 @@ void tst_AudioSession::soundsAsRendered()
     for (qsizetype i = 0; i < settings.size(); i += 2)
         values[static_cast<std::size_t>(settings[i]) - 1] = settings[i + 1];
     m_memory->write(0, values);
-    m_equalizer->follow(*m_memory, 0);
+    m_mixer->follow(*m_desk);
     const QString file = writeNoise("in.wav", 50000);
     QVERIFY2(m_session->openFile(file), qPrintable(m_session->faultText()));
     QSignalSpy finished(m_session.get(), &AudioSession::finished);
@@ -254,7 +259,8 @@ void tst_AudioSession::playsWhatComesIn()
     HostMemory::Values values = m_memory->values(0);
     values[25] = -200;
     m_memory->write(0, values);
-    m_equalizer->follow(*m_memory, 0);
+    m_memory->setStrip(0, StripParameter::Source, SourceInput1);
+    m_mixer->follow(*m_desk);
     m_session->setDevice(settings(true));
     QVERIFY2(m_session->play(), qPrintable(m_session->faultText()));
     QTRY_VERIFY_WITH_TIMEOUT(m_device->heard() > 20000, 30000);

@@ -2,7 +2,8 @@
 // The ways between the threads, and that the audio thread's side of them allocates nothing.
 #include "host/HostMemory.h"
 #include "host/audio/FileStream.h"
-#include "host/audio/LiveEqualizer.h"
+#include "host/audio/LiveMixer.h"
+#include "host/mixer/Desk.h"
 #include "tests/host/audio/SoundFiles.h"
 #include "tests/support/TestObject.h"
 
@@ -173,8 +174,9 @@ void tst_FileStream::audioThreadAllocatesNothing()
     FileStream stream;
     QCOMPARE(stream.open(SoundFiles::write(path("in.wav"), sound)), QString());
     HostMemory memory;
-    LiveEqualizer equalizer;
-    equalizer.setSampleRate(48000);
+    memory.setStrip(0, StripParameter::Source, SourceFile);
+    const Desk desk(memory);
+    LiveMixer mixer;
     stream.start(0, 48000, true);
     std::vector<float> left(4096);
     std::vector<float> right(4096);
@@ -184,11 +186,12 @@ void tst_FileStream::audioThreadAllocatesNothing()
         values[2] = values[6] = values[22] = value;
         values[26] = value > 0 ? 1 : 0;
         memory.write(0, values);
-        equalizer.follow(memory, 0);
+        mixer.follow(desk);
+        mixer.prepare(48000, false);
         const std::size_t before = allocations;
         for (const int frames : {16, 256, 1000, 4096}) {
             stream.read(channels, frames);
-            equalizer.process(channels, 2, frames);
+            mixer.process(channels, 2, frames);
         }
         QCOMPARE(allocations, before);
     }

@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/audio/LiveMixer.h"
+
+#include "host/HostMemory.h"
+#include "host/mixer/Desk.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int lookInterval = 10; // ms
+
+// The settings that let every sample through as it is.
+AudioEngine::Values past(AudioEngine::Values values)
+{
+    constexpr std::size_t firstSwitch = 3;
+    constexpr std::size_t parametersPerBand = 4;
+    constexpr std::size_t inputLevel = 24;
+    for (std::size_t i = firstSwitch; i < inputLevel; i += parametersPerBand)
+        values[i] = 0;
+    std::fill(values.begin() + inputLevel, values.end(), 0);
+    return values;
+}
+
+} // namespace
+
+LiveMixer::LiveMixer()
+{
+    m_timer.setInterval(lookInterval);
+    m_timer.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { look(); });
+}
+
+void LiveMixer::follow(const Desk& desk)
+{
+    m_desk = &desk;
+    for (int channel = 0; channel < channelCount; ++channel)
+        publishValues(channel);
+    m_timer.start();
+}
+
+void LiveMixer::look()
+{
+    for (int channel = 0; channel < channelCount; ++channel)
+        publishValues(channel);
+    const Mix mix = wanted();
+    if (mix == m_publishedMix)
+        return;
+    m_publishedMix = mix;
+    m_mix.publish(mix);
+}
+
+// The second channel of a pair runs with the settings of the first one.
+void LiveMixer::publishValues(int channel)
+{
+    const int leader = m_desk->leaderOf(channel);
+    AudioEngine::Values values = m_desk->memory().values(leader);
+    if (m_desk->memory().strip(leader, StripParameter::EqualizerOn) == 0)
+        values = past(values);
+    AudioEngine::Values& published = m_published[static_cast<std::size_t>(channel)];
+    if (values == published)
+        return;
+    published = values;
+    m_engine.publish(channel, values);
+}
+
+LiveMixer::Mix LiveMixer::wanted() const
+{
+    Mix mix;
+    for (int channel = 0; channel < channelCount; ++channel)
+        mix[static_cast<std::size_t>(channel)] = wantedStrip(channel);
+    return mix;
+}
+
+LiveMixer::Strip LiveMixer::wantedStrip(int channel) const
+{
+    const HostMemory& memory = m_desk->memory();
+    const int leader = m_desk->leaderOf(channel);
+    const bool pair = m_desk->isPair(channel);
+    Strip strip;
+    strip.source = sourceOf(channel, memory.strip(leader, StripParameter::Source));
+    strip.left = !pair || channel % 2 == 0;
+    strip.right = !pair || channel % 2 == 1;
+    if (m_desk->isAudible(channel))
+        strip.gain = static_cast<float>(stripGain(memory.strip(leader, StripParameter::Level)));
+    return strip;
+}
+
+// The second channel of a pair takes the input after the one of the first.
+int LiveMixer::sourceOf(int channel, int source) const
+{
+    if (source == SourceFile)
+        return m_live ? noSource : channel % 2;
+    if (!m_live || source < SourceInput1 || source >= SourceOff)
+        return noSource;
+    return source - SourceInput1 + channel - m_desk->leaderOf(channel);
+}
+
+void LiveMixer::prepare(double hertz, bool live)
+{
+    m_live = live;
+    m_engine.setSampleRate(hertz);
+    if (m_desk)
+        look();
+    m_engine.reset();
+    if (const Mix* mix = m_mix.take())
+        m_target = *mix;
+    m_current = m_target;
+}
+
+void LiveMixer::process(float* const* channels, int count, int frames)
+{
+    if (count <= 0)
+        return;
+    const auto all = static_cast<std::size_t>(frames);
+    for (std::size_t done = 0; done < all; done += longestPart)
+        processPart(channels, static_cast<std::size_t>(count), done,
+                    std::min(longestPart, all - done));
+}
+
+void LiveMixer::processPart(float* const* channels, std::size_t count, std::size_t first,
+                            std::size_t frames)
+{
+    if (const Mix* mix = m_mix.take())
+        m_target = *mix;
+    std::array<float*, channelCount> blocks{};
+    for (std::size_t i = 0; i < m_current.size(); ++i) {
+        const Strip& strip = m_current[i];
+        const bool heard = count > 1 || strip.left;
+        // A file of one channel has but one side.
+        const auto source = static_cast<std::size_t>(
+            m_live || count > 1 ? strip.source : std::min(strip.source, 0));
+        if (strip.source == noSource || source >= count || !heard)
+            continue;
+        std::copy_n(channels[source] + first, frames, m_parts[i].data());
+        blocks[i] = m_parts[i].data();
+    }
+    m_engine.process(std::span<float* const>(blocks), frames);
+
+    std::fill_n(m_left.begin(), frames, 0.0F);
+    std::fill_n(m_right.begin(), frames, 0.0F);
+    for (std::size_t i = 0; i < blocks.size(); ++i) {
+        if (!blocks[i])
+            std::fill_n(m_parts[i].begin(), frames, 0.0F);
+        add(i, frames, count > 1);
+    }
+    std::copy_n(m_left.begin(), frames, channels[0] + first);
+    if (count > 1)
+        std::copy_n(m_right.begin(), frames, channels[1] + first);
+    for (std::size_t c = 2; c < count; ++c)
+        std::fill_n(channels[c] + first, frames, 0.0F);
+}
+
+// Adds a strip to the sides, while its gain moves to where it is wanted.
+void LiveMixer::add(std::size_t channel, std::size_t frames, bool both)
+{
+    Strip& current = m_current[channel];
+    const Strip& target = m_target[channel];
+    const bool rerouted = current.source != target.source || current.left != target.left ||
+                          current.right != target.right;
+    const float goal = rerouted ? 0.0F : target.gain;
+    const float step = (goal - current.gain) / static_cast<float>(frames);
+    const Part& part = m_parts[channel];
+    for (std::size_t i = 0; i < frames; ++i) {
+        const bool last = i + 1 == frames;
+        const float gain = last || step == 0.0F ? goal : current.gain + step * float(i + 1);
+        const float sample = part[i] * gain;
+        if (current.left)
+            m_left[i] += sample;
+        if (both && current.right)
+            m_right[i] += sample;
+    }
+    current.gain = goal;
+    if (rerouted)
+        current = {target.source, target.left, target.right, 0.0F};
+}

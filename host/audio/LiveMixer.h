@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/audio/AudioCallback.h"
+#include "host/engine/AudioEngine.h"
+
+#include <QTimer>
+
+#include <array>
+
+class Desk;
+
+/// The mixer on what is played: every strip takes the sound that its source names, sends it through
+/// its channel's equalizer and adds it to the outputs by its fader.
+///
+/// A file's left side goes to the even channels, its right side to the odd ones; what comes in goes
+/// by its number. Of a pair the even channel is heard on the left, the odd one on the right; a mono
+/// strip is heard on both sides, at full level on each. Where only one channel is played, only what
+/// belongs to the left is heard. A strip whose equalizer is off lets the sound past as it is.
+/// Faders, mutes and sources act without clicks; a new source is faded in once the old one is out.
+///
+/// The GUI thread looks at the desk a hundred times a second and publishes what has changed; the
+/// audio thread takes it with its next block.
+class LiveMixer : public AudioCallback
+{
+public:
+    LiveMixer();
+
+    /// Follows \a desk, which must outlive this; while nothing is played.
+    void follow(const Desk& desk);
+    const AudioEngine& engine() const { return m_engine; }
+
+    void prepare(double hertz, bool live) override;
+    void process(float* const* channels, int count, int frames) override;
+
+private:
+    static constexpr std::size_t longestPart = 256;
+    static constexpr int noSource = -1;
+
+    struct Strip
+    {
+        int source = noSource; // which of the channels that are played
+        bool left = true;
+        bool right = true;
+        float gain = 0.0F;
+
+        bool operator==(const Strip&) const = default;
+    };
+    using Mix = std::array<Strip, channelCount>;
+    using Part = std::array<float, longestPart>;
+
+    void look();
+    void publishValues(int channel);
+    Mix wanted() const;
+    Strip wantedStrip(int channel) const;
+    int sourceOf(int channel, int source) const;
+    void processPart(float* const* channels, std::size_t count, std::size_t first,
+                     std::size_t frames);
+    void add(std::size_t channel, std::size_t frames, bool both);
+
+    const Desk* m_desk = nullptr;
+    bool m_live = false;
+    std::array<AudioEngine::Values, channelCount> m_published{};
+    Mix m_publishedMix;
+    QTimer m_timer;
+
+    AudioEngine m_engine;
+    LatestValue<Mix> m_mix;
+    // The audio thread's:
+    Mix m_target;
+    Mix m_current;
+    std::array<Part, channelCount> m_parts{};
+    Part m_left{};
+    Part m_right{};
+};
