@@ -300,6 +300,7 @@ void EditorWindow::buildStatus()
 {
     statusBar()->setSizeGripEnabled(false);
     m_audio = new QLabel(this);
+    m_audio->setContentsMargins(0, 0, 8, 0);
     statusBar()->addPermanentWidget(m_audio);
     m_texts.add([this] { showAudio(); });
     const auto listen = [this] {

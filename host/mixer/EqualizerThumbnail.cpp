@@ -7,7 +7,6 @@
 
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPath>
 
 #include <algorithm>
 #include <cmath>
@@ -37,6 +36,17 @@ Band bandOf(const HostMemory::Values& values, int number)
     band.gain = BandDesign::gain(position(values, first + 2));
     band.on = values[first + 3] != 0;
     return band;
+}
+
+// 0 dB, and the decades.
+void drawGrid(QPainter& painter, const QRectF& plot)
+{
+    painter.fillRect(QRectF(plot.left(), std::floor(plot.center().y()), plot.width(), 1),
+                     QColor(255, 255, 255, 28));
+    for (const double part : {1.0 / 3, 2.0 / 3}) {
+        const double x = std::floor(plot.left() + part * plot.width());
+        painter.fillRect(QRectF(x, plot.top(), 1, plot.height()), QColor(255, 255, 255, 14));
+    }
 }
 
 } // namespace
@@ -75,35 +85,8 @@ void EqualizerThumbnail::paintEvent(QPaintEvent*)
     MixerLook::drawWell(painter, glass, 3);
     const QRectF plot = glass.adjusted(2, 2, -2, -2);
     painter.setClipRect(plot);
-    painter.fillRect(QRectF(plot.left(), std::floor(plot.center().y()), plot.width(), 1),
-                     QColor(255, 255, 255, 28));
-    for (const double third : {1.0 / 3, 2.0 / 3})
-        painter.fillRect(
-            QRectF(std::floor(plot.left() + third * plot.width()), plot.top(), 1, plot.height()),
-            QColor(255, 255, 255, 14));
-
-    const EqualizerResponse response = m_bands.response();
-    QPolygonF curve;
-    for (double x = 0.0; x <= plot.width(); x += 1.0) {
-        const double frequency = 20.0 * std::pow(1000.0, x / plot.width());
-        const double level = std::clamp(response.levels(frequency, sampleRate).total,
-                                        -1.5 * largestGain, 1.5 * largestGain);
-        curve << QPointF(plot.left() + x,
-                         plot.center().y() - level / largestGain * plot.height() / 2);
-    }
-    const bool on = m_desk.memory().strip(m_channel, StripParameter::EqualizerOn) != 0;
-    const QColor color = on ? MixerLook::accent.lighter(125) : MixerLook::dimLetters.darker(150);
-    QPolygonF area = curve;
-    area << QPointF(curve.last().x(), plot.center().y())
-         << QPointF(curve.first().x(), plot.center().y());
-    QColor fill = color;
-    fill.setAlpha(on ? 60 : 30);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(fill);
-    painter.drawPolygon(area);
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(color, 1.4));
-    painter.drawPolyline(curve);
+    drawGrid(painter, plot);
+    drawCurve(painter, plot);
 }
 
 void EqualizerThumbnail::design()
@@ -112,6 +95,40 @@ void EqualizerThumbnail::design()
     for (int band = 0; band < EqualizerBands::Count; ++band)
         m_bands[band] = bandOf(values, band);
     m_bands.designAll();
+}
+
+QPolygonF EqualizerThumbnail::curve(const QRectF& plot) const
+{
+    constexpr double decades = 3.0;
+    constexpr double farthest = 1.5 * largestGain; // beyond the glass
+    const EqualizerResponse response = m_bands.response();
+    QPolygonF points;
+    for (double x = 0.0; x <= plot.width(); x += 1.0) {
+        const double frequency = 20.0 * std::pow(10.0, decades * x / plot.width());
+        const double level =
+            std::clamp(response.levels(frequency, sampleRate).total, -farthest, farthest);
+        points << QPointF(plot.left() + x,
+                          plot.center().y() - level / largestGain * plot.height() / 2);
+    }
+    return points;
+}
+
+void EqualizerThumbnail::drawCurve(QPainter& painter, const QRectF& plot) const
+{
+    const bool on = m_desk.memory().strip(m_channel, StripParameter::EqualizerOn) != 0;
+    const QColor color = on ? MixerLook::accent.lighter(125) : MixerLook::dimLetters.darker(150);
+    const QPolygonF line = curve(plot);
+    QPolygonF area = line;
+    area << QPointF(line.last().x(), plot.center().y())
+         << QPointF(line.first().x(), plot.center().y());
+    QColor fill = color;
+    fill.setAlpha(on ? 60 : 30);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(fill);
+    painter.drawPolygon(area);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(color, 1.4));
+    painter.drawPolyline(line);
 }
 
 #include "moc_EqualizerThumbnail.cpp"

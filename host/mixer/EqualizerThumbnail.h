@@ -4,6 +4,7 @@
 #include "graph/filters/EqualizerBands.h"
 #include "host/HostMemory.h"
 
+#include <QPolygonF>
 #include <QWidget>
 
 class Desk;
@@ -29,6 +30,8 @@ protected:
 
 private:
     void design();
+    QPolygonF curve(const QRectF& plot) const;
+    void drawCurve(QPainter& painter, const QRectF& plot) const;
 
     Desk& m_desk;
     int m_channel;

@@ -160,14 +160,14 @@ void MixerStrip::paintEvent(QPaintEvent*)
 void MixerStrip::buildName()
 {
     m_name = new ChannelNameEdit(this);
-    m_name->setGeometry(namePlace.adjusted(3, 1, -3, -1));
+    m_name->setGeometry(namePlace.adjusted(1, 1, -1, -1));
     m_name->setFrame(false);
     m_name->setAlignment(Qt::AlignCenter);
     setFontSize(m_name, 12);
     QPalette palette = m_name->palette();
     palette.setColor(QPalette::Base, Qt::transparent);
     m_name->setPalette(palette);
-    m_name->setElideMargin(10);
+    m_name->setElideMargin(5);
     name(m_name, [](const QString& channel) { return tr("Name of %1").arg(channel); });
     m_texts.add([this] {
         showName();
@@ -247,16 +247,16 @@ void MixerStrip::buildKeys()
 
 void MixerStrip::buildFader()
 {
-    m_fader = new FaderController(this);
-    m_fader->setGeometry(faderPlace);
-    m_fader->setBackgroundSvg(MixerLook::image(QStringLiteral("fader_groove")));
-    m_fader->setKnobSvg(MixerLook::image(QStringLiteral("fader_cap")));
-    m_fader->setShadowSvg(MixerLook::image(QStringLiteral("fader_shadow")));
-    m_fader->setEnableDoubleClick(true);
-    m_fader->setOperationType(FaderController::Relative);
-    m_fader->setFocusPolicy(Qt::StrongFocus);
-    name(m_fader, [](const QString& channel) { return tr("Fader of %1").arg(channel); });
-    bind(m_fader, StripParameter::Level, m_channel);
+    auto* fader = new FaderController(this);
+    fader->setGeometry(faderPlace);
+    fader->setBackgroundSvg(MixerLook::image(QStringLiteral("fader_groove")));
+    fader->setKnobSvg(MixerLook::image(QStringLiteral("fader_cap")));
+    fader->setShadowSvg(MixerLook::image(QStringLiteral("fader_shadow")));
+    fader->setEnableDoubleClick(true);
+    fader->setOperationType(FaderController::Relative);
+    fader->setFocusPolicy(Qt::StrongFocus);
+    name(fader, [](const QString& channel) { return tr("Fader of %1").arg(channel); });
+    bind(fader, StripParameter::Level, m_channel);
 
     auto* level = new TextEditController(this);
     level->setGeometry(levelPlace);

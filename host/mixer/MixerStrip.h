@@ -14,11 +14,7 @@ class StripMeters;
 
 namespace CommonController_MemAPI {
 class AbstractController;
-class ButtonGroupController;
-class FaderController;
-class PullDownButtonController;
 class PushButtonController;
-class TextEditController;
 } // namespace CommonController_MemAPI
 
 /// One channel of the mixer, or a pair where the channel is the first of one: name, source, mono or
@@ -83,7 +79,6 @@ private:
     bool m_selected = false;
     LiveTexts m_texts;
     ChannelNameEdit* m_name = nullptr;
-    CommonController_MemAPI::FaderController* m_fader = nullptr;
     StripMeters* m_meters = nullptr;
     bool m_shownAsPair = false;
 };
