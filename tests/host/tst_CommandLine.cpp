@@ -217,11 +217,30 @@ void tst_CommandLine::refuses()
 void tst_CommandLine::helpNamesEveryOption()
 {
     const QString help = CommandLine::helpText();
-    for (const char* option :
-         {"--plugin FILE", "--channel N", "--mono", "--scale F", "--sample-rate HZ",
-          "--set NAME=TEXT", "--set NAME=@N", "--list", "--state FILE", "--save-state FILE",
-          "--screenshot FILE.png", "--help", "--meters on|off", "--language en|de|ja",
-          "--session FILE"})
+    for (const char* option : {"--plugin FILE",
+                               "--channel N",
+                               "--mono",
+                               "--scale F",
+                               "--sample-rate HZ",
+                               "--set NAME=TEXT",
+                               "--set NAME=@N",
+                               "--list",
+                               "--state FILE",
+                               "--save-state FILE",
+                               "--screenshot FILE.png",
+                               "--help",
+                               "--meters on|off",
+                               "--language en|de|ja",
+                               "--render IN OUT",
+                               "--float",
+                               "--audio FILE",
+                               "--loop",
+                               "--live",
+                               "--device NAME",
+                               "--rate HZ",
+                               "--block FRAMES",
+                               "--devices",
+                               "--session FILE"})
         QVERIFY2(help.contains(QLatin1String(option)), option);
     for (const QString& line : help.split(QLatin1Char('\n')))
         QVERIFY2(line.size() <= 100, qPrintable(line));
