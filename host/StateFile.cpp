@@ -35,7 +35,7 @@ constexpr qsizetype largestFile = 1 << 20;
 // The parameters' numbers in the order in which a state holds them.
 constexpr std::array<int, parameterCount> stateOrder = {4,  3,  2,  1,  8,  7,  6,  5,  12,
                                                         11, 10, 9,  16, 15, 14, 13, 20, 19,
-                                                        18, 17, 24, 23, 22, 21, 25, 26, 27};
+                                                        18, 17, 21, 22, 23, 24, 25, 26, 27};
 
 Content faulty(const QString& fault) { return {QByteArray(), fault}; }
 

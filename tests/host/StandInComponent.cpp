@@ -19,7 +19,7 @@ constexpr int entryCount = 28;
 // Groups of four downwards (4 3 2 1, 8 7 6 5, ...), then 25, 26, 27; the last entry is empty.
 int numberOfEntry(int entry)
 {
-    if (entry < 24)
+    if (entry < 20)
         return entry / 4 * 4 + 4 - entry % 4;
     return entry + 1;
 }

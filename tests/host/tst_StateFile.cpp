@@ -133,7 +133,7 @@ void tst_StateFile::saysWhatIsWrong_data()
     row("below 0", stateWith(0, bigEndianFloat(-1.0F)),
         "holds -1 for fx_rackfx_prm_4 (Low on), where values lie between 0 and 1.");
     row("infinity", stateWith(23, bigEndianFloat(infinity)),
-        "holds inf for fx_rackfx_prm_21 (High type), where values lie between 0 and 1.");
+        "holds inf for fx_rackfx_prm_24 (High on), where values lie between 0 and 1.");
     row("preset: mark only", "VST3", "is a preset cut short: it ends inside its header.");
     row("preset: part of the mark", "VS", "is a preset cut short: it ends inside its header.");
     row("preset: another format", preset(state(), {{"Comp", 48, 116}}, 164, 1, classId, 2),
@@ -228,11 +228,12 @@ void tst_StateFile::hostilePresetsAreRefused()
 
 void tst_StateFile::everyEntryIsChecked()
 {
-    // The names in the order of the stream: groups of four downwards, then the last three.
+    // The names in the order of the stream: five groups of four downwards, then upwards.
     QList<int> numbers;
-    for (int group = 0; group < 6; ++group)
+    for (int group = 0; group < 5; ++group)
         numbers << 4 * group + 4 << 4 * group + 3 << 4 * group + 2 << 4 * group + 1;
-    numbers << 25 << 26 << 27;
+    for (int number = 21; number <= 27; ++number)
+        numbers << number;
     for (int entry = 0; entry < 27; ++entry) {
         const QByteArray bytes = stateWith(entry, bigEndianFloat(2.0F));
         const QString fault = StateFile::decode(bytes, m_uid).fault;

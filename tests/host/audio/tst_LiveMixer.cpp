@@ -1,0 +1,256 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/HostMemory.h"
+#include "host/audio/LiveMixer.h"
+#include "host/engine/ChannelProcessor.h"
+#include "host/mixer/Desk.h"
+#include "tests/host/audio/SoundFiles.h"
+#include "tests/support/TestObject.h"
+
+#include <QApplication>
+
+#include <cmath>
+#include <memory>
+#include <numbers>
+#include <vector>
+
+class tst_LiveMixer : public TestObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void nothingIsHeardThatNoStripPlays();
+    void pairPlaysItsSides();
+    void equalizesAsTheStripIsSet();
+    void equalizerOffLetsEveryBitPast();
+    void faderScales();
+    void muteAndSoloSilence();
+    void strippedPairsAreHeardOnBothSides();
+    void stripsAddUp();
+    void oneChannelIsHeardOnce();
+    void inputsGoByNumber();
+    void inputsAreSilentWhileAFilePlays();
+    void blocksMakeNoDifference();
+    void changesDoNotClick_data();
+    void changesDoNotClick();
+
+private:
+    using Block = std::vector<float>;
+
+    void set(int channel, StripParameter parameter, int value)
+    {
+        m_memory->setStrip(channel, parameter, value);
+    }
+    std::vector<Block> play(std::vector<Block> block, bool live = false, int part = 0);
+    static Block noise(std::size_t frames);
+
+    std::unique_ptr<HostMemory> m_memory;
+    std::unique_ptr<Desk> m_desk;
+    std::unique_ptr<LiveMixer> m_mixer;
+};
+
+void tst_LiveMixer::init()
+{
+    TestObject::init();
+    m_mixer.reset();
+    m_desk.reset();
+    m_memory = std::make_unique<HostMemory>();
+    m_desk = std::make_unique<Desk>(*m_memory);
+    m_mixer = std::make_unique<LiveMixer>();
+    set(0, StripParameter::Source, SourceFile);
+}
+
+// Begins anew with the settings of the moment; in parts of so many frames, or in one.
+std::vector<tst_LiveMixer::Block> tst_LiveMixer::play(std::vector<Block> block, bool live, int part)
+{
+    m_mixer->follow(*m_desk);
+    m_mixer->prepare(48000, live);
+    const int frames = static_cast<int>(block[0].size());
+    for (int done = 0; done < frames; done += part) {
+        part = part > 0 ? part : frames;
+        std::vector<float*> pointers;
+        for (Block& each : block)
+            pointers.push_back(each.data() + done);
+        m_mixer->process(pointers.data(), static_cast<int>(pointers.size()),
+                         std::min(part, frames - done));
+    }
+    return block;
+}
+
+tst_LiveMixer::Block tst_LiveMixer::noise(std::size_t frames)
+{
+    const std::vector<double> samples = SoundFiles::noise(frames);
+    return {samples.begin(), samples.end()};
+}
+
+void tst_LiveMixer::nothingIsHeardThatNoStripPlays()
+{
+    set(0, StripParameter::Source, SourceOff);
+    const std::vector<Block> heard = play({noise(1000), noise(1000)});
+    QCOMPARE(heard[0], Block(1000, 0.0F));
+    QCOMPARE(heard[1], Block(1000, 0.0F));
+}
+
+void tst_LiveMixer::pairPlaysItsSides()
+{
+    const Block left = noise(1000);
+    const Block right(left.rbegin(), left.rend());
+    const std::vector<Block> heard = play({left, right});
+    QCOMPARE(heard[0], left);
+    QCOMPARE(heard[1], right);
+}
+
+void tst_LiveMixer::equalizesAsTheStripIsSet()
+{
+    HostMemory::Values values = m_memory->values(0);
+    values[10] = 80;
+    values[24] = -30;
+    m_memory->write(0, values);
+    const Block given = noise(1000);
+    const auto processor = std::make_unique<ChannelProcessor>();
+    processor->setValues(values);
+    std::vector<double> expected(given.begin(), given.end());
+    processor->process(expected);
+    const std::vector<Block> heard = play({given, given});
+    QCOMPARE(heard[0], Block(expected.begin(), expected.end()));
+    QCOMPARE(heard[1], heard[0]);
+}
+
+void tst_LiveMixer::equalizerOffLetsEveryBitPast()
+{
+    HostMemory::Values values = m_memory->values(0);
+    for (const std::size_t level : {2, 6, 10, 14, 18, 22, 24, 25})
+        values[level] = 100;
+    values[26] = 1;
+    m_memory->write(0, values);
+    set(0, StripParameter::EqualizerOn, 0);
+    const Block given = noise(1000);
+    QCOMPARE(play({given, given})[0], given);
+}
+
+void tst_LiveMixer::faderScales()
+{
+    set(0, StripParameter::Level, 240); // 60 steps of 0.1 dB below 0 dB
+    const std::vector<Block> heard = play({Block(1000, 0.5F), Block(1000, -0.5F)});
+    const double expected = 0.5 * std::pow(10.0, -6.0 / 20.0);
+    QVERIFY(std::abs(heard[0][999] - expected) < 1e-7);
+    QVERIFY(std::abs(heard[1][0] + expected) < 1e-7);
+    set(0, StripParameter::Level, 0);
+    QCOMPARE(play({Block(100, 0.5F), Block(100, 0.5F)})[0], Block(100, 0.0F));
+}
+
+void tst_LiveMixer::muteAndSoloSilence()
+{
+    const Block silence(100, 0.0F);
+    const Block sound(100, 0.5F);
+    set(0, StripParameter::Mute, 1);
+    QCOMPARE(play({sound, sound})[0], silence);
+    set(0, StripParameter::Mute, 0);
+    set(2, StripParameter::Solo, 1);
+    QCOMPARE(play({sound, sound})[0], silence);
+    set(0, StripParameter::Solo, 1);
+    QCOMPARE(play({sound, sound})[0], sound);
+}
+
+void tst_LiveMixer::strippedPairsAreHeardOnBothSides()
+{
+    set(0, StripParameter::Stereo, 0);
+    const std::vector<Block> heard = play({Block(100, 0.5F), Block(100, 0.25F)});
+    QCOMPARE(heard[0], Block(100, 0.5F));
+    QCOMPARE(heard[1], Block(100, 0.5F));
+}
+
+void tst_LiveMixer::stripsAddUp()
+{
+    set(4, StripParameter::Source, SourceFile);
+    const std::vector<Block> heard = play({Block(100, 0.25F), Block(100, -0.125F)});
+    QCOMPARE(heard[0], Block(100, 0.5F));
+    QCOMPARE(heard[1], Block(100, -0.25F));
+}
+
+void tst_LiveMixer::oneChannelIsHeardOnce()
+{
+    const Block given = noise(500);
+    QCOMPARE(play({given})[0], given);
+}
+
+void tst_LiveMixer::inputsGoByNumber()
+{
+    set(0, StripParameter::Source, SourceInput1 + 1);
+    const std::vector<Block> heard =
+        play({Block(100, 0.1F), Block(100, 0.2F), Block(100, 0.3F)}, true);
+    QCOMPARE(heard[0], Block(100, 0.2F));
+    QCOMPARE(heard[1], Block(100, 0.3F));
+    QCOMPARE(heard[2], Block(100, 0.0F));
+    set(0, StripParameter::Source, SourceInput1 + 5);
+    QCOMPARE(play({Block(100, 0.1F), Block(100, 0.2F)}, true)[0], Block(100, 0.0F));
+    set(0, StripParameter::Source, SourceFile);
+    QCOMPARE(play({Block(100, 0.1F), Block(100, 0.2F)}, true)[0], Block(100, 0.0F));
+}
+
+void tst_LiveMixer::inputsAreSilentWhileAFilePlays()
+{
+    set(0, StripParameter::Source, SourceInput1);
+    QCOMPARE(play({Block(100, 0.5F), Block(100, 0.5F)})[0], Block(100, 0.0F));
+}
+
+void tst_LiveMixer::blocksMakeNoDifference()
+{
+    HostMemory::Values values = m_memory->values(0);
+    values[10] = 80;
+    m_memory->write(0, values);
+    const Block given = noise(3000);
+    const std::vector<Block> whole = play({given, given});
+    for (const int part : {1, 64, 255, 1024})
+        QCOMPARE(play({given, given}, false, part), whole);
+}
+
+void tst_LiveMixer::changesDoNotClick_data()
+{
+    QTest::addColumn<int>("parameter");
+    QTest::addColumn<int>("value");
+    QTest::newRow("fader") << int(StripParameter::Level) << 0;
+    QTest::newRow("mute") << int(StripParameter::Mute) << 1;
+    QTest::newRow("source") << int(StripParameter::Source) << int(SourceOff);
+    QTest::newRow("mono") << int(StripParameter::Stereo) << 0;
+    QTest::newRow("equalizer") << int(StripParameter::EqualizerOn) << 0;
+}
+
+// The steps from sample to sample of a slow sine stay near those of the sine itself.
+void tst_LiveMixer::changesDoNotClick()
+{
+    QFETCH(int, parameter);
+    QFETCH(int, value);
+    HostMemory::Values values = m_memory->values(0);
+    values[24] = -60;
+    m_memory->write(0, values);
+    m_mixer->follow(*m_desk);
+    m_mixer->prepare(48000, false);
+    constexpr int frames = 64;
+    float last = 0.0F;
+    float widest = 0.0F;
+    for (int block = 0; block < 200; ++block) {
+        if (block == 100) {
+            set(0, static_cast<StripParameter>(parameter), value);
+            QTest::qWait(50);
+        }
+        Block left(frames);
+        for (int i = 0; i < frames; ++i)
+            left[static_cast<std::size_t>(i)] = static_cast<float>(
+                0.5 * std::cos(2.0 * std::numbers::pi * 50.0 * (block * frames + i) / 48000.0));
+        Block right = left;
+        float* const channels[] = {left.data(), right.data()};
+        m_mixer->process(channels, 2, frames);
+        for (const float sample : left) {
+            if (block > 0)
+                widest = std::max(widest, std::abs(sample - last));
+            last = sample;
+        }
+    }
+    QVERIFY2(widest < 0.02F, qPrintable(QString::number(widest)));
+    QVERIFY(widest > 0.001F);
+}
+
+ZOLTA_TEST_MAIN(tst_LiveMixer)
+#include "tst_LiveMixer.moc"
