@@ -16,7 +16,7 @@ namespace {
 
 constexpr int entryCount = 28;
 
-// Groups of four downwards (4 3 2 1, 8 7 6 5, ...), then 25, 26, 27; the last entry is empty.
+// Five groups of four downwards (4 3 2 1, 8 7 6 5, ...), then 21 to 27; the last entry is empty.
 int numberOfEntry(int entry)
 {
     if (entry < 20)
