@@ -59,7 +59,11 @@ std::string formatLevel(int position)
     const int tenths = stripLevelTenths(position);
     const int size = std::abs(tenths);
     const char* sign = tenths < 0 ? "-" : tenths > 0 ? "+" : "";
-    return sign + std::to_string(size / 10) + '.' + std::to_string(size % 10);
+    std::string text = sign;
+    text += std::to_string(size / 10);
+    text += '.';
+    text += std::to_string(size % 10);
+    return text;
 }
 
 int nearestPosition(double tenths)

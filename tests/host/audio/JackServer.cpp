@@ -26,7 +26,9 @@ jack_client_t* openClient(const char* name)
 
 JackServer::JackServer()
 {
-    const QString name = QStringLiteral("zolta-test-%1").arg(QCoreApplication::applicationPid());
+    // Servers that were killed keep one of JACK's eight places until one of the same name comes.
+    const QByteArray program = QCoreApplication::applicationFilePath().toUtf8();
+    const QString name = QStringLiteral("zolta-test-%1").arg(qHash(program, 0), 0, 16);
     qputenv("JACK_DEFAULT_SERVER", name.toLocal8Bit());
     qputenv("JACK_NO_START_SERVER", "1");
     qputenv("JACK_NO_AUDIO_RESERVATION", "1");
