@@ -207,10 +207,15 @@ void show(QWidget& window)
     QApplication::processEvents();
 }
 
-/// Moves \a widget once an iteration, with \a move(value), and paints it.
+/// Moves \a widget once an iteration, with \a move(value), and paints it. Every value has been
+/// shown once before.
 template <class Move> void moveAndPaint(benchmark::State& state, QWidget& widget, Move move)
 {
     show(*widget.window());
+    for (int value = 0; value <= highestValue; ++value) {
+        move(value);
+        widget.repaint();
+    }
     int value = 0;
     for (auto _ : state) {
         value = (value + valueStep) % (highestValue + 1);

@@ -204,6 +204,15 @@ SvgRaster blurredRaster(SvgDocument& document, const Placement& placement, const
     return known ? *known : *SvgRasters::insert(key, make());
 }
 
+/// Under a clip of several rectangles Qt cuts an image up row by row, and hands many rows to other
+/// threads: waking those takes longer than the copying. Of so few rows it does not.
+constexpr int fewRows = 64;
+
+bool isClippedToRegion(const QPainter& painter)
+{
+    return painter.paintEngine()->systemClip().rectCount() > 1;
+}
+
 /// Copies the part \a pixels of \a raster to the device, both counted from \a origin.
 void paintPixels(QPainter& painter, const SvgRaster& raster, const QPoint& origin,
                  const QRect& pixels, double opacity)
@@ -213,7 +222,11 @@ void paintPixels(QPainter& painter, const SvgRaster& raster, const QPoint& origi
     painter.save();
     painter.setWorldTransform(rest.inverted());
     painter.setOpacity(opacity);
-    painter.drawImage(origin + pixels.topLeft(), raster.image, pixels.translated(-raster.offset));
+    const int step = isClippedToRegion(painter) ? fewRows : pixels.height();
+    for (int y = pixels.top(); y <= pixels.bottom(); y += step) {
+        const QRect rows = pixels & QRect(pixels.left(), y, pixels.width(), step);
+        painter.drawImage(origin + rows.topLeft(), raster.image, rows.translated(-raster.offset));
+    }
     painter.restore();
 }
 
