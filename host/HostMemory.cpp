@@ -47,14 +47,6 @@ std::optional<int> parse(unsigned short parameter, const char* text)
     return strip ? parseStrip(*strip, text) : parseParameter(entryOf(parameter), text);
 }
 
-HostMemory::Values defaults()
-{
-    HostMemory::Values values{};
-    std::transform(parameterTable.begin(), parameterTable.end(), values.begin(),
-                   [](const Parameter& p) { return p.defaultValue; });
-    return values;
-}
-
 HostMemory::StripValues stripDefaults()
 {
     HostMemory::StripValues values{};
@@ -68,7 +60,7 @@ HostMemory::StripValues stripDefaults()
 HostMemory::HostMemory()
 {
     for (Channel& channel : m_channels) {
-        channel.values = defaults();
+        channel.values = defaultValues();
         channel.strip = stripDefaults();
     }
 }
@@ -178,7 +170,7 @@ void HostMemory::write(int ch, const Values& values)
         setValue(parameterId(i), static_cast<unsigned short>(ch), values[i], 0, 0, 1);
 }
 
-void HostMemory::reset(int ch) { write(ch, defaults()); }
+void HostMemory::reset(int ch) { write(ch, defaultValues()); }
 
 int HostMemory::strip(int ch, StripParameter parameter) const
 {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "host/MeterNotifier.h"
-#include "host/ParameterTable.h"
+#include "host/engine/ChannelValues.h"
 #include "host/mixer/StripTable.h"
 #include "plugin/interfaces/IMemAPI.h"
 
@@ -26,7 +26,7 @@ class WriteListener;
 class HostMemory : public IMemAPI
 {
 public:
-    using Values = std::array<int, parameterCount>;
+    using Values = ChannelValues;
     using StripValues = std::array<int, stripParameterCount>;
 
     HostMemory();

@@ -32,11 +32,6 @@ constexpr qsizetype presetEntrySize = 20;
 constexpr qint32 mostChunks = 128; // as many as PresetFile reads
 constexpr qsizetype largestFile = 1 << 20;
 
-// The parameters' numbers in the order in which a state holds them.
-constexpr std::array<int, parameterCount> stateOrder = {4,  3,  2,  1,  8,  7,  6,  5,  12,
-                                                        11, 10, 9,  16, 15, 14, 13, 20, 19,
-                                                        18, 17, 21, 22, 23, 24, 25, 26, 27};
-
 Content faulty(const QString& fault) { return {QByteArray(), fault}; }
 
 QString classText(const FUID& uid)
@@ -69,14 +64,15 @@ QString faultOfValue(const QByteArray& state, std::size_t entry)
     const auto value = qFromBigEndian<float>(state.constData() + offset);
     if (value >= 0.0F && value <= 1.0F)
         return QString();
-    const Parameter& parameter = parameterTable[static_cast<std::size_t>(stateOrder[entry] - 1)];
+    const Parameter& parameter =
+        parameterTable[static_cast<std::size_t>(StateFile::order[entry] - 1)];
     return QStringLiteral("holds %1 for %2 (%3), where values lie between 0 and 1")
         .arg(QString::number(value), QLatin1String(parameter.name), QLatin1String(parameter.title));
 }
 
 Content checkedValues(const QByteArray& state)
 {
-    for (std::size_t entry = 0; entry < stateOrder.size(); ++entry) {
+    for (std::size_t entry = 0; entry < StateFile::order.size(); ++entry) {
         const QString fault = faultOfValue(state, entry);
         if (!fault.isEmpty())
             return faulty(fault);

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "host/ParameterTable.h"
+
 #include <QByteArray>
 #include <QString>
 
 #include <pluginterfaces/base/funknown.h>
+
+#include <array>
 
 /// The settings of one equalizer in a file.
 ///
@@ -15,6 +19,11 @@ class StateFile
 {
 public:
     static constexpr int stateSize = 116;
+    /// The parameters' numbers in the order in which a state holds them, as the editor's component
+    /// saves them: the first five bands downwards, then upwards.
+    static constexpr std::array<int, parameterCount> order = {4,  3,  2,  1,  8,  7,  6,  5,  12,
+                                                              11, 10, 9,  16, 15, 14, 13, 20, 19,
+                                                              18, 17, 21, 22, 23, 24, 25, 26, 27};
 
     /// What a file held, or why it does not count; exactly one of the two is not empty.
     struct Content

@@ -18,20 +18,12 @@ bool isSameFile(const QString& first, const QString& second)
     return a.exists() && b.exists() && a == b;
 }
 
-// The outer bands' first parameters; frequency, gain and switch follow the type.
-constexpr std::size_t lowBand = 0;
-constexpr std::size_t highBand = 20;
-
-// In Hz; 0 for a band that changes nothing.
-double cornerOf(const ChannelProcessor::Values& values, std::size_t first)
+// In Hz; 0 for an outer band that changes nothing.
+double cornerOf(const Band& band)
 {
-    const int type = values[first];
-    const bool pass = type == BandDesign::SecondOrderPass || type == BandDesign::FirstOrderPass;
-    if (values[first + 3] == 0 || (!pass && values[first + 2] == 0))
-        return 0.0;
-    const Parameter& entry = parameterTable[first + 1];
-    return BandDesign::frequency(
-        BandDesign::position(values[first + 1], entry.minimum, entry.maximum));
+    const bool pass =
+        band.type == BandDesign::SecondOrderPass || band.type == BandDesign::FirstOrderPass;
+    return band.on && (pass || band.gain != 0.0) ? band.frequency : 0.0;
 }
 
 } // namespace
@@ -72,13 +64,14 @@ QString AudioRenderer::open()
 // there.
 QString AudioRenderer::faultOfSettings() const
 {
-    for (const std::size_t first : {lowBand, highBand}) {
-        const double corner = cornerOf(m_job.values, first);
+    for (const int band : {EqualizerBands::Low, EqualizerBands::High}) {
+        const double corner = cornerOf(bandOf(m_job.values, band));
         if (corner * 2.0 < m_reader.info().samplerate)
             continue;
-        return QStringLiteral("The sound file %1 cannot be processed: the %2 of %3 Hz lies beyond "
-                              "half its sampling rate of %4 Hz.")
-            .arg(m_job.input, QString::fromLatin1(parameterTable[first + 1].title).toLower())
+        const char* name = band == EqualizerBands::Low ? "low" : "high";
+        return QStringLiteral("The sound file %1 cannot be processed: the %2 frequency of %3 Hz "
+                              "lies beyond half its sampling rate of %4 Hz.")
+            .arg(m_job.input, QLatin1String(name))
             .arg(std::lround(corner))
             .arg(m_reader.info().samplerate);
     }

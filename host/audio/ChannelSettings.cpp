@@ -21,12 +21,6 @@ const Steinberg::FUID& editorClass()
     return uid;
 }
 
-// The parameters' numbers in the order in which the editor's component saves them: the first five
-// bands downwards, the high band upwards.
-constexpr std::array<std::size_t, parameterCount> savedOrder = {4,  3,  2,  1,  8,  7,  6,  5,  12,
-                                                                11, 10, 9,  16, 15, 14, 13, 20, 19,
-                                                                18, 17, 21, 22, 23, 24, 25, 26, 27};
-
 // Single precision up to the rounding, as the component restores it.
 int rawOf(const Parameter& parameter, float unit)
 {
@@ -38,20 +32,12 @@ int rawOf(const Parameter& parameter, float unit)
 
 } // namespace
 
-Values ChannelSettings::defaults()
-{
-    Values values{};
-    std::transform(parameterTable.begin(), parameterTable.end(), values.begin(),
-                   [](const Parameter& parameter) { return parameter.defaultValue; });
-    return values;
-}
-
 Values ChannelSettings::ofState(const QByteArray& state)
 {
-    Values values = defaults();
-    for (std::size_t entry = 0; entry < savedOrder.size(); ++entry) {
+    Values values = defaultValues();
+    for (std::size_t entry = 0; entry < StateFile::order.size(); ++entry) {
         const char* bytes = state.constData() + versionSize + entry * sizeof(float);
-        const std::size_t index = savedOrder[entry] - 1;
+        const std::size_t index = static_cast<std::size_t>(StateFile::order[entry]) - 1;
         values[index] = rawOf(parameterTable[index], qFromBigEndian<float>(bytes));
     }
     return values;

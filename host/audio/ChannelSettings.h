@@ -2,7 +2,7 @@
 #pragma once
 
 #include "host/CommandLine.h"
-#include "host/engine/ChannelProcessor.h"
+#include "host/engine/ChannelValues.h"
 
 #include <QByteArray>
 #include <QString>
@@ -13,10 +13,7 @@
 /// loaded. The same files and settings give the same values as through an open editor.
 namespace ChannelSettings {
 
-using Values = ChannelProcessor::Values;
-
-/// Every parameter at its default.
-Values defaults();
+using Values = ChannelValues;
 
 /// The values that a checked state of 116 bytes restores (StateFile).
 Values ofState(const QByteArray& state);

@@ -35,7 +35,7 @@ QString readJob(const CommandLine& commandLine, AudioRenderer::Job* job)
     job->input = commandLine.render.input;
     job->output = commandLine.render.output;
     job->forceFloat = commandLine.render.forceFloat;
-    job->values = ChannelSettings::defaults();
+    job->values = defaultValues();
     const QString fault = commandLine.state.isEmpty()
                               ? QString()
                               : ChannelSettings::load(commandLine.state, &job->values);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "host/ChannelMeters.h"
+#include "host/engine/ChannelMeters.h"
 #include "host/engine/ChannelProcessor.h"
 #include "host/engine/LatestValue.h"
 

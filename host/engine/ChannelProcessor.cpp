@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/engine/ChannelProcessor.h"
 
-#include "graph/filters/BandDesign.h"
 #include "host/engine/BandChain.h"
 #include "host/engine/DenormalGuard.h"
 
@@ -11,31 +10,11 @@
 
 namespace {
 
-constexpr std::size_t parametersPerBand = 4;
-constexpr std::size_t inputLevel = 24;
-constexpr std::size_t outputLevel = 25;
-constexpr std::size_t drive = 26;
-
 // Far beyond what the bands can make of the loudest signal.
 constexpr double runaway = 1e30;
 
 // Fewer bands are faster one after the other.
 constexpr int fewestForChain = 3;
-
-// Where a band's four parameters stand after its first: the type or the quality.
-enum Field : std::size_t { TypeOrQuality, Frequency, Gain, OnOff };
-
-constexpr std::size_t indexOf(std::size_t band, Field field)
-{
-    return band * parametersPerBand + field;
-}
-
-bool differ(const ChannelProcessor::Values& a, const ChannelProcessor::Values& b, std::size_t band)
-{
-    const auto first = static_cast<std::ptrdiff_t>(indexOf(band, TypeOrQuality));
-    return !std::equal(a.begin() + first, a.begin() + first + std::ptrdiff_t{parametersPerBand},
-                       b.begin() + first);
-}
 
 double ratioOf(double decibels) { return std::pow(10.0, decibels / 20.0); }
 
@@ -45,9 +24,8 @@ bool isWithin(double sample, double limit) { return std::abs(sample) <= limit; }
 } // namespace
 
 ChannelProcessor::ChannelProcessor()
+    : m_values(defaultValues())
 {
-    std::transform(parameterTable.begin(), parameterTable.end(), m_values.begin(),
-                   [](const Parameter& p) { return p.defaultValue; });
     takeOver(true);
 }
 
@@ -65,14 +43,14 @@ void ChannelProcessor::setValues(const Values& values)
     const Values before = std::exchange(m_values, values);
     if (m_fresh && before != values)
         return takeOver(true);
-    for (std::size_t band = 0; band < bandCount; ++band) {
-        if (differ(values, before, band))
+    for (int band = 0; band < EqualizerBands::Count; ++band) {
+        if (!isSameBand(values, before, band))
             takeOverBand(band, false);
     }
     const std::int64_t samples = rampSamples(m_sampleRate);
-    m_input.moveTo(ratioOf(gainOf(inputLevel)), samples);
-    m_output.moveTo(ratioOf(gainOf(outputLevel)), samples);
-    m_drive.set(values[drive] != 0);
+    m_input.moveTo(ratioOf(inputLevelOf(m_values)), samples);
+    m_output.moveTo(ratioOf(outputLevelOf(m_values)), samples);
+    m_drive.set(isDriven(m_values));
 }
 
 void ChannelProcessor::process(std::span<double> block)
@@ -113,46 +91,24 @@ void ChannelProcessor::forget()
 
 void ChannelProcessor::takeOver(bool atOnce)
 {
-    for (std::size_t band = 0; band < bandCount; ++band)
+    for (int band = 0; band < EqualizerBands::Count; ++band)
         takeOverBand(band, atOnce);
-    m_input.jumpTo(ratioOf(gainOf(inputLevel)));
-    m_output.jumpTo(ratioOf(gainOf(outputLevel)));
+    m_input.jumpTo(ratioOf(inputLevelOf(m_values)));
+    m_output.jumpTo(ratioOf(outputLevelOf(m_values)));
     m_drive.setSampleRate(m_sampleRate);
-    m_drive.set(m_values[drive] != 0);
+    m_drive.set(isDriven(m_values));
     m_drive.forget();
 }
 
-void ChannelProcessor::takeOverBand(std::size_t band, bool atOnce)
+void ChannelProcessor::takeOverBand(int band, bool atOnce)
 {
+    const Band settings = bandOf(m_values, band);
     if (band == EqualizerBands::Low)
-        m_low.set(bandOf(band), m_sampleRate, atOnce);
+        m_low.set(settings, m_sampleRate, atOnce);
     else if (band == EqualizerBands::High)
-        m_high.set(bandOf(band), m_sampleRate, atOnce);
+        m_high.set(settings, m_sampleRate, atOnce);
     else
-        m_middle[band - 1].set(bandOf(band), m_sampleRate, atOnce);
-}
-
-Band ChannelProcessor::bandOf(std::size_t band) const
-{
-    const std::size_t first = indexOf(band, TypeOrQuality);
-    Band settings;
-    settings.on = m_values[indexOf(band, OnOff)] != 0;
-    settings.type = m_values[first];
-    settings.quality = BandDesign::quality(position(first));
-    settings.frequency = BandDesign::frequency(position(indexOf(band, Frequency)));
-    settings.gain = gainOf(indexOf(band, Gain));
-    return settings;
-}
-
-float ChannelProcessor::position(std::size_t parameter) const
-{
-    const Parameter& entry = parameterTable[parameter];
-    return BandDesign::position(m_values[parameter], entry.minimum, entry.maximum);
-}
-
-double ChannelProcessor::gainOf(std::size_t parameter) const
-{
-    return BandDesign::gain(position(parameter));
+        m_middle[static_cast<std::size_t>(band - 1)].set(settings, m_sampleRate, atOnce);
 }
 
 bool ChannelProcessor::isSettled() const

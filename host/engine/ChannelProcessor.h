@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "host/ParameterTable.h"
+#include "host/engine/ChannelValues.h"
 #include "host/engine/Drive.h"
 #include "host/engine/OuterBand.h"
 #include "host/engine/PeakingBand.h"
@@ -29,7 +29,7 @@
 class ChannelProcessor
 {
 public:
-    using Values = std::array<int, parameterCount>;
+    using Values = ChannelValues;
 
     /// The largest magnitude of a sample that is taken for signal.
     static constexpr double loudest = 1e15;
@@ -57,14 +57,10 @@ public:
     void forget();
 
 private:
-    static constexpr std::size_t bandCount = EqualizerBands::Count;
-    static constexpr std::size_t middleCount = bandCount - 2;
+    static constexpr std::size_t middleCount = EqualizerBands::Count - 2;
 
     void takeOver(bool atOnce);
-    void takeOverBand(std::size_t band, bool atOnce);
-    Band bandOf(std::size_t band) const;
-    float position(std::size_t parameter) const;
-    double gainOf(std::size_t parameter) const;
+    void takeOverBand(int band, bool atOnce);
 
     bool isSettled() const;
     int presentBands() const;
@@ -72,7 +68,7 @@ private:
     void runChain(std::span<double> block);
     void forgetBands();
 
-    Values m_values{};
+    Values m_values;
     double m_sampleRate = 48000.0;
     bool m_fresh = true; // nothing heard yet
     GainRamp m_input;

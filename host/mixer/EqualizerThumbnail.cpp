@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/mixer/EqualizerThumbnail.h"
 
-#include "graph/filters/BandDesign.h"
 #include "host/mixer/Desk.h"
 #include "host/mixer/MixerLook.h"
 
@@ -15,28 +14,6 @@ namespace {
 
 constexpr double sampleRate = 48000.0;
 constexpr double largestGain = 20.0;
-constexpr std::size_t parametersPerBand = 4;
-
-float position(const HostMemory::Values& values, std::size_t index)
-{
-    const Parameter& parameter = parameterTable[index];
-    return static_cast<float>(values[index] - parameter.minimum) /
-           static_cast<float>(parameter.maximum - parameter.minimum);
-}
-
-Band bandOf(const HostMemory::Values& values, int number)
-{
-    const std::size_t first = static_cast<std::size_t>(number) * parametersPerBand;
-    Band band;
-    if (EqualizerBands::isMiddle(number))
-        band.quality = BandDesign::quality(position(values, first));
-    else
-        band.type = values[first];
-    band.frequency = BandDesign::frequency(position(values, first + 1));
-    band.gain = BandDesign::gain(position(values, first + 2));
-    band.on = values[first + 3] != 0;
-    return band;
-}
 
 // 0 dB, and the decades.
 void drawGrid(QPainter& painter, const QRectF& plot)

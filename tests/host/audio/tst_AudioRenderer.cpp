@@ -53,7 +53,7 @@ QString tst_AudioRenderer::render(const QString& input, const QString& output,
                                   const std::vector<std::pair<std::size_t, int>>& settings,
                                   bool forceFloat)
 {
-    AudioRenderer::Job job{input, output, ChannelSettings::defaults(), forceFloat};
+    AudioRenderer::Job job{input, output, defaultValues(), forceFloat};
     for (const auto& [number, value] : settings)
         job.values[number - 1] = value;
     m_renderer = std::make_unique<AudioRenderer>(job);
@@ -70,7 +70,7 @@ void tst_AudioRenderer::everyChannelSoundsAsOneStrip()
     QCOMPARE(result.frames(), 30000U);
     for (int channel = 0; channel < 3; ++channel) {
         ChannelProcessor strip;
-        ChannelProcessor::Values values = ChannelSettings::defaults();
+        ChannelProcessor::Values values = defaultValues();
         values[2] = 60;
         values[6] = -45;
         values[24] = -60;
@@ -231,7 +231,7 @@ void tst_AudioRenderer::tellsProgress()
     SoundFiles::write(path("in.wav"),
                       Sound{SF_FORMAT_WAV | SF_FORMAT_PCM_16, 48000, 2, SoundFiles::noise(100000)});
     std::vector<double> told;
-    AudioRenderer renderer({path("in.wav"), path("out.wav"), ChannelSettings::defaults(), false});
+    AudioRenderer renderer({path("in.wav"), path("out.wav"), defaultValues(), false});
     QCOMPARE(renderer.run([&told](double done) {
         told.push_back(done);
         return true;
@@ -248,8 +248,7 @@ void tst_AudioRenderer::endsOnRequest()
     SoundFiles::write(path("in.wav"),
                       Sound{SF_FORMAT_WAV | SF_FORMAT_PCM_16, 48000, 2, SoundFiles::noise(100000)});
     {
-        AudioRenderer renderer(
-            {path("in.wav"), path("out.wav"), ChannelSettings::defaults(), false});
+        AudioRenderer renderer({path("in.wav"), path("out.wav"), defaultValues(), false});
         QCOMPARE(renderer.run([](double done) { return done < 0.5; }), QString());
         QVERIFY(renderer.wasEnded());
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/ChannelMeters.h"
+#include "host/engine/ChannelMeters.h"
 #include "tests/support/TestObject.h"
 
 #include <cmath>
