@@ -6,37 +6,20 @@
 
 #include <algorithm>
 
-namespace {
-
-constexpr int lookInterval = 10; // ms
-
-// The settings that let every sample through as it is.
-AudioEngine::Values past(AudioEngine::Values values)
-{
-    constexpr std::size_t firstSwitch = 3;
-    constexpr std::size_t parametersPerBand = 4;
-    constexpr std::size_t inputLevel = 24;
-    for (std::size_t i = firstSwitch; i < inputLevel; i += parametersPerBand)
-        values[i] = 0;
-    std::fill(values.begin() + inputLevel, values.end(), 0);
-    return values;
-}
-
-} // namespace
-
 LiveMixer::LiveMixer()
 {
-    m_timer.setInterval(lookInterval);
-    m_timer.setTimerType(Qt::PreciseTimer);
-    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { look(); });
+    m_published.fill(defaultValues());
+    m_delay.setSingleShot(true);
+    m_delay.callOnTimeout(&m_delay, [this] { look(); });
 }
 
-void LiveMixer::follow(const Desk& desk)
+void LiveMixer::follow(Desk& desk)
 {
+    QObject::disconnect(m_writes);
     m_desk = &desk;
-    for (int channel = 0; channel < channelCount; ++channel)
-        publishValues(channel);
-    m_timer.start();
+    m_writes = QObject::connect(&desk.history(), &EditHistory::changed, &m_delay,
+                                [this] { m_delay.start(0); });
+    look();
 }
 
 void LiveMixer::look()
@@ -56,7 +39,7 @@ void LiveMixer::publishValues(int channel)
     const int leader = m_desk->leaderOf(channel);
     AudioEngine::Values values = m_desk->memory().values(leader);
     if (m_desk->memory().strip(leader, StripParameter::EqualizerOn) == 0)
-        values = past(values);
+        values = bypassed(values);
     AudioEngine::Values& published = m_published[static_cast<std::size_t>(channel)];
     if (values == published)
         return;

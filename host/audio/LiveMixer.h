@@ -19,15 +19,15 @@ class Desk;
 /// belongs to the left is heard. A strip whose equalizer is off lets the sound past as it is.
 /// Faders, mutes and sources act without clicks; a new source is faded in once the old one is out.
 ///
-/// The GUI thread looks at the desk a hundred times a second and publishes what has changed; the
-/// audio thread takes it with its next block.
+/// After writes to the desk's memory the GUI thread publishes what has changed, once for all writes
+/// that come together; the audio thread takes it with its next block.
 class LiveMixer : public AudioCallback
 {
 public:
     LiveMixer();
 
     /// Follows \a desk, which must outlive this; while nothing is played.
-    void follow(const Desk& desk);
+    void follow(Desk& desk);
     const AudioEngine& engine() const { return m_engine; }
 
     void prepare(double hertz, bool live) override;
@@ -59,10 +59,11 @@ private:
     void add(std::size_t channel, std::size_t frames, bool both);
 
     const Desk* m_desk = nullptr;
+    QMetaObject::Connection m_writes;
+    QTimer m_delay;
     bool m_live = false;
     std::array<AudioEngine::Values, channelCount> m_published{};
     Mix m_publishedMix;
-    QTimer m_timer;
 
     AudioEngine m_engine;
     LatestValue<Mix> m_mix;

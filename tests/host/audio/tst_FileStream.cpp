@@ -175,7 +175,7 @@ void tst_FileStream::audioThreadAllocatesNothing()
     QCOMPARE(stream.open(SoundFiles::write(path("in.wav"), sound)), QString());
     HostMemory memory;
     memory.setStrip(0, StripParameter::Source, SourceFile);
-    const Desk desk(memory);
+    Desk desk(memory);
     LiveMixer mixer;
     stream.start(0, 48000, true);
     std::vector<float> left(4096);
