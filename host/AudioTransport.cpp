@@ -21,12 +21,14 @@ Transport::State AudioTransport::state() const
 {
     if (m_session.state() == AudioSession::State::Playing)
         return State::Playing;
+    if (m_session.state() == AudioSession::State::Stalled)
+        return State::Stalled;
     return m_session.faultText().isEmpty() ? State::Stopped : State::Fault;
 }
 
 QString AudioTransport::fault() const
 {
-    return state() == State::Fault ? m_session.faultText() : QString();
+    return state() == State::Playing ? QString() : m_session.faultText();
 }
 
 QString AudioTransport::file() const { return m_session.file(); }
@@ -72,7 +74,7 @@ void AudioTransport::chooseDevice(int index)
 {
     if (index < 0 || index >= static_cast<int>(outputs().size()))
         return;
-    const bool playing = state() == State::Playing;
+    const bool playing = m_session.state() != AudioSession::State::Stopped;
     m_session.stop();
     AudioDevice::Settings settings = m_session.device();
     settings.device = outputs()[static_cast<std::size_t>(index)].name;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-/// What works on sound while it is played.
+/// What makes sound out of sound while it is played.
 class AudioCallback
 {
 public:
@@ -11,7 +11,9 @@ public:
     /// what comes in instead of a file.
     virtual void prepare(double hertz, bool live) = 0;
 
-    /// Processes \a frames samples of each of \a channelCount channels in place, full scale 1. On
-    /// the audio thread: must neither lock, allocate nor throw.
-    virtual void process(float* const* channels, int channelCount, int frames) = 0;
+    /// Fills \a frames samples of each of \a outputCount outputs from what each of \a inputCount
+    /// inputs holds, full scale 1. A buffer may be an input and an output. On the audio thread:
+    /// must neither lock, allocate nor throw.
+    virtual void process(const float* const* inputs, int inputCount, float* const* outputs,
+                         int outputCount, int frames) = 0;
 };

@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr int mostChannels = 2;
-
 // The library tells errors without saying whose they are, on whatever thread they happen; the first
 // one of the device that is open stays.
 enum class FaultState { None, BeingWritten, There };
@@ -100,8 +98,8 @@ QString AudioDevice::open(const Settings& settings, int soundRate)
 
 QString AudioDevice::openStream(const AudioDeviceInfo& output, const AudioDeviceInfo* input)
 {
-    m_outputs.assign(static_cast<std::size_t>(std::min(output.outputs, mostChannels)), nullptr);
-    m_inputs.assign(static_cast<std::size_t>(input ? std::min(input->inputs, mostChannels) : 0),
+    m_outputs.assign(static_cast<std::size_t>(std::min(output.outputs, mostOutputs)), nullptr);
+    m_inputs.assign(static_cast<std::size_t>(input ? std::min(input->inputs, mostInputs) : 0),
                     nullptr);
     RtAudio::StreamParameters out = parametersOf(output, m_outputs.size());
     RtAudio::StreamParameters in = input ? parametersOf(*input, m_inputs.size()) : out;
@@ -110,6 +108,7 @@ QString AudioDevice::openStream(const AudioDeviceInfo& output, const AudioDevice
     options.priority = 70;
     options.streamName = "zolta-host";
     faultState = FaultState::None;
+    m_calls = 0;
     m_underruns = 0;
     try {
         m_system = std::make_unique<RtAudio>(output.api);
@@ -169,6 +168,7 @@ int AudioDevice::called(void* output, void* input, unsigned int frames, double,
                         RtAudioStreamStatus status, void* user)
 {
     auto* device = static_cast<AudioDevice*>(user);
+    device->m_calls.fetch_add(1, std::memory_order_relaxed);
     if (status != 0)
         device->m_underruns.fetch_add(1, std::memory_order_relaxed);
     device->fill(static_cast<float*>(output), static_cast<const float*>(input), frames);

@@ -34,6 +34,10 @@ public:
 
     using Settings = AudioDeviceSettings;
 
+    /// How many of a device's channels are used; there are no more strips to play the inputs.
+    static constexpr int mostInputs = 8;
+    static constexpr int mostOutputs = 2;
+
     /// The rate that open() chooses for a sound of \a soundRate; 0 where it would fail for want of
     /// the device.
     static int rateFor(const Settings& settings, int soundRate);
@@ -60,6 +64,8 @@ public:
 
     /// Why a device that was started plays no more; nothing while it does.
     QString fault() const;
+    /// How often the device has called for samples since it was opened.
+    std::int64_t calls() const { return m_calls.load(std::memory_order_relaxed); }
     /// How often the device did not get its samples in time.
     std::int64_t underruns() const { return m_underruns.load(std::memory_order_relaxed); }
 
@@ -79,5 +85,6 @@ private:
     unsigned int m_block = 0;
     std::vector<const float*> m_inputs;
     std::vector<float*> m_outputs;
+    std::atomic<std::int64_t> m_calls = 0;
     std::atomic<std::int64_t> m_underruns = 0;
 };

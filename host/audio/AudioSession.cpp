@@ -31,45 +31,34 @@ public:
     void render(const float* const* inputs, int inputCount, float* const* outputs, int outputCount,
                 int frames) override
     {
-        const int sources = m_live ? inputCount : m_stream.channels();
-        const int heard = std::min(sources, outputCount);
         if (m_live)
-            copy(inputs, heard, outputs, frames);
+            m_equalizer.process(inputs, inputCount, outputs, outputCount, frames);
         else
-            readFile(outputs, outputCount, frames);
-        m_equalizer.process(outputs, heard, frames);
-        for (int c = std::max(heard, 1); c < outputCount; ++c)
-            std::copy_n(outputs[0], frames, outputs[c]);
+            playFile(outputs, outputCount, frames);
     }
 
 private:
-    static void copy(const float* const* inputs, int count, float* const* outputs, int frames)
-    {
-        for (int c = 0; c < count; ++c)
-            std::copy_n(inputs[c], frames, outputs[c]);
-    }
+    static constexpr int partFrames = 256;
 
-    // A device of one channel hears the first one of a stereo file.
-    void readFile(float* const* outputs, int outputCount, int frames)
+    void playFile(float* const* outputs, int outputCount, int frames)
     {
-        std::array<float*, FileStream::mostChannels> channels{};
-        for (int c = 0; c < FileStream::mostChannels; ++c)
-            channels[static_cast<std::size_t>(c)] = c < outputCount ? outputs[c] : m_unheard.data();
-        const int step = outputCount < FileStream::mostChannels ? int{unheardFrames} : frames;
-        for (int done = 0; done < frames; done += step) {
-            const int count = std::min(step, frames - done);
-            m_stream.read(channels.data(), count);
+        std::array<float*, FileStream::mostChannels> file{};
+        for (std::size_t c = 0; c < file.size(); ++c)
+            file[c] = m_file[c].data();
+        std::array<float*, AudioDevice::mostOutputs> parts{};
+        for (int done = 0; done < frames; done += partFrames) {
+            const int count = std::min(partFrames, frames - done);
             for (int c = 0; c < outputCount; ++c)
-                channels[static_cast<std::size_t>(c)] += count;
+                parts[static_cast<std::size_t>(c)] = outputs[c] + done;
+            m_stream.read(file.data(), count);
+            m_equalizer.process(file.data(), m_stream.channels(), parts.data(), outputCount, count);
         }
     }
-
-    static constexpr int unheardFrames = 256;
 
     AudioCallback& m_equalizer;
     FileStream& m_stream;
     bool m_live = false;
-    std::array<float, unheardFrames> m_unheard{};
+    std::array<std::array<float, partFrames>, FileStream::mostChannels> m_file{};
 };
 
 AudioSession::AudioSession(AudioCallback& equalizer, QObject* parent)
@@ -107,19 +96,18 @@ void AudioSession::setLooping(bool looping)
     if (m_looping == looping)
         return;
     m_looping = looping;
-    if (m_state == State::Playing && !m_settings.live)
+    if (!isStopped() && !m_settings.live)
         setPosition(position());
 }
 
 bool AudioSession::play()
 {
-    if (m_state == State::Playing)
+    if (!isStopped())
         return true;
     const QString fault = start();
     if (!fault.isEmpty())
         return fail(fault);
     m_fault.clear();
-    m_watch.start();
     setState(State::Playing);
     return true;
 }
@@ -134,12 +122,18 @@ QString AudioSession::start()
     m_player->prepare(m_device.rate(), m_settings.live);
     if (!m_settings.live)
         m_stream.start(m_frame == m_stream.length() ? 0 : m_frame, m_device.rate(), m_looping);
-    return m_device.start(m_player.get());
+    const QString refusal = m_device.start(m_player.get());
+    if (!refusal.isEmpty())
+        return refusal;
+    m_calls = 0;
+    m_sinceCall.start();
+    m_watch.start();
+    return QString();
 }
 
 void AudioSession::stop()
 {
-    if (m_state == State::Stopped)
+    if (isStopped())
         return;
     halt();
     m_frame = m_settings.live ? 0 : m_stream.position();
@@ -157,7 +151,7 @@ double AudioSession::position() const
 {
     if (m_settings.live || !m_stream.isOpen())
         return 0.0;
-    const std::int64_t frame = m_state == State::Playing ? m_stream.position() : m_frame;
+    const std::int64_t frame = isStopped() ? m_frame : m_stream.position();
     return double(frame) / m_stream.rate();
 }
 
@@ -165,15 +159,13 @@ void AudioSession::setPosition(double seconds)
 {
     if (!m_stream.isOpen() || m_settings.live)
         return;
-    const bool playing = m_state == State::Playing;
+    const bool playing = !isStopped();
     if (playing)
         halt();
     const std::int64_t last = m_stream.length() >= 0 ? m_stream.length() : SF_COUNT_MAX;
     const double frame = std::max(std::round(seconds * m_stream.rate()), 0.0);
     m_frame = frame < double(last) ? static_cast<std::int64_t>(frame) : last;
     const QString fault = playing ? start() : QString();
-    if (playing && fault.isEmpty())
-        m_watch.start();
     Q_EMIT positionChanged(position());
     if (!fault.isEmpty()) {
         setState(State::Stopped);
@@ -198,6 +190,7 @@ void AudioSession::watch()
     if (fault.isEmpty() && ended)
         fault = m_stream.fault();
     if (fault.isEmpty() && !ended) {
+        watchCalls();
         Q_EMIT positionChanged(position());
         return;
     }
@@ -211,12 +204,35 @@ void AudioSession::watch()
     Q_EMIT finished();
 }
 
+// A sound server can hang without a word. The device stays open: to close it would hang as well.
+void AudioSession::watchCalls()
+{
+    const std::int64_t calls = m_device.calls();
+    if (calls != m_calls) {
+        m_calls = calls;
+        m_sinceCall.start();
+        if (m_state == State::Stalled) {
+            m_fault.clear();
+            setState(State::Playing);
+        }
+    } else if (m_state == State::Playing && m_sinceCall.hasExpired(m_patience)) {
+        setState(State::Stalled);
+        tell(QStringLiteral("The sound device %1 takes no sound at the moment.")
+                 .arg(m_device.name()));
+    }
+}
+
 bool AudioSession::fail(const QString& fault)
 {
     halt();
+    tell(fault);
+    return false;
+}
+
+void AudioSession::tell(const QString& fault)
+{
     m_fault = fault;
     Q_EMIT faulted(fault);
-    return false;
 }
 
 void AudioSession::setState(State state)

@@ -4,6 +4,7 @@
 #include "host/audio/AudioDevice.h"
 #include "host/audio/FileStream.h"
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
 
@@ -22,7 +23,11 @@ class AudioSession : public QObject
     Q_OBJECT
 
 public:
-    enum class State { Stopped, Playing };
+    enum class State {
+        Stopped,
+        Playing,
+        Stalled ///< the device has asked for no samples for a while; it may go on, or be stopped
+    };
     Q_ENUM(State)
 
     /// \a equalizer works on what is played and must outlive the session.
@@ -40,6 +45,8 @@ public:
     void setDevice(const AudioDevice::Settings& settings);
     const AudioDevice::Settings& device() const { return m_settings; }
     void setLooping(bool looping);
+    /// How long a device may ask for nothing before that is a fault; 3000 ms unless set.
+    void setPatience(int milliseconds) { m_patience = milliseconds; }
     bool isLooping() const { return m_looping; }
 
     /// Plays the file on from position(), or from the beginning where that is the end; with a live
@@ -49,7 +56,8 @@ public:
     void stop();
 
     State state() const { return m_state; }
-    /// What went wrong last; empty from the next openFile() or play() that works.
+    /// What went wrong last; empty from the next openFile() or play() that works, or once a device
+    /// that had stalled goes on.
     const QString& faultText() const { return m_fault; }
 
     /// Seconds from the beginning of the file; of what comes in always 0.
@@ -57,7 +65,7 @@ public:
     void setPosition(double seconds);
 
     /// The rate of the device that plays, in Hz; 0 while stopped.
-    int deviceRate() const { return m_state == State::Playing ? m_device.rate() : 0; }
+    int deviceRate() const { return isStopped() ? 0 : m_device.rate(); }
     /// The rate that play() will use, as far as that can be said before; 0 without a device.
     int expectedRate() const;
     QString deviceName() const { return m_device.name(); }
@@ -76,11 +84,14 @@ Q_SIGNALS:
 private:
     class Player;
 
+    bool isStopped() const { return m_state == State::Stopped; }
     bool fail(const QString& fault);
+    void tell(const QString& fault);
     void setState(State state);
     QString start();
     void halt();
     void watch();
+    void watchCalls();
 
     std::unique_ptr<Player> m_player;
     FileStream m_stream;
@@ -92,4 +103,7 @@ private:
     bool m_looping = false;
     std::int64_t m_frame = 0; // of the file, while stopped
     QTimer m_watch;
+    int m_patience = 3000;
+    std::int64_t m_calls = 0; // of the device, when it was looked at last
+    QElapsedTimer m_sinceCall;
 };

@@ -91,51 +91,64 @@ void LiveMixer::prepare(double hertz, bool live)
     m_current = m_target;
 }
 
-void LiveMixer::process(float* const* channels, int count, int frames)
+void LiveMixer::process(const float* const* inputs, int inputCount, float* const* outputs,
+                        int outputCount, int frames)
 {
-    if (count <= 0)
-        return;
+    const Inputs in(inputs, static_cast<std::size_t>(inputCount));
+    const Outputs out(outputs, static_cast<std::size_t>(outputCount));
     const auto all = static_cast<std::size_t>(frames);
-    for (std::size_t done = 0; done < all; done += longestPart)
-        processPart(channels, static_cast<std::size_t>(count), done,
-                    std::min(longestPart, all - done));
+    for (std::size_t done = 0; done < all; done += longestPart) {
+        const std::size_t count = std::min(longestPart, all - done);
+        playStrips(in, done, count);
+        mixDown(out, done, count);
+    }
 }
 
-void LiveMixer::processPart(float* const* channels, std::size_t count, std::size_t first,
-                            std::size_t frames)
+// Null where the strip has nothing to play. A file of one channel has but one side.
+const float* LiveMixer::inputOf(std::size_t channel, Inputs inputs) const
+{
+    const int source = m_current[channel].source;
+    if (source == noSource || inputs.empty())
+        return nullptr;
+    auto index = static_cast<std::size_t>(source);
+    if (!m_live)
+        index = std::min(index, inputs.size() - 1);
+    return index < inputs.size() ? inputs[index] : nullptr;
+}
+
+void LiveMixer::playStrips(Inputs inputs, std::size_t first, std::size_t frames)
 {
     if (const Mix* mix = m_mix.take())
         m_target = *mix;
     std::array<float*, channelCount> blocks{};
-    for (std::size_t i = 0; i < m_current.size(); ++i) {
-        const Strip& strip = m_current[i];
-        const bool heard = count > 1 || strip.left;
-        // A file of one channel has but one side.
-        const auto source = static_cast<std::size_t>(
-            m_live || count > 1 ? strip.source : std::min(strip.source, 0));
-        if (strip.source == noSource || source >= count || !heard)
+    for (std::size_t i = 0; i < blocks.size(); ++i) {
+        const float* input = inputOf(i, inputs);
+        if (!input) {
+            std::fill_n(m_parts[i].begin(), frames, 0.0F);
             continue;
-        std::copy_n(channels[source] + first, frames, m_parts[i].data());
+        }
+        std::copy_n(input + first, frames, m_parts[i].begin());
         blocks[i] = m_parts[i].data();
     }
     m_engine.process(std::span<float* const>(blocks), frames);
+}
 
+void LiveMixer::mixDown(Outputs outputs, std::size_t first, std::size_t frames)
+{
     std::fill_n(m_left.begin(), frames, 0.0F);
     std::fill_n(m_right.begin(), frames, 0.0F);
-    for (std::size_t i = 0; i < blocks.size(); ++i) {
-        if (!blocks[i])
-            std::fill_n(m_parts[i].begin(), frames, 0.0F);
-        add(i, frames, count > 1);
+    for (std::size_t i = 0; i < m_parts.size(); ++i)
+        add(i, frames);
+    for (std::size_t c = 0; c < outputs.size(); ++c) {
+        if (c < 2)
+            std::copy_n((c == 0 ? m_left : m_right).begin(), frames, outputs[c] + first);
+        else
+            std::fill_n(outputs[c] + first, frames, 0.0F);
     }
-    std::copy_n(m_left.begin(), frames, channels[0] + first);
-    if (count > 1)
-        std::copy_n(m_right.begin(), frames, channels[1] + first);
-    for (std::size_t c = 2; c < count; ++c)
-        std::fill_n(channels[c] + first, frames, 0.0F);
 }
 
 // Adds a strip to the sides, while its gain moves to where it is wanted.
-void LiveMixer::add(std::size_t channel, std::size_t frames, bool both)
+void LiveMixer::add(std::size_t channel, std::size_t frames)
 {
     Strip& current = m_current[channel];
     const Strip& target = m_target[channel];
@@ -150,7 +163,7 @@ void LiveMixer::add(std::size_t channel, std::size_t frames, bool both)
         const float sample = part[i] * gain;
         if (current.left)
             m_left[i] += sample;
-        if (both && current.right)
+        if (current.right)
             m_right[i] += sample;
     }
     current.gain = goal;

@@ -7,6 +7,7 @@
 #include <QTimer>
 
 #include <array>
+#include <span>
 
 class Desk;
 
@@ -15,8 +16,9 @@ class Desk;
 ///
 /// A file's left side goes to the even channels, its right side to the odd ones; what comes in goes
 /// by its number. Of a pair the even channel is heard on the left, the odd one on the right; a mono
-/// strip is heard on both sides, at full level on each. Where only one channel is played, only what
-/// belongs to the left is heard. A strip whose equalizer is off lets the sound past as it is.
+/// strip is heard on both sides, at full level on each. The one channel of a mono file goes to both
+/// sides; of a device with one output only the left is heard. A strip whose equalizer is off lets
+/// the sound past as it is.
 /// Faders, mutes and sources act without clicks; a new source is faded in once the old one is out.
 ///
 /// After writes to the desk's memory the GUI thread publishes what has changed, once for all writes
@@ -31,7 +33,8 @@ public:
     const AudioEngine& engine() const { return m_engine; }
 
     void prepare(double hertz, bool live) override;
-    void process(float* const* channels, int count, int frames) override;
+    void process(const float* const* inputs, int inputCount, float* const* outputs, int outputCount,
+                 int frames) override;
 
 private:
     static constexpr std::size_t longestPart = 256;
@@ -39,7 +42,7 @@ private:
 
     struct Strip
     {
-        int source = noSource; // which of the channels that are played
+        int source = noSource; // which of the inputs
         bool left = true;
         bool right = true;
         float gain = 0.0F;
@@ -48,15 +51,18 @@ private:
     };
     using Mix = std::array<Strip, channelCount>;
     using Part = std::array<float, longestPart>;
+    using Inputs = std::span<const float* const>;
+    using Outputs = std::span<float* const>;
 
     void look();
     void publishValues(int channel);
     Mix wanted() const;
     Strip wantedStrip(int channel) const;
     int sourceOf(int channel, int source) const;
-    void processPart(float* const* channels, std::size_t count, std::size_t first,
-                     std::size_t frames);
-    void add(std::size_t channel, std::size_t frames, bool both);
+    const float* inputOf(std::size_t channel, Inputs inputs) const;
+    void playStrips(Inputs inputs, std::size_t first, std::size_t frames);
+    void mixDown(Outputs outputs, std::size_t first, std::size_t frames);
+    void add(std::size_t channel, std::size_t frames);
 
     const Desk* m_desk = nullptr;
     QMetaObject::Connection m_writes;

@@ -12,10 +12,15 @@ class Transport : public QObject
     Q_OBJECT
 
 public:
-    enum class State { Stopped, Playing, Fault };
+    enum class State {
+        Stopped,
+        Playing,
+        Stalled, ///< plays, but the device takes no sound at the moment
+        Fault    ///< stopped by a fault
+    };
 
     virtual State state() const = 0;
-    /// Why no sound comes, as a sentence; empty unless the state is Fault.
+    /// Why no sound comes, as a sentence; empty unless the state is Stalled or Fault.
     virtual QString fault() const = 0;
 
     /// The file that is open; empty for none.

@@ -123,11 +123,12 @@ void TransportBar::listen()
 void TransportBar::show(const Transport* transport)
 {
     const bool playing = transport && transport->state() == Transport::State::Playing;
-    const bool fault = transport && transport->state() == Transport::State::Fault;
+    const bool stalled = transport && transport->state() == Transport::State::Stalled;
+    const bool fault = stalled || (transport && transport->state() == Transport::State::Fault);
     const bool loaded = transport && !transport->file().isEmpty();
     m_open->setEnabled(transport);
-    m_play->setEnabled(loaded && !playing);
-    m_stop->setEnabled(playing);
+    m_play->setEnabled(loaded && !playing && !stalled);
+    m_stop->setEnabled(playing || stalled);
     m_position->setEnabled(loaded);
     m_file->setText(loaded ? QFileInfo(transport->file()).fileName() : tr("No file"));
     m_file->setToolTip(loaded ? transport->file() : QString());
@@ -186,6 +187,7 @@ QString TransportBar::statusText(const Transport* transport) const
     switch (transport->state()) {
     case Transport::State::Playing:
         return tr("Playing");
+    case Transport::State::Stalled:
     case Transport::State::Fault:
         return tr("Audio fault");
     default:

@@ -150,7 +150,7 @@ void tst_AudioTransport::metersShowWhatTheSourceIs()
     std::vector<float> left(4800, 0.1F);
     std::vector<float> right(4800, 0.01F);
     float* const channels[] = {left.data(), right.data()};
-    f.mixer.process(channels, 2, 4800);
+    f.mixer.process(channels, 2, channels, 2, 4800);
     QCOMPARE(meters.read(2, f.memory.values(2), 48000, 0.03).send, -200);
     QCOMPARE(meters.read(3, f.memory.values(3), 48000, 0.03).send, -400);
 }

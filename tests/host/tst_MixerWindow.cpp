@@ -616,8 +616,14 @@ void tst_MixerWindow::transportStates()
     transport.become(Transport::State::Playing);
     QVERIFY(says(m_window.get(), "Playing"));
     QVERIFY(!says(editor, "No audio"));
+    const auto* bar = m_window->findChild<TransportBar*>();
+    transport.become(Transport::State::Stalled);
+    QVERIFY(says(m_window.get(), "Audio fault"));
+    QVERIFY(!named<QAbstractButton>(bar, QStringLiteral("Play"))->isEnabled());
+    QVERIFY(named<QAbstractButton>(bar, QStringLiteral("Stop"))->isEnabled());
     transport.become(Transport::State::Fault);
     QVERIFY(says(m_window.get(), "Audio fault"));
+    QVERIFY(named<QAbstractButton>(bar, QStringLiteral("Play"))->isEnabled());
     QVERIFY(says(editor, "No audio"));
 }
 

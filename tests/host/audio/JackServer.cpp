@@ -8,6 +8,7 @@
 #include <QThread>
 
 #include <algorithm>
+#include <csignal>
 
 namespace {
 
@@ -74,6 +75,10 @@ void JackServer::kill()
     m_process.waitForFinished(patience);
 }
 
+void JackServer::freeze() { ::kill(static_cast<pid_t>(m_process.processId()), SIGSTOP); }
+
+void JackServer::thaw() { ::kill(static_cast<pid_t>(m_process.processId()), SIGCONT); }
+
 JackDevice::JackDevice(const char* name)
     : m_client(openClient(name))
     , m_samples(2, std::vector<float>(mostFrames))
@@ -83,7 +88,7 @@ JackDevice::JackDevice(const char* name)
     for (const char* port : {"in_1", "in_2"})
         m_ins.push_back(
             jack_port_register(m_client, port, JACK_DEFAULT_AUDIO_TYPE, JackPortIsInput, 0));
-    for (const char* port : {"out_1", "out_2"})
+    for (const char* port : {"out_1", "out_2", "out_3", "out_4"})
         m_outs.push_back(
             jack_port_register(m_client, port, JACK_DEFAULT_AUDIO_TYPE, JackPortIsOutput, 0));
     jack_set_process_callback(m_client, &JackDevice::process, this);
@@ -117,13 +122,16 @@ void JackDevice::clear()
 int JackDevice::process(jack_nframes_t frames, void* user)
 {
     auto* device = static_cast<JackDevice*>(user);
+    float part = 0.0F;
     for (jack_port_t* port : device->m_outs) {
+        ++part;
         auto* buffer = static_cast<float*>(jack_port_get_buffer(port, frames));
         for (jack_nframes_t i = 0; i < frames; ++i)
             buffer[i] =
                 device->m_given.empty()
                     ? 0.0F
-                    : device->m_given[(device->m_givenPosition + i) % device->m_given.size()];
+                    : device->m_given[(device->m_givenPosition + i) % device->m_given.size()] /
+                          part;
     }
     device->m_givenPosition += frames;
     if (device->m_listening)

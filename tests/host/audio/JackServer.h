@@ -28,13 +28,16 @@ public:
     QString faultText() const;
     /// Ends it at once, as a crash would.
     void kill();
+    /// Keeps it from doing anything until thaw().
+    void freeze();
+    void thaw();
 
 private:
     QProcess m_process;
 };
 
-/// A sound device on that server, with two channels in and out: it keeps what is played on it, and
-/// gives out what play() was told.
+/// A sound device on that server, with two channels that it hears and four that it gives out: it
+/// keeps what is played on it, and gives out what play() was told.
 class JackDevice
 {
 public:
@@ -45,7 +48,8 @@ public:
 
     bool isOpen() const { return m_client != nullptr; }
 
-    /// Before anything is connected: what it gives out over and over, the same on both channels.
+    /// Before anything is connected: what it gives out over and over, on channel n (from 1 on) an
+    /// n-th of it.
     void play(std::vector<float> samples) { m_given = std::move(samples); }
 
     /// Frames heard so far since the first one that was not silent.

@@ -191,7 +191,7 @@ void tst_FileStream::audioThreadAllocatesNothing()
         const std::size_t before = allocations;
         for (const int frames : {16, 256, 1000, 4096}) {
             stream.read(channels, frames);
-            mixer.process(channels, 2, frames);
+            mixer.process(channels, 2, channels, 2, frames);
         }
         QCOMPARE(allocations, before);
     }

@@ -28,7 +28,9 @@ private Q_SLOTS:
     void muteAndSoloSilence();
     void strippedPairsAreHeardOnBothSides();
     void stripsAddUp();
-    void oneChannelIsHeardOnce();
+    void monoFileIsHeardOnBothSides();
+    void oneOutputHearsTheLeft();
+    void furtherOutputsAreSilent();
     void inputsGoByNumber();
     void inputsAreSilentWhileAFilePlays();
     void blocksMakeNoDifference();
@@ -42,7 +44,8 @@ private:
     {
         m_memory->setStrip(channel, parameter, value);
     }
-    std::vector<Block> play(std::vector<Block> block, bool live = false, int part = 0);
+    std::vector<Block> play(const std::vector<Block>& given, bool live = false, int part = 0,
+                            std::size_t outputs = 2);
     static Block noise(std::size_t frames);
 
     std::unique_ptr<HostMemory> m_memory;
@@ -62,20 +65,25 @@ void tst_LiveMixer::init()
 }
 
 // Begins anew with the settings of the moment; in parts of so many frames, or in one.
-std::vector<tst_LiveMixer::Block> tst_LiveMixer::play(std::vector<Block> block, bool live, int part)
+std::vector<tst_LiveMixer::Block> tst_LiveMixer::play(const std::vector<Block>& given, bool live,
+                                                      int part, std::size_t outputs)
 {
     m_mixer->follow(*m_desk);
     m_mixer->prepare(48000, live);
-    const int frames = static_cast<int>(block[0].size());
+    const int frames = static_cast<int>(given[0].size());
+    part = part > 0 ? part : frames;
+    std::vector<Block> heard(outputs, Block(given[0].size(), 99.0F));
     for (int done = 0; done < frames; done += part) {
-        part = part > 0 ? part : frames;
-        std::vector<float*> pointers;
-        for (Block& each : block)
-            pointers.push_back(each.data() + done);
-        m_mixer->process(pointers.data(), static_cast<int>(pointers.size()),
-                         std::min(part, frames - done));
+        std::vector<const float*> in;
+        std::vector<float*> out;
+        for (const Block& each : given)
+            in.push_back(each.data() + done);
+        for (Block& each : heard)
+            out.push_back(each.data() + done);
+        m_mixer->process(in.data(), static_cast<int>(in.size()), out.data(),
+                         static_cast<int>(out.size()), std::min(part, frames - done));
     }
-    return block;
+    return heard;
 }
 
 tst_LiveMixer::Block tst_LiveMixer::noise(std::size_t frames)
@@ -169,10 +177,22 @@ void tst_LiveMixer::stripsAddUp()
     QCOMPARE(heard[1], Block(100, -0.25F));
 }
 
-void tst_LiveMixer::oneChannelIsHeardOnce()
+void tst_LiveMixer::monoFileIsHeardOnBothSides()
 {
     const Block given = noise(500);
-    QCOMPARE(play({given})[0], given);
+    QCOMPARE(play({given}), std::vector<Block>({given, given}));
+}
+
+void tst_LiveMixer::oneOutputHearsTheLeft()
+{
+    const Block left = noise(500);
+    QCOMPARE(play({left, Block(500, 0.5F)}, false, 0, 1), std::vector<Block>({left}));
+}
+
+void tst_LiveMixer::furtherOutputsAreSilent()
+{
+    const Block given = noise(500);
+    QCOMPARE(play({given, given}, false, 0, 3)[2], Block(500, 0.0F));
 }
 
 void tst_LiveMixer::inputsGoByNumber()
@@ -182,7 +202,11 @@ void tst_LiveMixer::inputsGoByNumber()
         play({Block(100, 0.1F), Block(100, 0.2F), Block(100, 0.3F)}, true);
     QCOMPARE(heard[0], Block(100, 0.2F));
     QCOMPARE(heard[1], Block(100, 0.3F));
-    QCOMPARE(heard[2], Block(100, 0.0F));
+    const std::vector<Block> inputs = {Block(100, 0.1F), Block(100, 0.2F), Block(100, 0.3F),
+                                       Block(100, 0.4F), Block(100, 0.5F), Block(100, 0.6F),
+                                       Block(100, 0.7F), Block(100, 0.8F)};
+    set(0, StripParameter::Source, SourceInput1 + 6);
+    QCOMPARE(play(inputs, true), std::vector<Block>({inputs[6], inputs[7]}));
     set(0, StripParameter::Source, SourceInput1 + 5);
     QCOMPARE(play({Block(100, 0.1F), Block(100, 0.2F)}, true)[0], Block(100, 0.0F));
     set(0, StripParameter::Source, SourceFile);
@@ -241,7 +265,7 @@ void tst_LiveMixer::changesDoNotClick()
                 0.5 * std::cos(2.0 * std::numbers::pi * 50.0 * (block * frames + i) / 48000.0));
         Block right = left;
         float* const channels[] = {left.data(), right.data()};
-        m_mixer->process(channels, 2, frames);
+        m_mixer->process(channels, 2, channels, 2, frames);
         for (const float sample : left) {
             if (block > 0)
                 widest = std::max(widest, std::abs(sample - last));
