@@ -6,6 +6,7 @@
 #include "host/LanguageMenu.h"
 #include "host/Mixer.h"
 #include "host/ParameterListModel.h"
+#include "host/mixer/ResponseView.h"
 #include "host/mixer/Transport.h"
 #include "host/presets/FactoryPresets.h"
 #include "host/presets/PresetMenu.h"
@@ -29,6 +30,7 @@
 #include <QStatusBar>
 #include <QTableView>
 #include <QToolBar>
+#include <QVBoxLayout>
 
 #include <cmath>
 
@@ -83,6 +85,10 @@ void EditorWindow::setStereo(bool stereo)
 }
 
 void EditorWindow::setScale(double scale) { m_zoom->setValue(percentOf(scale)); }
+
+void EditorWindow::setMeasured(bool measured) { m_measured->setChecked(measured); }
+
+bool EditorWindow::isMeasured() const { return m_measured->isChecked(); }
 
 void EditorWindow::loadPreset(const QString& name)
 {
@@ -180,6 +186,10 @@ void EditorWindow::buildViewMenu(QMenu* menu)
         menu, [] { return tr("&Actual Size"); }, QKeySequence(Qt::CTRL | Qt::Key_0),
         [this] { m_zoom->setValue(100); });
     menu->addSeparator();
+    m_measured = addItem(
+        menu, [] { return tr("Measured &Response"); }, QKeySequence(Qt::CTRL | Qt::Key_R), [] {});
+    m_measured->setCheckable(true);
+    connect(m_measured, &QAction::toggled, this, &EditorWindow::showMeasured);
     addLanguageMenu(menu, m_mixer.language, m_texts);
     addItem(
         menu, [] { return tr("&Mixer"); }, QKeySequence(Qt::CTRL | Qt::Key_M),
@@ -187,12 +197,13 @@ void EditorWindow::buildViewMenu(QMenu* menu)
 }
 
 template <typename Slot>
-void EditorWindow::addItem(QMenu* menu, const LiveTexts::Text& text, const QKeySequence& keys,
-                           Slot slot)
+QAction* EditorWindow::addItem(QMenu* menu, const LiveTexts::Text& text, const QKeySequence& keys,
+                               Slot slot)
 {
     QAction* action = m_texts.action(menu, text);
     action->setShortcut(keys);
     connect(action, &QAction::triggered, this, slot);
+    return action;
 }
 
 void EditorWindow::buildToolBar()
@@ -247,7 +258,7 @@ void EditorWindow::addSampleRate(QToolBar* bar)
         rates->addItem(QStringLiteral("%1 Hz").arg(current), current);
     rates->setCurrentIndex(rates->findData(current));
     connect(rates, &QComboBox::currentIndexChanged, this,
-            [this, rates] { m_session->setSampleRate(rates->currentData().toInt()); });
+            [this, rates] { setSampleRate(rates->currentData().toInt()); });
     bar->addWidget(m_texts.label(bar, [] { return tr("Sampling rate"); }));
     bar->addWidget(rates);
 }
@@ -327,7 +338,33 @@ QWidget* EditorWindow::buildEditorArea(std::unique_ptr<QWidget> stage)
     area->setBackgroundRole(QPalette::Base);
     m_stage = stage.release();
     area->setWidget(m_stage);
-    return area;
+    m_response = new ResponseView(m_mixer.desk, settings().channel, this);
+    m_response->setSampleRate(settings().sampleRate);
+    m_response->hide();
+    m_texts.add([this] { m_response->setAccessibleName(tr("Measured response")); });
+    auto* both = new QWidget(this);
+    auto* layout = new QVBoxLayout(both);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(area);
+    layout->addWidget(m_response);
+    return both;
+}
+
+// The window makes room where it can.
+void EditorWindow::showMeasured(bool measured)
+{
+    m_response->setVisible(measured);
+    if (isMaximized() || isFullScreen())
+        return;
+    const int change = measured ? ResponseView::viewHeight : -ResponseView::viewHeight;
+    resize(QSize(width(), height() + change).boundedTo(screen()->availableSize()));
+}
+
+void EditorWindow::setSampleRate(int hertz)
+{
+    m_session->setSampleRate(hertz);
+    m_response->setSampleRate(hertz);
 }
 
 QWidget* EditorWindow::buildTable()

@@ -18,6 +18,7 @@ class QMenu;
 class QSpinBox;
 class QTableView;
 class QToolBar;
+class ResponseView;
 
 /// The window of one open editor: the editor, what it can be switched between, presets, the
 /// channel's A and B settings, and a list of the channel's parameters that can be edited beside it.
@@ -35,6 +36,9 @@ public:
     const EditorSettings& settings() const { return m_session->settings(); }
     void setStereo(bool stereo);
     void setScale(double scale);
+    /// Shows, below the editor, the response as an impulse measures it.
+    void setMeasured(bool measured);
+    bool isMeasured() const;
 
     /// Presets. What goes wrong is said in a message.
     void loadPreset(const QString& name);
@@ -64,7 +68,7 @@ private:
     void buildPresetMenu(QMenu* menu);
     void buildViewMenu(QMenu* menu);
     template <typename Slot>
-    void addItem(QMenu* menu, const LiveTexts::Text& text, const QKeySequence& keys, Slot slot);
+    QAction* addItem(QMenu* menu, const LiveTexts::Text& text, const QKeySequence& keys, Slot slot);
     void buildToolBar();
     void addZoom(QToolBar* bar);
     void addStereo(QToolBar* bar);
@@ -76,6 +80,8 @@ private:
     void showAudio();
     QWidget* buildEditorArea(std::unique_ptr<QWidget> stage);
     QWidget* buildTable();
+    void showMeasured(bool measured);
+    void setSampleRate(int hertz);
     void chooseSize();
     void showTitle();
     void zoomBy(int percent);
@@ -92,6 +98,8 @@ private:
     std::unique_ptr<EditorSession> m_session;
     ParameterListModel* m_parameters = nullptr;
     QWidget* m_stage = nullptr;
+    ResponseView* m_response = nullptr;
+    QAction* m_measured = nullptr;
     QTableView* m_table = nullptr;
     QSpinBox* m_zoom = nullptr;
     QComboBox* m_stereo = nullptr;

@@ -41,13 +41,18 @@ ChannelValues defaultValues()
     return values;
 }
 
+ChannelValues bandsOnly(ChannelValues values)
+{
+    for (const std::size_t parameter : {inputLevel, outputLevel, drive})
+        values[parameter] = 0;
+    return values;
+}
+
 ChannelValues bypassed(ChannelValues values)
 {
     for (int band = 0; band < EqualizerBands::Count; ++band)
         values[indexOf(band, OnOff)] = 0;
-    for (const std::size_t parameter : {inputLevel, outputLevel, drive})
-        values[parameter] = 0;
-    return values;
+    return bandsOnly(values);
 }
 
 Band bandOf(const ChannelValues& values, int band)
@@ -61,6 +66,13 @@ Band bandOf(const ChannelValues& values, int band)
     settings.frequency = BandDesign::frequency(position(values, indexOf(band, Frequency)));
     settings.gain = gainOf(values, indexOf(band, Gain));
     return settings;
+}
+
+void setBands(EqualizerBands& bands, const ChannelValues& values)
+{
+    for (int band = 0; band < EqualizerBands::Count; ++band)
+        bands[band] = bandOf(values, band);
+    bands.designAll();
 }
 
 bool isSameBand(const ChannelValues& a, const ChannelValues& b, int band)

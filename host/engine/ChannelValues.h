@@ -11,12 +11,15 @@ using ChannelValues = std::array<int, parameterCount>;
 
 /// Every parameter at its default.
 ChannelValues defaultValues();
-/// \a values so changed that the equalizer lets every sample through as it is: each band off, both
-/// levels 0 dB, no drive.
+/// \a values with the bands alone: both levels 0 dB, no drive.
+ChannelValues bandsOnly(ChannelValues values);
+/// \a values so changed that the equalizer lets every sample through as it is: no band either.
 ChannelValues bypassed(ChannelValues values);
 
 /// The settings of band 0 (low) to 5 (high), as the editor reads them.
 Band bandOf(const ChannelValues& values, int band);
+/// Gives \a bands the settings and designs them.
+void setBands(EqualizerBands& bands, const ChannelValues& values);
 /// Whether a band has the same values in both.
 bool isSameBand(const ChannelValues& a, const ChannelValues& b, int band);
 /// In dB.

@@ -55,7 +55,7 @@ void EqualizerThumbnail::mouseReleaseEvent(QMouseEvent* event)
 
 void EqualizerThumbnail::paintEvent(QPaintEvent*)
 {
-    design();
+    setBands(m_bands, m_desk.memory().values(m_channel));
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF glass = QRectF(rect()).adjusted(0, 0, 0, -1);
@@ -64,14 +64,6 @@ void EqualizerThumbnail::paintEvent(QPaintEvent*)
     painter.setClipRect(plot);
     drawGrid(painter, plot);
     drawCurve(painter, plot);
-}
-
-void EqualizerThumbnail::design()
-{
-    const HostMemory::Values& values = m_desk.memory().values(m_channel);
-    for (int band = 0; band < EqualizerBands::Count; ++band)
-        m_bands[band] = bandOf(values, band);
-    m_bands.designAll();
 }
 
 QPolygonF EqualizerThumbnail::curve(const QRectF& plot) const

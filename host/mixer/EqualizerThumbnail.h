@@ -29,7 +29,6 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void design();
     QPolygonF curve(const QRectF& plot) const;
     void drawCurve(QPainter& painter, const QRectF& plot) const;
 

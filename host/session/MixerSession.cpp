@@ -59,6 +59,7 @@ bool MixerSession::restoreWindows(MixerWindow& window)
         if (!shown)
             continue;
         shown->setScale(editor.scale);
+        shown->setMeasured(editor.measured);
         putAt(shown, editor.place);
         opened = true;
     }
@@ -109,8 +110,8 @@ void MixerSession::collectWindows()
     for (EditorWindow* editor : m_window->editors()) {
         editor->session().keepMap();
         const EditorSettings& settings = editor->settings();
-        m_data.editors.push_back(
-            {settings.channel, settings.stereo, settings.scale, placeOf(editor)});
+        m_data.editors.push_back({settings.channel, settings.stereo, settings.scale,
+                                  editor->isMeasured(), placeOf(editor)});
     }
 }
 

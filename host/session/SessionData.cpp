@@ -23,6 +23,7 @@ constexpr QLatin1String editorsKey("editors");
 constexpr QLatin1String channelKey("channel");
 constexpr QLatin1String stereoKey("stereo");
 constexpr QLatin1String scaleKey("scale");
+constexpr QLatin1String measuredKey("measured");
 constexpr QLatin1String placeKey("place");
 constexpr int version = 1;
 constexpr qsizetype longestName = 200;
@@ -59,6 +60,7 @@ QJsonObject toJson(const SessionData::Editor& editor)
     return {{channelKey, editor.channel},
             {stereoKey, editor.stereo},
             {scaleKey, editor.scale},
+            {measuredKey, editor.measured},
             {placeKey, toJson(editor.place)}};
 }
 
@@ -220,6 +222,8 @@ void readEditor(Reader& reader, const QJsonValue& value, const QString& path, Se
         editor.stereo = value[stereoKey].toBool();
     reader.number(value[scaleKey], smallestScale, largestScale, path + QLatin1String(".scale"),
                   &editor.scale);
+    if (reader.has(value[measuredKey], QJsonValue::Bool, path + QLatin1String(".measured")))
+        editor.measured = value[measuredKey].toBool();
     reader.place(value[placeKey], path + QLatin1String(".place"), &editor.place);
     out->editors.push_back(editor);
 }

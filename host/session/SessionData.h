@@ -28,7 +28,8 @@ struct SessionData
         int channel = 0;
         bool stereo = true;
         double scale = 1.0;
-        QRect place; ///< of its window; null where it was not known
+        bool measured = false; ///< shows the measured response
+        QRect place;           ///< of its window; null where it was not known
     };
 
     std::array<Channel, channelCount> channels;

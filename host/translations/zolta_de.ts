@@ -49,6 +49,14 @@
         <translation>&amp;Originalgröße</translation>
     </message>
     <message>
+        <source>Measured &amp;Response</source>
+        <translation>Gemessener &amp;Frequenzgang</translation>
+    </message>
+    <message>
+        <source>Measured response</source>
+        <translation>Gemessener Frequenzgang</translation>
+    </message>
+    <message>
         <source>&amp;Mixer</source>
         <translation>&amp;Mischpult</translation>
     </message>
@@ -832,6 +840,25 @@
     <message>
         <source>&amp;Save as Preset...</source>
         <translation>Als Preset &amp;speichern ...</translation>
+    </message>
+</context>
+<context>
+    <name>ResponseView</name>
+    <message>
+        <source>The equalizer is off</source>
+        <translation>Der Equalizer ist aus</translation>
+    </message>
+    <message>
+        <source>Largest difference: %1 dB</source>
+        <translation>Größter Unterschied: %1 dB</translation>
+    </message>
+    <message>
+        <source>Drawn</source>
+        <translation>Gezeichnet</translation>
+    </message>
+    <message>
+        <source>Measured in the sound</source>
+        <translation>Im Klang gemessen</translation>
     </message>
 </context>
 <context>

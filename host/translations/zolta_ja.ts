@@ -49,6 +49,14 @@
         <translation>実際のサイズ(&amp;A)</translation>
     </message>
     <message>
+        <source>Measured &amp;Response</source>
+        <translation>測定した周波数特性(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Measured response</source>
+        <translation>測定した周波数特性</translation>
+    </message>
+    <message>
         <source>&amp;Mixer</source>
         <translation>ミキサー(&amp;M)</translation>
     </message>
@@ -832,6 +840,25 @@
     <message>
         <source>&amp;Save as Preset...</source>
         <translation>プリセットとして保存(&amp;S)...</translation>
+    </message>
+</context>
+<context>
+    <name>ResponseView</name>
+    <message>
+        <source>The equalizer is off</source>
+        <translation>イコライザーはオフです</translation>
+    </message>
+    <message>
+        <source>Largest difference: %1 dB</source>
+        <translation>最大の差: %1 dB</translation>
+    </message>
+    <message>
+        <source>Drawn</source>
+        <translation>描かれた特性</translation>
+    </message>
+    <message>
+        <source>Measured in the sound</source>
+        <translation>音から測定した特性</translation>
     </message>
 </context>
 <context>

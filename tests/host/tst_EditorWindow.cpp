@@ -6,6 +6,7 @@
 #include "host/MixerWindow.h"
 #include "host/ParameterListModel.h"
 #include "host/mixer/MixerStrip.h"
+#include "host/mixer/ResponseView.h"
 #include "tests/support/TestObject.h"
 #include "widgets/ChannelNameEdit.h"
 
@@ -35,6 +36,7 @@ private Q_SLOTS:
     void choicesReachTheEditor_data();
     void choicesReachTheEditor();
     void unusualSampleRateIsShown();
+    void measuredResponseIsSwitched();
     void titleSaysTheChannels();
     void resetWritesDefaults();
     void mixerOpensAChannelOnce();
@@ -259,6 +261,25 @@ void tst_EditorWindow::unusualSampleRateIsShown()
     m_window = std::make_unique<MixerWindow>(m_mixer, settings);
     EditorWindow* window = openWindow();
     QCOMPARE(choice(window, QStringLiteral("44100 Hz"))->currentText(), QStringLiteral("32000 Hz"));
+}
+
+void tst_EditorWindow::measuredResponseIsSwitched()
+{
+    EditorWindow* window = openWindow(2);
+    const auto* view = window->findChild<ResponseView*>();
+    const int height = window->height();
+    QVERIFY(!view->isVisible());
+    QTest::keyClick(window, Qt::Key_R, Qt::ControlModifier);
+    QVERIFY(view->isVisible());
+    QVERIFY(window->isMeasured());
+    QCOMPARE(window->height(),
+             std::min(height + view->height(), window->screen()->availableSize().height()));
+    QCOMPARE(view->frequencies().back(), 20000.0);
+    choice(window, QStringLiteral("44100 Hz"))->setCurrentText(QStringLiteral("44100 Hz"));
+    QCOMPARE(view->frequencies().back(), 19845.0);
+    action(window, QStringLiteral("Measured Response"))->trigger();
+    QVERIFY(!view->isVisible());
+    QVERIFY(window->height() <= height);
 }
 
 void tst_EditorWindow::titleSaysTheChannels()

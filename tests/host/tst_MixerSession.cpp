@@ -143,7 +143,8 @@ void tst_MixerSession::windowsComeBack()
         window.move(30, 20);
         EditorWindow* editor = window.openEditor(3, false);
         editor->setScale(1.5);
-        editor->resize(644, 333);
+        editor->setMeasured(true);
+        editor->resize(644, 433);
         editor->move(12, 34);
         window.openEditor(6, true);
         QVERIFY(session.save());
@@ -161,7 +162,9 @@ void tst_MixerSession::windowsComeBack()
     QCOMPARE(editors[0]->settings().channel, 3);
     QVERIFY(!editors[0]->settings().stereo);
     QCOMPARE(editors[0]->settings().scale, 1.5);
-    QCOMPARE(editors[0]->size(), QSize(644, 333));
+    QVERIFY(editors[0]->isMeasured());
+    QVERIFY(!editors[1]->isMeasured());
+    QCOMPARE(editors[0]->size(), QSize(644, 433));
     QCOMPARE(editors[0]->pos(), QPoint(12, 34));
     QCOMPARE(editors[1]->settings().channel, 6);
     QVERIFY(editors[1]->settings().stereo);
@@ -265,6 +268,8 @@ void tst_MixerSession::damagedFileIsKeptAside_data()
         "editors[0].channel is 8, which is not between 0 and 7");
     row("stereo", session("\"editors\": [{\"channel\": 1, \"stereo\": 1}]"),
         "editors[0].stereo is no truth value");
+    row("measured", session("\"editors\": [{\"measured\": 1}]"),
+        "editors[0].measured is no truth value");
     row("scale", session("\"editors\": [{\"scale\": 100}]"),
         "editors[0].scale is 100, which is not between 0.5 and 4");
 }
