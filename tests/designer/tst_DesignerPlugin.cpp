@@ -13,6 +13,7 @@
 #include <QMetaProperty>
 #include <QPluginLoader>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QUiLoader>
 #include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
@@ -106,10 +107,14 @@ QList<QMetaProperty> ownProperties(const QWidget& widget)
     return result;
 }
 
-/// The form builder writes properties in the order of a hash, which differs from run to run.
+/// The form builder writes properties in the order of a hash, which differs from run to run. A
+/// frame's rectangle depends on that order when it is read, so it is left out.
 QByteArrayList sortedLines(const QByteArray& form)
 {
-    QByteArrayList lines = form.split('\n');
+    static const QRegularExpression frame(
+        QStringLiteral("<property name=\"frameRect\">.*?</property>"),
+        QRegularExpression::DotMatchesEverythingOption);
+    QByteArrayList lines = QString::fromUtf8(form).remove(frame).toUtf8().split('\n');
     std::sort(lines.begin(), lines.end());
     return lines;
 }
