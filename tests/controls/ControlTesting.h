@@ -313,21 +313,4 @@ inline QImage painted(QWidget& widget, double ratio = 1.0, QColor ground = Qt::b
     return image;
 }
 
-/// The largest difference of any channel of any pixel; 256 for pictures of different sizes.
-inline int difference(const QImage& a, const QImage& b)
-{
-    if (a.size() != b.size())
-        return 256;
-    int largest = 0;
-    for (int y = 0; y < a.height(); ++y) {
-        for (int x = 0; x < a.width(); ++x) {
-            const QRgb p = a.pixel(x, y);
-            const QRgb q = b.pixel(x, y);
-            largest = std::max({largest, std::abs(qRed(p) - qRed(q)),
-                                std::abs(qGreen(p) - qGreen(q)), std::abs(qBlue(p) - qBlue(q))});
-        }
-    }
-    return largest;
-}
-
 } // namespace ControlTesting

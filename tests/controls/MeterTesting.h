@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "controls/MeterController.h"
+
 #include <QCoreApplication>
 #include <QImage>
 #include <QPaintEvent>
@@ -78,5 +80,24 @@ protected:
 private:
     QRegion m_painted;
 };
+
+/// Whether every pixel that differs after a tick was painted, from any level to any other. The
+/// meter is on the screen.
+inline bool repaintsCoverEveryDifference(CommonController_MemAPI::MeterController& meter)
+{
+    PaintRecorder paints(meter);
+    QImage before = shown(meter);
+    paints.take();
+    for (int i = 0; i < 200; ++i) {
+        meter.setValue((i * 7919) % 700 - 650);
+        const QRegion painted = paints.take();
+        const QImage after = shown(meter);
+        paints.take();
+        if (!(differing(before, after) - painted).isEmpty())
+            return false;
+        before = after;
+    }
+    return true;
+}
 
 } // namespace MeterTesting

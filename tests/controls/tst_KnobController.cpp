@@ -3,6 +3,7 @@
 
 #include "controls/RotatedSvg.h"
 #include "tests/controls/ControlTesting.h"
+#include "tests/support/ImageDifference.h"
 #include "tests/support/TestObject.h"
 #include "tests/widgets/SvgFiles.h"
 
@@ -970,7 +971,7 @@ void tst_KnobController::paintsTheMinimumAtSevenAndTheMaximumAtFive()
             painter.setPen(indexPen(Qt::white, 4.0));
             painter.drawLine(QLineF(onClock({50, 40}, clock, 8.0), onClock({50, 40}, clock, 28.0)));
         });
-        QVERIFY(difference(painted(knob, 2.0), expected) <= 8);
+        QVERIFY(imageDifference(painted(knob, 2.0), expected) <= 8);
     }
 }
 
@@ -1030,8 +1031,8 @@ void tst_KnobController::paintsThePicturesAtEveryRatio()
                                       QRectF(50.5 - length / 2, 45 - length / 2, length, length));
         }
     });
-    QVERIFY(difference(painted(knob, ratio), expected) <= 1);
-    QVERIFY(difference(painted(knob, ratio), expected) <= 1);
+    QVERIFY(imageDifference(painted(knob, ratio), expected) <= 1);
+    QVERIFY(imageDifference(painted(knob, ratio), expected) <= 1);
 }
 
 void tst_KnobController::paintsTheTurnedPictureAtEveryRatio_data()
@@ -1056,8 +1057,8 @@ void tst_KnobController::paintsTheTurnedPictureAtEveryRatio()
             painter.rotate(turn);
             QSvgRenderer(m_dial).render(&painter, QRectF(-length / 2, -length / 2, length, length));
         });
-        QVERIFY(difference(painted(knob, ratio), expected) <= 1);
-        QVERIFY(difference(painted(knob, ratio), expected) <= 1);
+        QVERIFY(imageDifference(painted(knob, ratio), expected) <= 1);
+        QVERIFY(imageDifference(painted(knob, ratio), expected) <= 1);
     }
 }
 
@@ -1121,7 +1122,7 @@ void tst_KnobController::brokenPicturesAreLeftOut()
         knob.setBackgroundSvg(path);
         for (const auto type : {KnobController::LineIndex, KnobController::RotateKnob}) {
             knob.setKnobType(type);
-            QCOMPARE(difference(painted(knob), blank), 0);
+            QCOMPARE(imageDifference(painted(knob), blank), 0);
         }
     }
     QCOMPARE(knob.knobSvg(), broken);

@@ -2,6 +2,7 @@
 #include "controls/TextEditController.h"
 
 #include "tests/controls/ControlTesting.h"
+#include "tests/support/ImageDifference.h"
 #include "tests/support/TestObject.h"
 
 #include <QAccessible>
@@ -318,8 +319,8 @@ void tst_TextEditController::postfixIsNotDoubled()
     f.field->setPostfix(QString());
     const QImage without = painted(*f.field, 1.0, Qt::white);
     f.field->setPostfix(QStringLiteral(" Hz"));
-    QCOMPARE(difference(painted(*f.field, 1.0, Qt::white), withPostfix), 0);
-    QVERIFY(difference(without, withPostfix) > 0);
+    QCOMPARE(imageDifference(painted(*f.field, 1.0, Qt::white), withPostfix), 0);
+    QVERIFY(imageDifference(without, withPostfix) > 0);
     f.postfix(" Hz");
     f.field->edit();
     QCOMPARE(f.editor()->text(), QStringLiteral("100"));
@@ -981,7 +982,7 @@ void tst_TextEditController::paintsTheText()
     const QRect used = painter.fontMetrics().boundingRect(field, int(alignment), shown);
     painter.drawText(field, int(alignment) | Qt::TextSingleLine, shown);
     painter.end();
-    QCOMPARE(difference(painted(control), expected), 0);
+    QCOMPARE(imageDifference(painted(control), expected), 0);
     QVERIFY(expected != painted(*std::make_unique<TextEditController>()));
     QCOMPARE(atRight ? used.right() : used.left(), atRight ? field.right() : field.left());
 }
@@ -992,10 +993,10 @@ void tst_TextEditController::paintsNothingForAnEmptyText()
     control.resize(100, 20);
     QImage blank(control.size(), QImage::Format_ARGB32_Premultiplied);
     blank.fill(Qt::black);
-    QCOMPARE(difference(painted(control), blank), 0);
+    QCOMPARE(imageDifference(painted(control), blank), 0);
     control.setString(QStringLiteral("  "));
     control.setTextTrim(true);
-    QCOMPARE(difference(painted(control), blank), 0);
+    QCOMPARE(imageDifference(painted(control), blank), 0);
 }
 
 void tst_TextEditController::paintingAsksTheHostOnce()

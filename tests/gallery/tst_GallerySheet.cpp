@@ -4,6 +4,7 @@
 #include "gallery/GallerySection.h"
 #include "gallery/GallerySheet.h"
 #include "host/HostTheme.h"
+#include "tests/support/ImageDifference.h"
 #include "tests/support/TestObject.h"
 
 #include <QAbstractButton>
@@ -46,7 +47,6 @@ private:
     void sectionRows() const;
     GallerySection& section() const;
     static QImage pictureOf(QWidget& widget);
-    static int difference(const QImage& a, const QImage& b);
     static bool isBlank(const QWidget& control);
 
     HostMemory m_memory;
@@ -79,23 +79,6 @@ QImage tst_GallerySheet::pictureOf(QWidget& widget)
     image.fill(Qt::transparent);
     widget.render(&image, {}, {}, QWidget::DrawChildren);
     return image;
-}
-
-// The largest of any channel of any pixel.
-int tst_GallerySheet::difference(const QImage& a, const QImage& b)
-{
-    if (a.size() != b.size())
-        return 256;
-    int largest = 0;
-    for (int y = 0; y < a.height(); ++y) {
-        for (int x = 0; x < a.width(); ++x) {
-            const QRgb p = a.pixel(x, y);
-            const QRgb q = b.pixel(x, y);
-            largest = std::max({largest, std::abs(qRed(p) - qRed(q)),
-                                std::abs(qGreen(p) - qGreen(q)), std::abs(qBlue(p) - qBlue(q))});
-        }
-    }
-    return largest;
 }
 
 void tst_GallerySheet::showsEveryControl_data()
@@ -256,7 +239,7 @@ void tst_GallerySheet::picturesOfSectionsArePartsOfTheSheet()
         // The rounded corners show the sheet behind the section.
         const QRect inner = each->rect().adjusted(6, 6, -6, -6);
         // Where a shape's edge cuts through a pixel, its share is rounded by its place.
-        QVERIFY(difference(part.copy(inner), whole.copy(inner.translated(each->pos()))) <= 1);
+        QVERIFY(imageDifference(part.copy(inner), whole.copy(inner.translated(each->pos()))) <= 1);
     }
 }
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Runs the program itself.
 #include "tests/host/StateBytes.h"
+#include "tests/support/ProgramRunner.h"
 #include "tests/support/TestObject.h"
 
 #include <QDir>
 #include <QImage>
-#include <QProcess>
 #include <QTemporaryDir>
 
 class tst_zolta_host : public TestObject
@@ -42,60 +42,31 @@ private Q_SLOTS:
     void windowsSayThatSettingsAreDamaged();
 
 private:
-    struct Result
-    {
-        int code;
-        QString output;
-        QString errors;
-    };
-
-    QProcessEnvironment environment() const;
-    Result run(const QStringList& arguments) const;
-    Result runWithPlugin(const QStringList& arguments) const;
-    QProcessEnvironment offscreen() const;
+    ProgramResult run(const QStringList& arguments) const { return m_program.run(arguments); }
+    ProgramResult runWithPlugin(const QStringList& arguments) const;
+    ProgramResult runWindows() const;
     QString path(const QString& name) const { return m_folder.filePath(name); }
     QString write(const QString& name, const QByteArray& bytes) const;
     static QByteArray contentOf(const QString& file);
-    static QString rawValue(const Result& result, int number);
+    static QString rawValue(const ProgramResult& result, int number);
 
     QTemporaryDir m_folder;
+    ProgramRunner m_program{QStringLiteral(HOST_PROGRAM), m_folder.path()};
 };
 
-// No display and no platform; what sanitizers need stays, and a place for the fonts' cache.
-QProcessEnvironment tst_zolta_host::environment() const
-{
-    QProcessEnvironment bare;
-    const QProcessEnvironment system = QProcessEnvironment::systemEnvironment();
-    for (const char* name :
-         {"ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS", "HOME", "XDG_CACHE_HOME"}) {
-        if (system.contains(QLatin1String(name)))
-            bare.insert(QLatin1String(name), system.value(QLatin1String(name)));
-    }
-    if (!bare.contains(QStringLiteral("HOME")))
-        bare.insert(QStringLiteral("HOME"), m_folder.path());
-    bare.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_folder.path());
-    bare.insert(QStringLiteral("XDG_CONFIG_HOME"), m_folder.path());
-    bare.insert(QStringLiteral("XDG_DATA_HOME"), m_folder.path());
-    return bare;
-}
-
-tst_zolta_host::Result tst_zolta_host::run(const QStringList& arguments) const
-{
-    QProcess process;
-    process.setProcessEnvironment(environment());
-    process.setWorkingDirectory(m_folder.path());
-    process.start(QStringLiteral(HOST_PROGRAM), arguments);
-    if (!process.waitForFinished(120000) || process.exitStatus() != QProcess::NormalExit)
-        return {-1, QString(), process.errorString()};
-    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
-}
-
-tst_zolta_host::Result tst_zolta_host::runWithPlugin(const QStringList& arguments) const
+ProgramResult tst_zolta_host::runWithPlugin(const QStringList& arguments) const
 {
     return run(QStringList{QStringLiteral("--plugin"),
                            QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")} +
                arguments);
+}
+
+// With windows, of a program that ends by itself because it does not find its state.
+ProgramResult tst_zolta_host::runWindows() const
+{
+    return m_program.runOffscreen(
+        {QStringLiteral("--plugin"), QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so"),
+         QStringLiteral("--state"), path(QStringLiteral("missing.state"))});
 }
 
 QString tst_zolta_host::write(const QString& name, const QByteArray& bytes) const
@@ -113,7 +84,7 @@ QByteArray tst_zolta_host::contentOf(const QString& name)
 }
 
 // The raw value of a parameter in the output of --list.
-QString tst_zolta_host::rawValue(const Result& result, int number)
+QString tst_zolta_host::rawValue(const ProgramResult& result, int number)
 {
     return result.output.split(QLatin1Char('\n'))
         .value(number - 1)
@@ -123,7 +94,7 @@ QString tst_zolta_host::rawValue(const Result& result, int number)
 
 void tst_zolta_host::helpGoesToStandardOutput()
 {
-    const Result result = run({QStringLiteral("--help")});
+    const ProgramResult result = run({QStringLiteral("--help")});
     QCOMPARE(result.code, 0);
     QVERIFY(result.output.startsWith(QLatin1String("Usage: zolta-host [options]\n")));
     QCOMPARE(result.errors, QString());
@@ -131,7 +102,7 @@ void tst_zolta_host::helpGoesToStandardOutput()
 
 void tst_zolta_host::listShowsEveryParameter()
 {
-    const Result result = runWithPlugin({QStringLiteral("--list")});
+    const ProgramResult result = runWithPlugin({QStringLiteral("--list")});
     QCOMPARE(result.errors, QString());
     QCOMPARE(result.code, 0);
     QVERIFY(result.output.endsWith(QLatin1Char('\n')));
@@ -153,7 +124,7 @@ void tst_zolta_host::listShowsEveryParameter()
 
 void tst_zolta_host::listFollowsSettings()
 {
-    const Result result =
+    const ProgramResult result =
         runWithPlugin({QStringLiteral("--channel"), QStringLiteral("3"), QStringLiteral("--list"),
                        QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_2=1,25 kHz"),
                        QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_3=@-15"),
@@ -168,7 +139,7 @@ void tst_zolta_host::listFollowsSettings()
 void tst_zolta_host::loadsStateBeforeSettings()
 {
     const QString file = write(QStringLiteral("half.state"), StateBytes::state(0.5F));
-    const Result result =
+    const ProgramResult result =
         runWithPlugin({QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_2=@7"),
                        QStringLiteral("--state"), file, QStringLiteral("--list")});
     QCOMPARE(result.code, 0);
@@ -201,11 +172,11 @@ void tst_zolta_host::savesAndLoadsBitForBit()
         settings << QStringLiteral("--set")
                  << QStringLiteral("fx_rackfx_prm_%1=@%2").arg(number).arg(number % 2);
     settings << QStringLiteral("--set") << QStringLiteral("fx_rackfx_prm_6=@1111");
-    const Result saved =
+    const ProgramResult saved =
         runWithPlugin(settings + QStringList{QStringLiteral("--list"),
                                              QStringLiteral("--save-state"), path(first)});
     QCOMPARE(saved.code, 0);
-    const Result loaded = runWithPlugin(
+    const ProgramResult loaded = runWithPlugin(
         {QStringLiteral("--channel"), QStringLiteral("5"), QStringLiteral("--state"), path(first),
          QStringLiteral("--list"), QStringLiteral("--save-state"), path(second)});
     QCOMPARE(loaded.code, 0);
@@ -219,7 +190,7 @@ void tst_zolta_host::savesAndLoadsBitForBit()
 
 void tst_zolta_host::savesWhatListShows()
 {
-    const Result result =
+    const ProgramResult result =
         runWithPlugin({QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_4=off"),
                        QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_3=+20"),
                        QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_2=@300"),
@@ -246,7 +217,7 @@ void tst_zolta_host::screenshotHasTheEditorsSize()
 {
     QFETCH(const QString, scale);
     const QString file = path(QStringLiteral("shot.png"));
-    const Result result =
+    const ProgramResult result =
         runWithPlugin({QStringLiteral("--scale"), scale, QStringLiteral("--screenshot"), file});
     QCOMPARE(result.code, 0);
     QCOMPARE(result.errors, QString());
@@ -256,7 +227,7 @@ void tst_zolta_host::screenshotHasTheEditorsSize()
 void tst_zolta_host::screenshotShowsTheSettings()
 {
     const QString file = path(QStringLiteral("settings.png"));
-    const Result result = runWithPlugin(
+    const ProgramResult result = runWithPlugin(
         {QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_3=+20"), QStringLiteral("--set"),
          QStringLiteral("fx_rackfx_prm_7=-20"), QStringLiteral("--screenshot"), file});
     QCOMPARE(result.code, 0);
@@ -267,7 +238,7 @@ void tst_zolta_host::screenshotShowsTheSettings()
 
 void tst_zolta_host::doesEverythingInOneRun()
 {
-    const Result result =
+    const ProgramResult result =
         runWithPlugin({QStringLiteral("--mono"), QStringLiteral("--sample-rate"),
                        QStringLiteral("96000"), QStringLiteral("--list"),
                        QStringLiteral("--save-state"), path(QStringLiteral("all.state")),
@@ -280,7 +251,7 @@ void tst_zolta_host::doesEverythingInOneRun()
 
 void tst_zolta_host::saysThatThereIsNoDisplay()
 {
-    const Result result = runWithPlugin({});
+    const ProgramResult result = runWithPlugin({});
     QCOMPARE(result.code, 2);
     QCOMPARE(result.output, QString());
     QCOMPARE(result.errors,
@@ -311,7 +282,7 @@ void tst_zolta_host::refusesPlugins()
 {
     QFETCH(const QString, file);
     QFETCH(const QString, expected);
-    const Result result = run({QStringLiteral("--plugin"), file, QStringLiteral("--list")});
+    const ProgramResult result = run({QStringLiteral("--plugin"), file, QStringLiteral("--list")});
     QCOMPARE(result.code, 1);
     QCOMPARE(result.output, QString());
     QCOMPARE(result.errors, QStringLiteral("zolta-host: The plug-in %1 %2\n").arg(file, expected));
@@ -338,8 +309,9 @@ void tst_zolta_host::refusesStates()
     QFETCH(const QString, expected);
     const QString file = write(QStringLiteral("bad.state"), bytes);
     const QString kept = write(QStringLiteral("kept.state"), "kept");
-    const Result result = runWithPlugin({QStringLiteral("--state"), file, QStringLiteral("--list"),
-                                         QStringLiteral("--save-state"), kept});
+    const ProgramResult result =
+        runWithPlugin({QStringLiteral("--state"), file, QStringLiteral("--list"),
+                       QStringLiteral("--save-state"), kept});
     QCOMPARE(result.code, 1);
     QCOMPARE(result.output, QString());
     QCOMPARE(result.errors,
@@ -364,7 +336,7 @@ void tst_zolta_host::refusesArguments()
 {
     QFETCH(const QStringList, arguments);
     QFETCH(const QString, expected);
-    const Result result = runWithPlugin(arguments + QStringList{QStringLiteral("--list")});
+    const ProgramResult result = runWithPlugin(arguments + QStringList{QStringLiteral("--list")});
     QCOMPARE(result.code, 2);
     QCOMPARE(result.output, QString());
     QCOMPARE(result.errors, QStringLiteral("zolta-host: %1\n").arg(expected));
@@ -395,7 +367,7 @@ void tst_zolta_host::saysWhatCannotBeWritten()
     QFETCH(const QString, option);
     QFETCH(const QString, file);
     QFETCH(const QString, expected);
-    const Result result = runWithPlugin({option, file});
+    const ProgramResult result = runWithPlugin({option, file});
     QCOMPARE(result.code, 1);
     QCOMPARE(result.errors, QStringLiteral("zolta-host: %1\n").arg(expected));
 }
@@ -404,7 +376,7 @@ void tst_zolta_host::saysWhatCannotBeWritten()
 void tst_zolta_host::picturesShowMetersOnDemand()
 {
     const auto lineOf = [this](const QString& name, const QStringList& arguments) {
-        const Result result =
+        const ProgramResult result =
             runWithPlugin(arguments + QStringList{QStringLiteral("--screenshot"), path(name)});
         const QImage picture(path(name));
         int length = 0;
@@ -432,7 +404,7 @@ void tst_zolta_host::runsWithoutWindowsIgnoreTheEditorsSettings()
 {
     QVERIFY(QDir(m_folder.path()).mkpath(QStringLiteral("zolta")));
     const QString file = write(QStringLiteral("zolta/editors.json"), "damaged");
-    const Result result = runWithPlugin({QStringLiteral("--list")});
+    const ProgramResult result = runWithPlugin({QStringLiteral("--list")});
     QCOMPARE(result.code, 0);
     QCOMPARE(result.errors, QString());
     QCOMPARE(contentOf(file), QByteArray("damaged"));
@@ -441,25 +413,11 @@ void tst_zolta_host::runsWithoutWindowsIgnoreTheEditorsSettings()
     QVERIFY(!QFile::exists(file));
 }
 
-QProcessEnvironment tst_zolta_host::offscreen() const
-{
-    QProcessEnvironment offscreen = environment();
-    offscreen.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-    return offscreen;
-}
-
 void tst_zolta_host::windowsSayThatSettingsAreDamaged()
 {
     QVERIFY(QDir(m_folder.path()).mkpath(QStringLiteral("zolta")));
     const QString file = write(QStringLiteral("zolta/editors.json"), "damaged");
-    QProcess process;
-    process.setProcessEnvironment(offscreen());
-    process.start(QStringLiteral(HOST_PROGRAM),
-                  {QStringLiteral("--plugin"),
-                   QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so"),
-                   QStringLiteral("--state"), path(QStringLiteral("missing.state"))});
-    QVERIFY(process.waitForFinished(120000));
-    const QString errors = QString::fromUtf8(process.readAllStandardError());
+    const QString errors = runWindows().errors;
     QVERIFY2(errors.startsWith(
                  QStringLiteral("zolta-host: The editors' settings in %1 are damaged and ignored: ")
                      .arg(file)),
@@ -470,18 +428,12 @@ void tst_zolta_host::windowsSayThatSettingsAreDamaged()
 
 void tst_zolta_host::opensWindowsOnAPlatform()
 {
-    QProcess process;
-    process.setProcessEnvironment(offscreen());
-    process.start(QStringLiteral(HOST_PROGRAM),
-                  {QStringLiteral("--plugin"),
-                   QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so"),
-                   QStringLiteral("--state"), path(QStringLiteral("missing.state"))});
-    QVERIFY(process.waitForFinished(120000));
-    QCOMPARE(process.exitCode(), 1);
-    QVERIFY(QString::fromUtf8(process.readAllStandardError())
-                .contains(QStringLiteral("The state file %1 cannot be read: No such file or "
-                                         "directory.")
-                              .arg(path(QStringLiteral("missing.state")))));
+    const ProgramResult result = runWindows();
+    QCOMPARE(result.code, 1);
+    QVERIFY(
+        result.errors.contains(QStringLiteral("The state file %1 cannot be read: No such file or "
+                                              "directory.")
+                                   .arg(path(QStringLiteral("missing.state")))));
 }
 
 void tst_zolta_host::headlessRunsReadAGivenSession()
@@ -489,7 +441,8 @@ void tst_zolta_host::headlessRunsReadAGivenSession()
     const QByteArray bytes = "{\"zolta-session\": 1, \"channels\": [{\"equalizer\": "
                              "{\"Low gain\": \"+7.5\"}}]}";
     const QString file = write(QStringLiteral("given.json"), bytes);
-    Result result = runWithPlugin({QStringLiteral("--list"), QStringLiteral("--session"), file});
+    ProgramResult result =
+        runWithPlugin({QStringLiteral("--list"), QStringLiteral("--session"), file});
     QCOMPARE(result.code, 0);
     QVERIFY(
         result.output.contains(QLatin1String("fx_rackfx_prm_3\t259\t-200\t200\t0\t75\t+7.5\n")));
@@ -516,14 +469,7 @@ void tst_zolta_host::windowsKeepADamagedSessionAside()
 {
     QVERIFY(QDir(m_folder.path()).mkpath(QStringLiteral("zolta-host")));
     const QString file = write(QStringLiteral("zolta-host/session.json"), "damaged");
-    QProcess process;
-    process.setProcessEnvironment(offscreen());
-    process.start(QStringLiteral(HOST_PROGRAM),
-                  {QStringLiteral("--plugin"),
-                   QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so"),
-                   QStringLiteral("--state"), path(QStringLiteral("missing.state"))});
-    QVERIFY(process.waitForFinished(120000));
-    const QString errors = QString::fromUtf8(process.readAllStandardError());
+    const QString errors = runWindows().errors;
     QVERIFY2(errors.contains(
                  QStringLiteral("zolta-host: The session %1 is damaged and not used: ").arg(file)),
              qPrintable(errors));

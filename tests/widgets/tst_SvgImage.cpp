@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/support/ImageDifference.h"
 #include "tests/support/TestObject.h"
 #include "tests/widgets/SvgFiles.h"
 #include "widgets/SvgImage.h"
@@ -61,27 +62,6 @@ QImage drawn(const QSize& size, double ratio, QColor ground, const Drawing& draw
     QPainter painter(&image);
     drawing(painter);
     return image;
-}
-
-int channelDifference(QRgb a, QRgb b)
-{
-    return std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)),
-                     std::abs(qBlue(a) - qBlue(b)), std::abs(qAlpha(a) - qAlpha(b))});
-}
-
-/// The largest difference of any channel of any pixel.
-int difference(const QImage& a, const QImage& b)
-{
-    if (a.size() != b.size())
-        return 256;
-    int largest = 0;
-    for (int y = 0; y < a.height(); ++y) {
-        const auto* left = reinterpret_cast<const QRgb*>(a.constScanLine(y));
-        const auto* right = reinterpret_cast<const QRgb*>(b.constScanLine(y));
-        for (int x = 0; x < a.width(); ++x)
-            largest = std::max(largest, channelDifference(left[x], right[x]));
-    }
-    return largest;
 }
 
 /// How many shapes of a picture lie over another one.
@@ -307,7 +287,7 @@ void tst_SvgImage::equalsDirectRendering()
     for (int pass = 0; pass < 2; ++pass) {
         const QImage seen =
             drawn({60, 60}, ratio, Qt::gray, [&](QPainter& painter) { image.draw(painter, rect); });
-        QCOMPARE_LE(difference(seen, wanted), tolerance);
+        QCOMPARE_LE(imageDifference(seen, wanted), tolerance);
     }
 }
 
@@ -336,7 +316,7 @@ void tst_SvgImage::equalsDirectRenderingUnderOpacity()
         painter.setOpacity(opacity);
         image.draw(painter, rect);
     });
-    QCOMPARE_LE(difference(seen, wanted), std::max(overlaps(name.toLatin1()), 1));
+    QCOMPARE_LE(imageDifference(seen, wanted), std::max(overlaps(name.toLatin1()), 1));
 }
 
 void tst_SvgImage::opaquePixelsAreExact_data() { equalsDirectRendering_data(); }
@@ -373,7 +353,7 @@ void tst_SvgImage::equalsDirectRenderingOnATransparentGround()
             drawn({60, 60}, 1.0, Qt::transparent, direct(QString::fromLatin1(name), rect));
         const QImage seen = drawn({60, 60}, 1.0, Qt::transparent,
                                   [&](QPainter& painter) { image.draw(painter, rect); });
-        QCOMPARE(difference(seen, wanted), 0);
+        QCOMPARE(imageDifference(seen, wanted), 0);
     }
 }
 
@@ -395,7 +375,7 @@ void tst_SvgImage::equalsDirectRenderingUnderAClip()
     };
     const QImage wanted = clipped(direct(QStringLiteral("apart"), rect));
     const QImage seen = clipped([&](QPainter& painter) { image.draw(painter, rect); });
-    QCOMPARE(difference(seen, wanted), 0);
+    QCOMPARE(imageDifference(seen, wanted), 0);
 }
 
 void tst_SvgImage::equalsDirectRenderingUnderTransformations_data()
@@ -426,8 +406,9 @@ void tst_SvgImage::equalsDirectRenderingUnderTransformations()
         });
     };
     const QImage wanted = transformed(direct(QStringLiteral("apart"), rect));
-    QCOMPARE(difference(transformed([&](QPainter& painter) { image.draw(painter, rect); }), wanted),
-             0);
+    QCOMPARE(
+        imageDifference(transformed([&](QPainter& painter) { image.draw(painter, rect); }), wanted),
+        0);
 
     const auto windowed = [&](const Drawing& drawing) {
         return drawn({60, 60}, 1.25, Qt::gray, [&](QPainter& painter) {
@@ -437,8 +418,8 @@ void tst_SvgImage::equalsDirectRenderingUnderTransformations()
             drawing(painter);
         });
     };
-    QCOMPARE(difference(windowed([&](QPainter& painter) { image.draw(painter, rect); }),
-                        windowed(direct(QStringLiteral("apart"), rect))),
+    QCOMPARE(imageDifference(windowed([&](QPainter& painter) { image.draw(painter, rect); }),
+                             windowed(direct(QStringLiteral("apart"), rect))),
              0);
 }
 
@@ -470,7 +451,7 @@ void tst_SvgImage::equalsDirectRenderingInChildWidgets()
         painter.setClipRect(18, 22, 23, 29);
         direct(QStringLiteral("apart"), QRectF(18, 22, 23, 29))(painter);
     });
-    QCOMPARE(difference(seen, wanted), 0);
+    QCOMPARE(imageDifference(seen, wanted), 0);
 }
 
 void tst_SvgImage::leavesThePainterAsItWas()
@@ -630,7 +611,7 @@ void tst_SvgImage::blursAsTheEffectDoes()
         const QImage seen = drawn({100, 100}, ratio, Qt::transparent, [&](QPainter& painter) {
             image.drawBlurred(painter, rect, radius, {0, 0, 100, 100});
         });
-        QCOMPARE_LE(difference(seen, wanted), 1);
+        QCOMPARE_LE(imageDifference(seen, wanted), 1);
     }
 }
 
@@ -681,7 +662,7 @@ void tst_SvgImage::blurUnderATurningPainter()
         turn(painter);
         image.drawBlurred(painter, rect, 3.0, {0, 0, 100, 100});
     });
-    QCOMPARE_LE(difference(seen, wanted), 1);
+    QCOMPARE_LE(imageDifference(seen, wanted), 1);
 }
 
 void tst_SvgImage::isTranslucentAsTheEffectIs_data()
@@ -711,7 +692,7 @@ void tst_SvgImage::isTranslucentAsTheEffectIs()
         const QImage seen = drawn({60, 60}, ratio, Qt::transparent, [&](QPainter& painter) {
             image.drawTranslucent(painter, rect, opacity, {0, 0, 60, 60});
         });
-        QCOMPARE_LE(difference(seen, wanted), 1);
+        QCOMPARE_LE(imageDifference(seen, wanted), 1);
     }
 }
 
@@ -736,7 +717,7 @@ void tst_SvgImage::translucencyUnderATurningPainter()
         turn(painter);
         image.drawTranslucent(painter, rect, 0.4, {0, 0, 100, 100});
     });
-    QCOMPARE_LE(difference(seen, wanted), 1);
+    QCOMPARE_LE(imageDifference(seen, wanted), 1);
     QCOMPARE(SvgRasters::count(), before);
 }
 

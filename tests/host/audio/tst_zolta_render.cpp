@@ -2,10 +2,10 @@
 // Runs "zolta-host --render" itself.
 #include "tests/host/StateBytes.h"
 #include "tests/host/audio/SoundFiles.h"
+#include "tests/support/ProgramRunner.h"
 #include "tests/support/TestObject.h"
 
 #include <QDir>
-#include <QProcess>
 #include <QTemporaryDir>
 
 #include <csignal>
@@ -36,15 +36,8 @@ private Q_SLOTS:
     void showsProgressOnATerminalOnly();
 
 private:
-    struct Result
-    {
-        int code;
-        QString output;
-        QString errors;
-    };
-
-    Result run(const QStringList& arguments) const;
-    void prepare(QProcess* process) const;
+    ProgramRunner program() const { return {QStringLiteral(HOST_PROGRAM), m_folder->path()}; }
+    ProgramResult run(const QStringList& arguments) const { return program().run(arguments); }
     QString path(const char* name) const { return m_folder->filePath(QLatin1String(name)); }
     bool writesInFolder(const QProcess& process) const;
     QString writeNoise(const char* name, std::size_t frames = 20000) const;
@@ -56,33 +49,6 @@ void tst_zolta_render::init()
 {
     TestObject::init();
     m_folder = std::make_unique<QTemporaryDir>();
-}
-
-void tst_zolta_render::prepare(QProcess* process) const
-{
-    QProcessEnvironment bare;
-    const QProcessEnvironment system = QProcessEnvironment::systemEnvironment();
-    for (const char* name : {"ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS"}) {
-        if (system.contains(QLatin1String(name)))
-            bare.insert(QLatin1String(name), system.value(QLatin1String(name)));
-    }
-    bare.insert(QStringLiteral("HOME"), m_folder->path());
-    bare.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_folder->path());
-    process->setProcessEnvironment(bare);
-    process->setWorkingDirectory(m_folder->path());
-    process->setProgram(QStringLiteral(HOST_PROGRAM));
-}
-
-tst_zolta_render::Result tst_zolta_render::run(const QStringList& arguments) const
-{
-    QProcess process;
-    prepare(&process);
-    process.setArguments(arguments);
-    process.start();
-    if (!process.waitForFinished(120000) || process.exitStatus() != QProcess::NormalExit)
-        return {-1, QString(), process.errorString()};
-    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
 }
 
 QString tst_zolta_render::writeNoise(const char* name, std::size_t frames) const
@@ -108,7 +74,7 @@ bool tst_zolta_render::writesInFolder(const QProcess& process) const
 void tst_zolta_render::needsNoDisplayAndNoPlugin()
 {
     writeNoise("in.wav");
-    const Result result =
+    const ProgramResult result =
         run({QStringLiteral("--plugin"), QStringLiteral("nowhere.so"), QStringLiteral("--render"),
              QStringLiteral("in.wav"), QStringLiteral("out.flac")});
     QCOMPARE(result.errors, QString());
@@ -120,7 +86,7 @@ void tst_zolta_render::needsNoDisplayAndNoPlugin()
 void tst_zolta_render::followsSettings()
 {
     writeNoise("in.wav");
-    const Result result =
+    const ProgramResult result =
         run({QStringLiteral("--render"), QStringLiteral("in.wav"), QStringLiteral("out.wav"),
              QStringLiteral("--float"), QStringLiteral("--channel"), QStringLiteral("5"),
              QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_26=-20")});
@@ -150,7 +116,7 @@ void tst_zolta_render::stateAndSettingsCountAsInTheEditor()
           "fx_rackfx_prm_9=@333", "fx_rackfx_prm_21=@2"})
         settings << QStringLiteral("--set") << QString::fromLatin1(setting);
     const QStringList render = {QStringLiteral("--render"), QStringLiteral("in.wav")};
-    const Result saved =
+    const ProgramResult saved =
         run(settings + QStringList{QStringLiteral("--save-state"), QStringLiteral("a.vstpreset")});
     QCOMPARE(saved.errors, QString());
     QCOMPARE(saved.code, 0);
@@ -184,7 +150,7 @@ void tst_zolta_render::refusesArguments()
 {
     QFETCH(const QString, words);
     QFETCH(const QString, expected);
-    const Result result = run(words.split(QLatin1Char(' ')));
+    const ProgramResult result = run(words.split(QLatin1Char(' ')));
     QCOMPARE(result.code, 2);
     QCOMPARE(result.errors, QStringLiteral("zolta-host: %1\n").arg(expected));
 }
@@ -220,7 +186,7 @@ void tst_zolta_render::saysWhatIsWrong()
                       Sound{SF_FORMAT_WAV | SF_FORMAT_PCM_16, 48000, 20, SoundFiles::noise(2000)});
     QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("folder.wav")));
     SoundFiles::writeBytes(path("bad.state"), StateBytes::state().left(100));
-    const Result result =
+    const ProgramResult result =
         run(QStringList(QStringLiteral("--render")) + words.split(QLatin1Char(' ')));
     QCOMPARE(result.errors, QStringLiteral("zolta-host: %1\n").arg(expected));
     QCOMPARE(result.code, 1);
@@ -232,7 +198,7 @@ void tst_zolta_render::warnsAboutClippingAndDamage()
     sound.samples[2 * 700 + 1] = std::nan("");
     sound.samples[2 * 900] = 1.5;
     SoundFiles::write(path("in.wav"), sound);
-    const Result result =
+    const ProgramResult result =
         run({QStringLiteral("--render"), QStringLiteral("in.wav"), QStringLiteral("out.flac")});
     QCOMPARE(result.code, 0);
     QCOMPARE(
@@ -249,7 +215,7 @@ void tst_zolta_render::saysThatTheDiskIsFull()
     writeNoise("in.wav", 200000);
     SoundFiles::writeBytes(path("out.wav"), "old");
     QProcess process;
-    prepare(&process);
+    program().prepare(&process);
     process.setArguments(
         {QStringLiteral("--render"), QStringLiteral("in.wav"), QStringLiteral("out.wav")});
     process.setChildProcessModifier([] {
@@ -271,7 +237,7 @@ void tst_zolta_render::controlCLeavesNothing()
 {
     writeNoise("in.wav", 20000000);
     QProcess process;
-    prepare(&process);
+    program().prepare(&process);
     process.setArguments(
         {QStringLiteral("--render"), QStringLiteral("in.wav"), QStringLiteral("out.wav")});
     process.start();
@@ -291,7 +257,7 @@ void tst_zolta_render::showsProgressOnATerminalOnly()
     QVERIFY(terminal >= 0 && ::grantpt(terminal) == 0 && ::unlockpt(terminal) == 0);
     const int line = ::open(::ptsname(terminal), O_RDWR | O_NOCTTY);
     QProcess process;
-    prepare(&process);
+    program().prepare(&process);
     process.setArguments(
         {QStringLiteral("--render"), QStringLiteral("in.wav"), QStringLiteral("out.wav")});
     process.setChildProcessModifier([line] { ::dup2(line, STDERR_FILENO); });
