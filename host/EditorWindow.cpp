@@ -1,22 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/EditorWindow.h"
 
+#include "host/EditorToolBar.h"
 #include "host/HistoryMenu.h"
-#include "host/HostTheme.h"
 #include "host/LanguageMenu.h"
 #include "host/Mixer.h"
-#include "host/ParameterListModel.h"
+#include "host/ParameterListView.h"
 #include "host/mixer/ResponseView.h"
 #include "host/mixer/Transport.h"
 #include "host/presets/FactoryPresets.h"
 #include "host/presets/PresetMenu.h"
 
-#include <QActionGroup>
-#include <QComboBox>
 #include <QCoreApplication>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QHeaderView>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMenu>
@@ -25,28 +22,14 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QShowEvent>
-#include <QSpinBox>
 #include <QSplitter>
 #include <QStatusBar>
-#include <QTableView>
-#include <QToolBar>
 #include <QVBoxLayout>
-
-#include <cmath>
 
 namespace {
 
-constexpr int smallestZoom = 50;
-constexpr int largestZoom = 400;
-constexpr int zoomStep = 25;
-constexpr int tableWidth = 460;
-constexpr int rowHeight = 20;
 constexpr int barsHeight = 100; // menu, tool and status bar
 constexpr int messageTime = 8000;
-constexpr int stereoIndex = 0;
-constexpr int monoIndex = 1;
-
-int percentOf(double scale) { return static_cast<int>(std::lround(scale * 100.0)); }
 
 QString stateFilter()
 {
@@ -79,12 +62,9 @@ EditorWindow::EditorWindow(Mixer& mixer, std::unique_ptr<QWidget> stage,
 
 EditorWindow::~EditorWindow() = default;
 
-void EditorWindow::setStereo(bool stereo)
-{
-    m_stereo->setCurrentIndex(stereo ? stereoIndex : monoIndex);
-}
+void EditorWindow::setStereo(bool stereo) { m_bar->setStereo(stereo); }
 
-void EditorWindow::setScale(double scale) { m_zoom->setValue(percentOf(scale)); }
+void EditorWindow::setScale(double scale) { m_bar->setScale(scale); }
 
 void EditorWindow::setMeasured(bool measured) { m_measured->setChecked(measured); }
 
@@ -179,12 +159,12 @@ void EditorWindow::buildPresetMenu(QMenu* menu)
 void EditorWindow::buildViewMenu(QMenu* menu)
 {
     addItem(
-        menu, [] { return tr("Zoom &In"); }, QKeySequence::ZoomIn, [this] { zoomBy(zoomStep); });
+        menu, [] { return tr("Zoom &In"); }, QKeySequence::ZoomIn, [this] { m_bar->zoomBy(1); });
     addItem(
-        menu, [] { return tr("Zoom &Out"); }, QKeySequence::ZoomOut, [this] { zoomBy(-zoomStep); });
+        menu, [] { return tr("Zoom &Out"); }, QKeySequence::ZoomOut, [this] { m_bar->zoomBy(-1); });
     addItem(
         menu, [] { return tr("&Actual Size"); }, QKeySequence(Qt::CTRL | Qt::Key_0),
-        [this] { m_zoom->setValue(100); });
+        [this] { setScale(1.0); });
     menu->addSeparator();
     m_measured = addItem(
         menu, [] { return tr("Measured &Response"); }, QKeySequence(Qt::CTRL | Qt::Key_R), [] {});
@@ -208,103 +188,11 @@ QAction* EditorWindow::addItem(QMenu* menu, const LiveTexts::Text& text, const Q
 
 void EditorWindow::buildToolBar()
 {
-    auto* bar = addToolBar(QString());
-    m_texts.add([bar] { bar->setWindowTitle(tr("Editor")); });
-    bar->setMovable(false);
-    bar->setContextMenuPolicy(Qt::PreventContextMenu);
-    applyHostSheet(bar);
-    addCompare(bar);
-    addZoom(bar);
-    addStereo(bar);
-    addSampleRate(bar);
-    addModes(bar);
-}
-
-void EditorWindow::addZoom(QToolBar* bar)
-{
-    m_zoom = new QSpinBox(bar);
-    m_zoom->setRange(smallestZoom, largestZoom);
-    m_zoom->setSingleStep(zoomStep);
-    m_texts.add([this] { m_zoom->setSuffix(tr(" %")); });
-    m_zoom->setKeyboardTracking(false);
-    m_zoom->setValue(percentOf(settings().scale));
-    connect(m_zoom, &QSpinBox::valueChanged, this,
-            [this](int percent) { m_session->setScale(percent / 100.0); });
-    bar->addWidget(m_texts.label(bar, [] { return tr("Zoom"); }));
-    bar->addWidget(m_zoom);
-}
-
-void EditorWindow::addStereo(QToolBar* bar)
-{
-    m_stereo = m_texts.choice(bar, [] { return QStringList{tr("Stereo"), tr("Mono")}; });
-    m_stereo->setCurrentIndex(settings().stereo ? stereoIndex : monoIndex);
-    connect(m_stereo, &QComboBox::currentIndexChanged, this, [this](int index) {
-        m_session->setStereo(index == stereoIndex);
-        showTitle();
-    });
-    connect(m_stereo, &QComboBox::activated, this,
-            [this](int index) { Q_EMIT stereoChosen(index == stereoIndex); });
-    bar->addWidget(m_texts.label(bar, [] { return tr("Channel"); }));
-    bar->addWidget(m_stereo);
-}
-
-void EditorWindow::addSampleRate(QToolBar* bar)
-{
-    auto* rates = new QComboBox(bar);
-    for (const int rate : {44100, 48000, 88200, 96000, 176400, 192000})
-        rates->addItem(QStringLiteral("%1 Hz").arg(rate), rate);
-    const int current = settings().sampleRate;
-    if (rates->findData(current) < 0)
-        rates->addItem(QStringLiteral("%1 Hz").arg(current), current);
-    rates->setCurrentIndex(rates->findData(current));
-    connect(rates, &QComboBox::currentIndexChanged, this,
-            [this, rates] { setSampleRate(rates->currentData().toInt()); });
-    bar->addWidget(m_texts.label(bar, [] { return tr("Sampling rate"); }));
-    bar->addWidget(rates);
-}
-
-void EditorWindow::addModes(QToolBar* bar)
-{
-    auto* dials = m_texts.choice(bar, [] {
-        return QStringList{tr("Circular"), tr("Relative circular"), tr("Linear")};
-    });
-    dials->setCurrentIndex(settings().dialMode);
-    connect(dials, &QComboBox::currentIndexChanged, this,
-            [this](int mode) { m_session->setDialMode(mode); });
-    auto* sliders = m_texts.choice(bar, [] {
-        return QStringList{tr("Relative"), tr("Jump"), tr("Touch"), tr("Ramp")};
-    });
-    sliders->setCurrentIndex(settings().sliderMode);
-    connect(sliders, &QComboBox::currentIndexChanged, this,
-            [this](int mode) { m_session->setSliderMode(mode); });
-    bar->addWidget(m_texts.label(bar, [] { return tr("Dials"); }));
-    bar->addWidget(dials);
-    bar->addWidget(m_texts.label(bar, [] { return tr("Sliders"); }));
-    bar->addWidget(sliders);
-}
-
-void EditorWindow::addCompare(QToolBar* bar)
-{
-    auto* group = new QActionGroup(this);
-    const auto addChoice = [this, bar, group](const QString& letter, bool isB) {
-        QAction* action = bar->addAction(letter);
-        action->setCheckable(true);
-        group->addAction(action);
-        m_texts.add([action, letter] { action->setToolTip(tr("Settings %1").arg(letter)); });
-        connect(action, &QAction::triggered, this,
-                [this, isB] { m_mixer.desk.compare().choose(settings().channel, isB); });
-        return action;
-    };
-    m_chooseA = addChoice(QStringLiteral("A"), false);
-    m_chooseB = addChoice(QStringLiteral("B"), true);
-    connect(&m_mixer.desk.compare(), &ChannelCompare::chosen, this, &EditorWindow::showCompare);
-    showCompare();
-}
-
-void EditorWindow::showCompare()
-{
-    const bool isB = m_mixer.desk.compare().isB(settings().channel);
-    (isB ? m_chooseB : m_chooseA)->setChecked(true);
+    m_bar = new EditorToolBar(*m_session, m_mixer.desk.compare(), this);
+    connect(m_bar, &EditorToolBar::stereoChanged, this, &EditorWindow::showTitle);
+    connect(m_bar, &EditorToolBar::stereoChosen, this, &EditorWindow::stereoChosen);
+    connect(m_bar, &EditorToolBar::sampleRateChanged, m_response, &ResponseView::setSampleRate);
+    addToolBar(m_bar);
 }
 
 void EditorWindow::buildStatus()
@@ -361,44 +249,19 @@ void EditorWindow::showMeasured(bool measured)
     resize(QSize(width(), height() + change).boundedTo(screen()->availableSize()));
 }
 
-void EditorWindow::setSampleRate(int hertz)
-{
-    m_session->setSampleRate(hertz);
-    m_response->setSampleRate(hertz);
-}
-
 QWidget* EditorWindow::buildTable()
 {
-    m_parameters = new ParameterListModel(m_mixer.memory, settings().channel, this);
-    connect(m_parameters, &ParameterListModel::refused, this,
+    m_table = new ParameterListView(m_mixer.memory, settings().channel, this);
+    connect(m_table, &ParameterListView::refused, this,
             [this](const QString& reason) { statusBar()->showMessage(reason, messageTime); });
-    m_table = new QTableView(this);
-    applyHostSheet(m_table);
-    m_table->setModel(m_parameters);
-    m_table->setAlternatingRowColors(true);
-    m_table->setShowGrid(false);
-    m_table->setWordWrap(false);
-    m_table->setIconSize(QSize(6, 14));
-    m_table->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
-                             QAbstractItemView::AnyKeyPressed);
-    m_table->setSelectionMode(QAbstractItemView::SingleSelection);
-    m_table->verticalHeader()->hide();
-    m_table->verticalHeader()->setMinimumSectionSize(rowHeight);
-    m_table->verticalHeader()->setDefaultSectionSize(rowHeight);
-    m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    m_table->horizontalHeader()->setSectionResizeMode(ParameterListModel::ValueColumn,
-                                                      QHeaderView::Stretch);
-    m_table->setMinimumWidth(tableWidth);
     return m_table;
 }
 
 void EditorWindow::changeEvent(QEvent* event)
 {
     QMainWindow::changeEvent(event);
-    if (event->type() != QEvent::LanguageChange)
-        return;
-    m_texts.sayAgain();
-    m_parameters->sayAgain();
+    if (event->type() == QEvent::LanguageChange)
+        m_texts.sayAgain();
 }
 
 void EditorWindow::closeEvent(QCloseEvent* event)
@@ -416,10 +279,9 @@ void EditorWindow::showEvent(QShowEvent* event)
 
 void EditorWindow::chooseSize()
 {
-    const int tableHeight =
-        m_table->horizontalHeader()->sizeHint().height() + m_parameters->rowCount() * rowHeight;
-    const QSize wanted(m_stage->width() + 1 + tableWidth,
-                       qMax(m_stage->height(), tableHeight) + barsHeight);
+    const QSize table = m_table->sizeHint();
+    const QSize wanted(m_stage->width() + 1 + table.width(),
+                       qMax(m_stage->height(), table.height()) + barsHeight);
     resize(wanted.boundedTo(screen()->availableSize()));
 }
 
@@ -432,8 +294,6 @@ void EditorWindow::showTitle()
     const QString name = m_mixer.desk.name(channel);
     setWindowTitle(name.isEmpty() ? title : name + QLatin1String(" - ") + title);
 }
-
-void EditorWindow::zoomBy(int percent) { m_zoom->setValue(m_zoom->value() + percent); }
 
 void EditorWindow::loadState()
 {

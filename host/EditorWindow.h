@@ -9,15 +9,12 @@
 #include <memory>
 
 struct Mixer;
-class ParameterListModel;
+class EditorToolBar;
+class ParameterListView;
 class PresetMenu;
 class QAction;
-class QComboBox;
 class QLabel;
 class QMenu;
-class QSpinBox;
-class QTableView;
-class QToolBar;
 class ResponseView;
 
 /// The window of one open editor: the editor, what it can be switched between, presets, the
@@ -70,21 +67,13 @@ private:
     template <typename Slot>
     QAction* addItem(QMenu* menu, const LiveTexts::Text& text, const QKeySequence& keys, Slot slot);
     void buildToolBar();
-    void addZoom(QToolBar* bar);
-    void addStereo(QToolBar* bar);
-    void addSampleRate(QToolBar* bar);
-    void addModes(QToolBar* bar);
-    void addCompare(QToolBar* bar);
-    void showCompare();
     void buildStatus();
     void showAudio();
     QWidget* buildEditorArea(std::unique_ptr<QWidget> stage);
     QWidget* buildTable();
     void showMeasured(bool measured);
-    void setSampleRate(int hertz);
     void chooseSize();
     void showTitle();
-    void zoomBy(int percent);
     void loadState();
     void saveState();
     void resetToDefaults();
@@ -96,15 +85,11 @@ private:
     Mixer& m_mixer;
     LiveTexts m_texts;
     std::unique_ptr<EditorSession> m_session;
-    ParameterListModel* m_parameters = nullptr;
     QWidget* m_stage = nullptr;
     ResponseView* m_response = nullptr;
     QAction* m_measured = nullptr;
-    QTableView* m_table = nullptr;
-    QSpinBox* m_zoom = nullptr;
-    QComboBox* m_stereo = nullptr;
+    ParameterListView* m_table = nullptr;
+    EditorToolBar* m_bar = nullptr;
     PresetMenu* m_presets = nullptr;
-    QAction* m_chooseA = nullptr;
-    QAction* m_chooseB = nullptr;
     QLabel* m_audio = nullptr;
 };

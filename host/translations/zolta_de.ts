@@ -3,63 +3,7 @@
 <!-- SPDX-License-Identifier: GPL-3.0-or-later -->
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
-    <name>EditorWindow</name>
-    <message>
-        <source>Presets (*.vstpreset);;Plain states (*.state);;All files (*)</source>
-        <translation>Presets (*.vstpreset);;Reine Zustände (*.state);;Alle Dateien (*)</translation>
-    </message>
-    <message>
-        <source>&amp;File</source>
-        <translation>&amp;Datei</translation>
-    </message>
-    <message>
-        <source>&amp;View</source>
-        <translation>&amp;Ansicht</translation>
-    </message>
-    <message>
-        <source>&amp;Load State...</source>
-        <translation>Zustand &amp;laden ...</translation>
-    </message>
-    <message>
-        <source>&amp;Save State...</source>
-        <translation>Zustand &amp;speichern ...</translation>
-    </message>
-    <message>
-        <source>&amp;Reset to Defaults</source>
-        <translation>&amp;Auf Vorgaben zurücksetzen</translation>
-    </message>
-    <message>
-        <source>&amp;Close</source>
-        <translation>S&amp;chließen</translation>
-    </message>
-    <message>
-        <source>&amp;Quit</source>
-        <translation>&amp;Beenden</translation>
-    </message>
-    <message>
-        <source>Zoom &amp;In</source>
-        <translation>Ver&amp;größern</translation>
-    </message>
-    <message>
-        <source>Zoom &amp;Out</source>
-        <translation>Ver&amp;kleinern</translation>
-    </message>
-    <message>
-        <source>&amp;Actual Size</source>
-        <translation>&amp;Originalgröße</translation>
-    </message>
-    <message>
-        <source>Measured &amp;Response</source>
-        <translation>Gemessener &amp;Frequenzgang</translation>
-    </message>
-    <message>
-        <source>Measured response</source>
-        <translation>Gemessener Frequenzgang</translation>
-    </message>
-    <message>
-        <source>&amp;Mixer</source>
-        <translation>&amp;Mischpult</translation>
-    </message>
+    <name>EditorToolBar</name>
     <message>
         <source>Editor</source>
         <translation>Editor</translation>
@@ -123,6 +67,69 @@
     <message>
         <source>Sliders</source>
         <translation>Schieberegler</translation>
+    </message>
+    <message>
+        <source>Settings %1</source>
+        <translation>Einstellungen %1</translation>
+    </message>
+</context>
+<context>
+    <name>EditorWindow</name>
+    <message>
+        <source>Presets (*.vstpreset);;Plain states (*.state);;All files (*)</source>
+        <translation>Presets (*.vstpreset);;Reine Zustände (*.state);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Load State...</source>
+        <translation>Zustand &amp;laden ...</translation>
+    </message>
+    <message>
+        <source>&amp;Save State...</source>
+        <translation>Zustand &amp;speichern ...</translation>
+    </message>
+    <message>
+        <source>&amp;Reset to Defaults</source>
+        <translation>&amp;Auf Vorgaben zurücksetzen</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>S&amp;chließen</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;In</source>
+        <translation>Ver&amp;größern</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;Out</source>
+        <translation>Ver&amp;kleinern</translation>
+    </message>
+    <message>
+        <source>&amp;Actual Size</source>
+        <translation>&amp;Originalgröße</translation>
+    </message>
+    <message>
+        <source>Measured &amp;Response</source>
+        <translation>Gemessener &amp;Frequenzgang</translation>
+    </message>
+    <message>
+        <source>Measured response</source>
+        <translation>Gemessener Frequenzgang</translation>
+    </message>
+    <message>
+        <source>&amp;Mixer</source>
+        <translation>&amp;Mischpult</translation>
     </message>
     <message>
         <source>Channels %1 + %2 - Equalizer</source>
@@ -211,10 +218,6 @@
     <message>
         <source>Save as Preset</source>
         <translation>Als Preset speichern</translation>
-    </message>
-    <message>
-        <source>Settings %1</source>
-        <translation>Einstellungen %1</translation>
     </message>
     <message>
         <source>There is a preset %1. Replace it?</source>

@@ -3,63 +3,7 @@
 <!-- SPDX-License-Identifier: GPL-3.0-or-later -->
 <TS version="2.1" language="ja" sourcelanguage="en">
 <context>
-    <name>EditorWindow</name>
-    <message>
-        <source>Presets (*.vstpreset);;Plain states (*.state);;All files (*)</source>
-        <translation>プリセット (*.vstpreset);;ステート (*.state);;すべてのファイル (*)</translation>
-    </message>
-    <message>
-        <source>&amp;File</source>
-        <translation>ファイル(&amp;F)</translation>
-    </message>
-    <message>
-        <source>&amp;View</source>
-        <translation>表示(&amp;V)</translation>
-    </message>
-    <message>
-        <source>&amp;Load State...</source>
-        <translation>ステートを読み込む(&amp;L)...</translation>
-    </message>
-    <message>
-        <source>&amp;Save State...</source>
-        <translation>ステートを保存(&amp;S)...</translation>
-    </message>
-    <message>
-        <source>&amp;Reset to Defaults</source>
-        <translation>初期値に戻す(&amp;R)</translation>
-    </message>
-    <message>
-        <source>&amp;Close</source>
-        <translation>閉じる(&amp;C)</translation>
-    </message>
-    <message>
-        <source>&amp;Quit</source>
-        <translation>終了(&amp;Q)</translation>
-    </message>
-    <message>
-        <source>Zoom &amp;In</source>
-        <translation>拡大(&amp;I)</translation>
-    </message>
-    <message>
-        <source>Zoom &amp;Out</source>
-        <translation>縮小(&amp;O)</translation>
-    </message>
-    <message>
-        <source>&amp;Actual Size</source>
-        <translation>実際のサイズ(&amp;A)</translation>
-    </message>
-    <message>
-        <source>Measured &amp;Response</source>
-        <translation>測定した周波数特性(&amp;R)</translation>
-    </message>
-    <message>
-        <source>Measured response</source>
-        <translation>測定した周波数特性</translation>
-    </message>
-    <message>
-        <source>&amp;Mixer</source>
-        <translation>ミキサー(&amp;M)</translation>
-    </message>
+    <name>EditorToolBar</name>
     <message>
         <source>Editor</source>
         <translation>エディター</translation>
@@ -123,6 +67,69 @@
     <message>
         <source>Sliders</source>
         <translation>スライダー</translation>
+    </message>
+    <message>
+        <source>Settings %1</source>
+        <translation>設定 %1</translation>
+    </message>
+</context>
+<context>
+    <name>EditorWindow</name>
+    <message>
+        <source>Presets (*.vstpreset);;Plain states (*.state);;All files (*)</source>
+        <translation>プリセット (*.vstpreset);;ステート (*.state);;すべてのファイル (*)</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>ファイル(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>表示(&amp;V)</translation>
+    </message>
+    <message>
+        <source>&amp;Load State...</source>
+        <translation>ステートを読み込む(&amp;L)...</translation>
+    </message>
+    <message>
+        <source>&amp;Save State...</source>
+        <translation>ステートを保存(&amp;S)...</translation>
+    </message>
+    <message>
+        <source>&amp;Reset to Defaults</source>
+        <translation>初期値に戻す(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>閉じる(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>終了(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;In</source>
+        <translation>拡大(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;Out</source>
+        <translation>縮小(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Actual Size</source>
+        <translation>実際のサイズ(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Measured &amp;Response</source>
+        <translation>測定した周波数特性(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Measured response</source>
+        <translation>測定した周波数特性</translation>
+    </message>
+    <message>
+        <source>&amp;Mixer</source>
+        <translation>ミキサー(&amp;M)</translation>
     </message>
     <message>
         <source>Channels %1 + %2 - Equalizer</source>
@@ -211,10 +218,6 @@
     <message>
         <source>Save as Preset</source>
         <translation>プリセットとして保存</translation>
-    </message>
-    <message>
-        <source>Settings %1</source>
-        <translation>設定 %1</translation>
     </message>
     <message>
         <source>There is a preset %1. Replace it?</source>

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QTableView>
+
+class HostMemory;
+class ParameterListModel;
+
+/// A channel's parameters as the mixer holds them, in a table that can be edited.
+class ParameterListView : public QTableView
+{
+    Q_OBJECT
+
+public:
+    /// \a memory must outlive it.
+    ParameterListView(HostMemory& memory, int channel, QWidget* parent = nullptr);
+
+    /// As large as it takes to see everything.
+    QSize sizeHint() const override;
+
+Q_SIGNALS:
+    /// A text that was typed is no value; \a reason is a sentence.
+    void refused(const QString& reason);
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    ParameterListModel* m_parameters;
+};
