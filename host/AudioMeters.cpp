@@ -17,7 +17,7 @@ MeterLevels AudioMeters::read(int channel, const std::array<int, parameterCount>
     const std::uint64_t blocks = m_engine.blocks();
     c.idle = blocks == c.blocks ? c.idle + seconds : 0.0;
     c.blocks = blocks;
-    if (isAudioRunning(channel)) {
+    if (c.idle < patience) {
         const MeterLevels levels = m_engine.levels(channel);
         c.send.setTenths(levels.send);
         c.returned.setTenths(levels.returned);
@@ -26,9 +26,4 @@ MeterLevels AudioMeters::read(int channel, const std::array<int, parameterCount>
         c.returned.update(0.0, seconds);
     }
     return {c.send.tenths(), c.returned.tenths()};
-}
-
-bool AudioMeters::isAudioRunning(int channel) const
-{
-    return m_channels[static_cast<std::size_t>(channel)].idle < patience;
 }

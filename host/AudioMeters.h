@@ -22,14 +22,11 @@ public:
     MeterLevels read(int channel, const std::array<int, parameterCount>& values, int sampleRate,
                      double seconds) override;
 
-    /// Whether audio ran at the last reading of \a channel.
-    bool isAudioRunning(int channel) const;
-
 private:
     struct Channel
     {
-        std::uint64_t blocks = 0;
-        double idle = patience; // seconds without a block
+        std::uint64_t blocks = 0; // at the last reading
+        double idle = patience;   // seconds without a block
         PeakLevel send;
         PeakLevel returned;
     };

@@ -13,8 +13,9 @@ class HostMemory;
 
 /// Hands the meters' readings to the memory's meter observers, 30 times a second.
 ///
-/// Only the channels of open editors are read, and the timer runs only while an editor is open and
-/// somebody observes. Where the readings come from is the producer's matter. GUI thread only.
+/// Only the channels that an editor or a strip shows are read, and the timer runs only while one is
+/// shown and somebody observes. Where the readings come from is the producer's matter. GUI thread
+/// only.
 class MeterSource
 {
 public:

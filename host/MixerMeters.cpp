@@ -15,5 +15,5 @@ MeterLevels MixerMeters::read(int channel, const std::array<int, parameterCount>
     const int leader = m_desk.leaderOf(channel);
     if (m_desk.memory().strip(leader, StripParameter::Source) != SourceTestSignal)
         return audio;
-    return m_signal.read(channel, values, sampleRate, seconds);
+    return m_signal.read(channel, m_desk.soundingValues(channel), sampleRate, seconds);
 }

@@ -2,6 +2,7 @@
 #include "host/audio/AudioDevice.h"
 
 #include "host/audio/AudioDevices.h"
+#include "host/engine/ChannelProcessor.h"
 
 #include <algorithm>
 #include <array>
@@ -46,7 +47,8 @@ int chooseRate(const AudioDeviceInfo& device, const AudioDeviceSettings& setting
 {
     if (settings.rate > 0)
         return settings.rate;
-    return device.runsAt(soundRate) ? soundRate : device.preferredRate;
+    const bool suits = soundRate > ChannelProcessor::allBandsRate && device.runsAt(soundRate);
+    return suits ? soundRate : device.preferredRate;
 }
 
 // The same device if it takes in sound, otherwise its system's default.

@@ -47,8 +47,9 @@ public:
     AudioDevice(const AudioDevice&) = delete;
     AudioDevice& operator=(const AudioDevice&) = delete;
 
-    /// Opens the device without starting it. Without a rate in the settings, \a soundRate is used
-    /// if the device runs at it (0 for none), otherwise the rate that the device prefers.
+    /// Opens the device without starting it. Without a rate in the settings, \a soundRate (0 for
+    /// none) is used if the device runs at it and every band is heard there, otherwise the rate
+    /// that the device prefers.
     QString open(const Settings& settings, int soundRate);
     /// Starts; \a source must outlive the playing.
     QString start(Source* source);

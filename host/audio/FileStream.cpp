@@ -47,7 +47,8 @@ void FileStream::start(std::int64_t frame, int deviceRate, bool looping)
     m_reader->seek(frame);
     m_start = m_reader->position();
     m_fileFramesPerFrame = double(rate()) / deviceRate;
-    m_looping = looping && length() != 0;
+    m_looping = looping;
+    m_readSinceStart = 0;
     m_block = std::make_unique<AudioBlock>(m_reader->channels(), pieceFrames);
     m_resampler = std::make_unique<Resampler>(channels(), rate(), deviceRate);
     m_ring = std::make_unique<RingBuffer>(samples);
@@ -105,10 +106,13 @@ void FileStream::readPiece()
 {
     m_reader->read(m_block.get());
     const bool atEnd = m_block->frames() < m_block->capacity();
-    const bool again = atEnd && m_looping && m_reader->fault().isEmpty();
+    m_readSinceStart += m_block->frames();
+    const bool again = atEnd && m_looping && m_readSinceStart > 0 && m_reader->fault().isEmpty();
     takePiece(*m_block, atEnd && !again);
-    if (again)
+    if (again) {
         m_reader->seek(0);
+        m_readSinceStart = 0;
+    }
     m_allRead = atEnd && !again;
 }
 

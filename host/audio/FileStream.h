@@ -73,7 +73,8 @@ private:
     std::int64_t m_start = 0;
     double m_fileFramesPerFrame = 1.0;
     bool m_looping = false;
-    bool m_allRead = false; // the reading thread's
+    std::size_t m_readSinceStart = 0; // the reading thread's; of this round
+    bool m_allRead = false;           // the reading thread's
 
     std::thread m_thread;
     std::mutex m_mutex;

@@ -36,10 +36,7 @@ void LiveMixer::look()
 // The second channel of a pair runs with the settings of the first one.
 void LiveMixer::publishValues(int channel)
 {
-    const int leader = m_desk->leaderOf(channel);
-    AudioEngine::Values values = m_desk->memory().values(leader);
-    if (m_desk->memory().strip(leader, StripParameter::EqualizerOn) == 0)
-        values = bypassed(values);
+    const AudioEngine::Values values = m_desk->soundingValues(channel);
     AudioEngine::Values& published = m_published[static_cast<std::size_t>(channel)];
     if (values == published)
         return;
@@ -65,7 +62,7 @@ LiveMixer::Strip LiveMixer::wantedStrip(int channel) const
     strip.left = !pair || channel % 2 == 0;
     strip.right = !pair || channel % 2 == 1;
     if (m_desk->isAudible(channel))
-        strip.gain = static_cast<float>(stripGain(memory.strip(leader, StripParameter::Level)));
+        strip.gain = stripGain(memory.strip(leader, StripParameter::Level));
     return strip;
 }
 
@@ -89,6 +86,12 @@ void LiveMixer::prepare(double hertz, bool live)
     if (const Mix* mix = m_mix.take())
         m_target = *mix;
     m_current = m_target;
+    m_rampLength = rampSamples(hertz);
+    for (std::size_t i = 0; i < m_current.size(); ++i) {
+        m_levels[i].jumpTo(m_current[i].gain);
+        m_delays[i].setSampleRate(hertz);
+        m_delays[i].reset();
+    }
 }
 
 void LiveMixer::process(const float* const* inputs, int inputCount, float* const* outputs,
@@ -116,12 +119,27 @@ const float* LiveMixer::inputOf(std::size_t channel, Inputs inputs) const
     return index < inputs.size() ? inputs[index] : nullptr;
 }
 
+// A new source or side comes in once the old one is out.
+void LiveMixer::route(std::size_t channel)
+{
+    Strip& current = m_current[channel];
+    const Strip& target = m_target[channel];
+    LevelRamp& level = m_levels[channel];
+    const bool rerouted = current.source != target.source || current.left != target.left ||
+                          current.right != target.right;
+    const bool ready = !rerouted || (level.value() == 0.0 && !level.isMoving());
+    if (ready)
+        current = target;
+    level.moveTo(ready ? target.gain : 0.0, m_rampLength);
+}
+
 void LiveMixer::playStrips(Inputs inputs, std::size_t first, std::size_t frames)
 {
     if (const Mix* mix = m_mix.take())
         m_target = *mix;
     std::array<float*, channelCount> blocks{};
     for (std::size_t i = 0; i < blocks.size(); ++i) {
+        route(i);
         const float* input = inputOf(i, inputs);
         if (!input) {
             std::fill_n(m_parts[i].begin(), frames, 0.0F);
@@ -131,6 +149,28 @@ void LiveMixer::playStrips(Inputs inputs, std::size_t first, std::size_t frames)
         blocks[i] = m_parts[i].data();
     }
     m_engine.process(std::span<float* const>(blocks), frames);
+    align(frames);
+}
+
+// The drive of one strip delays it; the others wait for it.
+void LiveMixer::align(std::size_t frames)
+{
+    const double latest = latestDelay();
+    for (std::size_t i = 0; i < m_parts.size(); ++i) {
+        m_delays[i].set(m_engine.latency(static_cast<int>(i)) < latest);
+        m_delays[i].process(std::span(m_parts[i]).first(frames));
+    }
+}
+
+// In samples, of the strips that play.
+double LiveMixer::latestDelay() const
+{
+    double latest = 0.0;
+    for (std::size_t i = 0; i < m_current.size(); ++i) {
+        if (m_current[i].source != noSource)
+            latest = std::max(latest, m_engine.latency(static_cast<int>(i)));
+    }
+    return latest;
 }
 
 void LiveMixer::mixDown(Outputs outputs, std::size_t first, std::size_t frames)
@@ -147,26 +187,15 @@ void LiveMixer::mixDown(Outputs outputs, std::size_t first, std::size_t frames)
     }
 }
 
-// Adds a strip to the sides, while its gain moves to where it is wanted.
 void LiveMixer::add(std::size_t channel, std::size_t frames)
 {
-    Strip& current = m_current[channel];
-    const Strip& target = m_target[channel];
-    const bool rerouted = current.source != target.source || current.left != target.left ||
-                          current.right != target.right;
-    const float goal = rerouted ? 0.0F : target.gain;
-    const float step = (goal - current.gain) / static_cast<float>(frames);
+    const Strip& strip = m_current[channel];
     const Part& part = m_parts[channel];
     for (std::size_t i = 0; i < frames; ++i) {
-        const bool last = i + 1 == frames;
-        const float gain = last || step == 0.0F ? goal : current.gain + step * float(i + 1);
-        const float sample = part[i] * gain;
-        if (current.left)
+        const float sample = part[i] * static_cast<float>(m_levels[channel].next());
+        if (strip.left)
             m_left[i] += sample;
-        if (current.right)
+        if (strip.right)
             m_right[i] += sample;
     }
-    current.gain = goal;
-    if (rerouted)
-        current = {target.source, target.left, target.right, 0.0F};
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/audio/AudioCallback.h"
+#include "host/engine/AlignmentDelay.h"
 #include "host/engine/AudioEngine.h"
 
 #include <QTimer>
@@ -20,6 +21,8 @@ class Desk;
 /// sides; of a device with one output only the left is heard. A strip whose equalizer is off lets
 /// the sound past as it is.
 /// Faders, mutes and sources act without clicks; a new source is faded in once the old one is out.
+/// While the drive of one strip delays it, the others are held back as much, so that strips of the
+/// same sound stay in step.
 ///
 /// After writes to the desk's memory the GUI thread publishes what has changed, once for all writes
 /// that come together; the audio thread takes it with its next block.
@@ -45,7 +48,7 @@ private:
         int source = noSource; // which of the inputs
         bool left = true;
         bool right = true;
-        float gain = 0.0F;
+        double gain = 0.0;
 
         bool operator==(const Strip&) const = default;
     };
@@ -60,7 +63,10 @@ private:
     Strip wantedStrip(int channel) const;
     int sourceOf(int channel, int source) const;
     const float* inputOf(std::size_t channel, Inputs inputs) const;
+    void route(std::size_t channel);
     void playStrips(Inputs inputs, std::size_t first, std::size_t frames);
+    void align(std::size_t frames);
+    double latestDelay() const;
     void mixDown(Outputs outputs, std::size_t first, std::size_t frames);
     void add(std::size_t channel, std::size_t frames);
 
@@ -76,6 +82,9 @@ private:
     // The audio thread's:
     Mix m_target;
     Mix m_current;
+    std::int64_t m_rampLength = 1;
+    std::array<LevelRamp, channelCount> m_levels;
+    std::array<AlignmentDelay, channelCount> m_delays;
     std::array<Part, channelCount> m_parts{};
     Part m_left{};
     Part m_right{};

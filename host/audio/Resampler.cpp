@@ -45,9 +45,3 @@ bool Resampler::convert(SRC_DATA* data)
     m_output.insert(m_output.end(), m_piece.begin(), m_piece.begin() + produced);
     return produced > 0 || data->input_frames_used > 0;
 }
-
-void Resampler::reset()
-{
-    if (m_state)
-        src_reset(m_state.get());
-}

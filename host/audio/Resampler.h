@@ -17,8 +17,6 @@ public:
     /// The samples that \a samples add to the output; valid until the next call. \a last says that
     /// nothing follows: what is still under way comes out, too.
     std::span<const float> process(std::span<const float> samples, bool last);
-    /// Forgets what it was given.
-    void reset();
 
 private:
     struct Deleter

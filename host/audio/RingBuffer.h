@@ -48,9 +48,6 @@ public:
         return count;
     }
 
-    /// Forgets everything; while nobody else reads or writes.
-    void clear() { m_read = m_written.load(); }
-
 private:
     std::size_t mask() const { return m_samples.size() - 1; }
 

@@ -10,16 +10,13 @@
 
 namespace {
 
-// Far beyond what the bands can make of the loudest signal.
-constexpr double runaway = 1e30;
-
 // Fewer bands are faster one after the other.
 constexpr int fewestForChain = 3;
 
 double ratioOf(double decibels) { return std::pow(10.0, decibels / 20.0); }
 
-// False for what is no number, too.
-bool isWithin(double sample, double limit) { return std::abs(sample) <= limit; }
+// No number is not, either.
+bool isSignal(double sample) { return std::abs(sample) <= ChannelProcessor::loudest; }
 
 } // namespace
 
@@ -64,7 +61,7 @@ void ChannelProcessor::applyInput(std::span<double> block)
     const DenormalGuard guard;
     m_fresh = false;
     for (double& sample : block)
-        sample = isWithin(sample, loudest) ? sample : 0.0;
+        sample = isSignal(sample) ? sample : 0.0;
     m_input.apply(block);
 }
 
@@ -73,12 +70,6 @@ void ChannelProcessor::equalize(std::span<double> block)
     const DenormalGuard guard;
     m_fresh = false;
     runBands(block);
-    const auto lost = std::find_if_not(block.begin(), block.end(),
-                                       [](double sample) { return isWithin(sample, runaway); });
-    if (lost != block.end()) {
-        std::fill(lost, block.end(), 0.0);
-        forgetBands();
-    }
     m_drive.process(block);
     m_output.apply(block);
 }
@@ -150,12 +141,4 @@ void ChannelProcessor::runChain(std::span<double> block)
     m_high.takeBack(chain.high);
     for (std::size_t i = 0; i < m_middle.size(); ++i)
         m_middle[i].takeBack(chain.middle[i]);
-}
-
-void ChannelProcessor::forgetBands()
-{
-    m_low.forget();
-    m_high.forget();
-    for (PeakingBand& band : m_middle)
-        band.forget();
 }

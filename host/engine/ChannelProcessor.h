@@ -23,9 +23,8 @@
 /// setting that comes while its band still changes waits for that. Settings made before the first
 /// sample, after forget() or after setSampleRate() are in force at once.
 ///
-/// Samples that are no number, infinite or beyond loudest count as 0. A corner beyond half the
-/// sample rate can make a band run away; from there on the block is silent and the bands start
-/// afresh.
+/// Samples that are no number, infinite or beyond loudest count as 0. Above allBandsRate every band
+/// is heard; at lower rates an outer band at or beyond half the rate is left out.
 class ChannelProcessor
 {
 public:
@@ -33,6 +32,8 @@ public:
 
     /// The largest magnitude of a sample that is taken for signal.
     static constexpr double loudest = 1e15;
+    /// Twice the highest frequency that a band can have, in Hz.
+    static constexpr double allBandsRate = 40000.0;
 
     /// Every parameter at its default, at 48000 Hz.
     ChannelProcessor();
@@ -66,7 +67,6 @@ private:
     int presentBands() const;
     void runBands(std::span<double> block);
     void runChain(std::span<double> block);
-    void forgetBands();
 
     Values m_values;
     double m_sampleRate = 48000.0;

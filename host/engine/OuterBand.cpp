@@ -35,7 +35,7 @@ void OuterBand::set(const Band& band, double sampleRate, bool atOnce)
     }
     if (isAbsent())
         startFromSilence();
-    else if (redesigned)
+    else if (redesigned && isWanted())
         m_waiting = true;
     m_presence.moveTo(isWanted());
 }
@@ -74,7 +74,10 @@ void OuterBand::takeBack(const VEQ_Filter::Runner& runner)
         m_filter.setDelay(runner);
 }
 
-bool OuterBand::isWanted() const { return m_band.on && !isFlatShelf(m_band); }
+bool OuterBand::isWanted() const
+{
+    return m_band.on && !isFlatShelf(m_band) && 2.0 * m_band.frequency < m_sampleRate;
+}
 
 void OuterBand::design(VEQ_Filter* filter) const
 {

@@ -9,7 +9,7 @@
 #include <span>
 
 /// The low or the high band of a channel. A shelf of 0 dB counts as off, so that it lets every bit
-/// through.
+/// through; so does a band at or beyond half the sample rate, where its filter would run away.
 ///
 /// Switching the band on or off fades between its input and its output. A new type, frequency or
 /// gain comes in by VEQ_Filter's own cross-fade. The new design begins from silence, and its answer

@@ -3,6 +3,16 @@
 
 #include <algorithm>
 
+namespace {
+
+double smoothStep(std::int64_t position, std::int64_t length)
+{
+    const double t = static_cast<double>(position) / static_cast<double>(length);
+    return t * t * (3.0 - 2.0 * t);
+}
+
+} // namespace
+
 void GainRamp::jumpTo(double target)
 {
     m_value = m_target = target;
@@ -48,6 +58,31 @@ void GainRamp::apply(std::span<double> block)
         *sample *= factor;
 }
 
+void LevelRamp::jumpTo(double target)
+{
+    m_value = m_target = target;
+    m_left = 0;
+}
+
+void LevelRamp::moveTo(double target, std::int64_t samples)
+{
+    if (target == m_target)
+        return;
+    m_from = m_value;
+    m_target = target;
+    m_length = m_left = samples;
+}
+
+double LevelRamp::next()
+{
+    if (m_left == 0)
+        return m_value;
+    --m_left;
+    const double share = smoothStep(m_length - m_left, m_length);
+    m_value = m_left == 0 ? m_target : m_from + share * (m_target - m_from);
+    return m_value;
+}
+
 void FadeRamp::setLength(std::int64_t samples)
 {
     const bool in = m_target != 0;
@@ -61,6 +96,5 @@ double FadeRamp::next()
         ++m_position;
     else if (m_position > m_target)
         --m_position;
-    const double t = static_cast<double>(m_position) / static_cast<double>(m_length);
-    return t * t * (3.0 - 2.0 * t);
+    return smoothStep(m_position, m_length);
 }

@@ -21,7 +21,6 @@ class GainRamp
 {
 public:
     double value() const { return m_value; }
-    double target() const { return m_target; }
     bool isMoving() const { return m_left > 0; }
 
     void jumpTo(double target);
@@ -41,6 +40,27 @@ private:
     std::int64_t m_left = 0;
 };
 
+/// A factor that may be zero and moves to its target without a kink.
+class LevelRamp
+{
+public:
+    double value() const { return m_value; }
+    bool isMoving() const { return m_left > 0; }
+
+    void jumpTo(double target);
+    /// In \a samples steps from here; nothing happens where that is the target already.
+    void moveTo(double target, std::int64_t samples);
+    /// One sample onward.
+    double next();
+
+private:
+    double m_value = 0.0;
+    double m_from = 0.0;
+    double m_target = 0.0;
+    std::int64_t m_length = 1;
+    std::int64_t m_left = 0;
+};
+
 /// The share, 0 to 1, of the later of two signals in a cross-fade that begins and ends without a
 /// kink. It can turn back on its way.
 class FadeRamp
@@ -49,7 +69,6 @@ public:
     bool isMoving() const { return m_position != m_target; }
     /// At rest and wholly the one or the other.
     bool isOut() const { return m_position == 0 && m_target == 0; }
-    bool isIn() const { return !isMoving() && m_target != 0; }
 
     /// The whole way takes \a samples.
     void setLength(std::int64_t samples);

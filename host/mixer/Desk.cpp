@@ -45,6 +45,14 @@ bool Desk::isPair(int channel) const
     return m_memory.strip(channel & ~1, StripParameter::Stereo) != 0;
 }
 
+ChannelValues Desk::soundingValues(int channel) const
+{
+    const int leader = leaderOf(channel);
+    const ChannelValues& values = m_memory.values(leader);
+    const bool on = m_memory.strip(leader, StripParameter::EqualizerOn) != 0;
+    return on ? values : bypassed(values);
+}
+
 bool Desk::isAudible(int channel) const
 {
     const int leader = leaderOf(channel);

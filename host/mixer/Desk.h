@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "host/engine/ChannelValues.h"
 #include "host/mixer/ChannelCompare.h"
 #include "host/mixer/EditHistory.h"
 
@@ -41,6 +42,8 @@ public:
     bool isPair(int channel) const;
     /// The channel whose strip and equalizer rule \a channel: the first one of a pair.
     int leaderOf(int channel) const { return isPair(channel) ? channel & ~1 : channel; }
+    /// What a channel's sound goes through: its leader's equalizer, or past it where that is off.
+    ChannelValues soundingValues(int channel) const;
     /// Whether a channel can be heard, by its own mute and everybody's solo.
     bool isAudible(int channel) const;
 

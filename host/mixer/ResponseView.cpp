@@ -70,14 +70,13 @@ void ResponseView::setSampleRate(int hertz)
 
 void ResponseView::look()
 {
-    const ChannelValues& values = m_desk.memory().values(m_channel);
-    setBands(m_bands, values);
+    setBands(m_bands, m_desk.memory().values(m_channel));
     const EqualizerResponse response = m_bands.response();
     m_drawn.clear();
     for (const double frequency : m_frequencies)
         m_drawn.push_back(response.levels(frequency, m_bands.sampleRate()).total);
     m_measured =
-        measuredResponse(isOn() ? values : bypassed(values), m_bands.sampleRate(), m_frequencies);
+        measuredResponse(m_desk.soundingValues(m_channel), m_bands.sampleRate(), m_frequencies);
     setAccessibleDescription(verdict());
     update();
 }

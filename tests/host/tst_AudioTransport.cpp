@@ -28,6 +28,7 @@ private Q_SLOTS:
     void faultOfTheDeviceIsShown();
     void seeksWithinTheFile();
     void metersShowWhatTheSourceIs();
+    void metersOfTheTestSignalFollowTheStrip();
 
 private:
     struct Fixture
@@ -153,6 +154,31 @@ void tst_AudioTransport::metersShowWhatTheSourceIs()
     f.mixer.process(channels, 2, channels, 2, 4800);
     QCOMPARE(meters.read(2, f.memory.values(2), 48000, 0.03).send, -200);
     QCOMPARE(meters.read(3, f.memory.values(3), 48000, 0.03).send, -400);
+}
+
+// A pair sounds as its first channel is set, and past the equalizer while that is off.
+void tst_AudioTransport::metersOfTheTestSignalFollowTheStrip()
+{
+    Fixture f;
+    MixerMeters meters(f.desk, f.mixer.engine());
+    HostMemory::Values values = f.memory.values(0);
+    values[25] = -200;
+    f.memory.write(0, values);
+    const auto difference = [&meters, &f](int channel) {
+        MeterLevels levels;
+        for (int tick = 0; tick < 60; ++tick)
+            levels = meters.read(channel, f.memory.values(channel), 48000, 1.0 / 30.0);
+        return levels.returned - levels.send;
+    };
+    QVERIFY(std::abs(difference(0) + 200) <= 1);
+    QVERIFY(std::abs(difference(1) + 200) <= 1);
+    f.memory.setStrip(0, StripParameter::EqualizerOn, 0);
+    QCOMPARE(difference(0), 0);
+    QCOMPARE(difference(1), 0);
+    f.memory.setStrip(0, StripParameter::EqualizerOn, 1);
+    f.memory.setStrip(0, StripParameter::Stereo, 0);
+    QVERIFY(std::abs(difference(0) + 200) <= 1);
+    QCOMPARE(difference(1), 0);
 }
 
 ZOLTA_TEST_MAIN(tst_AudioTransport)

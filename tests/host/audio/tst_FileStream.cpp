@@ -5,6 +5,7 @@
 #include "host/audio/LiveMixer.h"
 #include "host/mixer/Desk.h"
 #include "tests/host/audio/SoundFiles.h"
+#include "tests/host/engine/RealtimeTrap.h"
 #include "tests/support/TestObject.h"
 
 #include <QTemporaryDir>
@@ -14,26 +15,6 @@
 #include <thread>
 
 using SoundFiles::Sound;
-
-namespace {
-
-thread_local std::size_t allocations = 0;
-
-} // namespace
-
-// GCC takes a replaced operator new for a mismatch with free().
-#pragma GCC diagnostic ignored "-Wmismatched-new-delete"
-
-void* operator new(std::size_t size)
-{
-    ++allocations;
-    if (void* memory = std::malloc(size ? size : 1))
-        return memory;
-    throw std::bad_alloc();
-}
-
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
 class tst_FileStream : public TestObject
 {
@@ -46,7 +27,9 @@ private Q_SLOTS:
     void streamCountsWhatCameTooLate();
     void convertsWithoutLoss_data();
     void convertsWithoutLoss();
-    void audioThreadAllocatesNothing();
+    void emptyFilesDoNotLoopForEver();
+    void playingNeitherAllocatesNorLocks_data();
+    void playingNeitherAllocatesNorLocks();
 
 private:
     QString path(const char* name) const { return m_folder.filePath(QLatin1String(name)); }
@@ -168,32 +151,62 @@ void tst_FileStream::convertsWithoutLoss()
         QVERIFY(std::abs(double(out[i]) - expected[i]) < 1e-3);
 }
 
-void tst_FileStream::audioThreadAllocatesNothing()
+// A file without frames whose length is not known, and one that has them.
+void tst_FileStream::emptyFilesDoNotLoopForEver()
 {
+    const QString empty =
+        SoundFiles::write(path("empty.wav"), Sound{SF_FORMAT_WAV | SF_FORMAT_FLOAT, 48000, 1, {}});
+    FileStream stream;
+    QCOMPARE(stream.open(empty), QString());
+    stream.start(0, 48000, true);
+    std::vector<float> heard(64, 1.0F);
+    float* const channels[] = {heard.data()};
+    QCOMPARE(stream.read(channels, 64), 0);
+    QCOMPARE(heard, std::vector<float>(64, 0.0F));
+    QVERIFY(stream.hasEnded());
+}
+
+void tst_FileStream::playingNeitherAllocatesNorLocks_data()
+{
+    QTest::addColumn<bool>("pair");
+    QTest::newRow("pair") << true;
+    QTest::newRow("two strips") << false;
+}
+
+// All that a device calls, while everything that a strip has is moved.
+void tst_FileStream::playingNeitherAllocatesNorLocks()
+{
+    QFETCH(const bool, pair);
     const Sound sound{SF_FORMAT_WAV | SF_FORMAT_FLOAT, 44100, 2, SoundFiles::noise(88200)};
     FileStream stream;
     QCOMPARE(stream.open(SoundFiles::write(path("in.wav"), sound)), QString());
     HostMemory memory;
     memory.setStrip(0, StripParameter::Source, SourceFile);
+    memory.setStrip(0, StripParameter::Stereo, pair ? 1 : 0);
     Desk desk(memory);
     LiveMixer mixer;
     stream.start(0, 48000, true);
+    mixer.follow(desk);
+    mixer.prepare(48000, false);
     std::vector<float> left(4096);
     std::vector<float> right(4096);
     float* const channels[] = {left.data(), right.data()};
-    for (const int value : {0, 60, -45}) {
+    for (int round = 0; round < 40; ++round) {
         HostMemory::Values values = memory.values(0);
-        values[2] = values[6] = values[22] = value;
-        values[26] = value > 0 ? 1 : 0;
+        for (std::size_t p = 0; p < values.size(); ++p)
+            values[p] = round % 2 != 0 ? parameterTable[p].maximum : parameterTable[p].minimum;
         memory.write(0, values);
-        mixer.follow(desk);
-        mixer.prepare(48000, false);
-        const std::size_t before = allocations;
+        memory.setStrip(0, StripParameter::Source, round % 5 == 0 ? SourceOff : SourceFile);
+        memory.setStrip(0, StripParameter::Level, round * 10);
+        memory.setStrip(0, StripParameter::Mute, round % 3 == 0 ? 1 : 0);
+        memory.setStrip(0, StripParameter::EqualizerOn, round % 7 == 0 ? 0 : 1);
+        QCoreApplication::processEvents();
         for (const int frames : {16, 256, 1000, 4096}) {
+            const RealtimeTrap trap;
             stream.read(channels, frames);
             mixer.process(channels, 2, channels, 2, frames);
+            QCOMPARE(std::pair(trap.allocations(), trap.locks()), std::pair(0, 0));
         }
-        QCOMPARE(allocations, before);
     }
 }
 

@@ -8,9 +8,11 @@
 #include <QStringList>
 #include <QtTest>
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <random>
+#include <span>
 #include <vector>
 
 /// Fails the running test unless |actual - expected| <= tolerance; what is no number fails.
@@ -77,6 +79,21 @@ inline Block sine(double frequency, int rate, std::size_t count, double peak = 1
     for (std::size_t i = 0; i < count; ++i)
         block[i] = peak * std::sin(2.0 * M_PI * frequency * double(i) / rate);
     return block;
+}
+
+/// What a click leaves: the peak above 6 kHz from a sample on.
+inline double click(Block signal, std::size_t from, int rate)
+{
+    for (int i = 0; i < 3; ++i) {
+        VEQ_Filter filter;
+        filter.setCoefHPF(2, 6000.0, rate);
+        filter.clear();
+        filter.cal(std::span(signal));
+    }
+    double peak = 0.0;
+    for (std::size_t i = from; i < signal.size(); ++i)
+        peak = std::max(peak, std::abs(signal[i]));
+    return peak;
 }
 
 /// White, within -peak and peak, the same every time.

@@ -1,68 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/engine/AudioEngine.h"
 #include "tests/host/engine/EngineTesting.h"
+#include "tests/host/engine/RealtimeTrap.h"
 #include "tests/support/TestObject.h"
 
-#include <atomic>
-#include <cstdlib>
-#include <dlfcn.h>
 #include <memory>
 #include <mutex>
-#include <new>
-#include <pthread.h>
-
-// The audio thread must never wait. While a trap is set on a thread, its allocations and locks are
-// counted, through the functions that every one of them ends in.
-namespace {
-
-thread_local bool trapped = false;
-thread_local int allocations = 0;
-thread_local int locks = 0;
-
-void countAllocation() { allocations += trapped ? 1 : 0; }
-
-using Lock = int (*)(pthread_mutex_t*);
-
-} // namespace
-
-void* operator new(std::size_t size)
-{
-    countAllocation();
-    if (void* memory = std::malloc(size == 0 ? 1 : size))
-        return memory;
-    throw std::bad_alloc();
-}
-
-void operator delete(void* memory) noexcept
-{
-    countAllocation();
-    std::free(memory);
-}
-
-void operator delete(void* memory, std::size_t) noexcept
-{
-    countAllocation();
-    std::free(memory);
-}
-
-#ifndef __SANITIZE_ADDRESS__
-extern "C" void* __libc_malloc(std::size_t size);
-
-extern "C" void* malloc(std::size_t size)
-{
-    countAllocation();
-    return __libc_malloc(size);
-}
-#endif
-
-extern "C" int pthread_mutex_lock(pthread_mutex_t* mutex)
-{
-    static std::atomic<Lock> next = nullptr;
-    if (!next)
-        next = reinterpret_cast<Lock>(dlsym(RTLD_NEXT, "pthread_mutex_lock"));
-    locks += trapped ? 1 : 0;
-    return next.load()(mutex);
-}
 
 using namespace EngineTesting;
 
@@ -82,11 +25,9 @@ private:
 // The allocations and the locks of an action.
 template <typename Action> std::pair<int, int> tst_EngineTraps::trap(Action action)
 {
-    allocations = locks = 0;
-    trapped = true;
+    const RealtimeTrap trap;
     action();
-    trapped = false;
-    return {allocations, locks};
+    return {trap.allocations(), trap.locks()};
 }
 
 void tst_EngineTraps::trapsAreSet()
