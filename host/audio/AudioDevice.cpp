@@ -6,7 +6,13 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
+#include <chrono>
 #include <cstring>
+#include <future>
+#include <thread>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -35,7 +41,7 @@ QString keptFault()
     return text.endsWith(QLatin1Char('.')) ? text.chopped(1) : text;
 }
 
-RtAudio::StreamParameters parametersOf(const AudioDeviceInfo& device, std::size_t channels)
+RtAudio::StreamParameters parametersOf(const AudioDeviceInfo& device, int channels)
 {
     RtAudio::StreamParameters parameters;
     parameters.deviceId = device.number;
@@ -64,7 +70,92 @@ const AudioDeviceInfo* inputFor(const AudioDeviceInfo& output,
     return found == devices.end() ? nullptr : &*found;
 }
 
+// Warnings of failed transfers come from a device that was pulled out, again and again.
+void note(RtAudioError::Type type, const std::string& text)
+{
+    const bool warning = type == RtAudioError::WARNING || type == RtAudioError::DEBUG_WARNING;
+    if (!warning || text.find("write error") != std::string::npos ||
+        text.find("read error") != std::string::npos)
+        keepFault(text);
+}
+
+constexpr std::chrono::seconds closingPatience(1);
+std::atomic<int> closing = 0;
+
 } // namespace
+
+// What the device calls. It outlives the AudioDevice while its closing hangs.
+class AudioDevice::Stream
+{
+public:
+    Stream(RtAudio::Api api, std::size_t inputs, std::size_t outputs)
+        : m_system(api)
+        , m_inputs(inputs)
+        , m_outputs(outputs)
+    {
+        m_system.showWarnings(false);
+    }
+
+    RtAudio& system() { return m_system; }
+    std::int64_t calls() const { return m_calls.load(std::memory_order_relaxed); }
+    std::int64_t underruns() const { return m_underruns.load(std::memory_order_relaxed); }
+
+    void setSource(Source* source) { m_source = source; }
+    // Returns once the source is not in use and will not be any more.
+    void dismissSource()
+    {
+        m_source = nullptr;
+        while (m_busy)
+            std::this_thread::yield();
+    }
+
+    void close()
+    {
+        try {
+            if (m_system.isStreamRunning())
+                m_system.abortStream();
+            if (m_system.isStreamOpen())
+                m_system.closeStream();
+        } catch (const RtAudioError&) {
+            // A device that is gone cannot be stopped any more.
+        }
+    }
+
+    static int called(void* output, void* input, unsigned int frames, double,
+                      RtAudioStreamStatus status, void* user)
+    {
+        auto* stream = static_cast<Stream*>(user);
+        stream->m_calls.fetch_add(1, std::memory_order_relaxed);
+        if (status != 0)
+            stream->m_underruns.fetch_add(1, std::memory_order_relaxed);
+        stream->fill(static_cast<float*>(output), static_cast<const float*>(input), frames);
+        return 0;
+    }
+
+private:
+    void fill(float* output, const float* input, std::size_t frames)
+    {
+        for (std::size_t c = 0; c < m_outputs.size(); ++c)
+            m_outputs[c] = output + c * frames;
+        for (std::size_t c = 0; c < m_inputs.size(); ++c)
+            m_inputs[c] = input + c * frames;
+        m_busy = true;
+        if (Source* source = m_source)
+            source->render(m_inputs.data(), static_cast<int>(m_inputs.size()), m_outputs.data(),
+                           static_cast<int>(m_outputs.size()), static_cast<int>(frames));
+        else
+            std::fill_n(output, m_outputs.size() * frames, 0.0F);
+        m_busy = false;
+    }
+
+    RtAudio m_system;
+    std::vector<const float*> m_inputs;
+    std::vector<float*> m_outputs;
+    std::atomic<Source*> m_source = nullptr;
+    std::atomic<bool> m_busy = false;
+    std::atomic<std::int64_t> m_calls = 0;
+    std::atomic<std::int64_t> m_underruns = 0;
+};
 
 int AudioDevice::rateFor(const Settings& settings, int soundRate)
 {
@@ -80,6 +171,8 @@ AudioDevice::~AudioDevice() { close(); }
 QString AudioDevice::open(const Settings& settings, int soundRate)
 {
     close();
+    if (closing > 0)
+        return QStringLiteral("No sound device can be used while %1 does not answer.").arg(m_name);
     const std::vector<AudioDeviceInfo> devices = AudioDevices::list();
     const AudioDevices::Choice choice = AudioDevices::choose(devices, settings.device);
     if (!choice.device)
@@ -100,28 +193,25 @@ QString AudioDevice::open(const Settings& settings, int soundRate)
 
 QString AudioDevice::openStream(const AudioDeviceInfo& output, const AudioDeviceInfo* input)
 {
-    m_outputs.assign(static_cast<std::size_t>(std::min(output.outputs, mostOutputs)), nullptr);
-    m_inputs.assign(static_cast<std::size_t>(input ? std::min(input->inputs, mostInputs) : 0),
-                    nullptr);
-    RtAudio::StreamParameters out = parametersOf(output, m_outputs.size());
-    RtAudio::StreamParameters in = input ? parametersOf(*input, m_inputs.size()) : out;
+    const int outputs = std::min(output.outputs, mostOutputs);
+    const int inputs = input ? std::min(input->inputs, mostInputs) : 0;
+    RtAudio::StreamParameters out = parametersOf(output, outputs);
+    RtAudio::StreamParameters in = parametersOf(input ? *input : output, inputs);
     RtAudio::StreamOptions options;
     options.flags = RTAUDIO_NONINTERLEAVED | RTAUDIO_SCHEDULE_REALTIME;
     options.priority = 70;
     options.streamName = "zolta-host";
     faultState = FaultState::None;
-    m_calls = 0;
-    m_underruns = 0;
     try {
-        m_system = std::make_unique<RtAudio>(output.api);
-        m_system->showWarnings(false);
-        m_system->openStream(&out, input ? &in : nullptr, RTAUDIO_FLOAT32,
-                             static_cast<unsigned int>(m_rate), &m_block, &AudioDevice::called,
-                             this, &options, &AudioDevice::noted);
-        m_rate = static_cast<int>(m_system->getStreamSampleRate());
+        m_stream = std::make_shared<Stream>(output.api, static_cast<std::size_t>(inputs),
+                                            static_cast<std::size_t>(outputs));
+        m_stream->system().openStream(&out, input ? &in : nullptr, RTAUDIO_FLOAT32,
+                                      static_cast<unsigned int>(m_rate), &m_block, &Stream::called,
+                                      m_stream.get(), &options, &note);
+        m_rate = static_cast<int>(m_stream->system().getStreamSampleRate());
         return QString();
     } catch (const RtAudioError& error) {
-        m_system.reset();
+        m_stream.reset();
         keepFault(error.getMessage());
         return sentence(keptFault());
     }
@@ -129,9 +219,9 @@ QString AudioDevice::openStream(const AudioDeviceInfo& output, const AudioDevice
 
 QString AudioDevice::start(Source* source)
 {
-    m_source = source;
+    m_stream->setSource(source);
     try {
-        m_system->startStream();
+        m_stream->system().startStream();
     } catch (const RtAudioError& error) {
         keepFault(error.getMessage());
     }
@@ -143,57 +233,32 @@ QString AudioDevice::start(Source* source)
 
 void AudioDevice::close()
 {
-    if (!m_system)
+    if (!m_stream)
         return;
-    try {
-        if (m_system->isStreamRunning())
-            m_system->abortStream();
-        if (m_system->isStreamOpen())
-            m_system->closeStream();
-    } catch (const RtAudioError&) {
-        // A device that is gone cannot be stopped any more.
-    }
-    m_system.reset();
+    m_stream->dismissSource();
+    ++closing;
+    std::packaged_task<void()> task([stream = std::exchange(m_stream, nullptr)]() mutable {
+        stream->close();
+        stream.reset();
+        --closing;
+    });
+    const std::future<void> closed = task.get_future();
+    std::thread(std::move(task)).detach();
+    closed.wait_for(closingPatience);
 }
+
+std::int64_t AudioDevice::calls() const { return m_stream ? m_stream->calls() : 0; }
+
+std::int64_t AudioDevice::underruns() const { return m_stream ? m_stream->underruns() : 0; }
 
 QString AudioDevice::fault() const
 {
     const QString kept = keptFault();
     if (!kept.isEmpty())
         return sentence(kept);
-    if (m_system && !m_system->isStreamRunning())
+    if (m_stream && !m_stream->system().isStreamRunning())
         return sentence(QStringLiteral("it is gone"));
     return QString();
-}
-
-int AudioDevice::called(void* output, void* input, unsigned int frames, double,
-                        RtAudioStreamStatus status, void* user)
-{
-    auto* device = static_cast<AudioDevice*>(user);
-    device->m_calls.fetch_add(1, std::memory_order_relaxed);
-    if (status != 0)
-        device->m_underruns.fetch_add(1, std::memory_order_relaxed);
-    device->fill(static_cast<float*>(output), static_cast<const float*>(input), frames);
-    return 0;
-}
-
-// Warnings of failed transfers come from a device that was pulled out, again and again.
-void AudioDevice::noted(RtAudioError::Type type, const std::string& text)
-{
-    const bool warning = type == RtAudioError::WARNING || type == RtAudioError::DEBUG_WARNING;
-    if (!warning || text.find("write error") != std::string::npos ||
-        text.find("read error") != std::string::npos)
-        keepFault(text);
-}
-
-void AudioDevice::fill(float* output, const float* input, std::size_t frames)
-{
-    for (std::size_t c = 0; c < m_outputs.size(); ++c)
-        m_outputs[c] = output + c * frames;
-    for (std::size_t c = 0; c < m_inputs.size(); ++c)
-        m_inputs[c] = input + c * frames;
-    m_source->render(m_inputs.data(), inputs(), m_outputs.data(), outputs(),
-                     static_cast<int>(frames));
 }
 
 QString AudioDevice::sentence(const QString& reason) const

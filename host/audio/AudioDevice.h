@@ -5,12 +5,8 @@
 
 #include <QString>
 
-#include <RtAudio.h>
-
-#include <atomic>
 #include <cstdint>
 #include <memory>
-#include <vector>
 
 struct AudioDeviceInfo;
 
@@ -53,39 +49,30 @@ public:
     QString open(const Settings& settings, int soundRate);
     /// Starts; \a source must outlive the playing.
     QString start(Source* source);
-    /// Stops and closes.
+    /// Stops and closes; the source is not called any more afterwards. A device that does not
+    /// answer is left to a thread of its own, and open() is a fault until that is through with it.
     void close();
 
-    bool isOpen() const { return m_system != nullptr; }
+    bool isOpen() const { return m_stream != nullptr; }
     const QString& name() const { return m_name; }
     int rate() const { return m_rate; }
     int block() const { return static_cast<int>(m_block); }
-    int inputs() const { return static_cast<int>(m_inputs.size()); }
-    int outputs() const { return static_cast<int>(m_outputs.size()); }
 
     /// Why a device that was started plays no more; nothing while it does.
     QString fault() const;
     /// How often the device has called for samples since it was opened.
-    std::int64_t calls() const { return m_calls.load(std::memory_order_relaxed); }
+    std::int64_t calls() const;
     /// How often the device did not get its samples in time.
-    std::int64_t underruns() const { return m_underruns.load(std::memory_order_relaxed); }
+    std::int64_t underruns() const;
 
 private:
-    static int called(void* output, void* input, unsigned int frames, double time,
-                      RtAudioStreamStatus status, void* user);
-    static void noted(RtAudioError::Type type, const std::string& text);
+    class Stream;
 
     QString openStream(const AudioDeviceInfo& output, const AudioDeviceInfo* input);
-    void fill(float* output, const float* input, std::size_t frames);
     QString sentence(const QString& reason) const;
 
-    std::unique_ptr<RtAudio> m_system;
-    Source* m_source = nullptr;
+    std::shared_ptr<Stream> m_stream;
     QString m_name;
     int m_rate = 0;
     unsigned int m_block = 0;
-    std::vector<const float*> m_inputs;
-    std::vector<float*> m_outputs;
-    std::atomic<std::int64_t> m_calls = 0;
-    std::atomic<std::int64_t> m_underruns = 0;
 };

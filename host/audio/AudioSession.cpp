@@ -204,7 +204,7 @@ void AudioSession::watch()
     Q_EMIT finished();
 }
 
-// A sound server can hang without a word. The device stays open: to close it would hang as well.
+// A sound server can hang without a word, and go on later.
 void AudioSession::watchCalls()
 {
     const std::int64_t calls = m_device.calls();

@@ -38,6 +38,7 @@ private Q_SLOTS:
     void saysWhatCannotBePlayed();
     void saysThatAFileWasCutShort();
     void saysThatTheDeviceHangs();
+    void leavesADeviceThatHangs();
     void outlivesItsDevice();
 
 private:
@@ -342,6 +343,25 @@ void tst_AudioSession::saysThatTheDeviceHangs()
     m_server->thaw();
     QTRY_COMPARE_WITH_TIMEOUT(m_session->state(), AudioSession::State::Playing, 30000);
     QCOMPARE(m_session->faultText(), QString());
+    const std::size_t heard = m_device->heard();
+    QTRY_VERIFY_WITH_TIMEOUT(m_device->heard() > heard + 2000, 30000);
+}
+
+void tst_AudioSession::leavesADeviceThatHangs()
+{
+    QVERIFY(m_session->openFile(writeNoise("in.wav", 480000)));
+    m_session->setPatience(300);
+    QVERIFY(m_session->play());
+    QTRY_VERIFY_WITH_TIMEOUT(m_device->heard() > 2000, 30000);
+    m_server->freeze();
+    QTRY_COMPARE_WITH_TIMEOUT(m_session->state(), AudioSession::State::Stalled, 30000);
+    m_session->stop();
+    QCOMPARE(m_session->state(), AudioSession::State::Stopped);
+    QVERIFY(!m_session->play());
+    QCOMPARE(m_session->faultText(),
+             QStringLiteral("No sound device can be used while jack:ears does not answer."));
+    m_server->thaw();
+    QTRY_VERIFY_WITH_TIMEOUT(m_session->play(), 30000);
     const std::size_t heard = m_device->heard();
     QTRY_VERIFY_WITH_TIMEOUT(m_device->heard() > heard + 2000, 30000);
 }
