@@ -18,12 +18,11 @@ bool isSameFile(const QString& first, const QString& second)
     return a.exists() && b.exists() && a == b;
 }
 
-// In Hz; 0 for an outer band that changes nothing.
-double cornerOf(const Band& band)
+bool isActive(const Band& band, int number)
 {
     const bool pass =
         band.type == BandDesign::SecondOrderPass || band.type == BandDesign::FirstOrderPass;
-    return band.on && (pass || band.gain != 0.0) ? band.frequency : 0.0;
+    return band.on && (band.gain != 0.0 || (pass && !EqualizerBands::isMiddle(number)));
 }
 
 } // namespace
@@ -49,8 +48,6 @@ QString AudioRenderer::open()
             .arg(m_job.output);
     QString fault = m_reader.open(m_job.input);
     if (fault.isEmpty())
-        fault = faultOfSettings();
-    if (fault.isEmpty())
         fault = m_writer.open(
             m_job.output, AudioFormat::outputFor(m_job.output, m_reader.info(), m_job.forceFloat));
     if (fault.isEmpty()) {
@@ -60,22 +57,16 @@ QString AudioRenderer::open()
     return fault;
 }
 
-// A corner beyond half the sampling rate makes an outer band run away; the middle bands are flat
-// there.
-QString AudioRenderer::faultOfSettings() const
+// The lowest multiple of the file's rate at which every band is heard, if it takes one.
+double AudioRenderer::stripRate() const
 {
-    for (const int band : {EqualizerBands::Low, EqualizerBands::High}) {
-        const double corner = cornerOf(bandOf(m_job.values, band));
-        if (corner * 2.0 < m_reader.info().samplerate)
-            continue;
-        const char* name = band == EqualizerBands::Low ? "low" : "high";
-        return QStringLiteral("The sound file %1 cannot be processed: the %2 frequency of %3 Hz "
-                              "lies beyond half its sampling rate of %4 Hz.")
-            .arg(m_job.input, QLatin1String(name))
-            .arg(std::lround(corner))
-            .arg(m_reader.info().samplerate);
+    const double rate = m_reader.info().samplerate;
+    for (int number = 0; number < EqualizerBands::Count; ++number) {
+        const Band band = bandOf(m_job.values, number);
+        if (isActive(band, number) && 2.0 * band.frequency >= rate)
+            return rate * (std::floor(ChannelProcessor::allBandsRate / rate) + 1.0);
     }
-    return QString();
+    return rate;
 }
 
 void AudioRenderer::copyTexts()
@@ -89,9 +80,16 @@ void AudioRenderer::copyTexts()
 
 void AudioRenderer::prepareStrips()
 {
-    for (int channel = 0; channel < m_reader.channels(); ++channel) {
+    const auto channels = static_cast<std::size_t>(m_reader.channels());
+    const double fileRate = m_reader.info().samplerate;
+    const double rate = stripRate();
+    if (rate != fileRate) {
+        m_up = std::make_unique<BlockResampler>(channels, fileRate, rate);
+        m_down = std::make_unique<BlockResampler>(channels, rate, fileRate);
+    }
+    for (std::size_t channel = 0; channel < channels; ++channel) {
         m_strips.push_back(std::make_unique<ChannelProcessor>());
-        m_strips.back()->setSampleRate(m_reader.info().samplerate);
+        m_strips.back()->setSampleRate(rate);
         m_strips.back()->setValues(m_job.values);
     }
     const double delay = m_strips.empty() ? 0.0 : m_strips.front()->latency();
@@ -107,7 +105,7 @@ QString AudioRenderer::runBlocks(const Progress& progress)
         last = block.frames() < block.capacity();
         if (!m_reader.fault().isEmpty())
             return m_reader.fault();
-        const QString fault = process(&block);
+        const QString fault = process(&block, last);
         if (!fault.isEmpty())
             return fault;
         m_ended = progress && !progress(done());
@@ -118,24 +116,47 @@ QString AudioRenderer::runBlocks(const Progress& progress)
 // What is still under way at the end of the file comes out with silence behind it.
 QString AudioRenderer::runDelayed(AudioBlock* block)
 {
-    for (std::size_t left = m_delay; left > 0; left -= block->capacity()) {
-        const std::size_t count = std::min(left, block->capacity());
-        block->setFrames(count);
+    QString fault;
+    std::size_t left = m_delay;
+    do {
+        block->setFrames(std::min(left, block->capacity()));
+        left -= block->frames();
         for (std::size_t c = 0; c < block->channels(); ++c)
             std::ranges::fill(block->channel(c), 0.0);
-        const QString fault = process(block);
-        if (!fault.isEmpty() || count == left)
-            return fault;
-    }
-    return QString();
+        fault = equalize(block, left == 0);
+    } while (left > 0 && fault.isEmpty());
+    return fault.isEmpty() ? fillUp(block) : fault;
 }
 
-QString AudioRenderer::process(AudioBlock* block)
+QString AudioRenderer::process(AudioBlock* block, bool last)
+{
+    return equalize(m_up ? &m_up->process(*block, last) : block, false);
+}
+
+QString AudioRenderer::equalize(AudioBlock* block, bool last)
 {
     for (std::size_t c = 0; c < m_strips.size(); ++c)
         m_strips[c]->process(block->channel(c));
     m_toDrop -= block->dropFront(m_toDrop);
+    return write(m_down ? &m_down->process(*block, last) : block);
+}
+
+// Never more than were read: resampling there and back may end a frame late.
+QString AudioRenderer::write(AudioBlock* block)
+{
+    const auto room = static_cast<std::size_t>(m_reader.position() - m_written);
+    block->setFrames(std::min(block->frames(), room));
+    m_written += static_cast<std::int64_t>(block->frames());
     return m_writer.write(*block);
+}
+
+// Or early.
+QString AudioRenderer::fillUp(AudioBlock* block)
+{
+    block->setFrames(static_cast<std::size_t>(m_reader.position() - m_written));
+    for (std::size_t c = 0; c < block->channels(); ++c)
+        std::ranges::fill(block->channel(c), 0.0);
+    return write(block);
 }
 
 double AudioRenderer::done() const

@@ -3,6 +3,7 @@
 
 #include "host/audio/AudioReader.h"
 #include "host/audio/AudioWriter.h"
+#include "host/audio/BlockResampler.h"
 #include "host/engine/ChannelProcessor.h"
 
 #include <QString>
@@ -14,7 +15,8 @@
 
 /// Sends a sound file through the equalizer into another one of the same length and rate, in
 /// constant memory. Every channel of the file gets the same settings and an equalizer of its own,
-/// whose delay is taken out.
+/// whose delay is taken out. Where a band lies at or beyond half the file's rate, the equalizers
+/// run at a multiple of it.
 class AudioRenderer
 {
 public:
@@ -46,17 +48,23 @@ private:
     QString open();
     void copyTexts();
     void prepareStrips();
-    QString faultOfSettings() const;
+    double stripRate() const;
     QString runBlocks(const Progress& progress);
     QString runDelayed(AudioBlock* block);
-    QString process(AudioBlock* block);
+    QString process(AudioBlock* block, bool last);
+    QString equalize(AudioBlock* block, bool last);
+    QString write(AudioBlock* block);
+    QString fillUp(AudioBlock* block);
     double done() const;
 
     Job m_job;
     AudioReader m_reader;
     AudioWriter m_writer;
     std::vector<std::unique_ptr<ChannelProcessor>> m_strips;
-    std::size_t m_delay = 0;  // frames
-    std::size_t m_toDrop = 0; // of those that come out first
+    std::size_t m_delay = 0;              // frames
+    std::size_t m_toDrop = 0;             // of those that come out first
+    std::unique_ptr<BlockResampler> m_up; // null at the file's own rate
+    std::unique_ptr<BlockResampler> m_down;
+    std::int64_t m_written = 0; // frames
     bool m_ended = false;
 };

@@ -7,14 +7,16 @@ constexpr long pieceFrames = 1024;
 
 } // namespace
 
-Resampler::Resampler(int channels, double fromRate, double toRate)
+Resampler::Resampler(int channels, double fromRate, double toRate, Quality quality)
     : m_channels(channels)
     , m_ratio(toRate / fromRate)
     , m_piece(static_cast<std::size_t>(channels * pieceFrames))
 {
     int error = 0;
     if (fromRate != toRate)
-        m_state.reset(src_new(SRC_SINC_MEDIUM_QUALITY, channels, &error));
+        m_state.reset(
+            src_new(quality == Quality::Best ? SRC_SINC_BEST_QUALITY : SRC_SINC_MEDIUM_QUALITY,
+                    channels, &error));
 }
 
 std::span<const float> Resampler::process(std::span<const float> samples, bool last)

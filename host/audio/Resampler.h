@@ -12,7 +12,12 @@
 class Resampler
 {
 public:
-    Resampler(int channels, double fromRate, double toRate);
+    enum class Quality {
+        Fast, ///< keeps 90 % of the lower rate's band, for playing
+        Best  ///< 97 %
+    };
+
+    Resampler(int channels, double fromRate, double toRate, Quality quality = Quality::Fast);
 
     /// The samples that \a samples add to the output; valid until the next call. \a last says that
     /// nothing follows: what is still under way comes out, too.

@@ -2,11 +2,17 @@
 #include "host/audio/AudioRenderer.h"
 #include "host/audio/ChannelSettings.h"
 #include "tests/host/audio/SoundFiles.h"
+#include "tests/host/engine/EngineTesting.h"
 #include "tests/support/TestObject.h"
 
 #include <QTemporaryDir>
 
+#include <complex>
+#include <numbers>
+
 using SoundFiles::Sound;
+using Settings = std::vector<std::pair<std::size_t, int>>;
+Q_DECLARE_METATYPE(Settings)
 
 class tst_AudioRenderer : public TestObject
 {
@@ -30,12 +36,14 @@ private Q_SLOTS:
     void refusesItsOwnInput();
     void takesTheDelayOut_data();
     void takesTheDelayOut();
-    void refusesCornersBeyondHalfTheRate();
+    void everyBandSoundsAtAnyRate_data();
+    void everyBandSoundsAtAnyRate();
+    void lowRatesKeepTheLength_data();
+    void lowRatesKeepTheLength();
 
 private:
     QString path(const char* name) const { return m_folder->filePath(QLatin1String(name)); }
-    QString render(const QString& input, const QString& output,
-                   const std::vector<std::pair<std::size_t, int>>& settings = {},
+    QString render(const QString& input, const QString& output, const Settings& settings = {},
                    bool forceFloat = false);
 
     std::unique_ptr<QTemporaryDir> m_folder;
@@ -50,8 +58,7 @@ void tst_AudioRenderer::init()
 
 // The settings are parameters' numbers, as their names end, and raw values.
 QString tst_AudioRenderer::render(const QString& input, const QString& output,
-                                  const std::vector<std::pair<std::size_t, int>>& settings,
-                                  bool forceFloat)
+                                  const Settings& settings, bool forceFloat)
 {
     AudioRenderer::Job job{input, output, defaultValues(), forceFloat};
     for (const auto& [number, value] : settings)
@@ -313,18 +320,68 @@ void tst_AudioRenderer::takesTheDelayOut()
     QCOMPARE(std::max_element(out.begin() + frames / 2, out.end()) - out.begin(), frames - 1);
 }
 
-void tst_AudioRenderer::refusesCornersBeyondHalfTheRate()
+void tst_AudioRenderer::everyBandSoundsAtAnyRate_data()
 {
-    SoundFiles::write(path("in.wav"),
-                      Sound{SF_FORMAT_WAV | SF_FORMAT_PCM_16, 8000, 1, SoundFiles::noise(200000)});
-    QCOMPARE(render(path("in.wav"), path("out.wav"), {{22, 1150}, {23, 60}}),
-             QStringLiteral("The sound file %1 cannot be processed: the high frequency of 14998 Hz "
-                            "lies beyond half its sampling rate of 8000 Hz.")
-                 .arg(path("in.wav")));
-    m_renderer.reset();
-    QVERIFY(!QFile::exists(path("out.wav")));
-    QCOMPARE(render(path("in.wav"), path("out.wav"), {{22, 1150}, {23, 60}, {24, 0}}), QString());
-    QCOMPARE(render(path("in.wav"), path("out.wav"), {{22, 900}, {23, 60}}), QString());
+    QTest::addColumn<int>("rate");
+    QTest::addColumn<int>("stripRate");
+    QTest::addColumn<Settings>("settings");
+    const Settings shelf = {{22, 1118}, {23, 60}};
+    const Settings all = {{18, 1050}, {19, -90}, {1, 0}, {2, 100}, {22, 1200}, {23, 120}, {27, 1}};
+    QTest::newRow("8 kHz, high shelf") << 8000 << 48000 << shelf;
+    QTest::newRow("16 kHz, high shelf") << 16000 << 48000 << shelf;
+    QTest::newRow("11025 Hz, several bands") << 11025 << 44100 << all;
+    QTest::newRow("32 kHz, high shelf") << 32000 << 64000 << Settings{{22, 1200}, {23, 60}};
+    QTest::newRow("8 kHz, low pass") << 8000 << 48000 << Settings{{21, 0}, {22, 1000}};
+}
+
+// As drawn at the rate that the equalizer runs at; in the middle of the file, so that the
+// converters see both sides of it.
+void tst_AudioRenderer::everyBandSoundsAtAnyRate()
+{
+    QFETCH(const int, rate);
+    QFETCH(const int, stripRate);
+    QFETCH(const Settings, settings);
+    constexpr std::size_t frames = 20000;
+    constexpr std::size_t place = 10000;
+    std::vector<double> impulse(frames);
+    impulse[place] = 0.001;
+    SoundFiles::write(path("in.wav"), Sound{SF_FORMAT_WAV | SF_FORMAT_FLOAT, rate, 1, impulse});
+    QCOMPARE(render(path("in.wav"), path("out.wav"), settings), QString());
+    const Sound sound = SoundFiles::read(path("out.wav"));
+    QCOMPARE(sound.rate, rate);
+    QCOMPARE(sound.frames(), frames);
+    ChannelProcessor::Values values = defaultValues();
+    for (const auto& [number, value] : settings)
+        values[number - 1] = value;
+    EqualizerBands bands;
+    EngineTesting::setBands(&bands, values, stripRate);
+    const double drive = values[26] != 0 ? 20.0 * std::log10(Drive::saturate(0.001) / 0.001) : 0.0;
+    for (const double share : {0.01, 0.05, 0.1, 0.2, 0.3, 0.4, 0.45}) {
+        const double frequency = share * rate;
+        std::complex<double> sum;
+        for (std::size_t i = 0; i < frames; ++i)
+            sum += sound.samples[i] *
+                   std::polar(1.0, -2.0 * std::numbers::pi * share * (double(i) - double(place)));
+        const double level = 20.0 * std::log10(std::abs(sum) / 0.001) - drive;
+        COMPARE_NEAR(level, EngineTesting::drawnLevel(bands, values, frequency), 0.05);
+    }
+}
+
+void tst_AudioRenderer::lowRatesKeepTheLength_data()
+{
+    QTest::addColumn<int>("frames");
+    for (const int frames : {0, 1, 100, 8192, 8193, 100000})
+        QTest::addRow("%d frames", frames) << frames;
+}
+
+void tst_AudioRenderer::lowRatesKeepTheLength()
+{
+    QFETCH(const int, frames);
+    const Sound sound{SF_FORMAT_WAV | SF_FORMAT_PCM_16, 8000, 2,
+                      SoundFiles::noise(2 * static_cast<std::size_t>(frames))};
+    SoundFiles::write(path("in.wav"), sound);
+    QCOMPARE(render(path("in.wav"), path("out.wav"), {{22, 1150}, {23, 60}, {27, 1}}), QString());
+    QCOMPARE(SoundFiles::read(path("out.wav")).frames(), static_cast<std::size_t>(frames));
 }
 
 QTEST_APPLESS_MAIN(tst_AudioRenderer)
