@@ -77,7 +77,7 @@ int Application::runHeadless()
 {
     MixerSession mixerSession(m_mixer);
     if (!m_commandLine.session.isEmpty()) {
-        const QString damage = mixerSession.open(m_commandLine.session);
+        const QString damage = mixerSession.read(m_commandLine.session);
         if (!damage.isEmpty())
             return finished(damage);
     }

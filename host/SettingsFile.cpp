@@ -14,6 +14,7 @@
 #include <QStandardPaths>
 
 #include <optional>
+#include <utility>
 
 namespace {
 
@@ -28,9 +29,10 @@ struct Parsed
 {
     Maps maps;
     QString fault; // the end of a sentence
+    bool isLater = false;
 };
 
-Parsed faulty(const QString& fault) { return {{}, fault}; }
+Parsed faulty(const QString& fault, bool isLater = false) { return {{}, fault, isLater}; }
 
 std::optional<int> channelOf(const QString& key)
 {
@@ -60,7 +62,8 @@ Parsed parse(const QByteArray& bytes)
         return faulty(QStringLiteral("%1 at byte %2").arg(error.errorString()).arg(error.offset));
     const QJsonObject root = document.object();
     if (root.value(versionKey).toInt() != version)
-        return faulty(QStringLiteral("it is no settings file of version %1").arg(version));
+        return faulty(QStringLiteral("it is no settings file of version %1").arg(version),
+                      root.value(versionKey).toInt() > version);
     if (!root.value(channelsKey).isObject())
         return faulty(QStringLiteral("it holds no channels"));
     return parseChannels(root.value(channelsKey).toObject());
@@ -81,14 +84,13 @@ QString SettingsFile::open(const QString& file)
     QFile input(file);
     if (!input.exists())
         return QString();
-    if (!input.open(QIODevice::ReadOnly)) {
-        m_file.clear();
-        return QStringLiteral("The editors' settings in %1 cannot be read: %2.")
-            .arg(file, input.errorString());
-    }
+    if (!input.open(QIODevice::ReadOnly))
+        return leaveAlone(input.errorString());
     if (input.size() > largestFile)
         return setAside(QStringLiteral("it is too long"));
     Parsed parsed = parse(input.readAll());
+    if (parsed.isLater)
+        return leaveAlone(parsed.fault);
     m_maps = std::move(parsed.maps);
     return parsed.fault.isEmpty() ? QString() : setAside(parsed.fault);
 }
@@ -105,6 +107,12 @@ void SettingsFile::keep(int channel, const Map& map)
     if (!fault.isEmpty() && m_reporter)
         m_reporter(QStringLiteral("The editors' settings in %1 cannot be written: %2.")
                        .arg(m_file, fault));
+}
+
+QString SettingsFile::leaveAlone(const QString& reason)
+{
+    return QStringLiteral("The editors' settings in %1 cannot be read: %2.")
+        .arg(std::exchange(m_file, QString()), reason);
 }
 
 QString SettingsFile::setAside(const QString& reason)

@@ -23,7 +23,8 @@ public:
 
     /// Reads \a file and keeps the maps there from now on. A file that does not exist is made when
     /// something is to be kept. A damaged one is ignored and put aside under another name; where
-    /// that is not possible, or the file cannot be read, it is left alone and nothing is written.
+    /// that is not possible, or the file cannot be read or is a later version's, it is left alone
+    /// and nothing is written.
     /// Returns nothing, or what went wrong.
     QString open(const QString& file);
 
@@ -36,6 +37,7 @@ public:
     void keep(int channel, const Map& map);
 
 private:
+    QString leaveAlone(const QString& reason);
     QString setAside(const QString& reason);
     QByteArray bytes() const;
 

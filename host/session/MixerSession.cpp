@@ -39,10 +39,14 @@ MixerSession::MixerSession(Mixer& mixer, Reporter reporter)
 QString MixerSession::open(const QString& file)
 {
     const QString fault = m_file.open(file, &m_data);
-    const EditHistory::Pause pause(m_mixer.desk.history());
-    for (int ch = 0; ch < channelCount; ++ch)
-        restore(ch);
-    m_mixer.desk.history().clear();
+    restore();
+    return fault;
+}
+
+QString MixerSession::read(const QString& file)
+{
+    const QString fault = SessionFile::read(file, &m_data);
+    restore();
     return fault;
 }
 
@@ -76,6 +80,14 @@ bool MixerSession::save()
     if (!fault.isEmpty() && m_reporter)
         m_reporter(fault);
     return fault.isEmpty();
+}
+
+void MixerSession::restore()
+{
+    const EditHistory::Pause pause(m_mixer.desk.history());
+    for (int ch = 0; ch < channelCount; ++ch)
+        restore(ch);
+    m_mixer.desk.history().clear();
 }
 
 void MixerSession::restore(int channel)

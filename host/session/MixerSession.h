@@ -30,6 +30,8 @@ public:
     /// Reads \a file into the mixer's memory, names, A and B settings and settings maps. Returns
     /// nothing, or what went wrong as a sentence.
     QString open(const QString& file);
+    /// The same, but leaves \a file alone whatever is wrong with it and never saves. It must exist.
+    QString read(const QString& file);
     /// Whether there was no session to bring back: nobody has chosen yet what is open.
     bool isNew() const { return m_file.isNew(); }
     /// Puts \a window where it was and opens the editors that were open; saves from now on, also
@@ -40,6 +42,7 @@ public:
     bool save();
 
 private:
+    void restore();
     void restore(int channel);
     void collect(int channel);
     void collectWindows();

@@ -260,6 +260,8 @@ QJsonObject SessionData::toJson(const QJsonObject& base) const
     return root;
 }
 
+bool SessionData::isLater(const QJsonObject& root) { return root[versionKey].toDouble() > version; }
+
 QString SessionData::read(const QJsonObject& root)
 {
     if (!root[versionKey].isDouble())

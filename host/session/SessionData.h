@@ -45,4 +45,6 @@ struct SessionData
     /// program does not know is ignored. Returns nothing, or what is wrong as the end of a
     /// sentence that names its place ("channels[3].strip.level is no text"); this is void then.
     QString read(const QJsonObject& root);
+    /// Whether a later version of this program wrote \a root, which is no damage.
+    static bool isLater(const QJsonObject& root);
 };

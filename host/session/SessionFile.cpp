@@ -17,12 +17,59 @@ constexpr qint64 largestFile = 4 << 20;
 
 QString shown(const QString& file) { return QDir::toNativeSeparators(file); }
 
-QString unreadable(const QString& file, const QString& reason)
+QString leftAlone(const QString& file, const QString& reason)
 {
     return QCoreApplication::translate(
                "SessionFile", "The session %1 cannot be read: %2. It is left alone, and nothing "
                               "will be saved.")
         .arg(shown(file), reason);
+}
+
+enum class Fault { None, Unreadable, Later, Damaged };
+
+struct Content
+{
+    QJsonObject root;
+    SessionData data;
+    Fault fault = Fault::None;
+    QString reason; // the end of a sentence
+
+    Content& refuse(Fault kind, const QString& why)
+    {
+        fault = kind;
+        reason = why;
+        return *this;
+    }
+};
+
+Content parse(const QByteArray& bytes, const SessionData& before)
+{
+    Content content{{}, before, Fault::None, {}};
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
+    if (document.isNull())
+        return content.refuse(
+            Fault::Damaged,
+            QStringLiteral("%1 at byte %2").arg(error.errorString()).arg(error.offset));
+    content.root = document.object();
+    const QString reason = content.data.read(content.root);
+    if (reason.isEmpty())
+        return content;
+    return content.refuse(SessionData::isLater(content.root) ? Fault::Later : Fault::Damaged,
+                          reason);
+}
+
+Content contentOf(const QString& file, const SessionData& before)
+{
+    Content content;
+    QFile input(file);
+    if (QFileInfo::exists(file) && !QFileInfo(file).isFile())
+        return content.refuse(Fault::Unreadable, QStringLiteral("it is no file"));
+    if (!input.open(QIODevice::ReadOnly))
+        return content.refuse(Fault::Unreadable, input.errorString());
+    if (input.size() > largestFile)
+        return content.refuse(Fault::Damaged, QStringLiteral("it is too long"));
+    return parse(input.readAll(), before);
 }
 
 } // namespace
@@ -33,30 +80,31 @@ QString SessionFile::standardFile()
            QLatin1String("/session.json");
 }
 
+QString SessionFile::read(const QString& file, SessionData* data)
+{
+    const Content content = contentOf(file, *data);
+    if (content.fault != Fault::None)
+        return QCoreApplication::translate("SessionFile", "The session %1 cannot be read: %2.")
+            .arg(shown(file), content.reason);
+    *data = content.data;
+    return QString();
+}
+
 QString SessionFile::open(const QString& file, SessionData* data)
 {
     m_file = file;
     m_root = QJsonObject();
     if (!QFileInfo::exists(file))
         return QString();
-    QFile input(file);
-    if (!QFileInfo(file).isFile() || !input.open(QIODevice::ReadOnly)) {
+    const Content content = contentOf(file, *data);
+    if (content.fault == Fault::Damaged)
+        return setAside(content.reason);
+    if (content.fault != Fault::None) {
         m_file.clear();
-        return unreadable(file, QFileInfo(file).isFile() ? input.errorString()
-                                                         : QStringLiteral("it is no file"));
+        return leftAlone(file, content.reason);
     }
-    if (input.size() > largestFile)
-        return setAside(QStringLiteral("it is too long"));
-    QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(input.readAll(), &error);
-    if (document.isNull())
-        return setAside(QStringLiteral("%1 at byte %2").arg(error.errorString()).arg(error.offset));
-    SessionData read = *data;
-    const QString fault = read.read(document.object());
-    if (!fault.isEmpty())
-        return setAside(fault);
-    *data = read;
-    m_root = document.object();
+    *data = content.data;
+    m_root = content.root;
     return QString();
 }
 

@@ -13,10 +13,13 @@ public:
     /// The file in the user's data.
     static QString standardFile();
 
+    /// Reads \a file over \a data and leaves it alone, whatever is wrong with it; then \a data
+    /// stays as it is.
+    static QString read(const QString& file, SessionData* data);
     /// Reads \a file over \a data and saves there from now on. A file that does not exist changes
     /// nothing and is made when something is saved. A damaged one changes nothing and is put aside
-    /// under another name; where that is not possible, or the file cannot be read, it is left alone
-    /// and nothing is ever saved.
+    /// under another name; where that is not possible, or the file cannot be read or is a later
+    /// version's, it is left alone and nothing is ever saved.
     QString open(const QString& file, SessionData* data);
     /// Replaces the file, at once or not at all, keeping what it held that this program does not
     /// know. Does nothing without a file, or when nothing has changed.

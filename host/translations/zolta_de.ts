@@ -867,6 +867,10 @@
 <context>
     <name>SessionFile</name>
     <message>
+        <source>The session %1 cannot be read: %2.</source>
+        <translation>Die Sitzung %1 lässt sich nicht lesen: %2.</translation>
+    </message>
+    <message>
         <source>The session %1 cannot be read: %2. It is left alone, and nothing will be saved.</source>
         <translation>Die Sitzung %1 lässt sich nicht lesen: %2. Sie bleibt, wie sie ist, und nichts wird gesichert.</translation>
     </message>

@@ -867,6 +867,10 @@
 <context>
     <name>SessionFile</name>
     <message>
+        <source>The session %1 cannot be read: %2.</source>
+        <translation>セッション %1 を読み込めません: %2。</translation>
+    </message>
+    <message>
         <source>The session %1 cannot be read: %2. It is left alone, and nothing will be saved.</source>
         <translation>セッション %1 を読み込めません: %2。ファイルはそのまま残し、保存は行いません。</translation>
     </message>

@@ -29,6 +29,8 @@ private Q_SLOTS:
     void damagedFileIsKeptAside();
     void secondDamagedFileTakesAnotherName();
     void folderIsLeftAlone();
+    void laterVersionIsLeftAlone();
+    void readingChangesNoFile();
     void missingKeysKeepDefaults();
     void unknownKeysAreKept();
     void failedWriteLeavesTheOldFile();
@@ -241,7 +243,7 @@ void tst_MixerSession::damagedFileIsKeptAside_data()
     row("cut", "{\"zolta-session\": 1, \"chan", "at byte");
     row("no session", "{}", "it is no session");
     row("list", "[]", "it is no session");
-    row("later", "{\"zolta-session\": 2}", "it is a session of version 2");
+    row("version 0", "{\"zolta-session\": 0}", "it is a session of version 0");
     row("channels", session("\"channels\": 3"), "channels is no list");
     row("nine channels", session("\"channels\": [{},{},{},{},{},{},{},{},{}]"),
         "channels are 9, where the mixer has 8");
@@ -312,6 +314,41 @@ void tst_MixerSession::folderIsLeftAlone()
     QVERIFY(QFileInfo(m_folder->path()).isDir());
     QCOMPARE(QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
              QStringList());
+}
+
+void tst_MixerSession::laterVersionIsLeftAlone()
+{
+    const QByteArray bytes = "{\"zolta-session\": 2, \"channels\": 8}";
+    write(m_file, bytes);
+    MixerSession session(*m_mixer);
+    QCOMPARE(session.open(m_file),
+             QStringLiteral("The session %1 cannot be read: it is a session of version 2, which "
+                            "this program does not know. It is left alone, and nothing will be "
+                            "saved.")
+                 .arg(QDir::toNativeSeparators(m_file)));
+    m_mixer->desk.setName(0, QStringLiteral("New"));
+    QVERIFY(session.save());
+    QCOMPARE(content(m_file), bytes);
+    QCOMPARE(QFileInfo(m_file).dir().entryList(QDir::Files).size(), 1);
+}
+
+void tst_MixerSession::readingChangesNoFile()
+{
+    MixerSession session(*m_mixer);
+    QVERIFY2(session.read(m_file).contains(QStringLiteral("cannot be read: No such file")),
+             "a file that is not there");
+    write(m_file, "damaged");
+    QCOMPARE(session.read(m_file),
+             QStringLiteral("The session %1 cannot be read: illegal value at byte 1.").arg(m_file));
+    QVERIFY(session.save());
+    QCOMPARE(content(m_file), QByteArray("damaged"));
+    write(m_file, "{\"zolta-session\": 1, \"channels\": [{\"name\": \"Read\"}]}");
+    const QByteArray before = content(m_file);
+    QCOMPARE(session.read(m_file), QString());
+    QCOMPARE(m_mixer->desk.name(0), QStringLiteral("Read"));
+    m_mixer->desk.setName(0, QStringLiteral("New"));
+    QVERIFY(session.save());
+    QCOMPARE(content(m_file), before);
 }
 
 void tst_MixerSession::missingKeysKeepDefaults()

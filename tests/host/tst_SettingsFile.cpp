@@ -28,6 +28,7 @@ private Q_SLOTS:
     void keepsEveryDamagedFile();
     void startsAfreshAfterDamage();
     void whatCannotBeReadIsLeftAlone();
+    void laterVersionsAreLeftAlone();
     void saysWhatCannotBeWritten();
 
 private:
@@ -165,8 +166,7 @@ void tst_SettingsFile::damagedFilesAreIgnoredAndKeptAside_data()
         "unterminated string at byte 43");
     row("no map", "[1, 2]", "it is no settings file of version 1");
     row("no version", R"({"channels": {}})", "it is no settings file of version 1");
-    row("another version", R"({"version": 2, "channels": {}})",
-        "it is no settings file of version 1");
+    row("version 0", R"({"version": 0, "channels": {}})", "it is no settings file of version 1");
     row("no channels", R"({"version": 1})", "it holds no channels");
     row("channels are a list", R"({"version": 1, "channels": []})", "it holds no channels");
     row("channel beyond", R"({"version": 1, "channels": {"0": {"GraphZoom": 1}, "8": {}}})",
@@ -231,6 +231,20 @@ void tst_SettingsFile::whatCannotBeReadIsLeftAlone()
     QCOMPARE(settings.map(0).value(QStringLiteral("GraphZoom")), QVariant(5));
     QVERIFY(QFileInfo(path()).isDir());
     QVERIFY(QDir(path()).isEmpty());
+}
+
+void tst_SettingsFile::laterVersionsAreLeftAlone()
+{
+    const QByteArray bytes = R"({"version": 2, "channels": {"0": {"GraphZoom": 1}}})";
+    write(bytes);
+    SettingsFile settings;
+    QCOMPARE(settings.open(path()),
+             QStringLiteral("The editors' settings in %1 cannot be read: it is no settings file of "
+                            "version 1.")
+                 .arg(path()));
+    settings.keep(0, {{QStringLiteral("GraphZoom"), 5}});
+    QCOMPARE(contentOf(path()), bytes);
+    QCOMPARE(QFileInfo(path()).dir().entryList(QDir::Files).size(), 1);
 }
 
 void tst_SettingsFile::saysWhatCannotBeWritten()

@@ -37,6 +37,8 @@ private Q_SLOTS:
     void runsWithoutWindowsIgnoreTheEditorsSettings();
     void opensWindowsOnAPlatform();
     void headlessRunsReadAGivenSession();
+    void headlessRunsLeaveAFaultySessionAlone_data();
+    void headlessRunsLeaveAFaultySessionAlone();
     void headlessRunsLeaveTheStandardSessionAlone();
     void windowsKeepADamagedSessionAside();
     void windowsSayThatSettingsAreDamaged();
@@ -441,17 +443,36 @@ void tst_zolta_host::headlessRunsReadAGivenSession()
     const QByteArray bytes = "{\"zolta-session\": 1, \"channels\": [{\"equalizer\": "
                              "{\"Low gain\": \"+7.5\"}}]}";
     const QString file = write(QStringLiteral("given.json"), bytes);
-    ProgramResult result =
+    const ProgramResult result =
         runWithPlugin({QStringLiteral("--list"), QStringLiteral("--session"), file});
     QCOMPARE(result.code, 0);
     QVERIFY(
         result.output.contains(QLatin1String("fx_rackfx_prm_3\t259\t-200\t200\t0\t75\t+7.5\n")));
     QCOMPARE(contentOf(file), bytes);
+}
 
-    write(QStringLiteral("given.json"), "{}");
-    result = runWithPlugin({QStringLiteral("--list"), QStringLiteral("--session"), file});
+void tst_zolta_host::headlessRunsLeaveAFaultySessionAlone_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("damaged") << QByteArray("{}") << "it is no session";
+    QTest::newRow("later") << QByteArray("{\"zolta-session\": 2}")
+                           << "it is a session of version 2, which this program does not know";
+}
+
+void tst_zolta_host::headlessRunsLeaveAFaultySessionAlone()
+{
+    QFETCH(const QByteArray, bytes);
+    QFETCH(const QString, reason);
+    const QString file = write(QStringLiteral("faulty.json"), bytes);
+    const ProgramResult result =
+        runWithPlugin({QStringLiteral("--list"), QStringLiteral("--session"), file});
     QCOMPARE(result.code, 1);
-    QVERIFY2(result.errors.contains(QStringLiteral("it is no session")), qPrintable(result.errors));
+    QCOMPARE(result.output, QString());
+    QCOMPARE(result.errors,
+             QStringLiteral("zolta-host: The session %1 cannot be read: %2.\n").arg(file, reason));
+    QCOMPARE(contentOf(file), bytes);
+    QVERIFY(!QFile::exists(file + QStringLiteral(".damaged")));
 }
 
 void tst_zolta_host::headlessRunsLeaveTheStandardSessionAlone()
