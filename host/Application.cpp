@@ -9,6 +9,7 @@
 #include "host/OutputFile.h"
 #include "host/ParameterText.h"
 #include "host/session/MixerSession.h"
+#include "host/session/QuitSignals.h"
 
 #include <QApplication>
 #include <QBuffer>
@@ -105,6 +106,7 @@ int Application::runHeadless()
 
 int Application::runWindows()
 {
+    const QuitSignals quitSignals;
     openSettings();
     QString fault = openAudio();
     if (!fault.isEmpty())
@@ -124,6 +126,10 @@ int Application::runWindows()
     }
     m_mixer.desk.history().clear();
     connectAudio(mixerWindow);
+    QObject::connect(&quitSignals, &QuitSignals::arrived, &mixerWindow, [&mixerWindow] {
+        mixerWindow.quit();
+        QApplication::exit(ExitDone);
+    });
     return QApplication::exec();
 }
 

@@ -5,8 +5,12 @@
 #include "host/Mixer.h"
 #include "host/MixerWindow.h"
 
+#include <QEvent>
 #include <QGuiApplication>
 #include <QScreen>
+
+#include <algorithm>
+#include <array>
 
 namespace {
 
@@ -54,8 +58,10 @@ bool MixerSession::restoreWindows(MixerWindow& window)
 {
     m_window = &window;
     connect(&window, &MixerWindow::ending, this, &MixerSession::save);
+    connect(qGuiApp, &QGuiApplication::commitDataRequest, this, &MixerSession::save);
     connect(&m_mixer.desk.history().stack(), &QUndoStack::indexChanged, this,
             [this] { m_timer.start(); });
+    qGuiApp->installEventFilter(this);
     putAt(&window, m_data.mixerPlace);
     bool opened = false;
     for (const SessionData::Editor& editor : m_data.editors) {
@@ -80,6 +86,15 @@ bool MixerSession::save()
     if (!fault.isEmpty() && m_reporter)
         m_reporter(fault);
     return fault.isEmpty();
+}
+
+bool MixerSession::eventFilter(QObject* watched, QEvent* event)
+{
+    static constexpr std::array types = {QEvent::Show, QEvent::Move, QEvent::Resize, QEvent::Close};
+    const bool places = std::find(types.begin(), types.end(), event->type()) != types.end();
+    if (places && (watched == m_window || qobject_cast<EditorWindow*>(watched)))
+        m_timer.start();
+    return QObject::eventFilter(watched, event);
 }
 
 void MixerSession::restore()

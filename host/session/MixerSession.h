@@ -12,8 +12,9 @@ class MixerWindow;
 struct Mixer;
 
 /// Keeps a mixer and its windows in a session file: brings back at the start what was there at the
-/// end, and saves when the last window closes, when the program ends, and a while after changes.
-/// What it brings back is no step of the history, which is empty afterwards.
+/// end, and saves when the last window closes, when the program or the desktop's session ends, and
+/// a while after edits and after windows were opened, moved or closed. What it brings back is no
+/// step of the history, which is empty afterwards.
 class MixerSession : public QObject
 {
     Q_OBJECT
@@ -21,7 +22,7 @@ class MixerSession : public QObject
 public:
     using Reporter = std::function<void(const QString&)>;
 
-    /// An edit is saved after so many milliseconds without another one.
+    /// A change is saved after so many milliseconds without another one.
     static constexpr int saveDelay = 20000;
 
     /// \a mixer must outlive it. The faults of saving go to \a reporter.
@@ -40,6 +41,9 @@ public:
 
     /// Saves now; false if it did not work, which has been reported.
     bool save();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void restore();

@@ -11,6 +11,8 @@
 #include <QJsonDocument>
 #include <QTemporaryDir>
 
+#include <functional>
+
 class tst_MixerSession : public TestObject
 {
     Q_OBJECT
@@ -25,6 +27,7 @@ private Q_SLOTS:
     void lastWindowSaves();
     void quitSavesWhatIsOpen();
     void editIsSavedAfterAWhile();
+    void windowsPlaceIsSavedAfterAWhile();
     void damagedFileIsKeptAside_data();
     void damagedFileIsKeptAside();
     void secondDamagedFileTakesAnotherName();
@@ -227,6 +230,29 @@ void tst_MixerSession::editIsSavedAfterAWhile()
     QCOMPARE(timer->interval(), MixerSession::saveDelay);
     QVERIFY(session.save());
     QVERIFY(!timer->isActive());
+}
+
+void tst_MixerSession::windowsPlaceIsSavedAfterAWhile()
+{
+    MixerWindow window(*m_mixer, EditorSettings());
+    MixerSession session(*m_mixer);
+    session.open(m_file);
+    session.restoreWindows(window);
+    window.show();
+    const auto* timer = session.findChild<QTimer*>();
+    const auto startsTimer = [&](const std::function<void()>& act) {
+        QCoreApplication::processEvents();
+        session.save();
+        act();
+        QCoreApplication::processEvents();
+        return timer->isActive();
+    };
+    QVERIFY(!startsTimer([] {}));
+    EditorWindow* editor = nullptr;
+    QVERIFY(startsTimer([&] { editor = window.openEditor(2, true); }));
+    QVERIFY(startsTimer([&] { editor->move(editor->pos() + QPoint(5, 5)); }));
+    QVERIFY(startsTimer([&] { window.resize(window.size() - QSize(5, 5)); }));
+    QVERIFY(startsTimer([&] { editor->close(); }));
 }
 
 void tst_MixerSession::damagedFileIsKeptAside_data()

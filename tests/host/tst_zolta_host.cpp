@@ -6,7 +6,12 @@
 
 #include <QDir>
 #include <QImage>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTemporaryDir>
+
+#include <csignal>
 
 class tst_zolta_host : public TestObject
 {
@@ -42,11 +47,15 @@ private Q_SLOTS:
     void headlessRunsLeaveTheStandardSessionAlone();
     void windowsKeepADamagedSessionAside();
     void windowsSayThatSettingsAreDamaged();
+    void signalsEndAsTheLastWindowDoes_data();
+    void signalsEndAsTheLastWindowDoes();
 
 private:
     ProgramResult run(const QStringList& arguments) const { return m_program.run(arguments); }
     ProgramResult runWithPlugin(const QStringList& arguments) const;
     ProgramResult runWindows() const;
+    void startWindows(QProcess* process, const QStringList& arguments) const;
+    static bool catches(const QProcess& process, int number);
     QString path(const QString& name) const { return m_folder.filePath(name); }
     QString write(const QString& name, const QByteArray& bytes) const;
     static QByteArray contentOf(const QString& file);
@@ -69,6 +78,30 @@ ProgramResult tst_zolta_host::runWindows() const
     return m_program.runOffscreen(
         {QStringLiteral("--plugin"), QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so"),
          QStringLiteral("--state"), path(QStringLiteral("missing.state"))});
+}
+
+// With the signals as a desktop starts programs, however this test was started.
+void tst_zolta_host::startWindows(QProcess* process, const QStringList& arguments) const
+{
+    m_program.prepare(process);
+    process->setProcessEnvironment(m_program.offscreen());
+    process->setArguments(QStringList{QStringLiteral("--plugin"),
+                                      QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")} +
+                          arguments);
+    process->setChildProcessModifier([] {
+        for (const int number : {SIGINT, SIGTERM, SIGHUP})
+            ::signal(number, SIG_DFL);
+    });
+    process->start();
+}
+
+bool tst_zolta_host::catches(const QProcess& process, int number)
+{
+    const QByteArray status = contentOf(QStringLiteral("/proc/%1/status").arg(process.processId()));
+    const qsizetype place = status.indexOf("SigCgt:") + 7;
+    const quint64 caught =
+        status.mid(place, status.indexOf('\n', place) - place).trimmed().toULongLong(nullptr, 16);
+    return (caught >> (number - 1) & 1) != 0;
 }
 
 QString tst_zolta_host::write(const QString& name, const QByteArray& bytes) const
@@ -496,6 +529,36 @@ void tst_zolta_host::windowsKeepADamagedSessionAside()
              qPrintable(errors));
     QVERIFY(!QFile::exists(file));
     QCOMPARE(contentOf(file + QStringLiteral(".damaged")), QByteArray("damaged"));
+}
+
+void tst_zolta_host::signalsEndAsTheLastWindowDoes_data()
+{
+    QTest::addColumn<int>("number");
+    QTest::newRow("Control-C") << SIGINT;
+    QTest::newRow("terminate") << SIGTERM;
+    QTest::newRow("hang-up") << SIGHUP;
+}
+
+void tst_zolta_host::signalsEndAsTheLastWindowDoes()
+{
+    QFETCH(const int, number);
+    const QString file = path(QStringLiteral("ended-by-%1.json").arg(number));
+    QProcess process;
+    startWindows(&process, {QStringLiteral("--session"), file, QStringLiteral("--set"),
+                            QStringLiteral("fx_rackfx_prm_3=+6")});
+    QVERIFY(process.waitForStarted());
+    QTRY_VERIFY_WITH_TIMEOUT(catches(process, number), 60000);
+    QCOMPARE(::kill(static_cast<pid_t>(process.processId()), number), 0);
+    QVERIFY(process.waitForFinished(60000));
+    const QByteArray errors = process.readAllStandardError();
+    QVERIFY2(!errors.contains("zolta-host:"), errors.constData());
+    QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(process.exitCode(), 0);
+    const QJsonObject saved = QJsonDocument::fromJson(contentOf(file)).object();
+    const QJsonValue first = saved[QStringLiteral("channels")][0];
+    QCOMPARE(first[QStringLiteral("equalizer")][QStringLiteral("Low gain")].toString(),
+             QStringLiteral("+6.0"));
+    QCOMPARE(saved[QStringLiteral("editors")].toArray().size(), 1);
 }
 
 QTEST_GUILESS_MAIN(tst_zolta_host)
