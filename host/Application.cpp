@@ -14,7 +14,9 @@
 #include <QApplication>
 #include <QBuffer>
 #include <QMessageBox>
+#include <QPushButton>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -47,6 +49,41 @@ QByteArray listLine(std::size_t index, int value)
 QString noEditor(int channel)
 {
     return QStringLiteral("The plug-in makes no editor for channel %1.").arg(channel);
+}
+
+bool isShown(const QWidget& window, const QString& sentence)
+{
+    const QList<QMessageBox*> boxes = window.findChildren<QMessageBox*>();
+    return std::any_of(boxes.begin(), boxes.end(), [&sentence](const QMessageBox* box) {
+        return box->isVisible() && box->text() == sentence;
+    });
+}
+
+// Programs that a desktop starts have no standard error stream that anybody reads.
+void warn(QWidget& window, const QString& sentence)
+{
+    if (sentence.isEmpty())
+        return;
+    complain(sentence);
+    if (isShown(window, sentence))
+        return;
+    auto* box = new QMessageBox(QMessageBox::Warning, window.windowTitle(), sentence,
+                                QMessageBox::Ok, &window);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setModal(false);
+    box->show();
+}
+
+bool endsUnsaved(QWidget& window, const QString& fault)
+{
+    complain(fault);
+    QMessageBox box(QMessageBox::Warning, window.windowTitle(), fault, QMessageBox::Cancel,
+                    &window);
+    const auto* quit =
+        box.addButton(QCoreApplication::translate("Application", "Quit Without Saving"),
+                      QMessageBox::DestructiveRole);
+    box.exec();
+    return box.clickedButton() == quit;
 }
 
 } // namespace
@@ -107,17 +144,20 @@ int Application::runHeadless()
 int Application::runWindows()
 {
     const QuitSignals quitSignals;
-    openSettings();
     QString fault = openAudio();
     if (!fault.isEmpty())
         return finished(fault);
     MixerWindow mixerWindow(m_mixer, m_commandLine.editor);
-    MixerSession session(m_mixer, complain);
-    const QString& given = m_commandLine.session;
-    const QString damage = session.open(given.isEmpty() ? SessionFile::standardFile() : given);
-    if (!damage.isEmpty())
-        complain(damage);
+    const auto warning = [&mixerWindow](const QString& text) { warn(mixerWindow, text); };
+    m_mixer.settings.setReporter(warning);
+    MixerSession session(m_mixer, warning);
+    session.setAsker(
+        [&mixerWindow](const QString& text) { return endsUnsaved(mixerWindow, text); });
+    const QStringList damages = {m_mixer.settings.open(SettingsFile::standardFile()),
+                                 session.open(sessionFile())};
     mixerWindow.show();
+    for (const QString& damage : damages)
+        warn(mixerWindow, damage);
     session.restoreWindows(mixerWindow);
     if (session.isNew() || m_commandLine.wantsEditor) {
         fault = openEditor(mixerWindow);
@@ -126,7 +166,8 @@ int Application::runWindows()
     }
     m_mixer.desk.history().clear();
     connectAudio(mixerWindow);
-    QObject::connect(&quitSignals, &QuitSignals::arrived, &mixerWindow, [&mixerWindow] {
+    QObject::connect(&quitSignals, &QuitSignals::arrived, &mixerWindow, [&] {
+        session.setAsker({}); // nobody might be there any more
         mixerWindow.quit();
         QApplication::exit(ExitDone);
     });
@@ -164,15 +205,8 @@ QString Application::openAudio()
 // Without a device everything but the sound works on.
 void Application::connectAudio(MixerWindow& mixerWindow)
 {
-    QObject::connect(
-        &m_audio, &AudioSession::faulted, &mixerWindow, [&mixerWindow](const QString& sentence) {
-            complain(sentence);
-            auto* box = new QMessageBox(QMessageBox::Warning, mixerWindow.windowTitle(), sentence,
-                                        QMessageBox::Ok, &mixerWindow);
-            box->setAttribute(Qt::WA_DeleteOnClose);
-            box->setModal(false);
-            box->show();
-        });
+    QObject::connect(&m_audio, &AudioSession::faulted, &mixerWindow,
+                     [&mixerWindow](const QString& sentence) { warn(mixerWindow, sentence); });
     auto* transport = new AudioTransport(m_audio, m_mixer.desk,
                                          [&mixerWindow] { return mixerWindow.selectedChannel(); });
     transport->setParent(&mixerWindow);
@@ -185,12 +219,9 @@ void Application::connectAudio(MixerWindow& mixerWindow)
     m_audio.play();
 }
 
-void Application::openSettings()
+QString Application::sessionFile() const
 {
-    m_mixer.settings.setReporter(complain);
-    const QString fault = m_mixer.settings.open(SettingsFile::standardFile());
-    if (!fault.isEmpty())
-        complain(fault);
+    return m_commandLine.session.isEmpty() ? SessionFile::standardFile() : m_commandLine.session;
 }
 
 // A run without windows ends before the timer's first tick: its picture shows one second later.

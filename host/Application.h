@@ -33,7 +33,7 @@ private:
     QString openAudio();
     void connectAudio(MixerWindow& mixerWindow);
     QString openEditor(MixerWindow& mixerWindow);
-    void openSettings();
+    QString sessionFile() const;
     void playMeters();
     QString loadState(EditorSession& session);
     void applySettings();

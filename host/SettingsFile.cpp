@@ -5,6 +5,7 @@
 #include "host/OutputFile.h"
 #include "host/ParameterTable.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -105,26 +106,30 @@ void SettingsFile::keep(int channel, const Map& map)
     QDir().mkpath(QFileInfo(m_file).path());
     const QString fault = writeFile(m_file, bytes());
     if (!fault.isEmpty() && m_reporter)
-        m_reporter(QStringLiteral("The editors' settings in %1 cannot be written: %2.")
+        m_reporter(QCoreApplication::translate("SettingsFile",
+                                               "The editors' settings in %1 cannot be written: %2.")
                        .arg(m_file, fault));
 }
 
 QString SettingsFile::leaveAlone(const QString& reason)
 {
-    return QStringLiteral("The editors' settings in %1 cannot be read: %2.")
+    return QCoreApplication::translate("SettingsFile",
+                                       "The editors' settings in %1 cannot be read: %2.")
         .arg(std::exchange(m_file, QString()), reason);
 }
 
 QString SettingsFile::setAside(const QString& reason)
 {
-    const QString sentence =
-        QStringLiteral("The editors' settings in %1 are damaged and ignored: %2.")
-            .arg(m_file, reason);
     const QString name = setDamagedFileAside(m_file);
     if (!name.isEmpty())
-        return sentence + QStringLiteral(" The file is kept as %1.").arg(name);
-    m_file.clear();
-    return sentence + QStringLiteral(" The file cannot be renamed, so nothing is kept.");
+        return QCoreApplication::translate(
+                   "SettingsFile", "The editors' settings in %1 are damaged and ignored: %2. The "
+                                   "file is kept as %3.")
+            .arg(m_file, reason, name);
+    return QCoreApplication::translate(
+               "SettingsFile", "The editors' settings in %1 are damaged and ignored: %2. The file "
+                               "cannot be renamed, so nothing is kept.")
+        .arg(std::exchange(m_file, QString()), reason);
 }
 
 QByteArray SettingsFile::bytes() const

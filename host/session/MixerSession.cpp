@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace {
 
@@ -57,7 +58,7 @@ QString MixerSession::read(const QString& file)
 bool MixerSession::restoreWindows(MixerWindow& window)
 {
     m_window = &window;
-    connect(&window, &MixerWindow::ending, this, &MixerSession::save);
+    connect(&window, &MixerWindow::ending, this, &MixerSession::end);
     connect(qGuiApp, &QGuiApplication::commitDataRequest, this, &MixerSession::save);
     connect(&m_mixer.desk.history().stack(), &QUndoStack::indexChanged, this,
             [this] { m_timer.start(); });
@@ -78,11 +79,7 @@ bool MixerSession::restoreWindows(MixerWindow& window)
 
 bool MixerSession::save()
 {
-    m_timer.stop();
-    collectWindows();
-    for (int ch = 0; ch < channelCount; ++ch)
-        collect(ch);
-    const QString fault = m_file.save(m_data);
+    const QString fault = write();
     if (!fault.isEmpty() && m_reporter)
         m_reporter(fault);
     return fault.isEmpty();
@@ -92,9 +89,53 @@ bool MixerSession::eventFilter(QObject* watched, QEvent* event)
 {
     static constexpr std::array types = {QEvent::Show, QEvent::Move, QEvent::Resize, QEvent::Close};
     const bool places = std::find(types.begin(), types.end(), event->type()) != types.end();
-    if (places && (watched == m_window || qobject_cast<EditorWindow*>(watched)))
+    if (!places || (watched != m_window && !qobject_cast<EditorWindow*>(watched)))
+        return QObject::eventFilter(watched, event);
+    if (event->type() == QEvent::Show)
+        m_ended = false;
+    if (!m_ended)
         m_timer.start();
-    return QObject::eventFilter(watched, event);
+    const bool refused = event->type() == QEvent::Close && staysOpen();
+    event->setAccepted(!refused);
+    return refused;
+}
+
+QString MixerSession::write()
+{
+    m_timer.stop();
+    collectWindows();
+    for (int ch = 0; ch < channelCount; ++ch)
+        collect(ch);
+    return m_file.save(m_data);
+}
+
+bool MixerSession::saveAtEnd()
+{
+    const Asker asker = m_asker; // may be replaced while it asks
+    if (!asker)
+        save();
+    const QString fault = asker ? write() : QString();
+    return fault.isEmpty() || asker(fault);
+}
+
+// The program is ending, of which the last window already told where it was it that closed.
+void MixerSession::end()
+{
+    if (m_ended)
+        return;
+    m_ended = saveAtEnd();
+    m_staying = !m_ended;
+}
+
+// Whether a window that is about to close does not; the first refusal ends the closing of all.
+bool MixerSession::staysOpen()
+{
+    if (std::exchange(m_staying, false))
+        return true;
+    const qsizetype open = m_window->editors().size() + (m_window->isVisible() ? 1 : 0);
+    if (!m_ended && open <= 1)
+        m_ended = saveAtEnd();
+    return !m_ended && open <= 1;
 }
 
 void MixerSession::restore()

@@ -21,12 +21,18 @@ class MixerSession : public QObject
 
 public:
     using Reporter = std::function<void(const QString&)>;
+    /// Gets a fault of saving; whether to end nevertheless.
+    using Asker = std::function<bool(const QString&)>;
 
     /// A change is saved after so many milliseconds without another one.
     static constexpr int saveDelay = 20000;
 
     /// \a mixer must outlive it. The faults of saving go to \a reporter.
     explicit MixerSession(Mixer& mixer, Reporter reporter = {});
+
+    /// Is asked, instead of the reporter, when the last window or the program cannot be closed
+    /// without losing something; without an asker, they close.
+    void setAsker(Asker asker) { m_asker = std::move(asker); }
 
     /// Reads \a file into the mixer's memory, names, A and B settings and settings maps. Returns
     /// nothing, or what went wrong as a sentence.
@@ -46,6 +52,10 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    QString write();
+    bool saveAtEnd();
+    void end();
+    bool staysOpen();
     void restore();
     void restore(int channel);
     void collect(int channel);
@@ -53,8 +63,11 @@ private:
 
     Mixer& m_mixer;
     Reporter m_reporter;
+    Asker m_asker;
     SessionFile m_file;
     SessionData m_data;
     MixerWindow* m_window = nullptr;
     QTimer m_timer;
+    bool m_ended = false;   // the windows are closing, and there is nothing left to save
+    bool m_staying = false; // they shall not close, after all
 };

@@ -3,6 +3,13 @@
 <!-- SPDX-License-Identifier: GPL-3.0-or-later -->
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>Application</name>
+    <message>
+        <source>Quit Without Saving</source>
+        <translation>Beenden, ohne zu sichern</translation>
+    </message>
+</context>
+<context>
     <name>EditorToolBar</name>
     <message>
         <source>Editor</source>
@@ -885,6 +892,25 @@
     <message>
         <source>The session %1 is damaged and not used: %2. The file cannot be renamed, so nothing will be saved.</source>
         <translation>Die Sitzung %1 ist beschädigt und wird nicht verwendet: %2. Die Datei lässt sich nicht umbenennen, deshalb wird nichts gesichert.</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsFile</name>
+    <message>
+        <source>The editors' settings in %1 cannot be read: %2.</source>
+        <translation>Die Einstellungen der Editoren in %1 lassen sich nicht lesen: %2.</translation>
+    </message>
+    <message>
+        <source>The editors' settings in %1 cannot be written: %2.</source>
+        <translation>Die Einstellungen der Editoren in %1 lassen sich nicht sichern: %2.</translation>
+    </message>
+    <message>
+        <source>The editors' settings in %1 are damaged and ignored: %2. The file is kept as %3.</source>
+        <translation>Die Einstellungen der Editoren in %1 sind beschädigt und werden nicht verwendet: %2. Die Datei bleibt als %3 erhalten.</translation>
+    </message>
+    <message>
+        <source>The editors' settings in %1 are damaged and ignored: %2. The file cannot be renamed, so nothing is kept.</source>
+        <translation>Die Einstellungen der Editoren in %1 sind beschädigt und werden nicht verwendet: %2. Die Datei lässt sich nicht umbenennen, deshalb wird nichts gesichert.</translation>
     </message>
 </context>
 <context>

@@ -3,6 +3,13 @@
 <!-- SPDX-License-Identifier: GPL-3.0-or-later -->
 <TS version="2.1" language="ja" sourcelanguage="en">
 <context>
+    <name>Application</name>
+    <message>
+        <source>Quit Without Saving</source>
+        <translation>保存せずに終了</translation>
+    </message>
+</context>
+<context>
     <name>EditorToolBar</name>
     <message>
         <source>Editor</source>
@@ -885,6 +892,25 @@
     <message>
         <source>The session %1 is damaged and not used: %2. The file cannot be renamed, so nothing will be saved.</source>
         <translation>セッション %1 は壊れているため使用しません: %2。ファイル名を変更できないため、保存は行いません。</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsFile</name>
+    <message>
+        <source>The editors' settings in %1 cannot be read: %2.</source>
+        <translation>エディターの設定 %1 を読み込めません: %2。</translation>
+    </message>
+    <message>
+        <source>The editors' settings in %1 cannot be written: %2.</source>
+        <translation>エディターの設定 %1 を保存できません: %2。</translation>
+    </message>
+    <message>
+        <source>The editors' settings in %1 are damaged and ignored: %2. The file is kept as %3.</source>
+        <translation>エディターの設定 %1 は壊れているため使用しません: %2。ファイルは %3 として残します。</translation>
+    </message>
+    <message>
+        <source>The editors' settings in %1 are damaged and ignored: %2. The file cannot be renamed, so nothing is kept.</source>
+        <translation>エディターの設定 %1 は壊れているため使用しません: %2。ファイル名を変更できないため、保存は行いません。</translation>
     </message>
 </context>
 <context>

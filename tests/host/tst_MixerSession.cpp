@@ -37,6 +37,8 @@ private Q_SLOTS:
     void missingKeysKeepDefaults();
     void unknownKeysAreKept();
     void failedWriteLeavesTheOldFile();
+    void failedWriteAsksBeforeTheLastWindowCloses();
+    void failedWriteAsksBeforeTheProgramEnds();
     void unchangedSessionIsNotWritten();
     void nothingIsWrittenWithoutAFile();
     void placeOffEveryScreenIsNotUsed();
@@ -422,6 +424,64 @@ void tst_MixerSession::failedWriteLeavesTheOldFile()
     QVERIFY2(said.contains(QStringLiteral("cannot be saved")), qPrintable(said));
     QCOMPARE(content(moved), before);
     QCOMPARE(content(QFileInfo(m_file).path()), QByteArray("a file in the folder's place"));
+}
+
+void tst_MixerSession::failedWriteAsksBeforeTheLastWindowCloses()
+{
+    write(QFileInfo(m_file).path(), "a file in the folder's place");
+    MixerWindow window(*m_mixer, EditorSettings());
+    QStringList said;
+    MixerSession session(*m_mixer, [&said](const QString& fault) { said << fault; });
+    session.open(m_file);
+    session.restoreWindows(window);
+    window.show();
+    QStringList asked;
+    bool answer = false;
+    session.setAsker([&](const QString& fault) {
+        asked << fault;
+        return answer;
+    });
+    EditorWindow* editor = window.openEditor(1, true);
+    QVERIFY(window.close()); // not the last one
+    QCOMPARE(asked, QStringList());
+    QVERIFY(!editor->close());
+    QVERIFY(editor->isVisible());
+    QCOMPARE(asked.size(), 1);
+    QVERIFY2(asked[0].contains(QStringLiteral("cannot be saved")), qPrintable(asked[0]));
+    answer = true;
+    QVERIFY(editor->close());
+    QCOMPARE(asked.size(), 2);
+    QCOMPARE(said, QStringList());
+    window.show();
+    session.setAsker({});
+    QVERIFY(window.close());
+    QCOMPARE(said, QStringList(asked[0]));
+}
+
+void tst_MixerSession::failedWriteAsksBeforeTheProgramEnds()
+{
+    write(QFileInfo(m_file).path(), "a file in the folder's place");
+    MixerWindow window(*m_mixer, EditorSettings());
+    MixerSession session(*m_mixer);
+    session.open(m_file);
+    session.restoreWindows(window);
+    window.show();
+    EditorWindow* editor = window.openEditor(1, true);
+    int asked = 0;
+    bool answer = false;
+    session.setAsker([&](const QString&) {
+        ++asked;
+        return answer;
+    });
+    window.quit();
+    QCOMPARE(asked, 1);
+    QVERIFY(window.isVisible());
+    QVERIFY(editor->isVisible());
+    QVERIFY(editor->close()); // not the last one
+    answer = true;
+    window.quit();
+    QCOMPARE(asked, 2);
+    QVERIFY(!window.isVisible());
 }
 
 void tst_MixerSession::unchangedSessionIsNotWritten()

@@ -453,7 +453,7 @@ void tst_zolta_host::windowsSayThatSettingsAreDamaged()
     QVERIFY(QDir(m_folder.path()).mkpath(QStringLiteral("zolta")));
     const QString file = write(QStringLiteral("zolta/editors.json"), "damaged");
     const QString errors = runWindows().errors;
-    QVERIFY2(errors.startsWith(
+    QVERIFY2(errors.contains(
                  QStringLiteral("zolta-host: The editors' settings in %1 are damaged and ignored: ")
                      .arg(file)),
              qPrintable(errors));
