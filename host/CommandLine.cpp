@@ -119,7 +119,11 @@ private:
         else if (render.forceFloat && !isWav(render.output))
             fail(QStringLiteral("--float is for files that end in .wav, not \"%1\".")
                      .arg(render.output));
-        refuseTogether("render", {"list", "save-state", "screenshot"});
+        refuseTogether("render", {"list", "save-state", "screenshot", "devices", "plugin",
+                                  "sample-rate", "meters", "scale", "mono"});
+        if (m_parser.isSet(QStringLiteral("channel")) && m_result.session.isEmpty())
+            fail(QStringLiteral("--render takes --channel together with --session only: every "
+                                "channel of the file gets the same settings."));
     }
 
     void readAudio()
@@ -316,14 +320,14 @@ QString CommandLine::helpText()
         "                         .vstpreset\n"
         "  --screenshot FILE.png  write a picture of the editor\n"
         "\n"
-        "These do their work alone, without an editor; of the above only --channel, --state and\n"
-        "--set count for them:\n"
+        "These do their work alone, without an editor:\n"
         "  --devices              print the sound devices: name, outputs, inputs, preferred rate "
         "in\n"
         "                         Hz and remarks, separated by tabs\n"
         "  --render IN OUT        send a WAV, FLAC or OGG file through the channel's equalizer "
         "into\n"
-        "                         a new one whose name ends in .wav, .flac or .ogg\n"
+        "                         a new one whose name ends in .wav, .flac or .ogg; the settings\n"
+        "                         are those of --channel in --session, then --state, then --set\n"
         "  --float                write 32-bit floats into a .wav file, whatever IN has\n"
         "\n"
         "Exit codes: 0 done, 1 a file or the plug-in is at fault, 2 the command line is.\n");

@@ -6,6 +6,7 @@
 #include "host/audio/ChannelSettings.h"
 #include "host/audio/Interruption.h"
 #include "host/audio/ProgressBar.h"
+#include "host/session/SessionFile.h"
 
 namespace {
 
@@ -35,10 +36,13 @@ QString readJob(const CommandLine& commandLine, AudioRenderer::Job* job)
     job->input = commandLine.render.input;
     job->output = commandLine.render.output;
     job->forceFloat = commandLine.render.forceFloat;
-    job->values = defaultValues();
-    const QString fault = commandLine.state.isEmpty()
-                              ? QString()
-                              : ChannelSettings::load(commandLine.state, &job->values);
+    SessionData session;
+    QString fault;
+    if (!commandLine.session.isEmpty())
+        fault = SessionFile::read(commandLine.session, &session);
+    job->values = session.heardBy(commandLine.editor.channel).equalizer;
+    if (fault.isEmpty() && !commandLine.state.isEmpty())
+        fault = ChannelSettings::load(commandLine.state, &job->values);
     ChannelSettings::apply(commandLine.settings, &job->values);
     return fault;
 }

@@ -241,6 +241,13 @@ SessionData::SessionData()
     }
 }
 
+const SessionData::Channel& SessionData::heardBy(int channel) const
+{
+    const Channel& first = channels[static_cast<std::size_t>(channel & ~1)];
+    const bool pair = first.strip[static_cast<std::size_t>(StripParameter::Stereo)] != 0;
+    return pair ? first : channels[static_cast<std::size_t>(channel)];
+}
+
 QJsonObject SessionData::toJson(const QJsonObject& base) const
 {
     const QJsonArray before = base[channelsKey].toArray();

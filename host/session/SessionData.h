@@ -39,6 +39,9 @@ struct SessionData
     /// A new mixer: everything at its default.
     SessionData();
 
+    /// What rules the sound of a channel: its own settings, or those of the pair's first channel.
+    const Channel& heardBy(int channel) const;
+
     /// As JSON, over \a base: what \a base holds that this program does not know stays.
     QJsonObject toJson(const QJsonObject& base) const;
     /// Reads what \a root says over this; what it does not say stays as it is, and what this

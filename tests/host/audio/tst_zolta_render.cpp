@@ -26,6 +26,8 @@ private Q_SLOTS:
     void needsNoDisplayAndNoPlugin();
     void followsSettings();
     void stateAndSettingsCountAsInTheEditor();
+    void takesSettingsFromASession_data();
+    void takesSettingsFromASession();
     void refusesArguments_data();
     void refusesArguments();
     void saysWhatIsWrong_data();
@@ -75,8 +77,7 @@ void tst_zolta_render::needsNoDisplayAndNoPlugin()
 {
     writeNoise("in.wav");
     const ProgramResult result =
-        run({QStringLiteral("--plugin"), QStringLiteral("nowhere.so"), QStringLiteral("--render"),
-             QStringLiteral("in.wav"), QStringLiteral("out.flac")});
+        run({QStringLiteral("--render"), QStringLiteral("in.wav"), QStringLiteral("out.flac")});
     QCOMPARE(result.errors, QString());
     QCOMPARE(result.output, QString());
     QCOMPARE(result.code, 0);
@@ -88,8 +89,8 @@ void tst_zolta_render::followsSettings()
     writeNoise("in.wav");
     const ProgramResult result =
         run({QStringLiteral("--render"), QStringLiteral("in.wav"), QStringLiteral("out.wav"),
-             QStringLiteral("--float"), QStringLiteral("--channel"), QStringLiteral("5"),
-             QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_26=-20")});
+             QStringLiteral("--float"), QStringLiteral("--set"),
+             QStringLiteral("fx_rackfx_prm_26=-20")});
     QCOMPARE(result.code, 0);
     const std::vector<double> before = SoundFiles::read(path("in.wav")).samples;
     const std::vector<double> after = SoundFiles::read(path("out.wav")).samples;
@@ -129,6 +130,44 @@ void tst_zolta_render::stateAndSettingsCountAsInTheEditor()
     QVERIFY(SoundFiles::bytesOf(path("set.wav")) != SoundFiles::bytesOf(path("in.wav")));
 }
 
+void tst_zolta_render::takesSettingsFromASession_data()
+{
+    QTest::addColumn<QString>("words");
+    QTest::addColumn<int>("level"); // dB
+    QTest::newRow("first channel") << "" << -6;
+    QTest::newRow("second of a pair") << "--channel 1" << -6;
+    QTest::newRow("mono channel") << "--channel 3" << -12;
+    QTest::newRow("setting over it") << "--channel 3 --set fx_rackfx_prm_26=-20" << -20;
+    QTest::newRow("state over it") << "--channel 3 --state flat.state" << 0;
+}
+
+void tst_zolta_render::takesSettingsFromASession()
+{
+    QFETCH(const QString, words);
+    QFETCH(const int, level);
+    writeNoise("in.wav");
+    const QByteArray bytes =
+        R"({"zolta-session": 1, "channels": [)"
+        R"({"equalizer": {"Output level": "-6.0"}}, {"equalizer": {"Output level": "+3.0"}},)"
+        R"({"strip": {"stereo": "Mono"}}, {"equalizer": {"Output level": "-12.0"}}]})";
+    SoundFiles::writeBytes(path("s.json"), bytes);
+    QCOMPARE(run({QStringLiteral("--list"), QStringLiteral("--save-state"),
+                  QStringLiteral("flat.state")})
+                 .code,
+             0);
+    const ProgramResult result =
+        run(QStringLiteral("--render in.wav out.wav --float --session s.json %1")
+                .arg(words)
+                .split(QLatin1Char(' '), Qt::SkipEmptyParts));
+    QCOMPARE(result.errors, QString());
+    const std::vector<double> before = SoundFiles::read(path("in.wav")).samples;
+    const std::vector<double> after = SoundFiles::read(path("out.wav")).samples;
+    QCOMPARE(after.size(), before.size());
+    for (std::size_t i = 0; i < before.size(); ++i)
+        QVERIFY(std::abs(after[i] - before[i] * std::pow(10.0, level / 20.0)) < 1e-6);
+    QCOMPARE(SoundFiles::bytesOf(path("s.json")), bytes);
+}
+
 void tst_zolta_render::refusesArguments_data()
 {
     QTest::addColumn<QString>("words");
@@ -143,7 +182,15 @@ void tst_zolta_render::refusesArguments_data()
     row("--render in.wav out.flac --float",
         "--float is for files that end in .wav, not \"out.flac\".");
     row("--float", "--float is for --render only.");
-    row("--render in.wav out.wav --list", "--render and --list do not go together.");
+    for (const char* option : {"list", "devices", "mono", "save-state a", "screenshot a.png",
+                               "plugin a.so", "sample-rate 48000", "meters on", "scale 2"}) {
+        const QByteArray words = QByteArray("--render in.wav out.wav --") + option;
+        const QByteArray name = QByteArray(option).split(' ').constFirst();
+        row(words.constData(), ("--render and --" + name + " do not go together.").constData());
+    }
+    row("--render in.wav out.wav --channel 1",
+        "--render takes --channel together with --session only: every channel of the file gets "
+        "the same settings.");
 }
 
 void tst_zolta_render::refusesArguments()
@@ -172,6 +219,10 @@ void tst_zolta_render::saysWhatIsWrong_data()
         "The sound file /proc/out.wav cannot be written: No such file or directory.");
     row("in.wav out.wav --state bad.state",
         "The state file bad.state is cut short: it holds 100 of the 116 bytes of a state.");
+    row("in.wav out.wav --session nowhere.json",
+        "The session nowhere.json cannot be read: No such file or directory.");
+    row("in.wav out.wav --session bad.json",
+        "The session bad.json cannot be read: it is no session.");
     row("many.wav out.flac",
         "The sound file out.flac cannot be written: its format does not take 20 channels at 48000 "
         "Hz (Format not recognised).");
@@ -186,10 +237,12 @@ void tst_zolta_render::saysWhatIsWrong()
                       Sound{SF_FORMAT_WAV | SF_FORMAT_PCM_16, 48000, 20, SoundFiles::noise(2000)});
     QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("folder.wav")));
     SoundFiles::writeBytes(path("bad.state"), StateBytes::state().left(100));
+    SoundFiles::writeBytes(path("bad.json"), "{}");
     const ProgramResult result =
         run(QStringList(QStringLiteral("--render")) + words.split(QLatin1Char(' ')));
     QCOMPARE(result.errors, QStringLiteral("zolta-host: %1\n").arg(expected));
     QCOMPARE(result.code, 1);
+    QCOMPARE(SoundFiles::bytesOf(path("bad.json")), QByteArray("{}"));
 }
 
 void tst_zolta_render::warnsAboutClippingAndDamage()
