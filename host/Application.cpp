@@ -119,6 +119,7 @@ int Application::runHeadless()
         if (!damage.isEmpty())
             return finished(damage);
     }
+    chooseChannel();
     QWidget stage;
     stage.setAttribute(Qt::WA_DontShowOnScreen);
     const EditorSettings& settings = m_commandLine.editor;
@@ -155,6 +156,7 @@ int Application::runWindows()
         [&mixerWindow](const QString& text) { return endsUnsaved(mixerWindow, text); });
     const QStringList damages = {m_mixer.settings.open(SettingsFile::standardFile()),
                                  session.open(sessionFile())};
+    chooseChannel();
     mixerWindow.show();
     for (const QString& damage : damages)
         warn(mixerWindow, damage);
@@ -172,6 +174,16 @@ int Application::runWindows()
         QApplication::exit(ExitDone);
     });
     return QApplication::exec();
+}
+
+// An editor is for a strip of the mixer: a channel alone, or the pair that its first channel rules.
+void Application::chooseChannel()
+{
+    EditorSettings& editor = m_commandLine.editor;
+    if (!editor.stereo)
+        m_mixer.memory.setStrip(editor.channel & ~1, StripParameter::Stereo, 0);
+    editor.stereo = m_mixer.desk.isPair(editor.channel);
+    editor.channel = m_mixer.desk.leaderOf(editor.channel);
 }
 
 QString Application::openEditor(MixerWindow& mixerWindow)

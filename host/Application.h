@@ -32,6 +32,7 @@ private:
     int runWindows();
     QString openAudio();
     void connectAudio(MixerWindow& mixerWindow);
+    void chooseChannel();
     QString openEditor(MixerWindow& mixerWindow);
     QString sessionFile() const;
     void playMeters();

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Runs the program with windows inside the test, to see what it shows.
 #include "host/Application.h"
+#include "host/EditorWindow.h"
 #include "host/MixerWindow.h"
+#include "host/session/SessionFile.h"
 #include "tests/support/TestObject.h"
 
 #include <QAbstractButton>
@@ -21,6 +23,8 @@ private Q_SLOTS:
     void showsNoMessageWithoutAFault();
     void showsThatTheSessionIsDamaged();
     void showsThatTheEditorsSettingsAreDamaged();
+    void editorIsForAStrip_data();
+    void editorIsForAStrip();
     void asksWhenTheSessionCannotBeSavedAtTheEnd();
 
 private:
@@ -115,6 +119,54 @@ void tst_Application::showsThatTheEditorsSettingsAreDamaged()
              QStringList(QStringLiteral("The editors' settings in %1 are damaged and ignored: "
                                         "illegal value at byte 1. The file is kept as %1.damaged.")
                              .arg(file)));
+}
+
+void tst_Application::editorIsForAStrip_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<int>("channel");
+    QTest::addColumn<bool>("stereo");
+    QTest::addColumn<QString>("width"); // of the pairs 0 + 1 and 4 + 5
+    const auto row = [](const char* words, int channel, bool stereo, const char* width) {
+        QTest::newRow(words) << QString::fromLatin1(words).split(QLatin1Char(' ')) << channel
+                             << stereo << QString::fromLatin1(width);
+    };
+    row("--channel 0", 0, true, "Stereo Mono");
+    row("--channel 1", 0, true, "Stereo Mono");
+    row("--mono", 0, false, "Mono Mono");
+    row("--channel 1 --mono", 1, false, "Mono Mono");
+    row("--channel 5", 5, false, "Stereo Mono");
+}
+
+// What is set for a channel reaches what is heard of it.
+void tst_Application::editorIsForAStrip()
+{
+    QFETCH(const QStringList, arguments);
+    QFETCH(const int, channel);
+    const QString file =
+        write(QStringLiteral("strips.json"), R"({"zolta-session": 1, "channels": )"
+                                             R"([{}, {}, {}, {}, {"strip": {"stereo": "Mono"}}]})");
+    QList<EditorSettings> opened;
+    const QStringList further = {QStringLiteral("--session"), file, QStringLiteral("--set"),
+                                 QStringLiteral("fx_rackfx_prm_3=+6")};
+    const int code = run(arguments + further, [&opened] {
+        for (const EditorWindow* editor : shownWindows<EditorWindow>())
+            opened << editor->settings();
+    });
+    QCOMPARE(code, 0);
+    QCOMPARE(opened.size(), 1);
+    QCOMPARE(opened[0].channel, channel);
+    QTEST(opened[0].stereo, "stereo");
+    SessionData saved;
+    QCOMPARE(SessionFile::read(file, &saved), QString());
+    QStringList widths;
+    for (const std::size_t first : {0U, 4U}) {
+        const int stereo =
+            saved.channels[first].strip[static_cast<std::size_t>(StripParameter::Stereo)];
+        widths << QString::fromStdString(*formatStrip(StripParameter::Stereo, stereo));
+    }
+    QTEST(widths.join(QLatin1Char(' ')), "width");
+    QCOMPARE(saved.channels[static_cast<std::size_t>(channel)].equalizer[2], 60);
 }
 
 void tst_Application::asksWhenTheSessionCannotBeSavedAtTheEnd()

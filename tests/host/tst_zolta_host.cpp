@@ -42,6 +42,7 @@ private Q_SLOTS:
     void runsWithoutWindowsIgnoreTheEditorsSettings();
     void opensWindowsOnAPlatform();
     void headlessRunsReadAGivenSession();
+    void headlessRunsListWhatIsHeardOfAChannel();
     void headlessRunsLeaveAFaultySessionAlone_data();
     void headlessRunsLeaveAFaultySessionAlone();
     void headlessRunsLeaveTheStandardSessionAlone();
@@ -482,6 +483,20 @@ void tst_zolta_host::headlessRunsReadAGivenSession()
     QVERIFY(
         result.output.contains(QLatin1String("fx_rackfx_prm_3\t259\t-200\t200\t0\t75\t+7.5\n")));
     QCOMPARE(contentOf(file), bytes);
+}
+
+// The second channel of a pair sounds as the first one is set.
+void tst_zolta_host::headlessRunsListWhatIsHeardOfAChannel()
+{
+    const QString file =
+        write(QStringLiteral("pair.json"),
+              "{\"zolta-session\": 1, \"channels\": [{\"equalizer\": {\"Low gain\": \"+7.5\"}}, "
+              "{\"equalizer\": {\"Low gain\": \"-3.0\"}}]}");
+    const QStringList arguments = {QStringLiteral("--list"), QStringLiteral("--session"), file,
+                                   QStringLiteral("--channel"), QStringLiteral("1")};
+    QCOMPARE(rawValue(runWithPlugin(arguments), 3), QStringLiteral("75"));
+    QCOMPARE(rawValue(runWithPlugin(arguments + QStringList(QStringLiteral("--mono"))), 3),
+             QStringLiteral("-30"));
 }
 
 void tst_zolta_host::headlessRunsLeaveAFaultySessionAlone_data()
