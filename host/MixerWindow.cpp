@@ -70,9 +70,10 @@ MixerWindow::~MixerWindow()
 
 EditorWindow* MixerWindow::openEditor(int channel, bool stereo)
 {
-    QPointer<EditorWindow>& editor = m_editors[channel];
+    const int shown = stereo ? m_mixer.desk.leaderOf(channel) : channel;
+    QPointer<EditorWindow>& editor = m_editors[shown];
     if (!editor)
-        editor = createEditor(channel, stereo);
+        editor = createEditor(shown, stereo);
     if (!editor)
         return nullptr;
     editor->setStereo(stereo);
@@ -158,10 +159,27 @@ void MixerWindow::followPair(int first)
     const bool pair = m_mixer.desk.isPair(first);
     if (std::exchange(known, pair) == pair)
         return;
-    for (const int channel : {first, partnerOf(first)}) {
-        if (EditorWindow* editor = m_editors.value(channel))
-            editor->setStereo(pair);
+    if (EditorWindow* editor = m_editors.value(first))
+        editor->setStereo(pair);
+    if (pair)
+        joinEditors(first);
+}
+
+// The second channel's editor would edit what is not heard: the first one's takes its place.
+void MixerWindow::joinEditors(int first)
+{
+    EditorWindow* second = m_editors.value(partnerOf(first));
+    if (!second || !second->isVisible())
+        return;
+    const EditorWindow* known = m_editors.value(first);
+    if (!known || !known->isVisible()) {
+        EditorWindow* editor = openEditor(first, true);
+        if (!editor)
+            return;
+        editor->setScale(second->settings().scale);
+        editor->setGeometry(second->geometry());
     }
+    second->close();
 }
 
 void MixerWindow::changeEvent(QEvent* event)

@@ -30,8 +30,8 @@ public:
     MixerWindow(Mixer& mixer, const EditorSettings& settings);
     ~MixerWindow() override;
 
-    /// Shows the editor of a channel, a new one or the one that is open already. Null if the
-    /// plug-in makes none.
+    /// Shows the editor of a channel, a new one or the one that is open already. Of a pair it is
+    /// the first channel's, which both of them sound like. Null if the plug-in makes none.
     EditorWindow* openEditor(int channel, bool stereo);
     /// Those that are open, by channel.
     QList<EditorWindow*> editors() const;
@@ -60,6 +60,7 @@ private:
     void select(int channel);
     void showPairs();
     void followPair(int first);
+    void joinEditors(int first);
     void windowCloses();
     void rename();
     void paste();

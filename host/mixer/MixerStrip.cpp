@@ -60,6 +60,17 @@ int wordAt(const unsigned int* words, unsigned short base, int channel)
     return static_cast<short>(words[base + 2 * channel] & 0xFFFFU);
 }
 
+// Whether the user turned to a control. One that has the focus again after a menu or another window
+// is not meant.
+bool turnsTo(const QEvent* event)
+{
+    if (event->type() != QEvent::FocusIn)
+        return event->type() == QEvent::MouseButtonPress;
+    const Qt::FocusReason reason = static_cast<const QFocusEvent*>(event)->reason();
+    return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
+           reason != Qt::MenuBarFocusReason;
+}
+
 void setFontSize(QWidget* widget, int pixels)
 {
     QFont font = widget->font();
@@ -95,9 +106,9 @@ MixerStrip::MixerStrip(Desk& desk, int channel, QWidget* parent)
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget* old, QWidget* now) {
         if ((old && isAncestorOf(old)) || (now && isAncestorOf(now)))
             update();
-        if (now && isAncestorOf(now))
-            Q_EMIT selected(m_channel);
     });
+    for (QWidget* control : findChildren<QWidget*>())
+        control->installEventFilter(this);
 }
 
 bool MixerStrip::isPair() const { return m_desk.isPair(m_channel); }
@@ -121,6 +132,13 @@ void MixerStrip::sayAgain()
 {
     m_texts.sayAgain();
     update();
+}
+
+bool MixerStrip::eventFilter(QObject* control, QEvent* event)
+{
+    if (turnsTo(event))
+        Q_EMIT selected(m_channel);
+    return QWidget::eventFilter(control, event);
 }
 
 void MixerStrip::mousePressEvent(QMouseEvent* event)

@@ -51,6 +51,7 @@ Q_SIGNALS:
     void selected(int channel);
 
 protected:
+    bool eventFilter(QObject* control, QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;

@@ -292,7 +292,7 @@ void tst_EditorWindow::titleSaysTheChannels()
 
 void tst_EditorWindow::resetWritesDefaults()
 {
-    EditorWindow* window = openWindow(1);
+    EditorWindow* window = openWindow(1, false);
     m_mixer.memory.setValue(0x0103, 1, 50, 0, 0, 1);
     m_mixer.memory.setValue(0x0103, 0, 50, 0, 0, 1);
     action(window, QStringLiteral("Reset to Defaults"))->trigger();

@@ -87,9 +87,15 @@ private Q_SLOTS:
     void namesFollowTheChannel();
     void tabVisitsTheControls();
     void focusMarksTheStrip();
+    void clickOnAControlMarksTheStrip_data();
+    void clickOnAControlMarksTheStrip();
+    void focusThatComesBackMarksNothing();
     void curveOpensTheEditor();
     void editorHasTheFocus();
     void editorFollowsTheWidth();
+    void editorOfASecondChannelShowsThePair();
+    void editorOfASecondChannelClosesForThePair();
+    void firstEditorTakesTheSecondsPlace();
     void widthChosenInTheEditorIsAStep();
     void metersShowWhatLeavesTheFader();
     void peaksStayForAWhile();
@@ -434,6 +440,40 @@ void tst_MixerWindow::focusMarksTheStrip()
     QCOMPARE(m_window->selectedChannel(), 6);
 }
 
+void tst_MixerWindow::clickOnAControlMarksTheStrip_data()
+{
+    QTest::addColumn<QString>("control");
+    for (const char* name :
+         {"Source of Channel 6", "Channel 6 mono", "Equalizer of Channel 6", "Mute of Channel 6",
+          "Solo of Channel 6", "Fader of Channel 6", "Level of Channel 6", "Meter of channel 6"})
+        QTest::newRow(name) << QString::fromLatin1(name);
+}
+
+void tst_MixerWindow::clickOnAControlMarksTheStrip()
+{
+    QFETCH(const QString, control);
+    m_mixer->memory.setValue(middle2Gain, 0, 50, 0, 0, 1);
+    QTest::mousePress(named<QWidget>(strip(6), control), Qt::RightButton);
+    QCOMPARE(m_window->selectedChannel(), 6);
+    action(m_window.get(), QStringLiteral("Reset Equalizer"))->trigger();
+    QCOMPARE(m_mixer->memory.values(0)[10], 50);
+}
+
+void tst_MixerWindow::focusThatComesBackMarksNothing()
+{
+    m_window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    strip(4)->findChild<FaderController*>()->setFocus();
+    QTest::mouseClick(named<QAbstractButton>(strip(6), QStringLiteral("Mute of Channel 6")),
+                      Qt::LeftButton);
+    EditorWindow* editor = m_window->openEditor(0, true);
+    QVERIFY(QTest::qWaitForWindowActive(editor));
+    m_window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    QVERIFY(strip(4)->findChild<FaderController*>()->hasFocus());
+    QCOMPARE(m_window->selectedChannel(), 6);
+}
+
 void tst_MixerWindow::curveOpensTheEditor()
 {
     QTest::mouseClick(strip(2)->findChild<EqualizerThumbnail*>(), Qt::LeftButton);
@@ -458,6 +498,47 @@ void tst_MixerWindow::editorFollowsTheWidth()
     QVERIFY(!editor->settings().stereo);
     stack().undo();
     QVERIFY(editor->settings().stereo);
+}
+
+void tst_MixerWindow::editorOfASecondChannelShowsThePair()
+{
+    EditorWindow* editor = m_window->openEditor(1, true);
+    QCOMPARE(editor->settings().channel, 0);
+    QCOMPARE(m_window->editors(), QList<EditorWindow*>{editor});
+    m_mixer->memory.setStrip(0, StripParameter::Stereo, 0);
+    EditorWindow* second = m_window->openEditor(1, false);
+    QCOMPARE(second->settings().channel, 1);
+}
+
+void tst_MixerWindow::editorOfASecondChannelClosesForThePair()
+{
+    m_mixer->memory.setStrip(2, StripParameter::Stereo, 0);
+    EditorWindow* first = m_window->openEditor(2, false);
+    const QPointer<EditorWindow> second = m_window->openEditor(3, false);
+    m_mixer->memory.setStrip(2, StripParameter::Stereo, 1);
+    QTRY_VERIFY(!second);
+    QCOMPARE(m_window->editors(), QList<EditorWindow*>{first});
+    QVERIFY(first->settings().stereo);
+}
+
+void tst_MixerWindow::firstEditorTakesTheSecondsPlace()
+{
+    m_mixer->memory.setStrip(2, StripParameter::Stereo, 0);
+    const QPointer<EditorWindow> second = m_window->openEditor(3, false);
+    second->setScale(0.75);
+    const QRect place(30, 40, 640, 480);
+    second->setGeometry(place);
+    m_window->hide();
+    QSignalSpy ending(m_window.get(), &MixerWindow::ending);
+    m_mixer->memory.setStrip(2, StripParameter::Stereo, 1);
+    QTRY_VERIFY(!second);
+    QCOMPARE(ending.count(), 0); // there is always a window
+    QCOMPARE(m_window->editors().size(), 1);
+    EditorWindow* first = m_window->editors()[0];
+    QCOMPARE(first->settings().channel, 2);
+    QVERIFY(first->settings().stereo);
+    QCOMPARE(first->settings().scale, 0.75);
+    QCOMPARE(first->geometry(), place);
 }
 
 void tst_MixerWindow::widthChosenInTheEditorIsAStep()
