@@ -92,8 +92,10 @@ void EditorToolBar::addZoom()
     m_texts.add([this] { m_zoom->setSuffix(tr(" %")); });
     m_zoom->setKeyboardTracking(false);
     setScale(m_session.settings().scale);
-    connect(m_zoom, &QSpinBox::valueChanged, this,
-            [this](int percent) { m_session.setScale(percent / 100.0); });
+    connect(m_zoom, &QSpinBox::valueChanged, this, [this](int percent) {
+        m_session.setScale(percent / 100.0);
+        Q_EMIT scaleChanged();
+    });
     addWidget(m_texts.label(this, [] { return tr("Zoom"); }));
     addWidget(m_zoom);
 }

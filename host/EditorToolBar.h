@@ -29,6 +29,8 @@ Q_SIGNALS:
     /// The user did so.
     void stereoChosen(bool stereo);
     void sampleRateChanged(int hertz);
+    /// The editor has its new size.
+    void scaleChanged();
 
 protected:
     void changeEvent(QEvent* event) override;

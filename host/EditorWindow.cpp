@@ -44,14 +44,14 @@ EditorWindow::EditorWindow(Mixer& mixer, std::unique_ptr<QWidget> stage,
     , m_session(std::move(session))
 {
     setAttribute(Qt::WA_DeleteOnClose);
-    auto* splitter = new QSplitter(this);
-    splitter->setChildrenCollapsible(false);
-    splitter->setHandleWidth(1);
-    splitter->addWidget(buildEditorArea(std::move(stage)));
-    splitter->addWidget(buildTable());
-    splitter->setStretchFactor(0, 1);
-    splitter->setStretchFactor(1, 0);
-    setCentralWidget(splitter);
+    m_splitter = new QSplitter(this);
+    m_splitter->setChildrenCollapsible(false);
+    m_splitter->setHandleWidth(1);
+    m_splitter->addWidget(buildEditorArea(std::move(stage)));
+    m_splitter->addWidget(buildTable());
+    m_splitter->setStretchFactor(0, 1);
+    m_splitter->setStretchFactor(1, 0);
+    setCentralWidget(m_splitter);
     buildToolBar();
     buildMenus();
     buildStatus();
@@ -170,6 +170,9 @@ void EditorWindow::buildViewMenu(QMenu* menu)
         menu, [] { return tr("Measured &Response"); }, QKeySequence(Qt::CTRL | Qt::Key_R), [] {});
     m_measured->setCheckable(true);
     connect(m_measured, &QAction::toggled, this, &EditorWindow::showMeasured);
+    m_parameters = addItem(
+        menu, [] { return tr("&Parameters"); }, QKeySequence(Qt::CTRL | Qt::Key_L), [] {});
+    m_parameters->setCheckable(true);
     addLanguageMenu(menu, m_mixer.language, m_texts);
     addItem(
         menu, [] { return tr("&Mixer"); }, QKeySequence(Qt::CTRL | Qt::Key_M),
@@ -191,6 +194,7 @@ void EditorWindow::buildToolBar()
     m_bar = new EditorToolBar(*m_session, m_mixer.desk.compare(), this);
     connect(m_bar, &EditorToolBar::stereoChanged, this, &EditorWindow::showTitle);
     connect(m_bar, &EditorToolBar::stereoChosen, this, &EditorWindow::stereoChosen);
+    connect(m_bar, &EditorToolBar::scaleChanged, this, &EditorWindow::followZoom);
     connect(m_bar, &EditorToolBar::sampleRateChanged, m_response, &ResponseView::setSampleRate);
     addToolBar(m_bar);
 }
@@ -220,12 +224,12 @@ void EditorWindow::showAudio()
 
 QWidget* EditorWindow::buildEditorArea(std::unique_ptr<QWidget> stage)
 {
-    auto* area = new QScrollArea(this);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setAlignment(Qt::AlignCenter);
-    area->setBackgroundRole(QPalette::Base);
+    m_area = new QScrollArea(this);
+    m_area->setFrameShape(QFrame::NoFrame);
+    m_area->setAlignment(Qt::AlignCenter);
+    m_area->setBackgroundRole(QPalette::Base);
     m_stage = stage.release();
-    area->setWidget(m_stage);
+    m_area->setWidget(m_stage);
     m_response = new ResponseView(m_mixer.desk, settings().channel, this);
     m_response->setSampleRate(settings().sampleRate);
     m_response->hide();
@@ -234,19 +238,62 @@ QWidget* EditorWindow::buildEditorArea(std::unique_ptr<QWidget> stage)
     auto* layout = new QVBoxLayout(both);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(area);
+    layout->addWidget(m_area);
     layout->addWidget(m_response);
     return both;
 }
 
-// The window makes room where it can.
 void EditorWindow::showMeasured(bool measured)
 {
     m_response->setVisible(measured);
+    m_measuredRoom = grow(measured ? QSize(0, ResponseView::viewHeight) : -1 * m_measuredRoom);
+}
+
+void EditorWindow::showParameters(bool shown)
+{
+    m_table->setVisible(shown);
+    const QSize wanted(m_splitter->handleWidth() + m_table->sizeHint().width(), 0);
+    m_parametersRoom = grow(shown ? wanted : -1 * m_parametersRoom);
+    if (shown)
+        shareWidth();
+}
+
+// The list gets what the editor leaves.
+void EditorWindow::shareWidth()
+{
+    const int both = width() - m_splitter->handleWidth();
+    const int table =
+        qBound(m_table->minimumWidth(), both - m_stage->width(), m_table->sizeHint().width());
+    m_splitter->setSizes({both - table, table});
+}
+
+void EditorWindow::followZoom()
+{
+    const QSize missing = m_stage->size() - m_area->maximumViewportSize();
+    m_zoomRoom += grow(missing.expandedTo(-1 * m_zoomRoom));
+}
+
+// As far as the screen allows; returns how far it was.
+QSize EditorWindow::grow(const QSize& by)
+{
     if (isMaximized() || isFullScreen())
-        return;
-    const int change = measured ? ResponseView::viewHeight : -ResponseView::viewHeight;
-    resize(QSize(width(), height() + change).boundedTo(screen()->availableSize()));
+        return {0, 0};
+    const QSize before = size();
+    const QSize room = screen()->availableSize() - (frameSize() - before);
+    resize((before + by).boundedTo(room.expandedTo(before)));
+    keepOnScreen();
+    return size() - before;
+}
+
+void EditorWindow::keepOnScreen()
+{
+    const QRect room = screen()->availableGeometry();
+    const QRect frame = frameGeometry();
+    const QPoint last = room.bottomRight() - QPoint(frame.width() - 1, frame.height() - 1);
+    const QPoint place(qMax(room.left(), qMin(frame.left(), last.x())),
+                       qMax(room.top(), qMin(frame.top(), last.y())));
+    if (place != frame.topLeft())
+        move(place);
 }
 
 QWidget* EditorWindow::buildTable()
@@ -277,12 +324,21 @@ void EditorWindow::showEvent(QShowEvent* event)
         m_session->takeFocus();
 }
 
+// Where the screen is too narrow for both, the editor comes alone.
 void EditorWindow::chooseSize()
 {
+    const QSize room = screen()->availableSize();
     const QSize table = m_table->sizeHint();
-    const QSize wanted(m_stage->width() + 1 + table.width(),
+    const int handle = m_splitter->handleWidth();
+    const bool both = m_stage->width() + handle + m_table->minimumWidth() <= room.width();
+    m_parameters->setChecked(both);
+    m_table->setVisible(both);
+    connect(m_parameters, &QAction::toggled, this, &EditorWindow::showParameters);
+    const QSize wanted(m_stage->width() + (both ? handle + table.width() : 0),
                        qMax(m_stage->height(), table.height()) + barsHeight);
-    resize(wanted.boundedTo(screen()->availableSize()));
+    resize(wanted.boundedTo(room));
+    m_parametersRoom = QSize(both ? width() - m_stage->width() : 0, 0);
+    shareWidth();
 }
 
 void EditorWindow::showTitle()

@@ -15,10 +15,14 @@ class PresetMenu;
 class QAction;
 class QLabel;
 class QMenu;
+class QScrollArea;
+class QSplitter;
 class ResponseView;
 
 /// The window of one open editor: the editor, what it can be switched between, presets, the
 /// channel's A and B settings, and a list of the channel's parameters that can be edited beside it.
+/// What is shown besides makes the window larger where the screen has room, and smaller again when
+/// it goes.
 class EditorWindow : public QMainWindow
 {
     Q_OBJECT
@@ -72,6 +76,11 @@ private:
     QWidget* buildEditorArea(std::unique_ptr<QWidget> stage);
     QWidget* buildTable();
     void showMeasured(bool measured);
+    void showParameters(bool shown);
+    void shareWidth();
+    void followZoom();
+    QSize grow(const QSize& by);
+    void keepOnScreen();
     void chooseSize();
     void showTitle();
     void loadState();
@@ -85,11 +94,17 @@ private:
     Mixer& m_mixer;
     LiveTexts m_texts;
     std::unique_ptr<EditorSession> m_session;
+    QSplitter* m_splitter = nullptr;
+    QScrollArea* m_area = nullptr;
     QWidget* m_stage = nullptr;
     ResponseView* m_response = nullptr;
     QAction* m_measured = nullptr;
+    QAction* m_parameters = nullptr;
     ParameterListView* m_table = nullptr;
     EditorToolBar* m_bar = nullptr;
     PresetMenu* m_presets = nullptr;
     QLabel* m_audio = nullptr;
+    QSize m_measuredRoom{0, 0}; // what the window has grown by for each
+    QSize m_parametersRoom{0, 0};
+    QSize m_zoomRoom{0, 0};
 };

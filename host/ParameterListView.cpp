@@ -9,7 +9,8 @@
 
 namespace {
 
-constexpr int smallestWidth = 460;
+constexpr int smallestWidth = 260;
+constexpr int wholeWidth = 460;
 constexpr int lineHeight = 20;
 
 } // namespace
@@ -24,6 +25,7 @@ ParameterListView::ParameterListView(HostMemory& memory, int channel, QWidget* p
     setAlternatingRowColors(true);
     setShowGrid(false);
     setWordWrap(false);
+    setHorizontalScrollMode(ScrollPerPixel);
     setIconSize(QSize(6, 14));
     setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
     setSelectionMode(SingleSelection);
@@ -37,15 +39,35 @@ ParameterListView::ParameterListView(HostMemory& memory, int channel, QWidget* p
 
 QSize ParameterListView::sizeHint() const
 {
-    return {smallestWidth,
+    return {wholeWidth,
             horizontalHeader()->sizeHint().height() + m_parameters->rowCount() * lineHeight};
 }
 
 void ParameterListView::changeEvent(QEvent* event)
 {
     QTableView::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
-        m_parameters->sayAgain();
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    m_parameters->sayAgain();
+    fitColumns();
+}
+
+void ParameterListView::resizeEvent(QResizeEvent* event)
+{
+    QTableView::resizeEvent(event);
+    fitColumns();
+}
+
+// The values take the room that is left. Without any the list scrolls and they stay whole.
+void ParameterListView::fitColumns()
+{
+    constexpr int value = ParameterListModel::ValueColumn;
+    QHeaderView* header = horizontalHeader();
+    const int others = header->length() - columnWidth(value);
+    const int needed = qMax(sizeHintForColumn(value), header->sectionSizeHint(value));
+    const bool whole = others + needed <= viewport()->width();
+    header->setSectionResizeMode(value,
+                                 whole ? QHeaderView::Stretch : QHeaderView::ResizeToContents);
 }
 
 #include "moc_ParameterListView.cpp"

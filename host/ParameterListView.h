@@ -24,7 +24,10 @@ Q_SIGNALS:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void fitColumns();
+
     ParameterListModel* m_parameters;
 };

@@ -21,7 +21,10 @@ constexpr double pointsPerOctave = 10.0;
 constexpr double faintest = -100.0; // dB
 constexpr double finest = 0.0001;   // dB
 constexpr double tolerated = 0.01;  // dB
+constexpr int smallestWidth = 240;
 constexpr int legendHeight = 30;
+constexpr int legendGap = 20;
+constexpr int sampleWidth = 25;
 constexpr int fontSize = 11;
 constexpr double pointRadius = 2.0;
 
@@ -45,7 +48,7 @@ ResponseView::ResponseView(Desk& desk, int channel, QWidget* parent)
     , m_desk(desk)
     , m_channel(channel)
 {
-    setMinimumHeight(viewHeight);
+    setMinimumSize(smallestWidth, viewHeight);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setSampleRate(48000);
     m_delay.setSingleShot(true);
@@ -147,30 +150,39 @@ double ResponseView::range() const
     return 48.0;
 }
 
+// The verdict is what counts: the legend has the room that it leaves.
 void ResponseView::drawLegend(QPainter& painter) const
 {
     const QFontMetrics metrics(painter.font());
-    const int middle = legendHeight / 2;
-    const QRect line(0, 0, width() - 16, legendHeight);
-    int x = 16;
-    const auto write = [&](const QString& text, const QColor& color) {
-        painter.setPen(color);
-        painter.drawText(line.adjusted(x, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, text);
-        x += metrics.horizontalAdvance(text) + 20;
-    };
-    painter.setPen(QPen(MixerLook::accent, 2));
-    painter.drawLine(x, middle, x + 18, middle);
-    x += 24;
-    write(tr("Drawn"), MixerLook::letters);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(Qt::white);
-    for (const int step : {3, 10, 17})
-        painter.drawEllipse(QPointF(x + step, middle), pointRadius, pointRadius);
-    x += 26;
-    write(tr("Measured in the sound"), MixerLook::letters);
+    const QRect line(16, 0, width() - 32, legendHeight);
+    const QString said = metrics.elidedText(verdict(), Qt::ElideRight, line.width());
     const bool alarming = isOn() && largestDifference() > tolerated;
     painter.setPen(alarming ? QColor(0xff, 0xb0, 0x30) : MixerLook::dimLetters);
-    painter.drawText(line, Qt::AlignRight | Qt::AlignVCenter, verdict());
+    painter.drawText(line, Qt::AlignRight | Qt::AlignVCenter, said);
+
+    const double middle = legendHeight / 2.0;
+    int x = line.left();
+    const int end = line.right() - metrics.horizontalAdvance(said) - legendGap;
+    const auto entry = [&](const QString& text, const auto& drawSample) {
+        const int width = sampleWidth + metrics.horizontalAdvance(text);
+        if (x + width > end)
+            return;
+        drawSample();
+        painter.setPen(MixerLook::letters);
+        painter.drawText(QRect(x + sampleWidth, 0, width, legendHeight),
+                         Qt::AlignLeft | Qt::AlignVCenter, text);
+        x += width + legendGap;
+    };
+    entry(tr("Drawn"), [&] {
+        painter.setPen(QPen(MixerLook::accent, 2));
+        painter.drawLine(QPointF(x, middle), QPointF(x + 18, middle));
+    });
+    entry(tr("Measured in the sound"), [&] {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(Qt::white);
+        for (const int step : {3, 10, 17})
+            painter.drawEllipse(QPointF(x + step, middle), pointRadius, pointRadius);
+    });
 }
 
 void ResponseView::drawGrid(QPainter& painter, const PlotAxes& axes) const

@@ -131,6 +131,10 @@
         <translation>Gemessener &amp;Frequenzgang</translation>
     </message>
     <message>
+        <source>&amp;Parameters</source>
+        <translation>&amp;Parameter</translation>
+    </message>
+    <message>
         <source>Measured response</source>
         <translation>Gemessener Frequenzgang</translation>
     </message>
@@ -747,7 +751,7 @@
     </message>
     <message>
         <source>Edit</source>
-        <translation>Editor</translation>
+        <translation>Edit</translation>
     </message>
     <message>
         <source>Editor of %1</source>

@@ -131,6 +131,10 @@
         <translation>測定した周波数特性(&amp;R)</translation>
     </message>
     <message>
+        <source>&amp;Parameters</source>
+        <translation>パラメーター(&amp;P)</translation>
+    </message>
+    <message>
         <source>Measured response</source>
         <translation>測定した周波数特性</translation>
     </message>

@@ -17,6 +17,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSpinBox>
+#include <QSplitter>
 #include <QStatusBar>
 #include <QTableView>
 
@@ -37,6 +38,11 @@ private Q_SLOTS:
     void choicesReachTheEditor();
     void unusualSampleRateIsShown();
     void measuredResponseIsSwitched();
+    void measuredResponseTakesBackWhatItAdded();
+    void zoomGrowsTheWindowAndShrinksItBack();
+    void parametersAreSwitched();
+    void parametersCanBeNarrow();
+    void parametersAreHiddenWhereThereIsNoRoom();
     void titleSaysTheChannels();
     void resetWritesDefaults();
     void mixerOpensAChannelOnce();
@@ -53,6 +59,7 @@ private Q_SLOTS:
 private:
     static void expectRaise();
     EditorWindow* openWindow(int channel = 0, bool stereo = true);
+    static QSize roomOf(const QWidget* window);
     static QWidget* editorOf(const EditorWindow* window);
     static QComboBox* choice(const EditorWindow* window, const QString& item);
     static QAction* action(const QMainWindow* window, const QString& text);
@@ -95,6 +102,12 @@ EditorWindow* tst_EditorWindow::openWindow(int channel, bool stereo)
     if (!window || !QTest::qWaitForWindowExposed(window))
         qFatal("no window");
     return window;
+}
+
+// What the screen has for a window inside its frame.
+QSize tst_EditorWindow::roomOf(const QWidget* window)
+{
+    return window->screen()->availableSize() - (window->frameSize() - window->size());
 }
 
 QWidget* tst_EditorWindow::editorOf(const EditorWindow* window)
@@ -272,14 +285,100 @@ void tst_EditorWindow::measuredResponseIsSwitched()
     QTest::keyClick(window, Qt::Key_R, Qt::ControlModifier);
     QVERIFY(view->isVisible());
     QVERIFY(window->isMeasured());
-    QCOMPARE(window->height(),
-             std::min(height + view->height(), window->screen()->availableSize().height()));
+    QCOMPARE(window->height(), std::min(height + view->height(), roomOf(window).height()));
     QCOMPARE(view->frequencies().back(), 20000.0);
     choice(window, QStringLiteral("44100 Hz"))->setCurrentText(QStringLiteral("44100 Hz"));
     QCOMPARE(view->frequencies().back(), 19845.0);
     action(window, QStringLiteral("Measured Response"))->trigger();
     QVERIFY(!view->isVisible());
     QVERIFY(window->height() <= height);
+}
+
+void tst_EditorWindow::measuredResponseTakesBackWhatItAdded()
+{
+    EditorWindow* window = openWindow(2);
+    const int highest = roomOf(window).height();
+    for (const int height : {400, highest - 100, highest}) {
+        window->resize(700, height);
+        window->setMeasured(true);
+        QCOMPARE(window->height(), std::min(height + ResponseView::viewHeight, highest));
+        window->setMeasured(false);
+        QCOMPARE(window->height(), height);
+    }
+}
+
+void tst_EditorWindow::zoomGrowsTheWindowAndShrinksItBack()
+{
+    EditorWindow* window = openWindow();
+    action(window, QStringLiteral("Parameters"))->trigger();
+    const auto* area = window->findChild<QScrollArea*>();
+    const QSize before(430, 380);
+    window->resize(before);
+    window->setScale(1.5);
+    QCOMPARE(area->maximumViewportSize().width(), 600);
+    QVERIFY(area->maximumViewportSize().height() >= 360);
+    QTRY_COMPARE(area->horizontalScrollBar()->maximum(), 0);
+    window->setScale(4.0);
+    QCOMPARE(window->size(), roomOf(window));
+    QCOMPARE(window->pos(), window->screen()->availableGeometry().topLeft());
+    window->setScale(1.0);
+    QCOMPARE(window->size(), before);
+    window->setScale(0.5);
+    QCOMPARE(window->size(), before);
+    window->showMaximized();
+    const QSize maximized = window->size();
+    window->setScale(4.0);
+    QCOMPARE(window->size(), maximized);
+}
+
+void tst_EditorWindow::parametersAreSwitched()
+{
+    EditorWindow* window = openWindow();
+    const auto* table = window->findChild<QTableView*>();
+    const QAction* item = action(window, QStringLiteral("Parameters"));
+    const int width = window->width();
+    QVERIFY(item->isChecked());
+    QVERIFY(table->width() > 300);
+    QTest::keyClick(window, Qt::Key_L, Qt::ControlModifier);
+    QVERIFY(!item->isChecked());
+    QVERIFY(!table->isVisible());
+    QCOMPARE(window->width(), 400); // the editor's
+    QTest::keyClick(window, Qt::Key_L, Qt::ControlModifier);
+    QVERIFY(table->isVisible());
+    QCOMPARE(window->width(), std::min(width, roomOf(window).width()));
+    QCOMPARE(window->findChild<QScrollArea*>()->width(), 400);
+}
+
+void tst_EditorWindow::parametersCanBeNarrow()
+{
+    EditorWindow* window = openWindow();
+    const auto* table = window->findChild<QTableView*>();
+    window->findChild<QSplitter*>()->setSizes({1000, 260});
+    QTRY_COMPARE(table->width(), 260);
+    for (int column = 0; column < table->model()->columnCount(); ++column)
+        QVERIFY(table->columnWidth(column) >=
+                static_cast<const QAbstractItemView*>(table)->sizeHintForColumn(column));
+    QVERIFY(table->columnViewportPosition(ParameterListModel::UnitColumn) <
+            table->viewport()->width()); // values are in sight
+    window->findChild<QSplitter*>()->setSizes({0, 1000});
+    QTRY_COMPARE(table->horizontalScrollBar()->maximum(), 0);
+}
+
+void tst_EditorWindow::parametersAreHiddenWhereThereIsNoRoom()
+{
+    EditorSettings settings;
+    settings.scale = 1.5; // 600 of the screen's 800 pixels
+    m_window = std::make_unique<MixerWindow>(m_mixer, settings);
+    EditorWindow* window = openWindow();
+    const auto* table = window->findChild<QTableView*>();
+    QVERIFY(!table->isVisible());
+    QCOMPARE(window->width(), 600);
+    action(window, QStringLiteral("Parameters"))->trigger();
+    QVERIFY(table->isVisible());
+    QCOMPARE(table->width(), 260);
+    QCOMPARE(window->width(), roomOf(window).width());
+    action(window, QStringLiteral("Parameters"))->trigger();
+    QCOMPARE(window->width(), 600);
 }
 
 void tst_EditorWindow::titleSaysTheChannels()

@@ -18,6 +18,7 @@ private Q_SLOTS:
     void pointsLieOnTheCurve_data();
     void pointsLieOnTheCurve();
     void pointsArePainted();
+    void legendLeavesTheVerdictAlone();
     void boostsAreInThePicture();
     void writesAreFollowed();
     void otherChannelsAreNotMeasured();
@@ -114,6 +115,23 @@ void tst_ResponseView::pointsArePainted()
     QVERIFY(isWhite(picture, peak, 9.98));
     QVERIFY(!isWhite(picture, peak, 5.0));
     QVERIFY(isWhite(picture, 20.0 * 4.0, 0.02));
+}
+
+// Beside the verdict there is always some bare panel, of one colour in each line.
+void tst_ResponseView::legendLeavesTheVerdictAlone()
+{
+    for (int width = m_view->minimumWidth(); width < 700; width += 10) {
+        m_view->resize(width, ResponseView::viewHeight);
+        show();
+        QFont font = m_view->font();
+        font.setPixelSize(11);
+        const int verdict = QFontMetrics(font).horizontalAdvance(m_view->verdict());
+        const QImage picture = m_view->grab().toImage();
+        for (int y = 4; y < 26; ++y) {
+            for (int x = width - 16 - verdict - 12; x < width - 16 - verdict - 2; ++x)
+                QCOMPARE(picture.pixel(x, y), picture.pixel(2, y));
+        }
+    }
 }
 
 void tst_ResponseView::boostsAreInThePicture()
