@@ -10,6 +10,7 @@
 #include <QEvent>
 #include <QLabel>
 #include <QSpinBox>
+#include <QToolButton>
 
 #include <cmath>
 
@@ -39,6 +40,7 @@ EditorToolBar::EditorToolBar(EditorSession& session, ChannelCompare& compare, QW
     addStereo();
     addSampleRate();
     addModes();
+    dressExtension();
 }
 
 void EditorToolBar::setStereo(bool stereo)
@@ -149,6 +151,20 @@ void EditorToolBar::addModes()
     addWidget(dials);
     addWidget(m_texts.label(this, [] { return tr("Sliders"); }));
     addWidget(sliders);
+}
+
+// The key to what has no room on the bar. Its own picture is as dark as the bar is.
+void EditorToolBar::dressExtension()
+{
+    auto* key = findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
+    if (!key)
+        return;
+    key->setText(QStringLiteral("\u00bb"));
+    key->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    m_texts.add([key] {
+        key->setToolTip(tr("More"));
+        key->setAccessibleName(tr("More"));
+    });
 }
 
 #include "moc_EditorToolBar.cpp"

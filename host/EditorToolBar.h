@@ -43,6 +43,7 @@ private:
     void addStereo();
     void addSampleRate();
     void addModes();
+    void dressExtension();
 
     EditorSession& m_session;
     ChannelCompare& m_compare;

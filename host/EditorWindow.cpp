@@ -246,16 +246,20 @@ QWidget* EditorWindow::buildEditorArea(std::unique_ptr<QWidget> stage)
 void EditorWindow::showMeasured(bool measured)
 {
     m_response->setVisible(measured);
-    m_measuredRoom = grow(measured ? QSize(0, ResponseView::viewHeight) : -1 * m_measuredRoom);
+    m_measuredRoom = grow({0, measured ? ResponseView::viewHeight : -m_measuredRoom}).height();
 }
 
 void EditorWindow::showParameters(bool shown)
 {
     m_table->setVisible(shown);
-    const QSize wanted(m_splitter->handleWidth() + m_table->sizeHint().width(), 0);
-    m_parametersRoom = grow(shown ? wanted : -1 * m_parametersRoom);
-    if (shown)
+    if (shown) {
+        m_parametersRoom =
+            grow({m_splitter->handleWidth() + m_table->sizeHint().width(), 0}).width();
         shareWidth();
+    } else {
+        const int spare = qMax(0, m_splitter->width() - m_stage->width());
+        grow({-qMin(spare, m_parametersRoom), 0});
+    }
 }
 
 // The list gets what the editor leaves.
@@ -337,7 +341,7 @@ void EditorWindow::chooseSize()
     const QSize wanted(m_stage->width() + (both ? handle + table.width() : 0),
                        qMax(m_stage->height(), table.height()) + barsHeight);
     resize(wanted.boundedTo(room));
-    m_parametersRoom = QSize(both ? width() - m_stage->width() : 0, 0);
+    m_parametersRoom = both ? width() - m_stage->width() : 0;
     shareWidth();
 }
 

@@ -104,7 +104,7 @@ private:
     EditorToolBar* m_bar = nullptr;
     PresetMenu* m_presets = nullptr;
     QLabel* m_audio = nullptr;
-    QSize m_measuredRoom{0, 0}; // what the window has grown by for each
-    QSize m_parametersRoom{0, 0};
+    int m_measuredRoom = 0; // what the window has grown by for each
+    int m_parametersRoom = 0;
     QSize m_zoomRoom{0, 0};
 };

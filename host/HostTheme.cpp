@@ -53,6 +53,7 @@ void applyHostSheet(QWidget* widget)
         "QToolBar QToolButton:hover { background: #343a41; }"
         "QToolBar QToolButton:checked { background: #0378a8; color: #ffffff; }"
         "QToolBar QToolButton:focus { border-color: #0394d0; }"
+        "QToolBar QToolButton#qt_toolbar_ext_button { padding: 0; }"
         "QToolBar QLabel { color: #8a9199; padding-left: 10px; }"
         "QTableView { background: #16191c; alternate-background-color: #1b1e22; border: 0;"
         "  gridline-color: #22262b; selection-background-color: #0b4f6e; }"

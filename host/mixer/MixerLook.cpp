@@ -14,6 +14,7 @@ constexpr int keyHeight = 22;
 constexpr int keyWidth = 38;
 constexpr int wideWidth = 80;
 constexpr int keyFontSize = 11;
+constexpr double disabledOpacity = 0.4;
 
 void setLetters(QWidget* widget, const QColor& color)
 {
@@ -71,12 +72,17 @@ void MixerLook::drawWell(QPainter& painter, const QRectF& rect, double radius)
     painter.drawRoundedRect(inner, radius - 1, radius - 1);
 }
 
+void MixerLook::enableKey(PushButtonController* key, bool enabled)
+{
+    key->setEnabled(enabled);
+    key->setOpacity(enabled ? 1.0 : disabledOpacity);
+}
+
 void MixerLook::dressKey(PushButtonController* key, const QString& shape, const QString& color)
 {
     key->setFixedSize(shape == QLatin1String("wide") ? wideWidth : keyWidth, keyHeight);
     key->setButtonSvg(image(shape + QLatin1String("_up")));
     key->setPushButtonSvg(image(shape + QLatin1String("_dw")));
-    key->setButtonDisableOpacity(0.5);
     key->setFocusPolicy(Qt::TabFocus);
     QFont font = key->font();
     font.setPixelSize(keyFontSize);

@@ -26,6 +26,9 @@ QString image(const QString& name);
 void drawPanel(QPainter& painter, const QRectF& rect);
 void drawWell(QPainter& painter, const QRectF& rect, double radius);
 
+/// Enables a key or disables it, which dims all of it.
+void enableKey(CommonController_MemAPI::PushButtonController* key, bool enabled);
+
 /// Gives a key its size, its pictures ("key" or "wide") and, when it has one, the colour that it
 /// glows in while it is on ("blue", "red", "amber", "white"), which makes it checkable.
 void dressKey(CommonController_MemAPI::PushButtonController* key, const QString& shape,

@@ -15,6 +15,7 @@
 #include <QPainter>
 #include <QSignalBlocker>
 #include <QSlider>
+#include <QStyle>
 
 #include <cmath>
 
@@ -29,6 +30,32 @@ QString timeText(double seconds)
     const int whole = std::isfinite(seconds) ? static_cast<int>(seconds) : 0;
     return QStringLiteral("%1:%2").arg(whole / 60).arg(whole % 60, 2, 10, QLatin1Char('0'));
 }
+
+// A text as a tool tip shows it, whatever marks there are in it.
+QString plain(const QString& text)
+{
+    return Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text;
+}
+
+// Of a name that is too long the beginning and the end are seen.
+class FileLabel : public QLabel
+{
+public:
+    explicit FileLabel(QWidget* parent)
+        : QLabel(parent)
+    {
+        setTextFormat(Qt::PlainText);
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, width());
+        style()->drawItemText(&painter, rect(), Qt::AlignLeft | Qt::AlignVCenter, palette(),
+                              isEnabled(), shown, foregroundRole());
+    }
+};
 
 } // namespace
 
@@ -73,7 +100,7 @@ void TransportBar::build()
     m_open = addButton(QStringLiteral("symbol_open"), [] { return tr("Open sound file"); });
     m_play = addButton(QStringLiteral("symbol_play"), [] { return tr("Play"); });
     m_stop = addButton(QStringLiteral("symbol_stop"), [] { return tr("Stop"); });
-    m_file = new QLabel(this);
+    m_file = new FileLabel(this);
     m_file->setMinimumWidth(110);
     m_position = new QSlider(Qt::Horizontal, this);
     m_position->setMinimumWidth(90);
@@ -126,17 +153,17 @@ void TransportBar::show(const Transport* transport)
     const bool stalled = transport && transport->state() == Transport::State::Stalled;
     const bool fault = stalled || (transport && transport->state() == Transport::State::Fault);
     const bool loaded = transport && !transport->file().isEmpty();
-    m_open->setEnabled(transport);
-    m_play->setEnabled(loaded && !playing && !stalled);
-    m_stop->setEnabled(playing || stalled);
+    MixerLook::enableKey(m_open, transport);
+    MixerLook::enableKey(m_play, loaded && !playing && !stalled);
+    MixerLook::enableKey(m_stop, playing || stalled);
     m_position->setEnabled(loaded);
     m_file->setText(loaded ? QFileInfo(transport->file()).fileName() : tr("No file"));
-    m_file->setToolTip(loaded ? transport->file() : QString());
+    m_file->setToolTip(loaded ? plain(transport->file()) : QString());
     m_lamp->setSvg(MixerLook::image(playing ? QStringLiteral("lamp_green")
                                     : fault ? QStringLiteral("lamp_red")
                                             : QStringLiteral("lamp_off")));
     m_status->setText(statusText(transport));
-    m_status->setToolTip(fault ? transport->fault() : QString());
+    m_status->setToolTip(fault ? plain(transport->fault()) : QString());
     showDevices(transport);
     showPosition();
     if (playing)

@@ -76,6 +76,10 @@
         <translation>Schieberegler</translation>
     </message>
     <message>
+        <source>More</source>
+        <translation>Mehr</translation>
+    </message>
+    <message>
         <source>Settings %1</source>
         <translation>Einstellungen %1</translation>
     </message>

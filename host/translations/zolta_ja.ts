@@ -76,6 +76,10 @@
         <translation>スライダー</translation>
     </message>
     <message>
+        <source>More</source>
+        <translation>その他</translation>
+    </message>
+    <message>
         <source>Settings %1</source>
         <translation>設定 %1</translation>
     </message>

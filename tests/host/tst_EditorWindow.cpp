@@ -20,6 +20,7 @@
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTableView>
+#include <QToolButton>
 
 class tst_EditorWindow : public TestObject
 {
@@ -41,8 +42,10 @@ private Q_SLOTS:
     void measuredResponseTakesBackWhatItAdded();
     void zoomGrowsTheWindowAndShrinksItBack();
     void parametersAreSwitched();
+    void editorIsSeenWholeWithoutParameters();
     void parametersCanBeNarrow();
     void parametersAreHiddenWhereThereIsNoRoom();
+    void overflowOfTheBarShowsAnArrow();
     void titleSaysTheChannels();
     void resetWritesDefaults();
     void mixerOpensAChannelOnce();
@@ -349,6 +352,15 @@ void tst_EditorWindow::parametersAreSwitched()
     QCOMPARE(window->findChild<QScrollArea*>()->width(), 400);
 }
 
+void tst_EditorWindow::editorIsSeenWholeWithoutParameters()
+{
+    EditorWindow* window = openWindow();
+    window->setScale(1.75);
+    QVERIFY(window->findChild<QScrollArea*>()->maximumViewportSize().width() < 700);
+    action(window, QStringLiteral("Parameters"))->trigger();
+    QTRY_COMPARE(window->findChild<QScrollArea*>()->maximumViewportSize().width(), 700);
+}
+
 void tst_EditorWindow::parametersCanBeNarrow()
 {
     EditorWindow* window = openWindow();
@@ -379,6 +391,21 @@ void tst_EditorWindow::parametersAreHiddenWhereThereIsNoRoom()
     QCOMPARE(window->width(), roomOf(window).width());
     action(window, QStringLiteral("Parameters"))->trigger();
     QCOMPARE(window->width(), 600);
+}
+
+void tst_EditorWindow::overflowOfTheBarShowsAnArrow()
+{
+    EditorWindow* window = openWindow();
+    action(window, QStringLiteral("Parameters"))->trigger();
+    auto* key = window->findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
+    QTRY_VERIFY(key && key->isVisible());
+    const QImage picture = key->grab().toImage();
+    int bright = 0;
+    for (int y = 2; y < picture.height() - 2; ++y) {
+        for (int x = 2; x < picture.width() - 2; ++x)
+            bright += qGray(picture.pixel(x, y)) > 150;
+    }
+    QVERIFY(bright > 5);
 }
 
 void tst_EditorWindow::titleSaysTheChannels()

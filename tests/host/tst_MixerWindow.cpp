@@ -23,6 +23,7 @@
 #include <QMenu>
 #include <QSlider>
 #include <QStatusBar>
+#include <QTextDocument>
 #include <QTimer>
 
 using namespace CommonController_MemAPI;
@@ -106,6 +107,8 @@ private Q_SLOTS:
     void withoutTransportThereIsNoAudio();
     void transportIsDriven();
     void transportStates();
+    void disabledKeysAreDim();
+    void longFileNameIsElided();
 
 private:
     MixerStrip* strip(int channel) const;
@@ -706,6 +709,50 @@ void tst_MixerWindow::transportStates()
     QVERIFY(says(m_window.get(), "Audio fault"));
     QVERIFY(named<QAbstractButton>(bar, QStringLiteral("Play"))->isEnabled());
     QVERIFY(says(editor, "No audio"));
+}
+
+void tst_MixerWindow::disabledKeysAreDim()
+{
+    TestTransport transport;
+    transport.m_file = QStringLiteral("/music/song.wav");
+    m_mixer->desk.setTransport(&transport);
+    auto* play = named<QAbstractButton>(m_window.get(), QStringLiteral("Play"));
+    const auto brightness = [play] {
+        const QImage picture = play->grab().toImage();
+        int brightest = 0;
+        for (int x = 8; x < 30; ++x)
+            brightest = std::max(brightest, qGray(picture.pixel(x, 11)));
+        return brightest;
+    };
+    QVERIFY(brightness() > 180);
+    transport.become(Transport::State::Playing);
+    QVERIFY(brightness() < 140);
+    transport.become(Transport::State::Stopped);
+    QVERIFY(brightness() > 180);
+}
+
+// The beginning and the end of the name are painted as they are, and nothing is cut at the edge.
+void tst_MixerWindow::longFileNameIsElided()
+{
+    TestTransport transport;
+    const QString name = QStringLiteral("<b>%1 & take 27.wav").arg(QString(90, QLatin1Char('m')));
+    transport.m_file = QStringLiteral("/music/") + name;
+    m_mixer->desk.setTransport(&transport);
+    QCoreApplication::processEvents();
+    QLabel* label = nullptr;
+    for (QLabel* found : m_window->findChild<TransportBar*>()->findChildren<QLabel*>()) {
+        if (found->text() == name)
+            label = found;
+    }
+    QVERIFY(label);
+    QVERIFY(label->fontMetrics().horizontalAdvance(name) > label->width());
+    QTextDocument tip;
+    tip.setHtml(label->toolTip());
+    QCOMPARE(tip.toPlainText(), transport.m_file);
+    const QImage cut = label->grab().toImage();
+    label->setText(label->fontMetrics().elidedText(name, Qt::ElideMiddle, label->width()));
+    QVERIFY(label->text().endsWith(QStringLiteral("27.wav")));
+    QCOMPARE(label->grab().toImage(), cut);
 }
 
 ZOLTA_TEST_MAIN(tst_MixerWindow)
