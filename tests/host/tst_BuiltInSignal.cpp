@@ -15,7 +15,6 @@ private Q_SLOTS:
     void sendIgnoresTheBands();
     void everyRateGivesLevels_data();
     void everyRateGivesLevels();
-    void runawayFiltersComeBack();
     void channelsDiffer();
 
 private:
@@ -148,25 +147,6 @@ void tst_BuiltInSignal::everyRateGivesLevels()
         QVERIFY(levels.send >= -1270 && levels.send <= 0);
         QVERIFY(levels.returned >= -1270 && levels.returned <= 1270);
     }
-}
-
-// Corners far beyond half the sampling rate make the outer bands unstable.
-void tst_BuiltInSignal::runawayFiltersComeBack()
-{
-    BuiltInSignal signal;
-    Values wild = defaults();
-    wild[0] = 1;
-    wild[1] = 600;
-    wild[20] = 1;
-    wild[21] = 850;
-    int highest = -1270;
-    for (int i = 0; i < 300; ++i)
-        highest = std::max(highest, signal.read(0, wild, 1000, tick).returned);
-    QCOMPARE(highest, 1270);
-    MeterLevels levels;
-    for (int i = 0; i < 300; ++i)
-        levels = signal.read(0, with(25, 0), 48000, tick);
-    QCOMPARE(levels.returned, levels.send);
 }
 
 void tst_BuiltInSignal::channelsDiffer()

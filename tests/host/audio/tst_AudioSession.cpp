@@ -111,14 +111,22 @@ std::vector<float> tst_AudioSession::rendered(const QString& file, int channel) 
     return {samples.begin(), samples.end()};
 }
 
+// Sample by sample. A busy server connects a program a few of its cycles late.
 bool tst_AudioSession::matches(const std::vector<float>& heard, const std::vector<float>& expected,
                                float tolerance)
 {
-    if (expected.empty() || heard.size() < expected.size())
+    const auto isNear = [tolerance](float a, float b) { return std::abs(a - b) <= tolerance; };
+    constexpr std::size_t certain = 64;
+    constexpr std::size_t latest = 4 * JackServer::block;
+    if (expected.size() < latest + certain || heard.size() + latest < expected.size())
         return false;
-    for (std::size_t i = 0; i < expected.size(); ++i) {
-        if (!(std::abs(heard[i] - expected[i]) <= tolerance)) {
-            qInfo("sample %zu: %g instead of %g", i, double(heard[i]), double(expected[i]));
+    std::size_t start = 0;
+    while (start < latest && !std::equal(heard.begin(), heard.begin() + certain,
+                                         expected.begin() + std::ptrdiff_t(start), isNear))
+        start += JackServer::block;
+    for (std::size_t i = start; i < expected.size(); ++i) {
+        if (!isNear(heard[i - start], expected[i])) {
+            qInfo("sample %zu: %g instead of %g", i, double(heard[i - start]), double(expected[i]));
             return false;
         }
     }
