@@ -11,9 +11,11 @@
 #include "host/presets/FactoryPresets.h"
 #include "host/presets/PresetMenu.h"
 
+#include <QClipboard>
 #include <QCoreApplication>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMenu>
@@ -130,8 +132,11 @@ void EditorWindow::buildEditMenu(QMenu* menu)
     addItem(
         menu, [] { return tr("&Copy Settings"); }, QKeySequence::Copy,
         [this, channel] { m_mixer.desk.copyToClipboard(channel); });
-    addItem(
+    QAction* pasting = addItem(
         menu, [] { return tr("&Paste Settings"); }, QKeySequence::Paste, [this] { paste(); });
+    const auto follow = [this, pasting] { pasting->setEnabled(m_mixer.desk.canPaste()); };
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, pasting, follow);
+    follow();
     addItem(
         menu, [] { return tr("&Reset to Defaults"); }, QKeySequence(),
         [this] { resetToDefaults(); });
@@ -392,18 +397,31 @@ void EditorWindow::paste()
 
 void EditorWindow::askForPresetName()
 {
-    bool accepted = false;
-    const QString name =
-        QInputDialog::getText(this, tr("Save as Preset"), tr("Name of the preset"),
-                              QLineEdit::Normal, m_mixer.desk.name(settings().channel), &accepted)
-            .simplified();
-    if (!accepted)
+    const QString name = typedPresetName();
+    if (name.isEmpty())
         return;
-    const bool free = name.isEmpty() || !m_presets->folder().contains(name);
-    if (free || QMessageBox::question(this, windowTitle(),
-                                      tr("There is a preset %1. Replace it?").arg(name)) ==
-                    QMessageBox::Yes)
+    if (!m_presets->folder().contains(name) ||
+        QMessageBox::question(this, windowTitle(),
+                              tr("There is a preset %1. Replace it?").arg(name)) ==
+            QMessageBox::Yes)
         savePreset(name);
+}
+
+// Asks until the name is a good one; empty if the user gives up.
+QString EditorWindow::typedPresetName()
+{
+    QString typed = m_mixer.desk.name(settings().channel);
+    for (;;) {
+        bool accepted = false;
+        typed = QInputDialog::getText(this, tr("Save as Preset"), tr("Name of the preset"),
+                                      QLineEdit::Normal, typed, &accepted);
+        const QString fault = PresetFolder::faultOfName(typed.simplified());
+        if (!accepted)
+            return QString();
+        if (fault.isEmpty())
+            return typed.simplified();
+        QMessageBox::warning(this, windowTitle(), fault);
+    }
 }
 
 void EditorWindow::askToDelete(const QString& name)

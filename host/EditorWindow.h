@@ -88,6 +88,7 @@ private:
     void resetToDefaults();
     void paste();
     void askForPresetName();
+    QString typedPresetName();
     void askToDelete(const QString& name);
     void report(const QString& fault, const QString& success);
 

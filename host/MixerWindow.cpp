@@ -10,6 +10,7 @@
 #include "host/mixer/TransportBar.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QHBoxLayout>
 #include <QInputDialog>
 #include <QMenuBar>
@@ -272,8 +273,11 @@ void MixerWindow::buildEditMenu()
     addItem(
         menu, [] { return tr("&Copy Equalizer"); }, QKeySequence::Copy,
         [this] { m_mixer.desk.copyToClipboard(m_selected); });
-    addItem(
+    QAction* pasting = addItem(
         menu, [] { return tr("&Paste Equalizer"); }, QKeySequence::Paste, [this] { paste(); });
+    const auto follow = [this, pasting] { pasting->setEnabled(m_mixer.desk.canPaste()); };
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, pasting, follow);
+    follow();
     addItem(
         menu, [] { return tr("R&eset Equalizer"); }, QKeySequence(), [this] { resetToDefaults(); });
 }

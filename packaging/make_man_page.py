@@ -27,8 +27,15 @@ renders files without a window.
 
 TAIL = """.SH FILES
 .TP
-.I ~/.local/share/zolta
-The last session and the user's presets.
+.I ~/.local/share/zolta\-host/session.json
+The last session: names, settings and open windows. A damaged one is kept beside it under another
+name.
+.TP
+.I ~/.local/share/zolta\-host/presets/
+The user's presets.
+.TP
+.I ~/.config/zolta/editors.json
+How each channel's editor was set up last.
 .SH EXAMPLES
 .TP
 .B zolta\\-host \\-\\-audio drums.wav

@@ -6,7 +6,7 @@ _zolta_host()
     local sounds='!*.@(wav|flac|ogg|WAV|FLAC|OGG)'
     COMPREPLY=()
     compopt -o filenames 2>/dev/null
-    if [[ ${COMP_WORDS[COMP_CWORD - 2]} == --render ]]; then
+    if ((COMP_CWORD > 1)) && [[ ${COMP_WORDS[COMP_CWORD - 2]} == --render ]]; then
         mapfile -t COMPREPLY < <(compgen -f -X "$sounds" -- "$current"; compgen -d -- "$current")
         return
     fi

@@ -40,6 +40,8 @@ void ChannelCompare::choose(int channel, bool isB)
 void ChannelCompare::copy(int channel, bool toB)
 {
     const State before = state(channel);
+    if (before.other == m_memory.values(channel))
+        return;
     EditHistory::Step step(m_history, tr("Copy %1 to %2").arg(letter(!toB), letter(toB)));
     if (before.isB == toB) {
         m_memory.write(channel, before.other);

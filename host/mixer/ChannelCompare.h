@@ -33,7 +33,7 @@ public:
 
     /// Chooses A or B; nothing if it is chosen already.
     void choose(int channel, bool isB);
-    /// Makes B what A is, or A what B is; the choice stays.
+    /// Makes B what A is, or A what B is; the choice stays. Nothing if they are equal.
     void copy(int channel, bool toB);
 
 Q_SIGNALS:

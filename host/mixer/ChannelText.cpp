@@ -69,7 +69,7 @@ std::unique_ptr<QMimeData> ChannelText::toMime(const HostMemory::Values& values)
 
 bool ChannelText::canPaste(const QMimeData* data)
 {
-    return data && (data->hasFormat(mimeType) || data->text().contains(channelKey));
+    return data && (data->hasFormat(mimeType) || data->hasText());
 }
 
 ChannelText::Content ChannelText::fromMime(const QMimeData* data, const HostMemory::Values& values)

@@ -29,7 +29,7 @@ Content fromJson(const QJsonObject& object, const HostMemory::Values& values);
 
 /// For the clipboard: the object as text and under a type of its own.
 std::unique_ptr<QMimeData> toMime(const HostMemory::Values& values);
-/// Whether pasting \a data may work.
+/// Whether \a data has something to read; what it is shows when it is pasted.
 bool canPaste(const QMimeData* data);
 Content fromMime(const QMimeData* data, const HostMemory::Values& values);
 

@@ -16,7 +16,14 @@ constexpr QLatin1String suffix(".vstpreset");
 constexpr qsizetype longestName = 80;
 constexpr QLatin1String forbidden("/\\:*?\"<>|");
 
-bool isForbidden(QChar letter) { return forbidden.contains(letter) || !letter.isPrint(); }
+// Half a letter reads as the replacement character.
+bool isForbidden(char32_t letter)
+{
+    const QChar::Category kind = QChar::category(letter);
+    return kind == QChar::Other_Control || kind == QChar::Separator_Line ||
+           kind == QChar::Separator_Paragraph || letter == QChar::ReplacementCharacter ||
+           (letter < 0x80 && forbidden.contains(QChar(letter)));
+}
 
 } // namespace
 
@@ -58,7 +65,9 @@ QString PresetFolder::faultOfName(const QString& name)
         return QCoreApplication::translate("PresetFolder",
                                            "A preset's name has at most %1 letters.")
             .arg(longestName);
-    if (name.startsWith(QLatin1Char('.')) || std::any_of(name.begin(), name.end(), isForbidden))
+    const QList<uint> letters = name.toUcs4();
+    if (name.startsWith(QLatin1Char('.')) ||
+        std::any_of(letters.begin(), letters.end(), isForbidden))
         return QCoreApplication::translate(
                    "PresetFolder", "A preset's name does not begin with a full stop and holds "
                                    "none of these: %1")

@@ -35,6 +35,7 @@ private Q_SLOTS:
     void editsBetweenChoicesAreUndoneInOrder();
     void copyToTheOther();
     void copyFromTheOther();
+    void copyOfTheSameIsNoStep();
     void channelsAreApart();
     void pasteIsAStep();
     void clipboardIsReadable();
@@ -226,6 +227,18 @@ void tst_Desk::copyFromTheOther()
     QCOMPARE(history().stack().undoText(), QStringLiteral("Copy A to B"));
     history().stack().undo();
     QCOMPARE(gain(), 0);
+}
+
+void tst_Desk::copyOfTheSameIsNoStep()
+{
+    put(0, lowGain, 30);
+    compare().copy(0, true);
+    history().clear();
+    for (const bool toB : {true, false})
+        compare().copy(0, toB);
+    QCOMPARE(history().stack().count(), 0);
+    compare().choose(0, true);
+    QCOMPARE(gain(), 30);
 }
 
 void tst_Desk::channelsAreApart()

@@ -103,6 +103,7 @@ private Q_SLOTS:
     void metersRunWhileSomethingShows();
     void copyAndPasteThroughTheMenu();
     void pasteOfNonsenseIsExplained();
+    void pasteFollowsTheClipboard();
     void compareInTheEditorWindow();
     void withoutTransportThereIsNoAudio();
     void transportIsDriven();
@@ -625,6 +626,19 @@ void tst_MixerWindow::pasteOfNonsenseIsExplained()
     action(m_window.get(), QStringLiteral("Paste Equalizer"))->trigger();
     QCOMPARE(m_window->statusBar()->currentMessage(),
              QStringLiteral("Nothing is pasted: the clipboard holds no settings of an equalizer."));
+}
+
+void tst_MixerWindow::pasteFollowsTheClipboard()
+{
+    const EditorWindow* editor = m_window->openEditor(0, true);
+    const QAction* inMixer = action(m_window.get(), QStringLiteral("Paste Equalizer"));
+    const QAction* inEditor = action(editor, QStringLiteral("Paste Settings"));
+    QApplication::clipboard()->setImage(QImage(2, 2, QImage::Format_RGB32));
+    QVERIFY(!inMixer->isEnabled() && !inEditor->isEnabled());
+    m_mixer->desk.copyToClipboard(0);
+    QVERIFY(inMixer->isEnabled() && inEditor->isEnabled());
+    QApplication::clipboard()->clear();
+    QVERIFY(!inMixer->isEnabled() && !inEditor->isEnabled());
 }
 
 void tst_MixerWindow::compareInTheEditorWindow()

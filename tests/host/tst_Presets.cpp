@@ -34,6 +34,9 @@ private Q_SLOTS:
     void savedPresetComesBack();
     void menuListsTheUsersOwn();
     void savingAsksForAName();
+    void everyScriptsNamesAreTaken_data();
+    void everyScriptsNamesAreTaken();
+    void faultyNameIsAskedForAgain();
     void replacingIsAsked();
     void deletedPresetIsGone();
     void wrongNames_data();
@@ -203,6 +206,41 @@ void tst_Presets::savingAsksForAName()
     QCOMPARE(m_folder.names(), QStringList{QStringLiteral("Asked for")});
 }
 
+void tst_Presets::everyScriptsNamesAreTaken_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("beyond the basic plane") << QString::fromUtf8("Vocal 𠮷");
+    QTest::newRow("emoji") << QString::fromUtf8("🥁 loud");
+    QTest::newRow("joined emoji") << QString::fromUtf8("👩\u200d🎤");
+    QTest::newRow("Japanese") << QString::fromUtf8("ボーカル");
+    QTest::newRow("combining accent") << QString::fromUtf8("Che\u0301rie");
+}
+
+void tst_Presets::everyScriptsNamesAreTaken()
+{
+    QFETCH(const QString, name);
+    m_editor->savePreset(name);
+    QCOMPARE(m_folder.names(), QStringList{name});
+}
+
+void tst_Presets::faultyNameIsAskedForAgain()
+{
+    whenAsked<QInputDialog>([](QInputDialog* dialog) {
+        dialog->setTextValue(QStringLiteral("AC/DC"));
+        whenAsked<QMessageBox>([](QMessageBox* box) {
+            whenAsked<QInputDialog>([](QInputDialog* again) {
+                QCOMPARE(again->textValue(), QStringLiteral("AC/DC"));
+                again->setTextValue(QStringLiteral("AC-DC"));
+                again->accept();
+            });
+            box->accept();
+        });
+        dialog->accept();
+    });
+    action(QStringLiteral("Save as Preset..."))->trigger();
+    QCOMPARE(m_folder.names(), QStringList{QStringLiteral("AC-DC")});
+}
+
 void tst_Presets::replacingIsAsked()
 {
     m_editor->savePreset(QStringLiteral("Twice"));
@@ -243,6 +281,8 @@ void tst_Presets::wrongNames_data()
     QTest::newRow("backslash") << QStringLiteral("a\\b");
     QTest::newRow("hidden") << QStringLiteral(".hidden");
     QTest::newRow("control character") << QStringLiteral("a\nb");
+    QTest::newRow("line separator") << QString::fromUtf8("a\u2028b");
+    QTest::newRow("half a letter") << QStringLiteral("a") + QChar(0xd842);
     QTest::newRow("too long") << QString(81, QLatin1Char('x'));
 }
 

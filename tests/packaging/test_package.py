@@ -84,6 +84,12 @@ class PackageTest(unittest.TestCase):
                 option = line.split()[0].replace("-", "\\-")
                 self.assertIn(f".B {option}", page)
 
+    def test_manual_page_names_the_files(self):
+        page = run("sh", "-c", f"cat {self.root}/usr/share/man/man1/zolta-host.1*")
+        for file in ("~/.local/share/zolta-host/session.json",
+                     "~/.local/share/zolta-host/presets/", "~/.config/zolta/editors.json"):
+            self.assertIn(file, page.replace("\\-", "-"))
+
     def complete(self, *words):
         script = (f'PATH="{self.root}/usr/bin:$PATH"; '
                   f'source "{self.root}/usr/share/bash-completion/completions/zolta-host"; '
@@ -93,6 +99,7 @@ class PackageTest(unittest.TestCase):
 
     def test_completion(self):
         self.assertEqual(self.complete("--scr"), ["--screenshot"])
+        self.assertEqual(self.complete("--render"), ["--render"])
         self.assertEqual(self.complete("--language", ""), ["en", "de", "ja"])
         self.assertIn("fx_rackfx_prm_27=", self.complete("--set", "fx_rackfx_prm_2"))
         sounds = self.root / "sounds"
