@@ -11,6 +11,8 @@
 #include <QJsonDocument>
 #include <QStandardPaths>
 
+#include <utility>
+
 namespace {
 
 constexpr qint64 largestFile = 4 << 20;
@@ -23,6 +25,14 @@ QString leftAlone(const QString& file, const QString& reason)
                "SessionFile", "The session %1 cannot be read: %2. It is left alone, and nothing "
                               "will be saved.")
         .arg(shown(file), reason);
+}
+
+QString openElsewhere(const QString& file)
+{
+    return QCoreApplication::translate(
+               "SessionFile", "Another program has the session %1 open. What is changed here will "
+                              "not be saved.")
+        .arg(shown(file));
 }
 
 enum class Fault { None, Unreadable, Later, Damaged };
@@ -93,19 +103,29 @@ QString SessionFile::read(const QString& file, SessionData* data)
 QString SessionFile::open(const QString& file, SessionData* data)
 {
     m_file = file;
-    m_root = QJsonObject();
-    if (!QFileInfo::exists(file))
-        return QString();
-    const Content content = contentOf(file, *data);
-    if (content.fault == Fault::Damaged)
+    const bool taken = isTaken();
+    const Content content =
+        QFileInfo::exists(file) ? contentOf(file, *data) : Content{{}, *data, Fault::None, {}};
+    if (content.fault == Fault::Damaged && !taken)
         return setAside(content.reason);
-    if (content.fault != Fault::None) {
+    if (taken || content.fault != Fault::None)
         m_file.clear();
+    if (content.fault != Fault::None)
         return leftAlone(file, content.reason);
-    }
     *data = content.data;
     m_root = content.root;
-    return QString();
+    return taken ? openElsewhere(file) : QString();
+}
+
+// A folder that takes no lock file does not take the session either, which saving will say.
+bool SessionFile::isTaken()
+{
+    if (QFileInfo(m_file).isDir())
+        return false;
+    QDir().mkpath(QFileInfo(m_file).path());
+    m_lock = std::make_unique<QLockFile>(m_file + QLatin1String(".lock"));
+    m_lock->setStaleLockTime(0); // it is held as long as the program runs
+    return !m_lock->tryLock() && m_lock->error() == QLockFile::LockFailedError;
 }
 
 QString SessionFile::save(const SessionData& data)

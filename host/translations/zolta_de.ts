@@ -882,6 +882,10 @@
 <context>
     <name>SessionFile</name>
     <message>
+        <source>Another program has the session %1 open. What is changed here will not be saved.</source>
+        <translation>Ein anderes Programm hat die Sitzung %1 geöffnet. Was hier geändert wird, wird nicht gesichert.</translation>
+    </message>
+    <message>
         <source>The session %1 cannot be read: %2.</source>
         <translation>Die Sitzung %1 lässt sich nicht lesen: %2.</translation>
     </message>

@@ -882,6 +882,10 @@
 <context>
     <name>SessionFile</name>
     <message>
+        <source>Another program has the session %1 open. What is changed here will not be saved.</source>
+        <translation>セッション %1 は別のプログラムで開かれています。ここでの変更は保存しません。</translation>
+    </message>
+    <message>
         <source>The session %1 cannot be read: %2.</source>
         <translation>セッション %1 を読み込めません: %2。</translation>
     </message>

@@ -34,6 +34,8 @@ private Q_SLOTS:
     void folderIsLeftAlone();
     void laterVersionIsLeftAlone();
     void readingChangesNoFile();
+    void sessionOfAnotherProgramIsNotSaved();
+    void damageIsLeftToTheProgramThatWasFirst();
     void missingKeysKeepDefaults();
     void unknownKeysAreKept();
     void failedWriteLeavesTheOldFile();
@@ -101,8 +103,8 @@ void tst_MixerSession::missingFileChangesNothing()
 
 void tst_MixerSession::everythingComesBack()
 {
-    MixerSession session(*m_mixer);
-    QCOMPARE(session.open(m_file), QString());
+    auto session = std::make_unique<MixerSession>(*m_mixer);
+    QCOMPARE(session->open(m_file), QString());
     HostMemory::Values values[channelCount];
     for (int ch = 0; ch < channelCount; ++ch) {
         m_mixer->desk.setName(ch, QStringLiteral("Name \"%1\" \u97f3").arg(ch));
@@ -119,7 +121,8 @@ void tst_MixerSession::everythingComesBack()
         m_mixer->settings.keep(ch, {{QStringLiteral("GraphZoom"), ch}});
     }
     m_mixer->desk.compare().choose(3, true);
-    QVERIFY(session.save());
+    QVERIFY(session->save());
+    session.reset();
 
     Mixer fresh;
     MixerSession restored(fresh);
@@ -180,9 +183,10 @@ void tst_MixerSession::windowsComeBack()
 void tst_MixerSession::historyIsEmptyAfterwards()
 {
     m_mixer->memory.setStrip(2, StripParameter::Level, 111);
-    MixerSession session(*m_mixer);
-    session.open(m_file);
-    QVERIFY(session.save());
+    auto session = std::make_unique<MixerSession>(*m_mixer);
+    session->open(m_file);
+    QVERIFY(session->save());
+    session.reset();
     MixerSession again(*m_mixer);
     QCOMPARE(again.open(m_file), QString());
     QCOMPARE(m_mixer->desk.history().stack().count(), 0);
@@ -357,7 +361,7 @@ void tst_MixerSession::laterVersionIsLeftAlone()
     m_mixer->desk.setName(0, QStringLiteral("New"));
     QVERIFY(session.save());
     QCOMPARE(content(m_file), bytes);
-    QCOMPARE(QFileInfo(m_file).dir().entryList(QDir::Files).size(), 1);
+    QVERIFY(!QFile::exists(m_file + QStringLiteral(".damaged")));
 }
 
 void tst_MixerSession::readingChangesNoFile()
@@ -377,6 +381,46 @@ void tst_MixerSession::readingChangesNoFile()
     m_mixer->desk.setName(0, QStringLiteral("New"));
     QVERIFY(session.save());
     QCOMPARE(content(m_file), before);
+}
+
+void tst_MixerSession::sessionOfAnotherProgramIsNotSaved()
+{
+    auto first = std::make_unique<MixerSession>(*m_mixer);
+    QCOMPARE(first->open(m_file), QString());
+    m_mixer->desk.setName(0, QStringLiteral("First"));
+    QVERIFY(first->save());
+    const QByteArray before = content(m_file);
+
+    Mixer other;
+    MixerSession second(other);
+    QCOMPARE(second.open(m_file),
+             QStringLiteral("Another program has the session %1 open. What is changed here will "
+                            "not be saved.")
+                 .arg(QDir::toNativeSeparators(m_file)));
+    QVERIFY(!second.isNew());
+    QCOMPARE(other.desk.name(0), QStringLiteral("First"));
+    other.desk.setName(0, QStringLiteral("Second"));
+    QVERIFY(second.save());
+    QCOMPARE(content(m_file), before);
+
+    first.reset();
+    MixerSession third(other);
+    QCOMPARE(third.open(m_file), QString());
+    other.desk.setName(0, QStringLiteral("Third"));
+    QVERIFY(third.save());
+    QVERIFY(content(m_file) != before);
+}
+
+void tst_MixerSession::damageIsLeftToTheProgramThatWasFirst()
+{
+    MixerSession first(*m_mixer);
+    QCOMPARE(first.open(m_file), QString());
+    write(m_file, "damaged");
+    Mixer other;
+    MixerSession second(other);
+    QVERIFY(second.open(m_file).contains(QStringLiteral("cannot be read: illegal value")));
+    QVERIFY(second.save());
+    QCOMPARE(content(m_file), QByteArray("damaged"));
 }
 
 void tst_MixerSession::missingKeysKeepDefaults()
@@ -415,15 +459,16 @@ void tst_MixerSession::failedWriteLeavesTheOldFile()
     session.open(m_file);
     QVERIFY(session.save());
     const QByteArray before = content(m_file);
-    const QString moved = m_folder->filePath(QStringLiteral("moved.json"));
-    QVERIFY(QFile::rename(m_file, moved));
-    QVERIFY(QDir().rmdir(QFileInfo(m_file).path()));
-    write(QFileInfo(m_file).path(), "a file in the folder's place");
+    const QString folder = QFileInfo(m_file).path();
+    const QString moved = m_folder->filePath(QStringLiteral("moved"));
+    QVERIFY(QDir().rename(folder, moved));
+    write(folder, "a file in the folder's place");
     m_mixer->desk.setName(0, QStringLiteral("Changed"));
     QVERIFY(!session.save());
     QVERIFY2(said.contains(QStringLiteral("cannot be saved")), qPrintable(said));
-    QCOMPARE(content(moved), before);
-    QCOMPARE(content(QFileInfo(m_file).path()), QByteArray("a file in the folder's place"));
+    QCOMPARE(content(moved + QStringLiteral("/session.json")), before);
+    QCOMPARE(content(folder), QByteArray("a file in the folder's place"));
+    QVERIFY(QFile::remove(folder) && QDir().rename(moved, folder));
 }
 
 void tst_MixerSession::failedWriteAsksBeforeTheLastWindowCloses()

@@ -50,6 +50,8 @@ private Q_SLOTS:
     void windowsSayThatSettingsAreDamaged();
     void signalsEndAsTheLastWindowDoes_data();
     void signalsEndAsTheLastWindowDoes();
+    void secondProgramSavesNothing();
+    void sessionOfAProgramThatCrashedIsFree();
 
 private:
     ProgramResult run(const QStringList& arguments) const { return m_program.run(arguments); }
@@ -57,6 +59,8 @@ private:
     ProgramResult runWindows() const;
     void startWindows(QProcess* process, const QStringList& arguments) const;
     static bool catches(const QProcess& process, int number);
+    static QString end(QProcess* process, int number);
+    static QString lowGainIn(const QString& file);
     QString path(const QString& name) const { return m_folder.filePath(name); }
     QString write(const QString& name, const QByteArray& bytes) const;
     static QByteArray contentOf(const QString& file);
@@ -103,6 +107,29 @@ bool tst_zolta_host::catches(const QProcess& process, int number)
     const quint64 caught =
         status.mid(place, status.indexOf('\n', place) - place).trimmed().toULongLong(nullptr, 16);
     return (caught >> (number - 1) & 1) != 0;
+}
+
+// Sends a signal once the program is ready for it; what the program said before it ended well.
+QString tst_zolta_host::end(QProcess* process, int number)
+{
+    if (!process->waitForStarted() ||
+        !QTest::qWaitFor([&] { return catches(*process, number); }, 60000) ||
+        ::kill(static_cast<pid_t>(process->processId()), number) != 0 ||
+        !process->waitForFinished(60000))
+        return QStringLiteral("no end");
+    if (process->exitStatus() != QProcess::NormalExit || process->exitCode() != 0)
+        return QStringLiteral("a bad end: %1").arg(process->exitCode());
+    const QStringList lines =
+        QString::fromLocal8Bit(process->readAllStandardError()).split(QLatin1Char('\n'));
+    return lines.filter(QStringLiteral("zolta-host:")).join(QLatin1Char('\n'));
+}
+
+QString tst_zolta_host::lowGainIn(const QString& file)
+{
+    const QJsonObject saved = QJsonDocument::fromJson(contentOf(file)).object();
+    return saved[QStringLiteral("channels")][0][QStringLiteral("equalizer")]
+                [QStringLiteral("Low gain")]
+                    .toString();
 }
 
 QString tst_zolta_host::write(const QString& name, const QByteArray& bytes) const
@@ -561,19 +588,49 @@ void tst_zolta_host::signalsEndAsTheLastWindowDoes()
     QProcess process;
     startWindows(&process, {QStringLiteral("--session"), file, QStringLiteral("--set"),
                             QStringLiteral("fx_rackfx_prm_3=+6")});
-    QVERIFY(process.waitForStarted());
-    QTRY_VERIFY_WITH_TIMEOUT(catches(process, number), 60000);
-    QCOMPARE(::kill(static_cast<pid_t>(process.processId()), number), 0);
-    QVERIFY(process.waitForFinished(60000));
-    const QByteArray errors = process.readAllStandardError();
-    QVERIFY2(!errors.contains("zolta-host:"), errors.constData());
-    QCOMPARE(process.exitStatus(), QProcess::NormalExit);
-    QCOMPARE(process.exitCode(), 0);
+    QCOMPARE(end(&process, number), QString());
+    QCOMPARE(lowGainIn(file), QStringLiteral("+6.0"));
     const QJsonObject saved = QJsonDocument::fromJson(contentOf(file)).object();
-    const QJsonValue first = saved[QStringLiteral("channels")][0];
-    QCOMPARE(first[QStringLiteral("equalizer")][QStringLiteral("Low gain")].toString(),
-             QStringLiteral("+6.0"));
     QCOMPARE(saved[QStringLiteral("editors")].toArray().size(), 1);
+    QVERIFY(!QFile::exists(file + QStringLiteral(".lock")));
+}
+
+void tst_zolta_host::secondProgramSavesNothing()
+{
+    const QString file = path(QStringLiteral("shared.json"));
+    const auto arguments = [&file](const char* gain) {
+        return QStringList{QStringLiteral("--session"), file, QStringLiteral("--set"),
+                           QStringLiteral("fx_rackfx_prm_3=") + QLatin1String(gain)};
+    };
+    QProcess first;
+    startWindows(&first, arguments("+6"));
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(file + QStringLiteral(".lock")), 60000);
+    QProcess second;
+    startWindows(&second, arguments("-6"));
+    QCOMPARE(end(&second, SIGTERM),
+             QStringLiteral("zolta-host: Another program has the session %1 open. What is changed "
+                            "here will not be saved.")
+                 .arg(file));
+    QVERIFY(!QFile::exists(file));
+    QCOMPARE(end(&first, SIGTERM), QString());
+    QCOMPARE(lowGainIn(file), QStringLiteral("+6.0"));
+}
+
+void tst_zolta_host::sessionOfAProgramThatCrashedIsFree()
+{
+    const QString file = path(QStringLiteral("crashed.json"));
+    const QStringList arguments = {QStringLiteral("--session"), file, QStringLiteral("--set"),
+                                   QStringLiteral("fx_rackfx_prm_3=+6")};
+    QProcess first;
+    startWindows(&first, arguments);
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(file + QStringLiteral(".lock")), 60000);
+    first.kill();
+    QVERIFY(first.waitForFinished(60000));
+    QVERIFY(QFile::exists(file + QStringLiteral(".lock")));
+    QProcess second;
+    startWindows(&second, arguments);
+    QCOMPARE(end(&second, SIGTERM), QString());
+    QCOMPARE(lowGainIn(file), QStringLiteral("+6.0"));
 }
 
 QTEST_GUILESS_MAIN(tst_zolta_host)
