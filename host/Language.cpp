@@ -2,6 +2,7 @@
 #include "host/Language.h"
 
 #include <QCoreApplication>
+#include <QLibraryInfo>
 
 #include <algorithm>
 
@@ -41,8 +42,14 @@ void LanguageSwitch::choose(Language language)
     if (language == m_current)
         return;
     m_current = language;
-    QCoreApplication::removeTranslator(&m_translator);
-    const QString file = QStringLiteral(":/i18n/zolta_%1.qm").arg(codeOf(language));
-    if (language != Language::English && m_translator.load(file))
-        QCoreApplication::installTranslator(&m_translator);
+    change(&m_qtTranslator,
+           QLibraryInfo::path(QLibraryInfo::TranslationsPath) + QLatin1String("/qtbase_%1.qm"));
+    change(&m_translator, QStringLiteral(":/i18n/zolta_%1.qm"));
+}
+
+void LanguageSwitch::change(QTranslator* translator, const QString& file)
+{
+    QCoreApplication::removeTranslator(translator);
+    if (m_current != Language::English && translator->load(file.arg(codeOf(m_current))))
+        QCoreApplication::installTranslator(translator);
 }

@@ -21,7 +21,8 @@ std::optional<Language> languageOf(const QString& code);
 QString nameOf(Language language);
 
 /// Switches the whole program to a language. Every window, and so every editor, is sent a
-/// QEvent::LanguageChange and says its texts anew. Needs an application object; English at first.
+/// QEvent::LanguageChange and says its texts anew. The texts that are Qt's own ("Cancel") follow
+/// where Qt's translations are installed. Needs an application object; English at first.
 class LanguageSwitch
 {
 public:
@@ -29,6 +30,9 @@ public:
     void choose(Language language);
 
 private:
+    void change(QTranslator* translator, const QString& file);
+
     Language m_current = Language::English;
     QTranslator m_translator;
+    QTranslator m_qtTranslator;
 };

@@ -2,9 +2,11 @@
 #include "host/Language.h"
 #include "tests/support/TestObject.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QFontDatabase>
 #include <QFontMetricsF>
+#include <QMessageBox>
 #include <QWidget>
 
 class tst_Language : public TestObject
@@ -20,6 +22,7 @@ private Q_SLOTS:
     void whatIsTheSameEverywhereStays_data();
     void whatIsTheSameEverywhereStays();
     void switchesBackAndForth();
+    void standardButtonsFollow();
     void widgetsAreTold();
     void theSameLanguageAgainTellsNobody();
     void editorTextsFitTheirLabels_data();
@@ -143,6 +146,21 @@ protected:
 };
 
 } // namespace
+
+void tst_Language::standardButtonsFollow()
+{
+    const QMessageBox box(QMessageBox::Question, QString(), QString(), QMessageBox::Cancel);
+    const auto cancel = [&box] {
+        QCoreApplication::sendPostedEvents();
+        return box.button(QMessageBox::Cancel)->text().remove(QLatin1Char('&'));
+    };
+    m_switch.choose(Language::German);
+    QCOMPARE(cancel(), QStringLiteral("Abbrechen"));
+    m_switch.choose(Language::Japanese);
+    QCOMPARE(cancel(), QString::fromUtf8("キャンセル"));
+    m_switch.choose(Language::English);
+    QCOMPARE(cancel(), QStringLiteral("Cancel"));
+}
 
 void tst_Language::widgetsAreTold()
 {

@@ -59,7 +59,8 @@ class PackageTest(unittest.TestCase):
     def test_names_what_it_needs(self):
         self.assertEqual(self.field("Package"), "zolta")
         depends = self.field("Depends")
-        for package in ("libqt6widgets6", "libqt6svg6", "fonts-mplus", "fontconfig", "libc6"):
+        for package in ("libqt6widgets6", "libqt6svg6", "fonts-mplus", "fontconfig", "libc6",
+                        "qt6-translations-l10n"):
             self.assertIn(package, depends)
 
     def test_host_opens_the_editor_from_there(self):
