@@ -4,18 +4,19 @@
 #include "host/audio/AudioFormat.h"
 #include "host/audio/SampleConversion.h"
 #include "host/audio/WavLength.h"
+#include "host/engine/ChannelProcessor.h"
 
 #include <QFileInfo>
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include <fcntl.h>
 
 namespace {
 
-constexpr double largestFloat = std::numeric_limits<float>::max();
+// Beyond it the equalizer hears silence.
+constexpr double loudest = ChannelProcessor::loudest;
 
 QString faultOfFile(const QString& file)
 {
@@ -30,8 +31,7 @@ QString faultOfFile(const QString& file)
 QString shortened(std::int64_t found, std::int64_t promised)
 {
     return QStringLiteral("it is cut short: it ends after %1 of %2 frames")
-        .arg(found)
-        .arg(promised);
+        .arg(QString::number(found), QString::number(promised));
 }
 
 } // namespace
@@ -53,10 +53,10 @@ QString AudioReader::open(const QString& file)
         return sentence(QStringLiteral("it is empty (0 bytes)"));
     const WavLength length = WavLength::of(m_file);
     if (length.isShort())
-        return sentence(QStringLiteral("it is cut short: its header promises %1 bytes of samples, "
-                                       "it holds %2")
-                            .arg(length.promised)
-                            .arg(length.present));
+        return sentence(
+            QStringLiteral("it is cut short: its header promises %1 bytes of samples, "
+                           "it holds %2")
+                .arg(QString::number(length.promised), QString::number(length.present)));
     return openSound();
 }
 
@@ -81,7 +81,7 @@ void AudioReader::read(AudioBlock* block)
     block->setFrames(block->capacity());
     const std::size_t frames = m_fault.isEmpty() ? transfer(block) : 0;
     block->setFrames(frames);
-    if (AudioFormat::bitsOf(m_info.format) == 0 && !SampleConversion::isFinite(*block))
+    if (AudioFormat::bitsOf(m_info.format) == 0 && !SampleConversion::isWithin(*block, loudest))
         repair(block);
     m_position += static_cast<std::int64_t>(frames);
     if (frames < block->capacity())
@@ -138,7 +138,7 @@ void AudioReader::repair(AudioBlock* block)
     for (std::size_t i = 0; i < block->frames(); ++i) {
         for (std::size_t c = 0; c < block->channels(); ++c) {
             double& sample = block->channel(c)[i];
-            if (std::abs(sample) <= largestFloat)
+            if (std::abs(sample) <= loudest)
                 continue;
             if (m_damage.count++ == 0) {
                 m_damage.frame = m_position + static_cast<std::int64_t>(i);

@@ -15,8 +15,8 @@
 
 /// A sound file read block by block: WAV, FLAC, OGG and whatever else the sound file library knows.
 ///
-/// Samples that are not finite (or too large for a single float) count as 0. Faults are sentences
-/// that name the file.
+/// Samples that are no number, infinite or beyond ChannelProcessor::loudest count as 0. Faults are
+/// sentences that name the file.
 class AudioReader
 {
 public:

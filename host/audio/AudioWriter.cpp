@@ -50,15 +50,11 @@ QString AudioWriter::open(const QString& file, const SF_INFO& info)
     if (!m_file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         return sentence(m_file.errorString());
     SF_INFO format = info;
-    m_format = info.format;
+    m_info = info;
     m_access = std::make_unique<FileAccess>(m_file.handle());
     m_sound.reset(sf_open_virtual(FileAccess::operations(), SFM_WRITE, &format, m_access.get()));
     if (!m_sound)
-        return sentence(
-            systemFault(QStringLiteral("its format does not take %1 channels at %2 Hz (%3)")
-                            .arg(info.channels)
-                            .arg(info.samplerate)
-                            .arg(AudioFormat::reasonOf(nullptr))));
+        return sentence(systemFault(unsupported(AudioFormat::reasonOf(nullptr))));
     setUp(m_sound.get());
     return QString();
 }
@@ -83,14 +79,17 @@ QString AudioWriter::write(const AudioBlock& block)
     m_isEmpty = false;
     if (transfer(block) == static_cast<sf_count_t>(block.frames()) && m_access->fault().isEmpty())
         return QString();
-    return sentence(systemFault(AudioFormat::reasonOf(m_sound.get())));
+    const QString reason = AudioFormat::reasonOf(m_sound.get());
+    // Vorbis looks at channels and rate only now.
+    const bool refused = sf_error(m_sound.get()) == SF_ERR_UNRECOGNISED_FORMAT;
+    return sentence(systemFault(refused ? unsupported(reason) : reason));
 }
 
 sf_count_t AudioWriter::transfer(const AudioBlock& block)
 {
     const std::size_t samples = block.channels() * block.frames();
     const auto frames = static_cast<sf_count_t>(block.frames());
-    switch (AudioFormat::transferOf(m_format)) {
+    switch (AudioFormat::transferOf(m_info.format)) {
     case AudioFormat::Transfer::Short:
         m_shorts.resize(samples);
         m_clipped += SampleConversion::fromBlock(block, m_shorts.data());
@@ -98,7 +97,7 @@ sf_count_t AudioWriter::transfer(const AudioBlock& block)
     case AudioFormat::Transfer::Int:
         m_ints.resize(samples);
         m_clipped +=
-            SampleConversion::fromBlock(block, AudioFormat::bitsOf(m_format), m_ints.data());
+            SampleConversion::fromBlock(block, AudioFormat::bitsOf(m_info.format), m_ints.data());
         return sf_writef_int(m_sound.get(), m_ints.data(), frames);
     case AudioFormat::Transfer::Float:
         m_floats.resize(samples);
@@ -125,11 +124,13 @@ QString AudioWriter::commit()
 QString AudioWriter::close()
 {
     // FLAC's header would come with the first sample only.
-    if (m_isEmpty && (m_format & SF_FORMAT_TYPEMASK) == SF_FORMAT_FLAC)
+    if (m_isEmpty && (m_info.format & SF_FORMAT_TYPEMASK) == SF_FORMAT_FLAC)
         sf_command(m_sound.get(), SFC_UPDATE_HEADER_NOW, nullptr, 0);
     const int error = sf_close(m_sound.release());
     if (error != SF_ERR_NO_ERROR || !m_access->fault().isEmpty())
         return systemFault(QString::fromLocal8Bit(sf_error_number(error)).simplified());
+    if (m_access->size() == 0)
+        return unsupported(QStringLiteral("no header comes out"));
     // A disk may find out only now that it has no room.
     if (::fdatasync(m_file.handle()) != 0 && errno != EINVAL && errno != EROFS)
         return QString::fromLocal8Bit(std::strerror(errno));
@@ -139,6 +140,12 @@ QString AudioWriter::close()
 QString AudioWriter::sentence(const QString& reason) const
 {
     return QStringLiteral("The sound file %1 cannot be written: %2.").arg(m_name, reason);
+}
+
+QString AudioWriter::unsupported(const QString& reason) const
+{
+    return QStringLiteral("its format does not take %1 channels at %2 Hz (%3)")
+        .arg(QString::number(m_info.channels), QString::number(m_info.samplerate), reason);
 }
 
 QString AudioWriter::systemFault(const QString& otherwise) const

@@ -47,13 +47,14 @@ private:
     sf_count_t transfer(const AudioBlock& block);
     QString close();
     QString sentence(const QString& reason) const;
+    QString unsupported(const QString& reason) const;
     QString systemFault(const QString& otherwise) const;
 
     QString m_name;
     QSaveFile m_file;
     std::unique_ptr<FileAccess> m_access;
     std::unique_ptr<SNDFILE, Closer> m_sound;
-    int m_format = 0;
+    SF_INFO m_info = {};
     bool m_isEmpty = true;
     std::int64_t m_clipped = 0;
     std::vector<short> m_shorts;

@@ -6,6 +6,7 @@
 #include "host/audio/ChannelSettings.h"
 #include "host/audio/Interruption.h"
 #include "host/audio/ProgressBar.h"
+#include "host/engine/ChannelProcessor.h"
 #include "host/session/SessionFile.h"
 
 namespace {
@@ -14,12 +15,11 @@ void warnAbout(const AudioReader::Damage& damage, const QString& file)
 {
     if (damage.count == 0)
         return;
-    complain(QStringLiteral("Warning: %1 samples of %2 are no finite numbers and count as 0; the "
-                            "first is in frame %3 of channel %4.")
-                 .arg(damage.count)
-                 .arg(file)
-                 .arg(damage.frame)
-                 .arg(damage.channel));
+    complain(QStringLiteral("Warning: %1 samples of %2 are no numbers or larger than %3 and count "
+                            "as 0; the first is in frame %4 of channel %5.")
+                 .arg(QString::number(damage.count), file,
+                      QString::number(ChannelProcessor::loudest), QString::number(damage.frame),
+                      QString::number(damage.channel)));
 }
 
 void warnAboutClipping(std::int64_t clipped, const QString& file)
@@ -27,8 +27,7 @@ void warnAboutClipping(std::int64_t clipped, const QString& file)
     if (clipped > 0)
         complain(QStringLiteral("Warning: %1 samples of %2 are clipped; a lower output level or "
                                 "--float avoids that.")
-                     .arg(clipped)
-                     .arg(file));
+                     .arg(QString::number(clipped), file));
 }
 
 QString readJob(const CommandLine& commandLine, AudioRenderer::Job* job)

@@ -145,12 +145,12 @@ std::int64_t SampleConversion::fromBlock(const AudioBlock& block, double* sample
     return gather(block, doubles, samples, [](double value) { return value; });
 }
 
-bool SampleConversion::isFinite(const AudioBlock& block)
+bool SampleConversion::isWithin(const AudioBlock& block, double limit)
 {
-    bool finite = true;
+    bool within = true;
     for (std::size_t c = 0; c < block.channels(); ++c) {
         for (const double sample : block.channel(c))
-            finite &= std::abs(sample) <= largestFloat;
+            within &= std::abs(sample) <= limit;
     }
-    return finite;
+    return within;
 }

@@ -23,7 +23,7 @@ std::int64_t fromBlock(const AudioBlock& block, int bits, int* samples);
 std::int64_t fromBlock(const AudioBlock& block, float* samples);
 std::int64_t fromBlock(const AudioBlock& block, double* samples);
 
-/// Whether all samples in use are finite as single floats.
-bool isFinite(const AudioBlock& block);
+/// Whether all samples in use are numbers of at most \a limit in magnitude.
+bool isWithin(const AudioBlock& block, double limit);
 
 } // namespace SampleConversion

@@ -18,6 +18,7 @@ private Q_SLOTS:
     void readsEveryFormat();
     void goesToAFrame();
     void countsSamplesThatAreNotFinite();
+    void countsSamplesThatTheEqualizerWouldDrop();
     void refuses_data();
     void refuses();
     void noticesTheWrongEnd();
@@ -120,6 +121,22 @@ void tst_AudioReader::countsSamplesThatAreNotFinite()
     QCOMPARE(read[2 * 1501 + 1], 0.0);
     QCOMPARE(read[2 * 1700], 0.0);
     QCOMPARE(read[2 * 1700 + 1], double(float(sound.samples[2 * 1700 + 1])));
+}
+
+void tst_AudioReader::countsSamplesThatTheEqualizerWouldDrop()
+{
+    Sound sound{SF_FORMAT_WAV | SF_FORMAT_DOUBLE, 48000, 1, std::vector<double>(100, 0.5)};
+    sound.samples[20] = 1e15;
+    sound.samples[30] = 1.001e15;
+    sound.samples[40] = -1e30;
+    AudioReader reader;
+    QCOMPARE(reader.open(SoundFiles::write(path("loud.wav"), sound)), QString());
+    const std::vector<double> read = readAll(&reader, 64);
+    QCOMPARE(reader.damage().count, 2);
+    QCOMPARE(reader.damage().frame, 30);
+    QCOMPARE(read[20], 1e15);
+    QCOMPARE(read[30], 0.0);
+    QCOMPARE(read[40], 0.0);
 }
 
 void tst_AudioReader::refuses_data()

@@ -33,6 +33,7 @@ private Q_SLOTS:
     void saysWhatIsWrong_data();
     void saysWhatIsWrong();
     void warnsAboutClippingAndDamage();
+    void namesFilesAsTheyAre();
     void saysThatTheDiskIsFull();
     void controlCLeavesNothing();
     void showsProgressOnATerminalOnly();
@@ -226,6 +227,15 @@ void tst_zolta_render::saysWhatIsWrong_data()
     row("many.wav out.flac",
         "The sound file out.flac cannot be written: its format does not take 20 channels at 48000 "
         "Hz (Format not recognised).");
+    row("fast.wav out.ogg",
+        "The sound file out.ogg cannot be written: its format does not take 1 channels at 384000 "
+        "Hz (Format not recognised).");
+    row("emptyfast.wav out.ogg",
+        "The sound file out.ogg cannot be written: its format does not take 1 channels at 384000 "
+        "Hz (no header comes out).");
+    row("hundreds.wav out.ogg",
+        "The sound file out.ogg cannot be written: its format does not take 300 channels at 48000 "
+        "Hz (Format not recognised).");
 }
 
 void tst_zolta_render::saysWhatIsWrong()
@@ -235,6 +245,12 @@ void tst_zolta_render::saysWhatIsWrong()
     writeNoise("in.wav");
     SoundFiles::write(path("many.wav"),
                       Sound{SF_FORMAT_WAV | SF_FORMAT_PCM_16, 48000, 20, SoundFiles::noise(2000)});
+    SoundFiles::write(path("fast.wav"),
+                      Sound{SF_FORMAT_WAV | SF_FORMAT_PCM_16, 384000, 1, SoundFiles::noise(2000)});
+    SoundFiles::write(path("emptyfast.wav"),
+                      Sound{SF_FORMAT_WAV | SF_FORMAT_PCM_16, 384000, 1, {}});
+    SoundFiles::write(path("hundreds.wav"),
+                      Sound{SF_FORMAT_WAV | SF_FORMAT_PCM_16, 48000, 300, SoundFiles::noise(9000)});
     QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("folder.wav")));
     SoundFiles::writeBytes(path("bad.state"), StateBytes::state().left(100));
     SoundFiles::writeBytes(path("bad.json"), "{}");
@@ -256,10 +272,27 @@ void tst_zolta_render::warnsAboutClippingAndDamage()
     QCOMPARE(result.code, 0);
     QCOMPARE(
         result.errors,
-        QStringLiteral("zolta-host: Warning: 1 samples of in.wav are no finite numbers and "
-                       "count as 0; the first is in frame 700 of channel 1.\n"
+        QStringLiteral("zolta-host: Warning: 1 samples of in.wav are no numbers or "
+                       "larger than 1e+15 and count as 0; the first is in frame 700 of channel 1.\n"
                        "zolta-host: Warning: 1 samples of out.flac are clipped; a lower output "
                        "level or --float avoids that.\n"));
+}
+
+// Also where a name looks like a gap in a sentence.
+void tst_zolta_render::namesFilesAsTheyAre()
+{
+    Sound sound{SF_FORMAT_WAV | SF_FORMAT_FLOAT, 48000, 1, std::vector<double>(100, 1.5)};
+    sound.samples[7] = std::nan("");
+    SoundFiles::write(path("in%1%2%3.wav"), sound);
+    const ProgramResult result = run({QStringLiteral("--render"), QStringLiteral("in%1%2%3.wav"),
+                                      QStringLiteral("out%1%2%3.flac")});
+    QCOMPARE(result.code, 0);
+    QCOMPARE(result.errors,
+             QLatin1String("zolta-host: Warning: 1 samples of in%1%2%3.wav are no numbers or "
+                           "larger than 1e+15 and count as 0; the first is in frame 7 of channel "
+                           "0.\n"
+                           "zolta-host: Warning: 99 samples of out%1%2%3.flac are clipped; a lower "
+                           "output level or --float avoids that.\n"));
 }
 
 // A limit on the size of files stands in for a disk that is full.
