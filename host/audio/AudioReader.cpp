@@ -2,8 +2,9 @@
 #include "host/audio/AudioReader.h"
 
 #include "host/audio/AudioFormat.h"
+#include "host/audio/OggPages.h"
 #include "host/audio/SampleConversion.h"
-#include "host/audio/WavLength.h"
+#include "host/audio/SoundLength.h"
 #include "host/engine/ChannelProcessor.h"
 
 #include <QFileInfo>
@@ -51,19 +52,22 @@ QString AudioReader::open(const QString& file)
         return sentence(m_file.errorString());
     if (m_file.size() == 0)
         return sentence(QStringLiteral("it is empty (0 bytes)"));
-    const WavLength length = WavLength::of(m_file);
+    const SoundLength length = SoundLength::of(m_file);
+    if (length.isTooLong())
+        return sentence(QStringLiteral("it is longer than its header can say"));
     if (length.isShort())
         return sentence(
             QStringLiteral("it is cut short: its header promises %1 bytes of samples, "
                            "it holds %2")
                 .arg(QString::number(length.promised), QString::number(length.present)));
+    m_access = std::make_unique<FileAccess>(m_file.handle(), m_file.size());
+    m_access->cover(length.offset, length.closed);
     return openSound();
 }
 
 QString AudioReader::openSound()
 {
     ::posix_fadvise(m_file.handle(), 0, 0, POSIX_FADV_SEQUENTIAL);
-    m_access = std::make_unique<FileAccess>(m_file.handle(), m_file.size());
     m_sound.reset(sf_open_virtual(FileAccess::operations(), SFM_READ, &m_info, m_access.get()));
     if (!m_sound && !m_access->fault().isEmpty())
         return sentence(m_access->fault());
@@ -73,7 +77,8 @@ QString AudioReader::openSound()
     const bool ogg = (m_info.format & SF_FORMAT_TYPEMASK) == SF_FORMAT_OGG;
     if (ogg && !knowsLength())
         return sentence(QStringLiteral("it is cut short: its last page is missing"));
-    return QString();
+    const QString fault = ogg ? OggPages::faultIn(m_file) : QString();
+    return fault.isEmpty() ? QString() : sentence(fault);
 }
 
 void AudioReader::read(AudioBlock* block)

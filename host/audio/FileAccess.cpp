@@ -39,6 +39,12 @@ QString FileAccess::fault() const
     return m_error ? QString::fromLocal8Bit(std::strerror(m_error)) : QString();
 }
 
+void FileAccess::cover(std::int64_t offset, const QByteArray& bytes)
+{
+    m_coverStart = offset;
+    m_cover = bytes;
+}
+
 std::int64_t FileAccess::seek(std::int64_t offset, int whence)
 {
     if (whence == SEEK_CUR)
@@ -60,7 +66,17 @@ std::int64_t FileAccess::read(void* bytes, std::int64_t count)
         done += std::max<ssize_t>(part, 0);
         m_position += std::max<ssize_t>(part, 0);
     }
+    showCover(static_cast<char*>(bytes), m_position - done, done);
     return done;
+}
+
+void FileAccess::showCover(char* bytes, std::int64_t start, std::int64_t count) const
+{
+    const std::int64_t first = std::max(start, m_coverStart);
+    const std::int64_t last = std::min<std::int64_t>(start + count, m_coverStart + m_cover.size());
+    if (first < last)
+        std::copy_n(m_cover.begin() + (first - m_coverStart), last - first,
+                    bytes + (first - start));
 }
 
 std::int64_t FileAccess::write(const void* bytes, std::int64_t count)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 #include <sndfile.h>
@@ -25,6 +26,9 @@ public:
     /// The reason for the first failed access, as the system tells it; nothing without one.
     QString fault() const;
 
+    /// What read() gives from \a offset on in place of the file's bytes there.
+    void cover(std::int64_t offset, const QByteArray& bytes);
+
     std::int64_t seek(std::int64_t offset, int whence);
     std::int64_t read(void* bytes, std::int64_t count);
     std::int64_t write(const void* bytes, std::int64_t count);
@@ -34,10 +38,13 @@ public:
 private:
     bool failed();
     void startWriteBack();
+    void showCover(char* bytes, std::int64_t start, std::int64_t count) const;
 
     int m_descriptor;
     int m_error = 0;
     std::int64_t m_position = 0;
     std::int64_t m_size;
+    std::int64_t m_coverStart = 0;
+    QByteArray m_cover;
     std::int64_t m_handedOver = 0; // bytes that the system has been told to bring to the disk
 };

@@ -9,6 +9,43 @@
 
 using SoundFiles::Sound;
 
+namespace {
+
+constexpr int wav = SF_FORMAT_WAV | SF_FORMAT_PCM_16;
+constexpr int rf64 = SF_FORMAT_RF64 | SF_FORMAT_PCM_16;
+constexpr int aiff = SF_FORMAT_AIFF | SF_FORMAT_PCM_16;
+constexpr int au = SF_FORMAT_AU | SF_FORMAT_PCM_16;
+constexpr int w64 = SF_FORMAT_W64 | SF_FORMAT_PCM_16;
+constexpr int caf = SF_FORMAT_CAF | SF_FORMAT_PCM_16;
+
+// The first one whose position in the sound is beyond 0.
+qsizetype firstPageOfSound(const QByteArray& ogg)
+{
+    qsizetype page = 0;
+    while (ogg.mid(page + 6, 8) == QByteArray(8, '\0'))
+        page = ogg.indexOf("OggS", page + 1);
+    return page;
+}
+
+// Where the header of a file tells how long its sound is.
+qsizetype lengthOffset(const QByteArray& bytes, int format)
+{
+    switch (format & SF_FORMAT_TYPEMASK) {
+    case SF_FORMAT_RF64:
+        return bytes.indexOf("ds64") + 16;
+    case SF_FORMAT_AIFF:
+        return bytes.indexOf("SSND") + 4;
+    case SF_FORMAT_AU:
+        return 8;
+    case SF_FORMAT_W64:
+        return bytes.indexOf("data\xf3\xac") + 16;
+    default:
+        return bytes.indexOf("data") + 4;
+    }
+}
+
+} // namespace
+
 class tst_AudioReader : public TestObject
 {
     Q_OBJECT
@@ -22,15 +59,39 @@ private Q_SLOTS:
     void refuses_data();
     void refuses();
     void noticesTheWrongEnd();
+    void refusesWhatIsCutShort_data();
+    void refusesWhatIsCutShort();
+    void playsWhatAPipeLeftOpen_data();
     void playsWhatAPipeLeftOpen();
+    void playsLongFilesThatAPipeLeftOpen();
+    void emptyFilesStayEmpty_data();
+    void emptyFilesStayEmpty();
+    void oddLengthsAreWhole_data();
+    void oddLengthsAreWhole();
+    void missesNoPadding();
     void readsFilesThatAnotherChunkFollows();
 
 private:
     QString path(const char* name) const { return m_folder.filePath(QLatin1String(name)); }
+    QByteArray bytesOf(const Sound& sound) const;
+    QString faultOf(const QByteArray& bytes) const;
     static std::vector<double> readAll(AudioReader* reader, std::size_t block);
 
     QTemporaryDir m_folder;
 };
+
+QByteArray tst_AudioReader::bytesOf(const Sound& sound) const
+{
+    return SoundFiles::bytesOf(SoundFiles::write(path("whole"), sound));
+}
+
+// Why a file of these bytes cannot be opened.
+QString tst_AudioReader::faultOf(const QByteArray& bytes) const
+{
+    AudioReader reader;
+    const QString file = SoundFiles::writeBytes(path("file"), bytes);
+    return reader.open(file).remove(QStringLiteral("The sound file %1 cannot be read: ").arg(file));
+}
 
 // Interleaved again.
 std::vector<double> tst_AudioReader::readAll(AudioReader* reader, std::size_t capacity)
@@ -169,6 +230,17 @@ void tst_AudioReader::refuses_data()
     const QByteArray pages = SoundFiles::bytesOf(SoundFiles::write(path("whole.ogg"), ogg));
     QTest::newRow("ogg cut short") << made("short.ogg", pages.left(pages.size() * 3 / 4))
                                    << "it is cut short: its last page is missing";
+    QTest::newRow("ogg chained") << made("chain.ogg", pages + pages)
+                                 << "it holds several streams one after the other";
+    ogg.samples = SoundFiles::noise(200000);
+    QByteArray damaged = SoundFiles::bytesOf(SoundFiles::write(path("whole.ogg"), ogg));
+    const qsizetype page = firstPageOfSound(damaged);
+    damaged[page + 1000] = static_cast<char>(damaged[page + 1000] ^ 1);
+    QTest::newRow("ogg damaged") << made("damaged.ogg", damaged)
+                                 << QStringLiteral("it is damaged at byte %1").arg(page);
+    damaged[page] = 'o';
+    QTest::newRow("ogg out of step")
+        << made("step.ogg", damaged) << QStringLiteral("it is damaged at byte %1").arg(page);
 }
 
 void tst_AudioReader::refuses()
@@ -196,17 +268,158 @@ void tst_AudioReader::noticesTheWrongEnd()
             .arg(read.size() / 2));
 }
 
-// A program that cannot go back to the header writes the largest length there.
+void tst_AudioReader::refusesWhatIsCutShort_data()
+{
+    QTest::addColumn<int>("format");
+    QTest::newRow("wav") << wav;
+    QTest::newRow("big-endian wav") << (wav | SF_ENDIAN_BIG);
+    QTest::newRow("extensible") << (SF_FORMAT_WAVEX | SF_FORMAT_PCM_16);
+    QTest::newRow("rf64") << rf64;
+    QTest::newRow("w64") << w64;
+    QTest::newRow("aiff") << aiff;
+    QTest::newRow("aifc") << (aiff | SF_ENDIAN_LITTLE);
+    QTest::newRow("au") << au;
+    QTest::newRow("little-endian au") << (au | SF_ENDIAN_LITTLE);
+    QTest::newRow("caf") << caf;
+}
+
+void tst_AudioReader::refusesWhatIsCutShort()
+{
+    QFETCH(const int, format);
+    const QByteArray bytes = bytesOf(Sound{format, 48000, 2, SoundFiles::noise(20000)});
+    const qsizetype header = bytes.size() - 40000;
+    QCOMPARE(faultOf(bytes), QString());
+    for (const qsizetype present : {39999, 24000, 1}) {
+        QCOMPARE(faultOf(bytes.left(header + present)),
+                 QStringLiteral("it is cut short: its header promises 40000 bytes of samples, it "
+                                "holds %1.")
+                     .arg(present));
+    }
+}
+
+void tst_AudioReader::playsWhatAPipeLeftOpen_data()
+{
+    QTest::addColumn<int>("format");
+    QTest::addColumn<QByteArray>("length");
+    const auto row = [](const char* name, int format, const char* length) {
+        QTest::newRow(name) << format << QByteArray::fromHex(length);
+    };
+    row("wav, 4 GB", wav, "ffffffff");
+    row("wav, 4 GB without the header", wav, "dbffffff");
+    row("wav, 2 GB", wav, "00000080");
+    row("wav, 1 byte less", wav, "ffffff7f");
+    row("wav, 1 page less", wav, "00f0ff7f");
+    row("wav, whole blocks", SF_FORMAT_WAV | SF_FORMAT_PCM_24, "fcefff7f");
+    row("wav, nothing", wav, "00000000");
+    row("big-endian wav", wav | SF_ENDIAN_BIG, "00000000");
+    row("extensible", SF_FORMAT_WAVEX | SF_FORMAT_FLOAT, "00000000");
+    row("rf64", rf64, "0000000000000000");
+    row("rf64, most", rf64, "ffffffffffffffff");
+    row("w64", w64, "ffffffffffffff7f");
+    row("w64, nothing", w64, "1800000000000000");
+    row("aiff", aiff, "7f000008");
+    row("aiff, nothing", aiff, "00000000");
+    row("aiff, no samples", aiff, "00000008");
+    row("au", au, "ffffffff");
+    row("au, nothing", au, "00000000");
+    row("little-endian au", au | SF_ENDIAN_LITTLE, "00000000");
+    row("caf", caf, "ffffffffffffffff");
+    row("caf, no samples", caf, "0000000000000004");
+}
+
+// A program that cannot go back to the header leaves a number there that says nothing.
 void tst_AudioReader::playsWhatAPipeLeftOpen()
 {
-    const Sound sound{SF_FORMAT_WAV | SF_FORMAT_PCM_16, 48000, 1, SoundFiles::noise(3000)};
-    QByteArray bytes = SoundFiles::bytesOf(SoundFiles::write(path("closed.wav"), sound));
-    const qsizetype data = bytes.indexOf("data");
-    bytes.replace(4, 4, QByteArray(4, '\xff')).replace(data + 4, 4, QByteArray(4, '\xff'));
+    QFETCH(const int, format);
+    QFETCH(const QByteArray, length);
+    QByteArray bytes = bytesOf(Sound{format, 48000, 1, SoundFiles::noise(3000)});
+    bytes.replace(lengthOffset(bytes, format), length.size(), length);
     AudioReader reader;
-    QCOMPARE(reader.open(SoundFiles::writeBytes(path("open.wav"), bytes)), QString());
-    QCOMPARE(readAll(&reader, 1000), SoundFiles::read(path("closed.wav")).samples);
+    QCOMPARE(reader.open(SoundFiles::writeBytes(path("open"), bytes)), QString());
+    QCOMPARE(reader.info().frames, 3000);
+    QCOMPARE(readAll(&reader, 1000), SoundFiles::read(path("whole")).samples);
     QCOMPARE(reader.fault(), QString());
+}
+
+// The files have holes and take no room on the disk.
+void tst_AudioReader::playsLongFilesThatAPipeLeftOpen()
+{
+    QByteArray bytes = bytesOf(Sound{wav, 48000, 2, SoundFiles::noise(2000)});
+    bytes.replace(lengthOffset(bytes, wav), 4, QByteArray::fromHex("00f0ff7f"));
+    QFile file(SoundFiles::writeBytes(path("long.wav"), bytes));
+    const qint64 header = bytes.size() - 4000;
+    QVERIFY(file.resize(header + 3'000'000'000));
+    AudioReader reader;
+    QCOMPARE(reader.open(file.fileName()), QString());
+    QCOMPARE(reader.info().frames, 750'000'000);
+    QVERIFY(file.resize(header + 5'000'000'000));
+    QCOMPARE(AudioReader().open(file.fileName()),
+             QStringLiteral("The sound file %1 cannot be read: it is longer than its header can "
+                            "say.")
+                 .arg(file.fileName()));
+}
+
+void tst_AudioReader::emptyFilesStayEmpty_data()
+{
+    QTest::addColumn<int>("format");
+    QTest::addColumn<QByteArray>("behind");
+    const QByteArray silentNote = QByteArray("note\4\0\0\0\0\0\0\0", 12);
+    QTest::newRow("wav") << wav << QByteArray();
+    QTest::newRow("wav with chunks") << wav << silentNote + silentNote;
+    QTest::newRow("wav with an odd chunk") << wav << QByteArray("note\3\0\0\0abc", 11);
+    QTest::newRow("rf64") << rf64 << QByteArray();
+    QTest::newRow("rf64 with a chunk") << rf64 << silentNote;
+    QTest::newRow("w64") << w64 << QByteArray();
+    QTest::newRow("aiff") << aiff << QByteArray();
+    QTest::newRow("aiff with a chunk") << aiff << QByteArray("ANNO\0\0\0\4text", 12);
+    QTest::newRow("au") << au << QByteArray();
+    QTest::newRow("caf") << caf << QByteArray();
+}
+
+void tst_AudioReader::emptyFilesStayEmpty()
+{
+    QFETCH(const int, format);
+    QFETCH(const QByteArray, behind);
+    const QByteArray bytes = bytesOf(Sound{format, 48000, 1, {}}) + behind;
+    AudioReader reader;
+    QCOMPARE(reader.open(SoundFiles::writeBytes(path("empty"), bytes)), QString());
+    QCOMPARE(reader.info().frames, 0);
+    QCOMPARE(readAll(&reader, 1000).size(), 0U);
+    QCOMPARE(reader.fault(), QString());
+}
+
+void tst_AudioReader::oddLengthsAreWhole_data()
+{
+    QTest::addColumn<int>("format");
+    QTest::newRow("wav") << (SF_FORMAT_WAV | SF_FORMAT_PCM_24);
+    QTest::newRow("rf64") << (SF_FORMAT_RF64 | SF_FORMAT_PCM_24);
+    QTest::newRow("w64") << (SF_FORMAT_W64 | SF_FORMAT_PCM_24);
+    QTest::newRow("aiff") << (SF_FORMAT_AIFF | SF_FORMAT_PCM_24);
+    QTest::newRow("au") << (SF_FORMAT_AU | SF_FORMAT_PCM_24);
+    QTest::newRow("caf") << (SF_FORMAT_CAF | SF_FORMAT_PCM_24);
+}
+
+void tst_AudioReader::oddLengthsAreWhole()
+{
+    QFETCH(const int, format);
+    const QByteArray bytes = bytesOf(Sound{format, 48000, 1, SoundFiles::noise(3001)});
+    AudioReader reader;
+    QCOMPARE(reader.open(SoundFiles::writeBytes(path("odd"), bytes)), QString());
+    QCOMPARE(reader.info().frames, 3001);
+}
+
+// The byte that makes the last chunk even belongs to no sample.
+void tst_AudioReader::missesNoPadding()
+{
+    const Sound sound{SF_FORMAT_WAV | SF_FORMAT_PCM_U8, 48000, 1, std::vector<double>(3001, 0.25)};
+    QByteArray bytes = bytesOf(sound);
+    while (bytes.endsWith('\0'))
+        bytes.chop(1);
+    QCOMPARE(faultOf(bytes + '\0'), QString());
+    QCOMPARE(faultOf(bytes), QString());
+    QCOMPARE(faultOf(bytes.chopped(1)),
+             QStringLiteral("it is cut short: its header promises 3001 bytes of samples, it holds "
+                            "3000."));
 }
 
 void tst_AudioReader::readsFilesThatAnotherChunkFollows()
