@@ -66,7 +66,7 @@ qint64 read(QIODevice& device, const Field& field)
     quint64 value = 0;
     for (const char byte : bytes)
         value = (value << 8U) | static_cast<unsigned char>(byte);
-    return static_cast<qint64>(value) - field.extra;
+    return static_cast<qint64>(value - static_cast<quint64>(field.extra));
 }
 
 QByteArray written(qint64 length, const Field& field)

@@ -317,6 +317,7 @@ void tst_AudioReader::playsWhatAPipeLeftOpen_data()
     row("rf64, most", rf64, "ffffffffffffffff");
     row("w64", w64, "ffffffffffffff7f");
     row("w64, nothing", w64, "1800000000000000");
+    row("w64, least", w64, "0000000000000080");
     row("aiff", aiff, "7f000008");
     row("aiff, nothing", aiff, "00000000");
     row("aiff, no samples", aiff, "00000008");
