@@ -10,7 +10,7 @@ QString freeNameBeside(const QString& file)
 {
     QString name = file + QLatin1String(".damaged");
     for (int i = 2; QFileInfo::exists(name); ++i)
-        name = QStringLiteral("%1.damaged-%2").arg(file).arg(i);
+        name = file + QStringLiteral(".damaged-%1").arg(i);
     return name;
 }
 

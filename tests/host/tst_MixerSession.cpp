@@ -31,6 +31,7 @@ private Q_SLOTS:
     void damagedFileIsKeptAside_data();
     void damagedFileIsKeptAside();
     void secondDamagedFileTakesAnotherName();
+    void damagedFilesKeepOddNames();
     void folderIsLeftAlone();
     void laterVersionIsLeftAlone();
     void readingChangesNoFile();
@@ -336,6 +337,17 @@ void tst_MixerSession::secondDamagedFileTakesAnotherName()
     QVERIFY(session.open(m_file).contains(QStringLiteral("session.json.damaged-2")));
     QCOMPARE(content(m_file + QStringLiteral(".damaged")), QByteArray("first"));
     QCOMPARE(content(m_file + QStringLiteral(".damaged-2")), QByteArray("second"));
+}
+
+// What looks like a place to fill in is a part of the name.
+void tst_MixerSession::damagedFilesKeepOddNames()
+{
+    const QString file = m_folder->filePath(QStringLiteral("100%1%2.json"));
+    write(file + QStringLiteral(".damaged"), "first");
+    write(file, "second");
+    MixerSession session(*m_mixer);
+    QVERIFY(session.open(file).contains(QStringLiteral("100%1%2.json.damaged-2")));
+    QCOMPARE(content(file + QStringLiteral(".damaged-2")), QByteArray("second"));
 }
 
 void tst_MixerSession::folderIsLeftAlone()
