@@ -8,7 +8,7 @@
 #include "controls/PushButtonController.h"
 #include "controls/RoundMeterController.h"
 #include "controls/TextEditController.h"
-#include "host/HostMemory.h"
+#include "hosting/HostMemory.h"
 #include "widgets/SvgLabel.h"
 
 #include <QApplication>

@@ -21,12 +21,12 @@
 //                 same with their windows hidden.
 #include "controls/KnobController.h"
 #include "controls/TextEditController.h"
-#include "editor/zolta/ZoltaEditor.h"
+#include "editor/ZoltaEditor.h"
+#include "equalizer/BandDesign.h"
 #include "graph/ZoltaEqualizerGraph.h"
-#include "graph/filters/BandDesign.h"
-#include "host/HostMemory.h"
-#include "host/HostModel.h"
-#include "host/HostTheme.h"
+#include "host/window/HostTheme.h"
+#include "hosting/HostMemory.h"
+#include "hosting/HostModel.h"
 #include "widgets/SvgDocument.h"
 #include "widgets/SvgLabel.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the signal processor costs: how many channels one core keeps up with in real time (items a
 // second over the sample rate), and the worst block while every parameter moves.
-#include "host/engine/AudioEngine.h"
+#include "engine/AudioEngine.h"
 
 #include <benchmark/benchmark.h>
 

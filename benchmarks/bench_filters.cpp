@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the equalizer's curve costs, and the filters one by one.
-#include "graph/filters/BandDesign.h"
-#include "graph/filters/Response.h"
+#include "equalizer/BandDesign.h"
+#include "equalizer/Response.h"
 
 #include <benchmark/benchmark.h>
 

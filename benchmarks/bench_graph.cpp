@@ -3,13 +3,13 @@
 // the same grid in a widget of the same size. All three repaint a shown window of Qt's offscreen
 // platform, whose raster engine is also what a desktop window is painted with. "Repaint" draws the
 // same picture again; "Moved" changes the gain of one band, and so one curve and the total, first.
-#include "editor/zolta/ZoltaEditor.h"
+#include "editor/ZoltaEditor.h"
+#include "equalizer/BandDesign.h"
+#include "equalizer/EqualizerBands.h"
+#include "equalizer/PlotAxes.h"
 #include "graph/ZoltaEqualizerGraph.h"
-#include "graph/filters/BandDesign.h"
-#include "graph/filters/EqualizerBands.h"
-#include "graph/filters/PlotAxes.h"
-#include "host/HostMemory.h"
-#include "host/HostModel.h"
+#include "hosting/HostMemory.h"
+#include "hosting/HostModel.h"
 
 #include <QApplication>
 #include <QChart>

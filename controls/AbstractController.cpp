@@ -2,7 +2,7 @@
 #include "controls/AbstractController.h"
 
 #include "controls/WideInteger.h"
-#include "plugin/interfaces/IMemAPI.h"
+#include "interfaces/IMemAPI.h"
 
 #include <QByteArray>
 

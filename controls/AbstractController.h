@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "plugin/interfaces/IPrmObserver.h"
+#include "interfaces/IPrmObserver.h"
 
 #include <QString>
 

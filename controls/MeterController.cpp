@@ -2,8 +2,8 @@
 #include "controls/MeterController.h"
 
 #include "controls/ControlAccessible.h"
+#include "controls/MeterConverter.h"
 #include "controls/RoundShapes.h"
-#include "editor/meters/MeterConverter.h"
 
 #include <QCoreApplication>
 #include <QPainter>

@@ -10,9 +10,9 @@
 //     1 byte     channel
 //     4 times    minimum, maximum, value (4 bytes each, little-endian) of every fourth parameter
 // and the rest is the stream.
-#include "plugin/component/ZoltaComponent.h"
-#include "plugin/interfaces/IMemAPI.h"
-#include "plugin/interfaces/IModelInfo.h"
+#include "component/ZoltaComponent.h"
+#include "interfaces/IMemAPI.h"
+#include "interfaces/IModelInfo.h"
 
 #include <algorithm>
 #include <array>

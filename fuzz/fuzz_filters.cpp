@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Band design, response and per-sample functions over any bits of their arguments. An input is a
 // packed list of the values of Settings, missing ones being zero, then samples.
-#include "graph/filters/BandDesign.h"
-#include "graph/filters/Response.h"
+#include "equalizer/BandDesign.h"
+#include "equalizer/Response.h"
 
 #include <algorithm>
 #include <cmath>

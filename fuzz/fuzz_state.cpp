@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The host's reader of states and presets over arbitrary bytes: it either says what is wrong or
 // returns a state that is sound.
-#include "host/StateFile.h"
+#include "hosting/StateFile.h"
 
 #include <QtEndian>
 

@@ -2,7 +2,7 @@
 #include "controls/ButtonGroupController.h"
 #include "controls/PullDownButtonController.h"
 #include "controls/PushButtonController.h"
-#include "editor/base/EffectStyle.h"
+#include "effect/EffectStyle.h"
 #include "gallery/GalleryControls.h"
 #include "gallery/GallerySection.h"
 #include "gallery/GallerySections.h"

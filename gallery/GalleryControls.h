@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "host/HostMemory.h"
+#include "hosting/HostMemory.h"
 
 #include <QFont>
 #include <QPalette>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "gallery/GalleryCommandLine.h"
 #include "gallery/GallerySheet.h"
-#include "host/HostTheme.h"
-#include "host/OutputFile.h"
-#include "host/StartUp.h"
+#include "host/program/StartUp.h"
+#include "host/window/HostTheme.h"
+#include "hosting/OutputFile.h"
 
 #include <QApplication>
 #include <QBuffer>

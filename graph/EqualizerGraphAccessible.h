@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "graph/filters/EqualizerBands.h"
+#include "equalizer/EqualizerBands.h"
 
 #include <QAccessibleWidget>
 

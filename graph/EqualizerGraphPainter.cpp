@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "graph/EqualizerGraphPainter.h"
 
-#include "editor/base/PixelRounding.h"
+#include "effect/PixelRounding.h"
+#include "equalizer/EqualizerBands.h"
+#include "equalizer/PlotAxes.h"
 #include "graph/WideRegisters.h"
-#include "graph/filters/EqualizerBands.h"
-#include "graph/filters/PlotAxes.h"
 
 #include <QPainter>
 #include <QPolygonF>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "graph/HandleText.h"
 
-#include "graph/filters/EqualizerBands.h"
+#include "equalizer/EqualizerBands.h"
 
 #include <QCoreApplication>
 #include <QStringList>

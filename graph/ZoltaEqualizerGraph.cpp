@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "graph/ZoltaEqualizerGraph.h"
 
-#include "editor/base/EffectEditor.h"
+#include "effect/EffectEditor.h"
+#include "equalizer/BandDesign.h"
 #include "graph/EqualizerGraphAccessible.h"
 #include "graph/GraphAnnouncements.h"
 #include "graph/HandleKeys.h"
-#include "graph/filters/BandDesign.h"
-#include "plugin/interfaces/IMemAPI.h"
+#include "interfaces/IMemAPI.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "equalizer/EqualizerBands.h"
+#include "equalizer/PlotAxes.h"
 #include "graph/EqualizerGraphPainter.h"
-#include "graph/filters/EqualizerBands.h"
-#include "graph/filters/PlotAxes.h"
-#include "plugin/interfaces/IPrmObserver.h"
+#include "interfaces/IPrmObserver.h"
 
 #include <QWidget>
 

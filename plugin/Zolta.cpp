@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "plugin/Zolta.h"
 
-#include "editor/zolta/ZoltaEditor.h"
+#include "editor/ZoltaEditor.h"
+#include "interfaces/IModelInfo.h"
 #include "plugin/PluginMetaData.h"
-#include "plugin/interfaces/IModelInfo.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "plugin/interfaces/IVaskEffect.h"
-#include "plugin/interfaces/IVaskEffectChFx.h"
+#include "interfaces/IVaskEffect.h"
+#include "interfaces/IVaskEffectChFx.h"
 
 #include <QObject>
 

@@ -37,7 +37,8 @@ struct SvgRaster
     QPoint offset;
 };
 
-/// A raster of the same look without its empty margins; a raster that shows nothing keeps one pixel.
+/// A raster of the same look without its empty margins; a raster that shows nothing keeps one
+/// pixel.
 SvgRaster trimmed(const SvgRaster& raster);
 
 /// The process's rasters of SVG pictures, one for each way in which one is drawn, whoever draws it.

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/audio/AudioDevice.h"
 
+#include "engine/ChannelProcessor.h"
 #include "host/audio/AudioDevices.h"
-#include "host/engine/ChannelProcessor.h"
 
 #include <algorithm>
 #include <array>

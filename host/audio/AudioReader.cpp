@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/audio/AudioReader.h"
 
+#include "engine/ChannelProcessor.h"
 #include "host/audio/AudioFormat.h"
 #include "host/audio/OggPages.h"
 #include "host/audio/SampleConversion.h"
 #include "host/audio/SoundLength.h"
-#include "host/engine/ChannelProcessor.h"
 
 #include <QFileInfo>
 

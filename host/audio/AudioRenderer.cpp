@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/audio/AudioRenderer.h"
 
-#include "graph/filters/BandDesign.h"
+#include "equalizer/BandDesign.h"
 #include "host/audio/AudioFormat.h"
 
 #include <QFileInfo>

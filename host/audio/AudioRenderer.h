@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "engine/ChannelProcessor.h"
 #include "host/audio/AudioReader.h"
 #include "host/audio/AudioWriter.h"
 #include "host/audio/BlockResampler.h"
-#include "host/engine/ChannelProcessor.h"
 
 #include <QString>
 

@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Checks the house rules that a compiler does not: which room includes which, and licence lines.
+"""Checks the house rules that a compiler does not: every file stands in a room, a room includes only
+what it may, neither rooms nor files include one another in a circle, and licence lines.
 
 Usage: check_includes.py PROJECT_ROOT
 """
@@ -8,46 +9,45 @@ import re
 import sys
 from pathlib import Path
 
-# Each room's floor; the longest matching prefix counts. A file may include its own floor and those
-# below it, rooms of one floor only themselves unless they are listed as one room.
-FLOORS = {
-    "plugin": 8,
-    "editor/zolta": 7,
-    "graph": 6,
-    "editor/base": 5,
-    "controls": 4,
-    "widgets": 3,
-    "plugin/component": 2,
-    "plugin/interfaces": 1,
-    "graph/filters": 0,
-    "editor/meters": 0,
+# Every room and the rooms that it may include besides itself, the lowest first.
+ROOMS = {
+    "equalizer": [],
+    "interfaces": [],
+    "widgets": [],
+    "component": ["equalizer", "interfaces"],
+    "controls": ["widgets", "interfaces"],
+    "effect": ["controls", "widgets", "interfaces"],
+    "graph": ["effect", "controls", "widgets", "equalizer", "interfaces"],
+    "editor": ["graph", "effect", "controls", "component", "widgets", "interfaces", "equalizer"],
+    "plugin": ["editor", "interfaces"],
+    "parameters": ["equalizer"],
+    "engine": ["parameters", "equalizer"],
+    "hosting": ["parameters", "component", "equalizer", "interfaces"],
+    "host/audio": ["engine", "hosting", "parameters", "equalizer"],
+    "host/model": ["host/audio", "hosting", "engine", "parameters", "equalizer"],
+    "host/meters": ["host/model", "hosting", "engine", "parameters", "equalizer"],
+    "host/files": ["host/model", "hosting", "engine", "parameters", "equalizer"],
+    "host/window": ["host/files", "host/meters", "host/model", "host/audio", "hosting", "engine",
+                    "parameters", "equalizer", "interfaces", "controls", "widgets"],
+    "host/program": ["host/window", "host/files", "host/meters", "host/model", "host/audio",
+                     "hosting", "engine", "parameters", "equalizer", "interfaces"],
 }
-# Beside the house. Nothing in it includes from these; what each may include of the house:
-BESIDE = {
-    "host": {"plugin/interfaces", "graph/filters", "controls", "widgets", "host", "host/engine"},
-    "host/engine": {"graph/filters", "host", "host/engine"},
-    "gallery": set(FLOORS) | {"host", "gallery"},
-    "designer": set(FLOORS) | {"designer"},
-    "tests": set(FLOORS) | {"host", "host/engine", "gallery", "tests"},
-    "benchmarks": set(FLOORS) | {"host", "host/engine", "benchmarks"},
-    "fuzz": set(FLOORS) | {"host", "host/engine", "fuzz"},
-}
-# Rooms that know neither Qt nor the SDK.
-PLAIN = {"graph/filters", "editor/meters", "host/engine"}
+# Beside the house: they include what they need, and nothing includes them.
+BESIDE = ["gallery", "designer", "tests", "benchmarks", "fuzz"]
+# Rooms that know neither Qt nor the SDK, and those that know Qt alone.
+STANDARD_LIBRARY_ONLY = {"equalizer", "parameters", "engine"}
 QT_ONLY = {"widgets"}
+# A macro that marks texts for translation.
+ALLOWED = {("parameters", "QtGlobal")}
 
 INCLUDE = re.compile(r'^\s*#\s*include\s+(["<])([^">]+)[">]', re.M)
-OWN_OUTPUT = re.compile(r"^(moc_|ui_|tst_)|\.moc$")
+GENERATED = re.compile(r"^(moc_|ui_|tst_)|\.moc$")
+SDK = ("pluginterfaces/", "public.sdk/", "base/")
 
 
 def room_of(path):
-    rooms = [*FLOORS, *BESIDE]
-    matching = [room for room in rooms if path == room or path.startswith(room + "/")]
+    matching = [room for room in [*ROOMS, *BESIDE] if path.startswith(room + "/")]
     return max(matching, key=len, default=None)
-
-
-def is_plain_header(name):
-    return re.fullmatch(r"[a-z_0-9]+(\.h)?", name) is not None
 
 
 def problems_of(path, text):
@@ -55,41 +55,75 @@ def problems_of(path, text):
     if room is None:
         yield "stands in no room"
         return
+    if not text.startswith("// SPDX-License-Identifier: GPL-3.0-or-later\n"):
+        yield "does not begin with the licence line"
     for quote, name in INCLUDE.findall(text):
         if quote == "<":
-            if room in PLAIN and not is_plain_header(name):
+            plain = re.fullmatch(r"[a-z_0-9]+(\.h)?", name) or (room, name) in ALLOWED
+            if room in STANDARD_LIBRARY_ONLY and not plain:
                 yield f"includes <{name}>, but {room} knows only the standard library"
-            if room in QT_ONLY and name.startswith(("pluginterfaces/", "public.sdk/", "base/")):
+            if room in QT_ONLY and name.startswith(SDK):
                 yield f"includes <{name}>, but {room} knows only Qt"
-            continue
-        if OWN_OUTPUT.search(name):
-            continue
-        target = room_of(name)
-        if target is None:
-            yield f'includes "{name}", which begins with no room'
-        elif room in BESIDE:
-            if target not in BESIDE[room]:
-                yield f'includes "{name}": {room} may not include {target}'
-        elif target not in FLOORS:
-            yield f'includes "{name}": the house includes nothing from {target}'
-        elif target != room and FLOORS[target] >= FLOORS[room]:
-            yield f'includes "{name}": {target} is no lower than {room}'
+        elif not GENERATED.search(name):
+            yield from problems_of_include(room, name)
+
+
+def problems_of_include(room, name):
+    target = room_of(name)
+    if target is None:
+        yield f'includes "{name}", which begins with no room'
+    elif room in ROOMS and target != room and target not in ROOMS[room]:
+        yield f'includes "{name}": {room} may not include {target}'
+
+
+def first_circle(arrows):
+    """A list of nodes that lead back to its first one; empty if there is none."""
+    finished, path = set(), []
+
+    def visit(node):
+        if node in path:
+            return path[path.index(node):] + [node]
+        if node in finished:
+            return []
+        path.append(node)
+        for target in sorted(arrows.get(node, ())):
+            if circle := visit(target):
+                return circle
+        path.pop()
+        finished.add(node)
+        return []
+
+    for start in sorted(arrows):
+        if circle := visit(start):
+            return circle
+    return []
+
+
+def arrows_between(texts, node_of):
+    """{node: the other nodes that it includes}, where \\a node_of gives a path's node."""
+    arrows = {}
+    for path, text in texts.items():
+        targets = {node_of(name) for quote, name in INCLUDE.findall(text)
+                   if quote == '"' and not GENERATED.search(name)}
+        arrows.setdefault(node_of(path), set()).update(targets - {node_of(path)})
+    return arrows
+
+
+def unit_of(path):
+    """A header and its source are one."""
+    return path.rsplit(".", 1)[0]
 
 
 def main(root):
     paths = [p.relative_to(root) for p in Path(root).rglob("*") if p.suffix in (".h", ".cpp")]
-    sources = [str(p) for p in paths if p.parts[0] != "build"]
-    found = 0
-    for path in sorted(sources):
-        text = (Path(root) / path).read_text()
-        problems = list(problems_of(path, text))
-        if not text.startswith("// SPDX-License-Identifier: GPL-3.0-or-later\n"):
-            problems.append("does not begin with the licence line")
-        for problem in problems:
-            print(f"{path}: {problem}")
-            found += 1
-    print(f"{len(sources)} files read, {found} problems")
-    return 1 if found or not sources else 0
+    texts = {str(p): (Path(root) / p).read_text() for p in paths if p.parts[0] != "build"}
+    problems = [f"{path}: {problem}" for path in sorted(texts)
+                for problem in problems_of(path, texts[path])]
+    for what, node_of in (("rooms", room_of),):
+        if circle := first_circle(arrows_between(texts, node_of)):
+            problems.append(f"{what} include one another: " + " -> ".join(map(str, circle)))
+    print(*problems, f"{len(texts)} files read, {len(problems)} problems", sep="\n")
+    return 1 if problems or not texts else 0
 
 
 if __name__ == "__main__":

@@ -3,7 +3,7 @@
 
 #include "controls/AbstractController.h"
 #include "controls/ControlAccessible.h"
-#include "plugin/interfaces/IMemAPI.h"
+#include "interfaces/IMemAPI.h"
 #include "tests/support/TestHost.h"
 
 #include <QAccessible>

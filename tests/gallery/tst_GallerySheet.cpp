@@ -3,7 +3,7 @@
 #include "controls/TextEditController.h"
 #include "gallery/GallerySection.h"
 #include "gallery/GallerySheet.h"
-#include "host/HostTheme.h"
+#include "host/window/HostTheme.h"
 #include "tests/support/ImageDifference.h"
 #include "tests/support/TestObject.h"
 

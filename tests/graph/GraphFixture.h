@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "editor/base/EffectEditor.h"
+#include "effect/EffectEditor.h"
 #include "graph/ZoltaEqualizerGraph.h"
 #include "tests/support/TestHost.h"
 

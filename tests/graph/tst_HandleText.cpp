@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "equalizer/EqualizerBands.h"
 #include "graph/HandleText.h"
-#include "graph/filters/EqualizerBands.h"
 #include "tests/support/TestObject.h"
 
 #include <QCoreApplication>

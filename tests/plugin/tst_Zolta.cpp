@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "plugin/interfaces/IVaskEffect.h"
-#include "plugin/interfaces/IVaskEffectChFx.h"
-#include "plugin/interfaces/IVaskEffectEditor2.h"
+#include "interfaces/IVaskEffect.h"
+#include "interfaces/IVaskEffectChFx.h"
+#include "interfaces/IVaskEffectEditor2.h"
 #include "tests/support/TestHost.h"
 #include "tests/support/TestObject.h"
 #include "tests/support/TestStream.h"

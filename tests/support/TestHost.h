@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "plugin/interfaces/IMemAPI.h"
-#include "plugin/interfaces/IMeterNotifier.h"
-#include "plugin/interfaces/IMeterObserver.h"
-#include "plugin/interfaces/IModelInfo.h"
-#include "plugin/interfaces/IPrmObserver.h"
+#include "interfaces/IMemAPI.h"
+#include "interfaces/IMeterNotifier.h"
+#include "interfaces/IMeterObserver.h"
+#include "interfaces/IModelInfo.h"
+#include "interfaces/IPrmObserver.h"
 
 #include <QByteArray>
 

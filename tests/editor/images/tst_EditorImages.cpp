@@ -10,9 +10,9 @@
 //
 //     ZOLTA_RENEW_IMAGES=1 ctest --preset dev -R tst_EditorImages
 #include "controls/PushButtonController.h"
-#include "editor/zolta/ZoltaEditor.h"
-#include "host/HostMemory.h"
-#include "host/HostModel.h"
+#include "editor/ZoltaEditor.h"
+#include "hosting/HostMemory.h"
+#include "hosting/HostModel.h"
 #include "tests/support/TestObject.h"
 
 #include <QApplication>

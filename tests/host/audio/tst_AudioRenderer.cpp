@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/audio/AudioRenderer.h"
-#include "host/audio/ChannelSettings.h"
+#include "host/program/ChannelSettings.h"
+#include "tests/engine/EngineTesting.h"
 #include "tests/host/audio/SoundFiles.h"
-#include "tests/host/engine/EngineTesting.h"
 #include "tests/support/TestObject.h"
 
 #include <QTemporaryDir>

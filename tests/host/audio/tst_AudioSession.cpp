@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Plays through a sound server of its own.
-#include "host/HostMemory.h"
 #include "host/audio/AudioRenderer.h"
 #include "host/audio/AudioSession.h"
-#include "host/audio/ChannelSettings.h"
-#include "host/audio/LiveMixer.h"
-#include "host/mixer/Desk.h"
+#include "host/model/Desk.h"
+#include "host/model/LiveMixer.h"
+#include "host/program/ChannelSettings.h"
+#include "hosting/HostMemory.h"
 #include "tests/host/audio/JackServer.h"
 #include "tests/host/audio/SoundFiles.h"
 #include "tests/support/TestObject.h"

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The ways between the threads, and that the audio thread's side of them allocates nothing.
-#include "host/HostMemory.h"
 #include "host/audio/FileStream.h"
-#include "host/audio/LiveMixer.h"
-#include "host/mixer/Desk.h"
+#include "host/model/Desk.h"
+#include "host/model/LiveMixer.h"
+#include "hosting/HostMemory.h"
+#include "tests/engine/RealtimeTrap.h"
 #include "tests/host/audio/SoundFiles.h"
-#include "tests/host/engine/RealtimeTrap.h"
 #include "tests/support/TestObject.h"
 
 #include <QTemporaryDir>

@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "component/EffectComponent.h"
+
+#include "interfaces/IMemAPI.h"
+#include "interfaces/IModelInfo.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cstdint>
+#include <cstring>
+#include <limits>
+#include <new>
+
+using namespace Steinberg;
+
+namespace {
+
+static_assert(std::numeric_limits<float>::is_iec559 && sizeof(float) == 4);
+
+using Word = std::array<unsigned char, 4>;
+
+// A NaN fails the first comparison, so that it becomes 0.
+float clampedToUnit(float value)
+{
+    if (!(value > 0.0f))
+        return 0.0f;
+    return value > 1.0f ? 1.0f : value;
+}
+
+Word toBigEndian(float value)
+{
+    const auto bits = std::bit_cast<std::uint32_t>(value);
+    return {static_cast<unsigned char>(bits >> 24), static_cast<unsigned char>(bits >> 16),
+            static_cast<unsigned char>(bits >> 8), static_cast<unsigned char>(bits)};
+}
+
+float fromBigEndian(const Word& word)
+{
+    std::uint32_t bits = 0;
+    for (const unsigned char byte : word)
+        bits = bits << 8 | byte;
+    return std::bit_cast<float>(bits);
+}
+
+tresult readWord(IBStream* stream, Word* word)
+{
+    word->fill(0);
+    return stream->read(word->data(), static_cast<int32>(word->size()), nullptr);
+}
+
+tresult writeWord(IBStream* stream, Word word)
+{
+    return stream->write(word.data(), static_cast<int32>(word.size()), nullptr);
+}
+
+} // namespace
+
+// A host parameter. Differences are formed in 64 bits: a range may be as wide as an int allows.
+struct EffectComponent::Target
+{
+    unsigned short parameter = 0;
+    int minimum = 0;
+    int maximum = 0;
+
+    float span() const { return static_cast<float>(std::int64_t{maximum} - minimum); }
+
+    float toUnit(int value) const
+    {
+        return clampedToUnit(static_cast<float>(std::int64_t{value} - minimum) / span());
+    }
+
+    // A wide span can round up on its way to float, hence the second clamp; minmax because the
+    // range is the host's word and may be upside down.
+    int fromUnit(float unit) const
+    {
+        const float steps = span() * unit;
+        const auto rounded = static_cast<std::int64_t>(static_cast<double>(steps) + 0.5);
+        const auto [lowest, highest] = std::minmax(minimum, maximum);
+        return static_cast<int>(std::clamp<std::int64_t>(minimum + rounded, lowest, highest));
+    }
+};
+
+void EffectComponent::setModelInfo(IModelInfo* modelInfo) { m_modelInfo = modelInfo; }
+
+void EffectComponent::setMemAPI(IMemAPI* memAPI) { m_memAPI = memAPI; }
+
+void EffectComponent::setCh(int ch) { m_ch = ch; }
+
+tresult PLUGIN_API EffectComponent::queryInterface(const TUID, void** obj)
+{
+    *obj = nullptr;
+    return kNoInterface;
+}
+
+uint32 PLUGIN_API EffectComponent::addRef() { return static_cast<uint32>(++m_references); }
+
+uint32 PLUGIN_API EffectComponent::release()
+{
+    const int32 left = --m_references;
+    if (left == 0)
+        ::operator delete(static_cast<void*>(this));
+    return static_cast<uint32>(left);
+}
+
+tresult PLUGIN_API EffectComponent::initialize(FUnknown*) { return kNotImplemented; }
+
+tresult PLUGIN_API EffectComponent::terminate() { return kNotImplemented; }
+
+tresult PLUGIN_API EffectComponent::getControllerClassId(TUID) { return kNotImplemented; }
+
+tresult PLUGIN_API EffectComponent::setIoMode(Vst::IoMode) { return kNotImplemented; }
+
+int32 PLUGIN_API EffectComponent::getBusCount(Vst::MediaType, Vst::BusDirection)
+{
+    return kNotImplemented;
+}
+
+tresult PLUGIN_API EffectComponent::getBusInfo(Vst::MediaType, Vst::BusDirection, int32,
+                                               Vst::BusInfo&)
+{
+    return kNotImplemented;
+}
+
+tresult PLUGIN_API EffectComponent::getRoutingInfo(Vst::RoutingInfo&, Vst::RoutingInfo&)
+{
+    return kNotImplemented;
+}
+
+tresult PLUGIN_API EffectComponent::activateBus(Vst::MediaType, Vst::BusDirection, int32, TBool)
+{
+    return kNotImplemented;
+}
+
+tresult PLUGIN_API EffectComponent::setActive(TBool) { return kNotImplemented; }
+
+tresult PLUGIN_API EffectComponent::setState(IBStream* state)
+{
+    if (state == nullptr)
+        return kResultFalse;
+    Word version;
+    if (const tresult result = readWord(state, &version); result != kResultOk)
+        return result;
+    if (!isBound())
+        return kResultFalse;
+    for (const char* name : getParameterList(version.data())) {
+        Word word;
+        if (const tresult result = readWord(state, &word); result != kResultOk)
+            return result;
+        restoreValue(name, fromBigEndian(word));
+    }
+    return kResultOk;
+}
+
+tresult PLUGIN_API EffectComponent::getState(IBStream* state)
+{
+    if (state == nullptr)
+        return kResultFalse;
+    Word version;
+    std::memcpy(version.data(), getDataVersion(), version.size());
+    if (const tresult result = writeWord(state, version); result != kResultOk)
+        return result;
+    if (!isBound())
+        return kResultFalse;
+    for (const char* name : getParameterList(nullptr)) {
+        const Word word = toBigEndian(normalizedValue(name));
+        if (const tresult result = writeWord(state, word); result != kResultOk)
+            return result;
+    }
+    return kResultOk;
+}
+
+bool EffectComponent::isBound() const { return m_modelInfo != nullptr && m_memAPI != nullptr; }
+
+// Asks anew whether there is a host: an observer of a restored value may have detached it.
+bool EffectComponent::findTarget(const char* name, Target* target) const
+{
+    if (name == nullptr || !isBound())
+        return false;
+    unsigned short index = 0;
+    unsigned short second = 0;
+    return m_modelInfo->findParameter(&index, name) &&
+           m_modelInfo->getParameterAddress(&target->parameter, &second, index) &&
+           m_memAPI->getRange(target->parameter, static_cast<unsigned short>(m_ch),
+                              &target->minimum, &target->maximum) >= 0;
+}
+
+float EffectComponent::normalizedValue(const char* name) const
+{
+    Target target;
+    int value = 0;
+    if (!findTarget(name, &target) ||
+        m_memAPI->getValue(target.parameter, static_cast<unsigned short>(m_ch), &value, 0) < 0)
+        return 0.0f;
+    return target.toUnit(value);
+}
+
+void EffectComponent::restoreValue(const char* name, float normalized)
+{
+    Target target;
+    if (findTarget(name, &target))
+        m_memAPI->setValue(target.parameter, static_cast<unsigned short>(m_ch),
+                           target.fromUnit(clampedToUnit(normalized)), 0, 0, 1);
+}

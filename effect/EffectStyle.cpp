@@ -1,0 +1,326 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "effect/EffectStyle.h"
+
+#include "controls/PullDownButtonController.h"
+#include "effect/EditorFonts.h"
+#include "effect/PixelRounding.h"
+#include "effect/WidgetScale.h"
+
+#include <QFont>
+#include <QFontMetrics>
+#include <QPainter>
+#include <QPen>
+#include <QStyleOptionMenuItem>
+#include <QWidget>
+
+using CommonController_MemAPI::PullDownButtonController;
+using CommonController_MemAPI::PullDownButtonControllerPrivate::Menu;
+
+namespace {
+
+constexpr QColor MenuBackgroundColor(51, 51, 51);
+constexpr QColor MenuForegroundSelectedColor(255, 255, 255);
+constexpr QColor MenuForegroundEnableColor(153, 153, 153);
+constexpr QColor MenuForegroundDisableColor(32, 32, 32);
+constexpr QColor MenuItemBackgroundDisableColor(72, 72, 72);
+constexpr QColor MenuItemBackgroundSelectColor(3, 148, 208);
+constexpr QColor MenuItemBackgroundFocusColor(3, 148, 208);
+
+constexpr int ItemFontSize = 11;
+constexpr int ItemTextFlags =
+    Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip | Qt::TextShowMnemonic;
+
+constexpr int IndexTextFlags = Qt::AlignCenter | Qt::TextSingleLine;
+constexpr int LabelTextFlags = Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine;
+
+bool isEnabled(const QStyleOption& item) { return item.state.testFlag(QStyle::State_Enabled); }
+
+bool isSunken(const QStyleOption& item) { return item.state.testFlag(QStyle::State_Sunken); }
+
+bool isActive(const QStyleOption& item)
+{
+    return item.state.testAnyFlags(QStyle::State_Selected | QStyle::State_Sunken);
+}
+
+bool isChecked(const QStyleOptionMenuItem& item)
+{
+    return item.checkType != QStyleOptionMenuItem::NotCheckable && item.checked;
+}
+
+QColor textColor(const QStyleOptionMenuItem& item)
+{
+    if (!isEnabled(item))
+        return MenuForegroundDisableColor;
+    return isActive(item) || isChecked(item) ? MenuForegroundSelectedColor
+                                             : MenuForegroundEnableColor;
+}
+
+QColor highlightColor(const QStyleOption& item)
+{
+    if (!isEnabled(item))
+        return MenuItemBackgroundDisableColor;
+    return isSunken(item) ? MenuItemBackgroundSelectColor : MenuItemBackgroundFocusColor;
+}
+
+/// The font of an ordinary item: the menu's, if it is one of the editor's.
+QFont itemFont(const QWidget& menu, double scale)
+{
+    QFont font = menu.font();
+    if (!isEditorFontFamily(font.family())) {
+        font.setFamily(EditorDefaultFontFamily);
+        font.setPixelSize(std::max(roundToPixel(ItemFontSize * scale), 1));
+    }
+    return font;
+}
+
+/// The width reserved for shortcuts, which Qt measured in \a measured, in the item font's size.
+int shortcutWidth(const QStyleOptionMenuItem& item, const QFont& measured, double scale)
+{
+    const int size = measured.pixelSize() > 0 ? measured.pixelSize() : measured.pointSize();
+    if (isEditorFontFamily(measured.family()) || size <= 0)
+        return item.reservedShortcutWidth;
+    return roundToPixel(scale * ItemFontSize / size * item.reservedShortcutWidth);
+}
+
+void drawFrame(const QRect& rect, QPainter* painter, double scale)
+{
+    const double width = rect.width();
+    const double height = rect.height();
+    // The right and the bottom strip are a tenth wider, deliberately.
+    const QRectF strips[] = {{0.0, 0.0, width, scale},
+                             {width - scale - 0.1, 0.0, scale + 0.1, height},
+                             {0.0, height - scale - 0.1, width, scale + 0.1},
+                             {0.0, 0.0, scale, height}};
+    for (const QRectF& strip : strips)
+        painter->fillRect(strip, QBrush(MenuForegroundSelectedColor));
+}
+
+void drawItemBackground(const QStyleOptionMenuItem& item, QPainter* painter)
+{
+    painter->fillRect(item.rect, MenuBackgroundColor);
+    if (isActive(item))
+        painter->fillRect(item.rect, highlightColor(item));
+}
+
+void drawSeparator(const QRect& rect, QPainter* painter)
+{
+    const int y = static_cast<int>(rect.height() * 0.5 + rect.top());
+    painter->drawLine(rect.left(), y, rect.right() + 1, y);
+}
+
+/// The button whose pull-down menu \a widget is; null for any other widget.
+const PullDownButtonController* pullDownButton(const QWidget& widget)
+{
+    const auto* menu = qobject_cast<const Menu*>(&widget);
+    return menu ? menu->owner() : nullptr;
+}
+
+/// The items of a pull-down menu: an index column, if the button has one, and the label.
+struct PullDownColumns
+{
+    PullDownColumns(const PullDownButtonController& button, double scale)
+        : hasIndex(button.indexWidth() > 0)
+        , side(roundToPixel(4 * scale))
+        , indexWidth(hasIndex ? roundToPixel(button.indexWidth() * scale) : 0)
+        , indexMargin(hasIndex ? roundToPixel(button.indexMargin() * scale) : 0)
+    {}
+
+    QString index(const QString& text) const
+    {
+        return hasIndex ? text.section(QLatin1Char(' '), 0, 0) : QString();
+    }
+    QString label(const QString& text) const
+    {
+        return hasIndex ? text.section(QLatin1Char(' '), 1) : text;
+    }
+
+    bool hasIndex;
+    int side;        // left of the index and right of the label
+    int indexWidth;  // 0 without an index, as is the margin
+    int indexMargin; // between index and label, around the line
+};
+
+/// The part of an item from \a left to \a right, both included and both counted in left to right
+/// layouts, less a margin above and below.
+QRect itemPart(const QStyleOptionMenuItem& item, double scale, int left, int right)
+{
+    const int margin = roundToPixel(scale);
+    const QRect rect(QPoint(left, item.rect.top() + margin),
+                     QPoint(right, item.rect.bottom() - margin));
+    return QStyle::visualRect(item.direction, item.rect, rect);
+}
+
+void drawIndexLine(const QStyleOptionMenuItem& item, QPainter* painter,
+                   const PullDownColumns& columns, double scale)
+{
+    const QPen itemPen = painter->pen();
+    const int offset = columns.side + columns.indexWidth + item.rect.left();
+    const QRect middle(static_cast<int>(columns.indexMargin * 0.5 + offset), item.rect.top(), 1, 1);
+    const int x = QStyle::visualRect(item.direction, item.rect, middle).left();
+    painter->setPen(
+        QPen(MenuForegroundEnableColor, scale, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter->drawLine(x, item.rect.top(), x, item.rect.bottom() + 1);
+    painter->setPen(itemPen);
+}
+
+void drawPullDownTexts(const QStyleOptionMenuItem& item, QPainter* painter,
+                       const PullDownButtonController& button, double scale)
+{
+    const PullDownColumns columns(button, scale);
+    const int left = item.rect.left() + columns.side;
+    const int right = item.rect.right() - columns.side;
+    const int labelLeft = left + columns.indexMargin + columns.indexWidth;
+    if (columns.hasIndex)
+        painter->drawText(itemPart(item, scale, left, left + columns.indexWidth - 1),
+                          IndexTextFlags, columns.index(item.text));
+    if (columns.indexMargin > 0)
+        drawIndexLine(item, painter, columns, scale);
+    painter->drawText(itemPart(item, scale, labelLeft, right), LabelTextFlags,
+                      columns.label(item.text));
+}
+
+/// Draws \a text from \a left to \a right, both included, of the item that is mirrored in right to
+/// left layouts.
+void drawItemText(const QStyleOptionMenuItem& item, QPainter* painter, double scale, int left,
+                  int right, const QString& text)
+{
+    painter->drawText(itemPart(item, scale, left, right), ItemTextFlags, text);
+}
+
+void drawTexts(const QStyleOptionMenuItem& item, QPainter* painter, const QWidget& menu,
+               double scale)
+{
+    if (!isEditorFontFamily(menu.font().family()))
+        painter->setFont(itemFont(menu, scale));
+    const int margin = roundToPixel(10 * scale);
+    const int left = item.rect.left() + margin;
+    const int right = item.rect.right() - margin;
+    const qsizetype tab = item.text.indexOf(QLatin1Char('\t'));
+    if (tab < 0) {
+        drawItemText(item, painter, scale, left, right, item.text);
+        return;
+    }
+    const int reserved = shortcutWidth(item, menu.font(), scale);
+    drawItemText(item, painter, scale, left, right - reserved - margin, item.text.left(tab));
+    drawItemText(item, painter, scale, right - reserved + 1, right, item.text.mid(tab + 1));
+}
+
+void drawMenuItem(const QStyleOptionMenuItem& item, QPainter* painter, const QWidget& menu)
+{
+    const double scale = getWidgetScale(&menu);
+    const QColor color = textColor(item);
+    painter->save();
+    painter->setRenderHint(QPainter::TextAntialiasing, false);
+    painter->setPen(QPen(color, scale, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter->setBrush(color);
+    drawItemBackground(item, painter);
+    if (const PullDownButtonController* button = pullDownButton(menu))
+        drawPullDownTexts(item, painter, *button, scale);
+    else if (item.menuItemType == QStyleOptionMenuItem::Separator)
+        drawSeparator(item.rect, painter);
+    else if (!item.text.isEmpty())
+        drawTexts(item, painter, menu, scale);
+    painter->restore();
+}
+
+/// A pull-down list is never narrower than its button less the frame.
+QSize pullDownItemSize(const QStyleOptionMenuItem& item, const PullDownButtonController& button,
+                       double scale)
+{
+    const PullDownColumns columns(button, scale);
+    const QSize text = item.fontMetrics.size(Qt::TextSingleLine, item.text);
+    const QSize label = item.fontMetrics.size(Qt::TextSingleLine, columns.label(item.text));
+    const int width = label.width() + columns.indexWidth + columns.indexMargin + 2 * columns.side;
+    return {std::max(width, button.width() - 2 * roundToPixel(scale)),
+            text.height() + 2 * roundToPixel(scale)};
+}
+
+QSize menuItemSize(const QStyleOptionMenuItem& item, const QSize& contentsSize, const QWidget& menu,
+                   bool underlineShortcut)
+{
+    const double scale = getWidgetScale(&menu);
+    if (const PullDownButtonController* button = pullDownButton(menu))
+        return pullDownItemSize(item, *button, scale);
+    if (item.menuItemType == QStyleOptionMenuItem::Separator)
+        return {contentsSize.width(), roundToPixel(5 * scale)};
+    const QFontMetrics metrics(itemFont(menu, scale));
+    const int margin = roundToPixel(10 * scale);
+    const qsizetype tab = item.text.indexOf(QLatin1Char('\t'));
+    QSize size = metrics.size(Qt::TextSingleLine | Qt::TextDontClip |
+                                  (underlineShortcut ? Qt::TextShowMnemonic : Qt::TextHideMnemonic),
+                              item.text.left(tab));
+    if (tab >= 0) {
+        const QSize shortcut =
+            metrics.size(Qt::TextSingleLine | Qt::TextShowMnemonic, item.text.mid(tab + 1));
+        size = QSize(size.width() + margin + shortcut.width(),
+                     std::max(size.height(), shortcut.height()));
+    }
+    return {size.width() + 2 * margin, std::max(size.height() + 2 * roundToPixel(scale), margin)};
+}
+
+} // namespace
+
+EffectStyle::EffectStyle(QStyle* style)
+    : QProxyStyle(style)
+{}
+
+void EffectStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                                QPainter* painter, const QWidget* widget) const
+{
+    if (element == PE_PanelMenu && widget)
+        painter->fillRect(0, 0, widget->width(), widget->height(), MenuBackgroundColor);
+    else if (element == PE_FrameMenu)
+        drawFrame(option->rect, painter, getWidgetScale(widget));
+    else
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+void EffectStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                              const QWidget* widget) const
+{
+    if (element == CE_MenuEmptyArea)
+        return;
+    if (element != CE_MenuItem) {
+        QProxyStyle::drawControl(element, option, painter, widget);
+        return;
+    }
+    const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (item && painter && widget)
+        drawMenuItem(*item, painter, *widget);
+}
+
+int EffectStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
+                             const QWidget* widget) const
+{
+    switch (metric) {
+    case PM_MenuScrollerHeight:
+    case PM_MenuHMargin:
+    case PM_MenuVMargin:
+    case PM_MenuTearoffHeight:
+        return 0;
+    case PM_MenuPanelWidth:
+        return roundToPixel(getWidgetScale(widget));
+    default:
+        return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
+QSize EffectStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
+                                    const QSize& contentsSize, const QWidget* widget) const
+{
+    const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (type != CT_MenuItem || !item || !widget)
+        return QProxyStyle::sizeFromContents(type, option, contentsSize, widget);
+    const bool underlineShortcut = proxy()->styleHint(SH_UnderlineShortcut, option, widget) != 0;
+    return menuItemSize(*item, contentsSize, *widget, underlineShortcut);
+}
+
+int EffectStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                           QStyleHintReturn* returnData) const
+{
+    if (hint == SH_Menu_Mask)
+        return 0;
+    return QProxyStyle::styleHint(hint, option, widget, returnData);
+}
+
+#include "moc_EffectStyle.cpp"

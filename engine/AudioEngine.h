@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "engine/ChannelMeters.h"
+#include "engine/ChannelProcessor.h"
+#include "engine/LatestValue.h"
+
+#include <array>
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+/// Every channel of the mixer as audio runs through it. std only.
+///
+/// Three parties use it. Whoever sets audio up calls setSampleRate() and reset(), while process()
+/// does not run. The audio thread calls process(), which neither allocates nor locks nor waits. The
+/// GUI thread publishes values and reads levels, at any time. Values that are published while a
+/// block is processed act from the next block on; of several only the last counts.
+class AudioEngine
+{
+public:
+    using Values = ChannelProcessor::Values;
+
+    /// Every channel at the parameters' defaults, at 48000 Hz.
+    AudioEngine() = default;
+
+    /// In Hz, above 0; a new rate forgets what was heard.
+    void setSampleRate(double hertz);
+    double sampleRate() const { return m_sampleRate; }
+    /// Forgets the samples heard so far and the levels; what is published is in force at once.
+    void reset();
+
+    /// The GUI thread's: the raw values of a channel, 0 to channelCount - 1.
+    void publish(int channel, const Values& values);
+
+    /// Processes blocks of \a frames samples in place, one a channel from channel 0 on. A channel
+    /// whose pointer is null, or that has none, gets no signal; pointers beyond the mixer's
+    /// channels are left alone.
+    void process(std::span<double* const> channels, std::size_t frames) noexcept;
+    /// The same for single precision: computed in double precision and rounded once.
+    void process(std::span<float* const> channels, std::size_t frames) noexcept;
+
+    /// What the meters show, as of the last block: they reach a peak with the block it is in, and
+    /// fall by PeakLevel::releasePerSecond. Any thread's.
+    MeterLevels levels(int channel) const;
+    /// How many blocks have been processed: as long as it grows, audio runs. Any thread's.
+    std::uint64_t blocks() const { return m_blocks.load(std::memory_order_relaxed); }
+    /// The delay of a channel in samples. The audio thread's.
+    double latency(int channel) const { return at(channel).processor.latency(); }
+
+private:
+    struct Peaks
+    {
+        double send = 0.0;
+        double returned = 0.0;
+    };
+    struct Channel
+    {
+        LatestValue<Values> settings;
+        ChannelProcessor processor;
+        ChannelMeters meters;
+        std::atomic<std::uint32_t> levels = packed({});
+    };
+
+    static std::uint32_t packed(const MeterLevels& levels);
+    Channel& at(int channel) { return m_channels[static_cast<std::size_t>(channel)]; }
+    const Channel& at(int channel) const { return m_channels[static_cast<std::size_t>(channel)]; }
+
+    template <typename Sample>
+    void processAll(std::span<Sample* const> channels, std::size_t frames) noexcept;
+    static Peaks processPart(ChannelProcessor* processor, std::span<double> block);
+    static Peaks processPart(ChannelProcessor* processor, std::span<float> block);
+
+    double m_sampleRate = 48000.0;
+    std::array<Channel, channelCount> m_channels;
+    std::atomic<std::uint64_t> m_blocks = 0;
+};

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "engine/Drive.h"
+#include "engine/OuterBand.h"
+#include "engine/PeakingBand.h"
+#include "engine/Ramps.h"
+#include "parameters/ChannelValues.h"
+
+#include <array>
+#include <cstddef>
+#include <span>
+
+/// The equalizer of one channel as it processes samples: input level, six bands in the order low,
+/// middle 1 to 4, high, drive, and output level. The filters are the ones that the editors draw,
+/// and every setting sounds as its curve looks. Samples are full scale at 1. std only.
+///
+/// No operation but the constructor allocates or locks, so all of them may be called on the audio
+/// thread; an object is used by one thread at a time. How a signal is cut into blocks makes no
+/// difference to what comes out, and settings at rest that change nothing let every bit through.
+///
+/// A changed setting is faded in within rampSeconds, one of the outer bands within twice that; a
+/// setting that comes while its band still changes waits for that. Settings made before the first
+/// sample, after forget() or after setSampleRate() are in force at once.
+///
+/// Samples that are no number, infinite or beyond loudest count as 0. Above allBandsRate every band
+/// is heard; at lower rates an outer band at or beyond half the rate is left out.
+class ChannelProcessor
+{
+public:
+    using Values = ChannelValues;
+
+    /// The largest magnitude of a sample that is taken for signal.
+    static constexpr double loudest = 1e15;
+    /// Twice the highest frequency that a band can have, in Hz.
+    static constexpr double allBandsRate = 40000.0;
+
+    /// Every parameter at its default, at 48000 Hz.
+    ChannelProcessor();
+
+    /// In Hz; a new rate designs every band and forgets what was heard.
+    void setSampleRate(double hertz);
+    double sampleRate() const { return m_sampleRate; }
+    /// The channel's raw values; only bands whose values changed are designed.
+    void setValues(const Values& values);
+
+    /// Processes \a block in place: applyInput(), then equalize().
+    void process(std::span<double> block);
+    /// The first part: the input level. What it leaves is what the send meter shows.
+    void applyInput(std::span<double> block);
+    /// The second part: bands, drive and output level.
+    void equalize(std::span<double> block);
+
+    /// How many samples later what goes in comes out: 0 when clean, Drive::latency with drive.
+    double latency() const { return m_drive.isWanted() ? double{Drive::latency} : 0.0; }
+
+    /// Forgets the samples heard so far; the newest settings are in force at once.
+    void forget();
+
+private:
+    static constexpr std::size_t middleCount = EqualizerBands::Count - 2;
+
+    void takeOver(bool atOnce);
+    void takeOverBand(int band, bool atOnce);
+
+    bool isSettled() const;
+    int presentBands() const;
+    void runBands(std::span<double> block);
+    void runChain(std::span<double> block);
+
+    Values m_values;
+    double m_sampleRate = 48000.0;
+    bool m_fresh = true; // nothing heard yet
+    GainRamp m_input;
+    OuterBand m_low{OuterBand::Side::Low};
+    std::array<PeakingBand, middleCount> m_middle;
+    OuterBand m_high{OuterBand::Side::High};
+    Drive m_drive;
+    GainRamp m_output;
+};

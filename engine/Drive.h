@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "engine/HalfBand.h"
+#include "engine/Ramps.h"
+
+#include <cstddef>
+#include <span>
+
+/// The drive stage: a soft, odd saturation
+///
+///     y = G x / sqrt(1 + x^2)
+///
+/// at four times the sample rate, between half-band filters of linear phase. G is so chosen that a
+/// sine at matchedLevel comes out at the level it went in; above it the signal is compressed
+/// towards G, which is full scale within 0.06 dB, below it raised by as little.
+///
+/// Off, it touches nothing and there is no delay. On, the signal comes `latency` samples later.
+/// Switching cross-fades, on switching on after the filters have filled.
+class Drive
+{
+public:
+    /// In samples.
+    static constexpr int latency = 78;
+    /// The peak of the sine whose level the saturation keeps, in dB of full scale.
+    static constexpr double matchedLevel = -18.0;
+
+    /// In Hz; what was heard is forgotten.
+    void setSampleRate(double hertz);
+    void set(bool on);
+    bool isWanted() const { return m_wanted; }
+    /// Forgets the samples heard so far; a switching under way is over at once.
+    void forget();
+
+    /// Runs \a block in place.
+    void process(std::span<double> block);
+
+    /// What the saturation makes of one sample.
+    static double saturate(double sample);
+
+private:
+    static constexpr std::size_t longestBlock = 64;
+    static constexpr std::size_t outerHalf = 36;
+    static constexpr std::size_t innerHalf = 7;
+    static_assert(latency == 2 * outerHalf - 1 + innerHalf);
+
+    void processPart(std::span<double> block);
+    void oversample(const double* in, std::size_t count, double* out);
+    void forgetSamples();
+
+    bool m_wanted = false;
+    FadeRamp m_share;
+    int m_unfilled = 0; // samples until the filters have filled
+    HalfBand::Interpolator<outerHalf, longestBlock> m_up;
+    HalfBand::Interpolator<innerHalf, 2 * longestBlock> m_upAgain;
+    HalfBand::Decimator<innerHalf, 2 * longestBlock, innerHalf> m_down;
+    HalfBand::Decimator<outerHalf, longestBlock, outerHalf - 1> m_downAgain;
+};

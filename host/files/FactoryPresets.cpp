@@ -1,0 +1,197 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/files/FactoryPresets.h"
+
+#include "parameters/ParameterText.h"
+
+#include <QtGlobal>
+
+#include <algorithm>
+#include <string_view>
+
+namespace {
+
+std::size_t indexOf(std::string_view title)
+{
+    const auto found = std::find_if(parameterTable.begin(), parameterTable.end(),
+                                    [title](const Parameter& p) { return title == p.title; });
+    return static_cast<std::size_t>(found - parameterTable.begin());
+}
+
+} // namespace
+
+// A shelf whose frequency is not named stays flat, because gains begin at 0 dB.
+std::span<const FactoryPreset> factoryPresets()
+{
+    static const std::vector<FactoryPreset> presets = {
+        {QT_TRANSLATE_NOOP("FactoryPreset", "Vocal presence"),
+         QT_TRANSLATE_NOOP("FactoryPreset", "Clears the chest and brings the words forward"),
+         {{"Low type", "HPF 12"},
+          {"Low frequency", "90"},
+          {"Middle 1 frequency", "250"},
+          {"Middle 1 gain", "-2.5"},
+          {"Middle 1 quality", "1.20"},
+          {"Middle 3 frequency", "3k"},
+          {"Middle 3 gain", "+3.0"},
+          {"Middle 3 quality", "0.90"},
+          {"High type", "Shelf 6"},
+          {"High frequency", "10k"},
+          {"High gain", "+2.0"}}},
+        {QT_TRANSLATE_NOOP("FactoryPreset", "Vocal de-esser"),
+         QT_TRANSLATE_NOOP("FactoryPreset", "Takes the edge off sharp consonants"),
+         {{"Low type", "HPF 12"},
+          {"Low frequency", "80"},
+          {"Middle 4 frequency", "6.8k"},
+          {"Middle 4 gain", "-6.0"},
+          {"Middle 4 quality", "4.00"}}},
+        {QT_TRANSLATE_NOOP("FactoryPreset", "Speech"),
+         QT_TRANSLATE_NOOP("FactoryPreset", "For a clear announcer"),
+         {{"Low type", "HPF 12"},
+          {"Low frequency", "110"},
+          {"Middle 1 frequency", "300"},
+          {"Middle 1 gain", "-3.0"},
+          {"Middle 1 quality", "1.00"},
+          {"Middle 3 frequency", "2.5k"},
+          {"Middle 3 gain", "+3.5"},
+          {"Middle 3 quality", "0.80"},
+          {"High type", "LPF 6"},
+          {"High frequency", "14k"}}},
+        {QT_TRANSLATE_NOOP("FactoryPreset", "Kick"),
+         QT_TRANSLATE_NOOP("FactoryPreset", "Weight below, beater above, no cardboard"),
+         {{"Low frequency", "60"},
+          {"Low gain", "+4.0"},
+          {"Middle 1 frequency", "350"},
+          {"Middle 1 gain", "-6.0"},
+          {"Middle 1 quality", "1.40"},
+          {"Middle 3 frequency", "3.5k"},
+          {"Middle 3 gain", "+4.0"},
+          {"Middle 3 quality", "1.20"},
+          {"High type", "LPF 12"},
+          {"High frequency", "12k"},
+          {"Output level", "-2.0"}}},
+        {QT_TRANSLATE_NOOP("FactoryPreset", "Snare"),
+         QT_TRANSLATE_NOOP("FactoryPreset", "Body, crack and wires"),
+         {{"Low type", "HPF 12"},
+          {"Low frequency", "80"},
+          {"Middle 1 frequency", "200"},
+          {"Middle 1 gain", "+3.0"},
+          {"Middle 1 quality", "1.20"},
+          {"Middle 2 frequency", "500"},
+          {"Middle 2 gain", "-3.0"},
+          {"Middle 2 quality", "1.80"},
+          {"Middle 3 frequency", "4k"},
+          {"Middle 3 gain", "+3.5"},
+          {"Middle 3 quality", "1.00"},
+          {"High frequency", "9k"},
+          {"High gain", "+2.0"}}},
+        {QT_TRANSLATE_NOOP("FactoryPreset", "Overheads"),
+         QT_TRANSLATE_NOOP("FactoryPreset", "Leaves the drums below to their own microphones"),
+         {{"Low type", "HPF 12"},
+          {"Low frequency", "220"},
+          {"Middle 2 frequency", "900"},
+          {"Middle 2 gain", "-2.0"},
+          {"Middle 2 quality", "0.80"},
+          {"High type", "Shelf 6"},
+          {"High frequency", "9k"},
+          {"High gain", "+3.0"}}},
+        {QT_TRANSLATE_NOOP("FactoryPreset", "Bass guitar"),
+         QT_TRANSLATE_NOOP("FactoryPreset", "Round and still heard on small speakers"),
+         {{"Low frequency", "90"},
+          {"Low gain", "+3.0"},
+          {"Middle 1 frequency", "220"},
+          {"Middle 1 gain", "-2.5"},
+          {"Middle 1 quality", "1.40"},
+          {"Middle 2 frequency", "800"},
+          {"Middle 2 gain", "+2.5"},
+          {"Middle 2 quality", "1.00"},
+          {"High type", "LPF 12"},
+          {"High frequency", "8k"}}},
+        {QT_TRANSLATE_NOOP("FactoryPreset", "Acoustic guitar"),
+         QT_TRANSLATE_NOOP("FactoryPreset", "Less boom, more strings"),
+         {{"Low type", "HPF 12"},
+          {"Low frequency", "80"},
+          {"Middle 1 frequency", "200"},
+          {"Middle 1 gain", "-3.0"},
+          {"Middle 1 quality", "1.60"},
+          {"Middle 3 frequency", "5k"},
+          {"Middle 3 gain", "+2.0"},
+          {"Middle 3 quality", "0.80"},
+          {"High type", "Shelf 6"},
+          {"High frequency", "12k"},
+          {"High gain", "+3.0"}}},
+        {QT_TRANSLATE_NOOP("FactoryPreset", "Electric guitar"),
+         QT_TRANSLATE_NOOP("FactoryPreset", "Bite without fizz"),
+         {{"Low type", "HPF 12"},
+          {"Low frequency", "100"},
+          {"Middle 1 frequency", "400"},
+          {"Middle 1 gain", "-2.0"},
+          {"Middle 1 quality", "1.00"},
+          {"Middle 3 frequency", "2.5k"},
+          {"Middle 3 gain", "+3.0"},
+          {"Middle 3 quality", "1.20"},
+          {"High type", "LPF 12"},
+          {"High frequency", "9k"}}},
+        {QT_TRANSLATE_NOOP("FactoryPreset", "Piano"),
+         QT_TRANSLATE_NOOP("FactoryPreset", "A gentle smile"),
+         {{"Low type", "Shelf 6"},
+          {"Low frequency", "120"},
+          {"Low gain", "+1.5"},
+          {"Middle 1 frequency", "350"},
+          {"Middle 1 gain", "-2.0"},
+          {"Middle 1 quality", "0.80"},
+          {"Middle 3 frequency", "4k"},
+          {"Middle 3 gain", "+1.5"},
+          {"Middle 3 quality", "0.70"},
+          {"High type", "Shelf 6"},
+          {"High frequency", "11k"},
+          {"High gain", "+2.0"}}},
+        {QT_TRANSLATE_NOOP("FactoryPreset", "De-mud"),
+         QT_TRANSLATE_NOOP("FactoryPreset", "Makes room between 200 and 500 Hz"),
+         {{"Middle 1 frequency", "250"},
+          {"Middle 1 gain", "-4.0"},
+          {"Middle 1 quality", "1.40"},
+          {"Middle 2 frequency", "450"},
+          {"Middle 2 gain", "-2.5"},
+          {"Middle 2 quality", "1.60"}}},
+        {QT_TRANSLATE_NOOP("FactoryPreset", "Low cut"),
+         QT_TRANSLATE_NOOP("FactoryPreset", "Rumble and steps away, nothing else"),
+         {{"Low type", "HPF 12"}, {"Low frequency", "80"}}},
+        {QT_TRANSLATE_NOOP("FactoryPreset", "Air"),
+         QT_TRANSLATE_NOOP("FactoryPreset", "Opens the top"),
+         {{"High type", "Shelf 6"}, {"High frequency", "14k"}, {"High gain", "+4.0"}}},
+        {QT_TRANSLATE_NOOP("FactoryPreset", "Warmth"),
+         QT_TRANSLATE_NOOP("FactoryPreset", "A little more below, a little less above"),
+         {{"Low type", "Shelf 6"},
+          {"Low frequency", "180"},
+          {"Low gain", "+2.5"},
+          {"High type", "Shelf 6"},
+          {"High frequency", "7k"},
+          {"High gain", "-2.0"},
+          {"Clean/drive", "Drive"}}},
+        {QT_TRANSLATE_NOOP("FactoryPreset", "Telephone"),
+         QT_TRANSLATE_NOOP("FactoryPreset", "The voice on the line"),
+         {{"Low type", "HPF 12"},
+          {"Low frequency", "400"},
+          {"Middle 2 frequency", "1k"},
+          {"Middle 2 gain", "+6.0"},
+          {"Middle 2 quality", "0.70"},
+          {"Middle 3 frequency", "2k"},
+          {"Middle 3 gain", "+4.0"},
+          {"Middle 3 quality", "1.00"},
+          {"High type", "LPF 12"},
+          {"High frequency", "3.2k"},
+          {"Output level", "-4.0"},
+          {"Clean/drive", "Drive"}}},
+    };
+    return presets;
+}
+
+HostMemory::Values valuesOf(const FactoryPreset& preset)
+{
+    HostMemory::Values values = HostMemory().values(0);
+    for (const PresetSetting& setting : preset.settings) {
+        const std::size_t index = indexOf(setting.title);
+        Q_ASSERT(index < parameterCount);
+        values[index] = parseParameter(parameterTable[index], setting.text).value_or(values[index]);
+    }
+    return values;
+}

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "hosting/HostMemory.h"
+
+#include <span>
+#include <vector>
+
+/// One setting of a preset: a parameter by its English title, and its text.
+struct PresetSetting
+{
+    const char* title;
+    const char* text;
+};
+
+/// A preset that comes with the mixer. Parameters that it does not name are at their defaults;
+/// bands that it does not name are flat.
+struct FactoryPreset
+{
+    const char* name; ///< in English; the translations' context is "FactoryPreset"
+    const char* hint; ///< what it is for, likewise
+    std::vector<PresetSetting> settings;
+};
+
+std::span<const FactoryPreset> factoryPresets();
+
+HostMemory::Values valuesOf(const FactoryPreset& preset);

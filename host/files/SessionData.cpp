@@ -1,0 +1,289 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/files/SessionData.h"
+
+#include "host/model/ChannelText.h"
+
+#include <QJsonArray>
+
+#include <cmath>
+
+namespace {
+
+constexpr QLatin1String versionKey("zolta-session");
+constexpr QLatin1String channelsKey("channels");
+constexpr QLatin1String nameKey("name");
+constexpr QLatin1String stripKey("strip");
+constexpr QLatin1String equalizerKey("equalizer");
+constexpr QLatin1String compareKey("compare");
+constexpr QLatin1String chosenKey("chosen");
+constexpr QLatin1String otherKey("other");
+constexpr QLatin1String editorKey("editor");
+constexpr QLatin1String mixerKey("mixer");
+constexpr QLatin1String editorsKey("editors");
+constexpr QLatin1String channelKey("channel");
+constexpr QLatin1String stereoKey("stereo");
+constexpr QLatin1String scaleKey("scale");
+constexpr QLatin1String measuredKey("measured");
+constexpr QLatin1String placeKey("place");
+constexpr int version = 1;
+constexpr qsizetype longestName = 200;
+constexpr double smallestScale = 0.5;
+constexpr double largestScale = 4.0;
+
+QJsonArray toJson(const QRect& place)
+{
+    return {place.x(), place.y(), place.width(), place.height()};
+}
+
+QJsonObject toJson(const HostMemory::StripValues& values)
+{
+    QJsonObject object;
+    for (std::size_t i = 0; i < stripParameterCount; ++i)
+        object[QLatin1String(stripTable[i].key)] = QString::fromStdString(
+            formatStrip(static_cast<StripParameter>(i), values[i]).value_or(""));
+    return object;
+}
+
+QJsonObject toJson(const SessionData::Channel& channel, QJsonObject object)
+{
+    object[nameKey] = channel.name;
+    object[stripKey] = toJson(channel.strip);
+    object[equalizerKey] = ChannelText::toJson(channel.equalizer);
+    object[compareKey] = QJsonObject{{chosenKey, QLatin1String(channel.compare.isB ? "B" : "A")},
+                                     {otherKey, ChannelText::toJson(channel.compare.other)}};
+    object[editorKey] = QJsonObject::fromVariantMap(channel.editor);
+    return object;
+}
+
+QJsonObject toJson(const SessionData::Editor& editor)
+{
+    return {{channelKey, editor.channel},
+            {stereoKey, editor.stereo},
+            {scaleKey, editor.scale},
+            {measuredKey, editor.measured},
+            {placeKey, toJson(editor.place)}};
+}
+
+// Reads values and keeps the first fault; after one, nothing is read any more.
+class Reader
+{
+public:
+    const QString& fault() const { return m_fault; }
+    bool isSound() const { return m_fault.isEmpty(); }
+
+    void refuse(const QString& path, const QString& reason)
+    {
+        if (isSound())
+            m_fault = path + QLatin1Char(' ') + reason;
+    }
+
+    // Whether there is something to read, of the right type.
+    bool has(const QJsonValue& value, QJsonValue::Type type, const QString& path)
+    {
+        if (!isSound() || value.isUndefined())
+            return false;
+        if (value.type() == type)
+            return true;
+        refuse(path, typeFault(type));
+        return false;
+    }
+
+    void number(const QJsonValue& value, double minimum, double maximum, const QString& path,
+                double* out)
+    {
+        if (!has(value, QJsonValue::Double, path))
+            return;
+        *out = value.toDouble();
+        if (*out < minimum || *out > maximum)
+            refuse(path, QStringLiteral("is %1, which is not between %2 and %3")
+                             .arg(*out)
+                             .arg(minimum)
+                             .arg(maximum));
+    }
+
+    void place(const QJsonValue& value, const QString& path, QRect* out)
+    {
+        if (!has(value, QJsonValue::Array, path))
+            return;
+        constexpr double farthest = 100000.0;
+        const QJsonArray array = value.toArray();
+        double numbers[4] = {};
+        if (array.size() != 4)
+            return refuse(path, QStringLiteral("does not hold four numbers"));
+        for (int i = 0; i < 4; ++i)
+            number(array[i], i < 2 ? -farthest : 0.0, farthest, path, &numbers[i]);
+        const auto whole = [&](int i) { return static_cast<int>(std::lround(numbers[i])); };
+        *out = QRect(whole(0), whole(1), whole(2), whole(3));
+    }
+
+    void equalizer(const QJsonValue& value, const QString& path, HostMemory::Values* out)
+    {
+        if (!has(value, QJsonValue::Object, path))
+            return;
+        const ChannelText::Content content = ChannelText::fromJson(value.toObject(), *out);
+        if (!content.fault.isEmpty())
+            return refuse(path, QStringLiteral("is no equalizer: ") + content.fault);
+        *out = content.values;
+    }
+
+    void strip(const QJsonValue& value, const QString& path, HostMemory::StripValues* out)
+    {
+        if (!has(value, QJsonValue::Object, path))
+            return;
+        for (std::size_t i = 0; i < stripParameterCount; ++i) {
+            const QLatin1String key(stripTable[i].key);
+            const QString entry = path + QLatin1Char('.') + key;
+            const QJsonValue text = value[key];
+            if (!has(text, QJsonValue::String, entry))
+                continue;
+            const auto parsed =
+                parseStrip(static_cast<StripParameter>(i), text.toString().toStdString());
+            if (!parsed)
+                return refuse(
+                    entry,
+                    QStringLiteral("is \"%1\", which is no value of it").arg(text.toString()));
+            (*out)[i] = *parsed;
+        }
+    }
+
+private:
+    static QString typeFault(QJsonValue::Type type)
+    {
+        switch (type) {
+        case QJsonValue::Bool:
+            return QStringLiteral("is no truth value");
+        case QJsonValue::Double:
+            return QStringLiteral("is no number");
+        case QJsonValue::String:
+            return QStringLiteral("is no text");
+        case QJsonValue::Array:
+            return QStringLiteral("is no list");
+        default:
+            return QStringLiteral("is no object");
+        }
+    }
+
+    QString m_fault;
+};
+
+void readCompare(Reader& reader, const QJsonValue& value, const QString& path,
+                 ChannelCompare::State* out)
+{
+    if (!reader.has(value, QJsonValue::Object, path))
+        return;
+    const QString chosenPath = path + QLatin1String(".chosen");
+    if (reader.has(value[chosenKey], QJsonValue::String, chosenPath)) {
+        const QString chosen = value[chosenKey].toString();
+        if (chosen != QLatin1String("A") && chosen != QLatin1String("B"))
+            reader.refuse(chosenPath, QStringLiteral("is neither A nor B"));
+        out->isB = chosen == QLatin1String("B");
+    }
+    reader.equalizer(value[otherKey], path + QLatin1String(".other"), &out->other);
+}
+
+void readChannel(Reader& reader, const QJsonValue& value, const QString& path,
+                 SessionData::Channel* out)
+{
+    if (!reader.has(value, QJsonValue::Object, path))
+        return;
+    if (reader.has(value[nameKey], QJsonValue::String, path + QLatin1String(".name")))
+        out->name = value[nameKey].toString().simplified().left(longestName);
+    reader.strip(value[stripKey], path + QLatin1String(".strip"), &out->strip);
+    reader.equalizer(value[equalizerKey], path + QLatin1String(".equalizer"), &out->equalizer);
+    readCompare(reader, value[compareKey], path + QLatin1String(".compare"), &out->compare);
+    if (reader.has(value[editorKey], QJsonValue::Object, path + QLatin1String(".editor")))
+        out->editor = value[editorKey].toObject().toVariantMap();
+}
+
+void readChannels(Reader& reader, const QJsonValue& value, SessionData* out)
+{
+    if (!reader.has(value, QJsonValue::Array, channelsKey))
+        return;
+    const QJsonArray list = value.toArray();
+    if (list.size() > channelCount)
+        return reader.refuse(
+            channelsKey,
+            QStringLiteral("are %1, where the mixer has %2").arg(list.size()).arg(channelCount));
+    for (int i = 0; i < list.size(); ++i)
+        readChannel(reader, list[i], QStringLiteral("channels[%1]").arg(i),
+                    &out->channels[static_cast<std::size_t>(i)]);
+}
+
+void readEditor(Reader& reader, const QJsonValue& value, const QString& path, SessionData* out)
+{
+    if (!reader.has(value, QJsonValue::Object, path))
+        return;
+    SessionData::Editor editor;
+    double channel = 0.0;
+    reader.number(value[channelKey], 0, channelCount - 1, path + QLatin1String(".channel"),
+                  &channel);
+    editor.channel = static_cast<int>(channel);
+    if (reader.has(value[stereoKey], QJsonValue::Bool, path + QLatin1String(".stereo")))
+        editor.stereo = value[stereoKey].toBool();
+    reader.number(value[scaleKey], smallestScale, largestScale, path + QLatin1String(".scale"),
+                  &editor.scale);
+    if (reader.has(value[measuredKey], QJsonValue::Bool, path + QLatin1String(".measured")))
+        editor.measured = value[measuredKey].toBool();
+    reader.place(value[placeKey], path + QLatin1String(".place"), &editor.place);
+    out->editors.push_back(editor);
+}
+
+} // namespace
+
+SessionData::SessionData()
+{
+    HostMemory fresh;
+    for (int ch = 0; ch < channelCount; ++ch) {
+        Channel& channel = channels[static_cast<std::size_t>(ch)];
+        channel.equalizer = channel.compare.other = fresh.values(ch);
+        for (std::size_t i = 0; i < stripParameterCount; ++i)
+            channel.strip[i] = fresh.strip(ch, static_cast<StripParameter>(i));
+    }
+}
+
+const SessionData::Channel& SessionData::heardBy(int channel) const
+{
+    const Channel& first = channels[static_cast<std::size_t>(channel & ~1)];
+    const bool pair = first.strip[static_cast<std::size_t>(StripParameter::Stereo)] != 0;
+    return pair ? first : channels[static_cast<std::size_t>(channel)];
+}
+
+QJsonObject SessionData::toJson(const QJsonObject& base) const
+{
+    const QJsonArray before = base[channelsKey].toArray();
+    QJsonArray list;
+    for (int ch = 0; ch < channelCount; ++ch)
+        list << ::toJson(channels[static_cast<std::size_t>(ch)], before.at(ch).toObject());
+    QJsonArray open;
+    for (const Editor& editor : editors)
+        open << ::toJson(editor);
+    QJsonObject mixer = base[mixerKey].toObject();
+    mixer[placeKey] = ::toJson(mixerPlace);
+    QJsonObject root = base;
+    root[versionKey] = version;
+    root[channelsKey] = list;
+    root[mixerKey] = mixer;
+    root[editorsKey] = open;
+    return root;
+}
+
+bool SessionData::isLater(const QJsonObject& root) { return root[versionKey].toDouble() > version; }
+
+QString SessionData::read(const QJsonObject& root)
+{
+    if (!root[versionKey].isDouble())
+        return QStringLiteral("it is no session");
+    if (root[versionKey].toDouble() != version)
+        return QStringLiteral("it is a session of version %1, which this program does not know")
+            .arg(root[versionKey].toDouble());
+    Reader reader;
+    readChannels(reader, root[channelsKey], this);
+    if (reader.has(root[mixerKey], QJsonValue::Object, mixerKey))
+        reader.place(root[mixerKey][placeKey], QStringLiteral("mixer.place"), &mixerPlace);
+    if (reader.has(root[editorsKey], QJsonValue::Array, editorsKey)) {
+        const QJsonArray open = root[editorsKey].toArray();
+        for (int i = 0; i < open.size(); ++i)
+            readEditor(reader, open[i], QStringLiteral("editors[%1]").arg(i), this);
+    }
+    return reader.fault();
+}

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/files/SettingsFile.h"
+#include "host/model/ChannelCompare.h"
+#include "hosting/HostMemory.h"
+
+#include <QJsonObject>
+#include <QRect>
+#include <QString>
+
+#include <array>
+#include <vector>
+
+/// Everything that a session brings back.
+struct SessionData
+{
+    struct Channel
+    {
+        QString name;
+        HostMemory::StripValues strip;
+        HostMemory::Values equalizer;
+        ChannelCompare::State compare;
+        SettingsFile::Map editor; ///< what its editor wants to find again
+    };
+    struct Editor
+    {
+        int channel = 0;
+        bool stereo = true;
+        double scale = 1.0;
+        bool measured = false; ///< shows the measured response
+        QRect place;           ///< of its window; null where it was not known
+    };
+
+    std::array<Channel, channelCount> channels;
+    QRect mixerPlace;
+    std::vector<Editor> editors; ///< that are open
+
+    /// A new mixer: everything at its default.
+    SessionData();
+
+    /// What rules the sound of a channel: its own settings, or those of the pair's first channel.
+    const Channel& heardBy(int channel) const;
+
+    /// As JSON, over \a base: what \a base holds that this program does not know stays.
+    QJsonObject toJson(const QJsonObject& base) const;
+    /// Reads what \a root says over this; what it does not say stays as it is, and what this
+    /// program does not know is ignored. Returns nothing, or what is wrong as the end of a
+    /// sentence that names its place ("channels[3].strip.level is no text"); this is void then.
+    QString read(const QJsonObject& root);
+    /// Whether a later version of this program wrote \a root, which is no damage.
+    static bool isLater(const QJsonObject& root);
+};

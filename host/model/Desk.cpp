@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/model/Desk.h"
+
+#include "host/audio/Transport.h"
+#include "host/model/ChannelText.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+Desk::Desk(HostMemory& memory)
+    : m_memory(memory)
+    , m_history(memory)
+    , m_compare(memory, m_history)
+{}
+
+Desk::~Desk() = default;
+
+QString Desk::shownName(int channel) const
+{
+    const QString given = name(channel);
+    return given.isEmpty() ? tr("Channel %1").arg(channel) : given;
+}
+
+void Desk::rename(int channel, const QString& name)
+{
+    const QString before = this->name(channel);
+    const QString after = name.simplified();
+    if (before == after)
+        return;
+    EditHistory::Step step(m_history, tr("Rename"));
+    step.setEffect([this, channel, before, after](bool forward) {
+        setName(channel, forward ? after : before);
+    });
+    setName(channel, after);
+}
+
+void Desk::setName(int channel, const QString& name)
+{
+    m_names[static_cast<std::size_t>(channel)] = name;
+    Q_EMIT nameChanged(channel);
+}
+
+bool Desk::isPair(int channel) const
+{
+    return m_memory.strip(channel & ~1, StripParameter::Stereo) != 0;
+}
+
+ChannelValues Desk::soundingValues(int channel) const
+{
+    const int leader = leaderOf(channel);
+    const ChannelValues& values = m_memory.values(leader);
+    const bool on = m_memory.strip(leader, StripParameter::EqualizerOn) != 0;
+    return on ? values : bypassed(values);
+}
+
+bool Desk::isAudible(int channel) const
+{
+    const int leader = leaderOf(channel);
+    bool someSolo = false;
+    for (int ch = 0; ch < channelCount; ++ch)
+        someSolo =
+            someSolo || (leaderOf(ch) == ch && m_memory.strip(ch, StripParameter::Solo) != 0);
+    return m_memory.strip(leader, StripParameter::Mute) == 0 &&
+           (!someSolo || m_memory.strip(leader, StripParameter::Solo) != 0);
+}
+
+void Desk::copyToClipboard(int channel) const
+{
+    QGuiApplication::clipboard()->setMimeData(
+        ChannelText::toMime(m_memory.values(channel)).release());
+}
+
+bool Desk::canPaste() const
+{
+    return ChannelText::canPaste(QGuiApplication::clipboard()->mimeData());
+}
+
+QString Desk::pasteFromClipboard(int channel)
+{
+    const ChannelText::Content content =
+        ChannelText::fromMime(QGuiApplication::clipboard()->mimeData(), m_memory.values(channel));
+    if (!content.fault.isEmpty())
+        return tr("Nothing is pasted: %1.").arg(content.fault);
+    const EditHistory::Step step(m_history, tr("Paste"));
+    m_memory.write(channel, content.values);
+    return QString();
+}
+
+Transport* Desk::transport() const { return m_transport; }
+
+void Desk::setTransport(Transport* transport)
+{
+    m_transport = transport;
+    Q_EMIT transportChanged();
+}
+
+#include "moc_Desk.cpp"

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/model/ChannelCompare.h"
+#include "host/model/EditHistory.h"
+#include "parameters/ChannelValues.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+
+#include <array>
+
+class Transport;
+
+/// What the mixer keeps besides the parameters' values: the channels' names, the A and B settings,
+/// and the history of all edits. One for all windows. Needs an application object.
+class Desk : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// \a memory must outlive it.
+    explicit Desk(HostMemory& memory);
+    ~Desk() override;
+
+    HostMemory& memory() { return m_memory; }
+    const HostMemory& memory() const { return m_memory; }
+    EditHistory& history() { return m_history; }
+    ChannelCompare& compare() { return m_compare; }
+
+    /// The name that the user gave a channel; empty if none.
+    QString name(int channel) const { return m_names[static_cast<std::size_t>(channel)]; }
+    /// The same, or what a channel without a name is called.
+    QString shownName(int channel) const;
+    /// Renames a channel as a step of the history. Blanks around the name do not count.
+    void rename(int channel, const QString& name);
+    /// Restores a name, which is no step.
+    void setName(int channel, const QString& name);
+
+    /// Whether a channel and its partner are one strip.
+    bool isPair(int channel) const;
+    /// The channel whose strip and equalizer rule \a channel: the first one of a pair.
+    int leaderOf(int channel) const { return isPair(channel) ? channel & ~1 : channel; }
+    /// What a channel's sound goes through: its leader's equalizer, or past it where that is off.
+    ChannelValues soundingValues(int channel) const;
+    /// Whether a channel can be heard, by its own mute and everybody's solo.
+    bool isAudible(int channel) const;
+
+    void copyToClipboard(int channel) const;
+    bool canPaste() const;
+    /// Returns nothing, or why the clipboard's content is no use, as a sentence.
+    QString pasteFromClipboard(int channel);
+
+    /// What plays sound through the mixer; null as long as nothing does. Not owned.
+    Transport* transport() const;
+    void setTransport(Transport* transport);
+
+Q_SIGNALS:
+    void nameChanged(int channel);
+    /// There is another transport.
+    void transportChanged();
+
+private:
+    HostMemory& m_memory;
+    EditHistory m_history;
+    ChannelCompare m_compare;
+    std::array<QString, channelCount> m_names;
+    QPointer<Transport> m_transport;
+};

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/program/RenderCommand.h"
+
+#include "engine/ChannelProcessor.h"
+#include "host/audio/AudioRenderer.h"
+#include "host/files/SessionFile.h"
+#include "host/program/Application.h"
+#include "host/program/ChannelSettings.h"
+#include "host/program/Interruption.h"
+#include "host/program/ProgressBar.h"
+
+namespace {
+
+void warnAbout(const AudioReader::Damage& damage, const QString& file)
+{
+    if (damage.count == 0)
+        return;
+    complain(QStringLiteral("Warning: %1 samples of %2 are no numbers or larger than %3 and count "
+                            "as 0; the first is in frame %4 of channel %5.")
+                 .arg(QString::number(damage.count), file,
+                      QString::number(ChannelProcessor::loudest), QString::number(damage.frame),
+                      QString::number(damage.channel)));
+}
+
+void warnAboutClipping(std::int64_t clipped, const QString& file)
+{
+    if (clipped > 0)
+        complain(QStringLiteral("Warning: %1 samples of %2 are clipped; a lower output level or "
+                                "--float avoids that.")
+                     .arg(QString::number(clipped), file));
+}
+
+QString readJob(const CommandLine& commandLine, AudioRenderer::Job* job)
+{
+    job->input = commandLine.render.input;
+    job->output = commandLine.render.output;
+    job->forceFloat = commandLine.render.forceFloat;
+    SessionData session;
+    QString fault;
+    if (!commandLine.session.isEmpty())
+        fault = SessionFile::read(commandLine.session, &session);
+    job->values = session.heardBy(commandLine.editor.channel).equalizer;
+    if (fault.isEmpty() && !commandLine.state.isEmpty())
+        fault = ChannelSettings::load(commandLine.state, &job->values);
+    ChannelSettings::apply(commandLine.settings, &job->values);
+    return fault;
+}
+
+QString runWithBar(AudioRenderer* renderer)
+{
+    ProgressBar bar;
+    return renderer->run([&bar](double done) {
+        bar.show(done);
+        return !Interruption::isWanted();
+    });
+}
+
+} // namespace
+
+int renderCommand(const CommandLine& commandLine)
+{
+    AudioRenderer::Job job;
+    QString fault = readJob(commandLine, &job);
+    if (fault.isEmpty()) {
+        const Interruption interruption;
+        AudioRenderer renderer(job);
+        fault = runWithBar(&renderer);
+        warnAbout(renderer.damage(), job.input);
+        if (fault.isEmpty() && !renderer.wasEnded())
+            warnAboutClipping(renderer.clipped(), job.output);
+    }
+    if (Interruption::isWanted())
+        Interruption::obey();
+    if (fault.isEmpty())
+        return ExitDone;
+    complain(fault);
+    return ExitFault;
+}

@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/window/EditorSession.h"
+
+#include "host/window/Mixer.h"
+#include "hosting/StateFile.h"
+#include "interfaces/IVaskEffectEditor2.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+#include <public.sdk/source/common/memorystream.h>
+
+using Steinberg::MemoryStream;
+
+std::unique_ptr<EditorSession> EditorSession::open(Mixer& mixer, const EditorSettings& settings,
+                                                   QWidget* stage)
+{
+    IVaskEffectEditor2* editor =
+        mixer.library.create(stage, static_cast<unsigned short>(settings.channel), &mixer.model);
+    if (!editor)
+        return nullptr;
+    return std::unique_ptr<EditorSession>(new EditorSession(mixer, settings, stage, editor));
+}
+
+EditorSession::EditorSession(Mixer& mixer, const EditorSettings& settings, QWidget* stage,
+                             IVaskEffectEditor2* editor)
+    : m_mixer(mixer)
+    , m_settings(settings)
+    , m_stage(stage)
+    , m_guard(editor)
+    , m_editor(editor)
+{
+    m_editor->setMemAPI(&mixer.memory);
+    applyChannels();
+    m_editor->setOn(true);
+    setSampleRate(settings.sampleRate);
+    setDialMode(settings.dialMode);
+    setSliderMode(settings.sliderMode);
+    setScale(settings.scale);
+    restoreMap();
+}
+
+EditorSession::~EditorSession()
+{
+    if (m_guard) {
+        keepMap();
+        m_editor->setMemAPI(nullptr);
+        delete m_editor;
+    }
+    m_mixer.meters.hide(this);
+}
+
+void EditorSession::setStereo(bool stereo)
+{
+    m_settings.stereo = stereo;
+    applyChannels();
+}
+
+void EditorSession::setScale(double scale)
+{
+    m_settings.scale = scale;
+    m_editor->setScale(scale);
+    m_stage->setFixedSize(m_editor->size());
+}
+
+void EditorSession::setSampleRate(int hertz)
+{
+    m_settings.sampleRate = hertz;
+    m_editor->setFs(hertz);
+    showMeters();
+}
+
+void EditorSession::setDialMode(int mode)
+{
+    m_settings.dialMode = mode;
+    m_editor->setDialEditMode(mode);
+}
+
+void EditorSession::setSliderMode(int mode)
+{
+    m_settings.sliderMode = mode;
+    m_editor->setSliderEditMode(mode);
+}
+
+QString EditorSession::loadState(const QString& file)
+{
+    StateFile::Content content = StateFile(file, m_editor->uid()).read();
+    if (!content.fault.isEmpty())
+        return content.fault;
+    const HostMemory::Values before = m_mixer.memory.values(m_settings.channel);
+    const EditHistory::Step step(m_mixer.desk.history(),
+                                 QCoreApplication::translate("EditorSession", "Load %1")
+                                     .arg(QFileInfo(file).completeBaseName()));
+    MemoryStream stream(content.state.data(), content.state.size());
+    if (m_editor->getVstComponent()->setState(&stream) == Steinberg::kResultOk)
+        return QString();
+    m_mixer.memory.write(m_settings.channel, before);
+    return QStringLiteral("The plug-in did not take the state of %1.").arg(file);
+}
+
+QString EditorSession::saveState(const QString& file) const
+{
+    MemoryStream stream;
+    const Steinberg::tresult result = m_editor->getVstComponent()->getState(&stream);
+    if (result != Steinberg::kResultOk || stream.getSize() != StateFile::stateSize)
+        return QStringLiteral("The state file %1 is not written: the plug-in gave no state.")
+            .arg(file);
+    const QByteArray state(stream.getData(), StateFile::stateSize);
+    return StateFile(file, m_editor->uid()).write(state);
+}
+
+void EditorSession::keepMap()
+{
+    m_mixer.settings.keep(m_settings.channel, m_editor->getEditorSettings());
+}
+
+void EditorSession::takeFocus() { m_editor->setFocus(Qt::ActiveWindowFocusReason); }
+
+QImage EditorSession::picture() const
+{
+    QImage image(m_editor->size(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    m_editor->render(&image);
+    return image;
+}
+
+int EditorSession::partner() const
+{
+    return m_settings.stereo ? partnerOf(m_settings.channel) : -1;
+}
+
+void EditorSession::applyChannels()
+{
+    m_editor->setCh(m_settings.channel, partner());
+    m_editor->setStereo(m_settings.stereo);
+    showMeters();
+}
+
+void EditorSession::showMeters()
+{
+    m_mixer.meters.show(this, {m_settings.channel, partner(), m_settings.sampleRate});
+}
+
+void EditorSession::restoreMap()
+{
+    const SettingsFile::Map map = m_mixer.settings.map(m_settings.channel);
+    if (!map.isEmpty())
+        m_editor->setEditorSettings(map);
+}

@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/window/EditorToolBar.h"
+
+#include "host/model/ChannelCompare.h"
+#include "host/window/EditorSession.h"
+#include "host/window/HostTheme.h"
+
+#include <QActionGroup>
+#include <QComboBox>
+#include <QEvent>
+#include <QLabel>
+#include <QSpinBox>
+#include <QToolButton>
+
+#include <cmath>
+
+namespace {
+
+constexpr int smallestZoom = 50;
+constexpr int largestZoom = 400;
+constexpr int zoomStep = 25;
+constexpr int stereoIndex = 0;
+constexpr int monoIndex = 1;
+
+int percentOf(double scale) { return static_cast<int>(std::lround(scale * 100.0)); }
+
+} // namespace
+
+EditorToolBar::EditorToolBar(EditorSession& session, ChannelCompare& compare, QWidget* parent)
+    : QToolBar(parent)
+    , m_session(session)
+    , m_compare(compare)
+{
+    m_texts.add([this] { setWindowTitle(tr("Editor")); });
+    setMovable(false);
+    setContextMenuPolicy(Qt::PreventContextMenu);
+    applyHostSheet(this);
+    addCompare();
+    addZoom();
+    addStereo();
+    addSampleRate();
+    addModes();
+    dressExtension();
+}
+
+void EditorToolBar::setStereo(bool stereo)
+{
+    m_stereo->setCurrentIndex(stereo ? stereoIndex : monoIndex);
+}
+
+void EditorToolBar::setScale(double scale) { m_zoom->setValue(percentOf(scale)); }
+
+void EditorToolBar::zoomBy(int steps) { m_zoom->stepBy(steps); }
+
+void EditorToolBar::changeEvent(QEvent* event)
+{
+    QToolBar::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        m_texts.sayAgain();
+}
+
+void EditorToolBar::addCompare()
+{
+    m_chooseA = addCompareChoice(QStringLiteral("A"), false);
+    m_chooseB = addCompareChoice(QStringLiteral("B"), true);
+    auto* group = new QActionGroup(this);
+    group->addAction(m_chooseA);
+    group->addAction(m_chooseB);
+    connect(&m_compare, &ChannelCompare::chosen, this, &EditorToolBar::showCompare);
+    showCompare();
+}
+
+QAction* EditorToolBar::addCompareChoice(const QString& letter, bool isB)
+{
+    QAction* action = addAction(letter);
+    action->setCheckable(true);
+    m_texts.add([action, letter] { action->setToolTip(tr("Settings %1").arg(letter)); });
+    connect(action, &QAction::triggered, this,
+            [this, isB] { m_compare.choose(m_session.settings().channel, isB); });
+    return action;
+}
+
+void EditorToolBar::showCompare()
+{
+    const bool isB = m_compare.isB(m_session.settings().channel);
+    (isB ? m_chooseB : m_chooseA)->setChecked(true);
+}
+
+void EditorToolBar::addZoom()
+{
+    m_zoom = new QSpinBox(this);
+    m_zoom->setRange(smallestZoom, largestZoom);
+    m_zoom->setSingleStep(zoomStep);
+    m_texts.add([this] { m_zoom->setSuffix(tr(" %")); });
+    m_zoom->setKeyboardTracking(false);
+    setScale(m_session.settings().scale);
+    connect(m_zoom, &QSpinBox::valueChanged, this, [this](int percent) {
+        m_session.setScale(percent / 100.0);
+        Q_EMIT scaleChanged();
+    });
+    addWidget(m_texts.label(this, [] { return tr("Zoom"); }));
+    addWidget(m_zoom);
+}
+
+void EditorToolBar::addStereo()
+{
+    m_stereo = m_texts.choice(this, [] { return QStringList{tr("Stereo"), tr("Mono")}; });
+    setStereo(m_session.settings().stereo);
+    connect(m_stereo, &QComboBox::currentIndexChanged, this, [this](int index) {
+        m_session.setStereo(index == stereoIndex);
+        Q_EMIT stereoChanged();
+    });
+    connect(m_stereo, &QComboBox::activated, this,
+            [this](int index) { Q_EMIT stereoChosen(index == stereoIndex); });
+    addWidget(m_texts.label(this, [] { return tr("Channel"); }));
+    addWidget(m_stereo);
+}
+
+void EditorToolBar::addSampleRate()
+{
+    auto* rates = new QComboBox(this);
+    for (const int rate : {44100, 48000, 88200, 96000, 176400, 192000})
+        rates->addItem(QStringLiteral("%1 Hz").arg(rate), rate);
+    const int current = m_session.settings().sampleRate;
+    if (rates->findData(current) < 0)
+        rates->addItem(QStringLiteral("%1 Hz").arg(current), current);
+    rates->setCurrentIndex(rates->findData(current));
+    connect(rates, &QComboBox::currentIndexChanged, this, [this, rates] {
+        m_session.setSampleRate(rates->currentData().toInt());
+        Q_EMIT sampleRateChanged(m_session.settings().sampleRate);
+    });
+    addWidget(m_texts.label(this, [] { return tr("Sampling rate"); }));
+    addWidget(rates);
+}
+
+void EditorToolBar::addModes()
+{
+    auto* dials = m_texts.choice(this, [] {
+        return QStringList{tr("Circular"), tr("Relative circular"), tr("Linear")};
+    });
+    dials->setCurrentIndex(m_session.settings().dialMode);
+    connect(dials, &QComboBox::currentIndexChanged, this,
+            [this](int mode) { m_session.setDialMode(mode); });
+    auto* sliders = m_texts.choice(this, [] {
+        return QStringList{tr("Relative"), tr("Jump"), tr("Touch"), tr("Ramp")};
+    });
+    sliders->setCurrentIndex(m_session.settings().sliderMode);
+    connect(sliders, &QComboBox::currentIndexChanged, this,
+            [this](int mode) { m_session.setSliderMode(mode); });
+    addWidget(m_texts.label(this, [] { return tr("Dials"); }));
+    addWidget(dials);
+    addWidget(m_texts.label(this, [] { return tr("Sliders"); }));
+    addWidget(sliders);
+}
+
+// The key to what has no room on the bar. Its own picture is as dark as the bar is.
+void EditorToolBar::dressExtension()
+{
+    auto* key = findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
+    if (!key)
+        return;
+    key->setText(QStringLiteral("\u00bb"));
+    key->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    m_texts.add([key] {
+        key->setToolTip(tr("More"));
+        key->setAccessibleName(tr("More"));
+    });
+}
+
+#include "moc_EditorToolBar.cpp"

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/window/LiveTexts.h"
+
+#include <QToolBar>
+
+class ChannelCompare;
+class EditorSession;
+class QComboBox;
+class QSpinBox;
+
+/// What an open editor can be switched between, and its channel's A and B settings.
+class EditorToolBar : public QToolBar
+{
+    Q_OBJECT
+
+public:
+    /// \a session and \a compare must outlive its use.
+    EditorToolBar(EditorSession& session, ChannelCompare& compare, QWidget* parent = nullptr);
+
+    void setStereo(bool stereo);
+    void setScale(double scale);
+    void zoomBy(int steps);
+
+Q_SIGNALS:
+    /// The editor has been switched between the pair and the channel alone.
+    void stereoChanged();
+    /// The user did so.
+    void stereoChosen(bool stereo);
+    void sampleRateChanged(int hertz);
+    /// The editor has its new size.
+    void scaleChanged();
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void addCompare();
+    QAction* addCompareChoice(const QString& letter, bool isB);
+    void showCompare();
+    void addZoom();
+    void addStereo();
+    void addSampleRate();
+    void addModes();
+    void dressExtension();
+
+    EditorSession& m_session;
+    ChannelCompare& m_compare;
+    LiveTexts m_texts;
+    QSpinBox* m_zoom = nullptr;
+    QComboBox* m_stereo = nullptr;
+    QAction* m_chooseA = nullptr;
+    QAction* m_chooseB = nullptr;
+};

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/window/EqualizerThumbnail.h"
+
+#include "host/model/Desk.h"
+#include "host/window/MixerLook.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double sampleRate = 48000.0;
+constexpr double largestGain = 20.0;
+
+// 0 dB, and the decades.
+void drawGrid(QPainter& painter, const QRectF& plot)
+{
+    painter.fillRect(QRectF(plot.left(), std::floor(plot.center().y()), plot.width(), 1),
+                     QColor(255, 255, 255, 28));
+    for (const double part : {1.0 / 3, 2.0 / 3}) {
+        const double x = std::floor(plot.left() + part * plot.width());
+        painter.fillRect(QRectF(x, plot.top(), 1, plot.height()), QColor(255, 255, 255, 14));
+    }
+}
+
+} // namespace
+
+EqualizerThumbnail::EqualizerThumbnail(Desk& desk, int channel, QWidget* parent)
+    : QWidget(parent)
+    , m_desk(desk)
+    , m_channel(channel)
+{
+    setCursor(Qt::PointingHandCursor);
+    m_bands.setSampleRate(sampleRate);
+    connect(&desk.history(), &EditHistory::changed, this, [this](int changed) {
+        if (changed == m_channel)
+            update();
+    });
+}
+
+void EqualizerThumbnail::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton)
+        QWidget::mousePressEvent(event);
+}
+
+void EqualizerThumbnail::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
+        Q_EMIT clicked();
+}
+
+void EqualizerThumbnail::paintEvent(QPaintEvent*)
+{
+    setBands(m_bands, m_desk.memory().values(m_channel));
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF glass = QRectF(rect()).adjusted(0, 0, 0, -1);
+    MixerLook::drawWell(painter, glass, 3);
+    const QRectF plot = glass.adjusted(2, 2, -2, -2);
+    painter.setClipRect(plot);
+    drawGrid(painter, plot);
+    drawCurve(painter, plot);
+}
+
+QPolygonF EqualizerThumbnail::curve(const QRectF& plot) const
+{
+    constexpr double decades = 3.0;
+    constexpr double farthest = 1.5 * largestGain; // beyond the glass
+    const EqualizerResponse response = m_bands.response();
+    QPolygonF points;
+    for (double x = 0.0; x <= plot.width(); x += 1.0) {
+        const double frequency = 20.0 * std::pow(10.0, decades * x / plot.width());
+        const double level =
+            std::clamp(response.levels(frequency, sampleRate).total, -farthest, farthest);
+        points << QPointF(plot.left() + x,
+                          plot.center().y() - level / largestGain * plot.height() / 2);
+    }
+    return points;
+}
+
+void EqualizerThumbnail::drawCurve(QPainter& painter, const QRectF& plot) const
+{
+    const bool on = m_desk.memory().strip(m_channel, StripParameter::EqualizerOn) != 0;
+    const QColor color = on ? MixerLook::accent.lighter(125) : MixerLook::dimLetters.darker(150);
+    const QPolygonF line = curve(plot);
+    QPolygonF area = line;
+    area << QPointF(line.last().x(), plot.center().y())
+         << QPointF(line.first().x(), plot.center().y());
+    QColor fill = color;
+    fill.setAlpha(on ? 60 : 30);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(fill);
+    painter.drawPolygon(area);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(color, 1.4));
+    painter.drawPolyline(line);
+}
+
+#include "moc_EqualizerThumbnail.cpp"

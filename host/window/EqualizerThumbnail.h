@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "equalizer/EqualizerBands.h"
+#include "hosting/HostMemory.h"
+
+#include <QPolygonF>
+#include <QWidget>
+
+class Desk;
+
+/// A small picture of a channel's equalizer curve from 20 Hz to 20 kHz, -20 to +20 dB, behind
+/// glass. It is what the filters answer at 48 kHz. Dim while the equalizer is off.
+class EqualizerThumbnail : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// \a desk must outlive it.
+    EqualizerThumbnail(Desk& desk, int channel, QWidget* parent = nullptr);
+
+Q_SIGNALS:
+    /// The user wants a closer look.
+    void clicked();
+
+protected:
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QPolygonF curve(const QRectF& plot) const;
+    void drawCurve(QPainter& painter, const QRectF& plot) const;
+
+    Desk& m_desk;
+    int m_channel;
+    EqualizerBands m_bands;
+};

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/files/SettingsFile.h"
+#include "host/meters/BuiltInSignal.h"
+#include "host/meters/MeterSource.h"
+#include "host/model/Desk.h"
+#include "host/window/Language.h"
+#include "hosting/EditorLibrary.h"
+#include "hosting/HostMemory.h"
+#include "hosting/HostModel.h"
+
+/// What every editor of the mixer shares. Outlives all of them; needs an application object.
+struct Mixer
+{
+    HostModel model;
+    HostMemory memory;
+    Desk desk{memory};
+    EditorLibrary library;
+    MeterSource meters{memory, std::make_unique<BuiltInSignal>()};
+    SettingsFile settings;
+    LanguageSwitch language;
+};

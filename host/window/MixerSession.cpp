@@ -1,0 +1,186 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/window/MixerSession.h"
+
+#include "host/window/EditorWindow.h"
+#include "host/window/Mixer.h"
+#include "host/window/MixerWindow.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace {
+
+// A place on a screen that is not there any more would hide the window.
+void putAt(QWidget* window, const QRect& place)
+{
+    if (place.isEmpty())
+        return;
+    window->resize(place.size());
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        if (screen->availableGeometry().contains(place.topLeft()))
+            window->move(place.topLeft());
+    }
+}
+
+QRect placeOf(const QWidget* window) { return {window->pos(), window->size()}; }
+
+} // namespace
+
+MixerSession::MixerSession(Mixer& mixer, Reporter reporter)
+    : m_mixer(mixer)
+    , m_reporter(std::move(reporter))
+    , m_timer(this)
+{
+    m_timer.setSingleShot(true);
+    m_timer.setInterval(saveDelay);
+    connect(&m_timer, &QTimer::timeout, this, &MixerSession::save);
+}
+
+QString MixerSession::open(const QString& file)
+{
+    const QString fault = m_file.open(file, &m_data);
+    restore();
+    return fault;
+}
+
+QString MixerSession::read(const QString& file)
+{
+    const QString fault = SessionFile::read(file, &m_data);
+    restore();
+    return fault;
+}
+
+bool MixerSession::restoreWindows(MixerWindow& window)
+{
+    m_window = &window;
+    connect(&window, &MixerWindow::ending, this, &MixerSession::end);
+    connect(qGuiApp, &QGuiApplication::commitDataRequest, this, &MixerSession::save);
+    connect(&m_mixer.desk.history().stack(), &QUndoStack::indexChanged, this,
+            [this] { m_timer.start(); });
+    qGuiApp->installEventFilter(this);
+    putAt(&window, m_data.mixerPlace);
+    bool opened = false;
+    for (const SessionData::Editor& editor : m_data.editors) {
+        EditorWindow* shown = window.openEditor(editor.channel, editor.stereo);
+        if (!shown)
+            continue;
+        shown->setScale(editor.scale);
+        shown->setMeasured(editor.measured);
+        putAt(shown, editor.place);
+        opened = true;
+    }
+    return opened;
+}
+
+bool MixerSession::save()
+{
+    const QString fault = write();
+    if (!fault.isEmpty() && m_reporter)
+        m_reporter(fault);
+    return fault.isEmpty();
+}
+
+bool MixerSession::eventFilter(QObject* watched, QEvent* event)
+{
+    static constexpr std::array types = {QEvent::Show, QEvent::Move, QEvent::Resize, QEvent::Close};
+    const bool places = std::find(types.begin(), types.end(), event->type()) != types.end();
+    if (!places || (watched != m_window && !qobject_cast<EditorWindow*>(watched)))
+        return QObject::eventFilter(watched, event);
+    if (event->type() == QEvent::Show)
+        m_ended = false;
+    if (!m_ended)
+        m_timer.start();
+    const bool refused = event->type() == QEvent::Close && staysOpen();
+    event->setAccepted(!refused);
+    return refused;
+}
+
+QString MixerSession::write()
+{
+    m_timer.stop();
+    collectWindows();
+    for (int ch = 0; ch < channelCount; ++ch)
+        collect(ch);
+    return m_file.save(m_data);
+}
+
+bool MixerSession::saveAtEnd()
+{
+    const Asker asker = m_asker; // may be replaced while it asks
+    if (!asker)
+        save();
+    const QString fault = asker ? write() : QString();
+    return fault.isEmpty() || asker(fault);
+}
+
+// The program is ending, of which the last window already told where it was it that closed.
+void MixerSession::end()
+{
+    if (m_ended)
+        return;
+    m_ended = saveAtEnd();
+    m_staying = !m_ended;
+}
+
+// Whether a window that is about to close does not; the first refusal ends the closing of all.
+bool MixerSession::staysOpen()
+{
+    if (std::exchange(m_staying, false))
+        return true;
+    const qsizetype open = m_window->editors().size() + (m_window->isVisible() ? 1 : 0);
+    if (!m_ended && open <= 1)
+        m_ended = saveAtEnd();
+    return !m_ended && open <= 1;
+}
+
+void MixerSession::restore()
+{
+    const EditHistory::Pause pause(m_mixer.desk.history());
+    for (int ch = 0; ch < channelCount; ++ch)
+        restore(ch);
+    m_mixer.desk.history().clear();
+}
+
+void MixerSession::restore(int channel)
+{
+    const SessionData::Channel& data = m_data.channels[static_cast<std::size_t>(channel)];
+    m_mixer.desk.setName(channel, data.name);
+    for (std::size_t i = 0; i < stripParameterCount; ++i)
+        m_mixer.memory.setStrip(channel, static_cast<StripParameter>(i), data.strip[i]);
+    m_mixer.memory.write(channel, data.equalizer);
+    m_mixer.desk.compare().setState(channel, data.compare);
+    if (!data.editor.isEmpty())
+        m_mixer.settings.keep(channel, data.editor);
+}
+
+void MixerSession::collect(int channel)
+{
+    SessionData::Channel& data = m_data.channels[static_cast<std::size_t>(channel)];
+    data.name = m_mixer.desk.name(channel);
+    for (std::size_t i = 0; i < stripParameterCount; ++i)
+        data.strip[i] = m_mixer.memory.strip(channel, static_cast<StripParameter>(i));
+    data.equalizer = m_mixer.memory.values(channel);
+    data.compare = m_mixer.desk.compare().state(channel);
+    data.editor = m_mixer.settings.map(channel);
+}
+
+void MixerSession::collectWindows()
+{
+    if (!m_window)
+        return;
+    m_data.mixerPlace = placeOf(m_window);
+    m_data.editors.clear();
+    for (EditorWindow* editor : m_window->editors()) {
+        editor->session().keepMap();
+        const EditorSettings& settings = editor->settings();
+        m_data.editors.push_back({settings.channel, settings.stereo, settings.scale,
+                                  editor->isMeasured(), placeOf(editor)});
+    }
+}
+
+#include "moc_MixerSession.cpp"

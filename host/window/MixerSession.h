@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/files/SessionFile.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <functional>
+
+class MixerWindow;
+struct Mixer;
+
+/// Keeps a mixer and its windows in a session file: brings back at the start what was there at the
+/// end, and saves when the last window closes, when the program or the desktop's session ends, and
+/// a while after edits and after windows were opened, moved or closed. What it brings back is no
+/// step of the history, which is empty afterwards.
+class MixerSession : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Reporter = std::function<void(const QString&)>;
+    /// Gets a fault of saving; whether to end nevertheless.
+    using Asker = std::function<bool(const QString&)>;
+
+    /// A change is saved after so many milliseconds without another one.
+    static constexpr int saveDelay = 20000;
+
+    /// \a mixer must outlive it. The faults of saving go to \a reporter.
+    explicit MixerSession(Mixer& mixer, Reporter reporter = {});
+
+    /// Is asked, instead of the reporter, when the last window or the program cannot be closed
+    /// without losing something; without an asker, they close.
+    void setAsker(Asker asker) { m_asker = std::move(asker); }
+
+    /// Reads \a file into the mixer's memory, names, A and B settings and settings maps. Returns
+    /// nothing, or what went wrong as a sentence.
+    QString open(const QString& file);
+    /// The same, but leaves \a file alone whatever is wrong with it and never saves. It must exist.
+    QString read(const QString& file);
+    /// Whether there was no session to bring back: nobody has chosen yet what is open.
+    bool isNew() const { return m_file.isNew(); }
+    /// Puts \a window where it was and opens the editors that were open; saves from now on, also
+    /// what \a window shows, which must outlive it. Whether any editor was opened.
+    bool restoreWindows(MixerWindow& window);
+
+    /// Saves now; false if it did not work, which has been reported.
+    bool save();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QString write();
+    bool saveAtEnd();
+    void end();
+    bool staysOpen();
+    void restore();
+    void restore(int channel);
+    void collect(int channel);
+    void collectWindows();
+
+    Mixer& m_mixer;
+    Reporter m_reporter;
+    Asker m_asker;
+    SessionFile m_file;
+    SessionData m_data;
+    MixerWindow* m_window = nullptr;
+    QTimer m_timer;
+    bool m_ended = false;   // the windows are closing, and there is nothing left to save
+    bool m_staying = false; // they shall not close, after all
+};

@@ -1,0 +1,370 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/window/MixerStrip.h"
+
+#include "controls/ButtonGroupController.h"
+#include "controls/FaderController.h"
+#include "controls/PullDownButtonController.h"
+#include "controls/TextEditController.h"
+#include "host/model/Desk.h"
+#include "host/window/EqualizerThumbnail.h"
+#include "host/window/MixerLook.h"
+#include "host/window/StripMeters.h"
+#include "hosting/HostModel.h"
+#include "widgets/ChannelNameEdit.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <algorithm>
+
+using namespace CommonController_MemAPI;
+
+namespace {
+
+constexpr int margin = 12;
+constexpr int innerWidth = MixerStrip::stripWidth - 2 * margin;
+constexpr int rightColumn = margin + 42;
+constexpr QRect namePlace(margin, 12, innerWidth, 24);
+constexpr QRect sourcePlace(margin, 44, innerWidth, 22);
+constexpr QRect widthPlace(margin, 72, innerWidth, 22);
+constexpr QRect curvePlace(margin, 102, innerWidth, 54);
+constexpr QPoint equalizerPlace(margin, 162);
+constexpr QPoint editPlace(rightColumn, 162);
+constexpr QPoint mutePlace(margin, 190);
+constexpr QPoint soloPlace(rightColumn, 190);
+constexpr QRect faderPlace(margin + 22, 222, 34, 280);
+constexpr QRect meterPlace(margin + 64, 236, 16, 252);
+constexpr QRect levelPlace(margin, 510, innerWidth, 22);
+constexpr QRect numberPlace(margin, 540, innerWidth, 16);
+constexpr int capHeight = 56;
+constexpr int silent = -1270;
+
+struct ScaleMark
+{
+    int position;
+    const char* text;
+};
+constexpr ScaleMark scale[] = {{400, "10"}, {300, "0"}, {200, "10"}, {100, "30"}, {0, "\u221e"}};
+
+QStringList sourceNames()
+{
+    QStringList names{MixerStrip::tr("Test signal"), MixerStrip::tr("File")};
+    for (int input = SourceInput1; input < SourceOff; ++input)
+        names << MixerStrip::tr("Input %1").arg(input - SourceInput1 + 1);
+    return names << MixerStrip::tr("Off");
+}
+
+int wordAt(const unsigned int* words, unsigned short base, int channel)
+{
+    return static_cast<short>(words[base + 2 * channel] & 0xFFFFU);
+}
+
+// Whether the user turned to a control. One that has the focus again after a menu or another window
+// is not meant.
+bool turnsTo(const QEvent* event)
+{
+    if (event->type() != QEvent::FocusIn)
+        return event->type() == QEvent::MouseButtonPress;
+    const Qt::FocusReason reason = static_cast<const QFocusEvent*>(event)->reason();
+    return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
+           reason != Qt::MenuBarFocusReason;
+}
+
+void setFontSize(QWidget* widget, int pixels)
+{
+    QFont font = widget->font();
+    font.setPixelSize(pixels);
+    widget->setFont(font);
+}
+
+} // namespace
+
+MixerStrip::MixerStrip(Desk& desk, int channel, QWidget* parent)
+    : QWidget(parent)
+    , m_desk(desk)
+    , m_channel(channel)
+    , m_shownAsPair(desk.isPair(channel))
+{
+    setFixedSize(stripWidth, stripHeight);
+    buildName();
+    buildSource();
+    buildWidth();
+    auto* curve = new EqualizerThumbnail(desk, channel, this);
+    curve->setGeometry(curvePlace);
+    m_texts.add([curve] { curve->setToolTip(tr("Opens the editor")); });
+    connect(curve, &EqualizerThumbnail::clicked, this,
+            [this] { Q_EMIT editorWanted(m_channel, isPair()); });
+    buildKeys();
+    buildFader();
+    buildMeters();
+    connect(&desk.history(), &EditHistory::changed, this, &MixerStrip::follow);
+    connect(&desk, &Desk::nameChanged, this, [this](int changed) {
+        if (changed == m_channel)
+            sayAgain();
+    });
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* old, QWidget* now) {
+        if ((old && isAncestorOf(old)) || (now && isAncestorOf(now)))
+            update();
+    });
+    for (QWidget* control : findChildren<QWidget*>())
+        control->installEventFilter(this);
+}
+
+bool MixerStrip::isPair() const { return m_desk.isPair(m_channel); }
+
+void MixerStrip::setSelected(bool selected)
+{
+    m_selected = selected;
+    update();
+}
+
+void MixerStrip::takeMeters(const unsigned int* words, unsigned int count)
+{
+    if (count < HostModel::meterWordCount)
+        return;
+    m_meters->show(0, levelOf(words, m_channel));
+    if (isPair())
+        m_meters->show(1, levelOf(words, partnerOf(m_channel)));
+}
+
+void MixerStrip::sayAgain()
+{
+    m_texts.sayAgain();
+    update();
+}
+
+bool MixerStrip::eventFilter(QObject* control, QEvent* event)
+{
+    if (turnsTo(event))
+        Q_EMIT selected(m_channel);
+    return QWidget::eventFilter(control, event);
+}
+
+void MixerStrip::mousePressEvent(QMouseEvent* event)
+{
+    Q_EMIT selected(m_channel);
+    QWidget::mousePressEvent(event);
+}
+
+// A field that is resized forgets the margin that its name keeps.
+void MixerStrip::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    showName();
+}
+
+void MixerStrip::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    MixerLook::drawPanel(painter, rect());
+    painter.fillRect(QRectF(1, 1, width() - 2, 3),
+                     m_selected ? MixerLook::accent : QColor(0x10, 0x12, 0x14));
+    for (const QRect& well : {namePlace, levelPlace, meterPlace.adjusted(-2, -2, 2, 2)})
+        MixerLook::drawWell(painter, well, 3);
+    drawScale(painter);
+    QFont font = painter.font();
+    font.setPixelSize(11);
+    font.setBold(true);
+    painter.setFont(font);
+    painter.setPen(m_selected ? MixerLook::letters : MixerLook::dimLetters);
+    painter.drawText(numberPlace, Qt::AlignCenter,
+                     isPair() ? QStringLiteral("%1 + %2").arg(m_channel).arg(partnerOf(m_channel))
+                              : QString::number(m_channel));
+    drawFocus(painter);
+}
+
+void MixerStrip::buildName()
+{
+    m_name = new ChannelNameEdit(this);
+    m_name->setGeometry(namePlace.adjusted(1, 1, -1, -1));
+    m_name->setFrame(false);
+    m_name->setAlignment(Qt::AlignCenter);
+    setFontSize(m_name, 12);
+    QPalette palette = m_name->palette();
+    palette.setColor(QPalette::Base, Qt::transparent);
+    m_name->setPalette(palette);
+    m_name->setElideMargin(5);
+    name(m_name, [](const QString& channel) { return tr("Name of %1").arg(channel); });
+    m_texts.add([this] {
+        showName();
+        m_name->setToolTip(tr("A double click renames the channel"));
+    });
+    connect(m_name, &ChannelNameEdit::channelNameChanged, this, [this](const QString& text) {
+        m_desk.rename(m_channel, text == m_name->defaultName() ? QString() : text);
+        m_name->home(false);
+    });
+}
+
+void MixerStrip::showName()
+{
+    m_name->setDefaultName(tr("Channel %1").arg(m_channel));
+    m_name->setChannelName(m_desk.name(m_channel));
+    m_name->home(false);
+}
+
+void MixerStrip::buildSource()
+{
+    auto* source = new PullDownButtonController(this);
+    MixerLook::dressKey(source, QStringLiteral("wide"));
+    source->setButtonSvg(MixerLook::image(QStringLiteral("choice_up")));
+    source->setPushButtonSvg(MixerLook::image(QStringLiteral("choice_dw")));
+    source->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    source->setTextLeftMargin(7);
+    source->setGeometry(sourcePlace);
+    m_texts.add([source] { source->setTextList(sourceNames()); });
+    name(source, [](const QString& channel) { return tr("Source of %1").arg(channel); });
+    bind(source, StripParameter::Source, m_channel);
+}
+
+// The pair's width is one value, whichever of its strips switches it.
+void MixerStrip::buildWidth()
+{
+    auto* group = new ButtonGroupController(this);
+    group->setGeometry(widthPlace);
+    const char* symbols[] = {"symbol_mono", "symbol_stereo"};
+    for (int i = 0; i < 2; ++i) {
+        auto* key = new PushButtonController(group);
+        MixerLook::dressKey(key, QStringLiteral("key"), QStringLiteral("blue"));
+        key->setIconSvg(MixerLook::image(QLatin1String(symbols[i])));
+        key->move(i * (rightColumn - margin), 0);
+        m_texts.add([this, key, i] {
+            const QString text = i == 0 ? tr("%1 mono") : tr("%1 stereo");
+            key->setAccessibleName(text.arg(m_desk.shownName(m_channel)));
+            key->setToolTip(key->accessibleName());
+        });
+    }
+    name(group, [](const QString& channel) { return tr("Mono or stereo of %1").arg(channel); });
+    bind(group, StripParameter::Stereo, m_channel & ~1);
+}
+
+void MixerStrip::buildKeys()
+{
+    Key* equalizer = addKey(equalizerPlace, QStringLiteral("white"));
+    equalizer->setText(QStringLiteral("EQ"));
+    name(equalizer, [](const QString& channel) { return tr("Equalizer of %1").arg(channel); });
+    bind(equalizer, StripParameter::EqualizerOn, m_channel);
+
+    Key* edit = addKey(editPlace, QString());
+    m_texts.add([edit] { edit->setText(tr("Edit")); });
+    name(edit, [](const QString& channel) { return tr("Editor of %1").arg(channel); });
+    connect(edit, &QAbstractButton::clicked, this,
+            [this] { Q_EMIT editorWanted(m_channel, isPair()); });
+
+    Key* mute = addKey(mutePlace, QStringLiteral("red"));
+    mute->setText(QStringLiteral("M"));
+    name(mute, [](const QString& channel) { return tr("Mute of %1").arg(channel); });
+    bind(mute, StripParameter::Mute, m_channel);
+
+    Key* solo = addKey(soloPlace, QStringLiteral("amber"));
+    solo->setText(QStringLiteral("S"));
+    name(solo, [](const QString& channel) { return tr("Solo of %1").arg(channel); });
+    bind(solo, StripParameter::Solo, m_channel);
+}
+
+void MixerStrip::buildFader()
+{
+    auto* fader = new FaderController(this);
+    fader->setGeometry(faderPlace);
+    fader->setBackgroundSvg(MixerLook::image(QStringLiteral("fader_groove")));
+    fader->setKnobSvg(MixerLook::image(QStringLiteral("fader_cap")));
+    fader->setShadowSvg(MixerLook::image(QStringLiteral("fader_shadow")));
+    fader->setEnableDoubleClick(true);
+    fader->setOperationType(FaderController::Relative);
+    fader->setFocusPolicy(Qt::StrongFocus);
+    name(fader, [](const QString& channel) { return tr("Fader of %1").arg(channel); });
+    bind(fader, StripParameter::Level, m_channel);
+
+    auto* level = new TextEditController(this);
+    level->setGeometry(levelPlace);
+    level->setAlignment(Qt::AlignCenter);
+    level->setPostfix(QStringLiteral(" dB"));
+    level->setFocusPolicy(Qt::StrongFocus);
+    setFontSize(level, 12);
+    name(level, [](const QString& channel) { return tr("Level of %1").arg(channel); });
+    bind(level, StripParameter::Level, m_channel);
+}
+
+void MixerStrip::buildMeters()
+{
+    m_meters = new StripMeters(this);
+    m_meters->setGeometry(meterPlace);
+    m_meters->setPair(m_shownAsPair);
+    m_texts.add([this] {
+        for (int side = 0; side < StripMeters::sides; ++side)
+            m_meters->setNames(side, tr("Meter of channel %1").arg(m_channel + side),
+                               tr("Peak of channel %1").arg(m_channel + side));
+    });
+}
+
+void MixerStrip::bind(AbstractController* control, StripParameter parameter, int channel)
+{
+    control->setMemAPIValue(&m_desk.memory(), stripId(parameter),
+                            static_cast<unsigned short>(channel), 0);
+}
+
+MixerStrip::Key* MixerStrip::addKey(const QPoint& place, const QString& color)
+{
+    auto* key = new Key(this);
+    MixerLook::dressKey(key, QStringLiteral("key"), color);
+    key->move(place);
+    return key;
+}
+
+void MixerStrip::name(QWidget* control, const std::function<QString(const QString&)>& text)
+{
+    m_texts.add([this, control, text] {
+        control->setAccessibleName(text(m_desk.shownName(m_channel)));
+        control->setToolTip(control->accessibleName());
+    });
+}
+
+void MixerStrip::follow(int channel)
+{
+    if (channel != (m_channel & ~1) || isPair() == m_shownAsPair)
+        return;
+    m_shownAsPair = isPair();
+    m_meters->setPair(m_shownAsPair);
+    update();
+}
+
+int MixerStrip::levelOf(const unsigned int* words, int channel) const
+{
+    const HostMemory& memory = m_desk.memory();
+    const int fader = memory.strip(m_channel, StripParameter::Level);
+    if (fader == 0 || !m_desk.isAudible(m_channel))
+        return silent;
+    const bool equalized = memory.strip(m_channel, StripParameter::EqualizerOn) != 0;
+    const int level =
+        wordAt(words, equalized ? HostModel::returnMeter : HostModel::sendMeter, channel);
+    return level <= silent ? silent : std::max(silent, level + stripLevelTenths(fader));
+}
+
+void MixerStrip::drawScale(QPainter& painter) const
+{
+    QFont font = painter.font();
+    font.setPixelSize(9);
+    painter.setFont(font);
+    painter.setPen(MixerLook::dimLetters);
+    const double travel = faderPlace.height() - capHeight;
+    for (const ScaleMark& mark : scale) {
+        const double y = faderPlace.top() + capHeight / 2.0 +
+                         travel * (1.0 - double(mark.position) / highestLevel);
+        painter.drawText(QRectF(margin - 6, y - 8, 24, 16), Qt::AlignRight | Qt::AlignVCenter,
+                         QString::fromUtf8(mark.text));
+    }
+}
+
+void MixerStrip::drawFocus(QPainter& painter) const
+{
+    const QWidget* focused = QApplication::focusWidget();
+    if (!focused || focused == m_name || !isAncestorOf(focused))
+        return;
+    const QRect place(focused->mapTo(this, QPoint()), focused->size());
+    painter.setPen(QPen(MixerLook::accent, 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(place).adjusted(-2.5, -2.5, 2.5, 2.5), 4, 4);
+}
+
+#include "moc_MixerStrip.cpp"

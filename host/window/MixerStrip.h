@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/window/LiveTexts.h"
+#include "parameters/StripTable.h"
+
+#include <QWidget>
+
+#include <functional>
+
+class ChannelNameEdit;
+class Desk;
+class StripMeters;
+
+namespace CommonController_MemAPI {
+class AbstractController;
+class PushButtonController;
+} // namespace CommonController_MemAPI
+
+/// One channel of the mixer, or a pair where the channel is the first of one: name, source, mono or
+/// stereo, a picture of the equalizer, its switch and the way to its editor, mute, solo, fader and
+/// meters. Every control is bound to the memory; the strip holds no value of its own.
+///
+/// The meters show what leaves the fader: the level after the equalizer, or before it where that is
+/// off, moved by the fader, and silence where the channel cannot be heard. The peaks stay for a
+/// while.
+class MixerStrip : public QWidget
+{
+    Q_OBJECT
+
+public:
+    static constexpr int stripWidth = 104;
+    static constexpr int stripHeight = 566;
+
+    /// \a desk must outlive it.
+    MixerStrip(Desk& desk, int channel, QWidget* parent = nullptr);
+
+    int channel() const { return m_channel; }
+    /// Whether it stands for the channel and its partner.
+    bool isPair() const;
+    /// Marks the strip that the window's menus act on.
+    void setSelected(bool selected);
+    /// Shows a reading of the meters, laid out as HostModel says.
+    void takeMeters(const unsigned int* words, unsigned int count);
+    /// Says its texts anew: in another language, or because the channel's name or width changed.
+    void sayAgain();
+
+Q_SIGNALS:
+    void editorWanted(int channel, bool stereo);
+    /// The user turned to this strip.
+    void selected(int channel);
+
+protected:
+    bool eventFilter(QObject* control, QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    using Key = CommonController_MemAPI::PushButtonController;
+
+    void buildName();
+    void buildSource();
+    void buildWidth();
+    void buildKeys();
+    void buildFader();
+    void buildMeters();
+    void showName();
+    void bind(CommonController_MemAPI::AbstractController* control, StripParameter parameter,
+              int channel);
+    Key* addKey(const QPoint& place, const QString& color);
+    void name(QWidget* control, const std::function<QString(const QString&)>& text);
+    void follow(int channel);
+    int levelOf(const unsigned int* words, int channel) const;
+    void drawScale(QPainter& painter) const;
+    void drawFocus(QPainter& painter) const;
+
+    Desk& m_desk;
+    int m_channel;
+    bool m_selected = false;
+    LiveTexts m_texts;
+    ChannelNameEdit* m_name = nullptr;
+    StripMeters* m_meters = nullptr;
+    bool m_shownAsPair = false;
+};

@@ -1,0 +1,336 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/window/MixerWindow.h"
+
+#include "host/window/EditorWindow.h"
+#include "host/window/HistoryMenu.h"
+#include "host/window/HostTheme.h"
+#include "host/window/LanguageMenu.h"
+#include "host/window/Mixer.h"
+#include "host/window/MixerStrip.h"
+#include "host/window/TransportBar.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QHBoxLayout>
+#include <QInputDialog>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int messageTime = 8000; // ms
+constexpr int stripGap = 2;
+
+// A new window comes up in front by itself.
+void bringToFront(QWidget* window)
+{
+    const bool hidden = window->isHidden();
+    window->show();
+    if (!hidden)
+        window->raise();
+    window->activateWindow();
+}
+
+} // namespace
+
+MixerWindow::MixerWindow(Mixer& mixer, const EditorSettings& settings)
+    : m_mixer(mixer)
+    , m_settings(settings)
+{
+    m_texts.add([this] { setWindowTitle(tr("Mixer")); });
+    auto* content = new QWidget(this);
+    auto* column = new QVBoxLayout(content);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    m_transport = new TransportBar(mixer.desk, content);
+    column->addWidget(m_transport);
+    column->addWidget(buildStrips(), 1);
+    setCentralWidget(content);
+    buildMenus();
+    statusBar()->setSizeGripEnabled(false);
+    connect(&mixer.desk.history(), &EditHistory::changed, this, &MixerWindow::showPairs);
+    showPairs();
+    select(0);
+    chooseSize();
+    setFocus(); // Tab goes to the first control, which is not marked before
+}
+
+MixerWindow::~MixerWindow()
+{
+    for (const QPointer<EditorWindow>& editor : std::as_const(m_editors))
+        delete editor;
+    hide();
+}
+
+EditorWindow* MixerWindow::openEditor(int channel, bool stereo)
+{
+    const int shown = stereo ? m_mixer.desk.leaderOf(channel) : channel;
+    QPointer<EditorWindow>& editor = m_editors[shown];
+    if (!editor)
+        editor = createEditor(shown, stereo);
+    if (!editor)
+        return nullptr;
+    editor->setStereo(stereo);
+    bringToFront(editor);
+    return editor;
+}
+
+QList<EditorWindow*> MixerWindow::editors() const
+{
+    QList<EditorWindow*> open;
+    for (int ch = 0; ch < channelCount; ++ch) {
+        EditorWindow* editor = m_editors.value(ch);
+        if (editor && editor->isVisible())
+            open << editor;
+    }
+    return open;
+}
+
+void MixerWindow::quit()
+{
+    Q_EMIT ending();
+    m_quitting = true;
+    QApplication::closeAllWindows();
+    m_quitting = false;
+}
+
+EditorWindow* MixerWindow::createEditor(int channel, bool stereo)
+{
+    EditorSettings settings = m_settings;
+    settings.channel = channel;
+    settings.stereo = stereo;
+    auto stage = std::make_unique<QWidget>();
+    auto session = EditorSession::open(m_mixer, settings, stage.get());
+    if (!session)
+        return nullptr;
+    auto* window = new EditorWindow(m_mixer, std::move(stage), std::move(session));
+    connect(window, &EditorWindow::mixerWanted, this, [this] { bringToFront(this); });
+    connect(window, &EditorWindow::closing, this, &MixerWindow::windowCloses);
+    connect(window, &EditorWindow::quitWanted, this, &MixerWindow::quit);
+    connect(window, &EditorWindow::stereoChosen, this,
+            [this, channel](bool chosen) { chooseWidth(channel, chosen); });
+    return window;
+}
+
+void MixerWindow::editChannel(int channel, bool stereo)
+{
+    select(channel);
+    if (!openEditor(channel, stereo))
+        QMessageBox::warning(
+            this, windowTitle(),
+            tr("The plug-in makes no editor for %1.").arg(m_mixer.desk.shownName(channel)));
+}
+
+void MixerWindow::chooseWidth(int channel, bool stereo)
+{
+    m_mixer.memory.setStrip(channel & ~1, StripParameter::Stereo, stereo ? 1 : 0);
+}
+
+void MixerWindow::select(int channel)
+{
+    m_selected = channel;
+    for (MixerStrip* strip : std::as_const(m_strips))
+        strip->setSelected(strip->channel() == channel);
+}
+
+// Of a pair only the first strip is seen, and an open editor shows the pair.
+void MixerWindow::showPairs()
+{
+    for (MixerStrip* strip : std::as_const(m_strips)) {
+        const bool shown = m_mixer.desk.leaderOf(strip->channel()) == strip->channel();
+        if (strip->isVisibleTo(strip->parentWidget()) != shown)
+            strip->setVisible(shown);
+    }
+    if (m_mixer.desk.leaderOf(m_selected) != m_selected)
+        select(m_mixer.desk.leaderOf(m_selected));
+    for (int first = 0; first < channelCount; first += 2)
+        followPair(first);
+}
+
+void MixerWindow::followPair(int first)
+{
+    bool& known = m_pairs[static_cast<std::size_t>(first) / 2];
+    const bool pair = m_mixer.desk.isPair(first);
+    if (std::exchange(known, pair) == pair)
+        return;
+    if (EditorWindow* editor = m_editors.value(first))
+        editor->setStereo(pair);
+    if (pair)
+        joinEditors(first);
+}
+
+// The second channel's editor would edit what is not heard: the first one's takes its place.
+void MixerWindow::joinEditors(int first)
+{
+    EditorWindow* second = m_editors.value(partnerOf(first));
+    if (!second || !second->isVisible())
+        return;
+    const EditorWindow* known = m_editors.value(first);
+    if (!known || !known->isVisible()) {
+        EditorWindow* editor = openEditor(first, true);
+        if (!editor)
+            return;
+        editor->setScale(second->settings().scale);
+        editor->setGeometry(second->geometry());
+    }
+    second->close();
+}
+
+void MixerWindow::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    m_texts.sayAgain();
+    m_transport->sayAgain();
+    for (MixerStrip* strip : std::as_const(m_strips))
+        strip->sayAgain();
+}
+
+void MixerWindow::showEvent(QShowEvent* event)
+{
+    QMainWindow::showEvent(event);
+    m_mixer.memory.meters().addMeterObserver(this);
+    for (const MixerStrip* strip : std::as_const(m_strips))
+        m_mixer.meters.show(strip, {strip->channel(), -1, m_settings.sampleRate});
+}
+
+void MixerWindow::hideEvent(QHideEvent* event)
+{
+    for (const MixerStrip* strip : std::as_const(m_strips))
+        m_mixer.meters.hide(strip);
+    m_mixer.memory.meters().removeMeterObserver(this);
+    QMainWindow::hideEvent(event);
+}
+
+void MixerWindow::closeEvent(QCloseEvent* event)
+{
+    windowCloses();
+    QMainWindow::closeEvent(event);
+}
+
+void MixerWindow::notifyMeterDbUpdated(unsigned int* values, unsigned int count)
+{
+    for (MixerStrip* strip : std::as_const(m_strips))
+        strip->takeMeters(values, count);
+}
+
+void MixerWindow::windowCloses()
+{
+    const qsizetype open = editors().size() + (isVisible() ? 1 : 0);
+    if (open <= 1 && !m_quitting)
+        Q_EMIT ending();
+}
+
+void MixerWindow::rename()
+{
+    const Desk& desk = m_mixer.desk;
+    bool accepted = false;
+    const QString name =
+        QInputDialog::getText(this, tr("Rename"), tr("Name of %1").arg(desk.shownName(m_selected)),
+                              QLineEdit::Normal, desk.name(m_selected), &accepted);
+    if (accepted)
+        m_mixer.desk.rename(m_selected, name);
+}
+
+void MixerWindow::paste()
+{
+    const QString fault = m_mixer.desk.pasteFromClipboard(m_selected);
+    if (!fault.isEmpty())
+        statusBar()->showMessage(fault, messageTime);
+}
+
+void MixerWindow::resetToDefaults()
+{
+    const EditHistory::Step step(m_mixer.desk.history(), tr("Reset"));
+    m_mixer.memory.reset(m_selected);
+}
+
+void MixerWindow::buildMenus()
+{
+    QMenu* file = m_texts.menu(menuBar(), [] { return tr("&File"); });
+    addItem(
+        file, [] { return tr("&Close"); }, QKeySequence::Close, [this] { close(); });
+    addItem(
+        file, [] { return tr("&Quit"); }, QKeySequence::Quit, [this] { quit(); });
+    buildEditMenu();
+    buildChannelMenu();
+    addLanguageMenu(m_texts.menu(menuBar(), [] { return tr("&View"); }), m_mixer.language, m_texts);
+}
+
+void MixerWindow::buildEditMenu()
+{
+    QMenu* menu = m_texts.menu(menuBar(), [] { return tr("&Edit"); });
+    addHistoryActions(menu, m_mixer.desk.history(), m_texts);
+    menu->addSeparator();
+    addItem(
+        menu, [] { return tr("&Copy Equalizer"); }, QKeySequence::Copy,
+        [this] { m_mixer.desk.copyToClipboard(m_selected); });
+    QAction* pasting = addItem(
+        menu, [] { return tr("&Paste Equalizer"); }, QKeySequence::Paste, [this] { paste(); });
+    const auto follow = [this, pasting] { pasting->setEnabled(m_mixer.desk.canPaste()); };
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, pasting, follow);
+    follow();
+    addItem(
+        menu, [] { return tr("R&eset Equalizer"); }, QKeySequence(), [this] { resetToDefaults(); });
+}
+
+void MixerWindow::buildChannelMenu()
+{
+    QMenu* menu = m_texts.menu(menuBar(), [] { return tr("&Channel"); });
+    addItem(
+        menu, [] { return tr("&Open Editor"); }, QKeySequence(Qt::CTRL | Qt::Key_E),
+        [this] { editChannel(m_selected, m_mixer.desk.isPair(m_selected)); });
+    addItem(
+        menu, [] { return tr("&Rename..."); }, QKeySequence(Qt::Key_F2), [this] { rename(); });
+}
+
+QAction* MixerWindow::addItem(QMenu* menu, const LiveTexts::Text& text, const QKeySequence& keys,
+                              const std::function<void()>& act)
+{
+    QAction* action = m_texts.action(menu, text);
+    action->setShortcut(keys);
+    connect(action, &QAction::triggered, this, act);
+    return action;
+}
+
+QWidget* MixerWindow::buildStrips()
+{
+    auto* row = new QWidget(this);
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(stripGap, stripGap, stripGap, stripGap);
+    layout->setSpacing(stripGap);
+    layout->setSizeConstraint(QLayout::SetMinAndMaxSize);
+    for (int ch = 0; ch < channelCount; ++ch) {
+        auto* strip = new MixerStrip(m_mixer.desk, ch, row);
+        connect(strip, &MixerStrip::editorWanted, this, &MixerWindow::editChannel);
+        connect(strip, &MixerStrip::selected, this, &MixerWindow::select);
+        layout->addWidget(strip);
+        m_strips << strip;
+    }
+    auto* area = new QScrollArea(this);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setBackgroundRole(QPalette::Base);
+    area->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidget(row);
+    return area;
+}
+
+// Every strip fits, were they all mono.
+void MixerWindow::chooseSize()
+{
+    const int width = channelCount * (MixerStrip::stripWidth + stripGap) + stripGap;
+    const int height = MixerStrip::stripHeight + 2 * stripGap + m_transport->height() +
+                       menuBar()->sizeHint().height() + statusBar()->sizeHint().height();
+    resize(QSize(width, height).boundedTo(screen()->availableSize()));
+}
+
+#include "moc_MixerWindow.cpp"

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/window/EditorSession.h"
+#include "host/window/LiveTexts.h"
+#include "interfaces/IMeterObserver.h"
+
+#include <QHash>
+#include <QList>
+#include <QMainWindow>
+#include <QPointer>
+
+#include <array>
+#include <functional>
+
+class EditorWindow;
+class MixerStrip;
+struct Mixer;
+class TransportBar;
+
+/// The mixer: a strip for each channel, of which a stereo pair shows one, and the transport bar.
+/// Editors are opened from the strips. The menus act on the strip that is marked.
+class MixerWindow : public QMainWindow, private IMeterObserver
+{
+    Q_OBJECT
+
+public:
+    /// \a mixer must outlive the window and every editor opened from it; \a settings is what new
+    /// editors start with, apart from their channel.
+    MixerWindow(Mixer& mixer, const EditorSettings& settings);
+    ~MixerWindow() override;
+
+    /// Shows the editor of a channel, a new one or the one that is open already. Of a pair it is
+    /// the first channel's, which both of them sound like. Null if the plug-in makes none.
+    EditorWindow* openEditor(int channel, bool stereo);
+    /// Those that are open, by channel.
+    QList<EditorWindow*> editors() const;
+    /// The channel that the menus act on.
+    int selectedChannel() const { return m_selected; }
+    /// Closes every window.
+    void quit();
+
+Q_SIGNALS:
+    /// The last window that is open is about to close, or all are: the time to save what is open.
+    void ending();
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void notifyMeterLvlUpdated(unsigned int*, unsigned int) override {}
+    void notifyMeterDbUpdated(unsigned int* values, unsigned int count) override;
+
+    EditorWindow* createEditor(int channel, bool stereo);
+    void editChannel(int channel, bool stereo);
+    void chooseWidth(int channel, bool stereo);
+    void select(int channel);
+    void showPairs();
+    void followPair(int first);
+    void joinEditors(int first);
+    void windowCloses();
+    void rename();
+    void paste();
+    void resetToDefaults();
+    void buildMenus();
+    void buildEditMenu();
+    void buildChannelMenu();
+    QAction* addItem(QMenu* menu, const LiveTexts::Text& text, const QKeySequence& keys,
+                     const std::function<void()>& act);
+    QWidget* buildStrips();
+    void chooseSize();
+
+    Mixer& m_mixer;
+    EditorSettings m_settings;
+    LiveTexts m_texts;
+    QHash<int, QPointer<EditorWindow>> m_editors;
+    QList<MixerStrip*> m_strips;
+    std::array<bool, 4> m_pairs{};
+    TransportBar* m_transport = nullptr;
+    int m_selected = 0;
+    bool m_quitting = false;
+};

@@ -1,0 +1,236 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/window/ResponseView.h"
+
+#include "engine/MeasuredResponse.h"
+#include "equalizer/PlotAxes.h"
+#include "host/model/Desk.h"
+#include "host/window/MixerLook.h"
+
+#include <QEvent>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr int delay = 30; // ms, so that a drag is followed but not held up
+constexpr double lowest = 20.0;
+constexpr double highest = 20000.0;
+constexpr double pointsPerOctave = 10.0;
+constexpr double faintest = -100.0; // dB
+constexpr double finest = 0.0001;   // dB
+constexpr double tolerated = 0.01;  // dB
+constexpr int smallestWidth = 240;
+constexpr int legendHeight = 30;
+constexpr int legendGap = 20;
+constexpr int sampleWidth = 25;
+constexpr int fontSize = 11;
+constexpr double pointRadius = 2.0;
+
+QFont smallFont(const QWidget* widget)
+{
+    QFont font = widget->font();
+    font.setPixelSize(fontSize);
+    return font;
+}
+
+QString labelOf(double frequency)
+{
+    return frequency < 1000.0 ? QString::number(frequency)
+                              : QString::number(frequency / 1000.0) + QLatin1Char('k');
+}
+
+} // namespace
+
+ResponseView::ResponseView(Desk& desk, int channel, QWidget* parent)
+    : QWidget(parent)
+    , m_desk(desk)
+    , m_channel(channel)
+{
+    setMinimumSize(smallestWidth, viewHeight);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setSampleRate(48000);
+    m_delay.setSingleShot(true);
+    m_delay.setInterval(delay);
+    m_delay.callOnTimeout(this, &ResponseView::look);
+    connect(&desk.history(), &EditHistory::changed, this, [this](int changed) {
+        if (isVisible() && (changed == m_channel || changed == m_desk.leaderOf(m_channel)))
+            m_delay.start();
+    });
+}
+
+void ResponseView::setSampleRate(int hertz)
+{
+    m_bands.setSampleRate(hertz);
+    const double top = std::min(highest, 0.45 * hertz);
+    m_frequencies.clear();
+    for (int i = 0; m_frequencies.empty() || m_frequencies.back() < top; ++i)
+        m_frequencies.push_back(std::min(top, lowest * std::pow(2.0, i / pointsPerOctave)));
+    if (isVisible())
+        look();
+}
+
+void ResponseView::look()
+{
+    setBands(m_bands, m_desk.memory().values(m_channel));
+    const EqualizerResponse response = m_bands.response();
+    m_drawn.clear();
+    for (const double frequency : m_frequencies)
+        m_drawn.push_back(response.levels(frequency, m_bands.sampleRate()).total);
+    m_measured =
+        measuredResponse(m_desk.soundingValues(m_channel), m_bands.sampleRate(), m_frequencies);
+    setAccessibleDescription(verdict());
+    update();
+}
+
+bool ResponseView::isOn() const
+{
+    return m_desk.memory().strip(m_desk.leaderOf(m_channel), StripParameter::EqualizerOn) != 0;
+}
+
+double ResponseView::largestDifference() const
+{
+    double largest = 0.0;
+    for (std::size_t i = 0; i < m_measured.size(); ++i) {
+        if (m_drawn[i] > faintest || m_measured[i] > faintest)
+            largest = std::max(largest, std::abs(m_measured[i] - m_drawn[i]));
+    }
+    return largest;
+}
+
+QString ResponseView::verdict() const
+{
+    if (!isOn())
+        return tr("The equalizer is off");
+    const double difference = largestDifference();
+    const QString text = difference < finest ? QStringLiteral("< %1").arg(finest)
+                                             : QString::number(difference, 'f', 4);
+    return tr("Largest difference: %1 dB").arg(text);
+}
+
+QSize ResponseView::sizeHint() const { return {600, viewHeight}; }
+
+void ResponseView::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange) {
+        setAccessibleDescription(verdict());
+        update();
+    }
+}
+
+void ResponseView::showEvent(QShowEvent*) { look(); }
+
+void ResponseView::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setFont(smallFont(this));
+    MixerLook::drawPanel(painter, rect());
+    MixerLook::drawWell(painter, QRectF(rect()).adjusted(8, legendHeight, -8, -9), 4);
+    drawLegend(painter);
+    painter.translate(0, legendHeight);
+    const PlotAxes axes(width(), height() - legendHeight, range());
+    drawGrid(painter, axes);
+    painter.setClipRect(QRectF(axes.left(), axes.top(), axes.width(), axes.height()));
+    drawLine(painter, axes);
+    drawPoints(painter, axes);
+}
+
+// What is boosted is in the picture, and cuts as far.
+double ResponseView::range() const
+{
+    double boost = 0.0;
+    for (const double level : m_drawn)
+        boost = std::max(boost, level);
+    for (const double range : {12.0, 24.0})
+        if (boost <= range)
+            return range;
+    return 48.0;
+}
+
+// The verdict is what counts: the legend has the room that it leaves.
+void ResponseView::drawLegend(QPainter& painter) const
+{
+    const QFontMetrics metrics(painter.font());
+    const QRect line(16, 0, width() - 32, legendHeight);
+    const QString said = metrics.elidedText(verdict(), Qt::ElideRight, line.width());
+    const bool alarming = isOn() && largestDifference() > tolerated;
+    painter.setPen(alarming ? QColor(0xff, 0xb0, 0x30) : MixerLook::dimLetters);
+    painter.drawText(line, Qt::AlignRight | Qt::AlignVCenter, said);
+
+    const double middle = legendHeight / 2.0;
+    int x = line.left();
+    const int end = line.right() - metrics.horizontalAdvance(said) - legendGap;
+    const auto entry = [&](const QString& text, const auto& drawSample) {
+        const int width = sampleWidth + metrics.horizontalAdvance(text);
+        if (x + width > end)
+            return;
+        drawSample();
+        painter.setPen(MixerLook::letters);
+        painter.drawText(QRect(x + sampleWidth, 0, width, legendHeight),
+                         Qt::AlignLeft | Qt::AlignVCenter, text);
+        x += width + legendGap;
+    };
+    entry(tr("Drawn"), [&] {
+        painter.setPen(QPen(MixerLook::accent, 2));
+        painter.drawLine(QPointF(x, middle), QPointF(x + 18, middle));
+    });
+    entry(tr("Measured in the sound"), [&] {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(Qt::white);
+        for (const int step : {3, 10, 17})
+            painter.drawEllipse(QPointF(x + step, middle), pointRadius, pointRadius);
+    });
+}
+
+void ResponseView::drawGrid(QPainter& painter, const PlotAxes& axes) const
+{
+    const QColor thin(255, 255, 255, 20);
+    const QColor strong(255, 255, 255, 50);
+    const auto text = [&painter](double x, double y, int flags, const QString& label) {
+        painter.setPen(MixerLook::dimLetters);
+        painter.drawText(QRectF(x - 40, y - 8, 80, 16), flags | Qt::AlignVCenter, label);
+    };
+    for (int step = -4; step <= 4; ++step) {
+        const double level = step * axes.range() / 4;
+        const double y = std::round(axes.y(level));
+        painter.fillRect(QRectF(axes.left(), y, axes.width(), 1), step == 0 ? strong : thin);
+        if (step % 2 == 0)
+            text(axes.left() - 48, y, Qt::AlignRight,
+                 (level > 0 ? QStringLiteral("+") : QString()) + QString::number(level));
+    }
+    for (const double frequency :
+         {20.0, 50.0, 100.0, 200.0, 500.0, 1000.0, 2000.0, 5000.0, 10000.0, 20000.0}) {
+        const double x = std::round(axes.x(frequency));
+        painter.fillRect(QRectF(x, axes.top(), 1, axes.height()), thin);
+        text(std::min(x, axes.right() - 4), axes.bottom() + 12, Qt::AlignHCenter,
+             labelOf(frequency));
+    }
+}
+
+void ResponseView::drawLine(QPainter& painter, const PlotAxes& axes) const
+{
+    const EqualizerResponse response = m_bands.response();
+    const double farthest = 1.2 * axes.range();
+    QPolygonF line;
+    for (double x = axes.left(); x <= axes.right(); x += 1.0) {
+        const double level = response.levels(axes.frequency(x), m_bands.sampleRate()).total;
+        line << QPointF(x, axes.y(std::clamp(level, -farthest, farthest)));
+    }
+    painter.setPen(QPen(isOn() ? MixerLook::accent : MixerLook::dimLetters.darker(150), 2));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawPolyline(line);
+}
+
+void ResponseView::drawPoints(QPainter& painter, const PlotAxes& axes) const
+{
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::white);
+    for (std::size_t i = 0; i < m_measured.size(); ++i)
+        painter.drawEllipse(QPointF(axes.x(m_frequencies[i]), axes.y(m_measured[i])), pointRadius,
+                            pointRadius);
+}
+
+#include "moc_ResponseView.cpp"

@@ -1,0 +1,225 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/window/TransportBar.h"
+
+#include "controls/PushButtonController.h"
+#include "host/audio/Transport.h"
+#include "host/model/Desk.h"
+#include "host/window/MixerLook.h"
+#include "widgets/SvgLabel.h"
+
+#include <QComboBox>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QSignalBlocker>
+#include <QSlider>
+#include <QStyle>
+
+#include <cmath>
+
+namespace {
+
+constexpr int barHeight = 46;
+constexpr int positionInterval = 100; // ms
+constexpr int stepsPerSecond = 10;
+
+QString timeText(double seconds)
+{
+    const int whole = std::isfinite(seconds) ? static_cast<int>(seconds) : 0;
+    return QStringLiteral("%1:%2").arg(whole / 60).arg(whole % 60, 2, 10, QLatin1Char('0'));
+}
+
+// A text as a tool tip shows it, whatever marks there are in it.
+QString plain(const QString& text)
+{
+    return Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text;
+}
+
+// Of a name that is too long the beginning and the end are seen.
+class FileLabel : public QLabel
+{
+public:
+    explicit FileLabel(QWidget* parent)
+        : QLabel(parent)
+    {
+        setTextFormat(Qt::PlainText);
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, width());
+        style()->drawItemText(&painter, rect(), Qt::AlignLeft | Qt::AlignVCenter, palette(),
+                              isEnabled(), shown, foregroundRole());
+    }
+};
+
+} // namespace
+
+TransportBar::TransportBar(Desk& desk, QWidget* parent)
+    : QWidget(parent)
+    , m_desk(desk)
+{
+    setFixedHeight(barHeight);
+    build();
+    m_timer.setInterval(positionInterval);
+    connect(&m_timer, &QTimer::timeout, this, &TransportBar::showPosition);
+    connect(&desk, &Desk::transportChanged, this, &TransportBar::listen);
+    listen();
+}
+
+void TransportBar::sayAgain()
+{
+    m_texts.sayAgain();
+    show(m_desk.transport());
+}
+
+void TransportBar::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    MixerLook::drawPanel(painter, rect());
+}
+
+TransportBar::Button* TransportBar::addButton(const QString& symbol, const LiveTexts::Text& name)
+{
+    auto* button = new Button(this);
+    MixerLook::dressKey(button, QStringLiteral("key"));
+    button->setIconSvg(MixerLook::image(symbol));
+    m_texts.add([button, name] {
+        button->setAccessibleName(name());
+        button->setToolTip(name());
+    });
+    return button;
+}
+
+void TransportBar::build()
+{
+    m_open = addButton(QStringLiteral("symbol_open"), [] { return tr("Open sound file"); });
+    m_play = addButton(QStringLiteral("symbol_play"), [] { return tr("Play"); });
+    m_stop = addButton(QStringLiteral("symbol_stop"), [] { return tr("Stop"); });
+    m_file = new FileLabel(this);
+    m_file->setMinimumWidth(110);
+    m_position = new QSlider(Qt::Horizontal, this);
+    m_position->setMinimumWidth(90);
+    m_texts.add([this] { m_position->setAccessibleName(tr("Position")); });
+    m_time = new QLabel(this);
+    m_devices = new QComboBox(this);
+    m_devices->setMinimumWidth(120);
+    m_texts.add([this] { m_devices->setAccessibleName(tr("Output device")); });
+    m_lamp = new SvgLabel(this);
+    m_lamp->setFixedSize(14, 14);
+    m_status = new QLabel(this);
+
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(14, 4, 14, 4);
+    row->setSpacing(6);
+    const std::initializer_list<QWidget*> widgets = {m_open, m_play,    m_stop, m_file,  m_position,
+                                                     m_time, m_devices, m_lamp, m_status};
+    for (QWidget* widget : widgets)
+        row->addWidget(widget);
+    row->insertSpacing(1, 8);
+    row->setStretchFactor(m_position, 1);
+
+    const auto drive = [this](auto action) {
+        return [this, action] {
+            if (Transport* transport = m_desk.transport())
+                action(*transport);
+        };
+    };
+    connect(m_open, &QAbstractButton::clicked, this, &TransportBar::chooseFile);
+    connect(m_play, &QAbstractButton::clicked, this, drive([](Transport& t) { t.play(); }));
+    connect(m_stop, &QAbstractButton::clicked, this, drive([](Transport& t) { t.stop(); }));
+    connect(m_position, &QSlider::actionTriggered, this, drive([this](Transport& t) {
+                t.seek(double(m_position->sliderPosition()) / stepsPerSecond);
+            }));
+    connect(m_devices, &QComboBox::activated, this,
+            drive([this](Transport& t) { t.chooseDevice(m_devices->currentIndex()); }));
+}
+
+void TransportBar::listen()
+{
+    Transport* transport = m_desk.transport();
+    if (transport)
+        connect(transport, &Transport::changed, this, [this] { show(m_desk.transport()); });
+    show(transport);
+}
+
+void TransportBar::show(const Transport* transport)
+{
+    const bool playing = transport && transport->state() == Transport::State::Playing;
+    const bool stalled = transport && transport->state() == Transport::State::Stalled;
+    const bool fault = stalled || (transport && transport->state() == Transport::State::Fault);
+    const bool loaded = transport && !transport->file().isEmpty();
+    MixerLook::enableKey(m_open, transport);
+    MixerLook::enableKey(m_play, loaded && !playing && !stalled);
+    MixerLook::enableKey(m_stop, playing || stalled);
+    m_position->setEnabled(loaded);
+    m_file->setText(loaded ? QFileInfo(transport->file()).fileName() : tr("No file"));
+    m_file->setToolTip(loaded ? plain(transport->file()) : QString());
+    m_lamp->setSvg(MixerLook::image(playing ? QStringLiteral("lamp_green")
+                                    : fault ? QStringLiteral("lamp_red")
+                                            : QStringLiteral("lamp_off")));
+    m_status->setText(statusText(transport));
+    m_status->setToolTip(fault ? plain(transport->fault()) : QString());
+    showDevices(transport);
+    showPosition();
+    if (playing)
+        m_timer.start();
+    else
+        m_timer.stop();
+}
+
+void TransportBar::showDevices(const Transport* transport)
+{
+    m_devices->clear();
+    m_devices->setEnabled(transport && !transport->devices().isEmpty());
+    if (!m_devices->isEnabled()) {
+        m_devices->addItem(tr("No device"));
+        return;
+    }
+    m_devices->addItems(transport->devices());
+    m_devices->setCurrentIndex(transport->device());
+}
+
+void TransportBar::showPosition()
+{
+    const Transport* transport = m_desk.transport();
+    const double position = transport ? transport->position() : 0.0;
+    const double length = transport ? transport->length() : 0.0;
+    m_time->setText(timeText(position) + QLatin1String(" / ") + timeText(length));
+    if (m_position->isSliderDown())
+        return;
+    const QSignalBlocker blocker(m_position);
+    m_position->setMaximum(static_cast<int>(std::lround(length * stepsPerSecond)));
+    m_position->setValue(static_cast<int>(std::lround(position * stepsPerSecond)));
+}
+
+void TransportBar::chooseFile()
+{
+    const QString file = QFileDialog::getOpenFileName(
+        this, tr("Open sound file"), QString(),
+        tr("Sound files (*.wav *.flac *.ogg *.aif *.aiff *.mp3);;All files (*)"));
+    Transport* transport = m_desk.transport();
+    if (transport && !file.isEmpty())
+        transport->open(file);
+}
+
+QString TransportBar::statusText(const Transport* transport) const
+{
+    if (!transport)
+        return tr("No audio");
+    switch (transport->state()) {
+    case Transport::State::Playing:
+        return tr("Playing");
+    case Transport::State::Stalled:
+    case Transport::State::Fault:
+        return tr("Audio fault");
+    default:
+        return tr("No audio");
+    }
+}
+
+#include "moc_TransportBar.cpp"

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "host/window/LiveTexts.h"
+
+#include <QTimer>
+#include <QWidget>
+
+class Desk;
+class SvgLabel;
+class Transport;
+class QComboBox;
+class QLabel;
+class QSlider;
+
+namespace CommonController_MemAPI {
+class PushButtonController;
+}
+
+/// The bar above the strips: opens a sound file, plays and stops it, shows and sets its position
+/// and where the sound goes, and says whether there is any. Follows the desk's transport; without
+/// one it says that there is no audio.
+class TransportBar : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit TransportBar(Desk& desk, QWidget* parent = nullptr);
+
+    /// Says its texts anew, in another language.
+    void sayAgain();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    using Button = CommonController_MemAPI::PushButtonController;
+
+    Button* addButton(const QString& symbol, const LiveTexts::Text& name);
+    void build();
+    void listen();
+    void show(const Transport* transport);
+    void showDevices(const Transport* transport);
+    void showPosition();
+    void chooseFile();
+    QString statusText(const Transport* transport) const;
+
+    Desk& m_desk;
+    LiveTexts m_texts;
+    Button* m_open = nullptr;
+    Button* m_play = nullptr;
+    Button* m_stop = nullptr;
+    QLabel* m_file = nullptr;
+    QSlider* m_position = nullptr;
+    QLabel* m_time = nullptr;
+    QComboBox* m_devices = nullptr;
+    SvgLabel* m_lamp = nullptr;
+    QLabel* m_status = nullptr;
+    QTimer m_timer; // while playing
+};

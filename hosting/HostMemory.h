@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "hosting/MeterNotifier.h"
+#include "interfaces/IMemAPI.h"
+#include "parameters/ChannelValues.h"
+#include "parameters/StripTable.h"
+
+#include <array>
+#include <vector>
+
+class WriteListener;
+
+/// The mixer's parameter memory: the equalizer's 27 parameters and the strip's parameters of 8
+/// channels, each starting at its default.
+///
+/// Operations return 0, or -1 for a parameter, channel or element that does not exist, a null
+/// pointer, a text that says nothing or a buffer that is too small; then nothing is changed. Must
+/// outlive every editor and observer.
+///
+/// A write is clamped into the range and told at once to every observer of that parameter and
+/// channel, in the order in which they registered, the writer's own included and also when the
+/// value stays the same. Observers may write, register and unregister meanwhile: each is always
+/// told the value that holds at that moment, one that leaves is not called any more, one that comes
+/// is called from the next write on.
+class HostMemory : public IMemAPI
+{
+public:
+    using Values = ChannelValues;
+    using StripValues = std::array<int, stripParameterCount>;
+
+    HostMemory();
+
+    int getValue(unsigned short parameter, unsigned short ch, int* value,
+                 unsigned short element) override;
+    int setValue(unsigned short parameter, unsigned short ch, int value, unsigned short element,
+                 int, int) override;
+    int getRange(unsigned short parameter, unsigned short ch, int* minimum, int* maximum) override;
+    int getDefault(unsigned short parameter, unsigned short ch, int* value) override;
+    int valueToString(unsigned short parameter, unsigned short ch, int value, char* buffer,
+                      int size) override;
+    int stringToValue(unsigned short parameter, unsigned short ch, const char* text,
+                      int* value) override;
+    /// Fails for an observer that is registered already: it is told of each write once.
+    int registerObserver(unsigned short parameter, unsigned short ch,
+                         IPrmObserver* observer) override;
+    /// Fails for an observer that is not registered.
+    int unregisterObserver(unsigned short parameter, unsigned short ch,
+                           IPrmObserver* observer) override;
+    int queryMeterNotifier(IMeterNotifier** notifier) override;
+
+    MeterNotifier& meters() { return m_meters; }
+    /// Who is told of changes; null for nobody. Not owned.
+    void setWriteListener(WriteListener* listener) { m_listener = listener; }
+
+    /// Every value of a channel's equalizer, by parameter index; \a ch must exist.
+    const Values& values(int ch) const { return m_channels[static_cast<std::size_t>(ch)].values; }
+    /// Writes every value of a channel's equalizer, notifying as setValue() does; \a ch must exist.
+    void write(int ch, const Values& values);
+    /// Writes every default of a channel's equalizer.
+    void reset(int ch);
+    /// A value of a channel's strip; \a ch must exist.
+    int strip(int ch, StripParameter parameter) const;
+    void setStrip(int ch, StripParameter parameter, int value);
+    int observerCount(unsigned short parameter, unsigned short ch) const;
+
+private:
+    struct Observers
+    {
+        std::vector<IPrmObserver*> list; // null where one left during a notification
+        int depth = 0;                   // notifications under way
+
+        void dropGaps();
+    };
+    static constexpr std::size_t placeCount = parameterCount + stripParameterCount;
+    struct Channel
+    {
+        Values values;
+        StripValues strip;
+        std::array<Observers, placeCount> observers;
+    };
+
+    static std::size_t placeOf(unsigned short parameter);
+    static bool exists(unsigned short parameter, unsigned short ch);
+    int& cell(unsigned short parameter, unsigned short ch);
+    Observers& observersOf(unsigned short parameter, unsigned short ch);
+    void notify(unsigned short parameter, unsigned short ch);
+
+    std::array<Channel, channelCount> m_channels;
+    MeterNotifier m_meters;
+    WriteListener* m_listener = nullptr;
+};

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "hosting/LibraryFile.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <cstring>
+#include <elf.h>
+#include <link.h>
+
+namespace {
+
+using Header = ElfW(Ehdr);
+using Segment = ElfW(Phdr);
+
+// Whether count items of the given size at offset lie inside the file. 64 bits hold the sum: the
+// format keeps count and size in 16 bits each.
+bool holds(const QFile& file, quint64 offset, quint64 count, quint64 size)
+{
+    const auto length = static_cast<quint64>(file.size());
+    return offset <= length && count * size <= length - offset;
+}
+
+bool readHeader(QFile& file, Header* header)
+{
+    return file.read(reinterpret_cast<char*>(header), sizeof *header) == sizeof *header;
+}
+
+bool segmentIsThere(QFile& file, const Header& header, int index)
+{
+    Segment segment;
+    const auto offset = static_cast<qint64>(header.e_phoff) + index * qint64(sizeof segment);
+    if (!file.seek(offset) ||
+        file.read(reinterpret_cast<char*>(&segment), sizeof segment) != sizeof segment)
+        return false;
+    return holds(file, segment.p_offset, 1, segment.p_filesz);
+}
+
+bool isComplete(QFile& file, const Header& header)
+{
+    if (!holds(file, header.e_shoff, header.e_shnum, header.e_shentsize) ||
+        !holds(file, header.e_phoff, header.e_phnum, header.e_phentsize))
+        return false;
+    for (int i = 0; i < header.e_phnum; ++i) {
+        if (!segmentIsThere(file, header, i))
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
+QString faultOfLibraryFile(const QString& file)
+{
+    const QFileInfo info(file);
+    if (!info.exists())
+        return QStringLiteral("does not exist");
+    if (!info.isFile())
+        return info.isDir() ? QStringLiteral("is a folder, not a library")
+                            : QStringLiteral("is no ordinary file");
+    QFile library(file);
+    if (!library.open(QIODevice::ReadOnly))
+        return QStringLiteral("cannot be read: %1").arg(library.errorString());
+    Header header = {};
+    const bool read = readHeader(library, &header);
+    if (std::memcmp(header.e_ident, ELFMAG, SELFMAG) != 0)
+        return QStringLiteral("is not a library");
+    if (!read || !isComplete(library, header))
+        return QStringLiteral("is a library that was cut short");
+    return QString();
+}

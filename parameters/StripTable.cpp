@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "parameters/StripTable.h"
+
+#include <QtGlobal>
+
+#include <algorithm>
+#include <cctype>
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+#include <span>
+
+namespace {
+
+constexpr std::string_view silence = "-inf";
+constexpr std::string_view sources[] = {"Test signal", "File",    "Input 1", "Input 2",
+                                        "Input 3",     "Input 4", "Input 5", "Input 6",
+                                        "Input 7",     "Input 8", "Off"};
+constexpr std::string_view widths[] = {"Mono", "Stereo"};
+constexpr std::string_view switches[] = {"Off", "On"};
+static_assert(std::size(sources) == SourceOff + 1);
+
+std::span<const std::string_view> namesOf(StripParameter parameter)
+{
+    if (parameter == StripParameter::Source)
+        return sources;
+    if (parameter == StripParameter::Stereo)
+        return widths;
+    return switches;
+}
+
+// A stretch of the fader: from a position down, levels fall by so many tenths a step.
+struct Stretch
+{
+    int top;
+    int tenthsAtTop;
+    int step;
+};
+constexpr Stretch stretches[] = {{400, 100, 1}, {200, -100, 2}, {100, -300, 5}, {40, -600, 10}};
+
+std::string lowered(std::string_view text)
+{
+    const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
+    while (!text.empty() && isBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back()))
+        text.remove_suffix(1);
+    std::string result(text);
+    std::transform(result.begin(), result.end(), result.begin(), [](char c) {
+        return static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    });
+    return result;
+}
+
+std::string formatLevel(int position)
+{
+    if (position == 0)
+        return std::string(silence);
+    const int tenths = stripLevelTenths(position);
+    const int size = std::abs(tenths);
+    const char* sign = tenths < 0 ? "-" : tenths > 0 ? "+" : "";
+    std::string text = sign;
+    text += std::to_string(size / 10);
+    text += '.';
+    text += std::to_string(size % 10);
+    return text;
+}
+
+int nearestPosition(double tenths)
+{
+    const auto distance = [tenths](int position) {
+        return std::abs(stripLevelTenths(position) - tenths);
+    };
+    int best = 1;
+    for (int position = 2; position <= highestLevel; ++position) {
+        if (distance(position) < distance(best))
+            best = position;
+    }
+    return tenths < stripLevelTenths(1) - 5 ? 0 : best;
+}
+
+std::optional<int> parseLevel(std::string text)
+{
+    if (text.ends_with("db"))
+        text = lowered(std::string_view(text).substr(0, text.size() - 2));
+    if (text == silence || text == "off")
+        return 0;
+    std::replace(text.begin(), text.end(), ',', '.');
+    const char* first = text.data() + (text.starts_with('+') ? 1 : 0);
+    const char* last = text.data() + text.size();
+    double decibels = 0.0;
+    const auto result = std::from_chars(first, last, decibels, std::chars_format::fixed);
+    if (result.ec != std::errc() || result.ptr != last || !std::isfinite(decibels))
+        return std::nullopt;
+    return nearestPosition(decibels * 10.0);
+}
+
+} // namespace
+
+constinit const std::array<StripEntry, stripParameterCount> stripTable = {{
+    {"source", QT_TRANSLATE_NOOP("Parameter", "Source"), 0, SourceOff, SourceTestSignal},
+    {"stereo", QT_TRANSLATE_NOOP("Parameter", "Mono/stereo"), 0, 1, 1},
+    {"equalizer", QT_TRANSLATE_NOOP("Parameter", "Equalizer on"), 0, 1, 1},
+    {"mute", QT_TRANSLATE_NOOP("Parameter", "Mute"), 0, 1, 0},
+    {"solo", QT_TRANSLATE_NOOP("Parameter", "Solo"), 0, 1, 0},
+    {"level", QT_TRANSLATE_NOOP("Parameter", "Level"), 0, highestLevel, unityLevel},
+}};
+
+std::optional<StripParameter> findStripParameter(unsigned short id)
+{
+    const int index = id - stripId(StripParameter{});
+    if (index < 0 || index >= static_cast<int>(stripParameterCount))
+        return std::nullopt;
+    return static_cast<StripParameter>(index);
+}
+
+std::optional<StripParameter> findStripParameter(std::string_view key)
+{
+    for (std::size_t i = 0; i < stripParameterCount; ++i) {
+        if (key == stripTable[i].key)
+            return static_cast<StripParameter>(i);
+    }
+    return std::nullopt;
+}
+
+std::optional<std::string> formatStrip(StripParameter parameter, int value)
+{
+    if (value < stripEntry(parameter).minimum || value > stripEntry(parameter).maximum)
+        return std::nullopt;
+    if (parameter == StripParameter::Level)
+        return formatLevel(value);
+    return std::string(namesOf(parameter)[static_cast<std::size_t>(value)]);
+}
+
+std::optional<int> parseStrip(StripParameter parameter, std::string_view text)
+{
+    const std::string wanted = lowered(text);
+    if (parameter == StripParameter::Level)
+        return parseLevel(wanted);
+    const auto names = namesOf(parameter);
+    const auto found = std::find_if(names.begin(), names.end(),
+                                    [&](std::string_view name) { return lowered(name) == wanted; });
+    if (found == names.end())
+        return std::nullopt;
+    return static_cast<int>(found - names.begin());
+}
+
+int stripLevelTenths(int position)
+{
+    Stretch stretch = stretches[0];
+    for (const Stretch& candidate : stretches) {
+        if (position <= candidate.top)
+            stretch = candidate;
+    }
+    return stretch.tenthsAtTop - (stretch.top - position) * stretch.step;
+}
+
+double stripGain(int position)
+{
+    return position <= 0 ? 0.0 : std::pow(10.0, stripLevelTenths(position) / 200.0);
+}

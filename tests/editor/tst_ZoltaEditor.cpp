@@ -1,0 +1,863 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/controls/ControlTesting.h"
+#include "tests/editor/EditorFixture.h"
+#include "tests/support/TestObject.h"
+#include "tests/support/TestStream.h"
+
+#include <QApplication>
+#include <QImage>
+#include <QSignalSpy>
+
+class tst_ZoltaEditor : public TestObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void slotsInOrder();
+    void basesInOrder();
+    void asConstructed();
+    void everyParameterReachesItsControls_data();
+    void everyParameterReachesItsControls();
+    void parametersAreBoundInOrder();
+    void missingParametersHideTheirArea_data();
+    void missingParametersHideTheirArea();
+    void missingParametersKeepTheirBinding();
+    void replacedMemoryIsLeftEvenByHiddenRows();
+    void modelWithoutDriveLeavesTheLampsAlone();
+    void detachingUnbindsEverything();
+    void theSameMemoryChangesNothing();
+    void naming4AsSecondOf3And3DoesNotRebind();
+    void channelsMakeStereoOrMono_data();
+    void channelsMakeStereoOrMono();
+    void withoutMemoryNoMetersAreShown();
+    void everythingFollowsTheChannel();
+    void lampsFollowTheSwitch();
+    void lampsStartAtTheHostsValue();
+    void typeDecidesWhetherThereIsAGain_data();
+    void typeDecidesWhetherThereIsAGain();
+    void typeRuleStartsAtTheHostsValue();
+    void pressingFlatResetsGainsAndTypes();
+    void pressingFlatWithABandOffKeepsItsType_data();
+    void pressingFlatWithABandOffKeepsItsType();
+    void holdingFlatResetsEverythingButDrive();
+    void releasingFlatInTimeLeavesTheRest();
+    void pressingFlatAgainRestartsTheTimer();
+    void flatWithoutMemoryOnlyRunsItsTimer();
+    void flatSkipsWhatTheHostRefuses();
+    void ticksOfOtherTimersResetNothing();
+    void doubleClickOpensTheTextEntry_data();
+    void doubleClickOpensTheTextEntry();
+    void doubleClickWithControlDoesNot();
+    void typeKnobsHaveNoTextEntry();
+    void wheelOnTheSwitch_data();
+    void wheelOnTheSwitch();
+    void wheelElsewhereIsTheControls();
+    void zoomButtonsZoomTheGraph();
+    void settingsHoldTheZoom();
+    void settingsWithANullZoomChangeNothing();
+    void settingsOfWrongTypesLeaveTheEditorUsable_data();
+    void settingsOfWrongTypesLeaveTheEditorUsable();
+    void identity();
+    void editorObservesNoParameterItself();
+    void componentFollowsTheChannel();
+    void sampleRateReachesTheGraph();
+};
+
+namespace {
+
+using Operation = TestHost::Operation;
+
+QStringList slotNames()
+{
+    QStringList names = {QStringLiteral("cleanDriveChange(bool)"),
+                         QStringLiteral("lowTypeChange(int)"),
+                         QStringLiteral("highTypeChange(int)"), QStringLiteral("beginFlat()"),
+                         QStringLiteral("endFlat()")};
+    const auto add = [&names](const char* band, std::initializer_list<const char*> fields) {
+        for (const char* field : fields)
+            names.append(QLatin1String(band) + QLatin1String(field) + QLatin1String("Drag(bool)"));
+    };
+    const auto outer = {"TypeKnob", "FrequencyKnob", "FrequencyText", "GainKnob", "GainText"};
+    const auto inner = {"QualityKnob",   "QualityText", "FrequencyKnob",
+                        "FrequencyText", "GainKnob",    "GainText"};
+    add("low", outer);
+    for (const char* band : {"middle1", "middle2", "middle3", "middle4"})
+        add(band, inner);
+    add("high", outer);
+    return names;
+}
+
+/// Whether the pair of pictures shows drive, clean, or something in between.
+QString lamps(const EditorFixture& fixture)
+{
+    QString shown;
+    for (const char* name : {"DriveOffLed", "DriveOnLed", "CleanOffLed", "CleanOnLed"})
+        shown += fixture.isShown(name) ? QLatin1Char('1') : QLatin1Char('0');
+    return shown;
+}
+
+const QString DriveLamps = QStringLiteral("0110");
+const QString CleanLamps = QStringLiteral("1001");
+
+/// Whether the gain of "Low" or "High" can be set, as its three widgets say.
+QString gain(const EditorFixture& fixture, const QByteArray& band)
+{
+    QString shown;
+    for (const char* name : {"GainKnob", "GainKnobDisable", "GainTextEdit"})
+        shown += fixture.isShown(band + name) ? QLatin1Char('1') : QLatin1Char('0');
+    return shown;
+}
+
+const QString WithGain = QStringLiteral("101");
+const QString WithoutGain = QStringLiteral("010");
+
+const QList<const char*> MeterPlaces = {"LedStereoMeterArea",          "InputStereoMeterBackground",
+                                        "OutputStereoMeterBackground", "LedMonoMeterArea",
+                                        "InputMonoMeterBackground",    "OutputMonoMeterBackground"};
+
+QString meterPlaces(const EditorFixture& fixture)
+{
+    QString shown;
+    for (const char* name : MeterPlaces)
+        shown += fixture.isShown(name) ? QLatin1Char('1') : QLatin1Char('0');
+    return shown;
+}
+
+QList<int> numbers(const std::vector<TestHost::Write>& writes)
+{
+    QList<int> list;
+    for (const TestHost::Write& write : writes)
+        list.append(write.name.mid(int(qstrlen("fx_rackfx_prm_"))).toInt());
+    return list;
+}
+
+/// Gives every parameter of channel 4 a value other than its default, and binds it.
+void unflatten(EditorFixture& fixture)
+{
+    for (const ParameterControls& parameter : AllParameters) {
+        const QByteArray name = TestHost::name(parameter.number);
+        const bool isSwitch = parameter.kind == ParameterControls::Button;
+        fixture.host.setDefault(name, isSwitch ? 0 : 7 + parameter.number % 3);
+        fixture.host.set(name, 4, isSwitch ? 1 : 50);
+    }
+    fixture.bind();
+    fixture.editor->setCh(4, 5);
+    fixture.host.resetLedger();
+}
+
+QWidget* flatButton(const EditorFixture& fixture) { return fixture.widget("FlatButton"); }
+
+QList<int> valuesOf(const TestHost& host, unsigned short ch)
+{
+    QList<int> values;
+    for (const ParameterControls& parameter : AllParameters)
+        values.append(host.value(TestHost::name(parameter.number), ch));
+    return values;
+}
+
+bool show(QWidget& window)
+{
+    window.show();
+    return QTest::qWaitForWindowActive(&window);
+}
+
+const QList<int> FlatOrder = {3, 7, 11, 15, 19, 23, 1, 21};
+const QList<int> HoldOrder = {25, 26, 4, 8,  12, 16, 20, 24, 3, 7, 11, 15, 19,
+                              23, 2,  6, 10, 14, 18, 22, 1,  5, 9, 13, 17, 21};
+
+} // namespace
+
+void tst_ZoltaEditor::slotsInOrder()
+{
+    const QMetaObject& type = ZoltaEditor::staticMetaObject;
+    QStringList names;
+    for (int i = type.methodOffset(); i < type.methodCount(); ++i) {
+        QCOMPARE(type.method(i).methodType(), QMetaMethod::Slot);
+        names.append(QString::fromLatin1(type.method(i).methodSignature()));
+    }
+    QCOMPARE(names.size(), 39);
+    QCOMPARE(names, slotNames());
+}
+
+void tst_ZoltaEditor::basesInOrder()
+{
+    EditorFixture fixture;
+    const auto* editor = reinterpret_cast<const char*>(fixture.editor.get());
+    const EffectEditor* base = fixture.editor.get();
+    const IPrmObserver* parameters = fixture.editor.get();
+    const IMeterObserver* meters = fixture.editor.get();
+    QCOMPARE(reinterpret_cast<const char*>(base), editor);
+    QVERIFY(reinterpret_cast<const char*>(parameters) > editor);
+    QVERIFY(reinterpret_cast<const char*>(meters) > reinterpret_cast<const char*>(parameters));
+    QVERIFY(fixture.host.callCount() == 0);
+}
+
+void tst_ZoltaEditor::asConstructed()
+{
+    const EditorFixture fixture;
+    for (const ParameterControls& parameter : AllParameters) {
+        QVERIFY(!fixture.area(parameter)->isHidden());
+        for (QWidget* control : fixture.controls(parameter))
+            QVERIFY(!controller(control)->isBound());
+    }
+    QVERIFY(!fixture.isShown("EqualizerSpectrumButton"));
+    QCOMPARE(lamps(fixture), DriveLamps);
+    QCOMPARE(gain(fixture, "Low"), WithGain);
+    QCOMPARE(gain(fixture, "High"), WithGain);
+    QCOMPARE(meterPlaces(fixture), QStringLiteral("111000"));
+}
+
+void tst_ZoltaEditor::everyParameterReachesItsControls_data()
+{
+    QTest::addColumn<int>("row");
+    for (int row = 0; row < int(AllParameters.size()); ++row)
+        QTest::newRow(AllParameters[std::size_t(row)].stem) << row;
+}
+
+void tst_ZoltaEditor::everyParameterReachesItsControls()
+{
+    QFETCH(int, row);
+    const ParameterControls& parameter = AllParameters[std::size_t(row)];
+    const QByteArray name = TestHost::name(parameter.number);
+    EditorFixture fixture;
+    fixture.bind();
+    fixture.editor->setCh(6, 7);
+    QVERIFY(!fixture.area(parameter)->isHidden());
+
+    const auto controls = fixture.controls(parameter);
+    // The graph watches the parameters of the bands.
+    QCOMPARE(fixture.host.observerCount(name, 6),
+             int(controls.size()) + (parameter.number <= 24 ? 1 : 0));
+    for (QWidget* widget : controls) {
+        const AbstractController* control = controller(widget);
+        QCOMPARE(control->memAPI(), fixture.host.memory());
+        QCOMPARE(control->parameter(), fixture.host.id(name));
+        QCOMPARE(control->ch(), static_cast<unsigned short>(6));
+        QCOMPARE(control->index(), static_cast<unsigned short>(0));
+        fixture.host.set(name, 6, 1);
+        QCOMPARE(control->value(), 1);
+    }
+}
+
+void tst_ZoltaEditor::parametersAreBoundInOrder()
+{
+    EditorFixture fixture;
+    fixture.bind();
+    QList<int> order;
+    for (const TestHost::Call& call : fixture.host.calls(Operation::RegisterObserver)) {
+        const int number = (call.parameter - 3000) / 13;
+        if (call.observer != static_cast<const IPrmObserver*>(fixture.graph()))
+            order.append(number);
+    }
+    order.erase(std::unique(order.begin(), order.end()), order.end());
+    QList<int> expected = {27, 25, 26};
+    for (int number = 1; number <= 24; ++number)
+        expected.append(number);
+    QCOMPARE(order, expected);
+}
+
+void tst_ZoltaEditor::missingParametersHideTheirArea_data()
+{
+    everyParameterReachesItsControls_data();
+}
+
+void tst_ZoltaEditor::missingParametersHideTheirArea()
+{
+    QFETCH(int, row);
+    const ParameterControls& missing = AllParameters[std::size_t(row)];
+    EditorFixture fixture;
+    fixture.host.removeParameter(TestHost::name(missing.number));
+    fixture.bind();
+    for (const ParameterControls& parameter : AllParameters)
+        QCOMPARE(fixture.area(parameter)->isHidden(), parameter.number == missing.number);
+    for (QWidget* control : fixture.controls(missing))
+        QVERIFY(!controller(control)->isBound());
+}
+
+void tst_ZoltaEditor::missingParametersKeepTheirBinding()
+{
+    EditorFixture fixture;
+    TestHost lesser;
+    lesser.removeParameter("fx_rackfx_prm_10");
+    fixture.bind();
+    fixture.editor->setModelInfo(lesser.model());
+    fixture.editor->setCh(2, 3);
+
+    QVERIFY(!fixture.isShown("Middle2FrequencyArea"));
+    for (const char* name : {"Middle2FrequencyKnob", "Middle2FrequencyTextEdit"}) {
+        const AbstractController* control = controller(fixture.widget(name));
+        QCOMPARE(control->memAPI(), fixture.host.memory());
+        QCOMPARE(control->ch(), static_cast<unsigned short>(0));
+    }
+    QCOMPARE(controller(fixture.widget("Middle2GainKnob"))->ch(), static_cast<unsigned short>(2));
+
+    fixture.editor->setModelInfo(fixture.host.model());
+    fixture.editor->setCh(3, 4);
+    QVERIFY(fixture.isShown("Middle2FrequencyArea"));
+    QCOMPARE(controller(fixture.widget("Middle2FrequencyKnob"))->ch(),
+             static_cast<unsigned short>(3));
+}
+
+void tst_ZoltaEditor::replacedMemoryIsLeftEvenByHiddenRows()
+{
+    EditorFixture fixture;
+    fixture.bind();
+    TestHost lesser;
+    lesser.removeParameter("fx_rackfx_prm_10");
+    fixture.editor->setModelInfo(lesser.model());
+    fixture.editor->setMemAPI(lesser.memory());
+    QCOMPARE(fixture.host.observerCount(), 0);
+    QCOMPARE(fixture.host.meterObserverCount(), 0);
+    QCOMPARE(lesser.meterObserverCount(), 1);
+    QVERIFY(!controller(fixture.widget("Middle2FrequencyKnob"))->isBound());
+    fixture.editor.reset();
+}
+
+void tst_ZoltaEditor::modelWithoutDriveLeavesTheLampsAlone()
+{
+    EditorFixture fixture;
+    fixture.host.removeParameter("fx_rackfx_prm_27");
+    fixture.bind();
+    QVERIFY(!fixture.isShown("DriveCleanSwitch"));
+    QCOMPARE(lamps(fixture), DriveLamps);
+
+    EditorFixture clean;
+    TestHost lesser;
+    lesser.removeParameter("fx_rackfx_prm_27");
+    clean.bind();
+    QCOMPARE(lamps(clean), CleanLamps);
+    clean.editor->setModelInfo(lesser.model());
+    clean.editor->setCh(1, 2);
+    QVERIFY(!clean.isShown("DriveCleanSwitch"));
+    QCOMPARE(lamps(clean), CleanLamps);
+}
+
+void tst_ZoltaEditor::detachingUnbindsEverything()
+{
+    EditorFixture fixture;
+    fixture.bind();
+    fixture.editor->setCh(2, 2);
+    fixture.editor->setMemAPI(nullptr);
+    QCOMPARE(fixture.host.observerCount(), 0);
+    QCOMPARE(fixture.host.meterObserverCount(), 0);
+    for (const ParameterControls& parameter : AllParameters) {
+        QVERIFY(fixture.area(parameter)->isHidden());
+        for (QWidget* control : fixture.controls(parameter))
+            QVERIFY(!controller(control)->memAPI());
+    }
+    fixture.host.resetLedger();
+    fixture.editor->grab();
+    fixture.editor->setCh(4, 5);
+    QCOMPARE(fixture.host.count(Operation::GetValue), 0);
+
+    fixture.bind();
+    QCOMPARE(fixture.host.meterObserverCount(), 1);
+    for (const ParameterControls& parameter : AllParameters)
+        QVERIFY(!fixture.area(parameter)->isHidden());
+}
+
+void tst_ZoltaEditor::theSameMemoryChangesNothing()
+{
+    EditorFixture fixture;
+    fixture.editor->setMemAPI(nullptr);
+    QVERIFY(!fixture.area(AllParameters[0])->isHidden());
+    fixture.bind();
+    fixture.host.resetLedger();
+    fixture.bind();
+    QCOMPARE(fixture.host.callCount(), 0);
+    QCOMPARE(fixture.host.meterObserverCount(), 1);
+}
+
+void tst_ZoltaEditor::naming4AsSecondOf3And3DoesNotRebind()
+{
+    EditorFixture fixture;
+    fixture.bind();
+    fixture.editor->setCh(3, 3);
+    QCOMPARE(fixture.host.observerCount("fx_rackfx_prm_25", 3), 2);
+    fixture.host.resetLedger();
+    fixture.editor->setCh(3, 4);
+    QCOMPARE(fixture.host.callCount(), 0);
+    fixture.editor->setCh(3, 5);
+    QVERIFY(fixture.host.callCount() > 0);
+}
+
+void tst_ZoltaEditor::channelsMakeStereoOrMono_data()
+{
+    QTest::addColumn<int>("ch");
+    QTest::addColumn<int>("ch2");
+    QTest::addColumn<bool>("stereo");
+
+    QTest::newRow("pair") << 2 << 3 << true;
+    QTest::newRow("equal") << 4 << 4 << true;
+    QTest::newRow("first two") << 0 << 0 << true;
+    QTest::newRow("mono") << 4 << -1 << false;
+    QTest::newRow("very mono") << 4 << -32768 << false;
+    QTest::newRow("no channel at all") << -1 << -1 << false;
+    QTest::newRow("second is the first of all") << 4 << 0 << true;
+}
+
+void tst_ZoltaEditor::channelsMakeStereoOrMono()
+{
+    QFETCH(int, ch);
+    QFETCH(int, ch2);
+    QFETCH(bool, stereo);
+    EditorFixture fixture;
+    fixture.bind();
+    fixture.editor->setCh(ch, ch2);
+    QCOMPARE(meterPlaces(fixture), stereo ? QStringLiteral("111000") : QStringLiteral("000111"));
+}
+
+void tst_ZoltaEditor::withoutMemoryNoMetersAreShown()
+{
+    EditorFixture fixture;
+    fixture.editor->setCh(4, -1);
+    QCOMPARE(meterPlaces(fixture), QStringLiteral("000000"));
+    fixture.bind();
+    QCOMPARE(meterPlaces(fixture), QStringLiteral("000111"));
+    fixture.editor->setMemAPI(nullptr);
+    QCOMPARE(meterPlaces(fixture), QStringLiteral("000000"));
+}
+
+void tst_ZoltaEditor::everythingFollowsTheChannel()
+{
+    EditorFixture fixture;
+    fixture.bind();
+    const int bound = fixture.host.observerCount();
+    QCOMPARE(bound, 24 + 45);
+    fixture.editor->setCh(5, -1);
+    QCOMPARE(fixture.host.observerCount(), bound);
+    for (const ParameterControls& parameter : AllParameters)
+        QCOMPARE(fixture.host.observerCount(TestHost::name(parameter.number), 0), 0);
+}
+
+void tst_ZoltaEditor::lampsFollowTheSwitch()
+{
+    EditorFixture fixture;
+    fixture.bind();
+    QCOMPARE(lamps(fixture), CleanLamps);
+    fixture.host.set("fx_rackfx_prm_27", 0, 1);
+    QCOMPARE(lamps(fixture), DriveLamps);
+    fixture.host.set("fx_rackfx_prm_27", 0, 0);
+    QCOMPARE(lamps(fixture), CleanLamps);
+    // The switch is thrown as the mouse goes down.
+    ControlTesting::press(*fixture.widget("DriveCleanSwitch"), QPointF(10, 10));
+    QCOMPARE(fixture.host.value("fx_rackfx_prm_27", 0), 1);
+    QCOMPARE(lamps(fixture), DriveLamps);
+    ControlTesting::release(*fixture.widget("DriveCleanSwitch"), QPointF(10, 10));
+    QCOMPARE(lamps(fixture), DriveLamps);
+}
+
+void tst_ZoltaEditor::lampsStartAtTheHostsValue()
+{
+    EditorFixture fixture;
+    fixture.host.set("fx_rackfx_prm_27", 3, 1);
+    fixture.bind();
+    QCOMPARE(lamps(fixture), CleanLamps);
+    fixture.editor->setCh(3, 4);
+    QCOMPARE(lamps(fixture), DriveLamps);
+    fixture.editor->setCh(4, 5);
+    QCOMPARE(lamps(fixture), CleanLamps);
+}
+
+void tst_ZoltaEditor::typeDecidesWhetherThereIsAGain_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<bool>("hasGain");
+    for (const int type : {-2, -1, 0, 1, 4, 5, 6, 100})
+        QTest::newRow(qPrintable(QString::number(type))) << type << false;
+    for (const int type : {2, 3})
+        QTest::newRow(qPrintable(QString::number(type))) << type << true;
+}
+
+void tst_ZoltaEditor::typeDecidesWhetherThereIsAGain()
+{
+    QFETCH(int, type);
+    QFETCH(bool, hasGain);
+    EditorFixture fixture;
+    fixture.bind();
+    for (const auto& [parameter, band] :
+         {std::pair("fx_rackfx_prm_1", "Low"), std::pair("fx_rackfx_prm_21", "High")}) {
+        fixture.host.set(parameter, 0, hasGain ? 0 : 3);
+        QCOMPARE(gain(fixture, band), hasGain ? WithoutGain : WithGain);
+        fixture.host.set(parameter, 0, type);
+        QCOMPARE(gain(fixture, band), hasGain ? WithGain : WithoutGain);
+    }
+}
+
+void tst_ZoltaEditor::typeRuleStartsAtTheHostsValue()
+{
+    EditorFixture fixture;
+    fixture.host.set("fx_rackfx_prm_1", 0, 1);
+    fixture.host.set("fx_rackfx_prm_21", 5, 0);
+    fixture.bind();
+    QCOMPARE(gain(fixture, "Low"), WithoutGain);
+    QCOMPARE(gain(fixture, "High"), WithGain);
+    fixture.editor->setCh(5, 6);
+    QCOMPARE(gain(fixture, "Low"), WithGain);
+    QCOMPARE(gain(fixture, "High"), WithoutGain);
+}
+
+void tst_ZoltaEditor::pressingFlatResetsGainsAndTypes()
+{
+    EditorFixture fixture;
+    unflatten(fixture);
+    ControlTesting::press(*flatButton(fixture), QPointF(10, 10));
+    QCOMPARE(numbers(fixture.host.writes()), FlatOrder);
+    for (const TestHost::Call& call : fixture.host.calls(Operation::SetValue)) {
+        QCOMPARE(call.ch, static_cast<unsigned short>(4));
+        QCOMPARE(call.element, static_cast<unsigned short>(0));
+        QCOMPARE(call.trailing1, 0);
+        QCOMPARE(call.trailing2, 1);
+    }
+    for (const TestHost::Write& write : fixture.host.writes())
+        QCOMPARE(write.value, fixture.host.defaultValue(write.name, 4));
+    ControlTesting::release(*flatButton(fixture), QPointF(10, 10));
+    QCOMPARE(numbers(fixture.host.writes()), FlatOrder);
+}
+
+void tst_ZoltaEditor::pressingFlatWithABandOffKeepsItsType_data()
+{
+    QTest::addColumn<int>("low");
+    QTest::addColumn<int>("high");
+    QTest::addColumn<QList<int>>("types");
+    QTest::newRow("high off") << 1 << 0 << QList<int>{1};
+    QTest::newRow("low off") << 0 << 1 << QList<int>{21};
+    QTest::newRow("both off") << 0 << 0 << QList<int>();
+    QTest::newRow("on in an odd way") << -3 << 9 << QList<int>({1, 21});
+}
+
+void tst_ZoltaEditor::pressingFlatWithABandOffKeepsItsType()
+{
+    QFETCH(int, low);
+    QFETCH(int, high);
+    QFETCH(QList<int>, types);
+    EditorFixture fixture;
+    unflatten(fixture);
+    fixture.host.set("fx_rackfx_prm_4", 4, low);
+    fixture.host.set("fx_rackfx_prm_24", 4, high);
+    QTest::mousePress(flatButton(fixture), Qt::LeftButton);
+    QCOMPARE(numbers(fixture.host.writes()), QList<int>({3, 7, 11, 15, 19, 23}) + types);
+}
+
+void tst_ZoltaEditor::holdingFlatResetsEverythingButDrive()
+{
+    EditorFixture fixture;
+    unflatten(fixture);
+    QTest::mousePress(flatButton(fixture), Qt::LeftButton);
+    const Timers timers = timersOf(fixture.editor.get());
+    QCOMPARE(timers.size(), 1);
+    QCOMPARE(timers.first().interval, 1000);
+    QCOMPARE(timers.first().timerType, Qt::CoarseTimer);
+
+    fixture.host.resetLedger();
+    fire(fixture.editor.get(), timers.first().timerId);
+    QCOMPARE(numbers(fixture.host.writes()), HoldOrder);
+    QVERIFY(timersOf(fixture.editor.get()).isEmpty());
+    for (const ParameterControls& parameter : AllParameters) {
+        const QByteArray name = TestHost::name(parameter.number);
+        QCOMPARE(fixture.host.value(name, 4) == fixture.host.defaultValue(name, 4),
+                 parameter.number != 27);
+    }
+    QTest::mouseRelease(flatButton(fixture), Qt::LeftButton);
+    QCOMPARE(numbers(fixture.host.writes()), HoldOrder);
+}
+
+void tst_ZoltaEditor::releasingFlatInTimeLeavesTheRest()
+{
+    EditorFixture fixture;
+    unflatten(fixture);
+    QTest::mousePress(flatButton(fixture), Qt::LeftButton);
+    const int timerId = timersOf(fixture.editor.get()).first().timerId;
+    QTest::mouseRelease(flatButton(fixture), Qt::LeftButton);
+    QVERIFY(timersOf(fixture.editor.get()).isEmpty());
+    const QList<int> values = valuesOf(fixture.host, 4);
+    fire(fixture.editor.get(), timerId);
+    QCOMPARE(valuesOf(fixture.host, 4), values);
+    QCOMPARE(fixture.host.value("fx_rackfx_prm_25", 4), 50);
+    QCOMPARE(fixture.host.value("fx_rackfx_prm_26", 4), 50);
+}
+
+void tst_ZoltaEditor::pressingFlatAgainRestartsTheTimer()
+{
+    EditorFixture fixture;
+    unflatten(fixture);
+    QVERIFY(QMetaObject::invokeMethod(fixture.editor.get(), "beginFlat"));
+    QVERIFY(QMetaObject::invokeMethod(fixture.editor.get(), "beginFlat"));
+    QCOMPARE(timersOf(fixture.editor.get()).size(), 1);
+    fire(fixture.editor.get(), timersOf(fixture.editor.get()).first().timerId);
+    QVERIFY(timersOf(fixture.editor.get()).isEmpty());
+    QVERIFY(QMetaObject::invokeMethod(fixture.editor.get(), "endFlat"));
+}
+
+void tst_ZoltaEditor::flatWithoutMemoryOnlyRunsItsTimer()
+{
+    EditorFixture fixture;
+    QTest::mousePress(flatButton(fixture), Qt::LeftButton);
+    QCOMPARE(timersOf(fixture.editor.get()).size(), 1);
+    fire(fixture.editor.get(), timersOf(fixture.editor.get()).first().timerId);
+    QVERIFY(timersOf(fixture.editor.get()).isEmpty());
+    QCOMPARE(fixture.host.callCount(), 0);
+
+    // Memory that goes while the button is held.
+    fixture.bind();
+    QVERIFY(QMetaObject::invokeMethod(fixture.editor.get(), "beginFlat"));
+    fixture.editor->setMemAPI(nullptr);
+    fixture.host.resetLedger();
+    fire(fixture.editor.get(), timersOf(fixture.editor.get()).first().timerId);
+    QCOMPARE(fixture.host.callCount(), 0);
+}
+
+void tst_ZoltaEditor::flatSkipsWhatTheHostRefuses()
+{
+    EditorFixture fixture;
+    unflatten(fixture);
+    fixture.host.failCall(Operation::GetDefault, 2);
+    fixture.host.failCall(Operation::FindParameter, 4);
+    fixture.host.failCall(Operation::SetValue, 3);
+    QTest::mousePress(flatButton(fixture), Qt::LeftButton);
+    // 7 had no default, 15 was not found, 19 was not taken.
+    QCOMPARE(numbers(fixture.host.writes()), QList<int>({3, 11, 23, 1, 21}));
+    QCOMPARE(fixture.host.value("fx_rackfx_prm_19", 4), 50);
+}
+
+void tst_ZoltaEditor::ticksOfOtherTimersResetNothing()
+{
+    EditorFixture fixture;
+    unflatten(fixture);
+    fire(fixture.editor.get(), 0);
+    fire(fixture.editor.get(), 999);
+    QCOMPARE(fixture.host.callCount(), 0);
+}
+
+void tst_ZoltaEditor::doubleClickOpensTheTextEntry_data()
+{
+    QTest::addColumn<QByteArray>("stem");
+    for (const ParameterControls& parameter : AllParameters) {
+        if (parameter.kind == ParameterControls::KnobAndText)
+            QTest::newRow(parameter.stem) << QByteArray(parameter.stem);
+    }
+}
+
+void tst_ZoltaEditor::doubleClickOpensTheTextEntry()
+{
+    QFETCH(QByteArray, stem);
+    EditorFixture fixture;
+    fixture.bind();
+    fixture.editor->setDialEditMode(2);
+    QVERIFY(show(*fixture.editor));
+    QWidget* text = fixture.widget(stem + "TextEdit");
+    QSignalSpy edits(text, SIGNAL(textEdit(bool)));
+    for (const ParameterControls& parameter : AllParameters) {
+        if (parameter.kind != ParameterControls::KnobAndText)
+            continue;
+        QWidget* knob = fixture.widget(QByteArray(parameter.stem) + "Knob");
+        if (stem != parameter.stem)
+            ControlTesting::doubleClick(*knob, QPointF(30, 30));
+    }
+    QCOMPARE(edits.count(), 0);
+    ControlTesting::doubleClick(*fixture.widget(stem + "Knob"), QPointF(30, 30), Qt::ShiftModifier);
+    QCOMPARE(edits.count(), 1);
+    QCOMPARE(edits.first().first().toBool(), true);
+}
+
+void tst_ZoltaEditor::doubleClickWithControlDoesNot()
+{
+    EditorFixture fixture;
+    fixture.bind();
+    QVERIFY(show(*fixture.editor));
+    QSignalSpy edits(fixture.widget("LowGainTextEdit"), SIGNAL(textEdit(bool)));
+    fixture.host.set("fx_rackfx_prm_3", 0, 77);
+    ControlTesting::doubleClick(*fixture.widget("LowGainKnob"), QPointF(30, 30),
+                                Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(edits.count(), 0);
+    ControlTesting::doubleClick(*fixture.widget("LowGainKnob"), QPointF(30, 30),
+                                Qt::ControlModifier);
+    QCOMPARE(edits.count(), 0);
+    // It is the knob's own reset.
+    QCOMPARE(fixture.host.value("fx_rackfx_prm_3", 0), 0);
+}
+
+void tst_ZoltaEditor::typeKnobsHaveNoTextEntry()
+{
+    EditorFixture fixture;
+    fixture.bind();
+    QVERIFY(show(*fixture.editor));
+    for (const char* name : {"LowTypeKnob", "HighTypeKnob"}) {
+        ControlTesting::doubleClick(*fixture.widget(name), QPointF(30, 30));
+        for (auto* text : fixture.editor->findChildren<TextEditController*>())
+            QVERIFY(!text->findChild<QWidget*>() || text->findChild<QWidget*>()->isHidden());
+    }
+}
+
+void tst_ZoltaEditor::wheelOnTheSwitch_data()
+{
+    QTest::addColumn<QPoint>("angle");
+    QTest::addColumn<bool>("inverted");
+    QTest::addColumn<int>("on"); // 1 on, 0 off, -1 as it was
+
+    QTest::newRow("notch up") << QPoint(0, 120) << false << 1;
+    QTest::newRow("notch down") << QPoint(0, -120) << false << 0;
+    QTest::newRow("many up") << QPoint(0, 960) << false << 1;
+    QTest::newRow("less than a notch up") << QPoint(0, 119) << false << -1;
+    QTest::newRow("less than a notch down") << QPoint(0, -119) << false << -1;
+    QTest::newRow("sideways") << QPoint(120, 0) << false << 1;
+    QTest::newRow("the larger counts, x") << QPoint(-240, 120) << false << 0;
+    QTest::newRow("the larger counts, y") << QPoint(-120, 240) << false << 1;
+    QTest::newRow("y when equal") << QPoint(-120, 120) << false << 1;
+    QTest::newRow("inverted up") << QPoint(0, 120) << true << 0;
+    QTest::newRow("inverted down") << QPoint(0, -120) << true << 1;
+    QTest::newRow("inverted little") << QPoint(0, -119) << true << -1;
+    QTest::newRow("nothing") << QPoint(0, 0) << false << -1;
+}
+
+void tst_ZoltaEditor::wheelOnTheSwitch()
+{
+    QFETCH(QPoint, angle);
+    QFETCH(bool, inverted);
+    QFETCH(int, on);
+    EditorFixture fixture;
+    fixture.bind();
+    QWidget* button = fixture.widget("DriveCleanSwitch");
+    for (const int before : {0, 1}) {
+        fixture.host.set("fx_rackfx_prm_27", 0, before);
+        fixture.host.resetLedger();
+        QVERIFY(ControlTesting::wheel(*button, angle, Qt::NoModifier, inverted));
+        const int after = on < 0 ? before : on;
+        QCOMPARE(fixture.host.value("fx_rackfx_prm_27", 0), after);
+        QCOMPARE(fixture.host.writes().size(), std::size_t(after == before ? 0 : 1));
+        QCOMPARE(lamps(fixture), after ? DriveLamps : CleanLamps);
+    }
+}
+
+void tst_ZoltaEditor::wheelElsewhereIsTheControls()
+{
+    EditorFixture fixture;
+    fixture.bind();
+    const int before = fixture.host.value("fx_rackfx_prm_3", 0);
+    ControlTesting::wheel(*fixture.widget("LowGainKnob"), QPoint(0, 120));
+    QVERIFY(fixture.host.value("fx_rackfx_prm_3", 0) > before);
+    QCOMPARE(fixture.host.value("fx_rackfx_prm_27", 0), 0);
+    ControlTesting::wheel(*fixture.widget("LowButton"), QPoint(0, -120));
+    QCOMPARE(fixture.host.value("fx_rackfx_prm_4", 0), 1);
+}
+
+void tst_ZoltaEditor::zoomButtonsZoomTheGraph()
+{
+    EditorFixture fixture;
+    QTest::mouseClick(fixture.widget("ZoomPlusButton"), Qt::LeftButton);
+    QCOMPARE(fixture.graph()->zoom(), 4);
+    QTest::mouseClick(fixture.widget("ZoomMinusButton"), Qt::LeftButton);
+    QTest::mouseClick(fixture.widget("ZoomMinusButton"), Qt::LeftButton);
+    QCOMPARE(fixture.graph()->zoom(), 2);
+}
+
+void tst_ZoltaEditor::settingsHoldTheZoom()
+{
+    using Settings = QMap<QString, QVariant>;
+    const EditorFixture fixture;
+    const QString zoom = QStringLiteral("GraphZoom");
+    QCOMPARE(fixture.editor->getEditorSettings(), (Settings{{zoom, 3}}));
+    fixture.editor->setEditorSettings({{zoom, 6}, {QStringLiteral("Spectrum"), true}});
+    QCOMPARE(fixture.editor->getEditorSettings(), (Settings{{zoom, 6}}));
+    fixture.editor->setEditorSettings({});
+    fixture.editor->setEditorSettings({{QStringLiteral("graphzoom"), 1}});
+    QCOMPARE(fixture.editor->getEditorSettings(), (Settings{{zoom, 6}}));
+    fixture.editor->setEditorSettings({{zoom, QStringLiteral("2")}});
+    QCOMPARE(fixture.editor->getEditorSettings(), (Settings{{zoom, 2}}));
+}
+
+void tst_ZoltaEditor::settingsWithANullZoomChangeNothing()
+{
+    const EditorFixture fixture;
+    fixture.editor->setEditorSettings({{QStringLiteral("GraphZoom"), 5}});
+    fixture.editor->setEditorSettings({{QStringLiteral("GraphZoom"), QVariant()}});
+    QCOMPARE(fixture.graph()->zoom(), 5);
+    fixture.editor->setEditorSettings(
+        {{QStringLiteral("GraphZoom"), QVariant(QMetaType::fromType<int>())}});
+    QCOMPARE(fixture.graph()->zoom(), 5);
+}
+
+void tst_ZoltaEditor::settingsOfWrongTypesLeaveTheEditorUsable_data()
+{
+    QTest::addColumn<QVariant>("value");
+    QTest::newRow("word") << QVariant(QStringLiteral("far"));
+    QTest::newRow("list") << QVariant(QVariantList{1, 2});
+    QTest::newRow("negative") << QVariant(-1);
+    QTest::newRow("too large") << QVariant(7);
+    QTest::newRow("huge") << QVariant(Q_INT64_C(1) << 62);
+    QTest::newRow("fraction") << QVariant(2.4);
+    QTest::newRow("bytes") << QVariant(QByteArray("\0\1\2", 3));
+    QTest::newRow("rectangle") << QVariant(QRect(1, 2, 3, 4));
+}
+
+void tst_ZoltaEditor::settingsOfWrongTypesLeaveTheEditorUsable()
+{
+    QFETCH(QVariant, value);
+    EditorFixture fixture;
+    fixture.bind();
+    fixture.editor->setEditorSettings({{QStringLiteral("GraphZoom"), value}});
+    QVERIFY(fixture.graph()->zoom() >= 0 && fixture.graph()->zoom() <= 6);
+    QVERIFY(!fixture.editor->grab().isNull());
+}
+
+void tst_ZoltaEditor::identity()
+{
+    const EditorFixture fixture;
+    const Steinberg::FUID expected(0x56535464, 0x78704265, 0x7175616C, 0x697A6572);
+    QVERIFY(fixture.editor->uid() == expected);
+    std::vector<Steinberg::FUID> uids(2);
+    fixture.editor->loadUids(uids);
+    QCOMPARE(uids.size(), std::size_t(3));
+    QVERIFY(uids[2] == expected);
+    QVERIFY(!(uids[0] == expected));
+}
+
+void tst_ZoltaEditor::editorObservesNoParameterItself()
+{
+    EditorFixture fixture;
+    fixture.bind();
+    for (const ParameterControls& parameter : AllParameters)
+        QVERIFY(
+            !fixture.host.isObserving(fixture.editor.get(), TestHost::name(parameter.number), 0));
+    fixture.host.resetLedger();
+    QCOMPARE(fixture.editor->Update(3000, 0, 5, "5"), 0);
+    QCOMPARE(fixture.editor->UpdateProperty(3000, 0, 1, 2, 3, true, nullptr), 0);
+    QCOMPARE(fixture.host.callCount(), 0);
+}
+
+void tst_ZoltaEditor::componentFollowsTheChannel()
+{
+    EditorFixture fixture;
+    fixture.bind();
+    fixture.editor->setCh(6, 7);
+    fixture.host.resetLedger();
+    TestStream stream;
+    QCOMPARE(fixture.editor->getVstComponent()->getState(&stream), Steinberg::kResultOk);
+    const auto reads = fixture.host.calls(Operation::GetValue);
+    QCOMPARE(reads.size(), std::size_t(27));
+    for (const TestHost::Call& call : reads)
+        QCOMPARE(call.ch, static_cast<unsigned short>(6));
+}
+
+void tst_ZoltaEditor::sampleRateReachesTheGraph()
+{
+    EditorFixture fixture;
+    fixture.host.set("fx_rackfx_prm_22", 0, 1190);
+    fixture.host.set("fx_rackfx_prm_23", 0, 100);
+    fixture.bind();
+    const auto picture = [&fixture] {
+        QImage image(fixture.graph()->size(), QImage::Format_RGB32);
+        image.fill(Qt::black);
+        fixture.graph()->render(&image);
+        return image;
+    };
+    fixture.editor->setFs(44100);
+    const QImage low = picture();
+    fixture.editor->setFs(192000);
+    QVERIFY(picture() != low);
+    fixture.editor->setFs(44100);
+    QCOMPARE(picture(), low);
+}
+
+ZOLTA_TEST_MAIN(tst_ZoltaEditor)
+#include "tst_ZoltaEditor.moc"

@@ -1,0 +1,628 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "effect/EffectEditor.h"
+
+#include "controls/KnobController.h"
+#include "controls/TextEditController.h"
+#include "effect/WidgetScale.h"
+#include "interfaces/IModelInfo.h"
+#include "tests/effect/PlainEditor.h"
+#include "tests/support/TestObject.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QScrollArea>
+#include <QScrollBar>
+
+#include <limits>
+
+using CommonController_MemAPI::KnobController;
+using CommonController_MemAPI::TextEditController;
+
+namespace {
+
+/// A model with one parameter, "gain", and one meter, "level". Every look-up writes its outputs
+/// even when it fails, unless it is told to leave them.
+class OneOfEach : public IModelInfo
+{
+public:
+    void getChannelEntry(unsigned short*, unsigned short*, unsigned int) override {}
+    unsigned short getChannelCount() override { return 0; }
+
+    bool findParameter(unsigned short* index, const char* name) override
+    {
+        write(index, 5);
+        return qstrcmp(name, "gain") == 0;
+    }
+
+    bool getParameterAddress(unsigned short* parameter, unsigned short* second,
+                             unsigned short index) override
+    {
+        askedIndex = index;
+        write(parameter, 1234);
+        write(second, 56);
+        return addressKnown;
+    }
+
+    bool findMeter(unsigned short* index, const char* name) override
+    {
+        write(index, 7);
+        return qstrcmp(name, "level") == 0;
+    }
+
+    bool getMeterRange(unsigned short* first, unsigned short* channels,
+                       unsigned short index) override
+    {
+        askedIndex = index;
+        write(first, base);
+        write(channels, count);
+        return rangeKnown;
+    }
+
+    unsigned short base = 10;
+    unsigned short count = 2;
+    bool addressKnown = true;
+    bool rangeKnown = true;
+    bool writes = true;
+    int askedIndex = -1;
+
+private:
+    void write(unsigned short* output, unsigned short value) const
+    {
+        if (writes)
+            *output = value;
+    }
+};
+
+/// A label that goes back to a font in points whenever it is given a style.
+class PointLabel : public QLabel
+{
+public:
+    using QLabel::QLabel;
+
+protected:
+    void changeEvent(QEvent* event) override
+    {
+        if (event->type() == QEvent::StyleChange)
+            setFont(QFont(QStringLiteral("M+ 1c"), 13));
+        QLabel::changeEvent(event);
+    }
+};
+
+/// Notes the zoom factor that it sees while it is resized.
+class ScaleWitness : public QWidget
+{
+public:
+    using QWidget::QWidget;
+    double seen = std::numeric_limits<double>::quiet_NaN();
+
+protected:
+    void resizeEvent(QResizeEvent*) override { seen = getWidgetScale(this); }
+};
+
+QFont pixelFont(int size)
+{
+    QFont font(QStringLiteral("M+ 1c"));
+    font.setPixelSize(size);
+    return font;
+}
+
+QList<QWidget*> widgetsOf(const QList<EffectEditor::WidgetInformation>& list)
+{
+    QList<QWidget*> widgets;
+    for (const EffectEditor::WidgetInformation& information : list)
+        widgets.append(information.widget);
+    return widgets;
+}
+
+} // namespace
+
+class tst_EffectEditor : public TestObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void isAPlainChildWidget();
+    void answersNeutrally();
+
+    void parameterIsResolved();
+    void parameterOutputsMayBeNull();
+    void parameterLookUpStartsFromZero();
+    void unknownParameterLeavesTheOutputs_data();
+    void unknownParameterLeavesTheOutputs();
+
+    void meterIndexIsResolved_data();
+    void meterIndexIsResolved();
+    void meterIndexMayBeNull();
+    void unknownMeterLeavesTheOutput_data();
+    void unknownMeterLeavesTheOutput();
+
+    void initializeAppliesFontsStyleAndPalette();
+    void initializeRecordsWhatItApplied();
+
+    void informationIsInPreOrder();
+    void informationOfTheWidget();
+    void scrollAreaContributesItsContentOnly();
+    void scrollAreaWithoutContentContributesItself();
+
+    void setScaleRoundsGeometryAndTruncatesFonts();
+    void setScaleMovesTheEditorToo();
+    void setScaleRoundsTowardZero();
+    void setScaleTruncatesPointSizes();
+    void setScaleIsNotCumulative();
+    void setScaleWithoutInitializeStoresTheScale();
+    void setScaleLeavesLaterWidgets();
+    void setScaleIsStoredAfterTheWidgets();
+    void setScaleSurvivesExtremes_data();
+    void setScaleSurvivesExtremes();
+    void setScaleReachesTheControls();
+    void setScaleKeepsAnOpenTextEditorInPlace();
+    void setScaleIgnoresWhatIsNoNumber_data();
+    void setScaleIgnoresWhatIsNoNumber();
+
+    void childrenOutliveTheStyle();
+};
+
+void tst_EffectEditor::isAPlainChildWidget()
+{
+    QWidget parent;
+    PlainEditor editor(&parent);
+    QCOMPARE(editor.parentWidget(), &parent);
+    QVERIFY(!editor.isWindow());
+    QCOMPARE(editor.scale(), 1.0);
+    QCOMPARE(editor.metaObject()->className(), "EffectEditor");
+}
+
+void tst_EffectEditor::answersNeutrally()
+{
+    PlainEditor editor;
+    QLabel label(&editor);
+    editor.initialize();
+    const QRect geometry = label.geometry();
+    IVaskEffectEditor2& host = editor;
+    host.setStereo(true);
+    host.setFs(96000);
+    host.setOn(false);
+    host.setDialEditMode(1);
+    host.setSliderEditMode(-1);
+    host.setEditorSettings({{QStringLiteral("GraphZoom"), 2}});
+    QVERIFY(host.getEditorSettings().isEmpty());
+    QCOMPARE(host.scale(), 1.0);
+    QCOMPARE(label.geometry(), geometry);
+}
+
+void tst_EffectEditor::parameterIsResolved()
+{
+    PlainEditor editor;
+    OneOfEach model;
+    editor.setModelInfo(&model);
+    unsigned short parameter = 1;
+    unsigned short second = 2;
+    QVERIFY(editor.getParameter("gain", &parameter, &second));
+    QCOMPARE(model.askedIndex, 5);
+    QCOMPARE(parameter, 1234);
+    QCOMPARE(second, 56);
+}
+
+void tst_EffectEditor::parameterOutputsMayBeNull()
+{
+    PlainEditor editor;
+    OneOfEach model;
+    editor.setModelInfo(&model);
+    unsigned short parameter = 1;
+    unsigned short second = 2;
+    QVERIFY(editor.getParameter("gain", &parameter, nullptr));
+    QCOMPARE(parameter, 1234);
+    QVERIFY(editor.getParameter("gain", nullptr, &second));
+    QCOMPARE(second, 56);
+    QVERIFY(editor.getParameter("gain", nullptr, nullptr));
+}
+
+void tst_EffectEditor::parameterLookUpStartsFromZero()
+{
+    PlainEditor editor;
+    OneOfEach model;
+    model.writes = false;
+    editor.setModelInfo(&model);
+    unsigned short parameter = 1;
+    unsigned short second = 2;
+    QVERIFY(editor.getParameter("gain", &parameter, &second));
+    QCOMPARE(model.askedIndex, 0);
+    QCOMPARE(parameter, 0);
+    QCOMPARE(second, 0);
+}
+
+void tst_EffectEditor::unknownParameterLeavesTheOutputs_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<bool>("hasModel");
+    QTest::addColumn<bool>("addressKnown");
+    QTest::newRow("no model") << QByteArray("gain") << false << true;
+    QTest::newRow("no such name") << QByteArray("Gain") << true << true;
+    QTest::newRow("no address") << QByteArray("gain") << true << false;
+}
+
+void tst_EffectEditor::unknownParameterLeavesTheOutputs()
+{
+    QFETCH(QByteArray, name);
+    QFETCH(bool, hasModel);
+    QFETCH(bool, addressKnown);
+    PlainEditor editor;
+    OneOfEach model;
+    model.addressKnown = addressKnown;
+    editor.setModelInfo(hasModel ? &model : nullptr);
+    unsigned short parameter = 1;
+    unsigned short second = 2;
+    QVERIFY(!editor.getParameter(name.constData(), &parameter, &second));
+    QCOMPARE(parameter, 1);
+    QCOMPARE(second, 2);
+}
+
+void tst_EffectEditor::meterIndexIsResolved_data()
+{
+    QTest::addColumn<int>("base");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<int>("ch");
+    QTest::addColumn<bool>("second");
+    QTest::addColumn<int>("index");
+    QTest::newRow("first of the first") << 10 << 2 << 0 << false << 10;
+    QTest::newRow("second of the first") << 10 << 2 << 0 << true << 11;
+    QTest::newRow("second of the second") << 10 << 2 << 1 << true << 13;
+    QTest::newRow("wraps at 16 bits") << 65535 << 2 << 1 << true << 2;
+    QTest::newRow("wraps by the channel") << 0 << 65535 << 65534 << true << 65533;
+}
+
+void tst_EffectEditor::meterIndexIsResolved()
+{
+    QFETCH(int, base);
+    QFETCH(int, count);
+    QFETCH(int, ch);
+    QFETCH(bool, second);
+    PlainEditor editor;
+    OneOfEach model;
+    model.base = static_cast<unsigned short>(base);
+    model.count = static_cast<unsigned short>(count);
+    editor.setModelInfo(&model);
+    unsigned short index = 99;
+    QVERIFY(editor.getMeterIndex("level", static_cast<unsigned short>(ch), second, &index));
+    QTEST(int(index), "index");
+    QCOMPARE(model.askedIndex, 7);
+}
+
+void tst_EffectEditor::meterIndexMayBeNull()
+{
+    PlainEditor editor;
+    OneOfEach model;
+    editor.setModelInfo(&model);
+    QVERIFY(editor.getMeterIndex("level", 1, true, nullptr));
+}
+
+void tst_EffectEditor::unknownMeterLeavesTheOutput_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<bool>("hasModel");
+    QTest::addColumn<bool>("rangeKnown");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<int>("ch");
+    QTest::newRow("no model") << QByteArray("level") << false << true << 2 << 1;
+    QTest::newRow("no such name") << QByteArray("x") << true << true << 2 << 1;
+    QTest::newRow("no range") << QByteArray("level") << true << false << 2 << 1;
+    QTest::newRow("channel beyond") << QByteArray("level") << true << true << 1 << 1;
+    QTest::newRow("no channels") << QByteArray("level") << true << true << 0 << 0;
+    QTest::newRow("channel -1") << QByteArray("level") << true << true << 65535 << -1;
+}
+
+void tst_EffectEditor::unknownMeterLeavesTheOutput()
+{
+    QFETCH(QByteArray, name);
+    QFETCH(bool, hasModel);
+    QFETCH(bool, rangeKnown);
+    QFETCH(int, count);
+    QFETCH(int, ch);
+    PlainEditor editor;
+    OneOfEach model;
+    model.rangeKnown = rangeKnown;
+    model.count = static_cast<unsigned short>(count);
+    editor.setModelInfo(hasModel ? &model : nullptr);
+    unsigned short index = 99;
+    QVERIFY(!editor.getMeterIndex(name.constData(), static_cast<unsigned short>(ch), true, &index));
+    QCOMPARE(index, 99);
+}
+
+void tst_EffectEditor::initializeAppliesFontsStyleAndPalette()
+{
+    PlainEditor editor;
+    QLabel label(&editor);
+    QMenu menu(&label);
+    label.setFont(QFont(QStringLiteral("M+ 1c medium"), 10));
+    QPalette palette;
+    palette.setColor(QPalette::Disabled, QPalette::Text, Qt::cyan);
+    editor.setPalette(palette);
+    editor.initialize();
+    QCOMPARE(label.font().family(), QLatin1String("M+ 1c"));
+    QCOMPARE(label.font().styleName(), QLatin1String("Medium"));
+    QCOMPARE(label.font().pixelSize(), 13);
+    QVERIFY(qobject_cast<EffectStyle*>(editor.style()));
+    QCOMPARE(label.style(), editor.style());
+    QCOMPARE(menu.style(), editor.style());
+    QCOMPARE(menu.palette().color(QPalette::Disabled, QPalette::Text), QColor(Qt::cyan));
+}
+
+void tst_EffectEditor::initializeRecordsWhatItApplied()
+{
+    PlainEditor editor;
+    editor.setGeometry(0, 0, 100, 50);
+    QLabel label(&editor);
+    label.setFont(QFont(QStringLiteral("M+ 1c bold"), 10));
+    label.setGeometry(10, 10, 40, 20);
+    editor.initialize();
+    label.setGeometry(1, 2, 3, 4);
+    label.setFont(pixelFont(50));
+    editor.setScale(1.0);
+    QCOMPARE(editor.geometry(), QRect(0, 0, 100, 50));
+    QCOMPARE(label.geometry(), QRect(10, 10, 40, 20));
+    QCOMPARE(label.font().pixelSize(), 13);
+}
+
+void tst_EffectEditor::informationIsInPreOrder()
+{
+    QWidget top;
+    QWidget first(&top);
+    QObject notAWidget(&top);
+    QWidget firstOfFirst(&first);
+    QWidget second(&top);
+    QWidget secondOfFirst(&first);
+    QList<EffectEditor::WidgetInformation> list;
+    getWidgetInformationList(&top, &list);
+    const QList<QWidget*> expected{&top, &first, &firstOfFirst, &secondOfFirst, &second};
+    QCOMPARE(widgetsOf(list), expected);
+}
+
+void tst_EffectEditor::informationOfTheWidget()
+{
+    QLabel inPixels;
+    inPixels.setGeometry(1, 2, 30, 40);
+    inPixels.setFont(pixelFont(9));
+    QLabel inPoints(&inPixels);
+    inPoints.setGeometry(-5, 6, 70, 80);
+    inPoints.setFont(QFont(QStringLiteral("M+ 1c"), 8));
+    QList<EffectEditor::WidgetInformation> list;
+    getWidgetInformationList(&inPixels, &list);
+    QCOMPARE(list.size(), 2);
+    QCOMPARE(list[0].geometry, QRect(1, 2, 30, 40));
+    QCOMPARE(list[0].pointSize, -1);
+    QCOMPARE(list[0].pixelSize, 9);
+    QCOMPARE(list[1].geometry, QRect(-5, 6, 70, 80));
+    QCOMPARE(list[1].pointSize, 8);
+    QCOMPARE(list[1].pixelSize, -1);
+}
+
+void tst_EffectEditor::scrollAreaContributesItsContentOnly()
+{
+    QWidget top;
+    QScrollArea area(&top);
+    auto* content = new QWidget;
+    area.setWidget(content);
+    QWidget inside(content);
+    QWidget after(&top);
+    QVERIFY(area.findChild<QScrollBar*>());
+    QList<EffectEditor::WidgetInformation> list;
+    getWidgetInformationList(&top, &list);
+    const QList<QWidget*> expected{&top, &area, content, &inside, &after};
+    QCOMPARE(widgetsOf(list), expected);
+}
+
+void tst_EffectEditor::scrollAreaWithoutContentContributesItself()
+{
+    QScrollArea area;
+    QList<EffectEditor::WidgetInformation> list;
+    getWidgetInformationList(&area, &list);
+    QCOMPARE(widgetsOf(list), QList<QWidget*>{&area});
+}
+
+void tst_EffectEditor::setScaleRoundsGeometryAndTruncatesFonts()
+{
+    PlainEditor editor;
+    QLabel label(&editor);
+    label.setGeometry(10, 10, 21, 21);
+    label.setFont(pixelFont(13));
+    editor.initialize();
+    editor.setScale(1.5);
+    QCOMPARE(label.geometry(), QRect(15, 15, 32, 32));
+    QCOMPARE(label.font().pixelSize(), 19);
+    QCOMPARE(editor.scale(), 1.5);
+}
+
+void tst_EffectEditor::setScaleMovesTheEditorToo()
+{
+    QWidget parent;
+    PlainEditor editor(&parent);
+    editor.setGeometry(7, 9, 101, 55);
+    editor.initialize();
+    editor.setScale(0.5);
+    QCOMPARE(editor.geometry(), QRect(4, 5, 51, 28));
+}
+
+void tst_EffectEditor::setScaleRoundsTowardZero()
+{
+    PlainEditor editor;
+    QLabel label(&editor);
+    label.setGeometry(-10, -3, 11, 13);
+    editor.initialize();
+    editor.setScale(1.5);
+    QCOMPARE(label.geometry(), QRect(-14, -4, 17, 20));
+    editor.setScale(1.0);
+    QCOMPARE(label.geometry(), QRect(-9, -2, 11, 13));
+}
+
+void tst_EffectEditor::setScaleTruncatesPointSizes()
+{
+    PlainEditor editor;
+    PointLabel label(&editor);
+    editor.initialize();
+    QCOMPARE(label.font().pointSize(), 13);
+    editor.setScale(1.5);
+    QCOMPARE(label.font().pointSize(), 19);
+    editor.setScale(0.01);
+    QCOMPARE(label.font().pointSize(), 1);
+}
+
+void tst_EffectEditor::setScaleIsNotCumulative()
+{
+    PlainEditor editor;
+    editor.setGeometry(3, 5, 333, 222);
+    QLabel label(&editor);
+    label.setGeometry(11, 13, 17, 19);
+    label.setFont(pixelFont(13));
+    editor.initialize();
+    for (double scale : {2.0, 0.3, 1.7, 1.7, 1.0})
+        editor.setScale(scale);
+    QCOMPARE(editor.geometry(), QRect(3, 5, 333, 222));
+    QCOMPARE(label.geometry(), QRect(11, 13, 17, 19));
+    QCOMPARE(label.font().pixelSize(), 13);
+}
+
+void tst_EffectEditor::setScaleWithoutInitializeStoresTheScale()
+{
+    PlainEditor editor;
+    editor.setGeometry(10, 20, 30, 40);
+    editor.setScale(2.0);
+    QCOMPARE(editor.scale(), 2.0);
+    QCOMPARE(editor.geometry(), QRect(10, 20, 30, 40));
+}
+
+void tst_EffectEditor::setScaleLeavesLaterWidgets()
+{
+    PlainEditor editor;
+    editor.initialize();
+    QLabel late(&editor);
+    late.setGeometry(10, 20, 30, 40);
+    editor.setScale(2.0);
+    QCOMPARE(late.geometry(), QRect(10, 20, 30, 40));
+}
+
+void tst_EffectEditor::setScaleIsStoredAfterTheWidgets()
+{
+    PlainEditor editor;
+    editor.resize(100, 100);
+    ScaleWitness witness(&editor);
+    witness.resize(50, 50);
+    editor.initialize();
+    editor.show();
+    witness.seen = 0.0;
+    editor.setScale(2.0);
+    QCOMPARE(witness.size(), QSize(100, 100));
+    QCOMPARE(witness.seen, 1.0);
+    QCOMPARE(getWidgetScale(&witness), 2.0);
+}
+
+void tst_EffectEditor::setScaleSurvivesExtremes_data()
+{
+    QTest::addColumn<double>("scale");
+    QTest::newRow("0") << 0.0;
+    QTest::newRow("smallest") << std::numeric_limits<double>::denorm_min();
+    QTest::newRow("tiny") << 0.01;
+    QTest::newRow("negative") << -1.5;
+    QTest::newRow("int overflow") << 1e9;
+    QTest::newRow("largest") << std::numeric_limits<double>::max();
+    QTest::newRow("most negative") << std::numeric_limits<double>::lowest();
+}
+
+void tst_EffectEditor::setScaleSurvivesExtremes()
+{
+    QFETCH(double, scale);
+    QWidget parent;
+    PlainEditor editor(&parent);
+    editor.setGeometry(3, 5, 333, 222);
+    QLabel label(QStringLiteral("text"), &editor);
+    label.setGeometry(11, 13, 17, 19);
+    label.setFont(pixelFont(13));
+    editor.initialize();
+    editor.setScale(scale);
+    QCOMPARE(editor.scale(), scale);
+    QVERIFY(label.font().pixelSize() >= 1);
+    QVERIFY(label.width() >= 0 && label.height() >= 0);
+    editor.setScale(1.0);
+    QCOMPARE(editor.geometry(), QRect(3, 5, 333, 222));
+    QCOMPARE(label.geometry(), QRect(11, 13, 17, 19));
+    QCOMPARE(label.font().pixelSize(), 13);
+}
+
+void tst_EffectEditor::setScaleReachesTheControls()
+{
+    PlainEditor editor;
+    KnobController knob(new QWidget(&editor));
+    TextEditController text(&editor);
+    text.setGeometry(10, 10, 60, 20);
+    editor.initialize();
+    editor.setScale(1.5);
+    QCOMPARE(knob.scale(), 1.5);
+    QCOMPARE(text.scale(), 1.5);
+    QCOMPARE(text.geometry(), QRect(15, 15, 90, 30));
+    editor.setScale(0.25);
+    QCOMPARE(knob.scale(), 0.5);
+    KnobController late(&editor);
+    editor.setScale(2.0);
+    QCOMPARE(late.scale(), 1.0);
+}
+
+void tst_EffectEditor::setScaleKeepsAnOpenTextEditorInPlace()
+{
+    PlainEditor editor;
+    TextEditController text(&editor);
+    text.setGeometry(10, 10, 60, 20);
+    editor.initialize();
+    editor.show();
+    editor.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&editor));
+    text.edit();
+    const auto* inlineEditor = text.findChild<QLineEdit*>();
+    QVERIFY(inlineEditor->isVisible());
+    editor.setScale(1.5);
+    QCOMPARE(text.size(), QSize(90, 30));
+    QCOMPARE(inlineEditor->geometry(), text.rect());
+    QVERIFY(inlineEditor->isVisible());
+}
+
+void tst_EffectEditor::setScaleIgnoresWhatIsNoNumber_data()
+{
+    QTest::addColumn<double>("scale");
+    QTest::newRow("NaN") << std::numeric_limits<double>::quiet_NaN();
+    QTest::newRow("infinity") << std::numeric_limits<double>::infinity();
+    QTest::newRow("-infinity") << -std::numeric_limits<double>::infinity();
+}
+
+void tst_EffectEditor::setScaleIgnoresWhatIsNoNumber()
+{
+    QFETCH(double, scale);
+    PlainEditor editor;
+    QLabel label(&editor);
+    label.setGeometry(10, 10, 20, 20);
+    editor.initialize();
+    editor.setScale(1.5);
+    editor.setScale(scale);
+    QCOMPARE(editor.scale(), 1.5);
+    QCOMPARE(label.geometry(), QRect(15, 15, 30, 30));
+}
+
+// The style goes with the editor, before the widgets that Qt deletes after it; a widget that moved
+// elsewhere in time goes on with the application's style.
+void tst_EffectEditor::childrenOutliveTheStyle()
+{
+    auto* label = new QLabel(QStringLiteral("text"));
+    auto* editor = new PlainEditor;
+    label->setParent(editor);
+    new QMenu(editor);
+    editor->initialize();
+    editor->show();
+    label->setParent(nullptr);
+    delete editor;
+    QCOMPARE(label->style(), QApplication::style());
+    QVERIFY(!label->grab().isNull());
+    delete label;
+}
+
+ZOLTA_TEST_MAIN(tst_EffectEditor)
+
+#include "tst_EffectEditor.moc"

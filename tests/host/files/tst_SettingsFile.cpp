@@ -1,0 +1,267 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/files/SettingsFile.h"
+#include "tests/support/TestObject.h"
+
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+class tst_SettingsFile : public TestObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { cleanup(); }
+    void cleanup();
+    void standsWithTheUsersSettings();
+    void keepsMapsForTheNextRun();
+    void keepsEveryKindOfValue_data();
+    void keepsEveryKindOfValue();
+    void readingWritesNothing();
+    void withoutAFileMapsLastForTheRun();
+    void writesOnlyChanges();
+    void aMapCanBecomeEmpty();
+    void leavesNothingBesideTheFile();
+    void damagedFilesAreIgnoredAndKeptAside_data();
+    void damagedFilesAreIgnoredAndKeptAside();
+    void keepsEveryDamagedFile();
+    void startsAfreshAfterDamage();
+    void whatCannotBeReadIsLeftAlone();
+    void laterVersionsAreLeftAlone();
+    void saysWhatCannotBeWritten();
+
+private:
+    QString path() const { return m_folder->filePath(QStringLiteral("deep/down/editors.json")); }
+    void write(const QByteArray& bytes) const;
+    static QByteArray contentOf(const QString& file);
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+// Each test has an empty folder.
+void tst_SettingsFile::cleanup() { m_folder = std::make_unique<QTemporaryDir>(); }
+
+void tst_SettingsFile::write(const QByteArray& bytes) const
+{
+    QVERIFY(QDir().mkpath(QFileInfo(path()).path()));
+    QFile file(path());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(bytes), bytes.size());
+}
+
+QByteArray tst_SettingsFile::contentOf(const QString& name)
+{
+    QFile file(name);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+}
+
+void tst_SettingsFile::standsWithTheUsersSettings()
+{
+    QStandardPaths::setTestModeEnabled(true);
+    const QString file = SettingsFile::standardFile();
+    QCOMPARE(file, QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+                       QStringLiteral("/zolta/editors.json"));
+    QVERIFY(QDir::isAbsolutePath(file));
+    QStandardPaths::setTestModeEnabled(false);
+}
+
+void tst_SettingsFile::keepsMapsForTheNextRun()
+{
+    SettingsFile first;
+    QCOMPARE(first.open(path()), QString());
+    first.keep(0, {{QStringLiteral("GraphZoom"), 3}});
+    first.keep(7, {{QStringLiteral("GraphZoom"), 6}, {QStringLiteral("Other"), true}});
+    SettingsFile second;
+    QCOMPARE(second.open(path()), QString());
+    QCOMPARE(second.map(0), (SettingsFile::Map{{QStringLiteral("GraphZoom"), 3}}));
+    QCOMPARE(second.map(7), (SettingsFile::Map{{QStringLiteral("GraphZoom"), 6},
+                                               {QStringLiteral("Other"), true}}));
+    QCOMPARE(second.map(1), SettingsFile::Map());
+}
+
+void tst_SettingsFile::keepsEveryKindOfValue_data()
+{
+    QTest::addColumn<QVariant>("value");
+    QTest::newRow("integer") << QVariant(-12);
+    QTest::newRow("fraction") << QVariant(0.1);
+    QTest::newRow("truth") << QVariant(true);
+    QTest::newRow("text") << QVariant(QString::fromUtf8("\"日本語\" \\ \n"));
+    QTest::newRow("list") << QVariant(QVariantList{1, QStringLiteral("two"), 3.5});
+    QTest::newRow("map") << QVariant(QVariantMap{{QStringLiteral("a"), QStringLiteral("b")}});
+}
+
+void tst_SettingsFile::keepsEveryKindOfValue()
+{
+    QFETCH(const QVariant, value);
+    SettingsFile first;
+    first.open(path());
+    first.keep(2, {{QStringLiteral("key"), value}});
+    SettingsFile second;
+    QCOMPARE(second.open(path()), QString());
+    QCOMPARE(second.map(2).value(QStringLiteral("key")), value);
+}
+
+void tst_SettingsFile::readingWritesNothing()
+{
+    SettingsFile settings;
+    QCOMPARE(settings.open(path()), QString());
+    QCOMPARE(settings.map(0), SettingsFile::Map());
+    settings.keep(0, {});
+    QVERIFY(QDir(m_folder->path()).isEmpty());
+}
+
+void tst_SettingsFile::withoutAFileMapsLastForTheRun()
+{
+    SettingsFile settings;
+    settings.keep(4, {{QStringLiteral("GraphZoom"), 2}});
+    QCOMPARE(settings.map(4).value(QStringLiteral("GraphZoom")), QVariant(2));
+    QVERIFY(QDir(m_folder->path()).isEmpty());
+}
+
+void tst_SettingsFile::writesOnlyChanges()
+{
+    SettingsFile settings;
+    settings.open(path());
+    settings.keep(1, {{QStringLiteral("GraphZoom"), 1}});
+    QVERIFY(QFile::remove(path()));
+    settings.keep(1, {{QStringLiteral("GraphZoom"), 1}});
+    QVERIFY(!QFile::exists(path()));
+    settings.keep(1, {{QStringLiteral("GraphZoom"), 2}});
+    QVERIFY(QFile::exists(path()));
+}
+
+void tst_SettingsFile::aMapCanBecomeEmpty()
+{
+    SettingsFile first;
+    first.open(path());
+    first.keep(1, {{QStringLiteral("GraphZoom"), 1}});
+    first.keep(1, {});
+    SettingsFile second;
+    QCOMPARE(second.open(path()), QString());
+    QCOMPARE(second.map(1), SettingsFile::Map());
+}
+
+void tst_SettingsFile::leavesNothingBesideTheFile()
+{
+    SettingsFile settings;
+    settings.open(path());
+    for (int i = 0; i < 10; ++i)
+        settings.keep(1, {{QStringLiteral("GraphZoom"), i}});
+    QCOMPARE(QFileInfo(path()).dir().entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+             QStringList(QStringLiteral("editors.json")));
+}
+
+void tst_SettingsFile::damagedFilesAreIgnoredAndKeptAside_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("reason");
+    const auto row = [](const char* name, const QByteArray& bytes, const char* reason) {
+        QTest::newRow(name) << bytes << QString::fromLatin1(reason);
+    };
+    row("empty", "", "illegal value at byte 0");
+    row("text", "hello", "illegal value at byte 1");
+    row("zeros", QByteArray(100, '\0'), "illegal value at byte 1");
+    row("cut short", R"({"version": 1, "channels": {"0": {"GraphZo)",
+        "unterminated string at byte 43");
+    row("no map", "[1, 2]", "it is no settings file of version 1");
+    row("no version", R"({"channels": {}})", "it is no settings file of version 1");
+    row("version 0", R"({"version": 0, "channels": {}})", "it is no settings file of version 1");
+    row("no channels", R"({"version": 1})", "it holds no channels");
+    row("channels are a list", R"({"version": 1, "channels": []})", "it holds no channels");
+    row("channel beyond", R"({"version": 1, "channels": {"0": {"GraphZoom": 1}, "8": {}}})",
+        "it holds no settings of a channel \"8\"");
+    row("channel is no number", R"({"version": 1, "channels": {"one": {}}})",
+        "it holds no settings of a channel \"one\"");
+    row("channel is no map", R"({"version": 1, "channels": {"1": 3}})",
+        "it holds no settings of a channel \"1\"");
+    row("too long", QByteArray((1 << 20) + 1, ' '), "it is too long");
+}
+
+void tst_SettingsFile::damagedFilesAreIgnoredAndKeptAside()
+{
+    QFETCH(const QByteArray, bytes);
+    QFETCH(const QString, reason);
+    write(bytes);
+    SettingsFile settings;
+    QCOMPARE(settings.open(path()),
+             QStringLiteral("The editors' settings in %1 are damaged and ignored: %2. The file is "
+                            "kept as %1.damaged.")
+                 .arg(path(), reason));
+    for (int channel = 0; channel < 8; ++channel)
+        QCOMPARE(settings.map(channel), SettingsFile::Map());
+    QVERIFY(!QFile::exists(path()));
+    QCOMPARE(contentOf(path() + QStringLiteral(".damaged")), bytes);
+}
+
+void tst_SettingsFile::keepsEveryDamagedFile()
+{
+    for (const char* bytes : {"first", "second", "third"}) {
+        write(bytes);
+        SettingsFile().open(path());
+    }
+    QCOMPARE(contentOf(path() + QStringLiteral(".damaged")), QByteArray("first"));
+    QCOMPARE(contentOf(path() + QStringLiteral(".damaged-2")), QByteArray("second"));
+    QCOMPARE(contentOf(path() + QStringLiteral(".damaged-3")), QByteArray("third"));
+}
+
+void tst_SettingsFile::startsAfreshAfterDamage()
+{
+    write("damaged");
+    SettingsFile first;
+    QVERIFY(!first.open(path()).isEmpty());
+    first.keep(3, {{QStringLiteral("GraphZoom"), 5}});
+    SettingsFile second;
+    QCOMPARE(second.open(path()), QString());
+    QCOMPARE(second.map(3).value(QStringLiteral("GraphZoom")), QVariant(5));
+}
+
+void tst_SettingsFile::whatCannotBeReadIsLeftAlone()
+{
+    QVERIFY(QDir().mkpath(path())); // a folder of that name
+    SettingsFile settings;
+    const QString fault = settings.open(path());
+    QVERIFY2(fault.startsWith(
+                 QStringLiteral("The editors' settings in %1 cannot be read: ").arg(path())),
+             qPrintable(fault));
+    QString report;
+    settings.setReporter([&report](const QString& sentence) { report = sentence; });
+    settings.keep(0, {{QStringLiteral("GraphZoom"), 5}});
+    QCOMPARE(report, QString());
+    QCOMPARE(settings.map(0).value(QStringLiteral("GraphZoom")), QVariant(5));
+    QVERIFY(QFileInfo(path()).isDir());
+    QVERIFY(QDir(path()).isEmpty());
+}
+
+void tst_SettingsFile::laterVersionsAreLeftAlone()
+{
+    const QByteArray bytes = R"({"version": 2, "channels": {"0": {"GraphZoom": 1}}})";
+    write(bytes);
+    SettingsFile settings;
+    QCOMPARE(settings.open(path()),
+             QStringLiteral("The editors' settings in %1 cannot be read: it is no settings file of "
+                            "version 1.")
+                 .arg(path()));
+    settings.keep(0, {{QStringLiteral("GraphZoom"), 5}});
+    QCOMPARE(contentOf(path()), bytes);
+    QCOMPARE(QFileInfo(path()).dir().entryList(QDir::Files).size(), 1);
+}
+
+void tst_SettingsFile::saysWhatCannotBeWritten()
+{
+    QFile inTheWay(m_folder->filePath(QStringLiteral("deep")));
+    QVERIFY(inTheWay.open(QIODevice::WriteOnly));
+    SettingsFile settings;
+    QStringList reports;
+    settings.setReporter([&reports](const QString& sentence) { reports << sentence; });
+    QCOMPARE(settings.open(path()), QString());
+    settings.keep(0, {{QStringLiteral("GraphZoom"), 5}});
+    QCOMPARE(reports.size(), 1);
+    QVERIFY2(reports[0].startsWith(
+                 QStringLiteral("The editors' settings in %1 cannot be written: ").arg(path())),
+             qPrintable(reports[0]));
+}
+
+QTEST_GUILESS_MAIN(tst_SettingsFile)
+
+#include "tst_SettingsFile.moc"

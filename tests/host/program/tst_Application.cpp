@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Runs the program with windows inside the test, to see what it shows.
+#include "host/files/SessionFile.h"
+#include "host/program/Application.h"
+#include "host/window/EditorWindow.h"
+#include "host/window/MixerWindow.h"
+#include "tests/support/TestObject.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDir>
+#include <QMessageBox>
+#include <QTemporaryDir>
+
+#include <functional>
+
+class tst_Application : public TestObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void showsNoMessageWithoutAFault();
+    void showsThatTheSessionIsDamaged();
+    void showsThatTheEditorsSettingsAreDamaged();
+    void editorIsForAStrip_data();
+    void editorIsForAStrip();
+    void asksWhenTheSessionCannotBeSavedAtTheEnd();
+
+private:
+    int run(const QStringList& arguments, const std::function<void()>& act) const;
+    QStringList messages(const QStringList& arguments) const;
+    QString write(const QString& name, const QByteArray& bytes) const;
+
+    QTemporaryDir m_folder;
+};
+
+namespace {
+
+template <typename Window> QList<Window*> shownWindows()
+{
+    QList<Window*> shown;
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        auto* window = qobject_cast<Window*>(widget);
+        if (window && window->isVisible())
+            shown << window;
+    }
+    return shown;
+}
+
+QAbstractButton* buttonOf(const QMessageBox* box, QMessageBox::ButtonRole role)
+{
+    for (QAbstractButton* button : box->buttons()) {
+        if (box->buttonRole(button) == role)
+            return button;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+void tst_Application::initTestCase()
+{
+    for (const char* name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME"})
+        qputenv(name, QFile::encodeName(m_folder.path()));
+}
+
+// Does something once the windows are open, and closes them.
+int tst_Application::run(const QStringList& arguments, const std::function<void()>& act) const
+{
+    QTimer::singleShot(0, qApp, [&act] {
+        act();
+        QApplication::closeAllWindows();
+    });
+    const QStringList plugin = {QStringLiteral("zolta-host"), QStringLiteral("--plugin"),
+                                QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")};
+    return Application(CommandLine::parse(plugin + arguments), QString()).run();
+}
+
+QStringList tst_Application::messages(const QStringList& arguments) const
+{
+    QStringList texts;
+    const int code = run(arguments, [&texts] {
+        for (const QMessageBox* box : shownWindows<QMessageBox>())
+            texts << (box->isModal() ? QStringLiteral("modal") : box->text());
+    });
+    return code == 0 ? texts : QStringList(QStringLiteral("code %1").arg(code));
+}
+
+QString tst_Application::write(const QString& name, const QByteArray& bytes) const
+{
+    const QString path = m_folder.filePath(name);
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("cannot write %s", qPrintable(path));
+    return path;
+}
+
+void tst_Application::showsNoMessageWithoutAFault()
+{
+    QCOMPARE(messages({QStringLiteral("--session"), m_folder.filePath(QStringLiteral("new.json"))}),
+             QStringList());
+}
+
+void tst_Application::showsThatTheSessionIsDamaged()
+{
+    const QString file = write(QStringLiteral("session.json"), "damaged");
+    QCOMPARE(messages({QStringLiteral("--session"), file}),
+             QStringList(QStringLiteral("The session %1 is damaged and not used: illegal value at "
+                                        "byte 1. The file is kept as %1.damaged.")
+                             .arg(file)));
+}
+
+void tst_Application::showsThatTheEditorsSettingsAreDamaged()
+{
+    const QString file = write(QStringLiteral("zolta/editors.json"), "damaged");
+    QCOMPARE(messages({}),
+             QStringList(QStringLiteral("The editors' settings in %1 are damaged and ignored: "
+                                        "illegal value at byte 1. The file is kept as %1.damaged.")
+                             .arg(file)));
+}
+
+void tst_Application::editorIsForAStrip_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<int>("channel");
+    QTest::addColumn<bool>("stereo");
+    QTest::addColumn<QString>("width"); // of the pairs 0 + 1 and 4 + 5
+    const auto row = [](const char* words, int channel, bool stereo, const char* width) {
+        QTest::newRow(words) << QString::fromLatin1(words).split(QLatin1Char(' ')) << channel
+                             << stereo << QString::fromLatin1(width);
+    };
+    row("--channel 0", 0, true, "Stereo Mono");
+    row("--channel 1", 0, true, "Stereo Mono");
+    row("--mono", 0, false, "Mono Mono");
+    row("--channel 1 --mono", 1, false, "Mono Mono");
+    row("--channel 5", 5, false, "Stereo Mono");
+}
+
+// What is set for a channel reaches what is heard of it.
+void tst_Application::editorIsForAStrip()
+{
+    QFETCH(const QStringList, arguments);
+    QFETCH(const int, channel);
+    const QString file =
+        write(QStringLiteral("strips.json"), R"({"zolta-session": 1, "channels": )"
+                                             R"([{}, {}, {}, {}, {"strip": {"stereo": "Mono"}}]})");
+    QList<EditorSettings> opened;
+    const QStringList further = {QStringLiteral("--session"), file, QStringLiteral("--set"),
+                                 QStringLiteral("fx_rackfx_prm_3=+6")};
+    const int code = run(arguments + further, [&opened] {
+        for (const EditorWindow* editor : shownWindows<EditorWindow>())
+            opened << editor->settings();
+    });
+    QCOMPARE(code, 0);
+    QCOMPARE(opened.size(), 1);
+    QCOMPARE(opened[0].channel, channel);
+    QTEST(opened[0].stereo, "stereo");
+    SessionData saved;
+    QCOMPARE(SessionFile::read(file, &saved), QString());
+    QStringList widths;
+    for (const std::size_t first : {0U, 4U}) {
+        const int stereo =
+            saved.channels[first].strip[static_cast<std::size_t>(StripParameter::Stereo)];
+        widths << QString::fromStdString(*formatStrip(StripParameter::Stereo, stereo));
+    }
+    QTEST(widths.join(QLatin1Char(' ')), "width");
+    QCOMPARE(saved.channels[static_cast<std::size_t>(channel)].equalizer[2], 60);
+}
+
+void tst_Application::asksWhenTheSessionCannotBeSavedAtTheEnd()
+{
+    const QString file =
+        write(QStringLiteral("blocked"), "a file") + QStringLiteral("/session.json");
+    const auto quitAnswering = [](MixerWindow* mixer, QMessageBox::ButtonRole role) {
+        QString question;
+        QTimer::singleShot(0, mixer, [&] {
+            const auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            question = box ? box->text() : QString();
+            if (QAbstractButton* button = box ? buttonOf(box, role) : nullptr)
+                button->click();
+        });
+        mixer->quit();
+        return question;
+    };
+    const QString expected =
+        QStringLiteral("The session %1 cannot be saved: Not a directory.").arg(file);
+    run({QStringLiteral("--session"), file}, [&] {
+        auto* mixer = shownWindows<MixerWindow>().value(0);
+        QVERIFY(mixer);
+        QCOMPARE(quitAnswering(mixer, QMessageBox::RejectRole), expected);
+        QCOMPARE(shownWindows<QMainWindow>().size(), 2);
+        QCOMPARE(quitAnswering(mixer, QMessageBox::DestructiveRole), expected);
+        QCOMPARE(shownWindows<QMainWindow>().size(), 0);
+    });
+}
+
+ZOLTA_TEST_MAIN(tst_Application)
+
+#include "tst_Application.moc"

@@ -1,0 +1,638 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Runs the program itself.
+#include "tests/hosting/StateBytes.h"
+#include "tests/support/ProgramRunner.h"
+#include "tests/support/TestObject.h"
+
+#include <QDir>
+#include <QImage>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTemporaryDir>
+
+#include <csignal>
+
+class tst_zolta_host : public TestObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void helpGoesToStandardOutput();
+    void listShowsEveryParameter();
+    void listFollowsSettings();
+    void loadsStateBeforeSettings();
+    void savesAndLoadsBitForBit_data();
+    void savesAndLoadsBitForBit();
+    void savesWhatListShows();
+    void screenshotHasTheEditorsSize_data();
+    void screenshotHasTheEditorsSize();
+    void screenshotShowsTheSettings();
+    void doesEverythingInOneRun();
+    void saysThatThereIsNoDisplay();
+    void refusesPlugins_data();
+    void refusesPlugins();
+    void refusesStates_data();
+    void refusesStates();
+    void refusesArguments_data();
+    void refusesArguments();
+    void saysWhatCannotBeWritten_data();
+    void saysWhatCannotBeWritten();
+    void picturesShowMetersOnDemand();
+    void runsWithoutWindowsIgnoreTheEditorsSettings();
+    void opensWindowsOnAPlatform();
+    void headlessRunsReadAGivenSession();
+    void headlessRunsListWhatIsHeardOfAChannel();
+    void headlessRunsLeaveAFaultySessionAlone_data();
+    void headlessRunsLeaveAFaultySessionAlone();
+    void headlessRunsLeaveTheStandardSessionAlone();
+    void windowsKeepADamagedSessionAside();
+    void windowsSayThatSettingsAreDamaged();
+    void signalsEndAsTheLastWindowDoes_data();
+    void signalsEndAsTheLastWindowDoes();
+    void secondProgramSavesNothing();
+    void sessionOfAProgramThatCrashedIsFree();
+
+private:
+    ProgramResult run(const QStringList& arguments) const { return m_program.run(arguments); }
+    ProgramResult runWithPlugin(const QStringList& arguments) const;
+    ProgramResult runWindows() const;
+    void startWindows(QProcess* process, const QStringList& arguments) const;
+    static bool catches(const QProcess& process, int number);
+    static QString end(QProcess* process, int number);
+    static QString lowGainIn(const QString& file);
+    QString path(const QString& name) const { return m_folder.filePath(name); }
+    QString write(const QString& name, const QByteArray& bytes) const;
+    static QByteArray contentOf(const QString& file);
+    static QString rawValue(const ProgramResult& result, int number);
+
+    QTemporaryDir m_folder;
+    ProgramRunner m_program{QStringLiteral(HOST_PROGRAM), m_folder.path()};
+};
+
+ProgramResult tst_zolta_host::runWithPlugin(const QStringList& arguments) const
+{
+    return run(QStringList{QStringLiteral("--plugin"),
+                           QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")} +
+               arguments);
+}
+
+// With windows, of a program that ends by itself because it does not find its state.
+ProgramResult tst_zolta_host::runWindows() const
+{
+    return m_program.runOffscreen(
+        {QStringLiteral("--plugin"), QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so"),
+         QStringLiteral("--state"), path(QStringLiteral("missing.state"))});
+}
+
+// With the signals as a desktop starts programs, however this test was started.
+void tst_zolta_host::startWindows(QProcess* process, const QStringList& arguments) const
+{
+    m_program.prepare(process);
+    process->setProcessEnvironment(m_program.offscreen());
+    process->setArguments(QStringList{QStringLiteral("--plugin"),
+                                      QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")} +
+                          arguments);
+    process->setChildProcessModifier([] {
+        for (const int number : {SIGINT, SIGTERM, SIGHUP})
+            ::signal(number, SIG_DFL);
+    });
+    process->start();
+}
+
+bool tst_zolta_host::catches(const QProcess& process, int number)
+{
+    const QByteArray status = contentOf(QStringLiteral("/proc/%1/status").arg(process.processId()));
+    const qsizetype place = status.indexOf("SigCgt:") + 7;
+    const quint64 caught =
+        status.mid(place, status.indexOf('\n', place) - place).trimmed().toULongLong(nullptr, 16);
+    return (caught >> (number - 1) & 1) != 0;
+}
+
+// Sends a signal once the program is ready for it; what the program said before it ended well.
+QString tst_zolta_host::end(QProcess* process, int number)
+{
+    if (!process->waitForStarted() ||
+        !QTest::qWaitFor([&] { return catches(*process, number); }, 60000) ||
+        ::kill(static_cast<pid_t>(process->processId()), number) != 0 ||
+        !process->waitForFinished(60000))
+        return QStringLiteral("no end");
+    if (process->exitStatus() != QProcess::NormalExit || process->exitCode() != 0)
+        return QStringLiteral("a bad end: %1").arg(process->exitCode());
+    const QStringList lines =
+        QString::fromLocal8Bit(process->readAllStandardError()).split(QLatin1Char('\n'));
+    return lines.filter(QStringLiteral("zolta-host:")).join(QLatin1Char('\n'));
+}
+
+QString tst_zolta_host::lowGainIn(const QString& file)
+{
+    const QJsonObject saved = QJsonDocument::fromJson(contentOf(file)).object();
+    return saved[QStringLiteral("channels")][0][QStringLiteral("equalizer")]
+                [QStringLiteral("Low gain")]
+                    .toString();
+}
+
+QString tst_zolta_host::write(const QString& name, const QByteArray& bytes) const
+{
+    QFile file(path(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("cannot write %s", qPrintable(file.fileName()));
+    return file.fileName();
+}
+
+QByteArray tst_zolta_host::contentOf(const QString& name)
+{
+    QFile file(name);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+}
+
+// The raw value of a parameter in the output of --list.
+QString tst_zolta_host::rawValue(const ProgramResult& result, int number)
+{
+    return result.output.split(QLatin1Char('\n'))
+        .value(number - 1)
+        .split(QLatin1Char('\t'))
+        .value(5);
+}
+
+void tst_zolta_host::helpGoesToStandardOutput()
+{
+    const ProgramResult result = run({QStringLiteral("--help")});
+    QCOMPARE(result.code, 0);
+    QVERIFY(result.output.startsWith(QLatin1String("Usage: zolta-host [options]\n")));
+    QCOMPARE(result.errors, QString());
+}
+
+void tst_zolta_host::listShowsEveryParameter()
+{
+    const ProgramResult result = runWithPlugin({QStringLiteral("--list")});
+    QCOMPARE(result.errors, QString());
+    QCOMPARE(result.code, 0);
+    QVERIFY(result.output.endsWith(QLatin1Char('\n')));
+    const QStringList lines = result.output.chopped(1).split(QLatin1Char('\n'));
+    QCOMPARE(lines.size(), 27);
+    for (int i = 0; i < 27; ++i) {
+        const QStringList fields = lines[i].split(QLatin1Char('\t'));
+        QCOMPARE(fields.size(), 7);
+        QCOMPARE(fields[0], QStringLiteral("fx_rackfx_prm_%1").arg(i + 1));
+        QCOMPARE(fields[1].toInt(), 257 + i);
+        QVERIFY(fields[2].toInt() < fields[3].toInt());
+        QVERIFY(fields[4].toInt() >= fields[2].toInt() && fields[4].toInt() <= fields[3].toInt());
+        QCOMPARE(fields[5], fields[4]);
+        QVERIFY(!fields[6].isEmpty());
+    }
+    QCOMPARE(lines[1], QStringLiteral("fx_rackfx_prm_2\t258\t0\t1200\t241\t241\t80"));
+    QCOMPARE(lines[26], QStringLiteral("fx_rackfx_prm_27\t283\t0\t1\t0\t0\tClean"));
+}
+
+void tst_zolta_host::listFollowsSettings()
+{
+    const ProgramResult result =
+        runWithPlugin({QStringLiteral("--channel"), QStringLiteral("3"), QStringLiteral("--list"),
+                       QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_2=1,25 kHz"),
+                       QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_3=@-15"),
+                       QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_27=drive")});
+    QCOMPARE(result.code, 0);
+    const QStringList lines = result.output.split(QLatin1Char('\n'));
+    QCOMPARE(lines[1], QStringLiteral("fx_rackfx_prm_2\t258\t0\t1200\t241\t718\t1.25k"));
+    QCOMPARE(lines[2], QStringLiteral("fx_rackfx_prm_3\t259\t-200\t200\t0\t-15\t-1.5"));
+    QCOMPARE(lines[26], QStringLiteral("fx_rackfx_prm_27\t283\t0\t1\t0\t1\tDrive"));
+}
+
+void tst_zolta_host::loadsStateBeforeSettings()
+{
+    const QString file = write(QStringLiteral("half.state"), StateBytes::state(0.5F));
+    const ProgramResult result =
+        runWithPlugin({QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_2=@7"),
+                       QStringLiteral("--state"), file, QStringLiteral("--list")});
+    QCOMPARE(result.code, 0);
+    QCOMPARE(rawValue(result, 2), QStringLiteral("7"));
+    QCOMPARE(rawValue(result, 3), QStringLiteral("0"));
+    QCOMPARE(rawValue(result, 6), QStringLiteral("600"));
+    QCOMPARE(rawValue(result, 5), QStringLiteral("250"));
+}
+
+void tst_zolta_host::savesAndLoadsBitForBit_data()
+{
+    QTest::addColumn<QString>("first");
+    QTest::addColumn<QString>("second");
+    QTest::newRow("plain to plain") << "a.state"
+                                    << "b.state";
+    QTest::newRow("plain to preset") << "a.state"
+                                     << "b.vstpreset";
+    QTest::newRow("preset to plain") << "a.vstpreset"
+                                     << "b.state";
+    QTest::newRow("preset to preset") << "a.vstpreset"
+                                      << "b.vstpreset";
+}
+
+void tst_zolta_host::savesAndLoadsBitForBit()
+{
+    QFETCH(const QString, first);
+    QFETCH(const QString, second);
+    QStringList settings;
+    for (int number = 1; number <= 27; ++number)
+        settings << QStringLiteral("--set")
+                 << QStringLiteral("fx_rackfx_prm_%1=@%2").arg(number).arg(number % 2);
+    settings << QStringLiteral("--set") << QStringLiteral("fx_rackfx_prm_6=@1111");
+    const ProgramResult saved =
+        runWithPlugin(settings + QStringList{QStringLiteral("--list"),
+                                             QStringLiteral("--save-state"), path(first)});
+    QCOMPARE(saved.code, 0);
+    const ProgramResult loaded = runWithPlugin(
+        {QStringLiteral("--channel"), QStringLiteral("5"), QStringLiteral("--state"), path(first),
+         QStringLiteral("--list"), QStringLiteral("--save-state"), path(second)});
+    QCOMPARE(loaded.code, 0);
+    QCOMPARE(loaded.output, saved.output);
+    const auto stateIn = [](const QByteArray& bytes) {
+        return bytes.startsWith("VST3") ? bytes.mid(48, 116) : bytes;
+    };
+    QCOMPARE(stateIn(contentOf(path(first))).size(), 116);
+    QCOMPARE(stateIn(contentOf(path(second))), stateIn(contentOf(path(first))));
+}
+
+void tst_zolta_host::savesWhatListShows()
+{
+    const ProgramResult result =
+        runWithPlugin({QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_4=off"),
+                       QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_3=+20"),
+                       QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_2=@300"),
+                       QStringLiteral("--save-state"), QStringLiteral("relative.state")});
+    QCOMPARE(result.code, 0);
+    QCOMPARE(result.output, QString());
+    const QByteArray bytes = contentOf(path(QStringLiteral("relative.state")));
+    QCOMPARE(bytes.size(), 116);
+    QCOMPARE(bytes.left(16).toHex(' '),
+             QByteArray("32 36 32 30 00 00 00 00 3f 80 00 00 3e 80 00 00"));
+}
+
+void tst_zolta_host::screenshotHasTheEditorsSize_data()
+{
+    QTest::addColumn<QString>("scale");
+    QTest::addColumn<QSize>("expected");
+    QTest::newRow("half") << "0.5" << QSize(200, 120);
+    QTest::newRow("one") << "1" << QSize(400, 240);
+    QTest::newRow("odd") << "1.33" << QSize(532, 319);
+    QTest::newRow("four") << "4" << QSize(1600, 960);
+}
+
+void tst_zolta_host::screenshotHasTheEditorsSize()
+{
+    QFETCH(const QString, scale);
+    const QString file = path(QStringLiteral("shot.png"));
+    const ProgramResult result =
+        runWithPlugin({QStringLiteral("--scale"), scale, QStringLiteral("--screenshot"), file});
+    QCOMPARE(result.code, 0);
+    QCOMPARE(result.errors, QString());
+    QTEST(QImage(file).size(), "expected");
+}
+
+void tst_zolta_host::screenshotShowsTheSettings()
+{
+    const QString file = path(QStringLiteral("settings.png"));
+    const ProgramResult result = runWithPlugin(
+        {QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_3=+20"), QStringLiteral("--set"),
+         QStringLiteral("fx_rackfx_prm_7=-20"), QStringLiteral("--screenshot"), file});
+    QCOMPARE(result.code, 0);
+    const QImage picture(file);
+    QCOMPARE(picture.pixelColor(int(2.5 * 400 / 27), 3), QColor(0x03, 0x94, 0xD0));
+    QCOMPARE(picture.pixelColor(int(6.5 * 400 / 27), 236), QColor(0x2a, 0x2e, 0x34));
+}
+
+void tst_zolta_host::doesEverythingInOneRun()
+{
+    const ProgramResult result =
+        runWithPlugin({QStringLiteral("--mono"), QStringLiteral("--sample-rate"),
+                       QStringLiteral("96000"), QStringLiteral("--list"),
+                       QStringLiteral("--save-state"), path(QStringLiteral("all.state")),
+                       QStringLiteral("--screenshot"), path(QStringLiteral("all.png"))});
+    QCOMPARE(result.code, 0);
+    QCOMPARE(result.output.count(QLatin1Char('\n')), 27);
+    QCOMPARE(contentOf(path(QStringLiteral("all.state"))).size(), 116);
+    QCOMPARE(QImage(path(QStringLiteral("all.png"))).size(), QSize(400, 240));
+}
+
+void tst_zolta_host::saysThatThereIsNoDisplay()
+{
+    const ProgramResult result = runWithPlugin({});
+    QCOMPARE(result.code, 2);
+    QCOMPARE(result.output, QString());
+    QCOMPARE(result.errors,
+             QStringLiteral("zolta-host: There is no display to open a window on (DISPLAY and "
+                            "WAYLAND_DISPLAY are not set). Without one, use --list, --save-state "
+                            "FILE, --screenshot FILE.png, --render IN OUT or --help.\n"));
+}
+
+void tst_zolta_host::refusesPlugins_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("expected");
+    const QString plugin = QStringLiteral(HOST_TEST_PLUGINS "/libhost_%1.so");
+    QTest::newRow("missing") << path(QStringLiteral("nowhere.so")) << "does not exist.";
+    QTest::newRow("text") << write(QStringLiteral("text.so"), "text") << "is not a library.";
+    QTest::newRow("another kind") << plugin.arg(QStringLiteral("stand_in_other"))
+                                  << "is a Qt plug-in of another kind (org.example.other, not "
+                                     "org.zolta.fx.effect).";
+    QTest::newRow("another effect") << plugin.arg(QStringLiteral("stand_in_type7"))
+                                    << "is an effect of type 7; an equalizer is type 8.";
+    QFile whole(plugin.arg(QStringLiteral("stand_in")));
+    QVERIFY(whole.open(QIODevice::ReadOnly));
+    QTest::newRow("cut short") << write(QStringLiteral("short.so"), whole.read(whole.size() / 2))
+                               << "is a library that was cut short.";
+}
+
+void tst_zolta_host::refusesPlugins()
+{
+    QFETCH(const QString, file);
+    QFETCH(const QString, expected);
+    const ProgramResult result = run({QStringLiteral("--plugin"), file, QStringLiteral("--list")});
+    QCOMPARE(result.code, 1);
+    QCOMPARE(result.output, QString());
+    QCOMPARE(result.errors, QStringLiteral("zolta-host: The plug-in %1 %2\n").arg(file, expected));
+}
+
+void tst_zolta_host::refusesStates_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("expected");
+    using namespace StateBytes;
+    QTest::newRow("truncated") << state().chopped(16)
+                               << "is cut short: it holds 100 of the 116 bytes of a state.";
+    QTest::newRow("oversized") << state() + state()
+                               << "is too long: it holds 232 bytes, where a state has 116.";
+    QTest::newRow("foreign preset")
+        << presetOf(state(), QByteArray(32, '7'))
+        << "is a preset of another plug-in (class 77777777777777777777777777777777, not "
+           "56535464787042657175616C697A6572).";
+}
+
+void tst_zolta_host::refusesStates()
+{
+    QFETCH(const QByteArray, bytes);
+    QFETCH(const QString, expected);
+    const QString file = write(QStringLiteral("bad.state"), bytes);
+    const QString kept = write(QStringLiteral("kept.state"), "kept");
+    const ProgramResult result =
+        runWithPlugin({QStringLiteral("--state"), file, QStringLiteral("--list"),
+                       QStringLiteral("--save-state"), kept});
+    QCOMPARE(result.code, 1);
+    QCOMPARE(result.output, QString());
+    QCOMPARE(result.errors,
+             QStringLiteral("zolta-host: The state file %1 %2\n").arg(file, expected));
+    QCOMPARE(contentOf(kept), QByteArray("kept"));
+}
+
+void tst_zolta_host::refusesArguments_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("channel") << QStringList{QStringLiteral("--channel"), QStringLiteral("8")}
+                             << "--channel takes a channel from 0 to 7, not \"8\".";
+    QTest::newRow("value") << QStringList{QStringLiteral("--set"),
+                                          QStringLiteral("fx_rackfx_prm_3=x")}
+                           << "--set fx_rackfx_prm_3: \"x\" is no value of Low gain (-20.0 to "
+                              "+20.0 dB).";
+    QTest::newRow("unknown") << QStringList{QStringLiteral("--loud")} << "Unknown option 'loud'.";
+}
+
+void tst_zolta_host::refusesArguments()
+{
+    QFETCH(const QStringList, arguments);
+    QFETCH(const QString, expected);
+    const ProgramResult result = runWithPlugin(arguments + QStringList{QStringLiteral("--list")});
+    QCOMPARE(result.code, 2);
+    QCOMPARE(result.output, QString());
+    QCOMPARE(result.errors, QStringLiteral("zolta-host: %1\n").arg(expected));
+}
+
+void tst_zolta_host::saysWhatCannotBeWritten_data()
+{
+    QTest::addColumn<QString>("option");
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("expected");
+    const QString nowhere = path(QStringLiteral("no/folder/file"));
+    QTest::newRow("state into no folder")
+        << "--save-state" << nowhere
+        << QStringLiteral("The state file %1 cannot be written: No such file or directory.")
+               .arg(nowhere);
+    QTest::newRow("picture into no folder")
+        << "--screenshot" << nowhere
+        << QStringLiteral("The picture %1 cannot be written: No such file or directory.")
+               .arg(nowhere);
+    QTest::newRow("picture onto a device")
+        << "--screenshot"
+        << "/dev/full"
+        << "The picture /dev/full cannot be written: it is no ordinary file.";
+}
+
+void tst_zolta_host::saysWhatCannotBeWritten()
+{
+    QFETCH(const QString, option);
+    QFETCH(const QString, file);
+    QFETCH(const QString, expected);
+    const ProgramResult result = runWithPlugin({option, file});
+    QCOMPARE(result.code, 1);
+    QCOMPARE(result.errors, QStringLiteral("zolta-host: %1\n").arg(expected));
+}
+
+// The stand-in draws its return meter as a white line along the top.
+void tst_zolta_host::picturesShowMetersOnDemand()
+{
+    const auto lineOf = [this](const QString& name, const QStringList& arguments) {
+        const ProgramResult result =
+            runWithPlugin(arguments + QStringList{QStringLiteral("--screenshot"), path(name)});
+        const QImage picture(path(name));
+        int length = 0;
+        while (result.code == 0 && length < picture.width() &&
+               picture.pixelColor(length, 0) == QColor(Qt::white))
+            ++length;
+        return length;
+    };
+    const QString option = QStringLiteral("--meters");
+    const QString on = QStringLiteral("on");
+    QCOMPARE(lineOf(QStringLiteral("plain.png"), {}), 0);
+    QCOMPARE(lineOf(QStringLiteral("off.png"), {option, QStringLiteral("off")}), 0);
+    const int length = lineOf(QStringLiteral("on.png"), {option, on});
+    QVERIFY2(length > 200 && length < 400, qPrintable(QString::number(length)));
+    QCOMPARE(lineOf(QStringLiteral("again.png"), {option, on}), length);
+    QCOMPARE(contentOf(path(QStringLiteral("again.png"))),
+             contentOf(path(QStringLiteral("on.png"))));
+    const int quiet =
+        lineOf(QStringLiteral("quiet.png"),
+               {option, on, QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_26=-12.7 dB")});
+    QVERIFY2(std::abs(length - quiet - 40) <= 1, qPrintable(QString::number(quiet)));
+}
+
+void tst_zolta_host::runsWithoutWindowsIgnoreTheEditorsSettings()
+{
+    QVERIFY(QDir(m_folder.path()).mkpath(QStringLiteral("zolta")));
+    const QString file = write(QStringLiteral("zolta/editors.json"), "damaged");
+    const ProgramResult result = runWithPlugin({QStringLiteral("--list")});
+    QCOMPARE(result.code, 0);
+    QCOMPARE(result.errors, QString());
+    QCOMPARE(contentOf(file), QByteArray("damaged"));
+    QVERIFY(QFile::remove(file));
+    QCOMPARE(runWithPlugin({QStringLiteral("--list")}).code, 0);
+    QVERIFY(!QFile::exists(file));
+}
+
+void tst_zolta_host::windowsSayThatSettingsAreDamaged()
+{
+    QVERIFY(QDir(m_folder.path()).mkpath(QStringLiteral("zolta")));
+    const QString file = write(QStringLiteral("zolta/editors.json"), "damaged");
+    const QString errors = runWindows().errors;
+    QVERIFY2(errors.contains(
+                 QStringLiteral("zolta-host: The editors' settings in %1 are damaged and ignored: ")
+                     .arg(file)),
+             qPrintable(errors));
+    QVERIFY(!QFile::exists(file));
+    QCOMPARE(contentOf(file + QStringLiteral(".damaged")), QByteArray("damaged"));
+}
+
+void tst_zolta_host::opensWindowsOnAPlatform()
+{
+    const ProgramResult result = runWindows();
+    QCOMPARE(result.code, 1);
+    QVERIFY(
+        result.errors.contains(QStringLiteral("The state file %1 cannot be read: No such file or "
+                                              "directory.")
+                                   .arg(path(QStringLiteral("missing.state")))));
+}
+
+void tst_zolta_host::headlessRunsReadAGivenSession()
+{
+    const QByteArray bytes = "{\"zolta-session\": 1, \"channels\": [{\"equalizer\": "
+                             "{\"Low gain\": \"+7.5\"}}]}";
+    const QString file = write(QStringLiteral("given.json"), bytes);
+    const ProgramResult result =
+        runWithPlugin({QStringLiteral("--list"), QStringLiteral("--session"), file});
+    QCOMPARE(result.code, 0);
+    QVERIFY(
+        result.output.contains(QLatin1String("fx_rackfx_prm_3\t259\t-200\t200\t0\t75\t+7.5\n")));
+    QCOMPARE(contentOf(file), bytes);
+}
+
+// The second channel of a pair sounds as the first one is set.
+void tst_zolta_host::headlessRunsListWhatIsHeardOfAChannel()
+{
+    const QString file =
+        write(QStringLiteral("pair.json"),
+              "{\"zolta-session\": 1, \"channels\": [{\"equalizer\": {\"Low gain\": \"+7.5\"}}, "
+              "{\"equalizer\": {\"Low gain\": \"-3.0\"}}]}");
+    const QStringList arguments = {QStringLiteral("--list"), QStringLiteral("--session"), file,
+                                   QStringLiteral("--channel"), QStringLiteral("1")};
+    QCOMPARE(rawValue(runWithPlugin(arguments), 3), QStringLiteral("75"));
+    QCOMPARE(rawValue(runWithPlugin(arguments + QStringList(QStringLiteral("--mono"))), 3),
+             QStringLiteral("-30"));
+}
+
+void tst_zolta_host::headlessRunsLeaveAFaultySessionAlone_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("damaged") << QByteArray("{}") << "it is no session";
+    QTest::newRow("later") << QByteArray("{\"zolta-session\": 2}")
+                           << "it is a session of version 2, which this program does not know";
+}
+
+void tst_zolta_host::headlessRunsLeaveAFaultySessionAlone()
+{
+    QFETCH(const QByteArray, bytes);
+    QFETCH(const QString, reason);
+    const QString file = write(QStringLiteral("faulty.json"), bytes);
+    const ProgramResult result =
+        runWithPlugin({QStringLiteral("--list"), QStringLiteral("--session"), file});
+    QCOMPARE(result.code, 1);
+    QCOMPARE(result.output, QString());
+    QCOMPARE(result.errors,
+             QStringLiteral("zolta-host: The session %1 cannot be read: %2.\n").arg(file, reason));
+    QCOMPARE(contentOf(file), bytes);
+    QVERIFY(!QFile::exists(file + QStringLiteral(".damaged")));
+}
+
+void tst_zolta_host::headlessRunsLeaveTheStandardSessionAlone()
+{
+    QVERIFY(QDir(m_folder.path()).mkpath(QStringLiteral("zolta-host")));
+    const QString file = write(QStringLiteral("zolta-host/session.json"), "damaged");
+    QCOMPARE(runWithPlugin({QStringLiteral("--list")}).code, 0);
+    QCOMPARE(contentOf(file), QByteArray("damaged"));
+    QVERIFY(QFile::remove(file));
+    QCOMPARE(runWithPlugin({QStringLiteral("--list")}).code, 0);
+    QVERIFY(!QFile::exists(file));
+}
+
+void tst_zolta_host::windowsKeepADamagedSessionAside()
+{
+    QVERIFY(QDir(m_folder.path()).mkpath(QStringLiteral("zolta-host")));
+    const QString file = write(QStringLiteral("zolta-host/session.json"), "damaged");
+    const QString errors = runWindows().errors;
+    QVERIFY2(errors.contains(
+                 QStringLiteral("zolta-host: The session %1 is damaged and not used: ").arg(file)),
+             qPrintable(errors));
+    QVERIFY(!QFile::exists(file));
+    QCOMPARE(contentOf(file + QStringLiteral(".damaged")), QByteArray("damaged"));
+}
+
+void tst_zolta_host::signalsEndAsTheLastWindowDoes_data()
+{
+    QTest::addColumn<int>("number");
+    QTest::newRow("Control-C") << SIGINT;
+    QTest::newRow("terminate") << SIGTERM;
+    QTest::newRow("hang-up") << SIGHUP;
+}
+
+void tst_zolta_host::signalsEndAsTheLastWindowDoes()
+{
+    QFETCH(const int, number);
+    const QString file = path(QStringLiteral("ended-by-%1.json").arg(number));
+    QProcess process;
+    startWindows(&process, {QStringLiteral("--session"), file, QStringLiteral("--set"),
+                            QStringLiteral("fx_rackfx_prm_3=+6")});
+    QCOMPARE(end(&process, number), QString());
+    QCOMPARE(lowGainIn(file), QStringLiteral("+6.0"));
+    const QJsonObject saved = QJsonDocument::fromJson(contentOf(file)).object();
+    QCOMPARE(saved[QStringLiteral("editors")].toArray().size(), 1);
+    QVERIFY(!QFile::exists(file + QStringLiteral(".lock")));
+}
+
+void tst_zolta_host::secondProgramSavesNothing()
+{
+    const QString file = path(QStringLiteral("shared.json"));
+    const auto arguments = [&file](const char* gain) {
+        return QStringList{QStringLiteral("--session"), file, QStringLiteral("--set"),
+                           QStringLiteral("fx_rackfx_prm_3=") + QLatin1String(gain)};
+    };
+    QProcess first;
+    startWindows(&first, arguments("+6"));
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(file + QStringLiteral(".lock")), 60000);
+    QProcess second;
+    startWindows(&second, arguments("-6"));
+    QCOMPARE(end(&second, SIGTERM),
+             QStringLiteral("zolta-host: Another program has the session %1 open. What is changed "
+                            "here will not be saved.")
+                 .arg(file));
+    QVERIFY(!QFile::exists(file));
+    QCOMPARE(end(&first, SIGTERM), QString());
+    QCOMPARE(lowGainIn(file), QStringLiteral("+6.0"));
+}
+
+void tst_zolta_host::sessionOfAProgramThatCrashedIsFree()
+{
+    const QString file = path(QStringLiteral("crashed.json"));
+    const QStringList arguments = {QStringLiteral("--session"), file, QStringLiteral("--set"),
+                                   QStringLiteral("fx_rackfx_prm_3=+6")};
+    QProcess first;
+    startWindows(&first, arguments);
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(file + QStringLiteral(".lock")), 60000);
+    first.kill();
+    QVERIFY(first.waitForFinished(60000));
+    QVERIFY(QFile::exists(file + QStringLiteral(".lock")));
+    QProcess second;
+    startWindows(&second, arguments);
+    QCOMPARE(end(&second, SIGTERM), QString());
+    QCOMPARE(lowGainIn(file), QStringLiteral("+6.0"));
+}
+
+QTEST_GUILESS_MAIN(tst_zolta_host)
+
+#include "tst_zolta_host.moc"

@@ -1,0 +1,364 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Runs "zolta-host --render" itself.
+#include "tests/host/audio/SoundFiles.h"
+#include "tests/hosting/StateBytes.h"
+#include "tests/support/ProgramRunner.h"
+#include "tests/support/TestObject.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+
+#include <csignal>
+#include <cstdlib>
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+using SoundFiles::Sound;
+
+class tst_zolta_render : public TestObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void needsNoDisplayAndNoPlugin();
+    void followsSettings();
+    void stateAndSettingsCountAsInTheEditor();
+    void takesSettingsFromASession_data();
+    void takesSettingsFromASession();
+    void refusesArguments_data();
+    void refusesArguments();
+    void saysWhatIsWrong_data();
+    void saysWhatIsWrong();
+    void warnsAboutClippingAndDamage();
+    void namesFilesAsTheyAre();
+    void saysThatTheDiskIsFull();
+    void controlCLeavesNothing();
+    void showsProgressOnATerminalOnly();
+
+private:
+    ProgramRunner program() const { return {QStringLiteral(HOST_PROGRAM), m_folder->path()}; }
+    ProgramResult run(const QStringList& arguments) const { return program().run(arguments); }
+    QString path(const char* name) const { return m_folder->filePath(QLatin1String(name)); }
+    bool writesInFolder(const QProcess& process) const;
+    QString writeNoise(const char* name, std::size_t frames = 20000) const;
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+void tst_zolta_render::init()
+{
+    TestObject::init();
+    m_folder = std::make_unique<QTemporaryDir>();
+}
+
+QString tst_zolta_render::writeNoise(const char* name, std::size_t frames) const
+{
+    return SoundFiles::write(path(name), Sound{SF_FORMAT_WAV | SF_FORMAT_PCM_16, 48000, 2,
+                                               SoundFiles::noise(2 * frames)});
+}
+
+// The file that is being written may have no name yet.
+bool tst_zolta_render::writesInFolder(const QProcess& process) const
+{
+    const QDir open(QStringLiteral("/proc/%1/fd").arg(process.processId()));
+    for (const QFileInfo& info : open.entryInfoList(QDir::AllEntries | QDir::System)) {
+        const QString target = info.symLinkTarget();
+        if (target.startsWith(m_folder->path() + QLatin1Char('/')) &&
+            !target.endsWith(QLatin1String("/in.wav")))
+            return true;
+    }
+    return false;
+}
+
+// Silence beyond the result: a pipe sees no progress.
+void tst_zolta_render::needsNoDisplayAndNoPlugin()
+{
+    writeNoise("in.wav");
+    const ProgramResult result =
+        run({QStringLiteral("--render"), QStringLiteral("in.wav"), QStringLiteral("out.flac")});
+    QCOMPARE(result.errors, QString());
+    QCOMPARE(result.output, QString());
+    QCOMPARE(result.code, 0);
+    QCOMPARE(SoundFiles::read(path("out.flac")).samples, SoundFiles::read(path("in.wav")).samples);
+}
+
+void tst_zolta_render::followsSettings()
+{
+    writeNoise("in.wav");
+    const ProgramResult result =
+        run({QStringLiteral("--render"), QStringLiteral("in.wav"), QStringLiteral("out.wav"),
+             QStringLiteral("--float"), QStringLiteral("--set"),
+             QStringLiteral("fx_rackfx_prm_26=-20")});
+    QCOMPARE(result.code, 0);
+    const std::vector<double> before = SoundFiles::read(path("in.wav")).samples;
+    const std::vector<double> after = SoundFiles::read(path("out.wav")).samples;
+    QCOMPARE(after.size(), before.size());
+    for (std::size_t i = 0; i < before.size(); ++i)
+        QVERIFY(std::abs(after[i] - before[i] / 10.0) < 1e-7);
+}
+
+// The editor saves a state, and what it lists for that state renders alike.
+void tst_zolta_render::stateAndSettingsCountAsInTheEditor()
+{
+    writeNoise("in.wav");
+    QStringList settings;
+    for (int number = 1; number <= 27; ++number) {
+        const int band = (number - 1) / 4;
+        const bool gain = number % 4 == 3 && number < 25;
+        settings
+            << QStringLiteral("--set")
+            << QStringLiteral("fx_rackfx_prm_%1=@%2").arg(number).arg(gain ? 9 * band - 20 : 1);
+    }
+    for (const char* setting :
+         {"fx_rackfx_prm_2=@300", "fx_rackfx_prm_6=@500", "fx_rackfx_prm_10=@644",
+          "fx_rackfx_prm_14=@777", "fx_rackfx_prm_18=@901", "fx_rackfx_prm_22=@1003",
+          "fx_rackfx_prm_9=@333", "fx_rackfx_prm_21=@2"})
+        settings << QStringLiteral("--set") << QString::fromLatin1(setting);
+    const QStringList render = {QStringLiteral("--render"), QStringLiteral("in.wav")};
+    const ProgramResult saved =
+        run(settings + QStringList{QStringLiteral("--save-state"), QStringLiteral("a.vstpreset")});
+    QCOMPARE(saved.errors, QString());
+    QCOMPARE(saved.code, 0);
+    QCOMPARE(run(render + QStringList{QStringLiteral("state.wav"), QStringLiteral("--state"),
+                                      QStringLiteral("a.vstpreset")})
+                 .errors,
+             QString());
+    QCOMPARE(run(render + QStringList(QStringLiteral("set.wav")) + settings).errors, QString());
+    QCOMPARE(SoundFiles::bytesOf(path("state.wav")), SoundFiles::bytesOf(path("set.wav")));
+    QVERIFY(SoundFiles::bytesOf(path("set.wav")) != SoundFiles::bytesOf(path("in.wav")));
+}
+
+void tst_zolta_render::takesSettingsFromASession_data()
+{
+    QTest::addColumn<QString>("words");
+    QTest::addColumn<int>("level"); // dB
+    QTest::newRow("first channel") << "" << -6;
+    QTest::newRow("second of a pair") << "--channel 1" << -6;
+    QTest::newRow("mono channel") << "--channel 3" << -12;
+    QTest::newRow("setting over it") << "--channel 3 --set fx_rackfx_prm_26=-20" << -20;
+    QTest::newRow("state over it") << "--channel 3 --state flat.state" << 0;
+}
+
+void tst_zolta_render::takesSettingsFromASession()
+{
+    QFETCH(const QString, words);
+    QFETCH(const int, level);
+    writeNoise("in.wav");
+    const QByteArray bytes =
+        R"({"zolta-session": 1, "channels": [)"
+        R"({"equalizer": {"Output level": "-6.0"}}, {"equalizer": {"Output level": "+3.0"}},)"
+        R"({"strip": {"stereo": "Mono"}}, {"equalizer": {"Output level": "-12.0"}}]})";
+    SoundFiles::writeBytes(path("s.json"), bytes);
+    QCOMPARE(run({QStringLiteral("--list"), QStringLiteral("--save-state"),
+                  QStringLiteral("flat.state")})
+                 .code,
+             0);
+    const ProgramResult result =
+        run(QStringLiteral("--render in.wav out.wav --float --session s.json %1")
+                .arg(words)
+                .split(QLatin1Char(' '), Qt::SkipEmptyParts));
+    QCOMPARE(result.errors, QString());
+    const std::vector<double> before = SoundFiles::read(path("in.wav")).samples;
+    const std::vector<double> after = SoundFiles::read(path("out.wav")).samples;
+    QCOMPARE(after.size(), before.size());
+    for (std::size_t i = 0; i < before.size(); ++i)
+        QVERIFY(std::abs(after[i] - before[i] * std::pow(10.0, level / 20.0)) < 1e-6);
+    QCOMPARE(SoundFiles::bytesOf(path("s.json")), bytes);
+}
+
+void tst_zolta_render::refusesArguments_data()
+{
+    QTest::addColumn<QString>("words");
+    QTest::addColumn<QString>("expected");
+    const auto row = [](const char* words, const char* expected) {
+        QTest::newRow(words) << QString::fromLatin1(words) << QString::fromLatin1(expected);
+    };
+    row("--render in.wav", "--render takes the names of two files, IN and OUT.");
+    row("--render in.wav out.mp3",
+        "--render writes files that end in .wav, .flac or .ogg, not \"out.mp3\".");
+    row("--render in.wav out.wav more", "\"more\" is no option.");
+    row("--render in.wav out.flac --float",
+        "--float is for files that end in .wav, not \"out.flac\".");
+    row("--float", "--float is for --render only.");
+    for (const char* option : {"list", "devices", "mono", "save-state a", "screenshot a.png",
+                               "plugin a.so", "sample-rate 48000", "meters on", "scale 2"}) {
+        const QByteArray words = QByteArray("--render in.wav out.wav --") + option;
+        const QByteArray name = QByteArray(option).split(' ').constFirst();
+        row(words.constData(), ("--render and --" + name + " do not go together.").constData());
+    }
+    row("--render in.wav out.wav --channel 1",
+        "--render takes --channel together with --session only: every channel of the file gets "
+        "the same settings.");
+}
+
+void tst_zolta_render::refusesArguments()
+{
+    QFETCH(const QString, words);
+    QFETCH(const QString, expected);
+    const ProgramResult result = run(words.split(QLatin1Char(' ')));
+    QCOMPARE(result.code, 2);
+    QCOMPARE(result.errors, QStringLiteral("zolta-host: %1\n").arg(expected));
+}
+
+void tst_zolta_render::saysWhatIsWrong_data()
+{
+    QTest::addColumn<QString>("words");
+    QTest::addColumn<QString>("expected");
+    const auto row = [](const char* words, const char* expected) {
+        QTest::newRow(words) << QString::fromLatin1(words) << QString::fromLatin1(expected);
+    };
+    row("nowhere.wav out.wav",
+        "The sound file nowhere.wav cannot be read: No such file or directory.");
+    row("in.wav in.wav", "The sound file in.wav cannot be written: it is the one to be read.");
+    row("in.wav no/out.wav",
+        "The sound file no/out.wav cannot be written: No such file or directory.");
+    row("in.wav folder.wav", "The sound file folder.wav cannot be written: it is a folder.");
+    row("in.wav /proc/out.wav",
+        "The sound file /proc/out.wav cannot be written: No such file or directory.");
+    row("in.wav out.wav --state bad.state",
+        "The state file bad.state is cut short: it holds 100 of the 116 bytes of a state.");
+    row("in.wav out.wav --session nowhere.json",
+        "The session nowhere.json cannot be read: No such file or directory.");
+    row("in.wav out.wav --session bad.json",
+        "The session bad.json cannot be read: it is no session.");
+    row("many.wav out.flac",
+        "The sound file out.flac cannot be written: its format does not take 20 channels at 48000 "
+        "Hz (Format not recognised).");
+    row("fast.wav out.ogg",
+        "The sound file out.ogg cannot be written: its format does not take 1 channels at 384000 "
+        "Hz (Format not recognised).");
+    row("emptyfast.wav out.ogg",
+        "The sound file out.ogg cannot be written: its format does not take 1 channels at 384000 "
+        "Hz (no header comes out).");
+    row("hundreds.wav out.ogg",
+        "The sound file out.ogg cannot be written: its format does not take 300 channels at 48000 "
+        "Hz (Format not recognised).");
+}
+
+void tst_zolta_render::saysWhatIsWrong()
+{
+    QFETCH(const QString, words);
+    QFETCH(const QString, expected);
+    writeNoise("in.wav");
+    SoundFiles::write(path("many.wav"),
+                      Sound{SF_FORMAT_WAV | SF_FORMAT_PCM_16, 48000, 20, SoundFiles::noise(2000)});
+    SoundFiles::write(path("fast.wav"),
+                      Sound{SF_FORMAT_WAV | SF_FORMAT_PCM_16, 384000, 1, SoundFiles::noise(2000)});
+    SoundFiles::write(path("emptyfast.wav"),
+                      Sound{SF_FORMAT_WAV | SF_FORMAT_PCM_16, 384000, 1, {}});
+    SoundFiles::write(path("hundreds.wav"),
+                      Sound{SF_FORMAT_WAV | SF_FORMAT_PCM_16, 48000, 300, SoundFiles::noise(9000)});
+    QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("folder.wav")));
+    SoundFiles::writeBytes(path("bad.state"), StateBytes::state().left(100));
+    SoundFiles::writeBytes(path("bad.json"), "{}");
+    const ProgramResult result =
+        run(QStringList(QStringLiteral("--render")) + words.split(QLatin1Char(' ')));
+    QCOMPARE(result.errors, QStringLiteral("zolta-host: %1\n").arg(expected));
+    QCOMPARE(result.code, 1);
+    QCOMPARE(SoundFiles::bytesOf(path("bad.json")), QByteArray("{}"));
+}
+
+void tst_zolta_render::warnsAboutClippingAndDamage()
+{
+    Sound sound{SF_FORMAT_WAV | SF_FORMAT_FLOAT, 48000, 2, std::vector<double>(2000, 0.25)};
+    sound.samples[2 * 700 + 1] = std::nan("");
+    sound.samples[2 * 900] = 1.5;
+    SoundFiles::write(path("in.wav"), sound);
+    const ProgramResult result =
+        run({QStringLiteral("--render"), QStringLiteral("in.wav"), QStringLiteral("out.flac")});
+    QCOMPARE(result.code, 0);
+    QCOMPARE(
+        result.errors,
+        QStringLiteral("zolta-host: Warning: 1 samples of in.wav are no numbers or "
+                       "larger than 1e+15 and count as 0; the first is in frame 700 of channel 1.\n"
+                       "zolta-host: Warning: 1 samples of out.flac are clipped; a lower output "
+                       "level or --float avoids that.\n"));
+}
+
+// Also where a name looks like a gap in a sentence.
+void tst_zolta_render::namesFilesAsTheyAre()
+{
+    Sound sound{SF_FORMAT_WAV | SF_FORMAT_FLOAT, 48000, 1, std::vector<double>(100, 1.5)};
+    sound.samples[7] = std::nan("");
+    SoundFiles::write(path("in%1%2%3.wav"), sound);
+    const ProgramResult result = run({QStringLiteral("--render"), QStringLiteral("in%1%2%3.wav"),
+                                      QStringLiteral("out%1%2%3.flac")});
+    QCOMPARE(result.code, 0);
+    QCOMPARE(result.errors,
+             QLatin1String("zolta-host: Warning: 1 samples of in%1%2%3.wav are no numbers or "
+                           "larger than 1e+15 and count as 0; the first is in frame 7 of channel "
+                           "0.\n"
+                           "zolta-host: Warning: 99 samples of out%1%2%3.flac are clipped; a lower "
+                           "output level or --float avoids that.\n"));
+}
+
+// A limit on the size of files stands in for a disk that is full.
+void tst_zolta_render::saysThatTheDiskIsFull()
+{
+    writeNoise("in.wav", 200000);
+    SoundFiles::writeBytes(path("out.wav"), "old");
+    QProcess process;
+    program().prepare(&process);
+    process.setArguments(
+        {QStringLiteral("--render"), QStringLiteral("in.wav"), QStringLiteral("out.wav")});
+    process.setChildProcessModifier([] {
+        const rlimit limit = {300000, 300000};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        ::signal(SIGXFSZ, SIG_IGN);
+    });
+    process.start();
+    QVERIFY(process.waitForFinished(120000));
+    QCOMPARE(QString::fromUtf8(process.readAllStandardError()),
+             QStringLiteral("zolta-host: The sound file out.wav cannot be written: File too "
+                            "large.\n"));
+    QCOMPARE(process.exitCode(), 1);
+    QCOMPARE(SoundFiles::bytesOf(path("out.wav")), QByteArray("old"));
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files).size(), 2);
+}
+
+void tst_zolta_render::controlCLeavesNothing()
+{
+    writeNoise("in.wav", 20000000);
+    QProcess process;
+    program().prepare(&process);
+    process.setArguments(
+        {QStringLiteral("--render"), QStringLiteral("in.wav"), QStringLiteral("out.wav")});
+    process.start();
+    QTRY_VERIFY(writesInFolder(process));
+    QCOMPARE(::kill(static_cast<pid_t>(process.processId()), SIGINT), 0);
+    QVERIFY(process.waitForFinished(120000));
+    QCOMPARE(process.exitStatus(), QProcess::CrashExit);
+    QCOMPARE(process.exitCode(), SIGINT);
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+             QStringList(QStringLiteral("in.wav")));
+}
+
+void tst_zolta_render::showsProgressOnATerminalOnly()
+{
+    writeNoise("in.wav");
+    const int terminal = ::posix_openpt(O_RDWR | O_NOCTTY);
+    QVERIFY(terminal >= 0 && ::grantpt(terminal) == 0 && ::unlockpt(terminal) == 0);
+    const int line = ::open(::ptsname(terminal), O_RDWR | O_NOCTTY);
+    QProcess process;
+    program().prepare(&process);
+    process.setArguments(
+        {QStringLiteral("--render"), QStringLiteral("in.wav"), QStringLiteral("out.wav")});
+    process.setChildProcessModifier([line] { ::dup2(line, STDERR_FILENO); });
+    process.start();
+    QVERIFY(process.waitForFinished(120000));
+    char bytes[4096] = {};
+    const ssize_t count = ::read(terminal, bytes, sizeof bytes);
+    ::close(line);
+    ::close(terminal);
+    const QByteArray shown(bytes, count);
+    QVERIFY2(shown.startsWith("\r[") && shown.contains(" %"), shown.constData());
+    QVERIFY2(shown.endsWith("\r\033[K"), shown.constData());
+    QCOMPARE(process.exitCode(), 0);
+}
+
+QTEST_GUILESS_MAIN(tst_zolta_render)
+
+#include "tst_zolta_render.moc"

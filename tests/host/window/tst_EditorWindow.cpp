@@ -1,0 +1,587 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/PushButtonController.h"
+#include "host/window/EditorWindow.h"
+#include "host/window/HostTheme.h"
+#include "host/window/Mixer.h"
+#include "host/window/MixerStrip.h"
+#include "host/window/MixerWindow.h"
+#include "host/window/ParameterListModel.h"
+#include "host/window/ResponseView.h"
+#include "tests/support/TestObject.h"
+#include "widgets/ChannelNameEdit.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSpinBox>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QTableView>
+#include <QToolButton>
+
+class tst_EditorWindow : public TestObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void cleanup();
+    void showsEditorAndTable();
+    void typedValueReachesTheEditor();
+    void nonsenseIsExplained();
+    void zoomScalesTheEditor();
+    void largeEditorScrolls();
+    void zoomShortcutsStep();
+    void choicesReachTheEditor_data();
+    void choicesReachTheEditor();
+    void unusualSampleRateIsShown();
+    void measuredResponseIsSwitched();
+    void measuredResponseTakesBackWhatItAdded();
+    void zoomGrowsTheWindowAndShrinksItBack();
+    void parametersAreSwitched();
+    void editorIsSeenWholeWithoutParameters();
+    void parametersCanBeNarrow();
+    void parametersAreHiddenWhereThereIsNoRoom();
+    void overflowOfTheBarShowsAnArrow();
+    void titleSaysTheChannels();
+    void resetWritesDefaults();
+    void mixerOpensAChannelOnce();
+    void mixerOpensThePairInTheSameWindow();
+    void closingDetaches();
+    void mixerComesBack();
+    void languageIsChosenInTheMenu_data();
+    void languageIsChosenInTheMenu();
+    void windowsSpeakTheChosenLanguage();
+    void everyTextIsTranslated();
+    void valuesAreReadableInEveryLanguage();
+    void switchingTheLanguageChangesNoSetting();
+
+private:
+    static void expectRaise();
+    EditorWindow* openWindow(int channel = 0, bool stereo = true);
+    static QSize roomOf(const QWidget* window);
+    static QWidget* editorOf(const EditorWindow* window);
+    static QComboBox* choice(const EditorWindow* window, const QString& item);
+    static QAction* action(const QMainWindow* window, const QString& text);
+    MixerStrip* stripOf(int channel) const;
+    template <typename Widget> static Widget* named(const QWidget* parent, const QString& name);
+
+    Mixer m_mixer;
+    std::unique_ptr<MixerWindow> m_window;
+};
+
+void tst_EditorWindow::initTestCase()
+{
+    applyHostTheme();
+    QCOMPARE(m_mixer.library.load(QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")),
+             QString());
+    m_window = std::make_unique<MixerWindow>(m_mixer, EditorSettings());
+}
+
+void tst_EditorWindow::cleanup()
+{
+    m_window.reset();
+    m_mixer.language.choose(Language::English);
+    QCOMPARE(m_mixer.memory.observerCount(0x0103, 0), 0);
+    for (int ch = 0; ch < channelCount; ++ch) {
+        m_mixer.memory.reset(ch);
+        m_mixer.memory.setStrip(ch, StripParameter::Stereo, 1);
+    }
+    m_window = std::make_unique<MixerWindow>(m_mixer, EditorSettings());
+}
+
+// A window that is open already is raised, which the offscreen platform says it cannot do.
+void tst_EditorWindow::expectRaise()
+{
+    QTest::ignoreMessage(QtWarningMsg, "This plugin does not support raise()");
+}
+
+EditorWindow* tst_EditorWindow::openWindow(int channel, bool stereo)
+{
+    EditorWindow* window = m_window->openEditor(channel, stereo);
+    if (!window || !QTest::qWaitForWindowExposed(window))
+        qFatal("no window");
+    return window;
+}
+
+// What the screen has for a window inside its frame.
+QSize tst_EditorWindow::roomOf(const QWidget* window)
+{
+    return window->screen()->availableSize() - (window->frameSize() - window->size());
+}
+
+QWidget* tst_EditorWindow::editorOf(const EditorWindow* window)
+{
+    for (QWidget* widget : window->findChildren<QWidget*>()) {
+        if (widget->property("calls").isValid())
+            return widget;
+    }
+    qFatal("no editor");
+}
+
+QComboBox* tst_EditorWindow::choice(const EditorWindow* window, const QString& item)
+{
+    for (QComboBox* box : window->findChildren<QComboBox*>()) {
+        if (box->findText(item) >= 0)
+            return box;
+    }
+    qFatal("no choice of %s", qPrintable(item));
+}
+
+QAction* tst_EditorWindow::action(const QMainWindow* window, const QString& text)
+{
+    for (QAction* found : window->findChildren<QAction*>()) {
+        if (found->text().remove(QLatin1Char('&')) == text)
+            return found;
+    }
+    qFatal("no action %s", qPrintable(text));
+}
+
+MixerStrip* tst_EditorWindow::stripOf(int channel) const
+{
+    for (MixerStrip* strip : m_window->findChildren<MixerStrip*>()) {
+        if (strip->channel() == channel)
+            return strip;
+    }
+    qFatal("no strip %d", channel);
+}
+
+template <typename Widget>
+Widget* tst_EditorWindow::named(const QWidget* parent, const QString& name)
+{
+    for (Widget* widget : parent->findChildren<Widget*>()) {
+        if (widget->accessibleName() == name)
+            return widget;
+    }
+    qFatal("no widget %s", qPrintable(name));
+}
+
+void tst_EditorWindow::showsEditorAndTable()
+{
+    EditorWindow* window = openWindow();
+    QVERIFY(editorOf(window)->isVisible());
+    QCOMPARE(editorOf(window)->size(), QSize(400, 240));
+    const auto* table = window->findChild<QTableView*>();
+    QVERIFY(table->isVisible());
+    QCOMPARE(table->model()->rowCount(), 27);
+    QCOMPARE(table->verticalScrollBar()->maximum(), 0); // all rows are in sight
+}
+
+void tst_EditorWindow::typedValueReachesTheEditor()
+{
+    EditorWindow* window = openWindow(2);
+    auto* table = window->findChild<QTableView*>();
+    const QModelIndex cell = table->model()->index(2, ParameterListModel::ValueColumn);
+    table->setCurrentIndex(cell);
+    table->edit(cell);
+    auto* field = table->viewport()->findChild<QLineEdit*>();
+    QVERIFY(field);
+    QTest::keyClicks(field, QStringLiteral("6 dB"));
+    QTest::keyClick(field, Qt::Key_Return);
+    QTRY_COMPARE(m_mixer.memory.values(2)[2], 60);
+    QCOMPARE(cell.data().toString(), QStringLiteral("+6.0"));
+    QVERIFY(editorOf(window)->property("calls").toStringList().contains(
+        QStringLiteral("Update 259 2 60 +6.0")));
+}
+
+void tst_EditorWindow::nonsenseIsExplained()
+{
+    EditorWindow* window = openWindow();
+    auto* model = window->findChild<QTableView*>()->model();
+    QVERIFY(
+        !model->setData(model->index(2, ParameterListModel::ValueColumn), QStringLiteral("loud")));
+    QCOMPARE(window->statusBar()->currentMessage(),
+             QStringLiteral("\"loud\" is no value of Low gain: type -20.0 to +20.0 dB."));
+    QCOMPARE(m_mixer.memory.values(0)[2], 0);
+}
+
+void tst_EditorWindow::zoomScalesTheEditor()
+{
+    EditorWindow* window = openWindow();
+    auto* zoom = window->findChild<QSpinBox*>();
+    QCOMPARE(zoom->value(), 100);
+    QCOMPARE(zoom->minimum(), 50);
+    QCOMPARE(zoom->maximum(), 400);
+    zoom->setValue(50);
+    QCOMPARE(editorOf(window)->size(), QSize(200, 120));
+    zoom->setValue(400);
+    QCOMPARE(editorOf(window)->size(), QSize(1600, 960));
+    zoom->setValue(100);
+    QCOMPARE(editorOf(window)->size(), QSize(400, 240));
+}
+
+void tst_EditorWindow::largeEditorScrolls()
+{
+    EditorWindow* window = openWindow();
+    auto* area = window->findChild<QScrollArea*>();
+    window->findChild<QSpinBox*>()->setValue(50);
+    QTRY_COMPARE(area->horizontalScrollBar()->maximum(), 0);
+    window->findChild<QSpinBox*>()->setValue(400);
+    QTRY_COMPARE(area->horizontalScrollBar()->maximum(), 1600 - area->viewport()->width());
+    QTRY_COMPARE(area->verticalScrollBar()->maximum(), 960 - area->viewport()->height());
+}
+
+void tst_EditorWindow::zoomShortcutsStep()
+{
+    EditorWindow* window = openWindow();
+    auto* zoom = window->findChild<QSpinBox*>();
+    action(window, QStringLiteral("Zoom In"))->trigger();
+    QCOMPARE(zoom->value(), 125);
+    QCOMPARE(editorOf(window)->size(), QSize(500, 300));
+    action(window, QStringLiteral("Zoom Out"))->trigger();
+    action(window, QStringLiteral("Zoom Out"))->trigger();
+    QCOMPARE(zoom->value(), 75);
+    action(window, QStringLiteral("Actual Size"))->trigger();
+    QCOMPARE(zoom->value(), 100);
+}
+
+void tst_EditorWindow::choicesReachTheEditor_data()
+{
+    QTest::addColumn<QString>("item");
+    QTest::addColumn<QString>("call");
+    QTest::newRow("mono") << "Mono"
+                          << "setCh 0 -1";
+    QTest::newRow("44.1 kHz") << "44100 Hz"
+                              << "setFs 44100";
+    QTest::newRow("192 kHz") << "192000 Hz"
+                             << "setFs 192000";
+    QTest::newRow("relative circular dials") << "Relative circular"
+                                             << "setDialEditMode 1";
+    QTest::newRow("linear dials") << "Linear"
+                                  << "setDialEditMode 2";
+    QTest::newRow("jumping sliders") << "Jump"
+                                     << "setSliderEditMode 1";
+    QTest::newRow("touched sliders") << "Touch"
+                                     << "setSliderEditMode 2";
+    QTest::newRow("ramping sliders") << "Ramp"
+                                     << "setSliderEditMode 3";
+}
+
+void tst_EditorWindow::choicesReachTheEditor()
+{
+    QFETCH(const QString, item);
+    QFETCH(const QString, call);
+    EditorWindow* window = openWindow();
+    QVERIFY(!editorOf(window)->property("calls").toStringList().contains(call));
+    choice(window, item)->setCurrentText(item);
+    QVERIFY(editorOf(window)->property("calls").toStringList().contains(call));
+}
+
+void tst_EditorWindow::unusualSampleRateIsShown()
+{
+    EditorSettings settings;
+    settings.sampleRate = 32000;
+    m_window = std::make_unique<MixerWindow>(m_mixer, settings);
+    EditorWindow* window = openWindow();
+    QCOMPARE(choice(window, QStringLiteral("44100 Hz"))->currentText(), QStringLiteral("32000 Hz"));
+}
+
+void tst_EditorWindow::measuredResponseIsSwitched()
+{
+    EditorWindow* window = openWindow(2);
+    const auto* view = window->findChild<ResponseView*>();
+    const int height = window->height();
+    QVERIFY(!view->isVisible());
+    QTest::keyClick(window, Qt::Key_R, Qt::ControlModifier);
+    QVERIFY(view->isVisible());
+    QVERIFY(window->isMeasured());
+    QCOMPARE(window->height(), std::min(height + view->height(), roomOf(window).height()));
+    QCOMPARE(view->frequencies().back(), 20000.0);
+    choice(window, QStringLiteral("44100 Hz"))->setCurrentText(QStringLiteral("44100 Hz"));
+    QCOMPARE(view->frequencies().back(), 19845.0);
+    action(window, QStringLiteral("Measured Response"))->trigger();
+    QVERIFY(!view->isVisible());
+    QVERIFY(window->height() <= height);
+}
+
+void tst_EditorWindow::measuredResponseTakesBackWhatItAdded()
+{
+    EditorWindow* window = openWindow(2);
+    const int highest = roomOf(window).height();
+    for (const int height : {400, highest - 100, highest}) {
+        window->resize(700, height);
+        window->setMeasured(true);
+        QCOMPARE(window->height(), std::min(height + ResponseView::viewHeight, highest));
+        window->setMeasured(false);
+        QCOMPARE(window->height(), height);
+    }
+}
+
+void tst_EditorWindow::zoomGrowsTheWindowAndShrinksItBack()
+{
+    EditorWindow* window = openWindow();
+    action(window, QStringLiteral("Parameters"))->trigger();
+    const auto* area = window->findChild<QScrollArea*>();
+    const QSize before(430, 380);
+    window->resize(before);
+    window->setScale(1.5);
+    QCOMPARE(area->maximumViewportSize().width(), 600);
+    QVERIFY(area->maximumViewportSize().height() >= 360);
+    QTRY_COMPARE(area->horizontalScrollBar()->maximum(), 0);
+    window->setScale(4.0);
+    QCOMPARE(window->size(), roomOf(window));
+    QCOMPARE(window->pos(), window->screen()->availableGeometry().topLeft());
+    window->setScale(1.0);
+    QCOMPARE(window->size(), before);
+    window->setScale(0.5);
+    QCOMPARE(window->size(), before);
+    window->showMaximized();
+    const QSize maximized = window->size();
+    window->setScale(4.0);
+    QCOMPARE(window->size(), maximized);
+}
+
+void tst_EditorWindow::parametersAreSwitched()
+{
+    EditorWindow* window = openWindow();
+    const auto* table = window->findChild<QTableView*>();
+    const QAction* item = action(window, QStringLiteral("Parameters"));
+    const int width = window->width();
+    QVERIFY(item->isChecked());
+    QVERIFY(table->width() > 300);
+    QTest::keyClick(window, Qt::Key_L, Qt::ControlModifier);
+    QVERIFY(!item->isChecked());
+    QVERIFY(!table->isVisible());
+    QCOMPARE(window->width(), 400); // the editor's
+    QTest::keyClick(window, Qt::Key_L, Qt::ControlModifier);
+    QVERIFY(table->isVisible());
+    QCOMPARE(window->width(), std::min(width, roomOf(window).width()));
+    QCOMPARE(window->findChild<QScrollArea*>()->width(), 400);
+}
+
+void tst_EditorWindow::editorIsSeenWholeWithoutParameters()
+{
+    EditorWindow* window = openWindow();
+    window->setScale(1.75);
+    QVERIFY(window->findChild<QScrollArea*>()->maximumViewportSize().width() < 700);
+    action(window, QStringLiteral("Parameters"))->trigger();
+    QTRY_COMPARE(window->findChild<QScrollArea*>()->maximumViewportSize().width(), 700);
+}
+
+void tst_EditorWindow::parametersCanBeNarrow()
+{
+    EditorWindow* window = openWindow();
+    const auto* table = window->findChild<QTableView*>();
+    window->findChild<QSplitter*>()->setSizes({1000, 260});
+    QTRY_COMPARE(table->width(), 260);
+    for (int column = 0; column < table->model()->columnCount(); ++column)
+        QVERIFY(table->columnWidth(column) >=
+                static_cast<const QAbstractItemView*>(table)->sizeHintForColumn(column));
+    QVERIFY(table->columnViewportPosition(ParameterListModel::UnitColumn) <
+            table->viewport()->width()); // values are in sight
+    window->findChild<QSplitter*>()->setSizes({0, 1000});
+    QTRY_COMPARE(table->horizontalScrollBar()->maximum(), 0);
+}
+
+void tst_EditorWindow::parametersAreHiddenWhereThereIsNoRoom()
+{
+    EditorSettings settings;
+    settings.scale = 1.5; // 600 of the screen's 800 pixels
+    m_window = std::make_unique<MixerWindow>(m_mixer, settings);
+    EditorWindow* window = openWindow();
+    const auto* table = window->findChild<QTableView*>();
+    QVERIFY(!table->isVisible());
+    QCOMPARE(window->width(), 600);
+    action(window, QStringLiteral("Parameters"))->trigger();
+    QVERIFY(table->isVisible());
+    QCOMPARE(table->width(), 260);
+    QCOMPARE(window->width(), roomOf(window).width());
+    action(window, QStringLiteral("Parameters"))->trigger();
+    QCOMPARE(window->width(), 600);
+}
+
+void tst_EditorWindow::overflowOfTheBarShowsAnArrow()
+{
+    EditorWindow* window = openWindow();
+    action(window, QStringLiteral("Parameters"))->trigger();
+    auto* key = window->findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
+    QTRY_VERIFY(key && key->isVisible());
+    const QImage picture = key->grab().toImage();
+    int bright = 0;
+    for (int y = 2; y < picture.height() - 2; ++y) {
+        for (int x = 2; x < picture.width() - 2; ++x)
+            bright += qGray(picture.pixel(x, y)) > 150;
+    }
+    QVERIFY(bright > 5);
+}
+
+void tst_EditorWindow::titleSaysTheChannels()
+{
+    EditorWindow* window = openWindow(4);
+    QCOMPARE(window->windowTitle(), QStringLiteral("Channels 4 + 5 - Equalizer"));
+    choice(window, QStringLiteral("Mono"))->setCurrentText(QStringLiteral("Mono"));
+    QCOMPARE(window->windowTitle(), QStringLiteral("Channel 4 - Equalizer"));
+}
+
+void tst_EditorWindow::resetWritesDefaults()
+{
+    EditorWindow* window = openWindow(1, false);
+    m_mixer.memory.setValue(0x0103, 1, 50, 0, 0, 1);
+    m_mixer.memory.setValue(0x0103, 0, 50, 0, 0, 1);
+    action(window, QStringLiteral("Reset to Defaults"))->trigger();
+    QCOMPARE(m_mixer.memory.values(1), HostMemory().values(1));
+    QCOMPARE(m_mixer.memory.values(0)[2], 50);
+}
+
+void tst_EditorWindow::mixerOpensAChannelOnce()
+{
+    m_mixer.memory.setStrip(2, StripParameter::Stereo, 0);
+    m_window->show();
+    auto* edit = named<QAbstractButton>(stripOf(3), QStringLiteral("Editor of Channel 3"));
+    QTest::mouseClick(edit, Qt::LeftButton);
+    expectRaise();
+    EditorWindow* window = m_window->openEditor(3, false);
+    QVERIFY(window->isVisible());
+    QCOMPARE(window->windowTitle(), QStringLiteral("Channel 3 - Equalizer"));
+    expectRaise();
+    QTest::mouseClick(edit, Qt::LeftButton);
+    expectRaise();
+    QCOMPARE(m_window->openEditor(3, false), window);
+    QVERIFY(m_window->openEditor(2, false) != window);
+}
+
+void tst_EditorWindow::mixerOpensThePairInTheSameWindow()
+{
+    EditorWindow* window = openWindow(2, false);
+    expectRaise();
+    QCOMPARE(m_window->openEditor(2, true), window);
+    QVERIFY(window->settings().stereo);
+    QVERIFY(
+        editorOf(window)->property("calls").toStringList().contains(QStringLiteral("setCh 2 3")));
+}
+
+void tst_EditorWindow::closingDetaches()
+{
+    QPointer<EditorWindow> window = openWindow();
+    QCOMPARE(m_mixer.memory.observerCount(0x0103, 0), 2); // the editor's and the table's
+    window->close();
+    QTRY_VERIFY(!window);
+    QCOMPARE(m_mixer.memory.observerCount(0x0103, 0), 0);
+    QVERIFY(m_window->openEditor(0, true));
+}
+
+void tst_EditorWindow::mixerComesBack()
+{
+    EditorWindow* window = openWindow();
+    QVERIFY(!m_window->isVisible());
+    action(window, QStringLiteral("Mixer"))->trigger();
+    QVERIFY(m_window->isVisible());
+}
+
+void tst_EditorWindow::languageIsChosenInTheMenu_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<Language>("expected");
+    QTest::newRow("German") << "Deutsch" << Language::German;
+    QTest::newRow("Japanese") << QString::fromUtf8("日本語") << Language::Japanese;
+    QTest::newRow("English") << "English" << Language::English;
+}
+
+void tst_EditorWindow::languageIsChosenInTheMenu()
+{
+    QFETCH(const QString, name);
+    QFETCH(const Language, expected);
+    EditorWindow* window = openWindow();
+    EditorWindow* other = openWindow(3);
+    m_mixer.language.choose(Language::German);
+    action(window, name)->trigger();
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(m_mixer.language.current(), expected);
+    const std::vector<QMainWindow*> windows = {window, other, m_window.get()};
+    for (const QMainWindow* shown : windows) {
+        for (const Language language : languages)
+            QCOMPARE(action(shown, nameOf(language))->isChecked(), language == expected);
+    }
+}
+
+void tst_EditorWindow::windowsSpeakTheChosenLanguage()
+{
+    EditorWindow* window = openWindow(4);
+    m_mixer.language.choose(Language::German);
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(window->windowTitle(), QStringLiteral("Kanäle 4 + 5 - Equalizer"));
+    QVERIFY(action(window, QStringLiteral("Zustand laden ...")));
+    QVERIFY(choice(window, QStringLiteral("Relativ kreisförmig")));
+    const QAbstractItemModel* table = window->findChild<QTableView*>()->model();
+    QCOMPARE(table->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Wert"));
+    QCOMPARE(table->index(2, 0).data().toString(), QStringLiteral("Tiefen: Gain"));
+    QCOMPARE(table->index(2, 1).data(Qt::ToolTipRole).toString(),
+             QStringLiteral("-20.0 bis +20.0 dB"));
+    QCOMPARE(m_window->windowTitle(), QStringLiteral("Mischpult"));
+    QCOMPARE(stripOf(7)->findChild<ChannelNameEdit*>()->text(), QStringLiteral("Kanal 7"));
+    EditorWindow* opened = openWindow(1, false); // one that opens later speaks it, too
+    QCOMPARE(opened->windowTitle(), QStringLiteral("Kanal 1 - Equalizer"));
+    m_mixer.language.choose(Language::English);
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(window->windowTitle(), QStringLiteral("Channels 4 + 5 - Equalizer"));
+    QCOMPARE(table->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Value"));
+    QVERIFY(action(window, QStringLiteral("Load State...")));
+}
+
+// In Japanese no text of the windows is made of Latin letters alone.
+void tst_EditorWindow::everyTextIsTranslated()
+{
+    static const QRegularExpression japanese(
+        QStringLiteral("[\\x{3040}-\\x{30ff}\\x{4e00}-\\x{9fff}]"));
+    EditorWindow* window = openWindow();
+    m_mixer.language.choose(Language::Japanese);
+    QCoreApplication::sendPostedEvents();
+    QStringList texts{window->windowTitle(), m_window->windowTitle()};
+    const std::vector<QMainWindow*> windows = {window, m_window.get()};
+    for (const QMainWindow* shown : windows) {
+        for (const QAction* found : shown->findChildren<QAction*>()) {
+            if (!found->isCheckable() && !found->text().isEmpty())
+                texts << found->text();
+        }
+        for (const QLabel* label : shown->findChildren<QLabel*>()) {
+            static const QRegularExpression letters(QStringLiteral("[^\\d:/ ]"));
+            if (label->text().contains(letters))
+                texts << label->text();
+        }
+    }
+    for (const QComboBox* box : window->findChildren<QComboBox*>()) {
+        if (!box->itemText(0).endsWith(QLatin1String("Hz")))
+            texts << box->itemText(0);
+    }
+    const QAbstractItemModel* table = window->findChild<QTableView*>()->model();
+    for (int column = 0; column < table->columnCount(); ++column)
+        texts << table->headerData(column, Qt::Horizontal).toString();
+    for (int row = 0; row < table->rowCount(); ++row)
+        texts << table->index(row, 0).data().toString();
+    for (const QString& text : texts)
+        QVERIFY2(japanese.match(text).hasMatch(), qPrintable(text));
+    QVERIFY(texts.size() > 50);
+}
+
+void tst_EditorWindow::valuesAreReadableInEveryLanguage()
+{
+    EditorWindow* window = openWindow();
+    const auto* table = window->findChild<QTableView*>();
+    for (const Language language : languages) {
+        m_mixer.language.choose(language);
+        QCoreApplication::sendPostedEvents();
+        const int needed = static_cast<const QAbstractItemView*>(table)->sizeHintForColumn(
+            ParameterListModel::ValueColumn);
+        QTRY_VERIFY2(table->columnWidth(ParameterListModel::ValueColumn) >= needed,
+                     qPrintable(codeOf(language)));
+    }
+}
+
+void tst_EditorWindow::switchingTheLanguageChangesNoSetting()
+{
+    EditorWindow* window = openWindow(0, false);
+    choice(window, QStringLiteral("Linear"))->setCurrentText(QStringLiteral("Linear"));
+    editorOf(window)->setProperty("calls", QStringList());
+    m_mixer.language.choose(Language::German);
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(editorOf(window)->property("calls").toStringList(), QStringList());
+    QVERIFY(!window->settings().stereo);
+    QCOMPARE(choice(window, QStringLiteral("Geradlinig"))->currentIndex(), 2);
+}
+
+ZOLTA_TEST_MAIN(tst_EditorWindow)
+
+#include "tst_EditorWindow.moc"

@@ -1,0 +1,578 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/window/EditorWindow.h"
+#include "host/window/Mixer.h"
+#include "host/window/MixerSession.h"
+#include "host/window/MixerWindow.h"
+#include "tests/support/TestObject.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QTemporaryDir>
+
+#include <functional>
+
+class tst_MixerSession : public TestObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void missingFileChangesNothing();
+    void everythingComesBack();
+    void windowsComeBack();
+    void historyIsEmptyAfterwards();
+    void lastWindowSaves();
+    void quitSavesWhatIsOpen();
+    void editIsSavedAfterAWhile();
+    void windowsPlaceIsSavedAfterAWhile();
+    void damagedFileIsKeptAside_data();
+    void damagedFileIsKeptAside();
+    void secondDamagedFileTakesAnotherName();
+    void damagedFilesKeepOddNames();
+    void folderIsLeftAlone();
+    void laterVersionIsLeftAlone();
+    void readingChangesNoFile();
+    void sessionOfAnotherProgramIsNotSaved();
+    void damageIsLeftToTheProgramThatWasFirst();
+    void missingKeysKeepDefaults();
+    void unknownKeysAreKept();
+    void failedWriteLeavesTheOldFile();
+    void failedWriteAsksBeforeTheLastWindowCloses();
+    void failedWriteAsksBeforeTheProgramEnds();
+    void unchangedSessionIsNotWritten();
+    void nothingIsWrittenWithoutAFile();
+    void placeOffEveryScreenIsNotUsed();
+
+private:
+    QByteArray content(const QString& file) const;
+    void write(const QString& file, const QByteArray& bytes) const;
+    QJsonObject saved() const { return QJsonDocument::fromJson(content(m_file)).object(); }
+    void load(Mixer& mixer) const;
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QString m_file;
+    std::unique_ptr<Mixer> m_mixer;
+};
+
+void tst_MixerSession::init()
+{
+    TestObject::init();
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_file = m_folder->filePath(QStringLiteral("deep/session.json"));
+    m_mixer = std::make_unique<Mixer>();
+    load(*m_mixer);
+}
+
+void tst_MixerSession::cleanup()
+{
+    m_mixer.reset();
+    m_folder.reset();
+}
+
+void tst_MixerSession::load(Mixer& mixer) const
+{
+    QCOMPARE(mixer.library.load(QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")),
+             QString());
+}
+
+QByteArray tst_MixerSession::content(const QString& file) const
+{
+    QFile input(file);
+    return input.open(QIODevice::ReadOnly) ? input.readAll() : QByteArray();
+}
+
+void tst_MixerSession::write(const QString& file, const QByteArray& bytes) const
+{
+    QDir().mkpath(QFileInfo(file).path());
+    QFile output(file);
+    QVERIFY(output.open(QIODevice::WriteOnly));
+    output.write(bytes);
+}
+
+void tst_MixerSession::missingFileChangesNothing()
+{
+    MixerSession session(*m_mixer);
+    QCOMPARE(session.open(m_file), QString());
+    QVERIFY(!QFile::exists(m_file));
+    QCOMPARE(m_mixer->memory.values(0), HostMemory().values(0));
+    QVERIFY(session.save());
+    QVERIFY(QFile::exists(m_file));
+}
+
+void tst_MixerSession::everythingComesBack()
+{
+    auto session = std::make_unique<MixerSession>(*m_mixer);
+    QCOMPARE(session->open(m_file), QString());
+    HostMemory::Values values[channelCount];
+    for (int ch = 0; ch < channelCount; ++ch) {
+        m_mixer->desk.setName(ch, QStringLiteral("Name \"%1\" \u97f3").arg(ch));
+        for (std::size_t i = 0; i < stripParameterCount; ++i) {
+            const int steps = stripTable[i].maximum + 1;
+            m_mixer->memory.setStrip(ch, static_cast<StripParameter>(i), (37 * ch + 11) % steps);
+        }
+        for (std::size_t i = 0; i < parameterCount; ++i) {
+            const Parameter& p = parameterTable[i];
+            values[ch][i] =
+                p.minimum + (29 * ch + static_cast<int>(7 * i)) % (p.maximum - p.minimum + 1);
+        }
+        m_mixer->memory.write(ch, values[ch]);
+        m_mixer->settings.keep(ch, {{QStringLiteral("GraphZoom"), ch}});
+    }
+    m_mixer->desk.compare().choose(3, true);
+    QVERIFY(session->save());
+    session.reset();
+
+    Mixer fresh;
+    MixerSession restored(fresh);
+    QCOMPARE(restored.open(m_file), QString());
+    for (int ch = 0; ch < channelCount; ++ch) {
+        QCOMPARE(fresh.desk.name(ch), m_mixer->desk.name(ch));
+        QCOMPARE(fresh.memory.values(ch), m_mixer->memory.values(ch));
+        for (std::size_t i = 0; i < stripParameterCount; ++i)
+            QCOMPARE(fresh.memory.strip(ch, static_cast<StripParameter>(i)),
+                     m_mixer->memory.strip(ch, static_cast<StripParameter>(i)));
+        QCOMPARE(fresh.settings.map(ch).value(QStringLiteral("GraphZoom")).toInt(), ch);
+        QCOMPARE(fresh.desk.compare().isB(ch), ch == 3);
+    }
+    QCOMPARE(fresh.memory.values(3), HostMemory().values(3));
+    fresh.desk.compare().choose(3, false);
+    QCOMPARE(fresh.memory.values(3), values[3]);
+}
+
+void tst_MixerSession::windowsComeBack()
+{
+    {
+        MixerWindow window(*m_mixer, EditorSettings());
+        MixerSession session(*m_mixer);
+        session.open(m_file);
+        QVERIFY(!session.restoreWindows(window));
+        window.show();
+        window.resize(700, 410);
+        window.move(30, 20);
+        EditorWindow* editor = window.openEditor(3, false);
+        editor->setScale(1.5);
+        editor->setMeasured(true);
+        editor->resize(644, 433);
+        editor->move(12, 34);
+        window.openEditor(6, true);
+        QVERIFY(session.save());
+    }
+    Mixer fresh;
+    load(fresh);
+    MixerWindow window(fresh, EditorSettings());
+    MixerSession session(fresh);
+    QCOMPARE(session.open(m_file), QString());
+    QVERIFY(session.restoreWindows(window));
+    QCOMPARE(window.size(), QSize(700, 410));
+    QCOMPARE(window.pos(), QPoint(30, 20));
+    const QList<EditorWindow*> editors = window.editors();
+    QCOMPARE(editors.size(), 2);
+    QCOMPARE(editors[0]->settings().channel, 3);
+    QVERIFY(!editors[0]->settings().stereo);
+    QCOMPARE(editors[0]->settings().scale, 1.5);
+    QVERIFY(editors[0]->isMeasured());
+    QVERIFY(!editors[1]->isMeasured());
+    QCOMPARE(editors[0]->size(), QSize(644, 433));
+    QCOMPARE(editors[0]->pos(), QPoint(12, 34));
+    QCOMPARE(editors[1]->settings().channel, 6);
+    QVERIFY(editors[1]->settings().stereo);
+}
+
+void tst_MixerSession::historyIsEmptyAfterwards()
+{
+    m_mixer->memory.setStrip(2, StripParameter::Level, 111);
+    auto session = std::make_unique<MixerSession>(*m_mixer);
+    session->open(m_file);
+    QVERIFY(session->save());
+    session.reset();
+    MixerSession again(*m_mixer);
+    QCOMPARE(again.open(m_file), QString());
+    QCOMPARE(m_mixer->desk.history().stack().count(), 0);
+}
+
+void tst_MixerSession::lastWindowSaves()
+{
+    MixerWindow window(*m_mixer, EditorSettings());
+    MixerSession session(*m_mixer);
+    session.open(m_file);
+    session.restoreWindows(window);
+    window.show();
+    EditorWindow* editor = window.openEditor(1, true);
+    window.close();
+    QVERIFY(!QFile::exists(m_file)); // the editor is still open
+    m_mixer->desk.rename(0, QStringLiteral("Late"));
+    editor->close();
+    QCOMPARE(saved()[QStringLiteral("channels")][0][QStringLiteral("name")].toString(),
+             QStringLiteral("Late"));
+    QCOMPARE(saved()[QStringLiteral("editors")].toArray().size(), 1);
+}
+
+void tst_MixerSession::quitSavesWhatIsOpen()
+{
+    MixerWindow window(*m_mixer, EditorSettings());
+    MixerSession session(*m_mixer);
+    session.open(m_file);
+    session.restoreWindows(window);
+    window.show();
+    window.openEditor(1, true);
+    window.openEditor(5, true);
+    window.quit();
+    QVERIFY(!window.isVisible());
+    QCOMPARE(saved()[QStringLiteral("editors")].toArray().size(), 2);
+}
+
+void tst_MixerSession::editIsSavedAfterAWhile()
+{
+    MixerWindow window(*m_mixer, EditorSettings());
+    MixerSession session(*m_mixer);
+    session.open(m_file);
+    session.restoreWindows(window);
+    const auto* timer = session.findChild<QTimer*>();
+    QVERIFY(timer && !timer->isActive());
+    m_mixer->memory.setStrip(0, StripParameter::Mute, 1);
+    QVERIFY(timer->isActive());
+    QCOMPARE(timer->interval(), MixerSession::saveDelay);
+    QVERIFY(session.save());
+    QVERIFY(!timer->isActive());
+}
+
+void tst_MixerSession::windowsPlaceIsSavedAfterAWhile()
+{
+    MixerWindow window(*m_mixer, EditorSettings());
+    MixerSession session(*m_mixer);
+    session.open(m_file);
+    session.restoreWindows(window);
+    window.show();
+    const auto* timer = session.findChild<QTimer*>();
+    const auto startsTimer = [&](const std::function<void()>& act) {
+        QCoreApplication::processEvents();
+        session.save();
+        act();
+        QCoreApplication::processEvents();
+        return timer->isActive();
+    };
+    QVERIFY(!startsTimer([] {}));
+    EditorWindow* editor = nullptr;
+    QVERIFY(startsTimer([&] { editor = window.openEditor(2, true); }));
+    QVERIFY(startsTimer([&] { editor->move(editor->pos() + QPoint(5, 5)); }));
+    QVERIFY(startsTimer([&] { window.resize(window.size() - QSize(5, 5)); }));
+    QVERIFY(startsTimer([&] { editor->close(); }));
+}
+
+void tst_MixerSession::damagedFileIsKeptAside_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("reason");
+    const auto row = [](const char* name, const QByteArray& bytes, const char* reason) {
+        QTest::newRow(name) << bytes << QString::fromLatin1(reason);
+    };
+    const auto session = [](const QByteArray& rest) {
+        return "{\"zolta-session\": 1, " + rest + "}";
+    };
+    row("empty", "", "illegal value at byte 0");
+    row("cut", "{\"zolta-session\": 1, \"chan", "at byte");
+    row("no session", "{}", "it is no session");
+    row("list", "[]", "it is no session");
+    row("version 0", "{\"zolta-session\": 0}", "it is a session of version 0");
+    row("channels", session("\"channels\": 3"), "channels is no list");
+    row("nine channels", session("\"channels\": [{},{},{},{},{},{},{},{},{}]"),
+        "channels are 9, where the mixer has 8");
+    row("channel", session("\"channels\": [{}, []]"), "channels[1] is no object");
+    row("name", session("\"channels\": [{\"name\": 3}]"), "channels[0].name is no text");
+    row("strip", session("\"channels\": [{\"strip\": \"x\"}]"), "channels[0].strip is no object");
+    row("level type", session("\"channels\": [{},{},{},{\"strip\": {\"level\": -3.5}}]"),
+        "channels[3].strip.level is no text");
+    row("level", session("\"channels\": [{\"strip\": {\"level\": \"loud\"}}]"),
+        "channels[0].strip.level is \"loud\", which is no value of it");
+    row("equalizer", session("\"channels\": [{\"equalizer\": {\"Low gain\": 3}}]"),
+        "channels[0].equalizer is no equalizer: the value of \"Low gain\" is no text");
+    row("chosen", session("\"channels\": [{\"compare\": {\"chosen\": \"C\"}}]"),
+        "channels[0].compare.chosen is neither A nor B");
+    row("other", session("\"channels\": [{\"compare\": {\"other\": true}}]"),
+        "channels[0].compare.other is no object");
+    row("map", session("\"channels\": [{\"editor\": [1]}]"), "channels[0].editor is no object");
+    row("place", session("\"mixer\": {\"place\": [1, 2]}"),
+        "mixer.place does not hold four numbers");
+    row("place of texts", session("\"mixer\": {\"place\": [1, 2, 3, \"4\"]}"),
+        "mixer.place is no number");
+    row("editor", session("\"editors\": [4]"), "editors[0] is no object");
+    row("channel of an editor", session("\"editors\": [{\"channel\": 8}]"),
+        "editors[0].channel is 8, which is not between 0 and 7");
+    row("stereo", session("\"editors\": [{\"channel\": 1, \"stereo\": 1}]"),
+        "editors[0].stereo is no truth value");
+    row("measured", session("\"editors\": [{\"measured\": 1}]"),
+        "editors[0].measured is no truth value");
+    row("scale", session("\"editors\": [{\"scale\": 100}]"),
+        "editors[0].scale is 100, which is not between 0.5 and 4");
+}
+
+void tst_MixerSession::damagedFileIsKeptAside()
+{
+    QFETCH(const QByteArray, bytes);
+    QFETCH(const QString, reason);
+    write(m_file, bytes);
+    MixerSession session(*m_mixer);
+    const QString fault = session.open(m_file);
+    QVERIFY2(fault.startsWith(QStringLiteral("The session %1 is damaged and not used: ")
+                                  .arg(QDir::toNativeSeparators(m_file))),
+             qPrintable(fault));
+    QVERIFY2(fault.contains(reason), qPrintable(fault));
+    QVERIFY(!QFile::exists(m_file));
+    QCOMPARE(content(m_file + QStringLiteral(".damaged")), bytes);
+    for (int ch = 0; ch < channelCount; ++ch)
+        QCOMPARE(m_mixer->memory.values(ch), HostMemory().values(ch));
+    QVERIFY(session.save());
+    QVERIFY(QFile::exists(m_file));
+    QCOMPARE(content(m_file + QStringLiteral(".damaged")), bytes);
+}
+
+void tst_MixerSession::secondDamagedFileTakesAnotherName()
+{
+    write(m_file + QStringLiteral(".damaged"), "first");
+    write(m_file, "second");
+    MixerSession session(*m_mixer);
+    QVERIFY(session.open(m_file).contains(QStringLiteral("session.json.damaged-2")));
+    QCOMPARE(content(m_file + QStringLiteral(".damaged")), QByteArray("first"));
+    QCOMPARE(content(m_file + QStringLiteral(".damaged-2")), QByteArray("second"));
+}
+
+// What looks like a place to fill in is a part of the name.
+void tst_MixerSession::damagedFilesKeepOddNames()
+{
+    const QString file = m_folder->filePath(QStringLiteral("100%1%2.json"));
+    write(file + QStringLiteral(".damaged"), "first");
+    write(file, "second");
+    MixerSession session(*m_mixer);
+    QVERIFY(session.open(file).contains(QStringLiteral("100%1%2.json.damaged-2")));
+    QCOMPARE(content(file + QStringLiteral(".damaged-2")), QByteArray("second"));
+}
+
+void tst_MixerSession::folderIsLeftAlone()
+{
+    MixerSession session(*m_mixer);
+    QVERIFY(session.open(m_folder->path()).contains(QStringLiteral("cannot be read")));
+    QVERIFY(session.save());
+    QVERIFY(QFileInfo(m_folder->path()).isDir());
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+             QStringList());
+}
+
+void tst_MixerSession::laterVersionIsLeftAlone()
+{
+    const QByteArray bytes = "{\"zolta-session\": 2, \"channels\": 8}";
+    write(m_file, bytes);
+    MixerSession session(*m_mixer);
+    QCOMPARE(session.open(m_file),
+             QStringLiteral("The session %1 cannot be read: it is a session of version 2, which "
+                            "this program does not know. It is left alone, and nothing will be "
+                            "saved.")
+                 .arg(QDir::toNativeSeparators(m_file)));
+    m_mixer->desk.setName(0, QStringLiteral("New"));
+    QVERIFY(session.save());
+    QCOMPARE(content(m_file), bytes);
+    QVERIFY(!QFile::exists(m_file + QStringLiteral(".damaged")));
+}
+
+void tst_MixerSession::readingChangesNoFile()
+{
+    MixerSession session(*m_mixer);
+    QVERIFY2(session.read(m_file).contains(QStringLiteral("cannot be read: No such file")),
+             "a file that is not there");
+    write(m_file, "damaged");
+    QCOMPARE(session.read(m_file),
+             QStringLiteral("The session %1 cannot be read: illegal value at byte 1.").arg(m_file));
+    QVERIFY(session.save());
+    QCOMPARE(content(m_file), QByteArray("damaged"));
+    write(m_file, "{\"zolta-session\": 1, \"channels\": [{\"name\": \"Read\"}]}");
+    const QByteArray before = content(m_file);
+    QCOMPARE(session.read(m_file), QString());
+    QCOMPARE(m_mixer->desk.name(0), QStringLiteral("Read"));
+    m_mixer->desk.setName(0, QStringLiteral("New"));
+    QVERIFY(session.save());
+    QCOMPARE(content(m_file), before);
+}
+
+void tst_MixerSession::sessionOfAnotherProgramIsNotSaved()
+{
+    auto first = std::make_unique<MixerSession>(*m_mixer);
+    QCOMPARE(first->open(m_file), QString());
+    m_mixer->desk.setName(0, QStringLiteral("First"));
+    QVERIFY(first->save());
+    const QByteArray before = content(m_file);
+
+    Mixer other;
+    MixerSession second(other);
+    QCOMPARE(second.open(m_file),
+             QStringLiteral("Another program has the session %1 open. What is changed here will "
+                            "not be saved.")
+                 .arg(QDir::toNativeSeparators(m_file)));
+    QVERIFY(!second.isNew());
+    QCOMPARE(other.desk.name(0), QStringLiteral("First"));
+    other.desk.setName(0, QStringLiteral("Second"));
+    QVERIFY(second.save());
+    QCOMPARE(content(m_file), before);
+
+    first.reset();
+    MixerSession third(other);
+    QCOMPARE(third.open(m_file), QString());
+    other.desk.setName(0, QStringLiteral("Third"));
+    QVERIFY(third.save());
+    QVERIFY(content(m_file) != before);
+}
+
+void tst_MixerSession::damageIsLeftToTheProgramThatWasFirst()
+{
+    MixerSession first(*m_mixer);
+    QCOMPARE(first.open(m_file), QString());
+    write(m_file, "damaged");
+    Mixer other;
+    MixerSession second(other);
+    QVERIFY(second.open(m_file).contains(QStringLiteral("cannot be read: illegal value")));
+    QVERIFY(second.save());
+    QCOMPARE(content(m_file), QByteArray("damaged"));
+}
+
+void tst_MixerSession::missingKeysKeepDefaults()
+{
+    write(m_file, "{\"zolta-session\": 1, \"channels\": [{}, {\"equalizer\": {\"Low gain\": "
+                  "\"+6.0\"}, \"strip\": {\"mute\": \"on\"}}]}");
+    MixerSession session(*m_mixer);
+    QCOMPARE(session.open(m_file), QString());
+    HostMemory::Values expected = HostMemory().values(1);
+    expected[2] = 60;
+    QCOMPARE(m_mixer->memory.values(1), expected);
+    QCOMPARE(m_mixer->memory.strip(1, StripParameter::Mute), 1);
+    QCOMPARE(m_mixer->memory.strip(1, StripParameter::Level), unityLevel);
+}
+
+void tst_MixerSession::unknownKeysAreKept()
+{
+    write(m_file, "{\"zolta-session\": 1, \"colour\": \"red\", \"channels\": [{\"icon\": [1]}], "
+                  "\"mixer\": {\"skin\": 3}}");
+    MixerSession session(*m_mixer);
+    QCOMPARE(session.open(m_file), QString());
+    m_mixer->desk.setName(0, QStringLiteral("New"));
+    QVERIFY(session.save());
+    QCOMPARE(saved()[QStringLiteral("colour")].toString(), QStringLiteral("red"));
+    const QJsonValue first = saved()[QStringLiteral("channels")][0];
+    QCOMPARE(first[QStringLiteral("icon")].toArray(), QJsonArray{1});
+    QCOMPARE(first[QStringLiteral("name")].toString(), QStringLiteral("New"));
+    QCOMPARE(saved()[QStringLiteral("mixer")][QStringLiteral("skin")].toInt(), 3);
+}
+
+// The file is written beside the old one first; where that does not work, the old one stays whole.
+void tst_MixerSession::failedWriteLeavesTheOldFile()
+{
+    QString said;
+    MixerSession session(*m_mixer, [&said](const QString& fault) { said = fault; });
+    session.open(m_file);
+    QVERIFY(session.save());
+    const QByteArray before = content(m_file);
+    const QString folder = QFileInfo(m_file).path();
+    const QString moved = m_folder->filePath(QStringLiteral("moved"));
+    QVERIFY(QDir().rename(folder, moved));
+    write(folder, "a file in the folder's place");
+    m_mixer->desk.setName(0, QStringLiteral("Changed"));
+    QVERIFY(!session.save());
+    QVERIFY2(said.contains(QStringLiteral("cannot be saved")), qPrintable(said));
+    QCOMPARE(content(moved + QStringLiteral("/session.json")), before);
+    QCOMPARE(content(folder), QByteArray("a file in the folder's place"));
+    QVERIFY(QFile::remove(folder) && QDir().rename(moved, folder));
+}
+
+void tst_MixerSession::failedWriteAsksBeforeTheLastWindowCloses()
+{
+    write(QFileInfo(m_file).path(), "a file in the folder's place");
+    MixerWindow window(*m_mixer, EditorSettings());
+    QStringList said;
+    MixerSession session(*m_mixer, [&said](const QString& fault) { said << fault; });
+    session.open(m_file);
+    session.restoreWindows(window);
+    window.show();
+    QStringList asked;
+    bool answer = false;
+    session.setAsker([&](const QString& fault) {
+        asked << fault;
+        return answer;
+    });
+    EditorWindow* editor = window.openEditor(1, true);
+    QVERIFY(window.close()); // not the last one
+    QCOMPARE(asked, QStringList());
+    QVERIFY(!editor->close());
+    QVERIFY(editor->isVisible());
+    QCOMPARE(asked.size(), 1);
+    QVERIFY2(asked[0].contains(QStringLiteral("cannot be saved")), qPrintable(asked[0]));
+    answer = true;
+    QVERIFY(editor->close());
+    QCOMPARE(asked.size(), 2);
+    QCOMPARE(said, QStringList());
+    window.show();
+    session.setAsker({});
+    QVERIFY(window.close());
+    QCOMPARE(said, QStringList(asked[0]));
+}
+
+void tst_MixerSession::failedWriteAsksBeforeTheProgramEnds()
+{
+    write(QFileInfo(m_file).path(), "a file in the folder's place");
+    MixerWindow window(*m_mixer, EditorSettings());
+    MixerSession session(*m_mixer);
+    session.open(m_file);
+    session.restoreWindows(window);
+    window.show();
+    EditorWindow* editor = window.openEditor(1, true);
+    int asked = 0;
+    bool answer = false;
+    session.setAsker([&](const QString&) {
+        ++asked;
+        return answer;
+    });
+    window.quit();
+    QCOMPARE(asked, 1);
+    QVERIFY(window.isVisible());
+    QVERIFY(editor->isVisible());
+    QVERIFY(editor->close()); // not the last one
+    answer = true;
+    window.quit();
+    QCOMPARE(asked, 2);
+    QVERIFY(!window.isVisible());
+}
+
+void tst_MixerSession::unchangedSessionIsNotWritten()
+{
+    MixerSession session(*m_mixer);
+    session.open(m_file);
+    QVERIFY(session.save());
+    write(m_file, "touched");
+    QVERIFY(session.save());
+    QCOMPARE(content(m_file), QByteArray("touched"));
+    m_mixer->desk.setName(7, QStringLiteral("Now"));
+    QVERIFY(session.save());
+    QVERIFY(content(m_file) != QByteArray("touched"));
+}
+
+void tst_MixerSession::nothingIsWrittenWithoutAFile()
+{
+    MixerSession session(*m_mixer);
+    QVERIFY(session.save());
+    QVERIFY(!QFile::exists(m_file));
+}
+
+void tst_MixerSession::placeOffEveryScreenIsNotUsed()
+{
+    write(m_file, "{\"zolta-session\": 1, \"mixer\": {\"place\": [90000, 90000, 400, 300]}}");
+    MixerWindow window(*m_mixer, EditorSettings());
+    const QPoint before = window.pos();
+    MixerSession session(*m_mixer);
+    QCOMPARE(session.open(m_file), QString());
+    session.restoreWindows(window);
+    QCOMPARE(window.pos(), before);
+    QCOMPARE(window.size(), QSize(400, 300));
+}
+
+ZOLTA_TEST_MAIN(tst_MixerSession)
+
+#include "tst_MixerSession.moc"

@@ -1,0 +1,774 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controls/FaderController.h"
+#include "controls/KnobController.h"
+#include "controls/PeakMeterController.h"
+#include "controls/PullDownButtonController.h"
+#include "controls/TextEditController.h"
+#include "host/audio/Transport.h"
+#include "host/window/EditorWindow.h"
+#include "host/window/EqualizerThumbnail.h"
+#include "host/window/HostTheme.h"
+#include "host/window/Mixer.h"
+#include "host/window/MixerStrip.h"
+#include "host/window/MixerWindow.h"
+#include "host/window/StripMeters.h"
+#include "host/window/TransportBar.h"
+#include "tests/support/TestObject.h"
+#include "widgets/ChannelNameEdit.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QLabel>
+#include <QMenu>
+#include <QSlider>
+#include <QStatusBar>
+#include <QTextDocument>
+#include <QTimer>
+
+using namespace CommonController_MemAPI;
+
+namespace {
+
+constexpr unsigned short middle2Gain = 0x010B;
+
+class TestTransport : public Transport
+{
+public:
+    State m_state = State::Stopped;
+    QString m_file;
+    QStringList m_calls;
+    int m_device = 1;
+
+    State state() const override { return m_state; }
+    QString fault() const override { return QStringLiteral("The device is gone."); }
+    QString file() const override { return m_file; }
+    void open(const QString& file) override { m_calls << QStringLiteral("open ") + file; }
+    void play() override { m_calls << QStringLiteral("play"); }
+    void stop() override { m_calls << QStringLiteral("stop"); }
+    double length() const override { return m_file.isEmpty() ? 0.0 : 125.0; }
+    double position() const override { return m_file.isEmpty() ? 0.0 : 61.5; }
+    void seek(double seconds) override { m_calls << QStringLiteral("seek %1").arg(seconds); }
+    QStringList devices() const override
+    {
+        return {QStringLiteral("Speakers"), QStringLiteral("Phones")};
+    }
+    int device() const override { return m_device; }
+    void chooseDevice(int index) override { m_calls << QStringLiteral("device %1").arg(index); }
+
+    void become(State state)
+    {
+        m_state = state;
+        Q_EMIT changed();
+    }
+};
+
+} // namespace
+
+class tst_MixerWindow : public TestObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void pairsShowOneStrip();
+    void monoShowsBothStrips();
+    void keysSwitch_data();
+    void keysSwitch();
+    void faderDragIsOneStep();
+    void typedLevelIsOneStep();
+    void sourceIsChosenInItsMenu();
+    void undoKeysInEveryWindow();
+    void knobDragInTheEditorIsOneStep();
+    void undoReachesEveryWindow();
+    void doubleClickRenames();
+    void everyControlHasAName();
+    void namesFollowTheChannel();
+    void tabVisitsTheControls();
+    void focusMarksTheStrip();
+    void clickOnAControlMarksTheStrip_data();
+    void clickOnAControlMarksTheStrip();
+    void focusThatComesBackMarksNothing();
+    void curveOpensTheEditor();
+    void editorHasTheFocus();
+    void editorFollowsTheWidth();
+    void editorOfASecondChannelShowsThePair();
+    void editorOfASecondChannelClosesForThePair();
+    void firstEditorTakesTheSecondsPlace();
+    void widthChosenInTheEditorIsAStep();
+    void metersShowWhatLeavesTheFader();
+    void peaksStayForAWhile();
+    void metersRunWhileSomethingShows();
+    void copyAndPasteThroughTheMenu();
+    void pasteOfNonsenseIsExplained();
+    void pasteFollowsTheClipboard();
+    void compareInTheEditorWindow();
+    void withoutTransportThereIsNoAudio();
+    void transportIsDriven();
+    void transportStates();
+    void disabledKeysAreDim();
+    void longFileNameIsElided();
+
+private:
+    MixerStrip* strip(int channel) const;
+    template <typename Widget> Widget* named(const QWidget* parent, const QString& name) const;
+    QAction* action(const QMainWindow* window, const QString& text) const;
+    QUndoStack& stack() { return m_mixer->desk.history().stack(); }
+    int value(int channel, StripParameter parameter) const
+    {
+        return m_mixer->memory.strip(channel, parameter);
+    }
+    void sendMeters(int channel, int send, int returned);
+    int meterOf(int channel) const
+    {
+        return strip(channel)->findChild<MeterController*>()->value();
+    }
+
+    std::unique_ptr<Mixer> m_mixer;
+    std::unique_ptr<MixerWindow> m_window;
+};
+
+void tst_MixerWindow::initTestCase() { applyHostTheme(); }
+
+void tst_MixerWindow::init()
+{
+    TestObject::init();
+    m_mixer = std::make_unique<Mixer>();
+    QCOMPARE(m_mixer->library.load(QStringLiteral(HOST_REAL_PLUGIN)), QString());
+    EditorSettings settings;
+    settings.dialMode = 2; // knobs are dragged up and down
+    m_window = std::make_unique<MixerWindow>(*m_mixer, settings);
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+    QCoreApplication::processEvents(); // the groups' buttons join them
+}
+
+void tst_MixerWindow::cleanup()
+{
+    m_window.reset();
+    m_mixer.reset();
+}
+
+MixerStrip* tst_MixerWindow::strip(int channel) const
+{
+    for (MixerStrip* found : m_window->findChildren<MixerStrip*>()) {
+        if (found->channel() == channel)
+            return found;
+    }
+    qFatal("no strip %d", channel);
+}
+
+template <typename Widget>
+Widget* tst_MixerWindow::named(const QWidget* parent, const QString& name) const
+{
+    for (Widget* widget : parent->findChildren<Widget*>()) {
+        if (widget->accessibleName() == name)
+            return widget;
+    }
+    qFatal("no widget %s", qPrintable(name));
+}
+
+QAction* tst_MixerWindow::action(const QMainWindow* window, const QString& text) const
+{
+    for (QAction* found : window->findChildren<QAction*>()) {
+        if (found->text().remove(QLatin1Char('&')).startsWith(text))
+            return found;
+    }
+    qFatal("no action %s", qPrintable(text));
+}
+
+void tst_MixerWindow::sendMeters(int channel, int send, int returned)
+{
+    std::vector<int> words(HostModel::meterWordCount, MeterLevels::lowest);
+    for (std::size_t side = 0; side < 2; ++side) {
+        const std::size_t word = 2 * static_cast<std::size_t>(channel) + side;
+        words[HostModel::sendMeter + word] = send;
+        words[HostModel::returnMeter + word] = returned;
+    }
+    m_mixer->memory.meters().notify(words);
+}
+
+void tst_MixerWindow::pairsShowOneStrip()
+{
+    for (int ch = 0; ch < channelCount; ++ch) {
+        QCOMPARE(strip(ch)->isVisible(), ch % 2 == 0);
+        QCOMPARE(strip(ch)->findChildren<PeakMeterController*>().size(), 2);
+    }
+    const auto bars = strip(0)->findChildren<MeterController*>();
+    QCOMPARE(std::count_if(bars.begin(), bars.end(), [](auto* m) { return m->isVisible(); }), 4);
+}
+
+void tst_MixerWindow::monoShowsBothStrips()
+{
+    QTest::mouseClick(named<QAbstractButton>(strip(2), QStringLiteral("Channel 2 mono")),
+                      Qt::LeftButton);
+    QCOMPARE(value(2, StripParameter::Stereo), 0);
+    QVERIFY(strip(2)->isVisible() && strip(3)->isVisible());
+    QCOMPARE(stack().undoText(), QStringLiteral("Mono/stereo"));
+    // From the other channel's strip the pair comes together again.
+    auto* stereo = named<QAbstractButton>(strip(3), QStringLiteral("Channel 3 stereo"));
+    QTRY_VERIFY(!stereo->isChecked());
+    QTest::mouseClick(stereo, Qt::LeftButton);
+    QCOMPARE(value(2, StripParameter::Stereo), 1);
+    QVERIFY(strip(2)->isVisible() && !strip(3)->isVisible());
+    QCOMPARE(stack().count(), 2);
+    stack().undo();
+    QVERIFY(strip(3)->isVisible());
+    QTRY_VERIFY(named<QAbstractButton>(strip(2), QStringLiteral("Channel 2 mono"))->isChecked());
+}
+
+void tst_MixerWindow::keysSwitch_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<int>("parameter");
+    QTest::addColumn<QString>("step");
+    QTest::newRow("equalizer") << "Equalizer of Channel 4"
+                               << static_cast<int>(StripParameter::EqualizerOn) << "Equalizer on";
+    QTest::newRow("mute") << "Mute of Channel 4" << static_cast<int>(StripParameter::Mute)
+                          << "Mute";
+    QTest::newRow("solo") << "Solo of Channel 4" << static_cast<int>(StripParameter::Solo)
+                          << "Solo";
+}
+
+void tst_MixerWindow::keysSwitch()
+{
+    QFETCH(const QString, key);
+    QFETCH(const int, parameter);
+    QFETCH(const QString, step);
+    const auto which = static_cast<StripParameter>(parameter);
+    auto* button = named<QAbstractButton>(strip(4), key);
+    const int before = value(4, which);
+    QCOMPARE(button->isChecked(), before != 0);
+    QTest::mouseClick(button, Qt::LeftButton);
+    QCOMPARE(value(4, which), 1 - before);
+    QCOMPARE(stack().count(), 1);
+    QCOMPARE(stack().undoText(), step);
+    stack().undo();
+    QCOMPARE(button->isChecked(), before != 0);
+}
+
+void tst_MixerWindow::faderDragIsOneStep()
+{
+    auto* fader = strip(0)->findChild<FaderController*>();
+    // At 0 dB the cap's middle is a quarter of the travel below the top.
+    const int y = 28 + (280 - 56) / 4;
+    QTest::mousePress(fader, Qt::LeftButton, {}, QPoint(17, y));
+    for (int i = 1; i <= 56; ++i)
+        QTest::mouseMove(fader, QPoint(17, y + i));
+    QTest::mouseRelease(fader, Qt::LeftButton, {}, QPoint(17, y + 56));
+    QCOMPARE(value(0, StripParameter::Level), 200);
+    QCOMPARE(strip(0)->findChild<TextEditController*>()->string(), QStringLiteral("-10.0"));
+    QCOMPARE(stack().count(), 1);
+    action(m_window.get(), QStringLiteral("Undo Level"))->trigger();
+    QCOMPARE(value(0, StripParameter::Level), unityLevel);
+    action(m_window.get(), QStringLiteral("Redo Level"))->trigger();
+    QCOMPARE(value(0, StripParameter::Level), 200);
+}
+
+void tst_MixerWindow::typedLevelIsOneStep()
+{
+    auto* level = strip(6)->findChild<TextEditController*>();
+    QTest::mouseDClick(level, Qt::LeftButton);
+    auto* field = level->findChild<QLineEdit*>();
+    field->selectAll();
+    QTest::keyClicks(field, QStringLiteral("-6.5"));
+    QTest::keyClick(field, Qt::Key_Return);
+    QCOMPARE(value(6, StripParameter::Level), 235);
+    QCOMPARE(stack().count(), 1);
+}
+
+void tst_MixerWindow::sourceIsChosenInItsMenu()
+{
+    auto* source = strip(0)->findChild<PullDownButtonController*>();
+    QCOMPARE(source->currentText(), QStringLiteral("Test signal"));
+    QCOMPARE(source->textList().size(), SourceOff + 1);
+    QTimer::singleShot(0, this, [] {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (!menu)
+            qFatal("no menu");
+        for (int i = 0; i < 3; ++i)
+            QTest::keyClick(menu, Qt::Key_Down);
+        QTest::keyClick(menu, Qt::Key_Return);
+        menu->close();
+    });
+    source->openPullDown();
+    QCOMPARE(value(0, StripParameter::Source), 3);
+    QCOMPARE(source->currentText(), QStringLiteral("Input 2"));
+    QCOMPARE(stack().count(), 1);
+    QCOMPARE(stack().undoText(), QStringLiteral("Source"));
+}
+
+void tst_MixerWindow::undoKeysInEveryWindow()
+{
+    EditorWindow* editor = m_window->openEditor(0, true);
+    const std::vector<const QMainWindow*> windows = {m_window.get(), editor};
+    for (const QMainWindow* window : windows) {
+        QCOMPARE(action(window, QStringLiteral("Undo"))->shortcut(),
+                 QKeySequence(QStringLiteral("Ctrl+Z")));
+        QCOMPARE(action(window, QStringLiteral("Redo"))->shortcut(),
+                 QKeySequence(QStringLiteral("Ctrl+Shift+Z")));
+        QVERIFY(!action(window, QStringLiteral("Undo"))->isEnabled());
+    }
+    QTest::mouseClick(named<QAbstractButton>(strip(0), QStringLiteral("Mute of Channel 0")),
+                      Qt::LeftButton);
+    for (QMainWindow* window :
+         {static_cast<QMainWindow*>(m_window.get()), static_cast<QMainWindow*>(editor)}) {
+        window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(window));
+        QTest::keyClick(window, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(value(0, StripParameter::Mute), 0);
+        QTest::keyClick(window, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(value(0, StripParameter::Mute), 1);
+    }
+    QCOMPARE(stack().count(), 1);
+}
+
+void tst_MixerWindow::knobDragInTheEditorIsOneStep()
+{
+    EditorWindow* editor = m_window->openEditor(0, true);
+    QVERIFY(QTest::qWaitForWindowExposed(editor));
+    auto* knob = editor->findChild<QWidget*>(QStringLiteral("m_pMiddle2GainKnob"));
+    if (!knob) {
+        for (QWidget* widget : editor->findChildren<QWidget*>()) {
+            if (widget->objectName().contains(QStringLiteral("Gain")))
+                qInfo() << widget->objectName();
+        }
+    }
+    QVERIFY(knob);
+    const QPoint middle = knob->rect().center();
+    for (int drag = 1; drag <= 2; ++drag) {
+        QTest::mousePress(knob, Qt::LeftButton, {}, middle);
+        for (int i = 1; i <= 20; ++i)
+            QTest::mouseMove(knob, middle - QPoint(0, i));
+        QTest::mouseRelease(knob, Qt::LeftButton, {}, middle - QPoint(0, 20));
+        QCOMPARE(stack().count(), drag);
+    }
+    QCOMPARE(stack().undoText(), QStringLiteral("Middle 2 gain"));
+    QVERIFY(m_mixer->memory.values(0)[10] > 0);
+    action(editor, QStringLiteral("Undo Middle 2 gain"))->trigger();
+    action(editor, QStringLiteral("Undo Middle 2 gain"))->trigger();
+    QCOMPARE(m_mixer->memory.values(0), HostMemory().values(0));
+}
+
+void tst_MixerWindow::undoReachesEveryWindow()
+{
+    EditorWindow* editor = m_window->openEditor(2, true);
+    m_mixer->memory.setValue(middle2Gain, 2, 50, 0, 0, 1);
+    const QImage curved = strip(2)->findChild<EqualizerThumbnail*>()->grab().toImage();
+    action(m_window.get(), QStringLiteral("Undo"))->trigger();
+    QVERIFY(strip(2)->findChild<EqualizerThumbnail*>()->grab().toImage() != curved);
+    QVERIFY(!action(editor, QStringLiteral("Undo"))->isEnabled());
+    QVERIFY(action(editor, QStringLiteral("Redo Middle 2 gain"))->isEnabled());
+}
+
+void tst_MixerWindow::doubleClickRenames()
+{
+    auto* name = strip(4)->findChild<ChannelNameEdit*>();
+    QCOMPARE(name->text(), QStringLiteral("Channel 4"));
+    m_window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    QTest::mouseDClick(name, Qt::LeftButton);
+    QTest::keyClicks(name, QStringLiteral("Bass"));
+    QTest::keyClick(name, Qt::Key_Return);
+    m_window->setFocus();
+    QCOMPARE(m_mixer->desk.name(4), QStringLiteral("Bass"));
+    QCOMPARE(stack().count(), 1);
+    QCOMPARE(stack().undoText(), QStringLiteral("Rename"));
+    stack().undo();
+    QCOMPARE(name->text(), QStringLiteral("Channel 4"));
+    // Leaving the field as it was is no edit.
+    QTest::mouseDClick(name, Qt::LeftButton);
+    QTest::keyClick(name, Qt::Key_Return);
+    m_window->setFocus();
+    QCOMPARE(m_mixer->desk.name(4), QString());
+    QVERIFY(!stack().canUndo());
+}
+
+void tst_MixerWindow::everyControlHasAName()
+{
+    QStringList names;
+    for (const QWidget* widget : m_window->findChildren<QWidget*>()) {
+        const bool isControl = dynamic_cast<const AbstractController*>(widget) ||
+                               qobject_cast<const QComboBox*>(widget) ||
+                               qobject_cast<const QSlider*>(widget);
+        if (!isControl)
+            continue;
+        QVERIFY2(!widget->accessibleName().isEmpty(), widget->metaObject()->className());
+        names << widget->accessibleName();
+    }
+    QCOMPARE(names.size(), channelCount * 14 + 5);
+}
+
+void tst_MixerWindow::namesFollowTheChannel()
+{
+    m_mixer->desk.setName(0, QStringLiteral("Kick"));
+    QVERIFY(named<FaderController>(strip(0), QStringLiteral("Fader of Kick")));
+    m_mixer->language.choose(Language::German);
+    QCoreApplication::sendPostedEvents();
+    QVERIFY(named<FaderController>(strip(0), QStringLiteral("Fader von Kick")));
+    QVERIFY(named<FaderController>(strip(2), QStringLiteral("Fader von Kanal 2")));
+    m_mixer->language.choose(Language::English);
+}
+
+void tst_MixerWindow::tabVisitsTheControls()
+{
+    m_window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    QStringList visited;
+    for (int i = 0; i < 12; ++i) {
+        QTest::keyClick(m_window.get(), Qt::Key_Tab);
+        const QWidget* focused = QApplication::focusWidget();
+        if (focused && strip(0)->isAncestorOf(focused))
+            visited << focused->accessibleName();
+    }
+    for (const char* name :
+         {"Source of Channel 0", "Channel 0 mono", "Equalizer of Channel 0", "Editor of Channel 0",
+          "Mute of Channel 0", "Solo of Channel 0", "Fader of Channel 0", "Level of Channel 0"})
+        QVERIFY2(visited.contains(QLatin1String(name)), name);
+}
+
+void tst_MixerWindow::focusMarksTheStrip()
+{
+    m_window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    QCOMPARE(m_window->selectedChannel(), 0);
+    strip(4)->findChild<FaderController*>()->setFocus();
+    QCOMPARE(m_window->selectedChannel(), 4);
+    QTest::mouseClick(strip(6), Qt::LeftButton, {}, QPoint(3, 300));
+    QCOMPARE(m_window->selectedChannel(), 6);
+    m_mixer->memory.setStrip(6, StripParameter::Stereo, 0);
+    QTest::mouseClick(strip(7), Qt::LeftButton, {}, QPoint(3, 300));
+    m_mixer->memory.setStrip(6, StripParameter::Stereo, 1); // the strip disappears
+    QCOMPARE(m_window->selectedChannel(), 6);
+}
+
+void tst_MixerWindow::clickOnAControlMarksTheStrip_data()
+{
+    QTest::addColumn<QString>("control");
+    for (const char* name :
+         {"Source of Channel 6", "Channel 6 mono", "Equalizer of Channel 6", "Mute of Channel 6",
+          "Solo of Channel 6", "Fader of Channel 6", "Level of Channel 6", "Meter of channel 6"})
+        QTest::newRow(name) << QString::fromLatin1(name);
+}
+
+void tst_MixerWindow::clickOnAControlMarksTheStrip()
+{
+    QFETCH(const QString, control);
+    m_mixer->memory.setValue(middle2Gain, 0, 50, 0, 0, 1);
+    QTest::mousePress(named<QWidget>(strip(6), control), Qt::RightButton);
+    QCOMPARE(m_window->selectedChannel(), 6);
+    action(m_window.get(), QStringLiteral("Reset Equalizer"))->trigger();
+    QCOMPARE(m_mixer->memory.values(0)[10], 50);
+}
+
+void tst_MixerWindow::focusThatComesBackMarksNothing()
+{
+    m_window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    strip(4)->findChild<FaderController*>()->setFocus();
+    QTest::mouseClick(named<QAbstractButton>(strip(6), QStringLiteral("Mute of Channel 6")),
+                      Qt::LeftButton);
+    EditorWindow* editor = m_window->openEditor(0, true);
+    QVERIFY(QTest::qWaitForWindowActive(editor));
+    m_window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    QVERIFY(strip(4)->findChild<FaderController*>()->hasFocus());
+    QCOMPARE(m_window->selectedChannel(), 6);
+}
+
+void tst_MixerWindow::curveOpensTheEditor()
+{
+    QTest::mouseClick(strip(2)->findChild<EqualizerThumbnail*>(), Qt::LeftButton);
+    QCOMPARE(m_window->editors().size(), 1);
+    QCOMPARE(m_window->editors()[0]->settings().channel, 2);
+    QVERIFY(m_window->editors()[0]->settings().stereo);
+}
+
+void tst_MixerWindow::editorHasTheFocus()
+{
+    EditorWindow* editor = m_window->openEditor(0, true);
+    QVERIFY(QTest::qWaitForWindowActive(editor));
+    QVERIFY(QApplication::focusWidget());
+    QCOMPARE(QByteArray(QApplication::focusWidget()->metaObject()->className()),
+             QByteArray("ZoltaEditor"));
+}
+
+void tst_MixerWindow::editorFollowsTheWidth()
+{
+    EditorWindow* editor = m_window->openEditor(2, true);
+    m_mixer->memory.setStrip(2, StripParameter::Stereo, 0);
+    QVERIFY(!editor->settings().stereo);
+    stack().undo();
+    QVERIFY(editor->settings().stereo);
+}
+
+void tst_MixerWindow::editorOfASecondChannelShowsThePair()
+{
+    EditorWindow* editor = m_window->openEditor(1, true);
+    QCOMPARE(editor->settings().channel, 0);
+    QCOMPARE(m_window->editors(), QList<EditorWindow*>{editor});
+    m_mixer->memory.setStrip(0, StripParameter::Stereo, 0);
+    EditorWindow* second = m_window->openEditor(1, false);
+    QCOMPARE(second->settings().channel, 1);
+}
+
+void tst_MixerWindow::editorOfASecondChannelClosesForThePair()
+{
+    m_mixer->memory.setStrip(2, StripParameter::Stereo, 0);
+    EditorWindow* first = m_window->openEditor(2, false);
+    const QPointer<EditorWindow> second = m_window->openEditor(3, false);
+    m_mixer->memory.setStrip(2, StripParameter::Stereo, 1);
+    QTRY_VERIFY(!second);
+    QCOMPARE(m_window->editors(), QList<EditorWindow*>{first});
+    QVERIFY(first->settings().stereo);
+}
+
+void tst_MixerWindow::firstEditorTakesTheSecondsPlace()
+{
+    m_mixer->memory.setStrip(2, StripParameter::Stereo, 0);
+    const QPointer<EditorWindow> second = m_window->openEditor(3, false);
+    second->setScale(0.75);
+    const QRect place(30, 40, 640, 480);
+    second->setGeometry(place);
+    m_window->hide();
+    QSignalSpy ending(m_window.get(), &MixerWindow::ending);
+    m_mixer->memory.setStrip(2, StripParameter::Stereo, 1);
+    QTRY_VERIFY(!second);
+    QCOMPARE(ending.count(), 0); // there is always a window
+    QCOMPARE(m_window->editors().size(), 1);
+    EditorWindow* first = m_window->editors()[0];
+    QCOMPARE(first->settings().channel, 2);
+    QVERIFY(first->settings().stereo);
+    QCOMPARE(first->settings().scale, 0.75);
+    QCOMPARE(first->geometry(), place);
+}
+
+void tst_MixerWindow::widthChosenInTheEditorIsAStep()
+{
+    EditorWindow* editor = m_window->openEditor(2, true);
+    for (QComboBox* box : editor->findChildren<QComboBox*>()) {
+        if (box->findText(QStringLiteral("Mono")) < 0)
+            continue;
+        box->setFocus();
+        QTest::keyClick(box, Qt::Key_Down);
+    }
+    QCOMPARE(value(2, StripParameter::Stereo), 0);
+    QVERIFY(strip(3)->isVisible());
+    QCOMPARE(stack().count(), 1);
+}
+
+void tst_MixerWindow::metersShowWhatLeavesTheFader()
+{
+    sendMeters(0, -100, -200);
+    QCOMPARE(meterOf(0), -200);
+    m_mixer->memory.setStrip(0, StripParameter::Level, 340);
+    sendMeters(0, -100, -200);
+    QCOMPARE(meterOf(0), -160);
+    m_mixer->memory.setStrip(0, StripParameter::EqualizerOn, 0);
+    sendMeters(0, -100, -200);
+    QCOMPARE(meterOf(0), -60);
+    m_mixer->memory.setStrip(0, StripParameter::Level, 0);
+    sendMeters(0, 0, 0);
+    QCOMPARE(meterOf(0), -1270);
+    m_mixer->memory.setStrip(0, StripParameter::Level, unityLevel);
+    m_mixer->memory.setStrip(2, StripParameter::Solo, 1);
+    sendMeters(0, 0, 0);
+    QCOMPARE(meterOf(0), -1270);
+    m_mixer->memory.setStrip(2, StripParameter::Solo, 0);
+    sendMeters(0, -1270, -1270);
+    QCOMPARE(meterOf(0), -1270);
+    sendMeters(1, -30, -30); // the pair's other side
+    const auto bars = strip(0)->findChildren<MeterController*>();
+    QVERIFY(std::any_of(bars.begin(), bars.end(), [](auto* m) { return m->value() == -30; }));
+    QCOMPARE(stack().count(), 6);
+}
+
+void tst_MixerWindow::peaksStayForAWhile()
+{
+    const auto* peak = strip(0)->findChild<PeakMeterController*>();
+    sendMeters(0, -60, -60);
+    for (int i = 0; i < StripMeters::peakHold; ++i)
+        sendMeters(0, -300, -300);
+    QCOMPARE(peak->value(), -60);
+    sendMeters(0, -300, -300);
+    QCOMPARE(peak->value(), -300);
+}
+
+void tst_MixerWindow::metersRunWhileSomethingShows()
+{
+    QVERIFY(m_mixer->meters.isRunning());
+    m_window->hide();
+    QVERIFY(!m_mixer->meters.isRunning());
+    QCOMPARE(m_mixer->memory.meters().observerCount(), 0);
+    m_window->show();
+    QVERIFY(m_mixer->meters.isRunning());
+}
+
+void tst_MixerWindow::copyAndPasteThroughTheMenu()
+{
+    m_mixer->memory.setValue(middle2Gain, 0, 50, 0, 0, 1);
+    action(m_window.get(), QStringLiteral("Copy Equalizer"))->trigger();
+    QTest::mouseClick(strip(4), Qt::LeftButton, {}, QPoint(3, 300));
+    action(m_window.get(), QStringLiteral("Paste Equalizer"))->trigger();
+    QCOMPARE(m_mixer->memory.values(4), m_mixer->memory.values(0));
+    action(m_window.get(), QStringLiteral("Reset Equalizer"))->trigger();
+    QCOMPARE(m_mixer->memory.values(4), HostMemory().values(4));
+    QCOMPARE(stack().undoText(), QStringLiteral("Reset"));
+    stack().undo();
+    QCOMPARE(m_mixer->memory.values(4)[10], 50);
+}
+
+void tst_MixerWindow::pasteOfNonsenseIsExplained()
+{
+    QApplication::clipboard()->setText(QStringLiteral("nonsense"));
+    action(m_window.get(), QStringLiteral("Paste Equalizer"))->trigger();
+    QCOMPARE(m_window->statusBar()->currentMessage(),
+             QStringLiteral("Nothing is pasted: the clipboard holds no settings of an equalizer."));
+}
+
+void tst_MixerWindow::pasteFollowsTheClipboard()
+{
+    const EditorWindow* editor = m_window->openEditor(0, true);
+    const QAction* inMixer = action(m_window.get(), QStringLiteral("Paste Equalizer"));
+    const QAction* inEditor = action(editor, QStringLiteral("Paste Settings"));
+    QApplication::clipboard()->setImage(QImage(2, 2, QImage::Format_RGB32));
+    QVERIFY(!inMixer->isEnabled() && !inEditor->isEnabled());
+    m_mixer->desk.copyToClipboard(0);
+    QVERIFY(inMixer->isEnabled() && inEditor->isEnabled());
+    QApplication::clipboard()->clear();
+    QVERIFY(!inMixer->isEnabled() && !inEditor->isEnabled());
+}
+
+void tst_MixerWindow::compareInTheEditorWindow()
+{
+    EditorWindow* editor = m_window->openEditor(0, true);
+    QAction* a = action(editor, QStringLiteral("A"));
+    QAction* b = action(editor, QStringLiteral("B"));
+    QVERIFY(a->isCheckable() && a->isChecked());
+    m_mixer->memory.setValue(middle2Gain, 0, 50, 0, 0, 1);
+    b->trigger();
+    QVERIFY(b->isChecked());
+    QCOMPARE(m_mixer->memory.values(0)[10], 0);
+    action(editor, QStringLiteral("Copy A to B"))->trigger();
+    QCOMPARE(m_mixer->memory.values(0)[10], 50);
+    action(editor, QStringLiteral("Switch between A and B"))->trigger();
+    QVERIFY(a->isChecked());
+    for (int i = 0; i < 3; ++i)
+        action(editor, QStringLiteral("Undo"))->trigger();
+    QVERIFY(a->isChecked());
+    QCOMPARE(m_mixer->memory.values(0)[10], 50);
+}
+
+void tst_MixerWindow::withoutTransportThereIsNoAudio()
+{
+    const auto labels = m_window->findChild<TransportBar*>()->findChildren<QLabel*>();
+    QVERIFY(std::any_of(labels.begin(), labels.end(),
+                        [](QLabel* l) { return l->text() == QLatin1String("No audio"); }));
+    for (const char* name : {"Open sound file", "Play", "Stop", "Position", "Output device"})
+        QVERIFY2(!named<QWidget>(m_window.get(), QLatin1String(name))->isEnabled(), name);
+}
+
+void tst_MixerWindow::transportIsDriven()
+{
+    TestTransport transport;
+    transport.m_file = QStringLiteral("/music/song.wav");
+    m_mixer->desk.setTransport(&transport);
+    const auto* bar = m_window->findChild<TransportBar*>();
+    auto* play = named<QAbstractButton>(bar, QStringLiteral("Play"));
+    QVERIFY(play->isEnabled());
+    QTest::mouseClick(play, Qt::LeftButton);
+    transport.become(Transport::State::Playing);
+    QVERIFY(!play->isEnabled());
+    QTest::mouseClick(named<QAbstractButton>(bar, QStringLiteral("Stop")), Qt::LeftButton);
+    auto* position = named<QSlider>(bar, QStringLiteral("Position"));
+    QCOMPARE(position->maximum(), 1250);
+    QCOMPARE(position->value(), 615);
+    position->setSliderDown(true);
+    position->setSliderPosition(300);
+    position->setSliderDown(false);
+    auto* devices = named<QComboBox>(bar, QStringLiteral("Output device"));
+    QCOMPARE(devices->currentText(), QStringLiteral("Phones"));
+    devices->setFocus();
+    QTest::keyClick(devices, Qt::Key_Up);
+    QCOMPARE(transport.m_calls,
+             (QStringList{QStringLiteral("play"), QStringLiteral("stop"), QStringLiteral("seek 30"),
+                          QStringLiteral("device 0")}));
+}
+
+void tst_MixerWindow::transportStates()
+{
+    EditorWindow* editor = m_window->openEditor(0, true);
+    const auto says = [](const QWidget* window, const char* text) {
+        const auto labels = window->findChildren<QLabel*>();
+        return std::any_of(labels.begin(), labels.end(),
+                           [text](QLabel* l) { return l->text() == QLatin1String(text); });
+    };
+    TestTransport transport;
+    transport.m_file = QStringLiteral("/music/song.wav");
+    m_mixer->desk.setTransport(&transport);
+    QVERIFY(says(m_window.get(), "song.wav"));
+    QVERIFY(says(m_window.get(), "1:01 / 2:05"));
+    QVERIFY(says(editor, "No audio"));
+    transport.become(Transport::State::Playing);
+    QVERIFY(says(m_window.get(), "Playing"));
+    QVERIFY(!says(editor, "No audio"));
+    const auto* bar = m_window->findChild<TransportBar*>();
+    transport.become(Transport::State::Stalled);
+    QVERIFY(says(m_window.get(), "Audio fault"));
+    QVERIFY(!named<QAbstractButton>(bar, QStringLiteral("Play"))->isEnabled());
+    QVERIFY(named<QAbstractButton>(bar, QStringLiteral("Stop"))->isEnabled());
+    transport.become(Transport::State::Fault);
+    QVERIFY(says(m_window.get(), "Audio fault"));
+    QVERIFY(named<QAbstractButton>(bar, QStringLiteral("Play"))->isEnabled());
+    QVERIFY(says(editor, "No audio"));
+}
+
+void tst_MixerWindow::disabledKeysAreDim()
+{
+    TestTransport transport;
+    transport.m_file = QStringLiteral("/music/song.wav");
+    m_mixer->desk.setTransport(&transport);
+    auto* play = named<QAbstractButton>(m_window.get(), QStringLiteral("Play"));
+    const auto brightness = [play] {
+        const QImage picture = play->grab().toImage();
+        int brightest = 0;
+        for (int x = 8; x < 30; ++x)
+            brightest = std::max(brightest, qGray(picture.pixel(x, 11)));
+        return brightest;
+    };
+    QVERIFY(brightness() > 180);
+    transport.become(Transport::State::Playing);
+    QVERIFY(brightness() < 140);
+    transport.become(Transport::State::Stopped);
+    QVERIFY(brightness() > 180);
+}
+
+// The beginning and the end of the name are painted as they are, and nothing is cut at the edge.
+void tst_MixerWindow::longFileNameIsElided()
+{
+    TestTransport transport;
+    const QString name = QStringLiteral("<b>%1 & take 27.wav").arg(QString(90, QLatin1Char('m')));
+    transport.m_file = QStringLiteral("/music/") + name;
+    m_mixer->desk.setTransport(&transport);
+    QCoreApplication::processEvents();
+    QLabel* label = nullptr;
+    for (QLabel* found : m_window->findChild<TransportBar*>()->findChildren<QLabel*>()) {
+        if (found->text() == name)
+            label = found;
+    }
+    QVERIFY(label);
+    QVERIFY(label->fontMetrics().horizontalAdvance(name) > label->width());
+    QTextDocument tip;
+    tip.setHtml(label->toolTip());
+    QCOMPARE(tip.toPlainText(), transport.m_file);
+    const QImage cut = label->grab().toImage();
+    label->setText(label->fontMetrics().elidedText(name, Qt::ElideMiddle, label->width()));
+    QVERIFY(label->text().endsWith(QStringLiteral("27.wav")));
+    QCOMPARE(label->grab().toImage(), cut);
+}
+
+ZOLTA_TEST_MAIN(tst_MixerWindow)
+
+#include "tst_MixerWindow.moc"
