@@ -6,7 +6,7 @@
 namespace {
 
 // Parts stay in the fastest cache from the first stage to the last.
-constexpr std::size_t longestPart = 256;
+constexpr std::size_t maxPart = 256;
 
 } // namespace
 
@@ -64,8 +64,8 @@ void AudioEngine::processAll(std::span<Sample* const> channels, std::size_t fram
             channel.processor.setValues(*values);
         Peaks peaks;
         Sample* samples = i < channels.size() ? channels[i] : nullptr;
-        for (std::size_t done = 0; samples && done < frames; done += longestPart) {
-            const std::size_t count = std::min(longestPart, frames - done);
+        for (std::size_t done = 0; samples && done < frames; done += maxPart) {
+            const std::size_t count = std::min(maxPart, frames - done);
             const Peaks part = processPart(&channel.processor, {samples + done, count});
             peaks.send = std::max(peaks.send, part.send);
             peaks.returned = std::max(peaks.returned, part.returned);
@@ -86,7 +86,7 @@ AudioEngine::Peaks AudioEngine::processPart(ChannelProcessor* processor, std::sp
 
 AudioEngine::Peaks AudioEngine::processPart(ChannelProcessor* processor, std::span<float> block)
 {
-    std::array<double, longestPart> samples;
+    std::array<double, maxPart> samples;
     const std::span<double> part(samples.data(), block.size());
     std::copy(block.begin(), block.end(), part.begin());
     const Peaks peaks = processPart(processor, part);

@@ -32,7 +32,7 @@ void Drive::set(bool on)
         return;
     m_wanted = on;
     if (on && m_share.isOut()) {
-        forgetSamples();
+        resetSamples();
         m_unfilled = latency;
     }
     if (!on)
@@ -42,7 +42,7 @@ void Drive::set(bool on)
 
 void Drive::forget()
 {
-    forgetSamples();
+    resetSamples();
     m_unfilled = 0;
     m_share.jumpTo(m_wanted);
 }
@@ -50,7 +50,7 @@ void Drive::forget()
 void Drive::process(std::span<double> block)
 {
     while (!block.empty() && !m_share.isOut()) {
-        const std::size_t count = std::min(block.size(), longestBlock);
+        const std::size_t count = std::min(block.size(), maxBlock);
         processPart(block.first(count));
         block = block.subspan(count);
     }
@@ -60,7 +60,7 @@ double Drive::saturate(double sample) { return makeUp * sample / std::sqrt(1.0 +
 
 void Drive::processPart(std::span<double> block)
 {
-    std::array<double, longestBlock> driven;
+    std::array<double, maxBlock> driven;
     oversample(block.data(), block.size(), driven.data());
     for (std::size_t i = 0; i < block.size(); ++i) {
         if (m_unfilled > 0)
@@ -74,8 +74,8 @@ void Drive::processPart(std::span<double> block)
 
 void Drive::oversample(const double* in, std::size_t count, double* out)
 {
-    std::array<double, 2 * longestBlock> twice;
-    std::array<double, 4 * longestBlock> fourTimes;
+    std::array<double, 2 * maxBlock> twice;
+    std::array<double, 4 * maxBlock> fourTimes;
     m_up.process(in, count, outerTaps, twice.data());
     m_upAgain.process(twice.data(), 2 * count, innerTaps, fourTimes.data());
     for (std::size_t i = 0; i < 4 * count; ++i)
@@ -84,7 +84,7 @@ void Drive::oversample(const double* in, std::size_t count, double* out)
     m_downAgain.process(twice.data(), count, outerTaps, out);
 }
 
-void Drive::forgetSamples()
+void Drive::resetSamples()
 {
     m_up.forget();
     m_upAgain.forget();

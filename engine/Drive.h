@@ -39,20 +39,20 @@ public:
     static double saturate(double sample);
 
 private:
-    static constexpr std::size_t longestBlock = 64;
+    static constexpr std::size_t maxBlock = 64;
     static constexpr std::size_t outerHalf = 36;
     static constexpr std::size_t innerHalf = 7;
     static_assert(latency == 2 * outerHalf - 1 + innerHalf);
 
     void processPart(std::span<double> block);
     void oversample(const double* in, std::size_t count, double* out);
-    void forgetSamples();
+    void resetSamples();
 
     bool m_wanted = false;
     FadeRamp m_share;
     int m_unfilled = 0; // samples until the filters have filled
-    HalfBand::Interpolator<outerHalf, longestBlock> m_up;
-    HalfBand::Interpolator<innerHalf, 2 * longestBlock> m_upAgain;
-    HalfBand::Decimator<innerHalf, 2 * longestBlock, innerHalf> m_down;
-    HalfBand::Decimator<outerHalf, longestBlock, outerHalf - 1> m_downAgain;
+    HalfBand::Interpolator<outerHalf, maxBlock> m_up;
+    HalfBand::Interpolator<innerHalf, 2 * maxBlock> m_upAgain;
+    HalfBand::Decimator<innerHalf, 2 * maxBlock, innerHalf> m_down;
+    HalfBand::Decimator<outerHalf, maxBlock, outerHalf - 1> m_downAgain;
 };

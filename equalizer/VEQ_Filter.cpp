@@ -127,7 +127,7 @@ void VEQ_Filter::setOrder(long order)
 
 void VEQ_Filter::clear()
 {
-    forgetSamples();
+    resetSamples();
     m_previousCoefficients.zero();
     m_currentCoefficients.copyFrom(m_coefficients);
     m_changed = false;
@@ -147,10 +147,10 @@ void VEQ_Filter::ChangeCoef()
 void VEQ_Filter::clearDelay()
 {
     if (m_order != 0)
-        forgetSamples();
+        resetSamples();
 }
 
-void VEQ_Filter::forgetSamples()
+void VEQ_Filter::resetSamples()
 {
     m_state.zero();
     m_currentState.zero();

@@ -141,7 +141,7 @@ public:
 
 private:
     void design(const std::array<double, 5>& section);
-    void forgetSamples();
+    void resetSamples();
     std::int64_t sections() const;
     std::int64_t coefficientsWithin(std::int64_t count) const;
     std::int64_t fadeSamples() const;

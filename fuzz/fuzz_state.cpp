@@ -32,7 +32,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const Steinberg::FUID uid(0x56535464, 0x78704265, 0x7175616C, 0x697A6572);
     const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
     const StateFile::Content content = StateFile::decode(bytes, uid);
-    require(content.state.isEmpty() != content.fault.isEmpty());
+    require(content.state.isEmpty() != content.error.isEmpty());
     if (content.state.isEmpty())
         return 0;
     checkState(content.state);

@@ -12,7 +12,7 @@ const QString sheetOption = QStringLiteral("sheet");
 const QString scaleOption = QStringLiteral("scale");
 const QString helpOption = QStringLiteral("help");
 
-QString scaleFault(const QString& text, double* scale)
+QString scaleError(const QString& text, double* scale)
 {
     bool understood = false;
     *scale = text.toDouble(&understood);
@@ -21,7 +21,7 @@ QString scaleFault(const QString& text, double* scale)
     return QStringLiteral("--scale takes a factor from 0.5 to 4, not \"%1\".").arg(text);
 }
 
-QString readFaults(const QCommandLineParser& parser, GalleryCommandLine& result)
+QString readErrors(const QCommandLineParser& parser, GalleryCommandLine& result)
 {
     result.help = parser.isSet(helpOption);
     result.sheet = parser.value(sheetOption);
@@ -30,7 +30,7 @@ QString readFaults(const QCommandLineParser& parser, GalleryCommandLine& result)
     if (!parser.positionalArguments().isEmpty())
         return QStringLiteral("\"%1\" is no option.")
             .arg(parser.positionalArguments().constFirst());
-    return parser.isSet(scaleOption) ? scaleFault(parser.value(scaleOption), &result.scale)
+    return parser.isSet(scaleOption) ? scaleError(parser.value(scaleOption), &result.scale)
                                      : QString();
 }
 
@@ -44,7 +44,7 @@ GalleryCommandLine GalleryCommandLine::parse(const QStringList& arguments)
                        {scaleOption, QString(), value},
                        QCommandLineOption(helpOption)});
     GalleryCommandLine result;
-    result.fault = parser.parse(arguments) ? readFaults(parser, result) : parser.errorText();
+    result.error = parser.parse(arguments) ? readErrors(parser, result) : parser.errorText();
     return result;
 }
 
@@ -60,5 +60,5 @@ QString GalleryCommandLine::helpText()
         "                         0.5 to 4 (1)\n"
         "  --help                 show this\n"
         "\n"
-        "Exit codes: 0 done, 1 the picture cannot be written, 2 the command line is at fault.\n");
+        "Exit codes: 0 done, 1 the picture cannot be written, 2 the command line is at error.\n");
 }

@@ -15,7 +15,7 @@
 
 namespace {
 
-enum ExitCode { ExitDone = 0, ExitFault = 1, ExitUsage = 2 };
+enum ExitCode { ExitDone = 0, ExitError = 1, ExitUsage = 2 };
 
 int refuse(ExitCode code, const QString& sentence)
 {
@@ -38,12 +38,12 @@ int writeSheet(const GalleryCommandLine& commandLine)
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     sheet.picture(commandLine.scale).save(&buffer, "PNG");
-    const QString fault = writeFile(commandLine.sheet, buffer.data());
-    if (fault.isEmpty())
+    const QString error = writeFile(commandLine.sheet, buffer.data());
+    if (error.isEmpty())
         return ExitDone;
     return refuse(
-        ExitFault,
-        QStringLiteral("The picture %1 cannot be written: %2.").arg(commandLine.sheet, fault));
+        ExitError,
+        QStringLiteral("The picture %1 cannot be written: %2.").arg(commandLine.sheet, error));
 }
 
 int showSheet()
@@ -65,8 +65,8 @@ int showSheet()
 int main(int argc, char* argv[])
 {
     const GalleryCommandLine commandLine = GalleryCommandLine::parse(textsOf(argc, argv));
-    if (!commandLine.fault.isEmpty())
-        return refuse(ExitUsage, commandLine.fault);
+    if (!commandLine.error.isEmpty())
+        return refuse(ExitUsage, commandLine.error);
     if (commandLine.help) {
         std::fputs(GalleryCommandLine::helpText().toUtf8().constData(), stdout);
         return ExitDone;

@@ -24,12 +24,12 @@ QString EditorLibrary::fileBeside(const QString& programFolder)
 QString EditorLibrary::load(const QString& file)
 {
     const QString path = QFileInfo(file).absoluteFilePath();
-    QString fault = faultOfLibraryFile(path);
-    if (fault.isEmpty())
-        fault = inspect(path);
-    if (fault.isEmpty())
-        fault = adopt(path);
-    return fault.isEmpty() ? QString() : QStringLiteral("The plug-in %1 %2.").arg(path, fault);
+    QString error = errorOfLibraryFile(path);
+    if (error.isEmpty())
+        error = inspect(path);
+    if (error.isEmpty())
+        error = adopt(path);
+    return error.isEmpty() ? QString() : QStringLiteral("The plug-in %1 %2.").arg(path, error);
 }
 
 IVaskEffectEditor2* EditorLibrary::create(QWidget* parent, unsigned short ch,

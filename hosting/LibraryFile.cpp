@@ -50,7 +50,7 @@ bool isComplete(QFile& file, const Header& header)
 
 } // namespace
 
-QString faultOfLibraryFile(const QString& file)
+QString errorOfLibraryFile(const QString& file)
 {
     const QFileInfo info(file);
     if (!info.exists())

@@ -8,4 +8,4 @@
 ///
 /// The system's loader maps a library before it looks at its size: one that was cut short would
 /// end this process with a signal instead of a message.
-QString faultOfLibraryFile(const QString& file);
+QString errorOfLibraryFile(const QString& file);

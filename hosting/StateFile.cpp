@@ -29,10 +29,10 @@ constexpr qsizetype markSize = 4;
 constexpr qsizetype presetHeaderSize = 48;
 constexpr qsizetype presetListHeaderSize = 8;
 constexpr qsizetype presetEntrySize = 20;
-constexpr qint32 mostChunks = 128; // as many as PresetFile reads
+constexpr qint32 maxChunks = 128; // as many as PresetFile reads
 constexpr qsizetype largestFile = 1 << 20;
 
-Content faulty(const QString& fault) { return {QByteArray(), fault}; }
+Content bad(const QString& error) { return {QByteArray(), error}; }
 
 QString classText(const FUID& uid)
 {
@@ -58,7 +58,7 @@ bool liesInside(const QByteArray& bytes, qint64 offset, qint64 size)
 }
 
 // Says what is wrong with a value, or nothing.
-QString faultOfValue(const QByteArray& state, std::size_t entry)
+QString errorOfValue(const QByteArray& state, std::size_t entry)
 {
     const auto offset = static_cast<qsizetype>(markSize + 4 * entry);
     const auto value = qFromBigEndian<float>(state.constData() + offset);
@@ -73,9 +73,9 @@ QString faultOfValue(const QByteArray& state, std::size_t entry)
 Content checkedValues(const QByteArray& state)
 {
     for (std::size_t entry = 0; entry < StateFile::order.size(); ++entry) {
-        const QString fault = faultOfValue(state, entry);
-        if (!fault.isEmpty())
-            return faulty(fault);
+        const QString error = errorOfValue(state, entry);
+        if (!error.isEmpty())
+            return bad(error);
     }
     return {state, QString()};
 }
@@ -89,19 +89,19 @@ Content decodeRaw(const QByteArray& bytes)
 {
     const QByteArray version = QByteArray::fromRawData(stateVersion, markSize);
     if (bytes.left(markSize) != version.left(bytes.size()))
-        return faulty(QStringLiteral("is no equalizer state and no preset: it begins with the "
-                                     "bytes %1")
-                          .arg(shownBytes(bytes)));
+        return bad(QStringLiteral("is no equalizer state and no preset: it begins with the "
+                                  "bytes %1")
+                       .arg(shownBytes(bytes)));
     if (bytes.size() < StateFile::stateSize)
-        return faulty(QStringLiteral("is cut short: it holds %1 of the 116 bytes of a state")
-                          .arg(bytes.size()));
+        return bad(QStringLiteral("is cut short: it holds %1 of the 116 bytes of a state")
+                       .arg(bytes.size()));
     if (bytes.size() > StateFile::stateSize)
-        return faulty(QStringLiteral("is too long: it holds %1 bytes, where a state has 116")
-                          .arg(bytes.size()));
+        return bad(QStringLiteral("is too long: it holds %1 bytes, where a state has 116")
+                       .arg(bytes.size()));
     return checkedValues(bytes);
 }
 
-QString faultOfHeader(const QByteArray& bytes, const FUID& uid)
+QString errorOfHeader(const QByteArray& bytes, const FUID& uid)
 {
     if (bytes.size() < presetHeaderSize)
         return QStringLiteral("is a preset cut short: it ends inside its header");
@@ -115,7 +115,7 @@ QString faultOfHeader(const QByteArray& bytes, const FUID& uid)
     return QString();
 }
 
-QString faultOfList(const QByteArray& bytes)
+QString errorOfList(const QByteArray& bytes)
 {
     const auto list = littleEndianAt<qint64>(bytes, 40);
     if (!liesInside(bytes, list, presetListHeaderSize))
@@ -123,14 +123,14 @@ QString faultOfList(const QByteArray& bytes)
     if (bytes.mid(list, markSize) != listMark)
         return QStringLiteral("is a damaged preset: its list of chunks is not where it should be");
     const auto count = littleEndianAt<qint32>(bytes, list + markSize);
-    if (count < 0 || count > mostChunks)
+    if (count < 0 || count > maxChunks)
         return QStringLiteral("is a damaged preset: it claims %1 chunks").arg(count);
     if (!liesInside(bytes, list, presetListHeaderSize + count * presetEntrySize))
         return QStringLiteral("is a preset cut short: it ends inside its list of chunks");
     return QString();
 }
 
-QString faultOfEntries(const QByteArray& bytes)
+QString errorOfEntries(const QByteArray& bytes)
 {
     const auto list = littleEndianAt<qint64>(bytes, 40);
     const auto count = littleEndianAt<qint32>(bytes, list + markSize);
@@ -150,10 +150,10 @@ Content componentState(QByteArray bytes)
     MemoryStream stream(bytes.data(), bytes.size());
     Steinberg::Vst::PresetFile preset(&stream);
     if (!preset.readChunkList() || !preset.contains(Steinberg::Vst::kComponentState))
-        return faulty(QStringLiteral("is a preset without a state"));
+        return bad(QStringLiteral("is a preset without a state"));
     const auto* entry = preset.getEntry(Steinberg::Vst::kComponentState);
     if (entry->size != StateFile::stateSize)
-        return faulty(
+        return bad(
             QStringLiteral("is a preset whose state has %1 bytes instead of 116").arg(entry->size));
     QByteArray state(StateFile::stateSize, '\0');
     Steinberg::int32 count = 0;
@@ -164,21 +164,21 @@ Content componentState(QByteArray bytes)
 
 Content decodePreset(const QByteArray& bytes, const FUID& uid)
 {
-    QString fault = faultOfHeader(bytes, uid);
-    if (fault.isEmpty())
-        fault = faultOfList(bytes);
-    if (fault.isEmpty())
-        fault = faultOfEntries(bytes);
-    if (!fault.isEmpty())
-        return faulty(fault);
+    QString error = errorOfHeader(bytes, uid);
+    if (error.isEmpty())
+        error = errorOfList(bytes);
+    if (error.isEmpty())
+        error = errorOfEntries(bytes);
+    if (!error.isEmpty())
+        return bad(error);
 
     const Content content = componentState(bytes);
-    if (!content.fault.isEmpty())
+    if (!content.error.isEmpty())
         return content;
     if (!content.state.startsWith(stateVersion))
-        return faulty(QStringLiteral("is a preset whose state begins with the bytes %1, which is "
-                                     "no equalizer state")
-                          .arg(shownBytes(content.state)));
+        return bad(QStringLiteral("is a preset whose state begins with the bytes %1, which is "
+                                  "no equalizer state")
+                       .arg(shownBytes(content.state)));
     return checkedValues(content.state);
 }
 
@@ -195,36 +195,36 @@ StateFile::Content StateFile::read() const
 {
     QFile file(m_file);
     if (QFileInfo(m_file).isDir())
-        return faulty(QStringLiteral("%1 is a folder, not a state file.").arg(shown(m_file)));
+        return bad(QStringLiteral("%1 is a folder, not a state file.").arg(shown(m_file)));
     if (!file.open(QIODevice::ReadOnly))
-        return faulty(QStringLiteral("The state file %1 cannot be read: %2.")
-                          .arg(shown(m_file), file.errorString()));
+        return bad(QStringLiteral("The state file %1 cannot be read: %2.")
+                       .arg(shown(m_file), file.errorString()));
     const QByteArray bytes = file.read(largestFile + 1);
     if (file.error() != QFileDevice::NoError)
-        return faulty(QStringLiteral("The state file %1 cannot be read: %2.")
-                          .arg(shown(m_file), file.errorString()));
+        return bad(QStringLiteral("The state file %1 cannot be read: %2.")
+                       .arg(shown(m_file), file.errorString()));
     Content content = decode(bytes, m_uid);
-    if (!content.fault.isEmpty())
-        content.fault = QStringLiteral("The state file %1 %2.").arg(shown(m_file), content.fault);
+    if (!content.error.isEmpty())
+        content.error = QStringLiteral("The state file %1 %2.").arg(shown(m_file), content.error);
     return content;
 }
 
 QString StateFile::write(const QByteArray& state) const
 {
     const bool preset = m_file.endsWith(QLatin1String(".vstpreset"), Qt::CaseInsensitive);
-    const QString fault = writeFile(m_file, preset ? encodePreset(state, m_uid) : state);
-    if (fault.isEmpty())
+    const QString error = writeFile(m_file, preset ? encodePreset(state, m_uid) : state);
+    if (error.isEmpty())
         return QString();
-    return QStringLiteral("The state file %1 cannot be written: %2.").arg(shown(m_file), fault);
+    return QStringLiteral("The state file %1 cannot be written: %2.").arg(shown(m_file), error);
 }
 
 StateFile::Content StateFile::decode(const QByteArray& bytes, const Steinberg::FUID& uid)
 {
     if (bytes.isEmpty())
-        return faulty(QStringLiteral("is empty"));
+        return bad(QStringLiteral("is empty"));
     if (bytes.size() > largestFile)
-        return faulty(QStringLiteral("is too long: it holds more than a megabyte, where a state "
-                                     "has 116 bytes"));
+        return bad(QStringLiteral("is too long: it holds more than a megabyte, where a state "
+                                  "has 116 bytes"));
     if (bytes.left(markSize) == QByteArray(presetMark).left(bytes.size()))
         return decodePreset(bytes, uid);
     return decodeRaw(bytes);

@@ -29,13 +29,14 @@ public:
     struct Content
     {
         QByteArray state;
-        QString fault;
+        QString error;
     };
 
     /// \a uid is the class that presets have to belong to.
     StateFile(QString file, const Steinberg::FUID& uid);
 
-    /// Reads and checks the file, whatever it is called. A fault is a sentence that names the file.
+    /// Reads and checks the file, whatever it is called. An error is a sentence that names the
+    /// file.
     Content read() const;
 
     /// Writes \a state, as a preset if the file's name ends in ".vstpreset" and as it stands
@@ -43,7 +44,7 @@ public:
     /// sentence that names the file.
     QString write(const QByteArray& state) const;
 
-    /// The check behind read(), over the bytes of a file. A fault is the end of a sentence that
+    /// The check behind read(), over the bytes of a file. An error is the end of a sentence that
     /// begins with the file.
     static Content decode(const QByteArray& bytes, const Steinberg::FUID& uid);
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "equalizer/EqualizerParameters.h"
+
 #include <array>
 #include <cstddef>
 #include <string_view>
@@ -35,8 +37,6 @@ inline constexpr int channelCount = 8;
 
 /// The other channel of the pair that \a channel belongs to.
 constexpr int partnerOf(int channel) { return channel ^ 1; }
-
-inline constexpr std::size_t parameterCount = 27;
 
 /// Every channel has these parameters; a parameter's index is its place in here, and its name ends
 /// in that index plus one.

@@ -18,8 +18,8 @@ constexpr double stepsPerOctave = 100.0;
 constexpr double lowestQuality = 0.5;
 constexpr double highestQuality = 16.0;
 constexpr double highestDecibels = 20.0;
-constexpr int mostDigits = 9;
-constexpr std::size_t longestNumber = 64; // so that only an exponent can leave a double's range
+constexpr int maxDigits = 9;
+constexpr std::size_t maxNumberLength = 64; // so that only an exponent can leave a double's range
 
 constexpr std::string_view lowTypes[] = {"HPF 12", "HPF 6", "Shelf 6", "Shelf 12"};
 constexpr std::string_view highTypes[] = {"LPF 12", "LPF 6", "Shelf 6", "Shelf 12"};
@@ -89,7 +89,7 @@ double beyondDouble(std::string_view digits)
 
 bool startsNumber(std::string_view digits)
 {
-    if (digits.empty() || digits.size() > longestNumber)
+    if (digits.empty() || digits.size() > maxNumberLength)
         return false;
     return digits.front() == '.' || (digits.front() >= '0' && digits.front() <= '9');
 }
@@ -206,7 +206,7 @@ std::string formatFrequency(int value)
 {
     const double hertz = lowestFrequency * std::pow(10.0, value / stepsPerDecade);
     std::string text;
-    for (int digits = 1; digits <= mostDigits; ++digits) {
+    for (int digits = 1; digits <= maxDigits; ++digits) {
         text = frequencyText(valueOf(printed(hertz, std::chars_format::scientific, digits - 1)));
         if (parseFrequency(text) == value)
             break;
@@ -219,7 +219,7 @@ std::string formatQuality(int value)
     const double quality = lowestQuality * std::exp2(value / stepsPerOctave);
     const int shown = quality < 9.995 ? 2 : 1;
     std::string text;
-    for (int decimals = shown - 1; decimals <= mostDigits; ++decimals) {
+    for (int decimals = shown - 1; decimals <= maxDigits; ++decimals) {
         text = printed(quality, std::chars_format::fixed, decimals);
         if (parseQuality(text) == value)
             return decimals < shown ? printed(valueOf(text), std::chars_format::fixed, shown)

@@ -18,26 +18,26 @@ namespace {
 
 // The library tells errors without saying whose they are, on whatever thread they happen; the first
 // one of the device that is open stays.
-enum class FaultState { None, BeingWritten, There };
-std::atomic<FaultState> faultState = FaultState::None;
-std::array<char, 256> faultText;
+enum class ErrorState { None, BeingWritten, There };
+std::atomic<ErrorState> errorState = ErrorState::None;
+std::array<char, 256> errorText;
 
-void keepFault(const std::string& text)
+void keepError(const std::string& text)
 {
-    FaultState none = FaultState::None;
-    if (!faultState.compare_exchange_strong(none, FaultState::BeingWritten))
+    ErrorState none = ErrorState::None;
+    if (!errorState.compare_exchange_strong(none, ErrorState::BeingWritten))
         return;
-    const std::size_t length = std::min(text.size(), faultText.size() - 1);
-    std::memcpy(faultText.data(), text.data(), length);
-    faultText[length] = '\0';
-    faultState.store(FaultState::There, std::memory_order_release);
+    const std::size_t length = std::min(text.size(), errorText.size() - 1);
+    std::memcpy(errorText.data(), text.data(), length);
+    errorText[length] = '\0';
+    errorState.store(ErrorState::There, std::memory_order_release);
 }
 
-QString keptFault()
+QString keptError()
 {
-    if (faultState.load(std::memory_order_acquire) != FaultState::There)
+    if (errorState.load(std::memory_order_acquire) != ErrorState::There)
         return QString();
-    const QString text = QString::fromLocal8Bit(faultText.data()).simplified();
+    const QString text = QString::fromLocal8Bit(errorText.data()).simplified();
     return text.endsWith(QLatin1Char('.')) ? text.chopped(1) : text;
 }
 
@@ -76,7 +76,7 @@ void note(RtAudioError::Type type, const std::string& text)
     const bool warning = type == RtAudioError::WARNING || type == RtAudioError::DEBUG_WARNING;
     if (!warning || text.find("write error") != std::string::npos ||
         text.find("read error") != std::string::npos)
-        keepFault(text);
+        keepError(text);
 }
 
 constexpr std::chrono::seconds closingPatience(1);
@@ -176,7 +176,7 @@ QString AudioDevice::open(const Settings& settings, int soundRate)
     const std::vector<AudioDeviceInfo> devices = AudioDevices::list();
     const AudioDevices::Choice choice = AudioDevices::choose(devices, settings.device);
     if (!choice.device)
-        return choice.fault;
+        return choice.error;
     const AudioDeviceInfo& device = *choice.device;
     m_name = device.name;
     if (device.outputs == 0)
@@ -193,15 +193,15 @@ QString AudioDevice::open(const Settings& settings, int soundRate)
 
 QString AudioDevice::openStream(const AudioDeviceInfo& output, const AudioDeviceInfo* input)
 {
-    const int outputs = std::min(output.outputs, mostOutputs);
-    const int inputs = input ? std::min(input->inputs, mostInputs) : 0;
+    const int outputs = std::min(output.outputs, maxOutputs);
+    const int inputs = input ? std::min(input->inputs, maxInputs) : 0;
     RtAudio::StreamParameters out = parametersOf(output, outputs);
     RtAudio::StreamParameters in = parametersOf(input ? *input : output, inputs);
     RtAudio::StreamOptions options;
     options.flags = RTAUDIO_NONINTERLEAVED | RTAUDIO_SCHEDULE_REALTIME;
     options.priority = 70;
     options.streamName = "zolta-host";
-    faultState = FaultState::None;
+    errorState = ErrorState::None;
     try {
         m_stream = std::make_shared<Stream>(output.api, static_cast<std::size_t>(inputs),
                                             static_cast<std::size_t>(outputs));
@@ -212,8 +212,8 @@ QString AudioDevice::openStream(const AudioDeviceInfo& output, const AudioDevice
         return QString();
     } catch (const RtAudioError& error) {
         m_stream.reset();
-        keepFault(error.getMessage());
-        return sentence(keptFault());
+        keepError(error.getMessage());
+        return sentence(keptError());
     }
 }
 
@@ -223,12 +223,12 @@ QString AudioDevice::start(Source* source)
     try {
         m_stream->system().startStream();
     } catch (const RtAudioError& error) {
-        keepFault(error.getMessage());
+        keepError(error.getMessage());
     }
-    const QString fault = this->fault();
-    if (!fault.isEmpty())
+    const QString error = this->error();
+    if (!error.isEmpty())
         close();
-    return fault;
+    return error;
 }
 
 void AudioDevice::close()
@@ -251,9 +251,9 @@ std::int64_t AudioDevice::calls() const { return m_stream ? m_stream->calls() : 
 
 std::int64_t AudioDevice::underruns() const { return m_stream ? m_stream->underruns() : 0; }
 
-QString AudioDevice::fault() const
+QString AudioDevice::error() const
 {
-    const QString kept = keptFault();
+    const QString kept = keptError();
     if (!kept.isEmpty())
         return sentence(kept);
     if (m_stream && !m_stream->system().isStreamRunning())

@@ -13,7 +13,7 @@ struct AudioDeviceInfo;
 /// A sound device while it plays. One at a time in a program, and for one thread, except for what
 /// the device calls back.
 ///
-/// Faults are sentences.
+/// Errors are sentences.
 class AudioDevice
 {
 public:
@@ -31,8 +31,8 @@ public:
     using Settings = AudioDeviceSettings;
 
     /// How many of a device's channels are used; there are no more strips to play the inputs.
-    static constexpr int mostInputs = 8;
-    static constexpr int mostOutputs = 2;
+    static constexpr int maxInputs = 8;
+    static constexpr int maxOutputs = 2;
 
     /// The rate that open() chooses for a sound of \a soundRate; 0 where it would fail for want of
     /// the device.
@@ -50,7 +50,7 @@ public:
     /// Starts; \a source must outlive the playing.
     QString start(Source* source);
     /// Stops and closes; the source is not called any more afterwards. A device that does not
-    /// answer is left to a thread of its own, and open() is a fault until that is through with it.
+    /// answer is left to a thread of its own, and open() is an error until that is through with it.
     void close();
 
     bool isOpen() const { return m_stream != nullptr; }
@@ -59,7 +59,7 @@ public:
     int block() const { return static_cast<int>(m_block); }
 
     /// Why a device that was started plays no more; nothing while it does.
-    QString fault() const;
+    QString error() const;
     /// How often the device has called for samples since it was opened.
     std::int64_t calls() const;
     /// How often the device did not get its samples in time.

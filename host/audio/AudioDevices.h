@@ -31,12 +31,12 @@ namespace AudioDevices {
 std::vector<AudioDeviceInfo> list();
 
 /// One of \a devices: the one of that name (with or without its system, in any case), or the only
-/// one whose name has \a text in it; for an empty text the first system's default output. A fault
+/// one whose name has \a text in it; for an empty text the first system's default output. An error
 /// is a sentence.
 struct Choice
 {
     const AudioDeviceInfo* device = nullptr;
-    QString fault;
+    QString error;
 };
 Choice choose(const std::vector<AudioDeviceInfo>& devices, const QString& text);
 

@@ -19,7 +19,7 @@ namespace {
 // Beyond it the equalizer hears silence.
 constexpr double loudest = ChannelProcessor::loudest;
 
-QString faultOfFile(const QString& file)
+QString errorOfFile(const QString& file)
 {
     const QFileInfo info(file);
     if (info.isDir())
@@ -45,9 +45,9 @@ QString AudioReader::open(const QString& file)
 {
     m_name = file;
     m_file.setFileName(file);
-    const QString fault = faultOfFile(file);
-    if (!fault.isEmpty())
-        return sentence(fault);
+    const QString error = errorOfFile(file);
+    if (!error.isEmpty())
+        return sentence(error);
     if (!m_file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return sentence(m_file.errorString());
     if (m_file.size() == 0)
@@ -69,22 +69,22 @@ QString AudioReader::openSound()
 {
     ::posix_fadvise(m_file.handle(), 0, 0, POSIX_FADV_SEQUENTIAL);
     m_sound.reset(sf_open_virtual(FileAccess::operations(), SFM_READ, &m_info, m_access.get()));
-    if (!m_sound && !m_access->fault().isEmpty())
-        return sentence(m_access->fault());
+    if (!m_sound && !m_access->error().isEmpty())
+        return sentence(m_access->error());
     if (!m_sound)
         return sentence(QStringLiteral("it is no sound file that this program knows (%1)")
                             .arg(AudioFormat::reasonOf(nullptr)));
     const bool ogg = (m_info.format & SF_FORMAT_TYPEMASK) == SF_FORMAT_OGG;
     if (ogg && !knowsLength())
         return sentence(QStringLiteral("it is cut short: its last page is missing"));
-    const QString fault = ogg ? OggPages::faultIn(m_file) : QString();
-    return fault.isEmpty() ? QString() : sentence(fault);
+    const QString error = ogg ? OggPages::errorIn(m_file) : QString();
+    return error.isEmpty() ? QString() : sentence(error);
 }
 
 void AudioReader::read(AudioBlock* block)
 {
     block->setFrames(block->capacity());
-    const std::size_t frames = m_fault.isEmpty() ? transfer(block) : 0;
+    const std::size_t frames = m_error.isEmpty() ? transfer(block) : 0;
     block->setFrames(frames);
     if (AudioFormat::bitsOf(m_info.format) == 0 && !SampleConversion::isWithin(*block, loudest))
         repair(block);
@@ -156,14 +156,14 @@ void AudioReader::repair(AudioBlock* block)
 
 void AudioReader::checkEnd()
 {
-    if (!m_fault.isEmpty())
+    if (!m_error.isEmpty())
         return;
-    if (!m_access->fault().isEmpty())
-        m_fault = sentence(m_access->fault());
+    if (!m_access->error().isEmpty())
+        m_error = sentence(m_access->error());
     else if (knowsLength() && m_position < m_info.frames)
-        m_fault = sentence(shortened(m_position, m_info.frames));
+        m_error = sentence(shortened(m_position, m_info.frames));
     else if (sf_error(m_sound.get()) != SF_ERR_NO_ERROR)
-        m_fault = sentence(
+        m_error = sentence(
             QStringLiteral("it is damaged (%1)").arg(AudioFormat::reasonOf(m_sound.get())));
 }
 

@@ -15,7 +15,7 @@
 
 /// A sound file read block by block: WAV, FLAC, OGG and whatever else the sound file library knows.
 ///
-/// Samples that are no number, infinite or beyond ChannelProcessor::loudest count as 0. Faults are
+/// Samples that are no number, infinite or beyond ChannelProcessor::loudest count as 0. Errors are
 /// sentences that name the file.
 class AudioReader
 {
@@ -41,7 +41,7 @@ public:
     int channels() const { return m_info.channels; }
 
     /// Fills \a block, which has the file's channels, up to its capacity; fewer frames at the end
-    /// and none after it. Whether the end was the right one: fault().
+    /// and none after it. Whether the end was the right one: error().
     void read(AudioBlock* block);
     /// Goes to a frame, or to the end if there are fewer.
     void seek(std::int64_t frame);
@@ -49,7 +49,7 @@ public:
     std::int64_t position() const { return m_position; }
 
     /// Why reading ended before the length that open() found; nothing otherwise.
-    const QString& fault() const { return m_fault; }
+    const QString& error() const { return m_error; }
     const Damage& damage() const { return m_damage; }
 
     /// A text of the file (SF_STR_TITLE and so on), null without one.
@@ -78,7 +78,7 @@ private:
     std::unique_ptr<SNDFILE, Closer> m_sound;
     SF_INFO m_info = {};
     std::int64_t m_position = 0;
-    QString m_fault;
+    QString m_error;
     Damage m_damage;
     std::vector<short> m_shorts;
     std::vector<int> m_ints;

@@ -33,11 +33,11 @@ AudioRenderer::AudioRenderer(const Job& job)
 
 QString AudioRenderer::run(const Progress& progress)
 {
-    QString fault = open();
-    if (fault.isEmpty())
-        fault = runBlocks(progress);
-    if (!fault.isEmpty() || m_ended)
-        return fault;
+    QString error = open();
+    if (error.isEmpty())
+        error = runBlocks(progress);
+    if (!error.isEmpty() || m_ended)
+        return error;
     return m_writer.commit();
 }
 
@@ -46,15 +46,15 @@ QString AudioRenderer::open()
     if (isSameFile(m_job.input, m_job.output))
         return QStringLiteral("The sound file %1 cannot be written: it is the one to be read.")
             .arg(m_job.output);
-    QString fault = m_reader.open(m_job.input);
-    if (fault.isEmpty())
-        fault = m_writer.open(
+    QString error = m_reader.open(m_job.input);
+    if (error.isEmpty())
+        error = m_writer.open(
             m_job.output, AudioFormat::outputFor(m_job.output, m_reader.info(), m_job.forceFloat));
-    if (fault.isEmpty()) {
+    if (error.isEmpty()) {
         copyTexts();
         prepareStrips();
     }
-    return fault;
+    return error;
 }
 
 // The lowest multiple of the file's rate at which every band is heard, if it takes one.
@@ -103,11 +103,11 @@ QString AudioRenderer::runBlocks(const Progress& progress)
     while (!last && !m_ended) {
         m_reader.read(&block);
         last = block.frames() < block.capacity();
-        if (!m_reader.fault().isEmpty())
-            return m_reader.fault();
-        const QString fault = process(&block, last);
-        if (!fault.isEmpty())
-            return fault;
+        if (!m_reader.error().isEmpty())
+            return m_reader.error();
+        const QString error = process(&block, last);
+        if (!error.isEmpty())
+            return error;
         m_ended = progress && !progress(done());
     }
     return m_ended ? QString() : runDelayed(&block);
@@ -116,16 +116,16 @@ QString AudioRenderer::runBlocks(const Progress& progress)
 // What is still under way at the end of the file comes out with silence behind it.
 QString AudioRenderer::runDelayed(AudioBlock* block)
 {
-    QString fault;
+    QString error;
     std::size_t left = m_delay;
     do {
         block->setFrames(std::min(left, block->capacity()));
         left -= block->frames();
         for (std::size_t c = 0; c < block->channels(); ++c)
             std::ranges::fill(block->channel(c), 0.0);
-        fault = equalize(block, left == 0);
-    } while (left > 0 && fault.isEmpty());
-    return fault.isEmpty() ? fillUp(block) : fault;
+        error = equalize(block, left == 0);
+    } while (left > 0 && error.isEmpty());
+    return error.isEmpty() ? fillUp(block) : error;
 }
 
 QString AudioRenderer::process(AudioBlock* block, bool last)

@@ -42,10 +42,10 @@ private:
 
     void playFile(float* const* outputs, int outputCount, int frames)
     {
-        std::array<float*, FileStream::mostChannels> file{};
+        std::array<float*, FileStream::maxChannels> file{};
         for (std::size_t c = 0; c < file.size(); ++c)
             file[c] = m_file[c].data();
-        std::array<float*, AudioDevice::mostOutputs> parts{};
+        std::array<float*, AudioDevice::maxOutputs> parts{};
         for (int done = 0; done < frames; done += partFrames) {
             const int count = std::min(partFrames, frames - done);
             for (int c = 0; c < outputCount; ++c)
@@ -58,7 +58,7 @@ private:
     AudioCallback& m_equalizer;
     FileStream& m_stream;
     bool m_live = false;
-    std::array<std::array<float, partFrames>, FileStream::mostChannels> m_file{};
+    std::array<std::array<float, partFrames>, FileStream::maxChannels> m_file{};
 };
 
 AudioSession::AudioSession(AudioCallback& equalizer, QObject* parent)
@@ -74,13 +74,13 @@ AudioSession::~AudioSession() { halt(); }
 bool AudioSession::openFile(const QString& file)
 {
     stop();
-    const QString fault = m_stream.open(file);
-    m_file = fault.isEmpty() ? file : QString();
+    const QString error = m_stream.open(file);
+    m_file = error.isEmpty() ? file : QString();
     m_frame = 0;
     Q_EMIT fileChanged(m_file);
-    if (!fault.isEmpty())
-        return fail(fault);
-    m_fault.clear();
+    if (!error.isEmpty())
+        return fail(error);
+    m_error.clear();
     return true;
 }
 
@@ -104,10 +104,10 @@ bool AudioSession::play()
 {
     if (!isStopped())
         return true;
-    const QString fault = start();
-    if (!fault.isEmpty())
-        return fail(fault);
-    m_fault.clear();
+    const QString error = start();
+    if (!error.isEmpty())
+        return fail(error);
+    m_error.clear();
     setState(State::Playing);
     return true;
 }
@@ -116,9 +116,9 @@ QString AudioSession::start()
 {
     if (!m_settings.live && !m_stream.isOpen())
         return QStringLiteral("There is no sound file to play.");
-    const QString fault = m_device.open(m_settings, m_settings.live ? 0 : m_stream.rate());
-    if (!fault.isEmpty())
-        return fault;
+    const QString error = m_device.open(m_settings, m_settings.live ? 0 : m_stream.rate());
+    if (!error.isEmpty())
+        return error;
     m_player->prepare(m_device.rate(), m_settings.live);
     if (!m_settings.live)
         m_stream.start(m_frame == m_stream.length() ? 0 : m_frame, m_device.rate(), m_looping);
@@ -165,11 +165,11 @@ void AudioSession::setPosition(double seconds)
     const std::int64_t last = m_stream.length() >= 0 ? m_stream.length() : SF_COUNT_MAX;
     const double frame = std::max(std::round(seconds * m_stream.rate()), 0.0);
     m_frame = frame < double(last) ? static_cast<std::int64_t>(frame) : last;
-    const QString fault = playing ? start() : QString();
+    const QString error = playing ? start() : QString();
     Q_EMIT positionChanged(position());
-    if (!fault.isEmpty()) {
+    if (!error.isEmpty()) {
         setState(State::Stopped);
-        fail(fault);
+        fail(error);
     }
 }
 
@@ -185,18 +185,18 @@ qint64 AudioSession::underruns() const
 
 void AudioSession::watch()
 {
-    QString fault = m_device.fault();
+    QString error = m_device.error();
     const bool ended = !m_settings.live && m_stream.hasEnded();
-    if (fault.isEmpty() && ended)
-        fault = m_stream.fault();
-    if (fault.isEmpty() && !ended) {
+    if (error.isEmpty() && ended)
+        error = m_stream.error();
+    if (error.isEmpty() && !ended) {
         watchCalls();
         Q_EMIT positionChanged(position());
         return;
     }
     stop();
-    if (!fault.isEmpty()) {
-        fail(fault);
+    if (!error.isEmpty()) {
+        fail(error);
         return;
     }
     m_frame = 0;
@@ -212,7 +212,7 @@ void AudioSession::watchCalls()
         m_calls = calls;
         m_sinceCall.start();
         if (m_state == State::Stalled) {
-            m_fault.clear();
+            m_error.clear();
             setState(State::Playing);
         }
     } else if (m_state == State::Playing && m_sinceCall.hasExpired(m_patience)) {
@@ -222,17 +222,17 @@ void AudioSession::watchCalls()
     }
 }
 
-bool AudioSession::fail(const QString& fault)
+bool AudioSession::fail(const QString& error)
 {
     halt();
-    tell(fault);
+    tell(error);
     return false;
 }
 
-void AudioSession::tell(const QString& fault)
+void AudioSession::tell(const QString& error)
 {
-    m_fault = fault;
-    Q_EMIT faulted(fault);
+    m_error = error;
+    Q_EMIT failed(error);
 }
 
 void AudioSession::setState(State state)

@@ -34,7 +34,7 @@ public:
     explicit AudioSession(AudioCallback& equalizer, QObject* parent = nullptr);
     ~AudioSession() override;
 
-    /// Opens a file, which stops the one before. Returns whether that worked; if not, faultText()
+    /// Opens a file, which stops the one before. Returns whether that worked; if not, errorText()
     /// says why and no file is open.
     bool openFile(const QString& file);
     const QString& file() const { return m_file; }
@@ -45,12 +45,12 @@ public:
     void setDevice(const AudioDevice::Settings& settings);
     const AudioDevice::Settings& device() const { return m_settings; }
     void setLooping(bool looping);
-    /// How long a device may ask for nothing before that is a fault; 3000 ms unless set.
+    /// How long a device may ask for nothing before that is an error; 3000 ms unless set.
     void setPatience(int milliseconds) { m_patience = milliseconds; }
     bool isLooping() const { return m_looping; }
 
     /// Plays the file on from position(), or from the beginning where that is the end; with a live
-    /// device, what comes in. Returns whether that worked; faultText() says why not.
+    /// device, what comes in. Returns whether that worked; errorText() says why not.
     bool play();
     /// Stops where it is.
     void stop();
@@ -58,7 +58,7 @@ public:
     State state() const { return m_state; }
     /// What went wrong last; empty from the next openFile() or play() that works, or once a device
     /// that had stalled goes on.
-    const QString& faultText() const { return m_fault; }
+    const QString& errorText() const { return m_error; }
 
     /// Seconds from the beginning of the file; of what comes in always 0.
     double position() const;
@@ -69,7 +69,7 @@ public:
     /// The rate that play() will use, as far as that can be said before; 0 without a device.
     int expectedRate() const;
     QString deviceName() const { return m_device.name(); }
-    /// How often a sound came too late since play(), by the file's fault or the device's.
+    /// How often a sound came too late since play(), by the file's error or the device's.
     qint64 underruns() const;
 
 Q_SIGNALS:
@@ -79,14 +79,14 @@ Q_SIGNALS:
     void positionChanged(double seconds);
     /// The file has been heard to its end; the state is Stopped, the position the beginning.
     void finished();
-    void faulted(const QString& sentence);
+    void failed(const QString& sentence);
 
 private:
     class Player;
 
     bool isStopped() const { return m_state == State::Stopped; }
-    bool fail(const QString& fault);
-    void tell(const QString& fault);
+    bool fail(const QString& error);
+    void tell(const QString& error);
     void setState(State state);
     QString start();
     void halt();
@@ -98,7 +98,7 @@ private:
     AudioDevice m_device;
     AudioDevice::Settings m_settings;
     QString m_file;
-    QString m_fault;
+    QString m_error;
     State m_state = State::Stopped;
     bool m_looping = false;
     std::int64_t m_frame = 0; // of the file, while stopped

@@ -16,7 +16,7 @@ namespace {
 // Of the lossy format, from 0 to 1: well beyond the point where differences are heard.
 constexpr double vorbisQuality = 0.8;
 
-QString faultOfTarget(const QString& file)
+QString errorOfTarget(const QString& file)
 {
     const QFileInfo old(file);
     if (old.isDir())
@@ -44,9 +44,9 @@ QString AudioWriter::open(const QString& file, const SF_INFO& info)
 {
     m_name = file;
     m_file.setFileName(file);
-    const QString fault = faultOfTarget(file);
-    if (!fault.isEmpty())
-        return sentence(fault);
+    const QString error = errorOfTarget(file);
+    if (!error.isEmpty())
+        return sentence(error);
     if (!m_file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         return sentence(m_file.errorString());
     SF_INFO format = info;
@@ -54,7 +54,7 @@ QString AudioWriter::open(const QString& file, const SF_INFO& info)
     m_access = std::make_unique<FileAccess>(m_file.handle());
     m_sound.reset(sf_open_virtual(FileAccess::operations(), SFM_WRITE, &format, m_access.get()));
     if (!m_sound)
-        return sentence(systemFault(unsupported(AudioFormat::reasonOf(nullptr))));
+        return sentence(systemError(unsupported(AudioFormat::reasonOf(nullptr))));
     setUp(m_sound.get());
     return QString();
 }
@@ -77,12 +77,12 @@ QString AudioWriter::write(const AudioBlock& block)
     if (block.frames() == 0)
         return QString();
     m_isEmpty = false;
-    if (transfer(block) == static_cast<sf_count_t>(block.frames()) && m_access->fault().isEmpty())
+    if (transfer(block) == static_cast<sf_count_t>(block.frames()) && m_access->error().isEmpty())
         return QString();
     const QString reason = AudioFormat::reasonOf(m_sound.get());
     // Vorbis looks at channels and rate only now.
     const bool refused = sf_error(m_sound.get()) == SF_ERR_UNRECOGNISED_FORMAT;
-    return sentence(systemFault(refused ? unsupported(reason) : reason));
+    return sentence(systemError(refused ? unsupported(reason) : reason));
 }
 
 sf_count_t AudioWriter::transfer(const AudioBlock& block)
@@ -113,10 +113,10 @@ sf_count_t AudioWriter::transfer(const AudioBlock& block)
 
 QString AudioWriter::commit()
 {
-    const QString fault = close();
-    if (!fault.isEmpty()) {
+    const QString error = close();
+    if (!error.isEmpty()) {
         m_file.cancelWriting();
-        return sentence(fault);
+        return sentence(error);
     }
     return m_file.commit() ? QString() : sentence(m_file.errorString());
 }
@@ -127,8 +127,8 @@ QString AudioWriter::close()
     if (m_isEmpty && (m_info.format & SF_FORMAT_TYPEMASK) == SF_FORMAT_FLAC)
         sf_command(m_sound.get(), SFC_UPDATE_HEADER_NOW, nullptr, 0);
     const int error = sf_close(m_sound.release());
-    if (error != SF_ERR_NO_ERROR || !m_access->fault().isEmpty())
-        return systemFault(QString::fromLocal8Bit(sf_error_number(error)).simplified());
+    if (error != SF_ERR_NO_ERROR || !m_access->error().isEmpty())
+        return systemError(QString::fromLocal8Bit(sf_error_number(error)).simplified());
     if (m_access->size() == 0)
         return unsupported(QStringLiteral("no header comes out"));
     // A disk may find out only now that it has no room.
@@ -148,8 +148,8 @@ QString AudioWriter::unsupported(const QString& reason) const
         .arg(QString::number(m_info.channels), QString::number(m_info.samplerate), reason);
 }
 
-QString AudioWriter::systemFault(const QString& otherwise) const
+QString AudioWriter::systemError(const QString& otherwise) const
 {
-    const QString fault = m_access->fault();
-    return fault.isEmpty() ? otherwise : fault;
+    const QString error = m_access->error();
+    return error.isEmpty() ? otherwise : error;
 }

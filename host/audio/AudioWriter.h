@@ -16,7 +16,7 @@
 /// A sound file written block by block into a temporary file beside it, which takes its place at
 /// the end or never. A writer that goes without commit() leaves nothing behind.
 ///
-/// Faults are sentences that name the file.
+/// Errors are sentences that name the file.
 class AudioWriter
 {
 public:
@@ -48,7 +48,7 @@ private:
     QString close();
     QString sentence(const QString& reason) const;
     QString unsupported(const QString& reason) const;
-    QString systemFault(const QString& otherwise) const;
+    QString systemError(const QString& otherwise) const;
 
     QString m_name;
     QSaveFile m_file;

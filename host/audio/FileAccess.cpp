@@ -34,7 +34,7 @@ SF_VIRTUAL_IO* FileAccess::operations()
     return &table;
 }
 
-QString FileAccess::fault() const
+QString FileAccess::error() const
 {
     return m_error ? QString::fromLocal8Bit(std::strerror(m_error)) : QString();
 }

@@ -24,7 +24,7 @@ public:
     static SF_VIRTUAL_IO* operations();
 
     /// The reason for the first failed access, as the system tells it; nothing without one.
-    QString fault() const;
+    QString error() const;
 
     /// What read() gives from \a offset on in place of the file's bytes there.
     void cover(std::int64_t offset, const QByteArray& bytes);

@@ -9,7 +9,7 @@ namespace {
 
 constexpr double secondsAhead = 1.0;
 constexpr std::size_t pieceFrames = 2048;
-constexpr std::size_t mostFramesAtOnce = 8192;
+constexpr std::size_t maxFramesAtOnce = 8192;
 constexpr std::chrono::milliseconds restBetweenFills{10};
 
 } // namespace
@@ -22,17 +22,17 @@ QString FileStream::open(const QString& file)
 {
     stop();
     m_reader = std::make_unique<AudioReader>();
-    const QString fault = m_reader->open(file);
-    if (!fault.isEmpty())
+    const QString error = m_reader->open(file);
+    if (!error.isEmpty())
         m_reader.reset();
     m_start = 0;
     m_delivered = 0;
-    return fault;
+    return error;
 }
 
 int FileStream::channels() const
 {
-    return m_reader ? std::min(m_reader->channels(), mostChannels) : 0;
+    return m_reader ? std::min(m_reader->channels(), maxChannels) : 0;
 }
 
 std::int64_t FileStream::length() const
@@ -52,7 +52,7 @@ void FileStream::start(std::int64_t frame, int deviceRate, bool looping)
     m_block = std::make_unique<AudioBlock>(m_reader->channels(), pieceFrames);
     m_resampler = std::make_unique<Resampler>(channels(), rate(), deviceRate);
     m_ring = std::make_unique<RingBuffer>(samples);
-    m_taken.resize(mostFramesAtOnce * static_cast<std::size_t>(channels()));
+    m_taken.resize(maxFramesAtOnce * static_cast<std::size_t>(channels()));
     m_pending.clear();
     m_pendingStart = 0;
     m_allRead = m_stopping = false;
@@ -107,7 +107,7 @@ void FileStream::readPiece()
     m_reader->read(m_block.get());
     const bool atEnd = m_block->frames() < m_block->capacity();
     m_readSinceStart += m_block->frames();
-    const bool again = atEnd && m_looping && m_readSinceStart > 0 && m_reader->fault().isEmpty();
+    const bool again = atEnd && m_looping && m_readSinceStart > 0 && m_reader->error().isEmpty();
     takePiece(*m_block, atEnd && !again);
     if (again) {
         m_reader->seek(0);
@@ -133,7 +133,7 @@ void FileStream::takePiece(const AudioBlock& block, bool last)
 int FileStream::read(float* const* channels, int frames)
 {
     const auto count = static_cast<std::size_t>(this->channels());
-    const auto wanted = std::min(static_cast<std::size_t>(frames), mostFramesAtOnce);
+    const auto wanted = std::min(static_cast<std::size_t>(frames), maxFramesAtOnce);
     // Asked first: what comes into the ring afterwards is not missed.
     const bool complete = m_complete.load(std::memory_order_acquire);
     const std::span<float> taken(m_taken.data(), wanted * count);

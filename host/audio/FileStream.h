@@ -22,7 +22,7 @@
 class FileStream
 {
 public:
-    static constexpr int mostChannels = 2;
+    static constexpr int maxChannels = 2;
 
     FileStream();
     ~FileStream();
@@ -54,7 +54,7 @@ public:
     /// How often read() found too little although the file goes on.
     std::int64_t underruns() const { return m_underruns.load(std::memory_order_relaxed); }
     /// What went wrong while reading ahead; the stream ends there. Valid once it has ended.
-    QString fault() const { return hasEnded() && m_reader ? m_reader->fault() : QString(); }
+    QString error() const { return hasEnded() && m_reader ? m_reader->error() : QString(); }
 
 private:
     void run();

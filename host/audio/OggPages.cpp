@@ -65,7 +65,7 @@ QByteArray pageAt(QIODevice& device, qint64 offset)
 
 } // namespace
 
-QString OggPages::faultIn(QIODevice& device)
+QString OggPages::errorIn(QIODevice& device)
 {
     unsigned flags = FirstOfStream;
     qint64 offset = 0;

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int mostChunks = 10000;
+constexpr int maxChunks = 10000;
 constexpr qint64 largest32 = 0xFFFFFFFF;
 constexpr qint64 longest = qint64{1} << 62;
 
@@ -102,7 +102,7 @@ public:
     SoundLength find()
     {
         qint64 chunk = m_layout.firstChunk;
-        for (int i = 0; i < mostChunks && chunk < m_device.size(); ++i) {
+        for (int i = 0; i < maxChunks && chunk < m_device.size(); ++i) {
             const QByteArray mark = bytesAt(m_device, chunk, 4);
             if (mark == m_layout.soundMark)
                 return soundAt(chunk);
@@ -145,7 +145,7 @@ private:
     bool leadsToEnd(qint64 end) const
     {
         const qint64 size = m_device.size();
-        for (int i = 0; i < mostChunks && end < size && m_layout.aligned(end) < size; ++i) {
+        for (int i = 0; i < maxChunks && end < size && m_layout.aligned(end) < size; ++i) {
             if (!isMark(bytesAt(m_device, m_layout.aligned(end), 4)))
                 return false;
             end = endOf(m_layout.aligned(end));

@@ -6,7 +6,7 @@
 #include <QStringList>
 
 /// What the mixer's transport bar drives: the sound of a file that plays through the mixer. Whoever
-/// plays audio derives from this and gives it to Desk::setTransport().
+/// plays audio derives from this and gives it to MixerModel::setTransport().
 class Transport : public QObject
 {
     Q_OBJECT
@@ -16,16 +16,16 @@ public:
         Stopped,
         Playing,
         Stalled, ///< plays, but the device takes no sound at the moment
-        Fault    ///< stopped by a fault
+        Error    ///< stopped by an error
     };
 
     virtual State state() const = 0;
-    /// Why no sound comes, as a sentence; empty unless the state is Stalled or Fault.
-    virtual QString fault() const = 0;
+    /// Why no sound comes, as a sentence; empty unless the state is Stalled or Error.
+    virtual QString error() const = 0;
 
     /// The file that is open; empty for none.
     virtual QString file() const = 0;
-    /// What does not work becomes the state Fault.
+    /// What does not work becomes the state Error.
     virtual void open(const QString& file) = 0;
     virtual void play() = 0;
     virtual void stop() = 0;

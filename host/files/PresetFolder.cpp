@@ -13,7 +13,7 @@
 namespace {
 
 constexpr QLatin1String suffix(".vstpreset");
-constexpr qsizetype longestName = 80;
+constexpr qsizetype maxNameLength = 80;
 constexpr QLatin1String forbidden("/\\:*?\"<>|");
 
 // Half a letter reads as the replacement character.
@@ -57,14 +57,14 @@ QString PresetFolder::fileOf(const QString& name) const
     return m_folder + QLatin1Char('/') + name + suffix;
 }
 
-QString PresetFolder::faultOfName(const QString& name)
+QString PresetFolder::errorOfName(const QString& name)
 {
     if (name.trimmed().isEmpty())
         return QCoreApplication::translate("PresetFolder", "A preset needs a name.");
-    if (name.size() > longestName)
+    if (name.size() > maxNameLength)
         return QCoreApplication::translate("PresetFolder",
                                            "A preset's name has at most %1 letters.")
-            .arg(longestName);
+            .arg(maxNameLength);
     const QList<uint> letters = name.toUcs4();
     if (name.startsWith(QLatin1Char('.')) ||
         std::any_of(letters.begin(), letters.end(), isForbidden))

@@ -5,7 +5,7 @@
 #include <QStringList>
 
 /// The user's own presets: files "<name>.vstpreset" in one folder, which is made when the first one
-/// is saved. Faults are sentences; an empty text means success.
+/// is saved. Errors are sentences; an empty text means success.
 class PresetFolder
 {
 public:
@@ -21,7 +21,7 @@ public:
     QString fileOf(const QString& name) const;
 
     /// Why no preset can be called so: a file could not.
-    static QString faultOfName(const QString& name);
+    static QString errorOfName(const QString& name);
     /// Makes the folder.
     QString prepare() const;
     QString remove(const QString& name) const;

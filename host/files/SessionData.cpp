@@ -26,7 +26,7 @@ constexpr QLatin1String scaleKey("scale");
 constexpr QLatin1String measuredKey("measured");
 constexpr QLatin1String placeKey("place");
 constexpr int version = 1;
-constexpr qsizetype longestName = 200;
+constexpr qsizetype maxNameLength = 200;
 constexpr double smallestScale = 0.5;
 constexpr double largestScale = 4.0;
 
@@ -64,17 +64,17 @@ QJsonObject toJson(const SessionData::Editor& editor)
             {placeKey, toJson(editor.place)}};
 }
 
-// Reads values and keeps the first fault; after one, nothing is read any more.
+// Reads values and keeps the first error; after one, nothing is read any more.
 class Reader
 {
 public:
-    const QString& fault() const { return m_fault; }
-    bool isSound() const { return m_fault.isEmpty(); }
+    const QString& error() const { return m_error; }
+    bool isSound() const { return m_error.isEmpty(); }
 
     void refuse(const QString& path, const QString& reason)
     {
         if (isSound())
-            m_fault = path + QLatin1Char(' ') + reason;
+            m_error = path + QLatin1Char(' ') + reason;
     }
 
     // Whether there is something to read, of the right type.
@@ -84,7 +84,7 @@ public:
             return false;
         if (value.type() == type)
             return true;
-        refuse(path, typeFault(type));
+        refuse(path, typeError(type));
         return false;
     }
 
@@ -121,8 +121,8 @@ public:
         if (!has(value, QJsonValue::Object, path))
             return;
         const ChannelText::Content content = ChannelText::fromJson(value.toObject(), *out);
-        if (!content.fault.isEmpty())
-            return refuse(path, QStringLiteral("is no equalizer: ") + content.fault);
+        if (!content.error.isEmpty())
+            return refuse(path, QStringLiteral("is no equalizer: ") + content.error);
         *out = content.values;
     }
 
@@ -147,7 +147,7 @@ public:
     }
 
 private:
-    static QString typeFault(QJsonValue::Type type)
+    static QString typeError(QJsonValue::Type type)
     {
         switch (type) {
         case QJsonValue::Bool:
@@ -163,7 +163,7 @@ private:
         }
     }
 
-    QString m_fault;
+    QString m_error;
 };
 
 void readCompare(Reader& reader, const QJsonValue& value, const QString& path,
@@ -187,7 +187,7 @@ void readChannel(Reader& reader, const QJsonValue& value, const QString& path,
     if (!reader.has(value, QJsonValue::Object, path))
         return;
     if (reader.has(value[nameKey], QJsonValue::String, path + QLatin1String(".name")))
-        out->name = value[nameKey].toString().simplified().left(longestName);
+        out->name = value[nameKey].toString().simplified().left(maxNameLength);
     reader.strip(value[stripKey], path + QLatin1String(".strip"), &out->strip);
     reader.equalizer(value[equalizerKey], path + QLatin1String(".equalizer"), &out->equalizer);
     readCompare(reader, value[compareKey], path + QLatin1String(".compare"), &out->compare);
@@ -285,5 +285,5 @@ QString SessionData::read(const QJsonObject& root)
         for (int i = 0; i < open.size(); ++i)
             readEditor(reader, open[i], QStringLiteral("editors[%1]").arg(i), this);
     }
-    return reader.fault();
+    return reader.error();
 }

@@ -35,18 +35,18 @@ QString openElsewhere(const QString& file)
         .arg(shown(file));
 }
 
-enum class Fault { None, Unreadable, Later, Damaged };
+enum class Error { None, Unreadable, Later, Damaged };
 
 struct Content
 {
     QJsonObject root;
     SessionData data;
-    Fault fault = Fault::None;
+    Error error = Error::None;
     QString reason; // the end of a sentence
 
-    Content& refuse(Fault kind, const QString& why)
+    Content& refuse(Error kind, const QString& why)
     {
-        fault = kind;
+        error = kind;
         reason = why;
         return *this;
     }
@@ -54,18 +54,18 @@ struct Content
 
 Content parse(const QByteArray& bytes, const SessionData& before)
 {
-    Content content{{}, before, Fault::None, {}};
+    Content content{{}, before, Error::None, {}};
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
     if (document.isNull())
         return content.refuse(
-            Fault::Damaged,
+            Error::Damaged,
             QStringLiteral("%1 at byte %2").arg(error.errorString()).arg(error.offset));
     content.root = document.object();
     const QString reason = content.data.read(content.root);
     if (reason.isEmpty())
         return content;
-    return content.refuse(SessionData::isLater(content.root) ? Fault::Later : Fault::Damaged,
+    return content.refuse(SessionData::isLater(content.root) ? Error::Later : Error::Damaged,
                           reason);
 }
 
@@ -74,11 +74,11 @@ Content contentOf(const QString& file, const SessionData& before)
     Content content;
     QFile input(file);
     if (QFileInfo::exists(file) && !QFileInfo(file).isFile())
-        return content.refuse(Fault::Unreadable, QStringLiteral("it is no file"));
+        return content.refuse(Error::Unreadable, QStringLiteral("it is no file"));
     if (!input.open(QIODevice::ReadOnly))
-        return content.refuse(Fault::Unreadable, input.errorString());
+        return content.refuse(Error::Unreadable, input.errorString());
     if (input.size() > largestFile)
-        return content.refuse(Fault::Damaged, QStringLiteral("it is too long"));
+        return content.refuse(Error::Damaged, QStringLiteral("it is too long"));
     return parse(input.readAll(), before);
 }
 
@@ -93,7 +93,7 @@ QString SessionFile::standardFile()
 QString SessionFile::read(const QString& file, SessionData* data)
 {
     const Content content = contentOf(file, *data);
-    if (content.fault != Fault::None)
+    if (content.error != Error::None)
         return QCoreApplication::translate("SessionFile", "The session %1 cannot be read: %2.")
             .arg(shown(file), content.reason);
     *data = content.data;
@@ -105,12 +105,12 @@ QString SessionFile::open(const QString& file, SessionData* data)
     m_file = file;
     const bool taken = isTaken();
     const Content content =
-        QFileInfo::exists(file) ? contentOf(file, *data) : Content{{}, *data, Fault::None, {}};
-    if (content.fault == Fault::Damaged && !taken)
+        QFileInfo::exists(file) ? contentOf(file, *data) : Content{{}, *data, Error::None, {}};
+    if (content.error == Error::Damaged && !taken)
         return setAside(content.reason);
-    if (taken || content.fault != Fault::None)
+    if (taken || content.error != Error::None)
         m_file.clear();
-    if (content.fault != Fault::None)
+    if (content.error != Error::None)
         return leftAlone(file, content.reason);
     *data = content.data;
     m_root = content.root;
@@ -134,10 +134,10 @@ QString SessionFile::save(const SessionData& data)
     if (m_file.isEmpty() || (root == m_root && QFileInfo::exists(m_file)))
         return QString();
     QDir().mkpath(QFileInfo(m_file).path());
-    const QString fault = writeFile(m_file, QJsonDocument(root).toJson());
-    if (!fault.isEmpty())
+    const QString error = writeFile(m_file, QJsonDocument(root).toJson());
+    if (!error.isEmpty())
         return QCoreApplication::translate("SessionFile", "The session %1 cannot be saved: %2.")
-            .arg(shown(m_file), fault);
+            .arg(shown(m_file), error);
     m_root = root;
     return QString();
 }

@@ -9,7 +9,7 @@
 
 #include <memory>
 
-/// A session in a JSON file. Faults are sentences; an empty text means success.
+/// A session in a JSON file. Errors are sentences; an empty text means success.
 class SessionFile
 {
 public:

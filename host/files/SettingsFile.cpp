@@ -29,11 +29,11 @@ using Maps = QMap<int, SettingsFile::Map>;
 struct Parsed
 {
     Maps maps;
-    QString fault; // the end of a sentence
+    QString error; // the end of a sentence
     bool isLater = false;
 };
 
-Parsed faulty(const QString& fault, bool isLater = false) { return {{}, fault, isLater}; }
+Parsed bad(const QString& error, bool isLater = false) { return {{}, error, isLater}; }
 
 std::optional<int> channelOf(const QString& key)
 {
@@ -49,7 +49,7 @@ Parsed parseChannels(const QJsonObject& channels)
     for (auto it = channels.begin(); it != channels.end(); ++it) {
         const std::optional<int> channel = channelOf(it.key());
         if (!channel || !it.value().isObject())
-            return faulty(QStringLiteral("it holds no settings of a channel \"%1\"").arg(it.key()));
+            return bad(QStringLiteral("it holds no settings of a channel \"%1\"").arg(it.key()));
         result.maps[*channel] = it.value().toObject().toVariantMap();
     }
     return result;
@@ -60,13 +60,13 @@ Parsed parse(const QByteArray& bytes)
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
     if (document.isNull())
-        return faulty(QStringLiteral("%1 at byte %2").arg(error.errorString()).arg(error.offset));
+        return bad(QStringLiteral("%1 at byte %2").arg(error.errorString()).arg(error.offset));
     const QJsonObject root = document.object();
     if (root.value(versionKey).toInt() != version)
-        return faulty(QStringLiteral("it is no settings file of version %1").arg(version),
-                      root.value(versionKey).toInt() > version);
+        return bad(QStringLiteral("it is no settings file of version %1").arg(version),
+                   root.value(versionKey).toInt() > version);
     if (!root.value(channelsKey).isObject())
-        return faulty(QStringLiteral("it holds no channels"));
+        return bad(QStringLiteral("it holds no channels"));
     return parseChannels(root.value(channelsKey).toObject());
 }
 
@@ -91,9 +91,9 @@ QString SettingsFile::open(const QString& file)
         return setAside(QStringLiteral("it is too long"));
     Parsed parsed = parse(input.readAll());
     if (parsed.isLater)
-        return leaveAlone(parsed.fault);
+        return leaveAlone(parsed.error);
     m_maps = std::move(parsed.maps);
-    return parsed.fault.isEmpty() ? QString() : setAside(parsed.fault);
+    return parsed.error.isEmpty() ? QString() : setAside(parsed.error);
 }
 
 void SettingsFile::keep(int channel, const Map& map)
@@ -104,11 +104,11 @@ void SettingsFile::keep(int channel, const Map& map)
     if (m_file.isEmpty())
         return;
     QDir().mkpath(QFileInfo(m_file).path());
-    const QString fault = writeFile(m_file, bytes());
-    if (!fault.isEmpty() && m_reporter)
+    const QString error = writeFile(m_file, bytes());
+    if (!error.isEmpty() && m_reporter)
         m_reporter(QCoreApplication::translate("SettingsFile",
                                                "The editors' settings in %1 cannot be written: %2.")
-                       .arg(m_file, fault));
+                       .arg(m_file, error));
 }
 
 QString SettingsFile::leaveAlone(const QString& reason)

@@ -10,7 +10,7 @@
 /// What editors want to find again when they are opened the next time: one map a channel, kept in
 /// one JSON file. Without a file the maps are kept for the run.
 ///
-/// The maps hold what JSON can say: truth values, numbers, texts, lists and maps. Faults are
+/// The maps hold what JSON can say: truth values, numbers, texts, lists and maps. Errors are
 /// sentences.
 class SettingsFile
 {
@@ -28,7 +28,7 @@ public:
     /// Returns nothing, or what went wrong.
     QString open(const QString& file);
 
-    /// Gets the faults of keep(), which is called where nobody could return them.
+    /// Gets the errors of keep(), which is called where nobody could return them.
     void setReporter(Reporter reporter) { m_reporter = std::move(reporter); }
 
     /// The channel's map; empty if it has none.

@@ -9,13 +9,13 @@ namespace {
 std::size_t blockLength(int sampleRate, double seconds)
 {
     const double samples = std::round(sampleRate * seconds);
-    return static_cast<std::size_t>(std::clamp(samples, 1.0, double{BuiltInSignal::longestBlock}));
+    return static_cast<std::size_t>(std::clamp(samples, 1.0, double{BuiltInSignal::maxBlock}));
 }
 
 } // namespace
 
 BuiltInSignal::BuiltInSignal()
-    : m_block(longestBlock)
+    : m_block(maxBlock)
 {
     for (int channel = 0; channel < channelCount; ++channel)
         m_channels.push_back(std::make_unique<Channel>(channel));

@@ -14,7 +14,7 @@ class BuiltInSignal : public MeterProducer
 public:
     /// A reading takes no more samples than this; at high rates they are a part of the time that
     /// has passed, so that a reading costs the same at any rate and after any delay.
-    static constexpr int longestBlock = 2048;
+    static constexpr int maxBlock = 2048;
 
     BuiltInSignal();
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/meters/MixerMeters.h"
 
-#include "host/model/Desk.h"
+#include "host/model/MixerModel.h"
 
-MixerMeters::MixerMeters(const Desk& desk, const AudioEngine& engine)
-    : m_desk(desk)
+MixerMeters::MixerMeters(const MixerModel& mixerModel, const AudioEngine& engine)
+    : m_mixerModel(mixerModel)
     , m_audio(engine)
 {}
 
@@ -12,8 +12,8 @@ MeterLevels MixerMeters::read(int channel, const std::array<int, parameterCount>
                               int sampleRate, double seconds)
 {
     const MeterLevels audio = m_audio.read(channel, values, sampleRate, seconds);
-    const int leader = m_desk.leaderOf(channel);
-    if (m_desk.memory().strip(leader, StripParameter::Source) != SourceTestSignal)
+    const int leader = m_mixerModel.leaderOf(channel);
+    if (m_mixerModel.memory().strip(leader, StripParameter::Source) != SourceTestSignal)
         return audio;
-    return m_signal.read(channel, m_desk.soundingValues(channel), sampleRate, seconds);
+    return m_signal.read(channel, m_mixerModel.soundingValues(channel), sampleRate, seconds);
 }

@@ -5,21 +5,21 @@
 #include "host/meters/BuiltInSignal.h"
 #include "hosting/HostMemory.h"
 
-class Desk;
+class MixerModel;
 
 /// Meter readings of each strip by its source: the built-in signal where it is the test signal,
 /// otherwise the audio that runs through the engine, and silence where none does.
 class MixerMeters : public MeterProducer
 {
 public:
-    /// \a desk and \a engine must outlive it.
-    MixerMeters(const Desk& desk, const AudioEngine& engine);
+    /// \a mixerModel and \a engine must outlive it.
+    MixerMeters(const MixerModel& mixerModel, const AudioEngine& engine);
 
     MeterLevels read(int channel, const std::array<int, parameterCount>& values, int sampleRate,
                      double seconds) override;
 
 private:
-    const Desk& m_desk;
+    const MixerModel& m_mixerModel;
     BuiltInSignal m_signal;
     AudioMeters m_audio;
 };

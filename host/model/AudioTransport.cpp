@@ -2,19 +2,20 @@
 #include "host/model/AudioTransport.h"
 
 #include "host/audio/AudioSession.h"
-#include "host/model/Desk.h"
+#include "host/model/MixerModel.h"
 #include "hosting/HostMemory.h"
 
 #include <algorithm>
 
-AudioTransport::AudioTransport(AudioSession& session, Desk& desk, std::function<int()> marked)
+AudioTransport::AudioTransport(AudioSession& session, MixerModel& mixerModel,
+                               std::function<int()> marked)
     : m_session(session)
-    , m_desk(desk)
+    , m_mixerModel(mixerModel)
     , m_marked(std::move(marked))
 {
     connect(&session, &AudioSession::fileChanged, this, &Transport::changed);
     connect(&session, &AudioSession::stateChanged, this, &Transport::changed);
-    connect(&session, &AudioSession::faulted, this, &Transport::changed);
+    connect(&session, &AudioSession::failed, this, &Transport::changed);
 }
 
 Transport::State AudioTransport::state() const
@@ -23,12 +24,12 @@ Transport::State AudioTransport::state() const
         return State::Playing;
     if (m_session.state() == AudioSession::State::Stalled)
         return State::Stalled;
-    return m_session.faultText().isEmpty() ? State::Stopped : State::Fault;
+    return m_session.errorText().isEmpty() ? State::Stopped : State::Error;
 }
 
-QString AudioTransport::fault() const
+QString AudioTransport::error() const
 {
-    return state() == State::Playing ? QString() : m_session.faultText();
+    return state() == State::Playing ? QString() : m_session.errorText();
 }
 
 QString AudioTransport::file() const { return m_session.file(); }
@@ -86,16 +87,16 @@ void AudioTransport::chooseDevice(int index)
 
 void AudioTransport::feed(int channel, bool live)
 {
-    HostMemory& memory = m_desk.memory();
+    HostMemory& memory = m_mixerModel.memory();
     const int first = live ? int{SourceInput1} : int{SourceFile};
     const int last = live ? SourceOff - 1 : int{SourceFile};
     for (int each = 0; each < channelCount; ++each) {
-        const int source = memory.strip(m_desk.leaderOf(each), StripParameter::Source);
+        const int source = memory.strip(m_mixerModel.leaderOf(each), StripParameter::Source);
         if (source >= first && source <= last)
             return;
     }
-    const EditHistory::Pause pause(m_desk.history());
-    memory.setStrip(m_desk.leaderOf(channel), StripParameter::Source, first);
+    const EditHistory::Pause pause(m_mixerModel.history());
+    memory.setStrip(m_mixerModel.leaderOf(channel), StripParameter::Source, first);
 }
 
 const std::vector<AudioDeviceInfo>& AudioTransport::outputs() const

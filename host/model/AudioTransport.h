@@ -9,7 +9,7 @@
 #include <vector>
 
 class AudioSession;
-class Desk;
+class MixerModel;
 
 /// The mixer's transport bar on an audio session. GUI thread only.
 class AudioTransport : public Transport
@@ -17,12 +17,12 @@ class AudioTransport : public Transport
     Q_OBJECT
 
 public:
-    /// \a session and \a desk must outlive it. \a marked says which channel's strip a file goes to
-    /// that no strip asks for.
-    AudioTransport(AudioSession& session, Desk& desk, std::function<int()> marked);
+    /// \a session and \a mixerModel must outlive it. \a marked says which channel's strip a file
+    /// goes to that no strip asks for.
+    AudioTransport(AudioSession& session, MixerModel& mixerModel, std::function<int()> marked);
 
     State state() const override;
-    QString fault() const override;
+    QString error() const override;
     QString file() const override;
     void open(const QString& file) override;
     void play() override;
@@ -42,7 +42,7 @@ private:
     const std::vector<AudioDeviceInfo>& outputs() const;
 
     AudioSession& m_session;
-    Desk& m_desk;
+    MixerModel& m_mixerModel;
     std::function<int()> m_marked;
     mutable std::optional<std::vector<AudioDeviceInfo>> m_outputs; // looked for once
 };

@@ -12,7 +12,7 @@ constexpr QLatin1String mimeType("application/x-zolta-equalizer+json");
 constexpr QLatin1String channelKey("zolta-equalizer");
 constexpr qsizetype largestText = 1 << 16;
 
-QString faultOf(const QJsonValue& value, const Parameter& parameter, int* raw)
+QString errorOf(const QJsonValue& value, const Parameter& parameter, int* raw)
 {
     if (!value.isString())
         return QCoreApplication::translate("ChannelText", "the value of \"%1\" is no text")
@@ -49,10 +49,10 @@ ChannelText::Content ChannelText::fromJson(const QJsonObject& object,
                                            const HostMemory::Values& values)
 {
     Content content{values, QString()};
-    for (std::size_t i = 0; i < parameterCount && content.fault.isEmpty(); ++i) {
+    for (std::size_t i = 0; i < parameterCount && content.error.isEmpty(); ++i) {
         const QJsonValue value = object.value(QLatin1String(parameterTable[i].title));
         if (!value.isUndefined())
-            content.fault = faultOf(value, parameterTable[i], &content.values[i]);
+            content.error = errorOf(value, parameterTable[i], &content.values[i]);
     }
     return content;
 }

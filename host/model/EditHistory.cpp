@@ -14,7 +14,7 @@ namespace {
 using Change = EditHistory::Change;
 
 constexpr int mergingId = 1;
-constexpr std::size_t mostNames = 2;
+constexpr std::size_t maxNames = 2;
 
 bool isSamePlace(const Change& a, const Change& b)
 {
@@ -43,7 +43,7 @@ QString namesOf(const std::vector<Change>& changes)
     for (const Change& change : changes)
         names << parameterTitle(change.parameter);
     names.removeDuplicates();
-    if (names.size() > static_cast<qsizetype>(mostNames))
+    if (names.size() > static_cast<qsizetype>(maxNames))
         return EditHistory::tr("%1 parameters").arg(names.size());
     return names.join(QLatin1String(", "));
 }
@@ -140,7 +140,7 @@ void EditHistory::Step::setEffect(Effect effect) { m_effect = std::move(effect);
 EditHistory::EditHistory(HostMemory& memory)
     : m_memory(memory)
 {
-    m_stack.setUndoLimit(mostSteps);
+    m_stack.setUndoLimit(maxSteps);
     m_memory.setWriteListener(this);
 }
 

@@ -71,7 +71,7 @@ public:
         EditHistory& m_history;
     };
 
-    static constexpr int mostSteps = 500;
+    static constexpr int maxSteps = 500;
 
     /// Listens to \a memory, which must outlive it.
     explicit EditHistory(HostMemory& memory);

@@ -97,7 +97,7 @@ void GestureWatch::burst(Kind kind, const QInputEvent& event, bool mayGoOn)
     if (m_held)
         return;
     const quint64 time = event.timestamp();
-    const bool goesOn = mayGoOn && kind == m_kind && time - m_time <= longestPause;
+    const bool goesOn = mayGoOn && kind == m_kind && time - m_time <= maxPause;
     if (!goesOn)
         begin(kind);
     m_active = true;

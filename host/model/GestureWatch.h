@@ -19,7 +19,7 @@ public:
     enum Kind { None, Mouse, Wheel, Keys };
 
     /// Events of a burst come within so many milliseconds of each other.
-    static constexpr quint64 longestPause = 1000;
+    static constexpr quint64 maxPause = 1000;
 
     /// Watches the application object's events.
     explicit GestureWatch(QObject* parent = nullptr);

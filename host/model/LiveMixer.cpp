@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/model/LiveMixer.h"
 
-#include "host/model/Desk.h"
+#include "host/model/MixerModel.h"
 #include "hosting/HostMemory.h"
 
 #include <algorithm>
@@ -13,11 +13,11 @@ LiveMixer::LiveMixer()
     m_delay.callOnTimeout(&m_delay, [this] { look(); });
 }
 
-void LiveMixer::follow(Desk& desk)
+void LiveMixer::follow(MixerModel& mixerModel)
 {
     QObject::disconnect(m_writes);
-    m_desk = &desk;
-    m_writes = QObject::connect(&desk.history(), &EditHistory::changed, &m_delay,
+    m_mixerModel = &mixerModel;
+    m_writes = QObject::connect(&mixerModel.history(), &EditHistory::changed, &m_delay,
                                 [this] { m_delay.start(0); });
     look();
 }
@@ -36,7 +36,7 @@ void LiveMixer::look()
 // The second channel of a pair runs with the settings of the first one.
 void LiveMixer::publishValues(int channel)
 {
-    const AudioEngine::Values values = m_desk->soundingValues(channel);
+    const AudioEngine::Values values = m_mixerModel->soundingValues(channel);
     AudioEngine::Values& published = m_published[static_cast<std::size_t>(channel)];
     if (values == published)
         return;
@@ -54,14 +54,14 @@ LiveMixer::Mix LiveMixer::wanted() const
 
 LiveMixer::Strip LiveMixer::wantedStrip(int channel) const
 {
-    const HostMemory& memory = m_desk->memory();
-    const int leader = m_desk->leaderOf(channel);
-    const bool pair = m_desk->isPair(channel);
+    const HostMemory& memory = m_mixerModel->memory();
+    const int leader = m_mixerModel->leaderOf(channel);
+    const bool pair = m_mixerModel->isPair(channel);
     Strip strip;
     strip.source = sourceOf(channel, memory.strip(leader, StripParameter::Source));
     strip.left = !pair || channel % 2 == 0;
     strip.right = !pair || channel % 2 == 1;
-    if (m_desk->isAudible(channel))
+    if (m_mixerModel->isAudible(channel))
         strip.gain = stripGain(memory.strip(leader, StripParameter::Level));
     return strip;
 }
@@ -73,14 +73,14 @@ int LiveMixer::sourceOf(int channel, int source) const
         return m_live ? noSource : channel % 2;
     if (!m_live || source < SourceInput1 || source >= SourceOff)
         return noSource;
-    return source - SourceInput1 + channel - m_desk->leaderOf(channel);
+    return source - SourceInput1 + channel - m_mixerModel->leaderOf(channel);
 }
 
 void LiveMixer::prepare(double hertz, bool live)
 {
     m_live = live;
     m_engine.setSampleRate(hertz);
-    if (m_desk)
+    if (m_mixerModel)
         look();
     m_engine.reset();
     if (const Mix* mix = m_mix.take())
@@ -100,8 +100,8 @@ void LiveMixer::process(const float* const* inputs, int inputCount, float* const
     const Inputs in(inputs, static_cast<std::size_t>(inputCount));
     const Outputs out(outputs, static_cast<std::size_t>(outputCount));
     const auto all = static_cast<std::size_t>(frames);
-    for (std::size_t done = 0; done < all; done += longestPart) {
-        const std::size_t count = std::min(longestPart, all - done);
+    for (std::size_t done = 0; done < all; done += maxPart) {
+        const std::size_t count = std::min(maxPart, all - done);
         playStrips(in, done, count);
         mixDown(out, done, count);
     }

@@ -10,7 +10,7 @@
 #include <array>
 #include <span>
 
-class Desk;
+class MixerModel;
 
 /// The mixer on what is played: every strip takes the sound that its source names, sends it through
 /// its channel's equalizer and adds it to the outputs by its fader.
@@ -24,15 +24,15 @@ class Desk;
 /// While the drive of one strip delays it, the others are held back as much, so that strips of the
 /// same sound stay in step.
 ///
-/// After writes to the desk's memory the GUI thread publishes what has changed, once for all writes
-/// that come together; the audio thread takes it with its next block.
+/// After writes to the mixer's model's memory the GUI thread publishes what has changed, once for
+/// all writes that come together; the audio thread takes it with its next block.
 class LiveMixer : public AudioCallback
 {
 public:
     LiveMixer();
 
-    /// Follows \a desk, which must outlive this; while nothing is played.
-    void follow(Desk& desk);
+    /// Follows \a mixerModel, which must outlive this; while nothing is played.
+    void follow(MixerModel& mixerModel);
     const AudioEngine& engine() const { return m_engine; }
 
     void prepare(double hertz, bool live) override;
@@ -40,7 +40,7 @@ public:
                  int frames) override;
 
 private:
-    static constexpr std::size_t longestPart = 256;
+    static constexpr std::size_t maxPart = 256;
     static constexpr int noSource = -1;
 
     struct Strip
@@ -53,7 +53,7 @@ private:
         bool operator==(const Strip&) const = default;
     };
     using Mix = std::array<Strip, channelCount>;
-    using Part = std::array<float, longestPart>;
+    using Part = std::array<float, maxPart>;
     using Inputs = std::span<const float* const>;
     using Outputs = std::span<float* const>;
 
@@ -70,7 +70,7 @@ private:
     void mixDown(Outputs outputs, std::size_t first, std::size_t frames);
     void add(std::size_t channel, std::size_t frames);
 
-    const Desk* m_desk = nullptr;
+    const MixerModel* m_mixerModel = nullptr;
     QMetaObject::Connection m_writes;
     QTimer m_delay;
     bool m_live = false;

@@ -24,12 +24,12 @@
 namespace {
 
 // The result of a step that says what went wrong: the exit code, after the complaint.
-int finished(const QString& fault)
+int finished(const QString& error)
 {
-    if (fault.isEmpty())
+    if (error.isEmpty())
         return ExitDone;
-    complain(fault);
-    return ExitFault;
+    printError(error);
+    return ExitError;
 }
 
 QByteArray listLine(std::size_t index, int value)
@@ -64,7 +64,7 @@ void warn(QWidget& window, const QString& sentence)
 {
     if (sentence.isEmpty())
         return;
-    complain(sentence);
+    printError(sentence);
     if (isShown(window, sentence))
         return;
     auto* box = new QMessageBox(QMessageBox::Warning, window.windowTitle(), sentence,
@@ -74,10 +74,10 @@ void warn(QWidget& window, const QString& sentence)
     box->show();
 }
 
-bool endsUnsaved(QWidget& window, const QString& fault)
+bool endsUnsaved(QWidget& window, const QString& error)
 {
-    complain(fault);
-    QMessageBox box(QMessageBox::Warning, window.windowTitle(), fault, QMessageBox::Cancel,
+    printError(error);
+    QMessageBox box(QMessageBox::Warning, window.windowTitle(), error, QMessageBox::Cancel,
                     &window);
     const auto* quit =
         box.addButton(QCoreApplication::translate("Application", "Quit Without Saving"),
@@ -88,7 +88,7 @@ bool endsUnsaved(QWidget& window, const QString& fault)
 
 } // namespace
 
-void complain(const QString& sentence)
+void printError(const QString& sentence)
 {
     std::fprintf(stderr, "zolta-host: %s\n", sentence.toLocal8Bit().constData());
 }
@@ -102,9 +102,9 @@ int Application::run()
 {
     const QString file = m_commandLine.plugin.isEmpty() ? EditorLibrary::fileBeside(m_programFolder)
                                                         : m_commandLine.plugin;
-    const QString fault = m_mixer.library.load(file);
-    if (!fault.isEmpty())
-        return finished(fault);
+    const QString error = m_mixer.library.load(file);
+    if (!error.isEmpty())
+        return finished(error);
     applyHostTheme();
     m_mixer.language.choose(m_commandLine.language);
     m_mixer.meters.setEnabled(m_commandLine.showsMeters());
@@ -128,26 +128,26 @@ int Application::runHeadless()
         return finished(noEditor(settings.channel));
     stage.show();
 
-    QString fault = loadState(*session);
-    if (fault.isEmpty()) {
+    QString error = loadState(*session);
+    if (error.isEmpty()) {
         applySettings();
         playMeters();
         if (m_commandLine.list)
-            fault = printList();
+            error = printList();
     }
-    if (fault.isEmpty() && !m_commandLine.saveState.isEmpty())
-        fault = session->saveState(m_commandLine.saveState);
-    if (fault.isEmpty() && !m_commandLine.screenshot.isEmpty())
-        fault = saveScreenshot(*session);
-    return finished(fault);
+    if (error.isEmpty() && !m_commandLine.saveState.isEmpty())
+        error = session->saveState(m_commandLine.saveState);
+    if (error.isEmpty() && !m_commandLine.screenshot.isEmpty())
+        error = saveScreenshot(*session);
+    return finished(error);
 }
 
 int Application::runWindows()
 {
     const QuitSignals quitSignals;
-    QString fault = openAudio();
-    if (!fault.isEmpty())
-        return finished(fault);
+    QString error = openAudio();
+    if (!error.isEmpty())
+        return finished(error);
     MixerWindow mixerWindow(m_mixer, m_commandLine.editor);
     const auto warning = [&mixerWindow](const QString& text) { warn(mixerWindow, text); };
     m_mixer.settings.setReporter(warning);
@@ -162,11 +162,11 @@ int Application::runWindows()
         warn(mixerWindow, damage);
     session.restoreWindows(mixerWindow);
     if (session.isNew() || m_commandLine.wantsEditor) {
-        fault = openEditor(mixerWindow);
-        if (!fault.isEmpty())
-            return finished(fault);
+        error = openEditor(mixerWindow);
+        if (!error.isEmpty())
+            return finished(error);
     }
-    m_mixer.desk.history().clear();
+    m_mixer.mixerModel.history().clear();
     connectAudio(mixerWindow);
     QObject::connect(&quitSignals, &QuitSignals::arrived, &mixerWindow, [&] {
         session.setAsker({}); // nobody might be there any more
@@ -182,8 +182,8 @@ void Application::chooseChannel()
     EditorSettings& editor = m_commandLine.editor;
     if (!editor.stereo)
         m_mixer.memory.setStrip(editor.channel & ~1, StripParameter::Stereo, 0);
-    editor.stereo = m_mixer.desk.isPair(editor.channel);
-    editor.channel = m_mixer.desk.leaderOf(editor.channel);
+    editor.stereo = m_mixer.mixerModel.isPair(editor.channel);
+    editor.channel = m_mixer.mixerModel.leaderOf(editor.channel);
 }
 
 QString Application::openEditor(MixerWindow& mixerWindow)
@@ -192,10 +192,10 @@ QString Application::openEditor(MixerWindow& mixerWindow)
     EditorWindow* editor = mixerWindow.openEditor(settings.channel, settings.stereo);
     if (!editor)
         return noEditor(settings.channel);
-    const QString fault = loadState(editor->session());
-    if (fault.isEmpty())
+    const QString error = loadState(editor->session());
+    if (error.isEmpty())
         applySettings();
-    return fault;
+    return error;
 }
 
 // The editor draws the curve for the rate that is heard, unless it was given another one.
@@ -207,7 +207,7 @@ QString Application::openAudio()
     m_audio.setDevice(audio.device);
     m_audio.setLooping(audio.loop);
     if (!audio.file.isEmpty() && !m_audio.openFile(audio.file))
-        return m_audio.faultText();
+        return m_audio.errorText();
     const int rate = m_audio.expectedRate();
     if (!m_commandLine.sampleRateGiven && rate > 0)
         m_commandLine.editor.sampleRate = rate;
@@ -217,14 +217,14 @@ QString Application::openAudio()
 // Without a device everything but the sound works on.
 void Application::connectAudio(MixerWindow& mixerWindow)
 {
-    QObject::connect(&m_audio, &AudioSession::faulted, &mixerWindow,
+    QObject::connect(&m_audio, &AudioSession::failed, &mixerWindow,
                      [&mixerWindow](const QString& sentence) { warn(mixerWindow, sentence); });
-    auto* transport = new AudioTransport(m_audio, m_mixer.desk,
+    auto* transport = new AudioTransport(m_audio, m_mixer.mixerModel,
                                          [&mixerWindow] { return mixerWindow.selectedChannel(); });
     transport->setParent(&mixerWindow);
-    m_mixer.desk.setTransport(transport);
-    m_mixer.meters.setProducer(std::make_unique<MixerMeters>(m_mixer.desk, m_sound.engine()));
-    m_sound.follow(m_mixer.desk);
+    m_mixer.mixerModel.setTransport(transport);
+    m_mixer.meters.setProducer(std::make_unique<MixerMeters>(m_mixer.mixerModel, m_sound.engine()));
+    m_sound.follow(m_mixer.mixerModel);
     if (!m_commandLine.plays())
         return;
     transport->feed(m_commandLine.editor.channel, m_commandLine.audio.device.live);
@@ -274,9 +274,9 @@ QString Application::saveScreenshot(const EditorSession& session) const
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     session.picture().save(&buffer, "PNG");
-    const QString fault = writeFile(m_commandLine.screenshot, buffer.data());
-    if (fault.isEmpty())
+    const QString error = writeFile(m_commandLine.screenshot, buffer.data());
+    if (error.isEmpty())
         return QString();
     return QStringLiteral("The picture %1 cannot be written: %2.")
-        .arg(m_commandLine.screenshot, fault);
+        .arg(m_commandLine.screenshot, error);
 }

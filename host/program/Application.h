@@ -13,10 +13,10 @@
 class MixerWindow;
 
 /// Exit codes of the program.
-enum ExitCode { ExitDone = 0, ExitFault = 1, ExitUsage = 2 };
+enum ExitCode { ExitDone = 0, ExitError = 1, ExitUsage = 2 };
 
 /// Writes "zolta-host: " and \a sentence to the standard error stream.
-void complain(const QString& sentence);
+void printError(const QString& sentence);
 
 /// The program once its arguments are understood. Needs a QApplication.
 class Application

@@ -46,9 +46,9 @@ Values ChannelSettings::ofState(const QByteArray& state)
 QString ChannelSettings::load(const QString& file, Values* values)
 {
     const StateFile::Content content = StateFile(file, editorClass()).read();
-    if (content.fault.isEmpty())
+    if (content.error.isEmpty())
         *values = ofState(content.state);
-    return content.fault;
+    return content.error;
 }
 
 void ChannelSettings::apply(const std::vector<CommandLine::Setting>& settings, Values* values)

@@ -45,7 +45,7 @@ QString wrongValue(const char* option, const QString& text, const char* range)
         .arg(QLatin1String(option), QLatin1String(range), text);
 }
 
-// Turns the words of the command line into values; the first fault stays.
+// Turns the words of the command line into values; the first error stays.
 class Reader
 {
 public:
@@ -84,10 +84,10 @@ public:
     }
 
 private:
-    void fail(const QString& fault)
+    void fail(const QString& error)
     {
-        if (m_result.fault.isEmpty())
-            m_result.fault = fault;
+        if (m_result.error.isEmpty())
+            m_result.error = error;
     }
 
     void readFile(const char* option, QString* file)
@@ -277,7 +277,7 @@ CommandLine CommandLine::parse(const QStringList& arguments)
     if (parser.parse(arguments))
         Reader(parser, result).read();
     else
-        result.fault = parser.errorText();
+        result.error = parser.errorText();
     return result;
 }
 
@@ -330,5 +330,5 @@ QString CommandLine::helpText()
         "                         are those of --channel in --session, then --state, then --set\n"
         "  --float                write 32-bit floats into a .wav file, whatever IN has\n"
         "\n"
-        "Exit codes: 0 done, 1 a file or the plug-in is at fault, 2 the command line is.\n");
+        "Exit codes: 0 done, 1 a file or the plug-in is at error, 2 the command line is.\n");
 }

@@ -54,7 +54,7 @@ struct CommandLine
     Audio audio;
     bool devices = false;         ///< "--devices"
     bool sampleRateGiven = false; ///< whether "--sample-rate" was
-    QString fault; ///< why the arguments make no sense, as a sentence; the rest is void then
+    QString error; ///< why the arguments make no sense, as a sentence; the rest is void then
 
     /// Whether the program does its work and ends, without a window.
     bool headless() const;

@@ -15,19 +15,19 @@ void warnAbout(const AudioReader::Damage& damage, const QString& file)
 {
     if (damage.count == 0)
         return;
-    complain(QStringLiteral("Warning: %1 samples of %2 are no numbers or larger than %3 and count "
-                            "as 0; the first is in frame %4 of channel %5.")
-                 .arg(QString::number(damage.count), file,
-                      QString::number(ChannelProcessor::loudest), QString::number(damage.frame),
-                      QString::number(damage.channel)));
+    printError(
+        QStringLiteral("Warning: %1 samples of %2 are no numbers or larger than %3 and count "
+                       "as 0; the first is in frame %4 of channel %5.")
+            .arg(QString::number(damage.count), file, QString::number(ChannelProcessor::loudest),
+                 QString::number(damage.frame), QString::number(damage.channel)));
 }
 
 void warnAboutClipping(std::int64_t clipped, const QString& file)
 {
     if (clipped > 0)
-        complain(QStringLiteral("Warning: %1 samples of %2 are clipped; a lower output level or "
-                                "--float avoids that.")
-                     .arg(QString::number(clipped), file));
+        printError(QStringLiteral("Warning: %1 samples of %2 are clipped; a lower output level or "
+                                  "--float avoids that.")
+                       .arg(QString::number(clipped), file));
 }
 
 QString readJob(const CommandLine& commandLine, AudioRenderer::Job* job)
@@ -36,14 +36,14 @@ QString readJob(const CommandLine& commandLine, AudioRenderer::Job* job)
     job->output = commandLine.render.output;
     job->forceFloat = commandLine.render.forceFloat;
     SessionData session;
-    QString fault;
+    QString error;
     if (!commandLine.session.isEmpty())
-        fault = SessionFile::read(commandLine.session, &session);
+        error = SessionFile::read(commandLine.session, &session);
     job->values = session.heardBy(commandLine.editor.channel).equalizer;
-    if (fault.isEmpty() && !commandLine.state.isEmpty())
-        fault = ChannelSettings::load(commandLine.state, &job->values);
+    if (error.isEmpty() && !commandLine.state.isEmpty())
+        error = ChannelSettings::load(commandLine.state, &job->values);
     ChannelSettings::apply(commandLine.settings, &job->values);
-    return fault;
+    return error;
 }
 
 QString runWithBar(AudioRenderer* renderer)
@@ -60,19 +60,19 @@ QString runWithBar(AudioRenderer* renderer)
 int renderCommand(const CommandLine& commandLine)
 {
     AudioRenderer::Job job;
-    QString fault = readJob(commandLine, &job);
-    if (fault.isEmpty()) {
+    QString error = readJob(commandLine, &job);
+    if (error.isEmpty()) {
         const Interruption interruption;
         AudioRenderer renderer(job);
-        fault = runWithBar(&renderer);
+        error = runWithBar(&renderer);
         warnAbout(renderer.damage(), job.input);
-        if (fault.isEmpty() && !renderer.wasEnded())
+        if (error.isEmpty() && !renderer.wasEnded())
             warnAboutClipping(renderer.clipped(), job.output);
     }
     if (Interruption::isWanted())
         Interruption::obey();
-    if (fault.isEmpty())
+    if (error.isEmpty())
         return ExitDone;
-    complain(fault);
-    return ExitFault;
+    printError(error);
+    return ExitError;
 }

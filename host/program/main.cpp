@@ -21,7 +21,7 @@ QStringList textsOf(int argc, char* argv[])
 
 int refuse(const QString& sentence)
 {
-    complain(sentence);
+    printError(sentence);
     return ExitUsage;
 }
 
@@ -29,7 +29,7 @@ int devicesCommand()
 {
     const std::vector<AudioDeviceInfo> devices = AudioDevices::list();
     if (devices.empty())
-        complain(QStringLiteral("There is no sound device."));
+        printError(QStringLiteral("There is no sound device."));
     std::fputs(AudioDevices::table(devices).constData(), stdout);
     return ExitDone;
 }
@@ -43,8 +43,8 @@ int main(int argc, char* argv[])
         std::fputs(CommandLine::helpText().toUtf8().constData(), stdout);
         return ExitDone;
     }
-    if (!commandLine.fault.isEmpty())
-        return refuse(commandLine.fault);
+    if (!commandLine.error.isEmpty())
+        return refuse(commandLine.error);
     if (commandLine.devices)
         return devicesCommand();
     if (commandLine.renders())

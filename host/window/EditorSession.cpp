@@ -85,10 +85,10 @@ void EditorSession::setSliderMode(int mode)
 QString EditorSession::loadState(const QString& file)
 {
     StateFile::Content content = StateFile(file, m_editor->uid()).read();
-    if (!content.fault.isEmpty())
-        return content.fault;
+    if (!content.error.isEmpty())
+        return content.error;
     const HostMemory::Values before = m_mixer.memory.values(m_settings.channel);
-    const EditHistory::Step step(m_mixer.desk.history(),
+    const EditHistory::Step step(m_mixer.mixerModel.history(),
                                  QCoreApplication::translate("EditorSession", "Load %1")
                                      .arg(QFileInfo(file).completeBaseName()));
     MemoryStream stream(content.state.data(), content.state.size());

@@ -26,7 +26,7 @@ struct EditorSettings
 ///
 /// The editor is the only child of \a stage and decides the stage's size. It begins with the
 /// settings map that the mixer keeps for its channel and leaves its own there at the end. Mixer and
-/// stage must outlive the session. Faults are sentences; an empty text means success.
+/// stage must outlive the session. Errors are sentences; an empty text means success.
 class EditorSession
 {
 public:

@@ -56,7 +56,7 @@ void EditorToolBar::changeEvent(QEvent* event)
 {
     QToolBar::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
-        m_texts.sayAgain();
+        m_texts.retranslate();
 }
 
 void EditorToolBar::addCompare()

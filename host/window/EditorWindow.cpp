@@ -59,7 +59,7 @@ EditorWindow::EditorWindow(Mixer& mixer, std::unique_ptr<QWidget> stage,
     buildStatus();
     chooseSize();
     m_texts.add([this] { showTitle(); });
-    connect(&mixer.desk, &Desk::nameChanged, this, &EditorWindow::showTitle);
+    connect(&mixer.mixerModel, &MixerModel::nameChanged, this, &EditorWindow::showTitle);
 }
 
 EditorWindow::~EditorWindow() = default;
@@ -80,12 +80,12 @@ void EditorWindow::loadPreset(const QString& name)
 void EditorWindow::savePreset(const QString& name)
 {
     const PresetFolder& folder = m_presets->folder();
-    QString fault = PresetFolder::faultOfName(name);
-    if (fault.isEmpty())
-        fault = folder.prepare();
-    if (fault.isEmpty())
-        fault = m_session->saveState(folder.fileOf(name));
-    report(fault, tr("Saved %1.").arg(name));
+    QString error = PresetFolder::errorOfName(name);
+    if (error.isEmpty())
+        error = folder.prepare();
+    if (error.isEmpty())
+        error = m_session->saveState(folder.fileOf(name));
+    report(error, tr("Saved %1.").arg(name));
 }
 
 void EditorWindow::deletePreset(const QString& name)
@@ -97,7 +97,7 @@ void EditorWindow::applyFactoryPreset(int index)
 {
     const FactoryPreset& preset = factoryPresets()[static_cast<std::size_t>(index)];
     const QString name = QCoreApplication::translate("FactoryPreset", preset.name);
-    const EditHistory::Step step(m_mixer.desk.history(), name);
+    const EditHistory::Step step(m_mixer.mixerModel.history(), name);
     m_mixer.memory.write(settings().channel, valuesOf(preset));
     report(QString(), tr("Loaded %1.").arg(name));
 }
@@ -125,16 +125,16 @@ void EditorWindow::buildFileMenu(QMenu* menu)
 
 void EditorWindow::buildEditMenu(QMenu* menu)
 {
-    ChannelCompare& compare = m_mixer.desk.compare();
+    ChannelCompare& compare = m_mixer.mixerModel.compare();
     const int channel = settings().channel;
-    addHistoryActions(menu, m_mixer.desk.history(), m_texts);
+    addHistoryActions(menu, m_mixer.mixerModel.history(), m_texts);
     menu->addSeparator();
     addItem(
         menu, [] { return tr("&Copy Settings"); }, QKeySequence::Copy,
-        [this, channel] { m_mixer.desk.copyToClipboard(channel); });
+        [this, channel] { m_mixer.mixerModel.copyToClipboard(channel); });
     QAction* pasting = addItem(
         menu, [] { return tr("&Paste Settings"); }, QKeySequence::Paste, [this] { paste(); });
-    const auto follow = [this, pasting] { pasting->setEnabled(m_mixer.desk.canPaste()); };
+    const auto follow = [this, pasting] { pasting->setEnabled(m_mixer.mixerModel.canPaste()); };
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, pasting, follow);
     follow();
     addItem(
@@ -196,7 +196,7 @@ QAction* EditorWindow::addItem(QMenu* menu, const LiveTexts::Text& text, const Q
 
 void EditorWindow::buildToolBar()
 {
-    m_bar = new EditorToolBar(*m_session, m_mixer.desk.compare(), this);
+    m_bar = new EditorToolBar(*m_session, m_mixer.mixerModel.compare(), this);
     connect(m_bar, &EditorToolBar::stereoChanged, this, &EditorWindow::showTitle);
     connect(m_bar, &EditorToolBar::stereoChosen, this, &EditorWindow::stereoChosen);
     connect(m_bar, &EditorToolBar::scaleChanged, this, &EditorWindow::followZoom);
@@ -212,17 +212,17 @@ void EditorWindow::buildStatus()
     statusBar()->addPermanentWidget(m_audio);
     m_texts.add([this] { showAudio(); });
     const auto listen = [this] {
-        if (const Transport* transport = m_mixer.desk.transport())
+        if (const Transport* transport = m_mixer.mixerModel.transport())
             connect(transport, &Transport::changed, this, &EditorWindow::showAudio);
         showAudio();
     };
-    connect(&m_mixer.desk, &Desk::transportChanged, this, listen);
+    connect(&m_mixer.mixerModel, &MixerModel::transportChanged, this, listen);
     listen();
 }
 
 void EditorWindow::showAudio()
 {
-    const Transport* transport = m_mixer.desk.transport();
+    const Transport* transport = m_mixer.mixerModel.transport();
     const bool playing = transport && transport->state() == Transport::State::Playing;
     m_audio->setText(playing ? QString() : tr("No audio"));
 }
@@ -235,7 +235,7 @@ QWidget* EditorWindow::buildEditorArea(std::unique_ptr<QWidget> stage)
     m_area->setBackgroundRole(QPalette::Base);
     m_stage = stage.release();
     m_area->setWidget(m_stage);
-    m_response = new ResponseView(m_mixer.desk, settings().channel, this);
+    m_response = new ResponseView(m_mixer.mixerModel, settings().channel, this);
     m_response->setSampleRate(settings().sampleRate);
     m_response->hide();
     m_texts.add([this] { m_response->setAccessibleName(tr("Measured response")); });
@@ -317,7 +317,7 @@ void EditorWindow::changeEvent(QEvent* event)
 {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
-        m_texts.sayAgain();
+        m_texts.retranslate();
 }
 
 void EditorWindow::closeEvent(QCloseEvent* event)
@@ -356,7 +356,7 @@ void EditorWindow::showTitle()
     const QString title =
         settings().stereo ? tr("Channels %1 + %2 - Equalizer").arg(channel).arg(partnerOf(channel))
                           : tr("Channel %1 - Equalizer").arg(channel);
-    const QString name = m_mixer.desk.name(channel);
+    const QString name = m_mixer.mixerModel.name(channel);
     setWindowTitle(name.isEmpty() ? title : name + QLatin1String(" - ") + title);
 }
 
@@ -384,15 +384,15 @@ void EditorWindow::saveState()
 
 void EditorWindow::resetToDefaults()
 {
-    const EditHistory::Step step(m_mixer.desk.history(), tr("Reset"));
+    const EditHistory::Step step(m_mixer.mixerModel.history(), tr("Reset"));
     m_mixer.memory.reset(settings().channel);
     statusBar()->showMessage(tr("Every parameter is at its default."), messageTime);
 }
 
 void EditorWindow::paste()
 {
-    const QString fault = m_mixer.desk.pasteFromClipboard(settings().channel);
-    statusBar()->showMessage(fault.isEmpty() ? tr("Pasted.") : fault, messageTime);
+    const QString error = m_mixer.mixerModel.pasteFromClipboard(settings().channel);
+    statusBar()->showMessage(error.isEmpty() ? tr("Pasted.") : error, messageTime);
 }
 
 void EditorWindow::askForPresetName()
@@ -410,17 +410,17 @@ void EditorWindow::askForPresetName()
 // Asks until the name is a good one; empty if the user gives up.
 QString EditorWindow::typedPresetName()
 {
-    QString typed = m_mixer.desk.name(settings().channel);
+    QString typed = m_mixer.mixerModel.name(settings().channel);
     for (;;) {
         bool accepted = false;
         typed = QInputDialog::getText(this, tr("Save as Preset"), tr("Name of the preset"),
                                       QLineEdit::Normal, typed, &accepted);
-        const QString fault = PresetFolder::faultOfName(typed.simplified());
+        const QString error = PresetFolder::errorOfName(typed.simplified());
         if (!accepted)
             return QString();
-        if (fault.isEmpty())
+        if (error.isEmpty())
             return typed.simplified();
-        QMessageBox::warning(this, windowTitle(), fault);
+        QMessageBox::warning(this, windowTitle(), error);
     }
 }
 
@@ -431,12 +431,12 @@ void EditorWindow::askToDelete(const QString& name)
         deletePreset(name);
 }
 
-void EditorWindow::report(const QString& fault, const QString& success)
+void EditorWindow::report(const QString& error, const QString& success)
 {
-    if (fault.isEmpty())
+    if (error.isEmpty())
         statusBar()->showMessage(success, messageTime);
     else
-        QMessageBox::warning(this, windowTitle(), fault);
+        QMessageBox::warning(this, windowTitle(), error);
 }
 
 #include "moc_EditorWindow.cpp"

@@ -90,7 +90,7 @@ private:
     void askForPresetName();
     QString typedPresetName();
     void askToDelete(const QString& name);
-    void report(const QString& fault, const QString& success);
+    void report(const QString& error, const QString& success);
 
     Mixer& m_mixer;
     LiveTexts m_texts;

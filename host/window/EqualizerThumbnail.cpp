@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/window/EqualizerThumbnail.h"
 
-#include "host/model/Desk.h"
+#include "host/model/MixerModel.h"
 #include "host/window/MixerLook.h"
 
 #include <QMouseEvent>
@@ -28,14 +28,14 @@ void drawGrid(QPainter& painter, const QRectF& plot)
 
 } // namespace
 
-EqualizerThumbnail::EqualizerThumbnail(Desk& desk, int channel, QWidget* parent)
+EqualizerThumbnail::EqualizerThumbnail(MixerModel& mixerModel, int channel, QWidget* parent)
     : QWidget(parent)
-    , m_desk(desk)
+    , m_mixerModel(mixerModel)
     , m_channel(channel)
 {
     setCursor(Qt::PointingHandCursor);
     m_bands.setSampleRate(sampleRate);
-    connect(&desk.history(), &EditHistory::changed, this, [this](int changed) {
+    connect(&mixerModel.history(), &EditHistory::changed, this, [this](int changed) {
         if (changed == m_channel)
             update();
     });
@@ -55,7 +55,7 @@ void EqualizerThumbnail::mouseReleaseEvent(QMouseEvent* event)
 
 void EqualizerThumbnail::paintEvent(QPaintEvent*)
 {
-    setBands(m_bands, m_desk.memory().values(m_channel));
+    setBands(m_bands, m_mixerModel.memory().values(m_channel));
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF glass = QRectF(rect()).adjusted(0, 0, 0, -1);
@@ -84,7 +84,7 @@ QPolygonF EqualizerThumbnail::curve(const QRectF& plot) const
 
 void EqualizerThumbnail::drawCurve(QPainter& painter, const QRectF& plot) const
 {
-    const bool on = m_desk.memory().strip(m_channel, StripParameter::EqualizerOn) != 0;
+    const bool on = m_mixerModel.memory().strip(m_channel, StripParameter::EqualizerOn) != 0;
     const QColor color = on ? MixerLook::accent.lighter(125) : MixerLook::dimLetters.darker(150);
     const QPolygonF line = curve(plot);
     QPolygonF area = line;

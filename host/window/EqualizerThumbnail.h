@@ -7,7 +7,7 @@
 #include <QPolygonF>
 #include <QWidget>
 
-class Desk;
+class MixerModel;
 
 /// A small picture of a channel's equalizer curve from 20 Hz to 20 kHz, -20 to +20 dB, behind
 /// glass. It is what the filters answer at 48 kHz. Dim while the equalizer is off.
@@ -16,8 +16,8 @@ class EqualizerThumbnail : public QWidget
     Q_OBJECT
 
 public:
-    /// \a desk must outlive it.
-    EqualizerThumbnail(Desk& desk, int channel, QWidget* parent = nullptr);
+    /// \a mixerModel must outlive it.
+    EqualizerThumbnail(MixerModel& mixerModel, int channel, QWidget* parent = nullptr);
 
 Q_SIGNALS:
     /// The user wants a closer look.
@@ -32,7 +32,7 @@ private:
     QPolygonF curve(const QRectF& plot) const;
     void drawCurve(QPainter& painter, const QRectF& plot) const;
 
-    Desk& m_desk;
+    MixerModel& m_mixerModel;
     int m_channel;
     EqualizerBands m_bands;
 };

@@ -13,7 +13,7 @@ void LiveTexts::add(std::function<void()> say)
     m_says.push_back(std::move(say));
 }
 
-void LiveTexts::sayAgain() const
+void LiveTexts::retranslate() const
 {
     for (const std::function<void()>& say : m_says)
         say();

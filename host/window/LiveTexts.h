@@ -21,9 +21,9 @@ class LiveTexts
 public:
     using Text = std::function<QString()>;
 
-    /// Says something now and whenever sayAgain() is called.
+    /// Says something now and whenever retranslate() is called.
     void add(std::function<void()> say);
-    void sayAgain() const;
+    void retranslate() const;
 
     /// New widgets and actions that show a text.
     QMenu* menu(QMenuBar* bar, const Text& text);

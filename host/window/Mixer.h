@@ -4,7 +4,7 @@
 #include "host/files/SettingsFile.h"
 #include "host/meters/BuiltInSignal.h"
 #include "host/meters/MeterSource.h"
-#include "host/model/Desk.h"
+#include "host/model/MixerModel.h"
 #include "host/window/Language.h"
 #include "hosting/EditorLibrary.h"
 #include "hosting/HostMemory.h"
@@ -15,7 +15,7 @@ struct Mixer
 {
     HostModel model;
     HostMemory memory;
-    Desk desk{memory};
+    MixerModel mixerModel{memory};
     EditorLibrary library;
     MeterSource meters{memory, std::make_unique<BuiltInSignal>()};
     SettingsFile settings;

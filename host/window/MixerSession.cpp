@@ -43,16 +43,16 @@ MixerSession::MixerSession(Mixer& mixer, Reporter reporter)
 
 QString MixerSession::open(const QString& file)
 {
-    const QString fault = m_file.open(file, &m_data);
+    const QString error = m_file.open(file, &m_data);
     restore();
-    return fault;
+    return error;
 }
 
 QString MixerSession::read(const QString& file)
 {
-    const QString fault = SessionFile::read(file, &m_data);
+    const QString error = SessionFile::read(file, &m_data);
     restore();
-    return fault;
+    return error;
 }
 
 bool MixerSession::restoreWindows(MixerWindow& window)
@@ -60,7 +60,7 @@ bool MixerSession::restoreWindows(MixerWindow& window)
     m_window = &window;
     connect(&window, &MixerWindow::ending, this, &MixerSession::end);
     connect(qGuiApp, &QGuiApplication::commitDataRequest, this, &MixerSession::save);
-    connect(&m_mixer.desk.history().stack(), &QUndoStack::indexChanged, this,
+    connect(&m_mixer.mixerModel.history().stack(), &QUndoStack::indexChanged, this,
             [this] { m_timer.start(); });
     qGuiApp->installEventFilter(this);
     putAt(&window, m_data.mixerPlace);
@@ -79,10 +79,10 @@ bool MixerSession::restoreWindows(MixerWindow& window)
 
 bool MixerSession::save()
 {
-    const QString fault = write();
-    if (!fault.isEmpty() && m_reporter)
-        m_reporter(fault);
-    return fault.isEmpty();
+    const QString error = write();
+    if (!error.isEmpty() && m_reporter)
+        m_reporter(error);
+    return error.isEmpty();
 }
 
 bool MixerSession::eventFilter(QObject* watched, QEvent* event)
@@ -114,8 +114,8 @@ bool MixerSession::saveAtEnd()
     const Asker asker = m_asker; // may be replaced while it asks
     if (!asker)
         save();
-    const QString fault = asker ? write() : QString();
-    return fault.isEmpty() || asker(fault);
+    const QString error = asker ? write() : QString();
+    return error.isEmpty() || asker(error);
 }
 
 // The program is ending, of which the last window already told where it was it that closed.
@@ -140,20 +140,20 @@ bool MixerSession::staysOpen()
 
 void MixerSession::restore()
 {
-    const EditHistory::Pause pause(m_mixer.desk.history());
+    const EditHistory::Pause pause(m_mixer.mixerModel.history());
     for (int ch = 0; ch < channelCount; ++ch)
         restore(ch);
-    m_mixer.desk.history().clear();
+    m_mixer.mixerModel.history().clear();
 }
 
 void MixerSession::restore(int channel)
 {
     const SessionData::Channel& data = m_data.channels[static_cast<std::size_t>(channel)];
-    m_mixer.desk.setName(channel, data.name);
+    m_mixer.mixerModel.setName(channel, data.name);
     for (std::size_t i = 0; i < stripParameterCount; ++i)
         m_mixer.memory.setStrip(channel, static_cast<StripParameter>(i), data.strip[i]);
     m_mixer.memory.write(channel, data.equalizer);
-    m_mixer.desk.compare().setState(channel, data.compare);
+    m_mixer.mixerModel.compare().setState(channel, data.compare);
     if (!data.editor.isEmpty())
         m_mixer.settings.keep(channel, data.editor);
 }
@@ -161,11 +161,11 @@ void MixerSession::restore(int channel)
 void MixerSession::collect(int channel)
 {
     SessionData::Channel& data = m_data.channels[static_cast<std::size_t>(channel)];
-    data.name = m_mixer.desk.name(channel);
+    data.name = m_mixer.mixerModel.name(channel);
     for (std::size_t i = 0; i < stripParameterCount; ++i)
         data.strip[i] = m_mixer.memory.strip(channel, static_cast<StripParameter>(i));
     data.equalizer = m_mixer.memory.values(channel);
-    data.compare = m_mixer.desk.compare().state(channel);
+    data.compare = m_mixer.mixerModel.compare().state(channel);
     data.editor = m_mixer.settings.map(channel);
 }
 

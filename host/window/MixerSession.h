@@ -21,13 +21,13 @@ class MixerSession : public QObject
 
 public:
     using Reporter = std::function<void(const QString&)>;
-    /// Gets a fault of saving; whether to end nevertheless.
+    /// Gets an error of saving; whether to end nevertheless.
     using Asker = std::function<bool(const QString&)>;
 
     /// A change is saved after so many milliseconds without another one.
     static constexpr int saveDelay = 20000;
 
-    /// \a mixer must outlive it. The faults of saving go to \a reporter.
+    /// \a mixer must outlive it. The errors of saving go to \a reporter.
     explicit MixerSession(Mixer& mixer, Reporter reporter = {});
 
     /// Is asked, instead of the reporter, when the last window or the program cannot be closed

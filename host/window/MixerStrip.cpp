@@ -5,7 +5,7 @@
 #include "controls/FaderController.h"
 #include "controls/PullDownButtonController.h"
 #include "controls/TextEditController.h"
-#include "host/model/Desk.h"
+#include "host/model/MixerModel.h"
 #include "host/window/EqualizerThumbnail.h"
 #include "host/window/MixerLook.h"
 #include "host/window/StripMeters.h"
@@ -80,17 +80,17 @@ void setFontSize(QWidget* widget, int pixels)
 
 } // namespace
 
-MixerStrip::MixerStrip(Desk& desk, int channel, QWidget* parent)
+MixerStrip::MixerStrip(MixerModel& mixerModel, int channel, QWidget* parent)
     : QWidget(parent)
-    , m_desk(desk)
+    , m_mixerModel(mixerModel)
     , m_channel(channel)
-    , m_shownAsPair(desk.isPair(channel))
+    , m_shownAsPair(mixerModel.isPair(channel))
 {
     setFixedSize(stripWidth, stripHeight);
     buildName();
     buildSource();
     buildWidth();
-    auto* curve = new EqualizerThumbnail(desk, channel, this);
+    auto* curve = new EqualizerThumbnail(mixerModel, channel, this);
     curve->setGeometry(curvePlace);
     m_texts.add([curve] { curve->setToolTip(tr("Opens the editor")); });
     connect(curve, &EqualizerThumbnail::clicked, this,
@@ -98,10 +98,10 @@ MixerStrip::MixerStrip(Desk& desk, int channel, QWidget* parent)
     buildKeys();
     buildFader();
     buildMeters();
-    connect(&desk.history(), &EditHistory::changed, this, &MixerStrip::follow);
-    connect(&desk, &Desk::nameChanged, this, [this](int changed) {
+    connect(&mixerModel.history(), &EditHistory::changed, this, &MixerStrip::follow);
+    connect(&mixerModel, &MixerModel::nameChanged, this, [this](int changed) {
         if (changed == m_channel)
-            sayAgain();
+            retranslate();
     });
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget* old, QWidget* now) {
         if ((old && isAncestorOf(old)) || (now && isAncestorOf(now)))
@@ -111,7 +111,7 @@ MixerStrip::MixerStrip(Desk& desk, int channel, QWidget* parent)
         control->installEventFilter(this);
 }
 
-bool MixerStrip::isPair() const { return m_desk.isPair(m_channel); }
+bool MixerStrip::isPair() const { return m_mixerModel.isPair(m_channel); }
 
 void MixerStrip::setSelected(bool selected)
 {
@@ -128,9 +128,9 @@ void MixerStrip::takeMeters(const unsigned int* words, unsigned int count)
         m_meters->show(1, levelOf(words, partnerOf(m_channel)));
 }
 
-void MixerStrip::sayAgain()
+void MixerStrip::retranslate()
 {
-    m_texts.sayAgain();
+    m_texts.retranslate();
     update();
 }
 
@@ -192,7 +192,7 @@ void MixerStrip::buildName()
         m_name->setToolTip(tr("A double click renames the channel"));
     });
     connect(m_name, &ChannelNameEdit::channelNameChanged, this, [this](const QString& text) {
-        m_desk.rename(m_channel, text == m_name->defaultName() ? QString() : text);
+        m_mixerModel.rename(m_channel, text == m_name->defaultName() ? QString() : text);
         m_name->home(false);
     });
 }
@@ -200,7 +200,7 @@ void MixerStrip::buildName()
 void MixerStrip::showName()
 {
     m_name->setDefaultName(tr("Channel %1").arg(m_channel));
-    m_name->setChannelName(m_desk.name(m_channel));
+    m_name->setChannelName(m_mixerModel.name(m_channel));
     m_name->home(false);
 }
 
@@ -231,7 +231,7 @@ void MixerStrip::buildWidth()
         key->move(i * (rightColumn - margin), 0);
         m_texts.add([this, key, i] {
             const QString text = i == 0 ? tr("%1 mono") : tr("%1 stereo");
-            key->setAccessibleName(text.arg(m_desk.shownName(m_channel)));
+            key->setAccessibleName(text.arg(m_mixerModel.shownName(m_channel)));
             key->setToolTip(key->accessibleName());
         });
     }
@@ -300,7 +300,7 @@ void MixerStrip::buildMeters()
 
 void MixerStrip::bind(AbstractController* control, StripParameter parameter, int channel)
 {
-    control->setMemAPIValue(&m_desk.memory(), stripId(parameter),
+    control->setMemAPIValue(&m_mixerModel.memory(), stripId(parameter),
                             static_cast<unsigned short>(channel), 0);
 }
 
@@ -315,7 +315,7 @@ MixerStrip::Key* MixerStrip::addKey(const QPoint& place, const QString& color)
 void MixerStrip::name(QWidget* control, const std::function<QString(const QString&)>& text)
 {
     m_texts.add([this, control, text] {
-        control->setAccessibleName(text(m_desk.shownName(m_channel)));
+        control->setAccessibleName(text(m_mixerModel.shownName(m_channel)));
         control->setToolTip(control->accessibleName());
     });
 }
@@ -331,9 +331,9 @@ void MixerStrip::follow(int channel)
 
 int MixerStrip::levelOf(const unsigned int* words, int channel) const
 {
-    const HostMemory& memory = m_desk.memory();
+    const HostMemory& memory = m_mixerModel.memory();
     const int fader = memory.strip(m_channel, StripParameter::Level);
-    if (fader == 0 || !m_desk.isAudible(m_channel))
+    if (fader == 0 || !m_mixerModel.isAudible(m_channel))
         return silent;
     const bool equalized = memory.strip(m_channel, StripParameter::EqualizerOn) != 0;
     const int level =

@@ -9,7 +9,7 @@
 #include <functional>
 
 class ChannelNameEdit;
-class Desk;
+class MixerModel;
 class StripMeters;
 
 namespace CommonController_MemAPI {
@@ -32,8 +32,8 @@ public:
     static constexpr int stripWidth = 104;
     static constexpr int stripHeight = 566;
 
-    /// \a desk must outlive it.
-    MixerStrip(Desk& desk, int channel, QWidget* parent = nullptr);
+    /// \a mixerModel must outlive it.
+    MixerStrip(MixerModel& mixerModel, int channel, QWidget* parent = nullptr);
 
     int channel() const { return m_channel; }
     /// Whether it stands for the channel and its partner.
@@ -43,7 +43,7 @@ public:
     /// Shows a reading of the meters, laid out as HostModel says.
     void takeMeters(const unsigned int* words, unsigned int count);
     /// Says its texts anew: in another language, or because the channel's name or width changed.
-    void sayAgain();
+    void retranslate();
 
 Q_SIGNALS:
     void editorWanted(int channel, bool stereo);
@@ -75,7 +75,7 @@ private:
     void drawScale(QPainter& painter) const;
     void drawFocus(QPainter& painter) const;
 
-    Desk& m_desk;
+    MixerModel& m_mixerModel;
     int m_channel;
     bool m_selected = false;
     LiveTexts m_texts;

@@ -49,13 +49,13 @@ MixerWindow::MixerWindow(Mixer& mixer, const EditorSettings& settings)
     auto* column = new QVBoxLayout(content);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    m_transport = new TransportBar(mixer.desk, content);
+    m_transport = new TransportBar(mixer.mixerModel, content);
     column->addWidget(m_transport);
     column->addWidget(buildStrips(), 1);
     setCentralWidget(content);
     buildMenus();
     statusBar()->setSizeGripEnabled(false);
-    connect(&mixer.desk.history(), &EditHistory::changed, this, &MixerWindow::showPairs);
+    connect(&mixer.mixerModel.history(), &EditHistory::changed, this, &MixerWindow::showPairs);
     showPairs();
     select(0);
     chooseSize();
@@ -71,7 +71,7 @@ MixerWindow::~MixerWindow()
 
 EditorWindow* MixerWindow::openEditor(int channel, bool stereo)
 {
-    const int shown = stereo ? m_mixer.desk.leaderOf(channel) : channel;
+    const int shown = stereo ? m_mixer.mixerModel.leaderOf(channel) : channel;
     QPointer<EditorWindow>& editor = m_editors[shown];
     if (!editor)
         editor = createEditor(shown, stereo);
@@ -125,7 +125,7 @@ void MixerWindow::editChannel(int channel, bool stereo)
     if (!openEditor(channel, stereo))
         QMessageBox::warning(
             this, windowTitle(),
-            tr("The plug-in makes no editor for %1.").arg(m_mixer.desk.shownName(channel)));
+            tr("The plug-in makes no editor for %1.").arg(m_mixer.mixerModel.shownName(channel)));
 }
 
 void MixerWindow::chooseWidth(int channel, bool stereo)
@@ -144,12 +144,12 @@ void MixerWindow::select(int channel)
 void MixerWindow::showPairs()
 {
     for (MixerStrip* strip : std::as_const(m_strips)) {
-        const bool shown = m_mixer.desk.leaderOf(strip->channel()) == strip->channel();
+        const bool shown = m_mixer.mixerModel.leaderOf(strip->channel()) == strip->channel();
         if (strip->isVisibleTo(strip->parentWidget()) != shown)
             strip->setVisible(shown);
     }
-    if (m_mixer.desk.leaderOf(m_selected) != m_selected)
-        select(m_mixer.desk.leaderOf(m_selected));
+    if (m_mixer.mixerModel.leaderOf(m_selected) != m_selected)
+        select(m_mixer.mixerModel.leaderOf(m_selected));
     for (int first = 0; first < channelCount; first += 2)
         followPair(first);
 }
@@ -157,7 +157,7 @@ void MixerWindow::showPairs()
 void MixerWindow::followPair(int first)
 {
     bool& known = m_pairs[static_cast<std::size_t>(first) / 2];
-    const bool pair = m_mixer.desk.isPair(first);
+    const bool pair = m_mixer.mixerModel.isPair(first);
     if (std::exchange(known, pair) == pair)
         return;
     if (EditorWindow* editor = m_editors.value(first))
@@ -188,10 +188,10 @@ void MixerWindow::changeEvent(QEvent* event)
     QMainWindow::changeEvent(event);
     if (event->type() != QEvent::LanguageChange)
         return;
-    m_texts.sayAgain();
-    m_transport->sayAgain();
+    m_texts.retranslate();
+    m_transport->retranslate();
     for (MixerStrip* strip : std::as_const(m_strips))
-        strip->sayAgain();
+        strip->retranslate();
 }
 
 void MixerWindow::showEvent(QShowEvent* event)
@@ -231,25 +231,25 @@ void MixerWindow::windowCloses()
 
 void MixerWindow::rename()
 {
-    const Desk& desk = m_mixer.desk;
+    const MixerModel& mixerModel = m_mixer.mixerModel;
     bool accepted = false;
-    const QString name =
-        QInputDialog::getText(this, tr("Rename"), tr("Name of %1").arg(desk.shownName(m_selected)),
-                              QLineEdit::Normal, desk.name(m_selected), &accepted);
+    const QString name = QInputDialog::getText(
+        this, tr("Rename"), tr("Name of %1").arg(mixerModel.shownName(m_selected)),
+        QLineEdit::Normal, mixerModel.name(m_selected), &accepted);
     if (accepted)
-        m_mixer.desk.rename(m_selected, name);
+        m_mixer.mixerModel.rename(m_selected, name);
 }
 
 void MixerWindow::paste()
 {
-    const QString fault = m_mixer.desk.pasteFromClipboard(m_selected);
-    if (!fault.isEmpty())
-        statusBar()->showMessage(fault, messageTime);
+    const QString error = m_mixer.mixerModel.pasteFromClipboard(m_selected);
+    if (!error.isEmpty())
+        statusBar()->showMessage(error, messageTime);
 }
 
 void MixerWindow::resetToDefaults()
 {
-    const EditHistory::Step step(m_mixer.desk.history(), tr("Reset"));
+    const EditHistory::Step step(m_mixer.mixerModel.history(), tr("Reset"));
     m_mixer.memory.reset(m_selected);
 }
 
@@ -268,14 +268,14 @@ void MixerWindow::buildMenus()
 void MixerWindow::buildEditMenu()
 {
     QMenu* menu = m_texts.menu(menuBar(), [] { return tr("&Edit"); });
-    addHistoryActions(menu, m_mixer.desk.history(), m_texts);
+    addHistoryActions(menu, m_mixer.mixerModel.history(), m_texts);
     menu->addSeparator();
     addItem(
         menu, [] { return tr("&Copy Equalizer"); }, QKeySequence::Copy,
-        [this] { m_mixer.desk.copyToClipboard(m_selected); });
+        [this] { m_mixer.mixerModel.copyToClipboard(m_selected); });
     QAction* pasting = addItem(
         menu, [] { return tr("&Paste Equalizer"); }, QKeySequence::Paste, [this] { paste(); });
-    const auto follow = [this, pasting] { pasting->setEnabled(m_mixer.desk.canPaste()); };
+    const auto follow = [this, pasting] { pasting->setEnabled(m_mixer.mixerModel.canPaste()); };
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, pasting, follow);
     follow();
     addItem(
@@ -287,7 +287,7 @@ void MixerWindow::buildChannelMenu()
     QMenu* menu = m_texts.menu(menuBar(), [] { return tr("&Channel"); });
     addItem(
         menu, [] { return tr("&Open Editor"); }, QKeySequence(Qt::CTRL | Qt::Key_E),
-        [this] { editChannel(m_selected, m_mixer.desk.isPair(m_selected)); });
+        [this] { editChannel(m_selected, m_mixer.mixerModel.isPair(m_selected)); });
     addItem(
         menu, [] { return tr("&Rename..."); }, QKeySequence(Qt::Key_F2), [this] { rename(); });
 }
@@ -309,7 +309,7 @@ QWidget* MixerWindow::buildStrips()
     layout->setSpacing(stripGap);
     layout->setSizeConstraint(QLayout::SetMinAndMaxSize);
     for (int ch = 0; ch < channelCount; ++ch) {
-        auto* strip = new MixerStrip(m_mixer.desk, ch, row);
+        auto* strip = new MixerStrip(m_mixer.mixerModel, ch, row);
         connect(strip, &MixerStrip::editorWanted, this, &MixerWindow::editChannel);
         connect(strip, &MixerStrip::selected, this, &MixerWindow::select);
         layout->addWidget(strip);

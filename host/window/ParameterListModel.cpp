@@ -160,7 +160,7 @@ int ParameterListModel::UpdateProperty(unsigned short, unsigned short, int, int,
     return 0;
 }
 
-void ParameterListModel::sayAgain()
+void ParameterListModel::retranslate()
 {
     Q_EMIT headerDataChanged(Qt::Horizontal, 0, ColumnCount - 1);
     Q_EMIT dataChanged(index(0, TitleColumn), index(rowCount() - 1, ColumnCount - 1));

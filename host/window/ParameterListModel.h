@@ -35,7 +35,7 @@ public:
                        const char* text) override;
 
     /// Tells the views that what is translated has changed.
-    void sayAgain();
+    void retranslate();
 
 Q_SIGNALS:
     /// A typed text was refused; \a reason is a sentence for the user.

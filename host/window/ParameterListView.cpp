@@ -48,7 +48,7 @@ void ParameterListView::changeEvent(QEvent* event)
     QTableView::changeEvent(event);
     if (event->type() != QEvent::LanguageChange)
         return;
-    m_parameters->sayAgain();
+    m_parameters->retranslate();
     fitColumns();
 }
 

@@ -3,7 +3,7 @@
 
 #include "engine/MeasuredResponse.h"
 #include "equalizer/PlotAxes.h"
-#include "host/model/Desk.h"
+#include "host/model/MixerModel.h"
 #include "host/window/MixerLook.h"
 
 #include <QEvent>
@@ -43,9 +43,9 @@ QString labelOf(double frequency)
 
 } // namespace
 
-ResponseView::ResponseView(Desk& desk, int channel, QWidget* parent)
+ResponseView::ResponseView(MixerModel& mixerModel, int channel, QWidget* parent)
     : QWidget(parent)
-    , m_desk(desk)
+    , m_mixerModel(mixerModel)
     , m_channel(channel)
 {
     setMinimumSize(smallestWidth, viewHeight);
@@ -54,8 +54,8 @@ ResponseView::ResponseView(Desk& desk, int channel, QWidget* parent)
     m_delay.setSingleShot(true);
     m_delay.setInterval(delay);
     m_delay.callOnTimeout(this, &ResponseView::look);
-    connect(&desk.history(), &EditHistory::changed, this, [this](int changed) {
-        if (isVisible() && (changed == m_channel || changed == m_desk.leaderOf(m_channel)))
+    connect(&mixerModel.history(), &EditHistory::changed, this, [this](int changed) {
+        if (isVisible() && (changed == m_channel || changed == m_mixerModel.leaderOf(m_channel)))
             m_delay.start();
     });
 }
@@ -73,20 +73,21 @@ void ResponseView::setSampleRate(int hertz)
 
 void ResponseView::look()
 {
-    setBands(m_bands, m_desk.memory().values(m_channel));
+    setBands(m_bands, m_mixerModel.memory().values(m_channel));
     const EqualizerResponse response = m_bands.response();
     m_drawn.clear();
     for (const double frequency : m_frequencies)
         m_drawn.push_back(response.levels(frequency, m_bands.sampleRate()).total);
-    m_measured =
-        measuredResponse(m_desk.soundingValues(m_channel), m_bands.sampleRate(), m_frequencies);
+    m_measured = measuredResponse(m_mixerModel.soundingValues(m_channel), m_bands.sampleRate(),
+                                  m_frequencies);
     setAccessibleDescription(verdict());
     update();
 }
 
 bool ResponseView::isOn() const
 {
-    return m_desk.memory().strip(m_desk.leaderOf(m_channel), StripParameter::EqualizerOn) != 0;
+    return m_mixerModel.memory().strip(m_mixerModel.leaderOf(m_channel),
+                                       StripParameter::EqualizerOn) != 0;
 }
 
 double ResponseView::largestDifference() const

@@ -8,7 +8,7 @@
 
 #include <vector>
 
-class Desk;
+class MixerModel;
 class PlotAxes;
 
 /// What an equalizer's curve promises and what its sound does, over one another: the drawn response
@@ -24,8 +24,8 @@ class ResponseView : public QWidget
 public:
     static constexpr int viewHeight = 232;
 
-    /// \a desk must outlive it.
-    ResponseView(Desk& desk, int channel, QWidget* parent = nullptr);
+    /// \a mixerModel must outlive it.
+    ResponseView(MixerModel& mixerModel, int channel, QWidget* parent = nullptr);
 
     /// In Hz.
     void setSampleRate(int hertz);
@@ -56,7 +56,7 @@ private:
     void drawLine(QPainter& painter, const PlotAxes& axes) const;
     void drawPoints(QPainter& painter, const PlotAxes& axes) const;
 
-    Desk& m_desk;
+    MixerModel& m_mixerModel;
     int m_channel;
     EqualizerBands m_bands;
     std::vector<double> m_frequencies;

@@ -3,7 +3,7 @@
 
 #include "controls/PushButtonController.h"
 #include "host/audio/Transport.h"
-#include "host/model/Desk.h"
+#include "host/model/MixerModel.h"
 #include "host/window/MixerLook.h"
 #include "widgets/SvgLabel.h"
 
@@ -59,22 +59,22 @@ protected:
 
 } // namespace
 
-TransportBar::TransportBar(Desk& desk, QWidget* parent)
+TransportBar::TransportBar(MixerModel& mixerModel, QWidget* parent)
     : QWidget(parent)
-    , m_desk(desk)
+    , m_mixerModel(mixerModel)
 {
     setFixedHeight(barHeight);
     build();
     m_timer.setInterval(positionInterval);
     connect(&m_timer, &QTimer::timeout, this, &TransportBar::showPosition);
-    connect(&desk, &Desk::transportChanged, this, &TransportBar::listen);
+    connect(&mixerModel, &MixerModel::transportChanged, this, &TransportBar::listen);
     listen();
 }
 
-void TransportBar::sayAgain()
+void TransportBar::retranslate()
 {
-    m_texts.sayAgain();
-    show(m_desk.transport());
+    m_texts.retranslate();
+    show(m_mixerModel.transport());
 }
 
 void TransportBar::paintEvent(QPaintEvent*)
@@ -125,7 +125,7 @@ void TransportBar::build()
 
     const auto drive = [this](auto action) {
         return [this, action] {
-            if (Transport* transport = m_desk.transport())
+            if (Transport* transport = m_mixerModel.transport())
                 action(*transport);
         };
     };
@@ -141,9 +141,9 @@ void TransportBar::build()
 
 void TransportBar::listen()
 {
-    Transport* transport = m_desk.transport();
+    Transport* transport = m_mixerModel.transport();
     if (transport)
-        connect(transport, &Transport::changed, this, [this] { show(m_desk.transport()); });
+        connect(transport, &Transport::changed, this, [this] { show(m_mixerModel.transport()); });
     show(transport);
 }
 
@@ -151,7 +151,7 @@ void TransportBar::show(const Transport* transport)
 {
     const bool playing = transport && transport->state() == Transport::State::Playing;
     const bool stalled = transport && transport->state() == Transport::State::Stalled;
-    const bool fault = stalled || (transport && transport->state() == Transport::State::Fault);
+    const bool error = stalled || (transport && transport->state() == Transport::State::Error);
     const bool loaded = transport && !transport->file().isEmpty();
     MixerLook::enableKey(m_open, transport);
     MixerLook::enableKey(m_play, loaded && !playing && !stalled);
@@ -160,10 +160,10 @@ void TransportBar::show(const Transport* transport)
     m_file->setText(loaded ? QFileInfo(transport->file()).fileName() : tr("No file"));
     m_file->setToolTip(loaded ? plain(transport->file()) : QString());
     m_lamp->setSvg(MixerLook::image(playing ? QStringLiteral("lamp_green")
-                                    : fault ? QStringLiteral("lamp_red")
+                                    : error ? QStringLiteral("lamp_red")
                                             : QStringLiteral("lamp_off")));
     m_status->setText(statusText(transport));
-    m_status->setToolTip(fault ? plain(transport->fault()) : QString());
+    m_status->setToolTip(error ? plain(transport->error()) : QString());
     showDevices(transport);
     showPosition();
     if (playing)
@@ -186,7 +186,7 @@ void TransportBar::showDevices(const Transport* transport)
 
 void TransportBar::showPosition()
 {
-    const Transport* transport = m_desk.transport();
+    const Transport* transport = m_mixerModel.transport();
     const double position = transport ? transport->position() : 0.0;
     const double length = transport ? transport->length() : 0.0;
     m_time->setText(timeText(position) + QLatin1String(" / ") + timeText(length));
@@ -202,7 +202,7 @@ void TransportBar::chooseFile()
     const QString file = QFileDialog::getOpenFileName(
         this, tr("Open sound file"), QString(),
         tr("Sound files (*.wav *.flac *.ogg *.aif *.aiff *.mp3);;All files (*)"));
-    Transport* transport = m_desk.transport();
+    Transport* transport = m_mixerModel.transport();
     if (transport && !file.isEmpty())
         transport->open(file);
 }
@@ -215,8 +215,8 @@ QString TransportBar::statusText(const Transport* transport) const
     case Transport::State::Playing:
         return tr("Playing");
     case Transport::State::Stalled:
-    case Transport::State::Fault:
-        return tr("Audio fault");
+    case Transport::State::Error:
+        return tr("Audio error");
     default:
         return tr("No audio");
     }

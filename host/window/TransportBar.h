@@ -6,7 +6,7 @@
 #include <QTimer>
 #include <QWidget>
 
-class Desk;
+class MixerModel;
 class SvgLabel;
 class Transport;
 class QComboBox;
@@ -18,17 +18,17 @@ class PushButtonController;
 }
 
 /// The bar above the strips: opens a sound file, plays and stops it, shows and sets its position
-/// and where the sound goes, and says whether there is any. Follows the desk's transport; without
-/// one it says that there is no audio.
+/// and where the sound goes, and says whether there is any. Follows the mixer's model's transport;
+/// without one it says that there is no audio.
 class TransportBar : public QWidget
 {
     Q_OBJECT
 
 public:
-    explicit TransportBar(Desk& desk, QWidget* parent = nullptr);
+    explicit TransportBar(MixerModel& mixerModel, QWidget* parent = nullptr);
 
     /// Says its texts anew, in another language.
-    void sayAgain();
+    void retranslate();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -45,7 +45,7 @@ private:
     void chooseFile();
     QString statusText(const Transport* transport) const;
 
-    Desk& m_desk;
+    MixerModel& m_mixerModel;
     LiveTexts m_texts;
     Button* m_open = nullptr;
     Button* m_play = nullptr;

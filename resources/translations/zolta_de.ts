@@ -561,7 +561,7 @@
     </message>
 </context>
 <context>
-    <name>Desk</name>
+    <name>MixerModel</name>
     <message>
         <source>Channel %1</source>
         <translation>Kanal %1</translation>
@@ -928,7 +928,7 @@
 <context>
     <name>TransportBar</name>
     <message>
-        <source>Audio fault</source>
+        <source>Audio error</source>
         <translation>Audiofehler</translation>
     </message>
     <message>

@@ -561,7 +561,7 @@
     </message>
 </context>
 <context>
-    <name>Desk</name>
+    <name>MixerModel</name>
     <message>
         <source>Channel %1</source>
         <translation>チャンネル %1</translation>
@@ -928,7 +928,7 @@
 <context>
     <name>TransportBar</name>
     <message>
-        <source>Audio fault</source>
+        <source>Audio error</source>
         <translation>音声エラー</translation>
     </message>
     <message>

@@ -540,7 +540,7 @@ void tst_AbstractController::boundTextIsParsedByTheHost()
     QCOMPARE(host.value("fx_rackfx_prm_3", 0), 44);
     host.failAll(Operation::SetValue);
     QVERIFY(control.setString(QStringLiteral("45")) < 0);
-    host.clearFaults();
+    host.clearErrors();
     unbind(control);
     QCOMPARE(control.string(), QString());
 }
@@ -569,7 +569,7 @@ void tst_AbstractController::failingHostShowsZeroAndNoText()
     QCOMPARE(control.maximumValue(), 0);
     QCOMPARE(control.defaultValue(), 0);
     QCOMPARE(control.string(), QString());
-    host.clearFaults();
+    host.clearErrors();
     host.failAll(Operation::ValueToString);
     QCOMPARE(control.string(), QString());
 }

@@ -34,7 +34,7 @@ private Q_SLOTS:
 private:
     std::unique_ptr<QDesignerFormWindowInterface> openForm();
 
-    QWidget m_desk;
+    QWidget m_mixerModel;
     QDesignerFormEditorInterface* m_designer = nullptr;
     QString m_form;
 };
@@ -43,11 +43,12 @@ void tst_DesignerForms::initTestCase()
 {
     QApplication::addLibraryPath(QStringLiteral(DESIGNER_PLUGINS));
     QDesignerComponents::initializeResources();
-    m_designer = QDesignerComponents::createFormEditor(&m_desk);
-    m_designer->setTopLevel(&m_desk);
-    m_designer->setWidgetBox(QDesignerComponents::createWidgetBox(m_designer, &m_desk));
-    m_designer->setPropertyEditor(QDesignerComponents::createPropertyEditor(m_designer, &m_desk));
-    new QDesignerIntegration(m_designer, &m_desk);
+    m_designer = QDesignerComponents::createFormEditor(&m_mixerModel);
+    m_designer->setTopLevel(&m_mixerModel);
+    m_designer->setWidgetBox(QDesignerComponents::createWidgetBox(m_designer, &m_mixerModel));
+    m_designer->setPropertyEditor(
+        QDesignerComponents::createPropertyEditor(m_designer, &m_mixerModel));
+    new QDesignerIntegration(m_designer, &m_mixerModel);
     QDesignerComponents::initializePlugins(m_designer);
     QFile file(QStringLiteral(FORM));
     QVERIFY(file.open(QIODevice::ReadOnly));
@@ -64,7 +65,7 @@ void tst_DesignerForms::cleanupTestCase()
 std::unique_ptr<QDesignerFormWindowInterface> tst_DesignerForms::openForm()
 {
     std::unique_ptr<QDesignerFormWindowInterface> window(
-        m_designer->formWindowManager()->createFormWindow(&m_desk));
+        m_designer->formWindowManager()->createFormWindow(&m_mixerModel));
     return window->setContents(m_form) ? std::move(window) : nullptr;
 }
 

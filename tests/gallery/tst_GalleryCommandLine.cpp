@@ -26,7 +26,7 @@ private:
 void tst_GalleryCommandLine::opensAWindowByDefault()
 {
     const GalleryCommandLine line = parse(QString());
-    QCOMPARE(line.fault, QString());
+    QCOMPARE(line.error, QString());
     QVERIFY(!line.headless());
     QVERIFY(!line.help);
     QCOMPARE(line.sheet, QString());
@@ -36,7 +36,7 @@ void tst_GalleryCommandLine::opensAWindowByDefault()
 void tst_GalleryCommandLine::readsEveryOption()
 {
     const GalleryCommandLine line = parse(QStringLiteral("--sheet a.png --scale 1.25 --help"));
-    QCOMPARE(line.fault, QString());
+    QCOMPARE(line.error, QString());
     QCOMPARE(line.sheet, QStringLiteral("a.png"));
     QCOMPARE(line.scale, 1.25);
     QVERIFY(line.help);
@@ -51,9 +51,9 @@ void tst_GalleryCommandLine::sheetAndHelpNeedNoWindow()
 
 void tst_GalleryCommandLine::refuses_data()
 {
-    QTest::addColumn<QString>("fault");
-    const auto row = [](const char* arguments, const char* fault) {
-        QTest::newRow(arguments) << QString::fromLatin1(fault);
+    QTest::addColumn<QString>("error");
+    const auto row = [](const char* arguments, const char* error) {
+        QTest::newRow(arguments) << QString::fromLatin1(error);
     };
     row("--scale 0.49", "--scale takes a factor from 0.5 to 4, not \"0.49\".");
     row("--scale 4.1", "--scale takes a factor from 0.5 to 4, not \"4.1\".");
@@ -65,9 +65,9 @@ void tst_GalleryCommandLine::refuses_data()
 
 void tst_GalleryCommandLine::refuses()
 {
-    QFETCH(QString, fault);
-    QCOMPARE(parse(QString::fromLatin1(QTest::currentDataTag())).fault, fault);
-    QVERIFY(!parse(QStringLiteral("--colour")).fault.isEmpty());
+    QFETCH(QString, error);
+    QCOMPARE(parse(QString::fromLatin1(QTest::currentDataTag())).error, error);
+    QVERIFY(!parse(QStringLiteral("--colour")).error.isEmpty());
 }
 
 void tst_GalleryCommandLine::helpNamesEveryOption()

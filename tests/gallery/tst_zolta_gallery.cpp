@@ -69,7 +69,7 @@ void tst_zolta_gallery::opensAWindowOnAPlatform()
     process.setProcessEnvironment(m_program.offscreen());
     process.start();
     QVERIFY(process.waitForStarted());
-    // It runs on; a program that found a fault ends at once.
+    // It runs on; a program that found an error ends at once.
     QVERIFY(!process.waitForFinished(2000));
     process.kill();
     QVERIFY(process.waitForFinished());

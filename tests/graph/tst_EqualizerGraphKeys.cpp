@@ -620,7 +620,7 @@ void tst_EqualizerGraphKeys::failingHostCalls()
         QCOMPARE(f.host.value(gainName(2), 0), expected(gainName(2), 0));
         QCOMPARE(f.host.value(qualityName(2), 0), expected(qualityName(2), 250));
         QCOMPARE(f.graph->focusedHandle(), targetOf(2));
-        f.host.clearFaults();
+        f.host.clearErrors();
         f.key(Qt::Key_Down);
         QCOMPARE(f.host.value(gainName(2), 0), expected(gainName(2), 0) - 1);
     }

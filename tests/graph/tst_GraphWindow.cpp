@@ -16,13 +16,13 @@ constexpr QPoint WindowPlace(60, 40);
 constexpr QPoint GraphPlace(31, 17);
 
 /// The X server's own pointer and keyboard.
-class Desk
+class MixerModel
 {
 public:
-    explicit Desk(const QWidget* graph)
+    explicit MixerModel(const QWidget* graph)
         : m_graph(graph)
     {}
-    ~Desk()
+    ~MixerModel()
     {
         xdotool(
             {"mouseup", "1", "mouseup", "3", "keyup", "shift", "keyup", "ctrl", "keyup", "alt"});
@@ -68,7 +68,7 @@ public:
 struct WindowFixture : GraphFixture
 {
     WindowFixture()
-        : desk(graph)
+        : mixerModel(graph)
     {
         graph->move(GraphPlace);
         editor.setWindowFlags(Qt::X11BypassWindowManagerHint);
@@ -85,7 +85,7 @@ struct WindowFixture : GraphFixture
     int gain(int band) const { return host.value(gainName(band), 0); }
     int rawQuality(int band) const { return host.value(qualityName(band), 0); }
 
-    Desk desk;
+    MixerModel mixerModel;
 };
 
 /// The grabbed band shows in what a drag would change.
@@ -137,21 +137,21 @@ void tst_GraphWindow::dragMovesABand()
     const QPointF handle = f.graph->getTargetPoint(targetOf(band));
     const QPoint from = handle.toPoint();
     const QPoint by(17, band % 2 ? 21 : -21);
-    f.desk.moveTo(from);
-    f.desk.press();
+    f.mixerModel.moveTo(from);
+    f.mixerModel.press();
     QTRY_VERIFY(isGrabbed(f.graph));
-    f.desk.moveTo(from + by);
+    f.mixerModel.moveTo(from + by);
     QTRY_COMPARE(f.frequency(band), f.frequencyAt(handle + by));
     QTRY_COMPARE(f.gain(band), f.gainAt(handle + by));
-    f.desk.release();
+    f.mixerModel.release();
     QTRY_VERIFY(!isGrabbed(f.graph));
 
     // Of the others none has moved.
     for (const TestHost::Write& write : f.host.writes())
         QVERIFY(write.name == frequencyName(band) || write.name == gainName(band));
     f.host.resetLedger();
-    f.desk.moveTo(from);
-    f.desk.press();
+    f.mixerModel.moveTo(from);
+    f.mixerModel.press();
     QTRY_VERIFY(isGrabbed(f.graph));
     QCOMPARE(f.host.count(Operation::SetValue), 0);
 }
@@ -161,13 +161,13 @@ void tst_GraphWindow::dragGoesOnOutsideTheWindow()
     WindowFixture f;
     f.solo(2);
     QVERIFY(f.isExposed());
-    f.desk.moveTo({300, 80});
-    f.desk.press();
+    f.mixerModel.moveTo({300, 80});
+    f.mixerModel.press();
     QTRY_VERIFY(isGrabbed(f.graph));
-    f.desk.moveTo(f.graph->mapFromGlobal(QPoint(0, 0)));
+    f.mixerModel.moveTo(f.graph->mapFromGlobal(QPoint(0, 0)));
     QTRY_COMPARE(f.frequency(2), 0);
     QTRY_COMPARE(f.gain(2), 200);
-    f.desk.moveTo(f.graph->mapFromGlobal(QPoint(1200, 900)));
+    f.mixerModel.moveTo(f.graph->mapFromGlobal(QPoint(1200, 900)));
     QTRY_COMPARE(f.frequency(2), 1200);
     QTRY_COMPARE(f.gain(2), -200);
 }
@@ -179,11 +179,11 @@ void tst_GraphWindow::dragInSeveralMoves()
     QVERIFY(f.isExposed());
     const QPointF handle = f.graph->getTargetPoint(targetOf(3));
     const QPoint from(200, 60);
-    f.desk.moveTo(from);
-    f.desk.press();
+    f.mixerModel.moveTo(from);
+    f.mixerModel.press();
     QTRY_VERIFY(isGrabbed(f.graph));
     for (const QPoint by : {QPoint(5, 3), {40, -20}, {-60, 33}, {1, 1}}) {
-        f.desk.moveTo(from + by);
+        f.mixerModel.moveTo(from + by);
         QTRY_COMPARE(f.frequency(3), f.frequencyAt(handle + by));
         QTRY_COMPARE(f.gain(3), f.gainAt(handle + by));
     }
@@ -208,11 +208,11 @@ void tst_GraphWindow::modifiers()
     QVERIFY(f.isExposed());
     const QPointF handle = f.graph->getTargetPoint(targetOf(1));
     const QPointF moved = handle + QPointF(31, -19);
-    f.desk.keyDown(key);
-    f.desk.moveTo({300, 80});
-    f.desk.press();
+    f.mixerModel.keyDown(key);
+    f.mixerModel.moveTo({300, 80});
+    f.mixerModel.press();
     QTRY_VERIFY(isGrabbed(f.graph));
-    f.desk.moveTo({331, 61});
+    f.mixerModel.moveTo({331, 61});
     QTRY_COMPARE(f.frequency(1), frequency ? f.frequencyAt(moved) : 600);
     QTRY_COMPARE(f.gain(1), gain ? f.gainAt(moved) : 0);
     QTRY_VERIFY(f.host.count(Operation::SetValue) > 0);
@@ -223,14 +223,14 @@ void tst_GraphWindow::shiftDragChangesTheQuality()
     WindowFixture f;
     f.solo(4);
     QVERIFY(f.isExposed());
-    f.desk.keyDown("shift");
-    f.desk.moveTo({300, 100});
-    f.desk.press();
+    f.mixerModel.keyDown("shift");
+    f.mixerModel.moveTo({300, 100});
+    f.mixerModel.press();
     QTRY_VERIFY(isGrabbed(f.graph));
     // One raw step is 192 / 181 pixels.
-    f.desk.moveTo({340, 70});
+    f.mixerModel.moveTo({340, 70});
     QTRY_COMPARE(f.rawQuality(4), 250 + 28);
-    f.desk.moveTo({340, 120});
+    f.mixerModel.moveTo({340, 120});
     QTRY_COMPARE(f.rawQuality(4), 250 + 28 - 47);
     for (const TestHost::Write& write : f.host.writes())
         QCOMPARE(write.name, qualityName(4));
@@ -242,22 +242,22 @@ void tst_GraphWindow::modifierPressedDuringADrag()
     f.solo(2);
     QVERIFY(f.isExposed());
     const QPointF handle = f.graph->getTargetPoint(targetOf(2));
-    f.desk.moveTo({300, 80});
-    f.desk.press();
+    f.mixerModel.moveTo({300, 80});
+    f.mixerModel.press();
     QTRY_VERIFY(isGrabbed(f.graph));
-    f.desk.moveTo({320, 70});
+    f.mixerModel.moveTo({320, 70});
     QTRY_COMPARE(f.gain(2), f.gainAt(handle - QPointF(0, 10)));
     const int frequency = f.frequency(2);
 
     // The move that brings the modifier writes nothing, and the way it made counts after all.
-    f.desk.keyDown("ctrl");
+    f.mixerModel.keyDown("ctrl");
     const QPointF before = f.graph->getTargetPoint(targetOf(2));
     const MoveWatch watch(f.graph);
     f.host.resetLedger();
-    f.desk.moveTo({350, 60});
+    f.mixerModel.moveTo({350, 60});
     QTRY_COMPARE(watch.last, QPoint(350, 60));
     QCOMPARE(f.host.count(Operation::SetValue), 0);
-    f.desk.moveTo({350, 50});
+    f.mixerModel.moveTo({350, 50});
     QTRY_COMPARE(f.gain(2), f.gainAt(before - QPointF(0, 20)));
     QCOMPARE(f.frequency(2), frequency);
     for (const TestHost::Write& write : f.host.writes())
@@ -269,12 +269,12 @@ void tst_GraphWindow::rightButtonDoesNotDrag()
     WindowFixture f;
     f.solo(2);
     QVERIFY(f.isExposed());
-    f.desk.moveTo({300, 80});
-    f.desk.press("3");
-    f.desk.moveTo({340, 60});
-    f.desk.release("3");
+    f.mixerModel.moveTo({300, 80});
+    f.mixerModel.press("3");
+    f.mixerModel.moveTo({340, 60});
+    f.mixerModel.release("3");
     // Once the next press has been taken in, these have been.
-    f.desk.press();
+    f.mixerModel.press();
     QTRY_VERIFY(isGrabbed(f.graph));
     QCOMPARE(f.host.count(Operation::SetValue), 0);
 }
@@ -285,12 +285,12 @@ void tst_GraphWindow::clickOutsideThePlot()
     f.solo(2);
     QVERIFY(f.isExposed());
     for (const QPoint place : {QPoint(20, 90), {300, 4}, {300, 180}, {672, 90}}) {
-        f.desk.moveTo(place);
-        f.desk.press();
-        f.desk.moveTo({300, 80});
-        f.desk.release();
+        f.mixerModel.moveTo(place);
+        f.mixerModel.press();
+        f.mixerModel.moveTo({300, 80});
+        f.mixerModel.release();
     }
-    f.desk.press();
+    f.mixerModel.press();
     QTRY_VERIFY(isGrabbed(f.graph));
     QCOMPARE(f.host.count(Operation::SetValue), 0);
 }
@@ -302,15 +302,15 @@ void tst_GraphWindow::disabledGraph()
     f.graph->setEnabled(false);
     // The editor takes what the graph does not, and tells when the click is over.
     QVERIFY(f.isExposed());
-    f.desk.moveTo({300, 80});
-    f.desk.press();
-    f.desk.moveTo({340, 60});
+    f.mixerModel.moveTo({300, 80});
+    f.mixerModel.press();
+    f.mixerModel.moveTo({340, 60});
     QTRY_COMPARE(QGuiApplication::mouseButtons(), Qt::LeftButton);
-    f.desk.release();
+    f.mixerModel.release();
     QTRY_COMPARE(QGuiApplication::mouseButtons(), Qt::NoButton);
     f.graph->setEnabled(true);
     QCOMPARE(f.host.count(Operation::SetValue), 0);
-    f.desk.press();
+    f.mixerModel.press();
     QTRY_VERIFY(isGrabbed(f.graph));
 }
 
@@ -322,20 +322,20 @@ void tst_GraphWindow::disabledDuringADrag()
     for (const int band : {0, 2, 3, 5})
         f.set(onName(band), 0);
     QVERIFY(f.isExposed());
-    f.desk.moveTo({150, 86});
-    f.desk.press();
+    f.mixerModel.moveTo({150, 86});
+    f.mixerModel.press();
     QTRY_VERIFY(isGrabbed(f.graph));
     f.graph->setEnabled(false);
-    f.desk.moveTo({200, 60});
-    f.desk.release();
+    f.mixerModel.moveTo({200, 60});
+    f.mixerModel.release();
     QTRY_COMPARE(QGuiApplication::mouseButtons(), Qt::NoButton);
     f.graph->setEnabled(true);
 
     // The next click grabs the band it hits.
-    f.desk.moveTo({560, 86});
-    f.desk.press();
+    f.mixerModel.moveTo({560, 86});
+    f.mixerModel.press();
     QTRY_VERIFY(isGrabbed(f.graph));
-    f.desk.moveTo({580, 70});
+    f.mixerModel.moveTo({580, 70});
     QTRY_VERIFY(f.gain(4) > 0);
     QCOMPARE(f.frequency(1), 200);
     QCOMPARE(f.gain(1), 0);

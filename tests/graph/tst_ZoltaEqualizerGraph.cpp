@@ -325,7 +325,7 @@ void tst_ZoltaEqualizerGraph::failingHostCalls()
         // Only an unregistration that the host itself refuses may leave an observer behind.
         const bool refused = failed && failed->operation == Operation::UnregisterObserver;
         QCOMPARE(f.host.observerCount(), refused ? 1 : 0);
-        // The graph goes on: a channel that was not touched by the fault binds as ever.
+        // The graph goes on: a channel that was not touched by the error binds as ever.
         f.graph->setCh(7);
         f.bind();
         f.set(frequencyName(4), 333, 7);
@@ -533,7 +533,7 @@ void tst_ZoltaEqualizerGraph::failedRangeKeepsTheField()
     f.setBand(3, 10, 10);
     f.set(qualityName(3), 10);
     QCOMPARE(f.picture(), before);
-    f.host.clearFaults();
+    f.host.clearErrors();
     f.setBand(3, 10, 10);
     QVERIFY(isNear(handle(f, 3), {f.plot().x(hertz(10)), f.plot().y(1.0)}));
 }

@@ -63,14 +63,14 @@ void tst_StateFile::readsAState()
 {
     const QString file = write(QStringLiteral("plain.state"), state(0.25F));
     const StateFile::Content content = StateFile(file, m_uid).read();
-    QCOMPARE(content.fault, QString());
+    QCOMPARE(content.error, QString());
     QCOMPARE(content.state, state(0.25F));
 }
 
 void tst_StateFile::readsAPreset()
 {
     const StateFile::Content content = StateFile::decode(presetOf(state(0.75F)), m_uid);
-    QCOMPARE(content.fault, QString());
+    QCOMPARE(content.error, QString());
     QCOMPARE(content.state, state(0.75F));
     QCOMPARE(StateFile::decode(presetOf(state(), classId.toLower()), m_uid).state, state());
 
@@ -165,17 +165,17 @@ void tst_StateFile::saysWhatIsWrong()
     QFETCH(const QString, expected);
     const QString file = write(QStringLiteral("wrong.state"), bytes);
     const StateFile::Content content = StateFile(file, m_uid).read();
-    QCOMPARE(content.fault, QStringLiteral("The state file %1 %2").arg(file, expected));
+    QCOMPARE(content.error, QStringLiteral("The state file %1 %2").arg(file, expected));
     QVERIFY(content.state.isEmpty());
 }
 
 void tst_StateFile::saysWhatCannotBeRead()
 {
     const QString missing = s_folder.filePath(QStringLiteral("missing.state"));
-    QCOMPARE(StateFile(missing, m_uid).read().fault,
+    QCOMPARE(StateFile(missing, m_uid).read().error,
              QStringLiteral("The state file %1 cannot be read: No such file or directory.")
                  .arg(missing));
-    QCOMPARE(StateFile(s_folder.path(), m_uid).read().fault,
+    QCOMPARE(StateFile(s_folder.path(), m_uid).read().error,
              QStringLiteral("%1 is a folder, not a state file.").arg(s_folder.path()));
 }
 
@@ -191,7 +191,7 @@ void tst_StateFile::everyTruncationIsRefused()
     QFETCH(const QByteArray, whole);
     for (qsizetype length = 0; length < whole.size(); ++length) {
         const StateFile::Content content = StateFile::decode(whole.left(length), m_uid);
-        QVERIFY(!content.fault.isEmpty());
+        QVERIFY(!content.error.isEmpty());
         QVERIFY(content.state.isEmpty());
     }
     QCOMPARE(StateFile::decode(whole, m_uid).state, state());
@@ -222,7 +222,7 @@ void tst_StateFile::hostilePresetsAreRefused()
 {
     QFETCH(const QByteArray, bytes);
     const StateFile::Content content = StateFile::decode(bytes, m_uid);
-    QVERIFY(!content.fault.isEmpty());
+    QVERIFY(!content.error.isEmpty());
     QVERIFY(content.state.isEmpty());
 }
 
@@ -236,10 +236,10 @@ void tst_StateFile::everyEntryIsChecked()
         numbers << number;
     for (int entry = 0; entry < 27; ++entry) {
         const QByteArray bytes = stateWith(entry, bigEndianFloat(2.0F));
-        const QString fault = StateFile::decode(bytes, m_uid).fault;
+        const QString error = StateFile::decode(bytes, m_uid).error;
         QVERIFY2(
-            fault.startsWith(QStringLiteral("holds 2 for fx_rackfx_prm_%1 (").arg(numbers[entry])),
-            qPrintable(fault));
+            error.startsWith(QStringLiteral("holds 2 for fx_rackfx_prm_%1 (").arg(numbers[entry])),
+            qPrintable(error));
     }
 }
 
@@ -275,7 +275,7 @@ void tst_StateFile::writtenFilesLoadBack()
     const StateFile file(s_folder.filePath(name), m_uid);
     const QByteArray bytes = stateWith(5, bigEndianFloat(0.1F));
     QCOMPARE(file.write(bytes), QString());
-    QCOMPARE(file.read().fault, QString());
+    QCOMPARE(file.read().error, QString());
     QCOMPARE(file.read().state, bytes);
 }
 
@@ -303,9 +303,9 @@ void tst_StateFile::interruptedWriteKeepsTheOldFile()
     for (const rlim_t bytes : {0U, 1U, 47U, 48U, 100U, 191U}) {
         const rlimit limited = {bytes, before.rlim_max};
         QCOMPARE(setrlimit(RLIMIT_FSIZE, &limited), 0);
-        const QString fault = StateFile(file, m_uid).write(state(1.0F));
+        const QString error = StateFile(file, m_uid).write(state(1.0F));
         QCOMPARE(setrlimit(RLIMIT_FSIZE, &before), 0);
-        QCOMPARE(fault,
+        QCOMPARE(error,
                  QStringLiteral("The state file %1 cannot be written: File too large.").arg(file));
         QCOMPARE(contentOf(file), presetOf(state(0.5F)));
         QCOMPARE(QDir(s_folder.path()).count(), files);

@@ -583,15 +583,15 @@ bool TestHost::isObserving(const IPrmObserver* observer, const QByteArray& name,
 
 int TestHost::meterObserverCount() const { return static_cast<int>(m_meterObservers.size()); }
 
-void TestHost::failCall(Operation operation, int n) { m_faults[operation].push_back(n); }
+void TestHost::failCall(Operation operation, int n) { m_errors[operation].push_back(n); }
 
 void TestHost::failAll(Operation operation) { m_failAll[operation] = true; }
 
 void TestHost::failAnyCall(int n) { m_failAny = n; }
 
-void TestHost::clearFaults()
+void TestHost::clearErrors()
 {
-    m_faults.clear();
+    m_errors.clear();
     m_failAll.clear();
     m_failAny = 0;
 }
@@ -671,16 +671,16 @@ std::size_t TestHost::meterWordCount() const
 
 bool TestHost::enter(Call call, bool possible)
 {
-    const bool planted = takeFault(call.operation);
+    const bool planted = takeError(call.operation);
     call.failed = planted || !possible;
     m_calls.push_back(call);
     return !call.failed;
 }
 
-bool TestHost::takeFault(Operation operation)
+bool TestHost::takeError(Operation operation)
 {
     bool fails = m_failAll[operation];
-    for (int& remaining : m_faults[operation])
+    for (int& remaining : m_errors[operation])
         fails = --remaining == 0 || fails;
     if (m_failAny > 0)
         fails = --m_failAny == 0 || fails;

@@ -17,7 +17,7 @@
 #include <vector>
 
 /// A mixer host for tests: the model, the parameter memory and the meters of an imaginary device,
-/// with a ledger of every call the code under test makes, and faults that can be planted in them.
+/// with a ledger of every call the code under test makes, and errors that can be planted in them.
 ///
 /// As constructed it has channels 0 to N-1 and, on each of them, the equalizer's 27 parameters
 /// "fx_rackfx_prm_1" to "fx_rackfx_prm_27", holding their defaults:
@@ -49,7 +49,7 @@
 ///     QCOMPARE(host.count(TestHost::Operation::GetValue), 26);
 ///
 /// Nothing that is handed in is owned. A host call for a parameter id, channel or observer that
-/// the device does not have fails the way a planted fault does.
+/// the device does not have fails the way a planted error does.
 class TestHost
 {
 public:
@@ -200,7 +200,7 @@ public:
     int callCount() const;
     /// The successful setValue calls, in order.
     std::vector<Write> writes() const;
-    /// Forgets the calls so far. Planted faults and observers stay.
+    /// Forgets the calls so far. Planted errors and observers stay.
     void resetLedger();
 
     /// Registrations that were made and not taken back; one made twice counts twice.
@@ -209,7 +209,7 @@ public:
     bool isObserving(const IPrmObserver* observer, const QByteArray& name, unsigned short ch) const;
     int meterObserverCount() const;
 
-    // Faults -----------------------------------------------------------------------------------
+    // Errors -----------------------------------------------------------------------------------
 
     /// The \a n-th call of \a operation from now on (1 is the next one) fails, once: a status is
     /// -1, a bool false, a count 0, an operation without result does nothing, and no output is
@@ -220,8 +220,8 @@ public:
     /// The \a n-th call from now on fails, whichever operation it is. To sweep a run, plant 1,
     /// 2, ... and repeat it on a fresh host each time, until callCount() at its end is below n.
     void failAnyCall(int n);
-    /// Takes back all planted faults.
-    void clearFaults();
+    /// Takes back all planted errors.
+    void clearErrors();
 
 private:
     class Model;
@@ -269,7 +269,7 @@ private:
     std::size_t meterWordCount() const;
 
     bool enter(Call call, bool possible);
-    bool takeFault(Operation operation);
+    bool takeError(Operation operation);
     void recordReserved(int number);
     void tell(unsigned short id, unsigned short ch,
               const std::function<void(IPrmObserver*)>& message);
@@ -296,7 +296,7 @@ private:
     std::vector<IMeterObserver*> m_meterObservers;
 
     std::vector<Call> m_calls;
-    std::map<Operation, std::vector<int>> m_faults;
+    std::map<Operation, std::vector<int>> m_errors;
     std::map<Operation, bool> m_failAll;
     int m_failAny = 0;
 };

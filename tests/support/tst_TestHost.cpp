@@ -79,7 +79,7 @@ private Q_SLOTS:
     void failsTheChosenCallOnce();
     void failsEveryCallOfAnOperation();
     void sweepsEveryCall();
-    void faultsLeaveOutputsAlone();
+    void errorsLeaveOutputsAlone();
     void ledgerCanBeReset();
     void reservedOperationsAreNoticed();
 };
@@ -389,7 +389,7 @@ void tst_TestHost::failsEveryCallOfAnOperation()
     QCOMPARE(host.memory()->setValue(host.id(Gain), 0, 9, 0, 0, 1), -1);
     QCOMPARE(host.value(Gain, 0), 0);
     QCOMPARE(observer.updates, 0);
-    host.clearFaults();
+    host.clearErrors();
     QCOMPARE(host.memory()->setValue(host.id(Gain), 0, 9, 0, 0, 1), 0);
 }
 
@@ -413,7 +413,7 @@ void tst_TestHost::sweepsEveryCall()
             {false, true, true}, {true, false, true}, {true, true, false}, {true, true, true}}));
 }
 
-void tst_TestHost::faultsLeaveOutputsAlone()
+void tst_TestHost::errorsLeaveOutputsAlone()
 {
     TestHost host;
     for (int i = 0; i <= static_cast<int>(Operation::Reserved); ++i)

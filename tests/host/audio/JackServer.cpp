@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr std::size_t mostFrames = 60 * JackServer::rate;
+constexpr std::size_t maxFrames = 60 * JackServer::rate;
 constexpr int patience = 20000; // ms
 
 jack_client_t* openClient(const char* name)
@@ -63,7 +63,7 @@ bool JackServer::isRunning()
     return false;
 }
 
-QString JackServer::faultText() const
+QString JackServer::errorText() const
 {
     return m_process.errorString() + QLatin1Char(' ') +
            QString::fromLocal8Bit(const_cast<QProcess&>(m_process).readAll());
@@ -81,7 +81,7 @@ void JackServer::thaw() { ::kill(static_cast<pid_t>(m_process.processId()), SIGC
 
 JackDevice::JackDevice(const char* name)
     : m_client(openClient(name))
-    , m_samples(2, std::vector<float>(mostFrames))
+    , m_samples(2, std::vector<float>(maxFrames))
 {
     if (!m_client)
         return;
@@ -147,7 +147,7 @@ void JackDevice::hear(jack_nframes_t frames)
     for (std::size_t c = 0; c < 2; ++c)
         in[c] = static_cast<const float*>(jack_port_get_buffer(m_ins[c], frames));
     std::size_t count = m_heard.load(std::memory_order_relaxed);
-    for (jack_nframes_t i = 0; i < frames && count < mostFrames; ++i) {
+    for (jack_nframes_t i = 0; i < frames && count < maxFrames; ++i) {
         if (count == 0 && in[0][i] == 0.0F && in[1][i] == 0.0F)
             continue;
         m_samples[0][count] = in[0][i];

@@ -25,7 +25,7 @@ public:
 
     /// Whether it came up.
     bool isRunning();
-    QString faultText() const;
+    QString errorText() const;
     /// Ends it at once, as a crash would.
     void kill();
     /// Keeps it from doing anything until thaw().

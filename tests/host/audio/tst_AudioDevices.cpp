@@ -60,7 +60,7 @@ void tst_AudioDevices::chooses()
     QFETCH(const QString, text);
     const std::vector<AudioDeviceInfo> all = devices();
     const AudioDevices::Choice choice = AudioDevices::choose(all, text);
-    QCOMPARE(choice.fault, QString());
+    QCOMPARE(choice.error, QString());
     QVERIFY(choice.device);
     QTEST(choice.device->name, "expected");
 }
@@ -86,7 +86,7 @@ void tst_AudioDevices::refuses()
     const std::vector<AudioDeviceInfo> all = any ? devices() : std::vector<AudioDeviceInfo>();
     const AudioDevices::Choice choice = AudioDevices::choose(all, text);
     QVERIFY(!choice.device);
-    QTEST(choice.fault, "expected");
+    QTEST(choice.error, "expected");
 }
 
 void tst_AudioDevices::tabulates()

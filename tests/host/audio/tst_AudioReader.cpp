@@ -74,7 +74,7 @@ private Q_SLOTS:
 private:
     QString path(const char* name) const { return m_folder.filePath(QLatin1String(name)); }
     QByteArray bytesOf(const Sound& sound) const;
-    QString faultOf(const QByteArray& bytes) const;
+    QString errorOf(const QByteArray& bytes) const;
     static std::vector<double> readAll(AudioReader* reader, std::size_t block);
 
     QTemporaryDir m_folder;
@@ -86,7 +86,7 @@ QByteArray tst_AudioReader::bytesOf(const Sound& sound) const
 }
 
 // Why a file of these bytes cannot be opened.
-QString tst_AudioReader::faultOf(const QByteArray& bytes) const
+QString tst_AudioReader::errorOf(const QByteArray& bytes) const
 {
     AudioReader reader;
     const QString file = SoundFiles::writeBytes(path("file"), bytes);
@@ -146,7 +146,7 @@ void tst_AudioReader::readsEveryFormat()
     QCOMPARE(reader.info().frames, 2345);
     QCOMPARE(readAll(&reader, 1000), SoundFiles::read(file).samples);
     QCOMPARE(reader.position(), 2345);
-    QCOMPARE(reader.fault(), QString());
+    QCOMPARE(reader.error(), QString());
     QCOMPARE(reader.damage().count, 0);
 }
 
@@ -161,7 +161,7 @@ void tst_AudioReader::goesToAFrame()
         reader.seek(frame);
         QCOMPARE(reader.position(), frame);
         QCOMPARE(readAll(&reader, 512), std::vector<double>(all.begin() + 2 * frame, all.end()));
-        QCOMPARE(reader.fault(), QString());
+        QCOMPARE(reader.error(), QString());
     }
     reader.seek(123456);
     QCOMPARE(reader.position(), 10000);
@@ -261,7 +261,7 @@ void tst_AudioReader::noticesTheWrongEnd()
     const std::vector<double> read = readAll(&reader, 1000);
     QVERIFY(!read.empty() && read.size() < sound.samples.size());
     QCOMPARE(
-        reader.fault(),
+        reader.error(),
         QStringLiteral("The sound file %1 cannot be read: it is cut short: it ends after %2 of "
                        "50000 frames.")
             .arg(file)
@@ -288,9 +288,9 @@ void tst_AudioReader::refusesWhatIsCutShort()
     QFETCH(const int, format);
     const QByteArray bytes = bytesOf(Sound{format, 48000, 2, SoundFiles::noise(20000)});
     const qsizetype header = bytes.size() - 40000;
-    QCOMPARE(faultOf(bytes), QString());
+    QCOMPARE(errorOf(bytes), QString());
     for (const qsizetype present : {39999, 24000, 1}) {
-        QCOMPARE(faultOf(bytes.left(header + present)),
+        QCOMPARE(errorOf(bytes.left(header + present)),
                  QStringLiteral("it is cut short: its header promises 40000 bytes of samples, it "
                                 "holds %1.")
                      .arg(present));
@@ -339,7 +339,7 @@ void tst_AudioReader::playsWhatAPipeLeftOpen()
     QCOMPARE(reader.open(SoundFiles::writeBytes(path("open"), bytes)), QString());
     QCOMPARE(reader.info().frames, 3000);
     QCOMPARE(readAll(&reader, 1000), SoundFiles::read(path("whole")).samples);
-    QCOMPARE(reader.fault(), QString());
+    QCOMPARE(reader.error(), QString());
 }
 
 // The files have holes and take no room on the disk.
@@ -386,7 +386,7 @@ void tst_AudioReader::emptyFilesStayEmpty()
     QCOMPARE(reader.open(SoundFiles::writeBytes(path("empty"), bytes)), QString());
     QCOMPARE(reader.info().frames, 0);
     QCOMPARE(readAll(&reader, 1000).size(), 0U);
-    QCOMPARE(reader.fault(), QString());
+    QCOMPARE(reader.error(), QString());
 }
 
 void tst_AudioReader::oddLengthsAreWhole_data()
@@ -416,9 +416,9 @@ void tst_AudioReader::missesNoPadding()
     QByteArray bytes = bytesOf(sound);
     while (bytes.endsWith('\0'))
         bytes.chop(1);
-    QCOMPARE(faultOf(bytes + '\0'), QString());
-    QCOMPARE(faultOf(bytes), QString());
-    QCOMPARE(faultOf(bytes.chopped(1)),
+    QCOMPARE(errorOf(bytes + '\0'), QString());
+    QCOMPARE(errorOf(bytes), QString());
+    QCOMPARE(errorOf(bytes.chopped(1)),
              QStringLiteral("it is cut short: its header promises 3001 bytes of samples, it holds "
                             "3000."));
 }

@@ -32,7 +32,7 @@ private Q_SLOTS:
     void tellsProgress();
     void endsOnRequest();
     void replacesAnOldFile();
-    void keepsTheOldFileOnFaults();
+    void keepsTheOldFileOnErrors();
     void refusesItsOwnInput();
     void takesTheDelayOut_data();
     void takesTheDelayOut();
@@ -271,7 +271,7 @@ void tst_AudioRenderer::replacesAnOldFile()
     QCOMPARE(SoundFiles::read(path("out.wav")).samples.size(), 1000U);
 }
 
-void tst_AudioRenderer::keepsTheOldFileOnFaults()
+void tst_AudioRenderer::keepsTheOldFileOnErrors()
 {
     const Sound sound{SF_FORMAT_FLAC | SF_FORMAT_PCM_16, 48000, 2, SoundFiles::noise(100000)};
     const QByteArray bytes = SoundFiles::bytesOf(SoundFiles::write(path("in.flac"), sound));

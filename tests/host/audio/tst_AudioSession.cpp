@@ -2,8 +2,8 @@
 // Plays through a sound server of its own.
 #include "host/audio/AudioRenderer.h"
 #include "host/audio/AudioSession.h"
-#include "host/model/Desk.h"
 #include "host/model/LiveMixer.h"
+#include "host/model/MixerModel.h"
 #include "host/program/ChannelSettings.h"
 #include "hosting/HostMemory.h"
 #include "tests/host/audio/JackServer.h"
@@ -54,7 +54,7 @@ private:
     std::unique_ptr<JackServer> m_server;
     std::unique_ptr<JackDevice> m_device;
     std::unique_ptr<HostMemory> m_memory;
-    std::unique_ptr<Desk> m_desk;
+    std::unique_ptr<MixerModel> m_mixerModel;
     std::unique_ptr<LiveMixer> m_mixer;
     std::unique_ptr<AudioSession> m_session;
 };
@@ -62,7 +62,7 @@ private:
 void tst_AudioSession::initTestCase()
 {
     m_server = std::make_unique<JackServer>();
-    QVERIFY2(m_server->isRunning(), qPrintable(m_server->faultText()));
+    QVERIFY2(m_server->isRunning(), qPrintable(m_server->errorText()));
 }
 
 void tst_AudioSession::init()
@@ -72,9 +72,9 @@ void tst_AudioSession::init()
     QVERIFY(m_device->isOpen());
     m_memory = std::make_unique<HostMemory>();
     m_memory->setStrip(0, StripParameter::Source, SourceFile);
-    m_desk = std::make_unique<Desk>(*m_memory);
+    m_mixerModel = std::make_unique<MixerModel>(*m_memory);
     m_mixer = std::make_unique<LiveMixer>();
-    m_mixer->follow(*m_desk);
+    m_mixer->follow(*m_mixerModel);
     m_session = std::make_unique<AudioSession>(*m_mixer);
     m_session->setDevice(settings());
 }
@@ -84,7 +84,7 @@ void tst_AudioSession::cleanup()
     m_server->thaw();
     m_session.reset();
     m_mixer.reset();
-    m_desk.reset();
+    m_mixerModel.reset();
     m_device.reset();
 }
 
@@ -149,11 +149,11 @@ void tst_AudioSession::soundsAsRendered()
     for (qsizetype i = 0; i < settings.size(); i += 2)
         values[static_cast<std::size_t>(settings[i]) - 1] = settings[i + 1];
     m_memory->write(0, values);
-    m_mixer->follow(*m_desk);
+    m_mixer->follow(*m_mixerModel);
     const QString file = writeNoise("in.wav", 50000);
-    QVERIFY2(m_session->openFile(file), qPrintable(m_session->faultText()));
+    QVERIFY2(m_session->openFile(file), qPrintable(m_session->errorText()));
     QSignalSpy finished(m_session.get(), &AudioSession::finished);
-    QVERIFY2(m_session->play(), qPrintable(m_session->faultText()));
+    QVERIFY2(m_session->play(), qPrintable(m_session->errorText()));
     QCOMPARE(m_session->state(), AudioSession::State::Playing);
     QCOMPARE(m_session->deviceRate(), 48000);
     QTRY_COMPARE_WITH_TIMEOUT(finished.count(), 1, 30000);
@@ -167,7 +167,7 @@ void tst_AudioSession::oneChannelIsHeardOnBothSides()
 {
     const QString file = writeNoise("mono.wav", 20000, 1);
     QVERIFY(m_session->openFile(file));
-    QVERIFY2(m_session->play(), qPrintable(m_session->faultText()));
+    QVERIFY2(m_session->play(), qPrintable(m_session->errorText()));
     QTRY_VERIFY_WITH_TIMEOUT(m_device->heard() > 20000, 30000);
     QVERIFY(matches(m_device->channel(0), rendered(file, 0)));
     QCOMPARE(m_device->channel(1), m_device->channel(0));
@@ -282,9 +282,9 @@ void tst_AudioSession::playsWhatComesIn()
     values[25] = -200;
     m_memory->write(0, values);
     m_memory->setStrip(0, StripParameter::Source, SourceInput1 + input - 1);
-    m_mixer->follow(*m_desk);
+    m_mixer->follow(*m_mixerModel);
     m_session->setDevice(settings(true));
-    QVERIFY2(m_session->play(), qPrintable(m_session->faultText()));
+    QVERIFY2(m_session->play(), qPrintable(m_session->errorText()));
     QTRY_VERIFY_WITH_TIMEOUT(m_device->heard() > 20000, 30000);
     QCOMPARE(m_session->position(), 0.0);
     m_session->stop();
@@ -299,24 +299,24 @@ void tst_AudioSession::playsWhatComesIn()
 
 void tst_AudioSession::saysWhatCannotBePlayed()
 {
-    QSignalSpy faults(m_session.get(), &AudioSession::faulted);
+    QSignalSpy errors(m_session.get(), &AudioSession::failed);
     QVERIFY(!m_session->play());
-    QCOMPARE(m_session->faultText(), QStringLiteral("There is no sound file to play."));
+    QCOMPARE(m_session->errorText(), QStringLiteral("There is no sound file to play."));
     QVERIFY(!m_session->openFile(path("nowhere.wav")));
-    QCOMPARE(m_session->faultText(),
+    QCOMPARE(m_session->errorText(),
              QStringLiteral("The sound file %1 cannot be read: No such file or directory.")
                  .arg(path("nowhere.wav")));
     QVERIFY(m_session->openFile(writeNoise("in.wav", 20000)));
-    QCOMPARE(m_session->faultText(), QString());
+    QCOMPARE(m_session->errorText(), QString());
     m_session->setDevice({QStringLiteral("nothing like it"), 0, 0, false});
     QVERIFY(!m_session->play());
-    QCOMPARE(m_session->faultText(), QStringLiteral("There is no sound device \"nothing like it\"; "
+    QCOMPARE(m_session->errorText(), QStringLiteral("There is no sound device \"nothing like it\"; "
                                                     "--devices shows them all."));
     m_session->setDevice({QStringLiteral("ears"), 44100, 0, false});
     QVERIFY(!m_session->play());
-    QCOMPARE(m_session->faultText(), QStringLiteral("The sound device jack:ears cannot be used: it "
+    QCOMPARE(m_session->errorText(), QStringLiteral("The sound device jack:ears cannot be used: it "
                                                     "does not run at 44100 Hz."));
-    QCOMPARE(faults.count(), 4);
+    QCOMPARE(errors.count(), 4);
     QCOMPARE(m_session->state(), AudioSession::State::Stopped);
     m_session->setDevice(settings());
     QVERIFY(m_session->play());
@@ -331,10 +331,10 @@ void tst_AudioSession::saysThatAFileWasCutShort()
     const QByteArray bytes = SoundFiles::bytesOf(whole);
     SoundFiles::writeBytes(path("short.flac"), bytes.left(bytes.size() / 2));
     QVERIFY(m_session->openFile(path("short.flac")));
-    QSignalSpy faults(m_session.get(), &AudioSession::faulted);
+    QSignalSpy errors(m_session.get(), &AudioSession::failed);
     QVERIFY(m_session->play());
-    QTRY_COMPARE_WITH_TIMEOUT(faults.count(), 1, 30000);
-    QVERIFY(m_session->faultText().contains(QLatin1String("it is cut short")));
+    QTRY_COMPARE_WITH_TIMEOUT(errors.count(), 1, 30000);
+    QVERIFY(m_session->errorText().contains(QLatin1String("it is cut short")));
     QCOMPARE(m_session->state(), AudioSession::State::Stopped);
 }
 
@@ -353,12 +353,12 @@ void tst_AudioSession::saysThatTheDeviceHangs()
     playUntilTheDeviceHangs();
     if (QTest::currentTestFailed())
         return;
-    QCOMPARE(m_session->faultText(),
+    QCOMPARE(m_session->errorText(),
              QStringLiteral("The sound device jack:ears takes no sound at the moment."));
     QCOMPARE(m_session->deviceRate(), 48000);
     m_server->thaw();
     QTRY_COMPARE_WITH_TIMEOUT(m_session->state(), AudioSession::State::Playing, 30000);
-    QCOMPARE(m_session->faultText(), QString());
+    QCOMPARE(m_session->errorText(), QString());
     const std::size_t heard = m_device->heard();
     QTRY_VERIFY_WITH_TIMEOUT(m_device->heard() > heard + 2000, 30000);
 }
@@ -371,7 +371,7 @@ void tst_AudioSession::leavesADeviceThatHangs()
     m_session->stop();
     QCOMPARE(m_session->state(), AudioSession::State::Stopped);
     QVERIFY(!m_session->play());
-    QCOMPARE(m_session->faultText(),
+    QCOMPARE(m_session->errorText(),
              QStringLiteral("No sound device can be used while jack:ears does not answer."));
     m_server->thaw();
     QTRY_VERIFY_WITH_TIMEOUT(m_session->play(), 30000);
@@ -384,21 +384,21 @@ void tst_AudioSession::leavesADeviceThatHangs()
 void tst_AudioSession::outlivesItsDevice()
 {
     QVERIFY(m_session->openFile(writeNoise("in.wav", 480000)));
-    QSignalSpy faults(m_session.get(), &AudioSession::faulted);
+    QSignalSpy errors(m_session.get(), &AudioSession::failed);
     QVERIFY(m_session->play());
     QTRY_VERIFY_WITH_TIMEOUT(m_device->heard() > 2000, 30000);
     m_server->kill();
-    QTRY_COMPARE_WITH_TIMEOUT(faults.count(), 1, 30000);
-    QCOMPARE(m_session->faultText(),
+    QTRY_COMPARE_WITH_TIMEOUT(errors.count(), 1, 30000);
+    QCOMPARE(m_session->errorText(),
              QStringLiteral("The sound device jack:ears cannot be used: it is gone."));
     QCOMPARE(m_session->state(), AudioSession::State::Stopped);
     QVERIFY(!m_session->play());
     m_device.reset();
     m_server = std::make_unique<JackServer>();
-    QVERIFY2(m_server->isRunning(), qPrintable(m_server->faultText()));
+    QVERIFY2(m_server->isRunning(), qPrintable(m_server->errorText()));
     m_device = std::make_unique<JackDevice>("ears");
     QVERIFY(m_device->isOpen());
-    QVERIFY2(m_session->play(), qPrintable(m_session->faultText()));
+    QVERIFY2(m_session->play(), qPrintable(m_session->errorText()));
     QTRY_VERIFY_WITH_TIMEOUT(m_device->heard() > 2000, 30000);
 }
 

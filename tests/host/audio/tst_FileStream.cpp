@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The ways between the threads, and that the audio thread's side of them allocates nothing.
 #include "host/audio/FileStream.h"
-#include "host/model/Desk.h"
 #include "host/model/LiveMixer.h"
+#include "host/model/MixerModel.h"
 #include "hosting/HostMemory.h"
 #include "tests/engine/RealtimeTrap.h"
 #include "tests/host/audio/SoundFiles.h"
@@ -97,7 +97,7 @@ void tst_FileStream::streamGivesTheFile()
     }
     QVERIFY(stream.hasEnded());
     QCOMPARE(stream.underruns(), 0);
-    QCOMPARE(stream.fault(), QString());
+    QCOMPARE(stream.error(), QString());
 }
 
 // All at once is more than a second that is read ahead.
@@ -183,10 +183,10 @@ void tst_FileStream::playingNeitherAllocatesNorLocks()
     HostMemory memory;
     memory.setStrip(0, StripParameter::Source, SourceFile);
     memory.setStrip(0, StripParameter::Stereo, pair ? 1 : 0);
-    Desk desk(memory);
+    MixerModel mixerModel(memory);
     LiveMixer mixer;
     stream.start(0, 48000, true);
-    mixer.follow(desk);
+    mixer.follow(mixerModel);
     mixer.prepare(48000, false);
     std::vector<float> left(4096);
     std::vector<float> right(4096);

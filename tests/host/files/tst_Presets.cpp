@@ -36,7 +36,7 @@ private Q_SLOTS:
     void savingAsksForAName();
     void everyScriptsNamesAreTaken_data();
     void everyScriptsNamesAreTaken();
-    void faultyNameIsAskedForAgain();
+    void badNameIsAskedForAgain();
     void replacingIsAsked();
     void deletedPresetIsGone();
     void wrongNames_data();
@@ -76,7 +76,7 @@ void tst_Presets::cleanup()
 {
     m_window.reset();
     m_mixer.memory.reset(2);
-    m_mixer.desk.history().clear();
+    m_mixer.mixerModel.history().clear();
     QDir(PresetFolder::standardFolder()).removeRecursively();
 }
 
@@ -161,9 +161,9 @@ void tst_Presets::factoryMenuLoadsOneStep()
         return std::string_view(p.name) == "Kick";
     });
     QCOMPARE(m_mixer.memory.values(2), valuesOf(*found));
-    QCOMPARE(m_mixer.desk.history().stack().count(), 1);
-    QCOMPARE(m_mixer.desk.history().stack().undoText(), QStringLiteral("Kick"));
-    m_mixer.desk.history().stack().undo();
+    QCOMPARE(m_mixer.mixerModel.history().stack().count(), 1);
+    QCOMPARE(m_mixer.mixerModel.history().stack().undoText(), QStringLiteral("Kick"));
+    m_mixer.mixerModel.history().stack().undo();
     QCOMPARE(m_mixer.memory.values(2), HostMemory().values(2));
 }
 
@@ -174,11 +174,11 @@ void tst_Presets::savedPresetComesBack()
     QVERIFY(QFile::exists(fileOf(QStringLiteral("My vocal"))));
     QCOMPARE(m_editor->statusBar()->currentMessage(), QStringLiteral("Saved My vocal."));
     m_mixer.memory.reset(2);
-    m_mixer.desk.history().clear();
+    m_mixer.mixerModel.history().clear();
     m_editor->loadPreset(QStringLiteral("My vocal"));
     QCOMPARE(m_mixer.memory.values(2), valuesOf(factoryPresets()[0]));
-    QCOMPARE(m_mixer.desk.history().stack().count(), 1);
-    QCOMPARE(m_mixer.desk.history().stack().undoText(), QStringLiteral("Load My vocal"));
+    QCOMPARE(m_mixer.mixerModel.history().stack().count(), 1);
+    QCOMPARE(m_mixer.mixerModel.history().stack().undoText(), QStringLiteral("Load My vocal"));
 }
 
 void tst_Presets::menuListsTheUsersOwn()
@@ -223,7 +223,7 @@ void tst_Presets::everyScriptsNamesAreTaken()
     QCOMPARE(m_folder.names(), QStringList{name});
 }
 
-void tst_Presets::faultyNameIsAskedForAgain()
+void tst_Presets::badNameIsAskedForAgain()
 {
     whenAsked<QInputDialog>([](QInputDialog* dialog) {
         dialog->setTextValue(QStringLiteral("AC/DC"));
@@ -295,7 +295,7 @@ void tst_Presets::wrongNames()
         box->accept();
     });
     m_editor->savePreset(name);
-    QCOMPARE(said, PresetFolder::faultOfName(name));
+    QCOMPARE(said, PresetFolder::errorOfName(name));
     QVERIFY(!said.isEmpty());
     QCOMPARE(m_folder.names(), QStringList());
 }
@@ -327,7 +327,7 @@ void tst_Presets::badFilesAreExplained()
     QVERIFY2(said.contains(reason), qPrintable(said));
     QVERIFY(said.contains(QStringLiteral("Bad.vstpreset")));
     QCOMPARE(m_mixer.memory.values(2), HostMemory().values(2));
-    QCOMPARE(m_mixer.desk.history().stack().count(), 0);
+    QCOMPARE(m_mixer.mixerModel.history().stack().count(), 0);
 }
 
 void tst_Presets::sortsAsPeopleDo()

@@ -220,10 +220,10 @@ void tst_SettingsFile::whatCannotBeReadIsLeftAlone()
 {
     QVERIFY(QDir().mkpath(path())); // a folder of that name
     SettingsFile settings;
-    const QString fault = settings.open(path());
-    QVERIFY2(fault.startsWith(
+    const QString error = settings.open(path());
+    QVERIFY2(error.startsWith(
                  QStringLiteral("The editors' settings in %1 cannot be read: ").arg(path())),
-             qPrintable(fault));
+             qPrintable(error));
     QString report;
     settings.setReporter([&report](const QString& sentence) { report = sentence; });
     settings.keep(0, {{QStringLiteral("GraphZoom"), 5}});

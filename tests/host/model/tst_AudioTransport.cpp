@@ -3,8 +3,8 @@
 #include "host/audio/AudioSession.h"
 #include "host/meters/MixerMeters.h"
 #include "host/model/AudioTransport.h"
-#include "host/model/Desk.h"
 #include "host/model/LiveMixer.h"
+#include "host/model/MixerModel.h"
 #include "hosting/HostMemory.h"
 #include "tests/host/audio/SoundFiles.h"
 #include "tests/support/TestObject.h"
@@ -24,8 +24,8 @@ private Q_SLOTS:
     void fileGoesToTheMarkedStrip();
     void stripThatPlaysTheFileKeepsIt();
     void feedingIsNoStepOfTheHistory();
-    void badFileIsAFault();
-    void faultOfTheDeviceIsShown();
+    void badFileIsAnError();
+    void errorOfTheDeviceIsShown();
     void seeksWithinTheFile();
     void metersShowWhatTheSourceIs();
     void metersOfTheTestSignalFollowTheStrip();
@@ -34,11 +34,11 @@ private:
     struct Fixture
     {
         HostMemory memory;
-        Desk desk{memory};
+        MixerModel mixerModel{memory};
         LiveMixer mixer;
         AudioSession session{mixer};
         int marked = 0;
-        AudioTransport transport{session, desk, [this] { return marked; }};
+        AudioTransport transport{session, mixerModel, [this] { return marked; }};
     };
 
     QString file() const;
@@ -90,22 +90,22 @@ void tst_AudioTransport::feedingIsNoStepOfTheHistory()
     f.transport.open(file());
     f.transport.feed(2, true);
     QCOMPARE(f.memory.strip(2, StripParameter::Source), int(SourceInput1));
-    QVERIFY(!f.desk.history().stack().canUndo());
+    QVERIFY(!f.mixerModel.history().stack().canUndo());
 }
 
-void tst_AudioTransport::badFileIsAFault()
+void tst_AudioTransport::badFileIsAnError()
 {
     Fixture f;
     f.transport.open(m_folder.filePath(QStringLiteral("nowhere.wav")));
-    QCOMPARE(f.transport.state(), Transport::State::Fault);
-    QVERIFY(f.transport.fault().contains(QLatin1String("nowhere.wav")));
+    QCOMPARE(f.transport.state(), Transport::State::Error);
+    QVERIFY(f.transport.error().contains(QLatin1String("nowhere.wav")));
     QCOMPARE(f.memory.strip(0, StripParameter::Source), int(SourceTestSignal));
     f.transport.open(file());
     QCOMPARE(f.transport.state(), Transport::State::Stopped);
-    QCOMPARE(f.transport.fault(), QString());
+    QCOMPARE(f.transport.error(), QString());
 }
 
-void tst_AudioTransport::faultOfTheDeviceIsShown()
+void tst_AudioTransport::errorOfTheDeviceIsShown()
 {
     Fixture f;
     AudioDevice::Settings settings;
@@ -113,8 +113,8 @@ void tst_AudioTransport::faultOfTheDeviceIsShown()
     f.session.setDevice(settings);
     f.transport.open(file());
     f.transport.play();
-    QCOMPARE(f.transport.state(), Transport::State::Fault);
-    QVERIFY(!f.transport.fault().isEmpty());
+    QCOMPARE(f.transport.state(), Transport::State::Error);
+    QVERIFY(!f.transport.error().isEmpty());
     QCOMPARE(f.transport.device(), -1);
 }
 
@@ -135,7 +135,7 @@ void tst_AudioTransport::metersShowWhatTheSourceIs()
 {
     Fixture f;
     f.memory.setStrip(2, StripParameter::Source, SourceFile);
-    MixerMeters meters(f.desk, f.mixer.engine());
+    MixerMeters meters(f.mixerModel, f.mixer.engine());
     const auto highest = [&meters, &f](int channel) {
         int result = MeterLevels::lowest;
         for (int tick = 0; tick < 30; ++tick)
@@ -146,7 +146,7 @@ void tst_AudioTransport::metersShowWhatTheSourceIs()
     QVERIFY(highest(0) > -300);
     QCOMPARE(highest(2), int(MeterLevels::lowest));
     QCOMPARE(highest(3), int(MeterLevels::lowest));
-    f.mixer.follow(f.desk);
+    f.mixer.follow(f.mixerModel);
     f.mixer.prepare(48000, false);
     std::vector<float> left(4800, 0.1F);
     std::vector<float> right(4800, 0.01F);
@@ -160,7 +160,7 @@ void tst_AudioTransport::metersShowWhatTheSourceIs()
 void tst_AudioTransport::metersOfTheTestSignalFollowTheStrip()
 {
     Fixture f;
-    MixerMeters meters(f.desk, f.mixer.engine());
+    MixerMeters meters(f.mixerModel, f.mixer.engine());
     HostMemory::Values values = f.memory.values(0);
     values[25] = -200;
     f.memory.write(0, values);

@@ -211,8 +211,8 @@ void tst_EditHistory::wheelAfterAPauseIsANewStep()
 {
     auto* fader = control<FaderController>(stripId(StripParameter::Level), QRect(0, 0, 40, 200));
     turnWheel(fader, 1, 10'000);
-    turnWheel(fader, 1, 10'000 + GestureWatch::longestPause);
-    turnWheel(fader, 1, 10'001 + 2 * GestureWatch::longestPause);
+    turnWheel(fader, 1, 10'000 + GestureWatch::maxPause);
+    turnWheel(fader, 1, 10'001 + 2 * GestureWatch::maxPause);
     QCOMPARE(m_history->stack().count(), 2);
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/ChannelProcessor.h"
-#include "host/model/Desk.h"
 #include "host/model/LiveMixer.h"
+#include "host/model/MixerModel.h"
 #include "hosting/HostMemory.h"
 #include "tests/engine/EngineTesting.h"
 #include "tests/host/audio/SoundFiles.h"
@@ -51,7 +51,7 @@ private:
     static Block noise(std::size_t frames);
 
     std::unique_ptr<HostMemory> m_memory;
-    std::unique_ptr<Desk> m_desk;
+    std::unique_ptr<MixerModel> m_mixerModel;
     std::unique_ptr<LiveMixer> m_mixer;
 };
 
@@ -59,9 +59,9 @@ void tst_LiveMixer::init()
 {
     TestObject::init();
     m_mixer.reset();
-    m_desk.reset();
+    m_mixerModel.reset();
     m_memory = std::make_unique<HostMemory>();
-    m_desk = std::make_unique<Desk>(*m_memory);
+    m_mixerModel = std::make_unique<MixerModel>(*m_memory);
     m_mixer = std::make_unique<LiveMixer>();
     set(0, StripParameter::Source, SourceFile);
 }
@@ -70,7 +70,7 @@ void tst_LiveMixer::init()
 std::vector<tst_LiveMixer::Block> tst_LiveMixer::play(const std::vector<Block>& given, bool live,
                                                       int part, std::size_t outputs)
 {
-    m_mixer->follow(*m_desk);
+    m_mixer->follow(*m_mixerModel);
     m_mixer->prepare(48000, live);
     const int frames = static_cast<int>(given[0].size());
     part = part > 0 ? part : frames;
@@ -280,7 +280,7 @@ void tst_LiveMixer::changesDoNotClick()
     HostMemory::Values values = m_memory->values(0);
     values[24] = -60;
     m_memory->write(0, values);
-    m_mixer->follow(*m_desk);
+    m_mixer->follow(*m_mixerModel);
     m_mixer->prepare(rate, false);
     EngineTesting::Block heard;
     const EngineTesting::Block tone = EngineTesting::sine(150.0, rate, change + 4800, 0.5);

@@ -20,7 +20,7 @@ class tst_Application : public TestObject
 
 private Q_SLOTS:
     void initTestCase();
-    void showsNoMessageWithoutAFault();
+    void showsNoMessageWithoutAnError();
     void showsThatTheSessionIsDamaged();
     void showsThatTheEditorsSettingsAreDamaged();
     void editorIsForAStrip_data();
@@ -97,7 +97,7 @@ QString tst_Application::write(const QString& name, const QByteArray& bytes) con
     return path;
 }
 
-void tst_Application::showsNoMessageWithoutAFault()
+void tst_Application::showsNoMessageWithoutAnError()
 {
     QCOMPARE(messages({QStringLiteral("--session"), m_folder.filePath(QStringLiteral("new.json"))}),
              QStringList());

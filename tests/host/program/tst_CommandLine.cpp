@@ -39,7 +39,7 @@ CommandLine tst_CommandLine::parse(const QString& words)
 void tst_CommandLine::startsWithDefaults()
 {
     const CommandLine line = parse(QString());
-    QCOMPARE(line.fault, QString());
+    QCOMPARE(line.error, QString());
     QCOMPARE(line.plugin, QString());
     QCOMPARE(line.editor.channel, 0);
     QVERIFY(line.editor.stereo);
@@ -57,7 +57,7 @@ void tst_CommandLine::readsEveryOption()
         "--plugin|p.so|--channel|5|--mono|--scale|1.5|--sample-rate|96000|--state|in.state|"
         "--set|fx_rackfx_prm_3=+3 "
         "dB|--meters|off|--language|ja|--list|--save-state|out.vstpreset|--screenshot|a.png"));
-    QCOMPARE(line.fault, QString());
+    QCOMPARE(line.error, QString());
     QCOMPARE(line.plugin, QStringLiteral("p.so"));
     QCOMPARE(line.editor.channel, 5);
     QVERIFY(!line.editor.stereo);
@@ -78,7 +78,7 @@ void tst_CommandLine::readsEveryOption()
 void tst_CommandLine::takesValuesAfterEquals()
 {
     const CommandLine line = parse(QStringLiteral("--channel=7|--set=fx_rackfx_prm_2=@100"));
-    QCOMPARE(line.fault, QString());
+    QCOMPARE(line.error, QString());
     QCOMPARE(line.editor.channel, 7);
     QCOMPARE(line.settings[0].parameter, 1U);
     QCOMPARE(line.settings[0].value, 100);
@@ -88,7 +88,7 @@ void tst_CommandLine::settingsKeepTheirOrder()
 {
     const CommandLine line = parse(QStringLiteral(
         "--set|fx_rackfx_prm_27=Drive|--set|fx_rackfx_prm_1=@0|--set|fx_rackfx_prm_27=@0"));
-    QCOMPARE(line.fault, QString());
+    QCOMPARE(line.error, QString());
     QCOMPARE(line.settings.size(), 3U);
     QCOMPARE(line.settings[0].parameter, 26U);
     QCOMPARE(line.settings[0].value, 1);
@@ -100,7 +100,7 @@ void tst_CommandLine::settingsKeepTheirOrder()
 
 void tst_CommandLine::settingTextMayHoldAnEqualsSign()
 {
-    QCOMPARE(parse(QStringLiteral("--set|fx_rackfx_prm_3==3")).fault,
+    QCOMPARE(parse(QStringLiteral("--set|fx_rackfx_prm_3==3")).error,
              QStringLiteral("--set fx_rackfx_prm_3: \"=3\" is no value of Low gain "
                             "(-20.0 to +20.0 dB)."));
 }
@@ -139,7 +139,7 @@ void tst_CommandLine::metersAreForWindows_data()
 void tst_CommandLine::metersAreForWindows()
 {
     QFETCH(const QString, words);
-    QCOMPARE(parse(words).fault, QString());
+    QCOMPARE(parse(words).error, QString());
     QTEST(parse(words).showsMeters(), "expected");
 }
 
@@ -156,7 +156,7 @@ void tst_CommandLine::acceptsTheEndsOfRanges_data()
 void tst_CommandLine::acceptsTheEndsOfRanges()
 {
     QFETCH(const QString, words);
-    QCOMPARE(parse(words).fault, QString());
+    QCOMPARE(parse(words).error, QString());
 }
 
 void tst_CommandLine::refuses_data()
@@ -211,7 +211,7 @@ void tst_CommandLine::refuses_data()
 void tst_CommandLine::refuses()
 {
     QFETCH(const QString, words);
-    QTEST(parse(words).fault, "expected");
+    QTEST(parse(words).error, "expected");
 }
 
 void tst_CommandLine::helpNamesEveryOption()

@@ -41,7 +41,7 @@ private:
 void tst_zolta_audio::initTestCase()
 {
     m_server = std::make_unique<JackServer>();
-    QVERIFY2(m_server->isRunning(), qPrintable(m_server->faultText()));
+    QVERIFY2(m_server->isRunning(), qPrintable(m_server->errorText()));
     Sound sound{SF_FORMAT_WAV | SF_FORMAT_FLOAT, 48000, 2, SoundFiles::noise(960000)};
     sound.samples.front() = 0.25;
     SoundFiles::write(path("in.wav"), sound);

@@ -43,8 +43,8 @@ private Q_SLOTS:
     void opensWindowsOnAPlatform();
     void headlessRunsReadAGivenSession();
     void headlessRunsListWhatIsHeardOfAChannel();
-    void headlessRunsLeaveAFaultySessionAlone_data();
-    void headlessRunsLeaveAFaultySessionAlone();
+    void headlessRunsLeaveABadSessionAlone_data();
+    void headlessRunsLeaveABadSessionAlone();
     void headlessRunsLeaveTheStandardSessionAlone();
     void windowsKeepADamagedSessionAside();
     void windowsSayThatSettingsAreDamaged();
@@ -526,7 +526,7 @@ void tst_zolta_host::headlessRunsListWhatIsHeardOfAChannel()
              QStringLiteral("-30"));
 }
 
-void tst_zolta_host::headlessRunsLeaveAFaultySessionAlone_data()
+void tst_zolta_host::headlessRunsLeaveABadSessionAlone_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("reason");
@@ -535,11 +535,11 @@ void tst_zolta_host::headlessRunsLeaveAFaultySessionAlone_data()
                            << "it is a session of version 2, which this program does not know";
 }
 
-void tst_zolta_host::headlessRunsLeaveAFaultySessionAlone()
+void tst_zolta_host::headlessRunsLeaveABadSessionAlone()
 {
     QFETCH(const QByteArray, bytes);
     QFETCH(const QString, reason);
-    const QString file = write(QStringLiteral("faulty.json"), bytes);
+    const QString file = write(QStringLiteral("bad.json"), bytes);
     const ProgramResult result =
         runWithPlugin({QStringLiteral("--list"), QStringLiteral("--session"), file});
     QCOMPARE(result.code, 1);

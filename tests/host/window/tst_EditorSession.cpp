@@ -231,8 +231,8 @@ void tst_EditorSession::badFilesChangeNothing()
         before[static_cast<std::size_t>(ch)] = m_mixer.memory.values(ch);
     }
     calls();
-    const QString fault = session->loadState(file);
-    QVERIFY2(fault.startsWith(QStringLiteral("The state file %1 ").arg(file)), qPrintable(fault));
+    const QString error = session->loadState(file);
+    QVERIFY2(error.startsWith(QStringLiteral("The state file %1 ").arg(file)), qPrintable(error));
     for (int ch = 0; ch < channelCount; ++ch)
         QCOMPARE(m_mixer.memory.values(ch), before[static_cast<std::size_t>(ch)]);
     QCOMPARE(calls(), QStringList());

@@ -108,7 +108,7 @@ void tst_MixerSession::everythingComesBack()
     QCOMPARE(session->open(m_file), QString());
     HostMemory::Values values[channelCount];
     for (int ch = 0; ch < channelCount; ++ch) {
-        m_mixer->desk.setName(ch, QStringLiteral("Name \"%1\" \u97f3").arg(ch));
+        m_mixer->mixerModel.setName(ch, QStringLiteral("Name \"%1\" \u97f3").arg(ch));
         for (std::size_t i = 0; i < stripParameterCount; ++i) {
             const int steps = stripTable[i].maximum + 1;
             m_mixer->memory.setStrip(ch, static_cast<StripParameter>(i), (37 * ch + 11) % steps);
@@ -121,7 +121,7 @@ void tst_MixerSession::everythingComesBack()
         m_mixer->memory.write(ch, values[ch]);
         m_mixer->settings.keep(ch, {{QStringLiteral("GraphZoom"), ch}});
     }
-    m_mixer->desk.compare().choose(3, true);
+    m_mixer->mixerModel.compare().choose(3, true);
     QVERIFY(session->save());
     session.reset();
 
@@ -129,16 +129,16 @@ void tst_MixerSession::everythingComesBack()
     MixerSession restored(fresh);
     QCOMPARE(restored.open(m_file), QString());
     for (int ch = 0; ch < channelCount; ++ch) {
-        QCOMPARE(fresh.desk.name(ch), m_mixer->desk.name(ch));
+        QCOMPARE(fresh.mixerModel.name(ch), m_mixer->mixerModel.name(ch));
         QCOMPARE(fresh.memory.values(ch), m_mixer->memory.values(ch));
         for (std::size_t i = 0; i < stripParameterCount; ++i)
             QCOMPARE(fresh.memory.strip(ch, static_cast<StripParameter>(i)),
                      m_mixer->memory.strip(ch, static_cast<StripParameter>(i)));
         QCOMPARE(fresh.settings.map(ch).value(QStringLiteral("GraphZoom")).toInt(), ch);
-        QCOMPARE(fresh.desk.compare().isB(ch), ch == 3);
+        QCOMPARE(fresh.mixerModel.compare().isB(ch), ch == 3);
     }
     QCOMPARE(fresh.memory.values(3), HostMemory().values(3));
-    fresh.desk.compare().choose(3, false);
+    fresh.mixerModel.compare().choose(3, false);
     QCOMPARE(fresh.memory.values(3), values[3]);
 }
 
@@ -190,7 +190,7 @@ void tst_MixerSession::historyIsEmptyAfterwards()
     session.reset();
     MixerSession again(*m_mixer);
     QCOMPARE(again.open(m_file), QString());
-    QCOMPARE(m_mixer->desk.history().stack().count(), 0);
+    QCOMPARE(m_mixer->mixerModel.history().stack().count(), 0);
 }
 
 void tst_MixerSession::lastWindowSaves()
@@ -203,7 +203,7 @@ void tst_MixerSession::lastWindowSaves()
     EditorWindow* editor = window.openEditor(1, true);
     window.close();
     QVERIFY(!QFile::exists(m_file)); // the editor is still open
-    m_mixer->desk.rename(0, QStringLiteral("Late"));
+    m_mixer->mixerModel.rename(0, QStringLiteral("Late"));
     editor->close();
     QCOMPARE(saved()[QStringLiteral("channels")][0][QStringLiteral("name")].toString(),
              QStringLiteral("Late"));
@@ -315,11 +315,11 @@ void tst_MixerSession::damagedFileIsKeptAside()
     QFETCH(const QString, reason);
     write(m_file, bytes);
     MixerSession session(*m_mixer);
-    const QString fault = session.open(m_file);
-    QVERIFY2(fault.startsWith(QStringLiteral("The session %1 is damaged and not used: ")
+    const QString error = session.open(m_file);
+    QVERIFY2(error.startsWith(QStringLiteral("The session %1 is damaged and not used: ")
                                   .arg(QDir::toNativeSeparators(m_file))),
-             qPrintable(fault));
-    QVERIFY2(fault.contains(reason), qPrintable(fault));
+             qPrintable(error));
+    QVERIFY2(error.contains(reason), qPrintable(error));
     QVERIFY(!QFile::exists(m_file));
     QCOMPARE(content(m_file + QStringLiteral(".damaged")), bytes);
     for (int ch = 0; ch < channelCount; ++ch)
@@ -370,7 +370,7 @@ void tst_MixerSession::laterVersionIsLeftAlone()
                             "this program does not know. It is left alone, and nothing will be "
                             "saved.")
                  .arg(QDir::toNativeSeparators(m_file)));
-    m_mixer->desk.setName(0, QStringLiteral("New"));
+    m_mixer->mixerModel.setName(0, QStringLiteral("New"));
     QVERIFY(session.save());
     QCOMPARE(content(m_file), bytes);
     QVERIFY(!QFile::exists(m_file + QStringLiteral(".damaged")));
@@ -389,8 +389,8 @@ void tst_MixerSession::readingChangesNoFile()
     write(m_file, "{\"zolta-session\": 1, \"channels\": [{\"name\": \"Read\"}]}");
     const QByteArray before = content(m_file);
     QCOMPARE(session.read(m_file), QString());
-    QCOMPARE(m_mixer->desk.name(0), QStringLiteral("Read"));
-    m_mixer->desk.setName(0, QStringLiteral("New"));
+    QCOMPARE(m_mixer->mixerModel.name(0), QStringLiteral("Read"));
+    m_mixer->mixerModel.setName(0, QStringLiteral("New"));
     QVERIFY(session.save());
     QCOMPARE(content(m_file), before);
 }
@@ -399,7 +399,7 @@ void tst_MixerSession::sessionOfAnotherProgramIsNotSaved()
 {
     auto first = std::make_unique<MixerSession>(*m_mixer);
     QCOMPARE(first->open(m_file), QString());
-    m_mixer->desk.setName(0, QStringLiteral("First"));
+    m_mixer->mixerModel.setName(0, QStringLiteral("First"));
     QVERIFY(first->save());
     const QByteArray before = content(m_file);
 
@@ -410,15 +410,15 @@ void tst_MixerSession::sessionOfAnotherProgramIsNotSaved()
                             "not be saved.")
                  .arg(QDir::toNativeSeparators(m_file)));
     QVERIFY(!second.isNew());
-    QCOMPARE(other.desk.name(0), QStringLiteral("First"));
-    other.desk.setName(0, QStringLiteral("Second"));
+    QCOMPARE(other.mixerModel.name(0), QStringLiteral("First"));
+    other.mixerModel.setName(0, QStringLiteral("Second"));
     QVERIFY(second.save());
     QCOMPARE(content(m_file), before);
 
     first.reset();
     MixerSession third(other);
     QCOMPARE(third.open(m_file), QString());
-    other.desk.setName(0, QStringLiteral("Third"));
+    other.mixerModel.setName(0, QStringLiteral("Third"));
     QVERIFY(third.save());
     QVERIFY(content(m_file) != before);
 }
@@ -454,7 +454,7 @@ void tst_MixerSession::unknownKeysAreKept()
                   "\"mixer\": {\"skin\": 3}}");
     MixerSession session(*m_mixer);
     QCOMPARE(session.open(m_file), QString());
-    m_mixer->desk.setName(0, QStringLiteral("New"));
+    m_mixer->mixerModel.setName(0, QStringLiteral("New"));
     QVERIFY(session.save());
     QCOMPARE(saved()[QStringLiteral("colour")].toString(), QStringLiteral("red"));
     const QJsonValue first = saved()[QStringLiteral("channels")][0];
@@ -467,7 +467,7 @@ void tst_MixerSession::unknownKeysAreKept()
 void tst_MixerSession::failedWriteLeavesTheOldFile()
 {
     QString said;
-    MixerSession session(*m_mixer, [&said](const QString& fault) { said = fault; });
+    MixerSession session(*m_mixer, [&said](const QString& error) { said = error; });
     session.open(m_file);
     QVERIFY(session.save());
     const QByteArray before = content(m_file);
@@ -475,7 +475,7 @@ void tst_MixerSession::failedWriteLeavesTheOldFile()
     const QString moved = m_folder->filePath(QStringLiteral("moved"));
     QVERIFY(QDir().rename(folder, moved));
     write(folder, "a file in the folder's place");
-    m_mixer->desk.setName(0, QStringLiteral("Changed"));
+    m_mixer->mixerModel.setName(0, QStringLiteral("Changed"));
     QVERIFY(!session.save());
     QVERIFY2(said.contains(QStringLiteral("cannot be saved")), qPrintable(said));
     QCOMPARE(content(moved + QStringLiteral("/session.json")), before);
@@ -488,14 +488,14 @@ void tst_MixerSession::failedWriteAsksBeforeTheLastWindowCloses()
     write(QFileInfo(m_file).path(), "a file in the folder's place");
     MixerWindow window(*m_mixer, EditorSettings());
     QStringList said;
-    MixerSession session(*m_mixer, [&said](const QString& fault) { said << fault; });
+    MixerSession session(*m_mixer, [&said](const QString& error) { said << error; });
     session.open(m_file);
     session.restoreWindows(window);
     window.show();
     QStringList asked;
     bool answer = false;
-    session.setAsker([&](const QString& fault) {
-        asked << fault;
+    session.setAsker([&](const QString& error) {
+        asked << error;
         return answer;
     });
     EditorWindow* editor = window.openEditor(1, true);
@@ -549,7 +549,7 @@ void tst_MixerSession::unchangedSessionIsNotWritten()
     write(m_file, "touched");
     QVERIFY(session.save());
     QCOMPARE(content(m_file), QByteArray("touched"));
-    m_mixer->desk.setName(7, QStringLiteral("Now"));
+    m_mixer->mixerModel.setName(7, QStringLiteral("Now"));
     QVERIFY(session.save());
     QVERIFY(content(m_file) != QByteArray("touched"));
 }

@@ -41,7 +41,7 @@ public:
     int m_device = 1;
 
     State state() const override { return m_state; }
-    QString fault() const override { return QStringLiteral("The device is gone."); }
+    QString error() const override { return QStringLiteral("The device is gone."); }
     QString file() const override { return m_file; }
     void open(const QString& file) override { m_calls << QStringLiteral("open ") + file; }
     void play() override { m_calls << QStringLiteral("play"); }
@@ -115,7 +115,7 @@ private:
     MixerStrip* strip(int channel) const;
     template <typename Widget> Widget* named(const QWidget* parent, const QString& name) const;
     QAction* action(const QMainWindow* window, const QString& text) const;
-    QUndoStack& stack() { return m_mixer->desk.history().stack(); }
+    QUndoStack& stack() { return m_mixer->mixerModel.history().stack(); }
     int value(int channel, StripParameter parameter) const
     {
         return m_mixer->memory.strip(channel, parameter);
@@ -373,7 +373,7 @@ void tst_MixerWindow::doubleClickRenames()
     QTest::keyClicks(name, QStringLiteral("Bass"));
     QTest::keyClick(name, Qt::Key_Return);
     m_window->setFocus();
-    QCOMPARE(m_mixer->desk.name(4), QStringLiteral("Bass"));
+    QCOMPARE(m_mixer->mixerModel.name(4), QStringLiteral("Bass"));
     QCOMPARE(stack().count(), 1);
     QCOMPARE(stack().undoText(), QStringLiteral("Rename"));
     stack().undo();
@@ -382,7 +382,7 @@ void tst_MixerWindow::doubleClickRenames()
     QTest::mouseDClick(name, Qt::LeftButton);
     QTest::keyClick(name, Qt::Key_Return);
     m_window->setFocus();
-    QCOMPARE(m_mixer->desk.name(4), QString());
+    QCOMPARE(m_mixer->mixerModel.name(4), QString());
     QVERIFY(!stack().canUndo());
 }
 
@@ -403,7 +403,7 @@ void tst_MixerWindow::everyControlHasAName()
 
 void tst_MixerWindow::namesFollowTheChannel()
 {
-    m_mixer->desk.setName(0, QStringLiteral("Kick"));
+    m_mixer->mixerModel.setName(0, QStringLiteral("Kick"));
     QVERIFY(named<FaderController>(strip(0), QStringLiteral("Fader of Kick")));
     m_mixer->language.choose(Language::German);
     QCoreApplication::sendPostedEvents();
@@ -635,7 +635,7 @@ void tst_MixerWindow::pasteFollowsTheClipboard()
     const QAction* inEditor = action(editor, QStringLiteral("Paste Settings"));
     QApplication::clipboard()->setImage(QImage(2, 2, QImage::Format_RGB32));
     QVERIFY(!inMixer->isEnabled() && !inEditor->isEnabled());
-    m_mixer->desk.copyToClipboard(0);
+    m_mixer->mixerModel.copyToClipboard(0);
     QVERIFY(inMixer->isEnabled() && inEditor->isEnabled());
     QApplication::clipboard()->clear();
     QVERIFY(!inMixer->isEnabled() && !inEditor->isEnabled());
@@ -674,7 +674,7 @@ void tst_MixerWindow::transportIsDriven()
 {
     TestTransport transport;
     transport.m_file = QStringLiteral("/music/song.wav");
-    m_mixer->desk.setTransport(&transport);
+    m_mixer->mixerModel.setTransport(&transport);
     const auto* bar = m_window->findChild<TransportBar*>();
     auto* play = named<QAbstractButton>(bar, QStringLiteral("Play"));
     QVERIFY(play->isEnabled());
@@ -707,7 +707,7 @@ void tst_MixerWindow::transportStates()
     };
     TestTransport transport;
     transport.m_file = QStringLiteral("/music/song.wav");
-    m_mixer->desk.setTransport(&transport);
+    m_mixer->mixerModel.setTransport(&transport);
     QVERIFY(says(m_window.get(), "song.wav"));
     QVERIFY(says(m_window.get(), "1:01 / 2:05"));
     QVERIFY(says(editor, "No audio"));
@@ -716,11 +716,11 @@ void tst_MixerWindow::transportStates()
     QVERIFY(!says(editor, "No audio"));
     const auto* bar = m_window->findChild<TransportBar*>();
     transport.become(Transport::State::Stalled);
-    QVERIFY(says(m_window.get(), "Audio fault"));
+    QVERIFY(says(m_window.get(), "Audio error"));
     QVERIFY(!named<QAbstractButton>(bar, QStringLiteral("Play"))->isEnabled());
     QVERIFY(named<QAbstractButton>(bar, QStringLiteral("Stop"))->isEnabled());
-    transport.become(Transport::State::Fault);
-    QVERIFY(says(m_window.get(), "Audio fault"));
+    transport.become(Transport::State::Error);
+    QVERIFY(says(m_window.get(), "Audio error"));
     QVERIFY(named<QAbstractButton>(bar, QStringLiteral("Play"))->isEnabled());
     QVERIFY(says(editor, "No audio"));
 }
@@ -729,7 +729,7 @@ void tst_MixerWindow::disabledKeysAreDim()
 {
     TestTransport transport;
     transport.m_file = QStringLiteral("/music/song.wav");
-    m_mixer->desk.setTransport(&transport);
+    m_mixer->mixerModel.setTransport(&transport);
     auto* play = named<QAbstractButton>(m_window.get(), QStringLiteral("Play"));
     const auto brightness = [play] {
         const QImage picture = play->grab().toImage();
@@ -751,7 +751,7 @@ void tst_MixerWindow::longFileNameIsElided()
     TestTransport transport;
     const QString name = QStringLiteral("<b>%1 & take 27.wav").arg(QString(90, QLatin1Char('m')));
     transport.m_file = QStringLiteral("/music/") + name;
-    m_mixer->desk.setTransport(&transport);
+    m_mixer->mixerModel.setTransport(&transport);
     QCoreApplication::processEvents();
     QLabel* label = nullptr;
     for (QLabel* found : m_window->findChild<TransportBar*>()->findChildren<QLabel*>()) {

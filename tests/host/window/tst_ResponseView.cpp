@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "equalizer/PlotAxes.h"
-#include "host/model/Desk.h"
+#include "host/model/MixerModel.h"
 #include "host/window/ResponseView.h"
 #include "tests/engine/EngineTesting.h"
 #include "tests/support/TestObject.h"
@@ -38,7 +38,7 @@ private:
 
     static constexpr int channel = 2;
     std::unique_ptr<HostMemory> m_memory;
-    std::unique_ptr<Desk> m_desk;
+    std::unique_ptr<MixerModel> m_mixerModel;
     std::unique_ptr<ResponseView> m_view;
 };
 
@@ -46,10 +46,10 @@ void tst_ResponseView::init()
 {
     TestObject::init();
     m_view.reset();
-    m_desk.reset();
+    m_mixerModel.reset();
     m_memory = std::make_unique<HostMemory>();
-    m_desk = std::make_unique<Desk>(*m_memory);
-    m_view = std::make_unique<ResponseView>(*m_desk, channel);
+    m_mixerModel = std::make_unique<MixerModel>(*m_memory);
+    m_view = std::make_unique<ResponseView>(*m_mixerModel, channel);
     m_view->resize(700, ResponseView::viewHeight);
 }
 

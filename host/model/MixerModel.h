@@ -15,14 +15,14 @@ class Transport;
 
 /// What the mixer keeps besides the parameters' values: the channels' names, the A and B settings,
 /// and the history of all edits. One for all windows. Needs an application object.
-class Desk : public QObject
+class MixerModel : public QObject
 {
     Q_OBJECT
 
 public:
     /// \a memory must outlive it.
-    explicit Desk(HostMemory& memory);
-    ~Desk() override;
+    explicit MixerModel(HostMemory& memory);
+    ~MixerModel() override;
 
     HostMemory& memory() { return m_memory; }
     const HostMemory& memory() const { return m_memory; }

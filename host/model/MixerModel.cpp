@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/model/Desk.h"
+#include "host/model/MixerModel.h"
 
 #include "host/audio/Transport.h"
 #include "host/model/ChannelText.h"
@@ -7,21 +7,21 @@
 #include <QClipboard>
 #include <QGuiApplication>
 
-Desk::Desk(HostMemory& memory)
+MixerModel::MixerModel(HostMemory& memory)
     : m_memory(memory)
     , m_history(memory)
     , m_compare(memory, m_history)
 {}
 
-Desk::~Desk() = default;
+MixerModel::~MixerModel() = default;
 
-QString Desk::shownName(int channel) const
+QString MixerModel::shownName(int channel) const
 {
     const QString given = name(channel);
     return given.isEmpty() ? tr("Channel %1").arg(channel) : given;
 }
 
-void Desk::rename(int channel, const QString& name)
+void MixerModel::rename(int channel, const QString& name)
 {
     const QString before = this->name(channel);
     const QString after = name.simplified();
@@ -34,18 +34,18 @@ void Desk::rename(int channel, const QString& name)
     setName(channel, after);
 }
 
-void Desk::setName(int channel, const QString& name)
+void MixerModel::setName(int channel, const QString& name)
 {
     m_names[static_cast<std::size_t>(channel)] = name;
     Q_EMIT nameChanged(channel);
 }
 
-bool Desk::isPair(int channel) const
+bool MixerModel::isPair(int channel) const
 {
     return m_memory.strip(channel & ~1, StripParameter::Stereo) != 0;
 }
 
-ChannelValues Desk::soundingValues(int channel) const
+ChannelValues MixerModel::soundingValues(int channel) const
 {
     const int leader = leaderOf(channel);
     const ChannelValues& values = m_memory.values(leader);
@@ -53,7 +53,7 @@ ChannelValues Desk::soundingValues(int channel) const
     return on ? values : bypassed(values);
 }
 
-bool Desk::isAudible(int channel) const
+bool MixerModel::isAudible(int channel) const
 {
     const int leader = leaderOf(channel);
     bool someSolo = false;
@@ -64,34 +64,34 @@ bool Desk::isAudible(int channel) const
            (!someSolo || m_memory.strip(leader, StripParameter::Solo) != 0);
 }
 
-void Desk::copyToClipboard(int channel) const
+void MixerModel::copyToClipboard(int channel) const
 {
     QGuiApplication::clipboard()->setMimeData(
         ChannelText::toMime(m_memory.values(channel)).release());
 }
 
-bool Desk::canPaste() const
+bool MixerModel::canPaste() const
 {
     return ChannelText::canPaste(QGuiApplication::clipboard()->mimeData());
 }
 
-QString Desk::pasteFromClipboard(int channel)
+QString MixerModel::pasteFromClipboard(int channel)
 {
     const ChannelText::Content content =
         ChannelText::fromMime(QGuiApplication::clipboard()->mimeData(), m_memory.values(channel));
-    if (!content.fault.isEmpty())
-        return tr("Nothing is pasted: %1.").arg(content.fault);
+    if (!content.error.isEmpty())
+        return tr("Nothing is pasted: %1.").arg(content.error);
     const EditHistory::Step step(m_history, tr("Paste"));
     m_memory.write(channel, content.values);
     return QString();
 }
 
-Transport* Desk::transport() const { return m_transport; }
+Transport* MixerModel::transport() const { return m_transport; }
 
-void Desk::setTransport(Transport* transport)
+void MixerModel::setTransport(Transport* transport)
 {
     m_transport = transport;
     Q_EMIT transportChanged();
 }
 
-#include "moc_Desk.cpp"
+#include "moc_MixerModel.cpp"

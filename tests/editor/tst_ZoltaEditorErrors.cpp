@@ -10,7 +10,7 @@
 #include <climits>
 
 /// Hosts that refuse, lack or garble things: the editor stays usable and leaves nothing behind.
-class tst_ZoltaEditorFaults : public TestObject
+class tst_ZoltaEditorErrors : public TestObject
 {
     Q_OBJECT
 
@@ -85,12 +85,12 @@ int failed(const TestHost& host, Operation operation)
 
 } // namespace
 
-void tst_ZoltaEditorFaults::anyCallMayFailOnce()
+void tst_ZoltaEditorErrors::anyCallMayFailOnce()
 {
-    TestHost faultless;
-    session(faultless);
-    QVERIFY(faultless.callCount() > 500);
-    for (int n = 1; n <= faultless.callCount(); ++n) {
+    TestHost flawless;
+    session(flawless);
+    QVERIFY(flawless.callCount() > 500);
+    for (int n = 1; n <= flawless.callCount(); ++n) {
         TestHost host;
         host.failAnyCall(n);
         session(host);
@@ -100,14 +100,14 @@ void tst_ZoltaEditorFaults::anyCallMayFailOnce()
     }
 }
 
-void tst_ZoltaEditorFaults::anOperationMayAlwaysFail_data()
+void tst_ZoltaEditorErrors::anOperationMayAlwaysFail_data()
 {
     QTest::addColumn<int>("operation");
     for (int operation = 0; operation < int(Operation::Reserved); ++operation)
         QTest::newRow(qPrintable(QString::number(operation))) << operation;
 }
 
-void tst_ZoltaEditorFaults::anOperationMayAlwaysFail()
+void tst_ZoltaEditorErrors::anOperationMayAlwaysFail()
 {
     QFETCH(int, operation);
     TestHost host;
@@ -117,7 +117,7 @@ void tst_ZoltaEditorFaults::anOperationMayAlwaysFail()
     QVERIFY(host.meterObserverCount() <= failed(host, Operation::RemoveMeterObserver));
 }
 
-void tst_ZoltaEditorFaults::detachingLeavesTheMetersThoughTheQueryFails()
+void tst_ZoltaEditorErrors::detachingLeavesTheMetersThoughTheQueryFails()
 {
     EditorFixture fixture;
     fixture.bind();
@@ -126,7 +126,7 @@ void tst_ZoltaEditorFaults::detachingLeavesTheMetersThoughTheQueryFails()
     QCOMPARE(fixture.host.meterObserverCount(), 0);
     fixture.bind();
     QCOMPARE(fixture.host.meterObserverCount(), 0);
-    fixture.host.clearFaults();
+    fixture.host.clearErrors();
     fixture.editor->setMemAPI(nullptr);
     fixture.bind();
     QCOMPARE(fixture.host.meterObserverCount(), 1);
@@ -135,7 +135,7 @@ void tst_ZoltaEditorFaults::detachingLeavesTheMetersThoughTheQueryFails()
     QCOMPARE(fixture.host.meterObserverCount(), 0);
 }
 
-void tst_ZoltaEditorFaults::anEmptyModel()
+void tst_ZoltaEditorErrors::anEmptyModel()
 {
     EditorFixture fixture;
     for (const ParameterControls& parameter : AllParameters)
@@ -149,7 +149,7 @@ void tst_ZoltaEditorFaults::anEmptyModel()
     QVERIFY(!fixture.editor->grab().isNull());
 }
 
-void tst_ZoltaEditorFaults::noModel()
+void tst_ZoltaEditorErrors::noModel()
 {
     TestHost host;
     ZoltaEditor editor;
@@ -162,7 +162,7 @@ void tst_ZoltaEditorFaults::noModel()
     QVERIFY(editor.findChild<QWidget*>(QStringLiteral("m_pDriveCleanSwitch"))->isHidden());
 }
 
-void tst_ZoltaEditorFaults::aModelWithoutMeters()
+void tst_ZoltaEditorErrors::aModelWithoutMeters()
 {
     EditorFixture fixture;
     fixture.host.removeMeter("meter_oxa_snd");
@@ -173,7 +173,7 @@ void tst_ZoltaEditorFaults::aModelWithoutMeters()
     QCOMPARE(fixture.svg("LedStereoMeterL"), QStringLiteral(":/image/zolta/meter_0.svg"));
 }
 
-void tst_ZoltaEditorFaults::channelsTheModelDoesNotHave_data()
+void tst_ZoltaEditorErrors::channelsTheModelDoesNotHave_data()
 {
     QTest::addColumn<int>("ch");
     QTest::addColumn<int>("ch2");
@@ -183,7 +183,7 @@ void tst_ZoltaEditorFaults::channelsTheModelDoesNotHave_data()
     }
 }
 
-void tst_ZoltaEditorFaults::channelsTheModelDoesNotHave()
+void tst_ZoltaEditorErrors::channelsTheModelDoesNotHave()
 {
     QFETCH(int, ch);
     QFETCH(int, ch2);
@@ -202,7 +202,7 @@ void tst_ZoltaEditorFaults::channelsTheModelDoesNotHave()
     QVERIFY(!controller(fixture.widget("LowGainTextEdit"))->string().isEmpty());
 }
 
-void tst_ZoltaEditorFaults::rangesOfOneValue()
+void tst_ZoltaEditorErrors::rangesOfOneValue()
 {
     EditorFixture fixture;
     for (const ParameterControls& parameter : AllParameters)
@@ -222,7 +222,7 @@ void tst_ZoltaEditorFaults::rangesOfOneValue()
     QVERIFY(!fixture.editor->grab().isNull());
 }
 
-void tst_ZoltaEditorFaults::garbledTexts()
+void tst_ZoltaEditorErrors::garbledTexts()
 {
     EditorFixture fixture;
     fixture.host.setTerminating(false);
@@ -233,7 +233,7 @@ void tst_ZoltaEditorFaults::garbledTexts()
     QVERIFY(controller(fixture.widget("InputTextEdit"))->string().size() <= 256);
 }
 
-void tst_ZoltaEditorFaults::aThousandEditorsComeAndGo()
+void tst_ZoltaEditorErrors::aThousandEditorsComeAndGo()
 {
     constexpr int Lives = 1000;
     constexpr int Habituation = 500; // of the caches of fonts and pictures
@@ -252,5 +252,5 @@ void tst_ZoltaEditorFaults::aThousandEditorsComeAndGo()
     QVERIFY2(now < used + 100 * (Lives - Habituation), qPrintable(QString::number(now - used)));
 }
 
-ZOLTA_TEST_MAIN(tst_ZoltaEditorFaults)
-#include "tst_ZoltaEditorFaults.moc"
+ZOLTA_TEST_MAIN(tst_ZoltaEditorErrors)
+#include "tst_ZoltaEditorErrors.moc"

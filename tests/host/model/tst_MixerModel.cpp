@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/model/ChannelText.h"
-#include "host/model/Desk.h"
+#include "host/model/MixerModel.h"
 #include "hosting/HostMemory.h"
 #include "tests/support/TestObject.h"
 
@@ -16,8 +16,8 @@ constexpr std::size_t middle2Gain = 10;
 
 } // namespace
 
-// What the desk keeps: names, pairs, A and B, and the clipboard.
-class tst_Desk : public TestObject
+// What the mixer's model keeps: names, pairs, A and B, and the clipboard.
+class tst_MixerModel : public TestObject
 {
     Q_OBJECT
 
@@ -46,81 +46,81 @@ private Q_SLOTS:
 
 private:
     HostMemory& memory() { return *m_memory; }
-    EditHistory& history() { return m_desk->history(); }
-    ChannelCompare& compare() { return m_desk->compare(); }
+    EditHistory& history() { return m_mixerModel->history(); }
+    ChannelCompare& compare() { return m_mixerModel->compare(); }
     void put(int channel, std::size_t parameter, int value);
     int gain(int channel = 0) { return m_memory->values(channel)[lowGain]; }
 
     std::unique_ptr<HostMemory> m_memory;
-    std::unique_ptr<Desk> m_desk;
+    std::unique_ptr<MixerModel> m_mixerModel;
 };
 
-void tst_Desk::init()
+void tst_MixerModel::init()
 {
     TestObject::init();
     m_memory = std::make_unique<HostMemory>();
-    m_desk = std::make_unique<Desk>(*m_memory);
+    m_mixerModel = std::make_unique<MixerModel>(*m_memory);
 }
 
-void tst_Desk::cleanup()
+void tst_MixerModel::cleanup()
 {
-    m_desk.reset();
+    m_mixerModel.reset();
     m_memory.reset();
 }
 
-void tst_Desk::put(int channel, std::size_t parameter, int value)
+void tst_MixerModel::put(int channel, std::size_t parameter, int value)
 {
     m_memory->setValue(parameterId(parameter), static_cast<unsigned short>(channel), value, 0, 0,
                        1);
 }
 
-void tst_Desk::namesAreKept()
+void tst_MixerModel::namesAreKept()
 {
-    QSignalSpy spy(m_desk.get(), &Desk::nameChanged);
-    QCOMPARE(m_desk->shownName(3), QStringLiteral("Channel 3"));
-    m_desk->setName(3, QStringLiteral("Snare"));
-    QCOMPARE(m_desk->name(3), QStringLiteral("Snare"));
-    QCOMPARE(m_desk->shownName(3), QStringLiteral("Snare"));
-    QCOMPARE(m_desk->name(2), QString());
+    QSignalSpy spy(m_mixerModel.get(), &MixerModel::nameChanged);
+    QCOMPARE(m_mixerModel->shownName(3), QStringLiteral("Channel 3"));
+    m_mixerModel->setName(3, QStringLiteral("Snare"));
+    QCOMPARE(m_mixerModel->name(3), QStringLiteral("Snare"));
+    QCOMPARE(m_mixerModel->shownName(3), QStringLiteral("Snare"));
+    QCOMPARE(m_mixerModel->name(2), QString());
     QCOMPARE(spy, (QList<QList<QVariant>>{{3}}));
     QCOMPARE(history().stack().count(), 0);
 }
 
-void tst_Desk::renamingIsAStep()
+void tst_MixerModel::renamingIsAStep()
 {
-    m_desk->rename(1, QStringLiteral("Kick"));
-    m_desk->rename(1, QStringLiteral("Kick in"));
-    m_desk->rename(1, QStringLiteral("Kick in"));
+    m_mixerModel->rename(1, QStringLiteral("Kick"));
+    m_mixerModel->rename(1, QStringLiteral("Kick in"));
+    m_mixerModel->rename(1, QStringLiteral("Kick in"));
     QCOMPARE(history().stack().count(), 2);
     history().stack().undo();
-    QCOMPARE(m_desk->name(1), QStringLiteral("Kick"));
+    QCOMPARE(m_mixerModel->name(1), QStringLiteral("Kick"));
     history().stack().undo();
-    QCOMPARE(m_desk->name(1), QString());
+    QCOMPARE(m_mixerModel->name(1), QString());
     history().stack().redo();
-    QCOMPARE(m_desk->name(1), QStringLiteral("Kick"));
+    QCOMPARE(m_mixerModel->name(1), QStringLiteral("Kick"));
 }
 
-void tst_Desk::blankNamesCountAsNone()
+void tst_MixerModel::blankNamesCountAsNone()
 {
-    m_desk->rename(0, QStringLiteral("  \t "));
-    QCOMPARE(m_desk->name(0), QString());
+    m_mixerModel->rename(0, QStringLiteral("  \t "));
+    QCOMPARE(m_mixerModel->name(0), QString());
     QCOMPARE(history().stack().count(), 0);
-    m_desk->rename(0, QStringLiteral("  Lead \n vocal "));
-    QCOMPARE(m_desk->name(0), QStringLiteral("Lead vocal"));
+    m_mixerModel->rename(0, QStringLiteral("  Lead \n vocal "));
+    QCOMPARE(m_mixerModel->name(0), QStringLiteral("Lead vocal"));
 }
 
-void tst_Desk::leaderOfAPair()
+void tst_MixerModel::leaderOfAPair()
 {
-    QCOMPARE(m_desk->leaderOf(5), 4);
-    QCOMPARE(m_desk->leaderOf(4), 4);
+    QCOMPARE(m_mixerModel->leaderOf(5), 4);
+    QCOMPARE(m_mixerModel->leaderOf(4), 4);
     memory().setStrip(4, StripParameter::Stereo, 0);
-    QCOMPARE(m_desk->leaderOf(5), 5);
-    QVERIFY(!m_desk->isPair(5));
+    QCOMPARE(m_mixerModel->leaderOf(5), 5);
+    QVERIFY(!m_mixerModel->isPair(5));
     memory().setStrip(7, StripParameter::Stereo, 0); // the pair's first channel decides
-    QVERIFY(m_desk->isPair(7));
+    QVERIFY(m_mixerModel->isPair(7));
 }
 
-void tst_Desk::audible_data()
+void tst_MixerModel::audible_data()
 {
     QTest::addColumn<QList<int>>("muted");
     QTest::addColumn<QList<int>>("soloed");
@@ -135,7 +135,7 @@ void tst_Desk::audible_data()
     QTest::newRow("hidden solo") << QList<int>{} << QList<int>{7} << all;
 }
 
-void tst_Desk::audible()
+void tst_MixerModel::audible()
 {
     QFETCH(const QList<int>, muted);
     QFETCH(const QList<int>, soloed);
@@ -146,13 +146,13 @@ void tst_Desk::audible()
         memory().setStrip(ch, StripParameter::Solo, 1);
     QList<int> found;
     for (int ch = 0; ch < channelCount; ++ch) {
-        if (m_desk->isAudible(ch))
+        if (m_mixerModel->isAudible(ch))
             found << ch;
     }
     QCOMPARE(found, heard);
 }
 
-void tst_Desk::chooseKeepsBoth()
+void tst_MixerModel::chooseKeepsBoth()
 {
     QSignalSpy spy(&compare(), &ChannelCompare::chosen);
     put(0, lowGain, 30);
@@ -169,7 +169,7 @@ void tst_Desk::chooseKeepsBoth()
     QCOMPARE(spy.count(), 3);
 }
 
-void tst_Desk::chooseIsAStep()
+void tst_MixerModel::chooseIsAStep()
 {
     put(0, lowGain, 30);
     put(0, middle2Gain, 20);
@@ -185,7 +185,7 @@ void tst_Desk::chooseIsAStep()
     QCOMPARE(gain(), 30);
 }
 
-void tst_Desk::editsBetweenChoicesAreUndoneInOrder()
+void tst_MixerModel::editsBetweenChoicesAreUndoneInOrder()
 {
     put(0, lowGain, 30);
     compare().choose(0, true);
@@ -203,7 +203,7 @@ void tst_Desk::editsBetweenChoicesAreUndoneInOrder()
     QCOMPARE(gain(), -50);
 }
 
-void tst_Desk::copyToTheOther()
+void tst_MixerModel::copyToTheOther()
 {
     put(0, lowGain, 30);
     compare().copy(0, true);
@@ -217,7 +217,7 @@ void tst_Desk::copyToTheOther()
     QCOMPARE(gain(), 0);
 }
 
-void tst_Desk::copyFromTheOther()
+void tst_MixerModel::copyFromTheOther()
 {
     put(0, lowGain, 30);
     compare().choose(0, true);
@@ -229,7 +229,7 @@ void tst_Desk::copyFromTheOther()
     QCOMPARE(gain(), 0);
 }
 
-void tst_Desk::copyOfTheSameIsNoStep()
+void tst_MixerModel::copyOfTheSameIsNoStep()
 {
     put(0, lowGain, 30);
     compare().copy(0, true);
@@ -241,7 +241,7 @@ void tst_Desk::copyOfTheSameIsNoStep()
     QCOMPARE(gain(), 30);
 }
 
-void tst_Desk::channelsAreApart()
+void tst_MixerModel::channelsAreApart()
 {
     put(0, lowGain, 30);
     put(1, lowGain, 31);
@@ -250,14 +250,14 @@ void tst_Desk::channelsAreApart()
     QCOMPARE(gain(1), 31);
 }
 
-void tst_Desk::pasteIsAStep()
+void tst_MixerModel::pasteIsAStep()
 {
     put(2, lowGain, 77);
     put(2, middle2Gain, -33);
     history().clear();
-    m_desk->copyToClipboard(2);
-    QVERIFY(m_desk->canPaste());
-    QCOMPARE(m_desk->pasteFromClipboard(6), QString());
+    m_mixerModel->copyToClipboard(2);
+    QVERIFY(m_mixerModel->canPaste());
+    QCOMPARE(m_mixerModel->pasteFromClipboard(6), QString());
     QCOMPARE(memory().values(6), memory().values(2));
     QCOMPARE(history().stack().count(), 1);
     QCOMPARE(history().stack().undoText(), QStringLiteral("Paste"));
@@ -265,27 +265,27 @@ void tst_Desk::pasteIsAStep()
     QCOMPARE(memory().values(6), HostMemory().values(6));
 }
 
-void tst_Desk::clipboardIsReadable()
+void tst_MixerModel::clipboardIsReadable()
 {
     put(0, lowGain, 35);
-    m_desk->copyToClipboard(0);
+    m_mixerModel->copyToClipboard(0);
     const QString text = QApplication::clipboard()->text();
     QVERIFY2(text.contains(QStringLiteral("\"Low gain\": \"+3.5\"")), qPrintable(text));
     QVERIFY(text.contains(QStringLiteral("\"Low type\": \"Shelf 12\"")));
 }
 
-void tst_Desk::typedClipboardIsUnderstood()
+void tst_MixerModel::typedClipboardIsUnderstood()
 {
     put(0, middle2Gain, 12);
     QApplication::clipboard()->setText(QStringLiteral(
         "{\"zolta-equalizer\": {\"Low gain\": \"4 dB\", \"Flux\": 3, \"Low frequency\": \"1k\"}}"));
-    QCOMPARE(m_desk->pasteFromClipboard(0), QString());
+    QCOMPARE(m_mixerModel->pasteFromClipboard(0), QString());
     QCOMPARE(gain(), 40);
     QCOMPARE(memory().values(0)[1], 680); // 20 Hz times 10^(680 / 400) is 1002 Hz
     QCOMPARE(memory().values(0)[middle2Gain], 12);
 }
 
-void tst_Desk::wrongClipboard_data()
+void tst_MixerModel::wrongClipboard_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("reason");
@@ -300,17 +300,18 @@ void tst_Desk::wrongClipboard_data()
                                 << QStringLiteral("\"x\" is no value of \"Low gain\"");
 }
 
-void tst_Desk::wrongClipboard()
+void tst_MixerModel::wrongClipboard()
 {
     QFETCH(const QString, text);
     QFETCH(const QString, reason);
     QApplication::clipboard()->setText(text);
-    QCOMPARE(m_desk->pasteFromClipboard(0), QStringLiteral("Nothing is pasted: %1.").arg(reason));
+    QCOMPARE(m_mixerModel->pasteFromClipboard(0),
+             QStringLiteral("Nothing is pasted: %1.").arg(reason));
     QCOMPARE(memory().values(0), HostMemory().values(0));
     QCOMPARE(history().stack().count(), 0);
 }
 
-void tst_Desk::everyValueComesBackFromText()
+void tst_MixerModel::everyValueComesBackFromText()
 {
     const HostMemory::Values start = HostMemory().values(0);
     for (std::size_t i = 0; i < parameterCount; ++i) {
@@ -319,12 +320,12 @@ void tst_Desk::everyValueComesBackFromText()
             HostMemory::Values values = start;
             values[i] = value;
             const auto content = ChannelText::fromJson(ChannelText::toJson(values), start);
-            QCOMPARE(content.fault, QString());
+            QCOMPARE(content.error, QString());
             QCOMPARE(content.values, values);
         }
     }
 }
 
-ZOLTA_TEST_MAIN(tst_Desk)
+ZOLTA_TEST_MAIN(tst_MixerModel)
 
-#include "tst_Desk.moc"
+#include "tst_MixerModel.moc"
