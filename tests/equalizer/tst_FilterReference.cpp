@@ -75,7 +75,7 @@ void tst_FilterReference::loadRows(bool peaks)
     QTest::addColumn<QByteArray>("design");
     QTest::addColumn<Row>("row");
 
-    QFile file(QFINDTESTDATA("reference.tsv"));
+    QFile file(QStringLiteral(REFERENCE_FILE));
     QVERIFY(file.open(QIODevice::ReadOnly));
     QList<QByteArray> header;
     while (!file.atEnd()) {
