@@ -1,0 +1,266 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/monkey/EditorMonkey.h"
+
+#include "interfaces/IVaskEffect.h"
+#include "interfaces/IVaskEffectEditor2.h"
+#include "tests/support/TestStream.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <QWheelEvent>
+#include <QWindow>
+#include <QtTest>
+
+#include <limits>
+
+EditorMonkey::EditorMonkey(const QString& library, std::uint32_t seed)
+    : m_dice(seed)
+    , m_loader(library)
+    , m_effect(qobject_cast<IVaskEffect*>(m_loader.instance()))
+{
+    m_host.setDisturbance([this] { disturb(); });
+    m_stage->resize(1000, 600);
+    m_stage->show();
+}
+
+EditorMonkey::~EditorMonkey()
+{
+    m_host.setDisturbance({});
+    deleteEditor();
+}
+
+QString EditorMonkey::act()
+{
+    if (!m_effect)
+        return m_loader.errorString();
+    if (!m_guard)
+        makeEditor();
+    const int choice = m_dice.between(1, 1000);
+    if (choice <= 700)
+        userEvent();
+    else if (choice <= 800)
+        hostEvent();
+    else if (choice <= 870)
+        configure();
+    else if (choice <= 920)
+        windowEvent();
+    else if (choice <= 990)
+        bind();
+    else
+        deleteEditor();
+    if (m_dice.oneIn(8))
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+    return m_leaked ? QStringLiteral("a deleted editor left observers behind") : QString();
+}
+
+void EditorMonkey::makeEditor()
+{
+    m_editor = static_cast<IVaskEffectEditor2*>(m_effect->create(
+        m_stage.get(), static_cast<unsigned short>(m_dice.between(0, MonkeyHost::channels - 1)),
+        &m_host));
+    m_guard = m_editor;
+    m_editor->setMemAPI(&m_host);
+    m_editor->setCh(m_dice.between(0, 3), m_dice.between(-1, 3));
+    m_editor->show();
+}
+
+void EditorMonkey::deleteEditor()
+{
+    delete m_guard.data();
+    m_leaked = m_leaked || m_host.observers() > 0;
+}
+
+// In the middle of a write.
+void EditorMonkey::disturb()
+{
+    if (!m_guard)
+        return;
+    if (m_dice.oneIn(3))
+        deleteEditor();
+    else if (m_dice.oneIn(2))
+        bind();
+    else
+        windowEvent();
+}
+
+QWindow* EditorMonkey::window()
+{
+    if (QWidget* popup = QApplication::activePopupWidget(); popup && !m_dice.oneIn(4))
+        return popup->windowHandle();
+    return m_stage->windowHandle();
+}
+
+QPoint EditorMonkey::anyPoint()
+{
+    if (m_dice.oneIn(3))
+        return {m_dice.between(-20, 1020), m_dice.between(-20, 620)};
+    return m_pointer + QPoint(m_dice.between(-30, 30), m_dice.between(-30, 30));
+}
+
+Qt::KeyboardModifiers EditorMonkey::anyModifiers()
+{
+    return m_dice.pick(
+        {Qt::NoModifier, Qt::NoModifier, Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier});
+}
+
+void EditorMonkey::userEvent()
+{
+    const int choice = m_dice.between(1, 10);
+    if (choice <= 6)
+        pointer();
+    else if (choice <= 8)
+        key();
+    else if (choice <= 9)
+        wheel();
+    else
+        focus();
+}
+
+void EditorMonkey::pointer()
+{
+    m_pointer = anyPoint();
+    const Qt::MouseButton button = m_dice.oneIn(10) ? Qt::RightButton : Qt::LeftButton;
+    const int choice = m_dice.between(1, 10);
+    if (choice <= 5) {
+        QTest::mouseMove(window(), m_pointer);
+    } else if (choice <= 7) {
+        QTest::mousePress(window(), button, anyModifiers(), m_pointer);
+    } else if (choice <= 9) {
+        QTest::mouseRelease(window(), button, anyModifiers(), m_pointer);
+    } else {
+        QTest::mouseDClick(window(), button, anyModifiers(), m_pointer);
+    }
+}
+
+void EditorMonkey::key()
+{
+    const auto key = static_cast<Qt::Key>(m_dice.pick<int>(
+        {Qt::Key_Tab,      Qt::Key_Backtab, Qt::Key_Space,  Qt::Key_Return, Qt::Key_Escape,
+         Qt::Key_Up,       Qt::Key_Down,    Qt::Key_Left,   Qt::Key_Right,  Qt::Key_PageUp,
+         Qt::Key_PageDown, Qt::Key_Home,    Qt::Key_End,    Qt::Key_Delete, Qt::Key_1,
+         Qt::Key_2,        Qt::Key_Minus,   Qt::Key_Period, Qt::Key_K,      Qt::Key_F10}));
+    if (m_dice.oneIn(2))
+        QTest::keyPress(window(), key, anyModifiers());
+    else
+        QTest::keyRelease(window(), key, anyModifiers());
+}
+
+void EditorMonkey::wheel()
+{
+    QWidget* target = m_stage->childAt(m_pointer);
+    if (!target)
+        return;
+    const QPoint place = target->mapFrom(m_stage.get(), m_pointer);
+    const int delta = m_dice.oneIn(10) ? m_dice.anyInt() : m_dice.pick({-120, -15, 15, 120});
+    QWheelEvent event(place, target->mapToGlobal(place), QPoint(), QPoint(0, delta), Qt::NoButton,
+                      anyModifiers(), Qt::NoScrollPhase, m_dice.oneIn(4));
+    QCoreApplication::sendEvent(target, &event);
+}
+
+void EditorMonkey::focus()
+{
+    const QList<QWidget*> widgets = m_stage->findChildren<QWidget*>();
+    if (widgets.isEmpty())
+        return;
+    if (m_dice.oneIn(4))
+        m_stage->clearFocus();
+    else
+        widgets[m_dice.between(0, static_cast<int>(widgets.size()) - 1)]->setFocus();
+}
+
+void EditorMonkey::windowEvent()
+{
+    const int choice = m_dice.between(1, 8);
+    if (choice <= 2)
+        m_guard->setVisible(m_dice.oneIn(2));
+    else if (choice == 3)
+        m_guard->setEnabled(!m_dice.oneIn(3));
+    else if (choice == 4)
+        m_stage->setVisible(!m_dice.oneIn(3));
+    else if (choice == 5)
+        m_stage->activateWindow();
+    else if (choice == 6)
+        m_guard->grab(QRect(anyPoint(), QSize(200, 150)));
+    else if (m_dice.oneIn(2))
+        QCoreApplication::installTranslator(&m_translator);
+    else
+        QCoreApplication::removeTranslator(&m_translator);
+}
+
+void EditorMonkey::configure()
+{
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    switch (m_dice.between(1, 8)) {
+    case 1:
+        m_editor->setScale(m_dice.oneIn(5) ? m_dice.pick({nan, -1.0, 0.0, 1e-300, 4.0})
+                                           : m_dice.between(5, 15) / 10.0);
+        break;
+    case 2:
+        m_editor->setFs(m_dice.oneIn(3) ? m_dice.anyInt() : m_dice.pick({44100, 48000, 192000}));
+        break;
+    case 3:
+        m_editor->setStereo(m_dice.oneIn(2));
+        break;
+    case 4:
+        m_editor->setOn(m_dice.oneIn(2));
+        break;
+    case 5:
+        m_editor->setDialEditMode(m_dice.between(-1, 4));
+        break;
+    case 6:
+        m_editor->setSliderEditMode(m_dice.between(-1, 5));
+        break;
+    case 7:
+        m_editor->setEditorSettings({{QStringLiteral("GraphZoom"), m_dice.anyInt()}});
+        break;
+    default:
+        static_cast<void>(m_editor->getEditorSettings());
+    }
+}
+
+void EditorMonkey::bind()
+{
+    const int choice = m_dice.between(1, 8);
+    if (choice == 1)
+        m_editor->setMemAPI(nullptr);
+    else if (choice <= 3)
+        m_editor->setMemAPI(&m_host);
+    else if (choice <= 5)
+        m_editor->setCh(m_dice.between(-1, 5), m_dice.between(-1, 5));
+    else if (choice == 6)
+        m_editor->setModelInfo(m_dice.oneIn(3) ? nullptr : &m_host);
+    else
+        state();
+}
+
+void EditorMonkey::state()
+{
+    QByteArray bytes;
+    for (int size = m_dice.pick({0, 3, 4, 60, 116, 200}); size > 0; --size)
+        bytes.append(static_cast<char>(m_dice.between(0, 255)));
+    TestStream stream(bytes, m_dice.oneIn(2) ? TestStream::End::Fails : TestStream::End::Lies);
+    if (m_dice.oneIn(3))
+        m_editor->getVstComponent()->getState(&stream);
+    else
+        m_editor->getVstComponent()->setState(&stream);
+}
+
+void EditorMonkey::hostEvent()
+{
+    switch (m_dice.between(1, 6)) {
+    case 1:
+        m_host.changeAnyRange();
+        break;
+    case 2:
+        m_host.notifyAnyProperty();
+        break;
+    case 3:
+        m_host.setFailing(m_dice.oneIn(3) ? 10 : 0);
+        break;
+    case 4:
+        m_host.pushMeters();
+        break;
+    default:
+        m_host.writeAny();
+    }
+}
