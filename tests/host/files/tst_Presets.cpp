@@ -60,7 +60,7 @@ void tst_Presets::initTestCase()
 {
     QStandardPaths::setTestModeEnabled(true);
     m_folder = PresetFolder(PresetFolder::standardFolder());
-    QCOMPARE(m_mixer.library.load(QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")),
+    QCOMPARE(m_mixer.library.load(QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")).error(),
              QString());
 }
 

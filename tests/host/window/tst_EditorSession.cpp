@@ -48,7 +48,7 @@ private:
 
 void tst_EditorSession::initTestCase()
 {
-    QCOMPARE(m_mixer.library.load(QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")),
+    QCOMPARE(m_mixer.library.load(QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")).error(),
              QString());
 }
 
@@ -310,7 +310,7 @@ void tst_EditorSession::mapIsReadAgainByTheNextRun()
 {
     const QString file = path(QStringLiteral("editors.json"));
     Mixer first;
-    QCOMPARE(first.library.load(QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")),
+    QCOMPARE(first.library.load(QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")).error(),
              QString());
     QCOMPARE(first.settings.open(file), QString());
     m_stage = std::make_unique<QWidget>();
