@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "parameters/ParameterTable.h"
 
+#include "equalizer/EqualizerBands.h"
+
 #include <QtGlobal>
 
 #include <algorithm>
@@ -38,7 +40,8 @@ constexpr std::array<const char*, parameterCount> titles = {
 };
 
 // By band: the steps nearest to 80, 400, 800, 2500, 5600 and 12500 Hz.
-constexpr std::array<int, 6> defaultFrequencies = {241, 520, 641, 839, 979, 1118};
+constexpr std::array<int, EqualizerBands::Count> defaultFrequencies = {241, 520, 641,
+                                                                       839, 979, 1118};
 constexpr int defaultQuality = 158; // the step nearest to 1.5
 
 constexpr Parameter described(std::size_t index, ParameterKind kind, int minimum, int maximum,
@@ -53,8 +56,9 @@ constexpr Parameter parameterAt(std::size_t index)
     const int band = equalizerParameters[index].band;
     switch (equalizerParameters[index].field) {
     case EqualizerField::Type:
-        return described(index, band == 0 ? ParameterKind::LowType : ParameterKind::HighType, 0, 3,
-                         3);
+        return described(
+            index, band == EqualizerBands::Low ? ParameterKind::LowType : ParameterKind::HighType,
+            0, 3, 3);
     case EqualizerField::Quality:
         return described(index, ParameterKind::Quality, 0, 500, defaultQuality);
     case EqualizerField::Frequency:

@@ -305,7 +305,8 @@ void tst_Presets::badFilesAreExplained_data()
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("reason");
     QTest::newRow("empty") << QByteArray() << QStringLiteral("is empty.");
-    QTest::newRow("noise") << QByteArray("hello") << QStringLiteral("is no equalizer state");
+    QTest::newRow("noise") << QByteArray("hello")
+                           << QStringLiteral("is neither an equalizer state");
     QTest::newRow("cut short") << QByteArray("VST3abc") << QStringLiteral("cut short");
 }
 
