@@ -29,11 +29,11 @@ int main(int argc, char* argv[])
 
     QElapsedTimer timer;
     timer.start();
-    const QString error = mixer.library.load(EditorLibrary::fileBeside(programFolder()));
+    const Status library = mixer.library.load(EditorLibrary::fileBeside(programFolder()));
     const qint64 loaded = timer.nsecsElapsed();
     QWidget stage;
     const auto session = EditorSession::open(mixer, settings, &stage);
-    if (!error.isEmpty() || !session)
+    if (!library.isOk() || !session)
         return EXIT_FAILURE;
     const qint64 made = timer.nsecsElapsed();
     stage.show();

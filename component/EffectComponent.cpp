@@ -4,6 +4,8 @@
 #include "interfaces/IMemAPI.h"
 #include "interfaces/IModelInfo.h"
 
+#include <QtEndian>
+
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -28,19 +30,17 @@ float clampedToUnit(float value)
     return value > 1.0f ? 1.0f : value;
 }
 
+// The bits travel as an integer: a float register need not keep those of every NaN.
 Word toBigEndian(float value)
 {
-    const auto bits = std::bit_cast<std::uint32_t>(value);
-    return {static_cast<unsigned char>(bits >> 24), static_cast<unsigned char>(bits >> 16),
-            static_cast<unsigned char>(bits >> 8), static_cast<unsigned char>(bits)};
+    Word word;
+    qToBigEndian(std::bit_cast<std::uint32_t>(value), word.data());
+    return word;
 }
 
 float fromBigEndian(const Word& word)
 {
-    std::uint32_t bits = 0;
-    for (const unsigned char byte : word)
-        bits = bits << 8 | byte;
-    return std::bit_cast<float>(bits);
+    return std::bit_cast<float>(qFromBigEndian<std::uint32_t>(word.data()));
 }
 
 tresult readWord(IBStream* stream, Word* word)

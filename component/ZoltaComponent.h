@@ -8,6 +8,9 @@
 class ZoltaComponent final : public EffectComponent
 {
 public:
+    /// The class that the equalizer's presets belong to.
+    static Steinberg::FUID classId();
+
     const unsigned char* getDataVersion() const override;
     /// The same list for every version.
     std::list<const char*> getParameterList(const unsigned char* dataVersion) const override;

@@ -63,7 +63,7 @@ int wheelDelta(const QWheelEvent& event)
 ZoltaEditor::ZoltaEditor(QWidget* parent)
     : EffectEditor(parent)
     , m_ui(new Ui_ZoltaEditor)
-    , m_uid(0x56535464, 0x78704265, 0x7175616C, 0x697A6572)
+    , m_uid(ZoltaComponent::classId())
 {
     m_ui->setupUi(this);
     // Without a role of its own the editor would take over its parent's.

@@ -3,6 +3,7 @@
 
 #include "engine/BandChain.h"
 #include "engine/DenormalGuard.h"
+#include "equalizer/Decibels.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,8 +13,6 @@ namespace {
 
 // Fewer bands are faster one after the other.
 constexpr int fewestForChain = 3;
-
-double ratioOf(double decibels) { return std::pow(10.0, decibels / 20.0); }
 
 // No number is not, either.
 bool isSignal(double sample) { return std::abs(sample) <= ChannelProcessor::loudest; }
@@ -45,8 +44,8 @@ void ChannelProcessor::setValues(const Values& values)
             takeOverBand(band, false);
     }
     const std::int64_t samples = rampSamples(m_sampleRate);
-    m_input.moveTo(ratioOf(inputLevelOf(m_values)), samples);
-    m_output.moveTo(ratioOf(outputLevelOf(m_values)), samples);
+    m_input.moveTo(amplitudeRatio(inputLevelOf(m_values)), samples);
+    m_output.moveTo(amplitudeRatio(outputLevelOf(m_values)), samples);
     m_drive.set(isDriven(m_values));
 }
 
@@ -84,8 +83,8 @@ void ChannelProcessor::takeOver(bool atOnce)
 {
     for (int band = 0; band < EqualizerBands::Count; ++band)
         takeOverBand(band, atOnce);
-    m_input.jumpTo(ratioOf(inputLevelOf(m_values)));
-    m_output.jumpTo(ratioOf(outputLevelOf(m_values)));
+    m_input.jumpTo(amplitudeRatio(inputLevelOf(m_values)));
+    m_output.jumpTo(amplitudeRatio(outputLevelOf(m_values)));
     m_drive.setSampleRate(m_sampleRate);
     m_drive.set(isDriven(m_values));
     m_drive.forget();

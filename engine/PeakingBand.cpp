@@ -2,6 +2,7 @@
 #include "engine/PeakingBand.h"
 
 #include "equalizer/BandDesign.h"
+#include "equalizer/Decibels.h"
 
 #include <cmath>
 
@@ -10,8 +11,6 @@ namespace {
 constexpr double octave = 2.0;
 
 double gainOf(const Band& band) { return band.on ? band.gain : 0.0; }
-
-double ratioOf(double decibels) { return std::pow(10.0, decibels / 20.0); }
 
 double run(FILTER2PEQ::Runner* filter, double ratio, double sample)
 {
@@ -28,7 +27,7 @@ void PeakingBand::set(const Band& band, double sampleRate, bool atOnce)
 {
     const bool moved = band.frequency != m_band.frequency || band.quality != m_band.quality;
     m_band = band;
-    m_gainFactor = ratioOf(std::abs(gainOf(band))) - 1.0;
+    m_gainFactor = amplitudeRatio(std::abs(gainOf(band))) - 1.0;
     if (atOnce) {
         m_sampleRate = sampleRate;
         m_fade.setLength(rampSamples(sampleRate));
@@ -38,13 +37,13 @@ void PeakingBand::set(const Band& band, double sampleRate, bool atOnce)
         designFromSilence();
     else if (moved)
         m_waiting = true;
-    m_gain.moveTo(ratioOf(gainOf(band)), rampSamples(m_sampleRate));
+    m_gain.moveTo(amplitudeRatio(gainOf(band)), rampSamples(m_sampleRate));
 }
 
 void PeakingBand::forget()
 {
     m_fade.jumpTo(true);
-    m_gain.jumpTo(ratioOf(gainOf(m_band)));
+    m_gain.jumpTo(amplitudeRatio(gainOf(m_band)));
     designFromSilence();
 }
 

@@ -4,28 +4,22 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <numbers>
 
 namespace BandDesign {
 
 namespace {
 
-constexpr double Pi = 3.141592653589793;
-
-constexpr double LowestFrequency = 20.0;
-constexpr double HighestFrequency = 20000.0;
 constexpr float MinusLn1000 = -6.9077554F;
-
-constexpr double LowestQuality = 0.5;
-
-constexpr double GainSpan = 40.0;
-constexpr double HighestGain = 20.0;
+constexpr double GainSpan = 2.0 * MaximumGain;
 
 float clampedPosition(float r) { return std::isnan(r) ? 0.0F : std::clamp(r, 0.0F, 1.0F); }
 
 // The frequency whose pre-warped value is `factor` times that of `f`.
 double movedFrequency(double f, double sampleRate, double factor)
 {
-    return sampleRate / Pi * std::atan(factor * std::tan(Pi * f / sampleRate));
+    return sampleRate / std::numbers::pi *
+           std::atan(factor * std::tan(std::numbers::pi * f / sampleRate));
 }
 
 } // namespace
@@ -39,27 +33,27 @@ float position(int value, int minimum, int maximum)
 
 double frequency(float position)
 {
-    return LowestFrequency * std::pow(10.0, double{position} * FrequencyRatio);
+    return MinimumFrequency * std::pow(10.0, double{position} * FrequencyRatio);
 }
 
 double quality(float position)
 {
-    return LowestQuality * std::pow(10.0, double{position} * QualityRatio);
+    return MinimumQuality * std::pow(10.0, double{position} * QualityRatio);
 }
 
-double gain(float position) { return double{position} * GainSpan - HighestGain; }
+double gain(float position) { return double{position} * GainSpan - MaximumGain; }
 
 float frequencyPosition(double hz)
 {
-    const double f = std::clamp(hz, LowestFrequency, HighestFrequency);
-    const float ratio = static_cast<float>(HighestFrequency / f);
+    const double f = std::clamp(hz, MinimumFrequency, MaximumFrequency);
+    const float ratio = static_cast<float>(MaximumFrequency / f);
     return clampedPosition(1.0F + std::log(ratio) / MinusLn1000);
 }
 
 float gainPosition(double db)
 {
-    const auto g = static_cast<float>(std::clamp(db, -HighestGain, HighestGain));
-    return clampedPosition((g + static_cast<float>(HighestGain)) / static_cast<float>(GainSpan));
+    const auto g = static_cast<float>(std::clamp(db, -MaximumGain, MaximumGain));
+    return clampedPosition((g + static_cast<float>(MaximumGain)) / static_cast<float>(GainSpan));
 }
 
 int rawValue(float position, int minimum, int maximum)

@@ -12,6 +12,13 @@
 /// as 0.
 namespace BandDesign {
 
+/// What a band can be set to, in Hz, in Q and, in both directions, in dB.
+inline constexpr double MinimumFrequency = 20.0;
+inline constexpr double MaximumFrequency = 20000.0;
+inline constexpr double MinimumQuality = 0.5;
+inline constexpr double MaximumQuality = 16.0;
+inline constexpr double MaximumGain = 20.0;
+
 /// Decades that a frequency spans: 20 Hz to 20 kHz.
 inline constexpr double FrequencyRatio = 3.0;
 /// Decades that a quality spans, log10(32): 0.5 to 16.

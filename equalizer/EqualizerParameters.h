@@ -82,14 +82,14 @@ constexpr std::size_t parameterIndex(int band, EqualizerField field)
     return index;
 }
 
-/// The names in the order in which a state holds the values.
-constexpr std::array<const char*, parameterCount> stateOrder()
-{
-    std::array<const char*, parameterCount> names{};
-    for (const EqualizerParameter& parameter : equalizerParameters)
-        names[static_cast<std::size_t>(parameter.statePosition)] = parameter.name;
-    return names;
-}
+/// The parameters' indices into equalizerParameters, in the order in which a state holds the
+/// values.
+inline constexpr std::array<std::size_t, parameterCount> stateOrder = [] {
+    std::array<std::size_t, parameterCount> order{};
+    for (std::size_t index = 0; index < parameterCount; ++index)
+        order[static_cast<std::size_t>(equalizerParameters[index].statePosition)] = index;
+    return order;
+}();
 
 /// A state begins with these four bytes (ASCII "2620"); the same number of big-endian single floats
 /// follows as there are parameters, and one more, which belongs to none.

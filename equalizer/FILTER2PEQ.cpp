@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "equalizer/FILTER2PEQ.h"
 
+#include "equalizer/Decibels.h"
+
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace {
 
-constexpr double MinusLn2 = -0.6931471805599453;
 constexpr double MinimumQuality = 0.1;
 constexpr double TopMargin = 10.0;
 
@@ -36,7 +38,7 @@ double compensatedQuality(double f, double fs, double q)
                                   [fs](const QualityRow& r) { return fs < r.endRate; });
     if (row == std::end(QualityTable) || !(f > row->threshold))
         return q;
-    const double ratio = row->c0 + std::log(q) / MinusLn2 * row->c1 - row->c2 * f;
+    const double ratio = row->c0 + std::log(q) / -std::numbers::ln2 * row->c1 - row->c2 * f;
     return ratio <= 1.0 ? std::max(q * ratio, MinimumQuality) : q;
 }
 
@@ -72,7 +74,7 @@ void FILTER2PEQ::setCoefBPF_C(double f, double fs, double q, double g, bool setG
     }
 
     if (setGain)
-        m_gainFactor = std::pow(10.0, std::abs(g) / 20.0) - 1.0;
+        m_gainFactor = amplitudeRatio(std::abs(g)) - 1.0;
     designBandPass(f, fs, compensatedQuality(f, fs, q));
 }
 
@@ -80,7 +82,7 @@ void FILTER2PEQ::setCoefBPF_C(double f, double fs, double q, double g, bool setG
 void FILTER2PEQ::designBandPass(double f, double fs, double q)
 {
     const double period = 1.0 / fs;
-    const double wa = std::tan(0.5 * ZPlane::TwoPi * f * period) * 2.0 / period;
+    const double wa = std::tan(std::numbers::pi * f * period) * 2.0 / period;
     const double p = 2.0 * wa * (1.0 / q) * period;
     const double q2 = wa * wa * period * period;
     const double d = p + 4.0 + q2;

@@ -8,8 +8,6 @@
 namespace {
 
 constexpr double DesignHeight = 192.0;
-constexpr double LowestFrequency = 20.0;
-constexpr double HighestFrequency = 20000.0;
 constexpr double LnSpan = 6.907755278982137; // ln(1000)
 
 } // namespace
@@ -25,14 +23,15 @@ PlotAxes::PlotAxes(double width, double height, double range)
 
 double PlotAxes::x(double frequency) const
 {
-    return right() - m_width * std::log(HighestFrequency / frequency) / LnSpan;
+    return right() - m_width * std::log(BandDesign::MaximumFrequency / frequency) / LnSpan;
 }
 
 double PlotAxes::y(double gain) const { return centre() - (m_height / 2.0) * gain / m_range; }
 
 double PlotAxes::frequency(double x) const
 {
-    return LowestFrequency * std::pow(10.0, BandDesign::FrequencyRatio * (x - m_left) / m_width);
+    return BandDesign::MinimumFrequency *
+           std::pow(10.0, BandDesign::FrequencyRatio * (x - m_left) / m_width);
 }
 
 double PlotAxes::gain(double y) const { return (centre() - y) / (m_height / 2.0) * m_range; }

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "equalizer/Response.h"
 
+#include "equalizer/Decibels.h"
+
 #include <cmath>
 
 MiddleResponse::MiddleResponse(const FILTER2PEQ& filter, double gain)
     : m_filter(&filter)
-    , m_gainFactor(std::pow(10.0, std::abs(gain) / 20.0) - 1.0)
+    , m_gainFactor(amplitudeRatio(std::abs(gain)) - 1.0)
     , m_boost(gain >= 0.0)
 {}
 

@@ -1,21 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "equalizer/VEQ_Filter.h"
 
+#include "equalizer/Decibels.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <limits>
+#include <numbers>
 
 namespace {
 
 constexpr std::size_t CoefficientsPerSection = 5;
 constexpr std::size_t StatesPerSection = 4;
 
-constexpr double Pi = 3.141592653589793;
-
 // The square roots of 2 of the shelves and of the pass filters differ in the last place.
 // Deliberate: both are kept as they are.
-constexpr double ShelfSqrt2 = 1.4142135623730951;
+constexpr double ShelfSqrt2 = std::numbers::sqrt2;
 constexpr double PassSqrt2 = 1.414213562373095;
 
 constexpr double DefaultFadeLength = 441.0;
@@ -60,9 +61,9 @@ template <typename Prototype> Section shelf(const Prototype& boost, double gain)
     return bilinear(gain < 0.0 ? reciprocal(boost) : boost);
 }
 
-double corner(double f, double fs) { return std::tan(Pi * f / fs); }
+double corner(double f, double fs) { return std::tan(std::numbers::pi * f / fs); }
 
-double gainRatio(double gain) { return std::pow(10.0, std::abs(gain) / 20.0); }
+double gainRatio(double gain) { return amplitudeRatio(std::abs(gain)); }
 
 void write(const Section& section, double* out) { std::copy(section.begin(), section.end(), out); }
 

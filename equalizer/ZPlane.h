@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <complex>
+#include <numbers>
 
 /// Complex arithmetic of a filter's frequency response. The products and quotients here are the
 /// textbook ones: std::complex's own * and / spend most of their time on a recovery from overflow
@@ -11,15 +12,13 @@ namespace ZPlane {
 
 using Complex = std::complex<double>;
 
-inline constexpr double TwoPi = 6.283185307179586;
-
 /// The level of a response of exactly zero, in dB.
 inline constexpr double SilenceLevel = -100.0;
 
 /// z^-1 at a frequency: e^(-j 2 pi f / fs). Both in the same unit, usually Hz.
 inline Complex unitDelay(double frequency, double sampleRate)
 {
-    const double w = TwoPi * frequency / sampleRate;
+    const double w = 2.0 * std::numbers::pi * frequency / sampleRate;
     return {std::cos(w), -std::sin(w)};
 }
 

@@ -21,15 +21,14 @@ QString EditorLibrary::fileBeside(const QString& programFolder)
     return QDir::cleanPath(programFolder + QLatin1String("/../lib/zolta/libZolta.so"));
 }
 
-QString EditorLibrary::load(const QString& file)
+Status EditorLibrary::load(const QString& file)
 {
     const QString path = QFileInfo(file).absoluteFilePath();
-    QString error = errorOfLibraryFile(path);
-    if (error.isEmpty())
-        error = inspect(path);
-    if (error.isEmpty())
-        error = adopt(path);
-    return error.isEmpty() ? QString() : QStringLiteral("The plug-in %1 %2.").arg(path, error);
+    if (const Status status = checkLibraryFile(path); !status.isOk())
+        return status;
+    if (const Status status = inspect(path); !status.isOk())
+        return status;
+    return adopt(path);
 }
 
 IVaskEffectEditor2* EditorLibrary::create(QWidget* parent, unsigned short ch,
@@ -43,38 +42,39 @@ IVaskEffectEditor2* EditorLibrary::create(QWidget* parent, unsigned short ch,
 }
 
 // Decides by the metadata, before any code of the library runs.
-QString EditorLibrary::inspect(const QString& file)
+Status EditorLibrary::inspect(const QString& file)
 {
     m_loader.setFileName(file);
     const QJsonObject metaData = m_loader.metaData();
     if (metaData.isEmpty())
-        return QStringLiteral("is a library, but no Qt plug-in that this program can load");
+        return Error{
+            tr("The plug-in %1 is a library, but not a Qt plug-in that this program can load.")
+                .arg(file)};
     const QString interface = metaData.value(QLatin1String("IID")).toString();
     if (interface != effectInterface)
-        return QStringLiteral("is a Qt plug-in of another kind (%1, not %2)")
-            .arg(interface, effectInterface);
-    return QString();
+        return Error{tr("The plug-in %1 is a Qt plug-in of another kind (%2, not %3).")
+                         .arg(file, interface, effectInterface)};
+    return {};
 }
 
-QString EditorLibrary::adopt(const QString& file)
+Status EditorLibrary::adopt(const QString& file)
 {
     if (!m_loader.load())
-        return QStringLiteral("cannot be loaded: %1")
-            .arg(m_loader.errorString().remove(file).simplified());
+        return Error{tr("The plug-in %1 cannot be loaded: %2.")
+                         .arg(file, m_loader.errorString().remove(file).simplified())};
     QObject* root = m_loader.instance();
     auto* effect = qobject_cast<IVaskEffect*>(root);
     auto* channelEffect = qobject_cast<IVaskEffectChFx*>(root);
     if (!effect || !channelEffect) {
         m_loader.unload();
-        return QStringLiteral("makes no channel effect");
+        return Error{tr("The plug-in %1 makes no channel effect.").arg(file)};
     }
     const int type = channelEffect->fxType();
     if (type != equalizerType) {
         m_loader.unload();
-        return QStringLiteral("is an effect of type %1; an equalizer is type %2")
-            .arg(type)
-            .arg(equalizerType);
+        return Error{tr("The plug-in %1 is an effect of type %2; an equalizer is type %3.")
+                         .arg(file, QString::number(type), QString::number(equalizerType))};
     }
     m_effect = effect;
-    return QString();
+    return {};
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "hosting/LibraryFile.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 
@@ -50,22 +51,33 @@ bool isComplete(QFile& file, const Header& header)
 
 } // namespace
 
-QString errorOfLibraryFile(const QString& file)
+Status checkLibraryFile(const QString& file)
 {
     const QFileInfo info(file);
     if (!info.exists())
-        return QStringLiteral("does not exist");
+        return Error{
+            QCoreApplication::translate("LibraryFile", "The plug-in %1 does not exist.").arg(file)};
+    if (info.isDir())
+        return Error{
+            QCoreApplication::translate("LibraryFile", "The plug-in %1 is a folder, not a library.")
+                .arg(file)};
     if (!info.isFile())
-        return info.isDir() ? QStringLiteral("is a folder, not a library")
-                            : QStringLiteral("is no ordinary file");
+        return Error{
+            QCoreApplication::translate("LibraryFile", "The plug-in %1 is not an ordinary file.")
+                .arg(file)};
     QFile library(file);
     if (!library.open(QIODevice::ReadOnly))
-        return QStringLiteral("cannot be read: %1").arg(library.errorString());
+        return Error{
+            QCoreApplication::translate("LibraryFile", "The plug-in %1 cannot be read: %2.")
+                .arg(file, library.errorString())};
     Header header = {};
     const bool read = readHeader(library, &header);
     if (std::memcmp(header.e_ident, ELFMAG, SELFMAG) != 0)
-        return QStringLiteral("is not a library");
+        return Error{QCoreApplication::translate("LibraryFile", "The plug-in %1 is not a library.")
+                         .arg(file)};
     if (!read || !isComplete(library, header))
-        return QStringLiteral("is a library that was cut short");
-    return QString();
+        return Error{QCoreApplication::translate("LibraryFile",
+                                                 "The plug-in %1 is a library that was cut short.")
+                         .arg(file)};
+    return {};
 }

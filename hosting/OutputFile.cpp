@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "hosting/OutputFile.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QSaveFile>
 
@@ -21,18 +22,24 @@ bool writeAll(QIODevice& device, const QByteArray& bytes)
 
 } // namespace
 
-QString writeFile(const QString& file, const QByteArray& bytes)
+Status writeFile(const QString& file, const QByteArray& bytes)
 {
     // A saved file takes the place of the old one, which a device or a pipe must not lose.
     const QFileInfo old(file);
+    if (old.isDir())
+        return Error{QCoreApplication::translate("OutputFile",
+                                                 "The file %1 cannot be written: it is a folder.")
+                         .arg(file)};
     if (old.exists() && !old.isFile())
-        return old.isDir() ? QStringLiteral("it is a folder")
-                           : QStringLiteral("it is no ordinary file");
+        return Error{QCoreApplication::translate(
+                         "OutputFile", "The file %1 cannot be written: it is not an ordinary file.")
+                         .arg(file)};
     // Unbuffered, because commit() does not notice when the last buffer could not be written and
     // would put a file that was cut short into the old one's place.
     QSaveFile target(file);
     if (!target.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(target, bytes) ||
         !target.commit())
-        return target.errorString();
-    return QString();
+        return Error{QCoreApplication::translate("OutputFile", "The file %1 cannot be written: %2.")
+                         .arg(file, target.errorString())};
+    return {};
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "hosting/StateFile.h"
 
+#include "equalizer/EqualizerParameters.h"
 #include "hosting/OutputFile.h"
 #include "parameters/ParameterTable.h"
 
@@ -13,16 +14,13 @@
 #include <public.sdk/source/vst/vstpresetfile.h>
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace {
 
-using Content = StateFile::Content;
 using Steinberg::FUID;
 using Steinberg::MemoryStream;
 
-constexpr char stateVersion[] = "2620";
 constexpr char presetMark[] = "VST3";
 constexpr char listMark[] = "List";
 constexpr qsizetype markSize = 4;
@@ -30,15 +28,21 @@ constexpr qsizetype presetHeaderSize = 48;
 constexpr qsizetype presetListHeaderSize = 8;
 constexpr qsizetype presetEntrySize = 20;
 constexpr qint32 maxChunks = 128; // as many as PresetFile reads
-constexpr qsizetype largestFile = 1 << 20;
+constexpr qsizetype maxFileSize = 1 << 20;
+constexpr auto sizeOfState = static_cast<qsizetype>(stateSize);
 
-Content bad(const QString& error) { return {QByteArray(), error}; }
+QByteArray versionMark() { return {reinterpret_cast<const char*>(stateVersion.data()), markSize}; }
 
 QString classText(const FUID& uid)
 {
-    Steinberg::FUID::String text = {};
+    FUID::String text = {};
     uid.toString(text);
     return QString::fromLatin1(text);
+}
+
+QString shownBytes(const QByteArray& bytes)
+{
+    return QString::fromLatin1(bytes.left(markSize).toHex(' '));
 }
 
 // The number at offset; 0 where the bytes end before it does.
@@ -50,187 +54,207 @@ template <typename Integer> Integer littleEndianAt(const QByteArray& bytes, qsiz
     return qFromLittleEndian<Integer>(number);
 }
 
-// Whether [offset, offset + size) lies between the preset's header and its end.
-bool liesInside(const QByteArray& bytes, qint64 offset, qint64 size)
+// Reads the bytes of a file; its errors name the file.
+class Decoder
 {
-    return offset >= presetHeaderSize && offset <= bytes.size() && size >= 0 &&
-           size <= bytes.size() - offset;
-}
+    Q_DECLARE_TR_FUNCTIONS(StateFile)
 
-// Says what is wrong with a value, or nothing.
-QString errorOfValue(const QByteArray& state, std::size_t entry)
-{
-    const auto offset = static_cast<qsizetype>(markSize + 4 * entry);
-    const auto value = qFromBigEndian<float>(state.constData() + offset);
-    if (value >= 0.0F && value <= 1.0F)
-        return QString();
-    const Parameter& parameter =
-        parameterTable[static_cast<std::size_t>(StateFile::order[entry] - 1)];
-    return QStringLiteral("holds %1 for %2 (%3), where values lie between 0 and 1")
-        .arg(QString::number(value), QLatin1String(parameter.name), QLatin1String(parameter.title));
-}
+public:
+    Decoder(const QByteArray& bytes, const FUID& uid, QString file)
+        : m_bytes(bytes)
+        , m_uid(uid)
+        , m_file(std::move(file))
+    {}
 
-Content checkedValues(const QByteArray& state)
-{
-    for (std::size_t entry = 0; entry < StateFile::order.size(); ++entry) {
-        const QString error = errorOfValue(state, entry);
-        if (!error.isEmpty())
-            return bad(error);
+    Result<QByteArray> decode() const;
+
+private:
+    Result<QByteArray> decodeState() const;
+    Result<QByteArray> decodePreset() const;
+    Status checkHeader() const;
+    Status checkList() const;
+    Status checkEntries() const;
+    Result<QByteArray> componentState() const;
+    Result<QByteArray> checkedValues(const QByteArray& state) const;
+
+    // The sentence, about the file.
+    template <typename... Details>
+    Error error(const QString& sentence, const Details&... details) const
+    {
+        return Error{sentence.arg(m_file, details...)};
     }
-    return {state, QString()};
+
+    bool liesInside(qint64 offset, qint64 size) const;
+    qint64 listOffset() const { return littleEndianAt<qint64>(m_bytes, 40); }
+    qint32 chunkCount() const { return littleEndianAt<qint32>(m_bytes, listOffset() + markSize); }
+
+    const QByteArray& m_bytes;
+    const FUID& m_uid;
+    QString m_file;
+};
+
+Result<QByteArray> Decoder::decode() const
+{
+    if (m_bytes.isEmpty())
+        return error(tr("The state file %1 is empty."));
+    if (m_bytes.size() > maxFileSize)
+        return error(tr("The state file %1 is too long: it holds more than a megabyte, where a "
+                        "state has %2 bytes."),
+                     QString::number(stateSize));
+    if (m_bytes.left(markSize) == QByteArray(presetMark).left(m_bytes.size()))
+        return decodePreset();
+    return decodeState();
 }
 
-QString shownBytes(const QByteArray& bytes)
+Result<QByteArray> Decoder::decodeState() const
 {
-    return QString::fromLatin1(bytes.left(markSize).toHex(' '));
+    const QString size = QString::number(m_bytes.size());
+    if (m_bytes.left(markSize) != versionMark().left(m_bytes.size()))
+        return error(tr("The state file %1 is neither an equalizer state nor a preset: it begins "
+                        "with the bytes %2."),
+                     shownBytes(m_bytes));
+    if (m_bytes.size() < sizeOfState)
+        return error(tr("The state file %1 is cut short: it holds %2 of the %3 bytes of a state."),
+                     size, QString::number(stateSize));
+    if (m_bytes.size() > sizeOfState)
+        return error(tr("The state file %1 is too long: it holds %2 bytes, where a state has %3."),
+                     size, QString::number(stateSize));
+    return checkedValues(m_bytes);
 }
 
-Content decodeRaw(const QByteArray& bytes)
+Result<QByteArray> Decoder::decodePreset() const
 {
-    const QByteArray version = QByteArray::fromRawData(stateVersion, markSize);
-    if (bytes.left(markSize) != version.left(bytes.size()))
-        return bad(QStringLiteral("is no equalizer state and no preset: it begins with the "
-                                  "bytes %1")
-                       .arg(shownBytes(bytes)));
-    if (bytes.size() < StateFile::stateSize)
-        return bad(QStringLiteral("is cut short: it holds %1 of the 116 bytes of a state")
-                       .arg(bytes.size()));
-    if (bytes.size() > StateFile::stateSize)
-        return bad(QStringLiteral("is too long: it holds %1 bytes, where a state has 116")
-                       .arg(bytes.size()));
-    return checkedValues(bytes);
+    for (const auto check : {&Decoder::checkHeader, &Decoder::checkList, &Decoder::checkEntries}) {
+        if (const Status status = (this->*check)(); !status.isOk())
+            return Error{status.error()};
+    }
+    const Result<QByteArray> state = componentState();
+    if (!state.isOk())
+        return state;
+    if (!state.value().startsWith(versionMark()))
+        return error(tr("The state file %1 is a preset whose state is not an equalizer state: it "
+                        "begins with the bytes %2."),
+                     shownBytes(state.value()));
+    return checkedValues(state.value());
 }
 
-QString errorOfHeader(const QByteArray& bytes, const FUID& uid)
+Status Decoder::checkHeader() const
 {
-    if (bytes.size() < presetHeaderSize)
-        return QStringLiteral("is a preset cut short: it ends inside its header");
-    const auto version = littleEndianAt<qint32>(bytes, 4);
+    if (m_bytes.size() < presetHeaderSize)
+        return error(tr("The state file %1 is a preset cut short: it ends inside its header."));
+    const auto version = littleEndianAt<qint32>(m_bytes, 4);
     if (version != 1)
-        return QStringLiteral("is a preset of the unknown format version %1").arg(version);
-    const QString classId = QString::fromLatin1(bytes.mid(8, 32));
-    if (classId.compare(classText(uid), Qt::CaseInsensitive) != 0)
-        return QStringLiteral("is a preset of another plug-in (class %1, not %2)")
-            .arg(classId.toHtmlEscaped(), classText(uid));
-    return QString();
+        return error(tr("The state file %1 is a preset of the unknown format version %2."),
+                     QString::number(version));
+    const QString classId = QString::fromLatin1(m_bytes.mid(8, 32));
+    if (classId.compare(classText(m_uid), Qt::CaseInsensitive) != 0)
+        return error(tr("The state file %1 is a preset of another plug-in (class %2, not %3)."),
+                     classId.toHtmlEscaped(), classText(m_uid));
+    return {};
 }
 
-QString errorOfList(const QByteArray& bytes)
+Status Decoder::checkList() const
 {
-    const auto list = littleEndianAt<qint64>(bytes, 40);
-    if (!liesInside(bytes, list, presetListHeaderSize))
-        return QStringLiteral("is a preset cut short: its list of chunks is missing");
-    if (bytes.mid(list, markSize) != listMark)
-        return QStringLiteral("is a damaged preset: its list of chunks is not where it should be");
-    const auto count = littleEndianAt<qint32>(bytes, list + markSize);
-    if (count < 0 || count > maxChunks)
-        return QStringLiteral("is a damaged preset: it claims %1 chunks").arg(count);
-    if (!liesInside(bytes, list, presetListHeaderSize + count * presetEntrySize))
-        return QStringLiteral("is a preset cut short: it ends inside its list of chunks");
-    return QString();
+    if (!liesInside(listOffset(), presetListHeaderSize))
+        return error(tr("The state file %1 is a preset cut short: its list of chunks is missing."));
+    if (m_bytes.mid(listOffset(), markSize) != listMark)
+        return error(tr("The state file %1 is a damaged preset: its list of chunks is not where it "
+                        "should be."));
+    if (chunkCount() < 0 || chunkCount() > maxChunks)
+        return error(tr("The state file %1 is a damaged preset: it claims %2 chunks."),
+                     QString::number(chunkCount()));
+    if (!liesInside(listOffset(), presetListHeaderSize + chunkCount() * presetEntrySize))
+        return error(
+            tr("The state file %1 is a preset cut short: it ends inside its list of chunks."));
+    return {};
 }
 
-QString errorOfEntries(const QByteArray& bytes)
+Status Decoder::checkEntries() const
 {
-    const auto list = littleEndianAt<qint64>(bytes, 40);
-    const auto count = littleEndianAt<qint32>(bytes, list + markSize);
-    for (qsizetype i = 0; i < count; ++i) {
-        const qsizetype entry = list + presetListHeaderSize + i * presetEntrySize;
-        if (!liesInside(bytes, littleEndianAt<qint64>(bytes, entry + markSize),
-                        littleEndianAt<qint64>(bytes, entry + markSize + 8)))
-            return QStringLiteral("is a damaged preset: its chunk %1 lies outside the file")
-                .arg(i + 1);
+    for (qsizetype i = 0; i < chunkCount(); ++i) {
+        const qsizetype entry = listOffset() + presetListHeaderSize + i * presetEntrySize;
+        if (!liesInside(littleEndianAt<qint64>(m_bytes, entry + markSize),
+                        littleEndianAt<qint64>(m_bytes, entry + markSize + 8)))
+            return error(
+                tr("The state file %1 is a damaged preset: its chunk %2 lies outside the file."),
+                QString::number(i + 1));
     }
-    return QString();
+    return {};
 }
 
 // The component state of a preset that the checks above found sound.
-Content componentState(QByteArray bytes)
+Result<QByteArray> Decoder::componentState() const
 {
+    QByteArray bytes = m_bytes;
     MemoryStream stream(bytes.data(), bytes.size());
     Steinberg::Vst::PresetFile preset(&stream);
     if (!preset.readChunkList() || !preset.contains(Steinberg::Vst::kComponentState))
-        return bad(QStringLiteral("is a preset without a state"));
+        return error(tr("The state file %1 is a preset without a state."));
     const auto* entry = preset.getEntry(Steinberg::Vst::kComponentState);
-    if (entry->size != StateFile::stateSize)
-        return bad(
-            QStringLiteral("is a preset whose state has %1 bytes instead of 116").arg(entry->size));
-    QByteArray state(StateFile::stateSize, '\0');
-    Steinberg::int32 count = 0;
+    if (entry->size != sizeOfState)
+        return error(tr("The state file %1 is a preset whose state has %2 bytes instead of %3."),
+                     QString::number(entry->size), QString::number(stateSize));
+    QByteArray state(sizeOfState, '\0');
     preset.seekToComponentState();
-    stream.read(state.data(), StateFile::stateSize, &count);
-    return {state, QString()};
+    stream.read(state.data(), static_cast<Steinberg::int32>(sizeOfState), nullptr);
+    return state;
 }
 
-Content decodePreset(const QByteArray& bytes, const FUID& uid)
+Result<QByteArray> Decoder::checkedValues(const QByteArray& state) const
 {
-    QString error = errorOfHeader(bytes, uid);
-    if (error.isEmpty())
-        error = errorOfList(bytes);
-    if (error.isEmpty())
-        error = errorOfEntries(bytes);
-    if (!error.isEmpty())
-        return bad(error);
-
-    const Content content = componentState(bytes);
-    if (!content.error.isEmpty())
-        return content;
-    if (!content.state.startsWith(stateVersion))
-        return bad(QStringLiteral("is a preset whose state begins with the bytes %1, which is "
-                                  "no equalizer state")
-                       .arg(shownBytes(content.state)));
-    return checkedValues(content.state);
+    for (std::size_t entry = 0; entry < parameterCount; ++entry) {
+        const auto offset = markSize + 4 * static_cast<qsizetype>(entry);
+        const auto value = qFromBigEndian<float>(state.constData() + offset);
+        if (value >= 0.0F && value <= 1.0F)
+            continue;
+        const Parameter& parameter = parameterTable[stateOrder[entry]];
+        return error(tr("The state file %1 holds %2 for %3 (%4), where values lie between 0 and "
+                        "1."),
+                     QString::number(value), QLatin1String(parameter.name),
+                     QCoreApplication::translate("Parameter", parameter.title));
+    }
+    return state;
 }
 
-QString shown(const QString& file) { return QDir::toNativeSeparators(file); }
+// Whether [offset, offset + size) lies between the preset's header and its end.
+bool Decoder::liesInside(qint64 offset, qint64 size) const
+{
+    return offset >= presetHeaderSize && offset <= m_bytes.size() && size >= 0 &&
+           size <= m_bytes.size() - offset;
+}
 
 } // namespace
 
-StateFile::StateFile(QString file, const Steinberg::FUID& uid)
+StateFile::StateFile(QString file, const FUID& uid)
     : m_file(std::move(file))
     , m_uid(uid)
 {}
 
-StateFile::Content StateFile::read() const
+Result<QByteArray> StateFile::read() const
 {
-    QFile file(m_file);
+    const QString name = QDir::toNativeSeparators(m_file);
     if (QFileInfo(m_file).isDir())
-        return bad(QStringLiteral("%1 is a folder, not a state file.").arg(shown(m_file)));
-    if (!file.open(QIODevice::ReadOnly))
-        return bad(QStringLiteral("The state file %1 cannot be read: %2.")
-                       .arg(shown(m_file), file.errorString()));
-    const QByteArray bytes = file.read(largestFile + 1);
+        return Error{tr("The state file %1 is a folder.").arg(name)};
+    QFile file(m_file);
+    const QByteArray bytes =
+        file.open(QIODevice::ReadOnly) ? file.read(maxFileSize + 1) : QByteArray();
     if (file.error() != QFileDevice::NoError)
-        return bad(QStringLiteral("The state file %1 cannot be read: %2.")
-                       .arg(shown(m_file), file.errorString()));
-    Content content = decode(bytes, m_uid);
-    if (!content.error.isEmpty())
-        content.error = QStringLiteral("The state file %1 %2.").arg(shown(m_file), content.error);
-    return content;
+        return Error{tr("The state file %1 cannot be read: %2.").arg(name, file.errorString())};
+    return decode(bytes, m_uid, name);
 }
 
-QString StateFile::write(const QByteArray& state) const
+Status StateFile::write(const QByteArray& state) const
 {
     const bool preset = m_file.endsWith(QLatin1String(".vstpreset"), Qt::CaseInsensitive);
-    const QString error = writeFile(m_file, preset ? encodePreset(state, m_uid) : state);
-    if (error.isEmpty())
-        return QString();
-    return QStringLiteral("The state file %1 cannot be written: %2.").arg(shown(m_file), error);
+    return writeFile(m_file, preset ? encodePreset(state, m_uid) : state);
 }
 
-StateFile::Content StateFile::decode(const QByteArray& bytes, const Steinberg::FUID& uid)
+Result<QByteArray> StateFile::decode(const QByteArray& bytes, const FUID& uid, const QString& file)
 {
-    if (bytes.isEmpty())
-        return bad(QStringLiteral("is empty"));
-    if (bytes.size() > largestFile)
-        return bad(QStringLiteral("is too long: it holds more than a megabyte, where a state "
-                                  "has 116 bytes"));
-    if (bytes.left(markSize) == QByteArray(presetMark).left(bytes.size()))
-        return decodePreset(bytes, uid);
-    return decodeRaw(bytes);
+    return Decoder(bytes, uid, file).decode();
 }
 
-QByteArray StateFile::encodePreset(const QByteArray& state, const Steinberg::FUID& uid)
+QByteArray StateFile::encodePreset(const QByteArray& state, const FUID& uid)
 {
     QByteArray copy = state;
     MemoryStream source(copy.data(), copy.size());

@@ -1,52 +1,38 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "parameters/ParameterTable.h"
+#include "component/ZoltaComponent.h"
+#include "hosting/Result.h"
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QString>
 
 #include <pluginterfaces/base/funknown.h>
 
-#include <array>
-
 /// The settings of one equalizer in a file.
 ///
-/// A state is 116 bytes: "2620", then 28 big-endian single floats from 0 to 1 (the last one means
-/// nothing). A file holds either these bytes as they stand, or a VST 3 preset of the editor's class
-/// with these bytes as its component state.
+/// A file holds either a state as the component saves it (ZoltaComponent) or a VST 3 preset of the
+/// editor's class with a state in it. A state counts if it has the component's version and size and
+/// every parameter's value is from 0 to 1.
 class StateFile
 {
+    Q_DECLARE_TR_FUNCTIONS(StateFile)
+
 public:
-    static constexpr int stateSize = 116;
-    /// The parameters' numbers in the order in which a state holds them, as the editor's component
-    /// saves them: the first five bands downwards, then upwards.
-    static constexpr std::array<int, parameterCount> order = {4,  3,  2,  1,  8,  7,  6,  5,  12,
-                                                              11, 10, 9,  16, 15, 14, 13, 20, 19,
-                                                              18, 17, 21, 22, 23, 24, 25, 26, 27};
-
-    /// What a file held, or why it does not count; exactly one of the two is not empty.
-    struct Content
-    {
-        QByteArray state;
-        QString error;
-    };
-
     /// \a uid is the class that presets have to belong to.
-    StateFile(QString file, const Steinberg::FUID& uid);
+    explicit StateFile(QString file, const Steinberg::FUID& uid = ZoltaComponent::classId());
 
-    /// Reads and checks the file, whatever it is called. An error is a sentence that names the
-    /// file.
-    Content read() const;
+    /// Reads and checks the state in the file, whatever the file is called.
+    Result<QByteArray> read() const;
 
     /// Writes \a state, as a preset if the file's name ends in ".vstpreset" and as it stands
-    /// otherwise. The file changes at once or not at all. Returns nothing, or what went wrong as a
-    /// sentence that names the file.
-    QString write(const QByteArray& state) const;
+    /// otherwise. The file changes at once or not at all.
+    Status write(const QByteArray& state) const;
 
-    /// The check behind read(), over the bytes of a file. An error is the end of a sentence that
-    /// begins with the file.
-    static Content decode(const QByteArray& bytes, const Steinberg::FUID& uid);
+    /// The check behind read(), over the \a bytes of a file that errors call \a file.
+    static Result<QByteArray> decode(const QByteArray& bytes, const Steinberg::FUID& uid,
+                                     const QString& file);
 
     /// \a state as the bytes of a preset of the class \a uid.
     static QByteArray encodePreset(const QByteArray& state, const Steinberg::FUID& uid);

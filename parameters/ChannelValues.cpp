@@ -7,28 +7,14 @@
 
 namespace {
 
-constexpr std::size_t parametersPerBand = 4;
-constexpr std::size_t inputLevel = 24;
-constexpr std::size_t outputLevel = 25;
-constexpr std::size_t drive = 26;
-
-// Where a band's four parameters stand after its first: the type or the quality.
-enum Field : std::size_t { TypeOrQuality, Frequency, Gain, OnOff };
-
-std::size_t indexOf(int band, Field field)
-{
-    return static_cast<std::size_t>(band) * parametersPerBand + field;
-}
+constexpr std::size_t inputLevel = parameterIndex(noBand, EqualizerField::InputLevel);
+constexpr std::size_t outputLevel = parameterIndex(noBand, EqualizerField::OutputLevel);
+constexpr std::size_t drive = parameterIndex(noBand, EqualizerField::Drive);
 
 float position(const ChannelValues& values, std::size_t parameter)
 {
     const Parameter& entry = parameterTable[parameter];
     return BandDesign::position(values[parameter], entry.minimum, entry.maximum);
-}
-
-double gainOf(const ChannelValues& values, std::size_t parameter)
-{
-    return BandDesign::gain(position(values, parameter));
 }
 
 } // namespace
@@ -43,28 +29,33 @@ ChannelValues defaultValues()
 
 ChannelValues bandsOnly(ChannelValues values)
 {
-    for (const std::size_t parameter : {inputLevel, outputLevel, drive})
-        values[parameter] = 0;
+    for (std::size_t i = 0; i < parameterCount; ++i) {
+        if (equalizerParameters[i].band == noBand)
+            values[i] = 0;
+    }
     return values;
 }
 
 ChannelValues bypassed(ChannelValues values)
 {
-    for (int band = 0; band < EqualizerBands::Count; ++band)
-        values[indexOf(band, OnOff)] = 0;
+    for (std::size_t i = 0; i < parameterCount; ++i) {
+        if (equalizerParameters[i].field == EqualizerField::On)
+            values[i] = 0;
+    }
     return bandsOnly(values);
 }
 
 Band bandOf(const ChannelValues& values, int band)
 {
+    const auto index = [band](EqualizerField field) { return parameterIndex(band, field); };
     Band settings;
-    settings.on = values[indexOf(band, OnOff)] != 0;
+    settings.on = values[index(EqualizerField::On)] != 0;
     if (EqualizerBands::isMiddle(band))
-        settings.quality = BandDesign::quality(position(values, indexOf(band, TypeOrQuality)));
+        settings.quality = BandDesign::quality(position(values, index(EqualizerField::Quality)));
     else
-        settings.type = values[indexOf(band, TypeOrQuality)];
-    settings.frequency = BandDesign::frequency(position(values, indexOf(band, Frequency)));
-    settings.gain = gainOf(values, indexOf(band, Gain));
+        settings.type = values[index(EqualizerField::Type)];
+    settings.frequency = BandDesign::frequency(position(values, index(EqualizerField::Frequency)));
+    settings.gain = BandDesign::gain(position(values, index(EqualizerField::Gain)));
     return settings;
 }
 
@@ -77,13 +68,21 @@ void setBands(EqualizerBands& bands, const ChannelValues& values)
 
 bool isSameBand(const ChannelValues& a, const ChannelValues& b, int band)
 {
-    const auto first = static_cast<std::ptrdiff_t>(indexOf(band, TypeOrQuality));
-    return std::equal(a.begin() + first, a.begin() + first + std::ptrdiff_t{parametersPerBand},
-                      b.begin() + first);
+    for (std::size_t i = 0; i < parameterCount; ++i) {
+        if (equalizerParameters[i].band == band && a[i] != b[i])
+            return false;
+    }
+    return true;
 }
 
-double inputLevelOf(const ChannelValues& values) { return gainOf(values, inputLevel); }
+double inputLevelOf(const ChannelValues& values)
+{
+    return BandDesign::gain(position(values, inputLevel));
+}
 
-double outputLevelOf(const ChannelValues& values) { return gainOf(values, outputLevel); }
+double outputLevelOf(const ChannelValues& values)
+{
+    return BandDesign::gain(position(values, outputLevel));
+}
 
 bool isDriven(const ChannelValues& values) { return values[drive] != 0; }

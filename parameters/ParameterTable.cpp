@@ -1,76 +1,89 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "parameters/ParameterTable.h"
 
+#include "equalizer/EqualizerBands.h"
+
 #include <QtGlobal>
 
 #include <algorithm>
 
 namespace {
 
-constexpr Parameter lowType(const char* name, const char* title)
+constexpr std::array<const char*, parameterCount> titles = {
+    QT_TRANSLATE_NOOP("Parameter", "Low type"),
+    QT_TRANSLATE_NOOP("Parameter", "Low frequency"),
+    QT_TRANSLATE_NOOP("Parameter", "Low gain"),
+    QT_TRANSLATE_NOOP("Parameter", "Low on"),
+    QT_TRANSLATE_NOOP("Parameter", "Middle 1 quality"),
+    QT_TRANSLATE_NOOP("Parameter", "Middle 1 frequency"),
+    QT_TRANSLATE_NOOP("Parameter", "Middle 1 gain"),
+    QT_TRANSLATE_NOOP("Parameter", "Middle 1 on"),
+    QT_TRANSLATE_NOOP("Parameter", "Middle 2 quality"),
+    QT_TRANSLATE_NOOP("Parameter", "Middle 2 frequency"),
+    QT_TRANSLATE_NOOP("Parameter", "Middle 2 gain"),
+    QT_TRANSLATE_NOOP("Parameter", "Middle 2 on"),
+    QT_TRANSLATE_NOOP("Parameter", "Middle 3 quality"),
+    QT_TRANSLATE_NOOP("Parameter", "Middle 3 frequency"),
+    QT_TRANSLATE_NOOP("Parameter", "Middle 3 gain"),
+    QT_TRANSLATE_NOOP("Parameter", "Middle 3 on"),
+    QT_TRANSLATE_NOOP("Parameter", "Middle 4 quality"),
+    QT_TRANSLATE_NOOP("Parameter", "Middle 4 frequency"),
+    QT_TRANSLATE_NOOP("Parameter", "Middle 4 gain"),
+    QT_TRANSLATE_NOOP("Parameter", "Middle 4 on"),
+    QT_TRANSLATE_NOOP("Parameter", "High type"),
+    QT_TRANSLATE_NOOP("Parameter", "High frequency"),
+    QT_TRANSLATE_NOOP("Parameter", "High gain"),
+    QT_TRANSLATE_NOOP("Parameter", "High on"),
+    QT_TRANSLATE_NOOP("Parameter", "Input level"),
+    QT_TRANSLATE_NOOP("Parameter", "Output level"),
+    QT_TRANSLATE_NOOP("Parameter", "Clean/drive"),
+};
+
+// By band: the steps nearest to 80, 400, 800, 2500, 5600 and 12500 Hz.
+constexpr std::array<int, EqualizerBands::Count> defaultFrequencies = {241, 520, 641,
+                                                                       839, 979, 1118};
+constexpr int defaultQuality = 158; // the step nearest to 1.5
+
+constexpr Parameter described(std::size_t index, ParameterKind kind, int minimum, int maximum,
+                              int defaultValue, const char* unit = "")
 {
-    return {name, title, ParameterKind::LowType, 0, 3, 3, ""};
+    const char* name = equalizerParameters[index].name;
+    return {name, titles[index], kind, minimum, maximum, defaultValue, unit};
 }
 
-constexpr Parameter highType(const char* name, const char* title)
+constexpr Parameter parameterAt(std::size_t index)
 {
-    return {name, title, ParameterKind::HighType, 0, 3, 3, ""};
+    const int band = equalizerParameters[index].band;
+    switch (equalizerParameters[index].field) {
+    case EqualizerField::Type:
+        return described(
+            index, band == EqualizerBands::Low ? ParameterKind::LowType : ParameterKind::HighType,
+            0, 3, 3);
+    case EqualizerField::Quality:
+        return described(index, ParameterKind::Quality, 0, 500, defaultQuality);
+    case EqualizerField::Frequency:
+        return described(index, ParameterKind::Frequency, 0, 1200,
+                         defaultFrequencies[static_cast<std::size_t>(band)], "Hz");
+    case EqualizerField::On:
+        return described(index, ParameterKind::Switch, 0, 1, 1);
+    case EqualizerField::Drive:
+        return described(index, ParameterKind::Drive, 0, 1, 0);
+    default:
+        return described(index, ParameterKind::Decibels, -200, 200, 0, "dB");
+    }
 }
 
-constexpr Parameter frequency(const char* name, const char* title, int defaultValue)
+constexpr std::array<Parameter, parameterCount> allParameters()
 {
-    return {name, title, ParameterKind::Frequency, 0, 1200, defaultValue, "Hz"};
-}
-
-constexpr Parameter quality(const char* name, const char* title)
-{
-    return {name, title, ParameterKind::Quality, 0, 500, 158, ""};
-}
-
-constexpr Parameter decibels(const char* name, const char* title)
-{
-    return {name, title, ParameterKind::Decibels, -200, 200, 0, "dB"};
-}
-
-constexpr Parameter onOff(const char* name, const char* title)
-{
-    return {name, title, ParameterKind::Switch, 0, 1, 1, ""};
+    std::array<Parameter, parameterCount> parameters{};
+    for (std::size_t index = 0; index < parameterCount; ++index)
+        parameters[index] = parameterAt(index);
+    return parameters;
 }
 
 } // namespace
 
-// The default frequencies are the steps nearest to 80, 400, 800, 2500, 5600 and 12500 Hz, the
-// default quality the one nearest to 1.5.
-constinit const std::array<Parameter, parameterCount> parameterTable = {{
-    lowType("fx_rackfx_prm_1", QT_TRANSLATE_NOOP("Parameter", "Low type")),
-    frequency("fx_rackfx_prm_2", QT_TRANSLATE_NOOP("Parameter", "Low frequency"), 241),
-    decibels("fx_rackfx_prm_3", QT_TRANSLATE_NOOP("Parameter", "Low gain")),
-    onOff("fx_rackfx_prm_4", QT_TRANSLATE_NOOP("Parameter", "Low on")),
-    quality("fx_rackfx_prm_5", QT_TRANSLATE_NOOP("Parameter", "Middle 1 quality")),
-    frequency("fx_rackfx_prm_6", QT_TRANSLATE_NOOP("Parameter", "Middle 1 frequency"), 520),
-    decibels("fx_rackfx_prm_7", QT_TRANSLATE_NOOP("Parameter", "Middle 1 gain")),
-    onOff("fx_rackfx_prm_8", QT_TRANSLATE_NOOP("Parameter", "Middle 1 on")),
-    quality("fx_rackfx_prm_9", QT_TRANSLATE_NOOP("Parameter", "Middle 2 quality")),
-    frequency("fx_rackfx_prm_10", QT_TRANSLATE_NOOP("Parameter", "Middle 2 frequency"), 641),
-    decibels("fx_rackfx_prm_11", QT_TRANSLATE_NOOP("Parameter", "Middle 2 gain")),
-    onOff("fx_rackfx_prm_12", QT_TRANSLATE_NOOP("Parameter", "Middle 2 on")),
-    quality("fx_rackfx_prm_13", QT_TRANSLATE_NOOP("Parameter", "Middle 3 quality")),
-    frequency("fx_rackfx_prm_14", QT_TRANSLATE_NOOP("Parameter", "Middle 3 frequency"), 839),
-    decibels("fx_rackfx_prm_15", QT_TRANSLATE_NOOP("Parameter", "Middle 3 gain")),
-    onOff("fx_rackfx_prm_16", QT_TRANSLATE_NOOP("Parameter", "Middle 3 on")),
-    quality("fx_rackfx_prm_17", QT_TRANSLATE_NOOP("Parameter", "Middle 4 quality")),
-    frequency("fx_rackfx_prm_18", QT_TRANSLATE_NOOP("Parameter", "Middle 4 frequency"), 979),
-    decibels("fx_rackfx_prm_19", QT_TRANSLATE_NOOP("Parameter", "Middle 4 gain")),
-    onOff("fx_rackfx_prm_20", QT_TRANSLATE_NOOP("Parameter", "Middle 4 on")),
-    highType("fx_rackfx_prm_21", QT_TRANSLATE_NOOP("Parameter", "High type")),
-    frequency("fx_rackfx_prm_22", QT_TRANSLATE_NOOP("Parameter", "High frequency"), 1118),
-    decibels("fx_rackfx_prm_23", QT_TRANSLATE_NOOP("Parameter", "High gain")),
-    onOff("fx_rackfx_prm_24", QT_TRANSLATE_NOOP("Parameter", "High on")),
-    decibels("fx_rackfx_prm_25", QT_TRANSLATE_NOOP("Parameter", "Input level")),
-    decibels("fx_rackfx_prm_26", QT_TRANSLATE_NOOP("Parameter", "Output level")),
-    {"fx_rackfx_prm_27", QT_TRANSLATE_NOOP("Parameter", "Clean/drive"), ParameterKind::Drive, 0, 1,
-     0, ""},
-}};
+constinit const std::array<Parameter, parameterCount> parameterTable = allParameters();
 
 std::size_t findParameterByName(std::string_view name)
 {

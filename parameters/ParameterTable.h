@@ -18,7 +18,8 @@ enum class ParameterKind {
     Drive      ///< 0 clean, 1 drive
 };
 
-/// One parameter of the equalizer, as this mixer keeps it.
+/// One parameter of the equalizer, as this mixer keeps it; what it holds is in
+/// equalizerParameters at the same index.
 struct Parameter
 {
     const char* name;  ///< the name that editors look it up by
@@ -38,8 +39,8 @@ inline constexpr int channelCount = 8;
 /// The other channel of the pair that \a channel belongs to.
 constexpr int partnerOf(int channel) { return channel ^ 1; }
 
-/// Every channel has these parameters; a parameter's index is its place in here, and its name ends
-/// in that index plus one.
+/// Every channel has these parameters; a parameter's index is its place in here and in
+/// equalizerParameters.
 extern const std::array<Parameter, parameterCount> parameterTable;
 
 /// The two words of the address of the parameter at \a index.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "parameters/ParameterText.h"
 
+#include "equalizer/BandDesign.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -12,12 +14,7 @@
 namespace {
 
 constexpr double stepsPerDecade = 400.0;
-constexpr double lowestFrequency = 20.0;
-constexpr double highestFrequency = 20000.0;
 constexpr double stepsPerOctave = 100.0;
-constexpr double lowestQuality = 0.5;
-constexpr double highestQuality = 16.0;
-constexpr double highestDecibels = 20.0;
 constexpr int maxDigits = 9;
 constexpr std::size_t maxNumberLength = 64; // so that only an exponent can leave a double's range
 
@@ -119,20 +116,24 @@ std::optional<Quantity> quantityOf(std::string_view text)
 
 int frequencyStep(double hertz)
 {
-    const double inside = std::clamp(hertz, lowestFrequency, highestFrequency);
-    return static_cast<int>(std::lround(stepsPerDecade * std::log10(inside / lowestFrequency)));
+    const double inside =
+        std::clamp(hertz, BandDesign::MinimumFrequency, BandDesign::MaximumFrequency);
+    return static_cast<int>(
+        std::lround(stepsPerDecade * std::log10(inside / BandDesign::MinimumFrequency)));
 }
 
 int qualityStep(double quality)
 {
-    const double inside = std::clamp(quality, lowestQuality, highestQuality);
-    return static_cast<int>(std::lround(stepsPerOctave * std::log2(inside / lowestQuality)));
+    const double inside =
+        std::clamp(quality, BandDesign::MinimumQuality, BandDesign::MaximumQuality);
+    return static_cast<int>(
+        std::lround(stepsPerOctave * std::log2(inside / BandDesign::MinimumQuality)));
 }
 
 int decibelStep(double decibels)
 {
-    return static_cast<int>(
-        std::lround(10.0 * std::clamp(decibels, -highestDecibels, highestDecibels)));
+    return static_cast<int>(std::lround(
+        10.0 * std::clamp(decibels, -BandDesign::MaximumGain, BandDesign::MaximumGain)));
 }
 
 std::optional<int> parseFrequency(std::string_view text)
@@ -204,7 +205,7 @@ std::string frequencyText(double hertz)
 
 std::string formatFrequency(int value)
 {
-    const double hertz = lowestFrequency * std::pow(10.0, value / stepsPerDecade);
+    const double hertz = BandDesign::MinimumFrequency * std::pow(10.0, value / stepsPerDecade);
     std::string text;
     for (int digits = 1; digits <= maxDigits; ++digits) {
         text = frequencyText(valueOf(printed(hertz, std::chars_format::scientific, digits - 1)));
@@ -216,7 +217,7 @@ std::string formatFrequency(int value)
 
 std::string formatQuality(int value)
 {
-    const double quality = lowestQuality * std::exp2(value / stepsPerOctave);
+    const double quality = BandDesign::MinimumQuality * std::exp2(value / stepsPerOctave);
     const int shown = quality < 9.995 ? 2 : 1;
     std::string text;
     for (int decimals = shown - 1; decimals <= maxDigits; ++decimals) {

@@ -35,16 +35,16 @@ QString openElsewhere(const QString& file)
         .arg(shown(file));
 }
 
-enum class Error { None, Unreadable, Later, Damaged };
+enum class ErrorKind { None, Unreadable, Later, Damaged };
 
 struct Content
 {
     QJsonObject root;
     SessionData data;
-    Error error = Error::None;
+    ErrorKind error = ErrorKind::None;
     QString reason; // the end of a sentence
 
-    Content& refuse(Error kind, const QString& why)
+    Content& refuse(ErrorKind kind, const QString& why)
     {
         error = kind;
         reason = why;
@@ -54,19 +54,19 @@ struct Content
 
 Content parse(const QByteArray& bytes, const SessionData& before)
 {
-    Content content{{}, before, Error::None, {}};
+    Content content{{}, before, ErrorKind::None, {}};
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
     if (document.isNull())
         return content.refuse(
-            Error::Damaged,
+            ErrorKind::Damaged,
             QStringLiteral("%1 at byte %2").arg(error.errorString()).arg(error.offset));
     content.root = document.object();
     const QString reason = content.data.read(content.root);
     if (reason.isEmpty())
         return content;
-    return content.refuse(SessionData::isLater(content.root) ? Error::Later : Error::Damaged,
-                          reason);
+    return content.refuse(
+        SessionData::isLater(content.root) ? ErrorKind::Later : ErrorKind::Damaged, reason);
 }
 
 Content contentOf(const QString& file, const SessionData& before)
@@ -74,11 +74,11 @@ Content contentOf(const QString& file, const SessionData& before)
     Content content;
     QFile input(file);
     if (QFileInfo::exists(file) && !QFileInfo(file).isFile())
-        return content.refuse(Error::Unreadable, QStringLiteral("it is no file"));
+        return content.refuse(ErrorKind::Unreadable, QStringLiteral("it is no file"));
     if (!input.open(QIODevice::ReadOnly))
-        return content.refuse(Error::Unreadable, input.errorString());
+        return content.refuse(ErrorKind::Unreadable, input.errorString());
     if (input.size() > largestFile)
-        return content.refuse(Error::Damaged, QStringLiteral("it is too long"));
+        return content.refuse(ErrorKind::Damaged, QStringLiteral("it is too long"));
     return parse(input.readAll(), before);
 }
 
@@ -93,7 +93,7 @@ QString SessionFile::standardFile()
 QString SessionFile::read(const QString& file, SessionData* data)
 {
     const Content content = contentOf(file, *data);
-    if (content.error != Error::None)
+    if (content.error != ErrorKind::None)
         return QCoreApplication::translate("SessionFile", "The session %1 cannot be read: %2.")
             .arg(shown(file), content.reason);
     *data = content.data;
@@ -105,12 +105,12 @@ QString SessionFile::open(const QString& file, SessionData* data)
     m_file = file;
     const bool taken = isTaken();
     const Content content =
-        QFileInfo::exists(file) ? contentOf(file, *data) : Content{{}, *data, Error::None, {}};
-    if (content.error == Error::Damaged && !taken)
+        QFileInfo::exists(file) ? contentOf(file, *data) : Content{{}, *data, ErrorKind::None, {}};
+    if (content.error == ErrorKind::Damaged && !taken)
         return setAside(content.reason);
-    if (taken || content.error != Error::None)
+    if (taken || content.error != ErrorKind::None)
         m_file.clear();
-    if (content.error != Error::None)
+    if (content.error != ErrorKind::None)
         return leftAlone(file, content.reason);
     *data = content.data;
     m_root = content.root;
@@ -134,10 +134,9 @@ QString SessionFile::save(const SessionData& data)
     if (m_file.isEmpty() || (root == m_root && QFileInfo::exists(m_file)))
         return QString();
     QDir().mkpath(QFileInfo(m_file).path());
-    const QString error = writeFile(m_file, QJsonDocument(root).toJson());
-    if (!error.isEmpty())
-        return QCoreApplication::translate("SessionFile", "The session %1 cannot be saved: %2.")
-            .arg(shown(m_file), error);
+    const Status written = writeFile(m_file, QJsonDocument(root).toJson());
+    if (!written.isOk())
+        return written.error();
     m_root = root;
     return QString();
 }

@@ -104,11 +104,9 @@ void SettingsFile::keep(int channel, const Map& map)
     if (m_file.isEmpty())
         return;
     QDir().mkpath(QFileInfo(m_file).path());
-    const QString error = writeFile(m_file, bytes());
-    if (!error.isEmpty() && m_reporter)
-        m_reporter(QCoreApplication::translate("SettingsFile",
-                                               "The editors' settings in %1 cannot be written: %2.")
-                       .arg(m_file, error));
+    const Status written = writeFile(m_file, bytes());
+    if (!written.isOk() && m_reporter)
+        m_reporter(written.error());
 }
 
 QString SettingsFile::leaveAlone(const QString& reason)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "equalizer/BandDesign.h"
+
 #include <array>
 #include <cstddef>
 #include <random>
@@ -15,8 +17,8 @@ class TestSignal
 {
 public:
     static constexpr double sweepSeconds = 10.0;
-    static constexpr double lowestFrequency = 20.0;
-    static constexpr double highestFrequency = 20000.0;
+    static constexpr double lowestFrequency = BandDesign::MinimumFrequency;
+    static constexpr double highestFrequency = BandDesign::MaximumFrequency;
     static constexpr double sweepAmplitude = 0.125;
     static constexpr double noiseAmplitude = 0.875;
 

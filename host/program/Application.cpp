@@ -102,9 +102,8 @@ int Application::run()
 {
     const QString file = m_commandLine.plugin.isEmpty() ? EditorLibrary::fileBeside(m_programFolder)
                                                         : m_commandLine.plugin;
-    const QString error = m_mixer.library.load(file);
-    if (!error.isEmpty())
-        return finished(error);
+    if (const Status loaded = m_mixer.library.load(file); !loaded.isOk())
+        return finished(loaded.error());
     applyHostTheme();
     m_mixer.language.choose(m_commandLine.language);
     m_mixer.meters.setEnabled(m_commandLine.showsMeters());
@@ -274,9 +273,5 @@ QString Application::saveScreenshot(const EditorSession& session) const
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     session.picture().save(&buffer, "PNG");
-    const QString error = writeFile(m_commandLine.screenshot, buffer.data());
-    if (error.isEmpty())
-        return QString();
-    return QStringLiteral("The picture %1 cannot be written: %2.")
-        .arg(m_commandLine.screenshot, error);
+    return writeFile(m_commandLine.screenshot, buffer.data()).error();
 }

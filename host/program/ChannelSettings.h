@@ -2,9 +2,9 @@
 #pragma once
 
 #include "host/program/CommandLine.h"
+#include "hosting/Result.h"
 #include "parameters/ChannelValues.h"
 
-#include <QByteArray>
 #include <QString>
 
 #include <vector>
@@ -13,16 +13,10 @@
 /// loaded. The same files and settings give the same values as through an open editor.
 namespace ChannelSettings {
 
-using Values = ChannelValues;
-
-/// The values that a checked state of 116 bytes restores (StateFile).
-Values ofState(const QByteArray& state);
-
-/// Reads the state or preset \a file into \a values. Returns nothing, or what is wrong with it as
-/// a sentence that names it; \a values then stay.
-QString load(const QString& file, Values* values);
+/// Reads the state or preset \a file into \a values, which stay where that fails.
+[[nodiscard]] Status load(const QString& file, ChannelValues* values);
 
 /// Overwrites the values that \a settings name, in their order.
-void apply(const std::vector<CommandLine::Setting>& settings, Values* values);
+void apply(const std::vector<CommandLine::Setting>& settings, ChannelValues* values);
 
 } // namespace ChannelSettings

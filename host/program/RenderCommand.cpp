@@ -41,7 +41,7 @@ QString readJob(const CommandLine& commandLine, AudioRenderer::Job* job)
         error = SessionFile::read(commandLine.session, &session);
     job->values = session.heardBy(commandLine.editor.channel).equalizer;
     if (error.isEmpty() && !commandLine.state.isEmpty())
-        error = ChannelSettings::load(commandLine.state, &job->values);
+        error = ChannelSettings::load(commandLine.state, &job->values).error();
     ChannelSettings::apply(commandLine.settings, &job->values);
     return error;
 }

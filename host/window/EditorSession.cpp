@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/window/EditorSession.h"
 
+#include "equalizer/EqualizerParameters.h"
 #include "host/window/Mixer.h"
 #include "hosting/StateFile.h"
 #include "interfaces/IVaskEffectEditor2.h"
@@ -84,14 +85,14 @@ void EditorSession::setSliderMode(int mode)
 
 QString EditorSession::loadState(const QString& file)
 {
-    StateFile::Content content = StateFile(file, m_editor->uid()).read();
-    if (!content.error.isEmpty())
-        return content.error;
+    Result<QByteArray> state = StateFile(file, m_editor->uid()).read();
+    if (!state.isOk())
+        return state.error();
     const HostMemory::Values before = m_mixer.memory.values(m_settings.channel);
     const EditHistory::Step step(m_mixer.mixerModel.history(),
                                  QCoreApplication::translate("EditorSession", "Load %1")
                                      .arg(QFileInfo(file).completeBaseName()));
-    MemoryStream stream(content.state.data(), content.state.size());
+    MemoryStream stream(state.value().data(), state.value().size());
     if (m_editor->getVstComponent()->setState(&stream) == Steinberg::kResultOk)
         return QString();
     m_mixer.memory.write(m_settings.channel, before);
@@ -102,11 +103,11 @@ QString EditorSession::saveState(const QString& file) const
 {
     MemoryStream stream;
     const Steinberg::tresult result = m_editor->getVstComponent()->getState(&stream);
-    if (result != Steinberg::kResultOk || stream.getSize() != StateFile::stateSize)
+    if (result != Steinberg::kResultOk || stream.getSize() != stateSize)
         return QStringLiteral("The state file %1 is not written: the plug-in gave no state.")
             .arg(file);
-    const QByteArray state(stream.getData(), StateFile::stateSize);
-    return StateFile(file, m_editor->uid()).write(state);
+    const QByteArray state(stream.getData(), stateSize);
+    return StateFile(file, m_editor->uid()).write(state).error();
 }
 
 void EditorSession::keepMap()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/window/EqualizerThumbnail.h"
 
+#include "equalizer/BandDesign.h"
 #include "host/model/MixerModel.h"
 #include "host/window/MixerLook.h"
 
@@ -13,7 +14,7 @@
 namespace {
 
 constexpr double sampleRate = 48000.0;
-constexpr double largestGain = 20.0;
+constexpr double largestGain = BandDesign::MaximumGain;
 
 // 0 dB, and the decades.
 void drawGrid(QPainter& painter, const QRectF& plot)
@@ -68,12 +69,11 @@ void EqualizerThumbnail::paintEvent(QPaintEvent*)
 
 QPolygonF EqualizerThumbnail::curve(const QRectF& plot) const
 {
-    constexpr double decades = 3.0;
     constexpr double farthest = 1.5 * largestGain; // beyond the glass
     const EqualizerResponse response = m_bands.response();
     QPolygonF points;
     for (double x = 0.0; x <= plot.width(); x += 1.0) {
-        const double frequency = 20.0 * std::pow(10.0, decades * x / plot.width());
+        const double frequency = BandDesign::frequency(static_cast<float>(x / plot.width()));
         const double level =
             std::clamp(response.levels(frequency, sampleRate).total, -farthest, farthest);
         points << QPointF(plot.left() + x,

@@ -2,6 +2,7 @@
 #include "host/window/ResponseView.h"
 
 #include "engine/MeasuredResponse.h"
+#include "equalizer/BandDesign.h"
 #include "equalizer/PlotAxes.h"
 #include "host/model/MixerModel.h"
 #include "host/window/MixerLook.h"
@@ -15,8 +16,6 @@
 namespace {
 
 constexpr int delay = 30; // ms, so that a drag is followed but not held up
-constexpr double lowest = 20.0;
-constexpr double highest = 20000.0;
 constexpr double pointsPerOctave = 10.0;
 constexpr double faintest = -100.0; // dB
 constexpr double finest = 0.0001;   // dB
@@ -63,10 +62,11 @@ ResponseView::ResponseView(MixerModel& mixerModel, int channel, QWidget* parent)
 void ResponseView::setSampleRate(int hertz)
 {
     m_bands.setSampleRate(hertz);
-    const double top = std::min(highest, 0.45 * hertz);
+    const double top = std::min(BandDesign::MaximumFrequency, 0.45 * hertz);
     m_frequencies.clear();
     for (int i = 0; m_frequencies.empty() || m_frequencies.back() < top; ++i)
-        m_frequencies.push_back(std::min(top, lowest * std::pow(2.0, i / pointsPerOctave)));
+        m_frequencies.push_back(
+            std::min(top, BandDesign::MinimumFrequency * std::pow(2.0, i / pointsPerOctave)));
     if (isVisible())
         look();
 }

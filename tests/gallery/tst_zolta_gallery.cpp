@@ -87,7 +87,7 @@ void tst_zolta_gallery::saysWhatCannotBeWritten()
 {
     const ProgramResult result = run({QStringLiteral("--sheet"), m_folder.path()});
     QCOMPARE(result.code, 1);
-    QCOMPARE(result.errors, QStringLiteral("zolta-gallery: The picture %1 cannot be written: it is "
+    QCOMPARE(result.errors, QStringLiteral("zolta-gallery: The file %1 cannot be written: it is "
                                            "a folder.\n")
                                 .arg(m_folder.path()));
 }

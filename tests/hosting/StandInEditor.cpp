@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/hosting/StandInEditor.h"
 
+#include "equalizer/BandDesign.h"
+#include "equalizer/EqualizerParameters.h"
 #include "interfaces/IMemAPI.h"
 #include "interfaces/IMeterNotifier.h"
+#include "interfaces/IModelInfo.h"
 
 #include <QPainter>
 #include <QStringList>
@@ -34,7 +37,7 @@ void StandInEditor::setMemAPI(IMemAPI* memAPI)
     if (m_memory && m_memory->queryMeterNotifier(&meters) >= 0)
         meters->removeMeterObserver(this);
     m_memory = memAPI;
-    m_component.setMemory(memAPI);
+    m_component.setMemAPI(memAPI);
     if (m_memory && m_memory->queryMeterNotifier(&meters) >= 0)
         meters->addMeterObserver(this);
     bind(true);
@@ -44,7 +47,7 @@ void StandInEditor::setModelInfo(IModelInfo* modelInfo)
 {
     log(QStringLiteral("setModelInfo"));
     m_model = modelInfo;
-    m_component.setModel(modelInfo);
+    m_component.setModelInfo(modelInfo);
 }
 
 void StandInEditor::setCh(int ch, int ch2)
@@ -52,7 +55,7 @@ void StandInEditor::setCh(int ch, int ch2)
     log(QStringLiteral("setCh %1 %2").arg(ch).arg(ch2));
     bind(false);
     m_channel = ch;
-    m_component.setChannel(ch);
+    m_component.setCh(ch);
     bind(true);
 }
 
@@ -115,10 +118,10 @@ void StandInEditor::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.fillRect(rect(), QColor(0x2a, 0x2e, 0x34));
-    const double step = width() / 27.0;
-    for (int number = 1; number <= 27; ++number) {
-        const double full = height() * double(m_component.position(number));
-        painter.fillRect(QRectF((number - 1) * step + 1, height() - full, step - 2, full),
+    const double step = width() / double(parameterCount);
+    for (const EqualizerParameter& parameter : equalizerParameters) {
+        const double full = height() * double(positionOf(parameter));
+        painter.fillRect(QRectF((parameter.number - 1) * step + 1, height() - full, step - 2, full),
                          QColor(0x03, 0x94, 0xD0));
     }
     const QVariantList meters = property("meters").toList();
@@ -138,13 +141,33 @@ void StandInEditor::bind(bool on)
     if (!m_memory || m_channel < 0)
         return;
     const auto channel = static_cast<unsigned short>(m_channel);
-    for (int number = 1; number <= 27; ++number) {
-        const unsigned short id = m_component.parameterId(number);
+    for (const EqualizerParameter& parameter : equalizerParameters) {
         if (on)
-            m_memory->registerObserver(id, channel, this);
+            m_memory->registerObserver(idOf(parameter), channel, this);
         else
-            m_memory->unregisterObserver(id, channel, this);
+            m_memory->unregisterObserver(idOf(parameter), channel, this);
     }
+}
+
+unsigned short StandInEditor::idOf(const EqualizerParameter& parameter) const
+{
+    unsigned short index = 0;
+    unsigned short id = 0;
+    if (m_model && m_model->findParameter(&index, parameter.name))
+        m_model->getParameterAddress(&id, nullptr, index);
+    return id;
+}
+
+float StandInEditor::positionOf(const EqualizerParameter& parameter) const
+{
+    const auto channel = static_cast<unsigned short>(m_channel);
+    int minimum = 0;
+    int maximum = 0;
+    int value = 0;
+    if (!m_memory || m_memory->getRange(idOf(parameter), channel, &minimum, &maximum) < 0 ||
+        m_memory->getValue(idOf(parameter), channel, &value, 0) < 0)
+        return 0.0F;
+    return BandDesign::position(value, minimum, maximum);
 }
 
 #include "moc_StandInEditor.cpp"

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "component/ZoltaComponent.h"
 #include "interfaces/IMeterObserver.h"
 #include "interfaces/IPrmObserver.h"
 #include "interfaces/IVaskEffectEditor2.h"
-#include "tests/hosting/StandInComponent.h"
 
 #include <vector>
+
+struct EqualizerParameter;
 
 /// A plain editor that stands in for the real one in the host's tests: one bar for each of the 27
 /// parameters of its channel, 400 x 240 at scale 1. It does everything that a host can ask for and
@@ -51,9 +53,11 @@ protected:
 private:
     void log(const QString& call);
     void bind(bool on);
+    unsigned short idOf(const EqualizerParameter& parameter) const;
+    float positionOf(const EqualizerParameter& parameter) const;
 
-    Steinberg::FUID m_uid{0x56535464, 0x78704265, 0x7175616C, 0x697A6572};
-    mutable StandInComponent m_component;
+    Steinberg::FUID m_uid = ZoltaComponent::classId();
+    mutable ZoltaComponent m_component;
     IMemAPI* m_memory = nullptr;
     IModelInfo* m_model = nullptr;
     int m_channel = -1;

@@ -40,9 +40,9 @@ private Q_SLOTS:
 private:
     static QString write(const QString& name, const QByteArray& bytes);
     static QByteArray contentOf(const QString& file);
+    static Result<QByteArray> decode(const QByteArray& bytes);
 
     static inline QTemporaryDir s_folder;
-    const Steinberg::FUID m_uid{0x56535464, 0x78704265, 0x7175616C, 0x697A6572};
 };
 
 QString tst_StateFile::write(const QString& name, const QByteArray& bytes)
@@ -59,34 +59,39 @@ QByteArray tst_StateFile::contentOf(const QString& name)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
 }
 
+Result<QByteArray> tst_StateFile::decode(const QByteArray& bytes)
+{
+    return StateFile::decode(bytes, ZoltaComponent::classId(), QStringLiteral("a file"));
+}
+
 void tst_StateFile::readsAState()
 {
     const QString file = write(QStringLiteral("plain.state"), state(0.25F));
-    const StateFile::Content content = StateFile(file, m_uid).read();
-    QCOMPARE(content.error, QString());
-    QCOMPARE(content.state, state(0.25F));
+    const Result<QByteArray> result = StateFile(file).read();
+    QCOMPARE(result.error(), QString());
+    QCOMPARE(result.value(), state(0.25F));
 }
 
 void tst_StateFile::readsAPreset()
 {
-    const StateFile::Content content = StateFile::decode(presetOf(state(0.75F)), m_uid);
-    QCOMPARE(content.error, QString());
-    QCOMPARE(content.state, state(0.75F));
-    QCOMPARE(StateFile::decode(presetOf(state(), classId.toLower()), m_uid).state, state());
+    const Result<QByteArray> result = decode(presetOf(state(0.75F)));
+    QCOMPARE(result.error(), QString());
+    QCOMPARE(result.value(), state(0.75F));
+    QCOMPARE(decode(presetOf(state(), classId.toLower())).value(), state());
 
     // Other chunks around it do not matter.
     const QByteArray body = "<?xml?>" + state() + "end";
     const QByteArray several =
         preset(body, {{"Info", 48, 7}, {"Comp", 55, 116}, {"Cont", 171, 3}}, 48 + body.size(), 3);
-    QCOMPARE(StateFile::decode(several, m_uid).state, state());
+    QCOMPARE(decode(several).value(), state());
 }
 
 void tst_StateFile::formatIsToldByContentNotByName()
 {
     const QString plain = write(QStringLiteral("really-plain.vstpreset"), state());
     const QString wrapped = write(QStringLiteral("really-preset.state"), presetOf(state()));
-    QCOMPARE(StateFile(plain, m_uid).read().state, state());
-    QCOMPARE(StateFile(wrapped, m_uid).read().state, state());
+    QCOMPARE(StateFile(plain).read().value(), state());
+    QCOMPARE(StateFile(wrapped).read().value(), state());
 }
 
 void tst_StateFile::lastEntryMeansNothing()
@@ -94,14 +99,14 @@ void tst_StateFile::lastEntryMeansNothing()
     const float nan = std::numeric_limits<float>::quiet_NaN();
     for (const float value : {1.0F, -3.0F, nan}) {
         const QByteArray bytes = stateWith(27, bigEndianFloat(value));
-        QCOMPARE(StateFile::decode(bytes, m_uid).state, bytes);
+        QCOMPARE(decode(bytes).value(), bytes);
     }
 }
 
 void tst_StateFile::endsOfTheRangeAreFine()
 {
     for (const float value : {0.0F, -0.0F, 1.0F, std::numeric_limits<float>::denorm_min()})
-        QCOMPARE(StateFile::decode(state(value), m_uid).state, state(value));
+        QCOMPARE(decode(state(value)).value(), state(value));
 }
 
 void tst_StateFile::saysWhatIsWrong_data()
@@ -122,10 +127,11 @@ void tst_StateFile::saysWhatIsWrong_data()
     row("enormous", QByteArray((1 << 20) + 1, '2'),
         "is too long: it holds more than a megabyte, where a state has 116 bytes.");
     row("another version", "2621" + state().mid(4),
-        "is no equalizer state and no preset: it begins with the bytes 32 36 32 31.");
+        "is neither an equalizer state nor a preset: it begins with the bytes 32 36 32 31.");
     row("text", "hello, this is not a state",
-        "is no equalizer state and no preset: it begins with the bytes 68 65 6c 6c.");
-    row("a foreign byte", "x", "is no equalizer state and no preset: it begins with the bytes 78.");
+        "is neither an equalizer state nor a preset: it begins with the bytes 68 65 6c 6c.");
+    row("a foreign byte", "x",
+        "is neither an equalizer state nor a preset: it begins with the bytes 78.");
     row("nan", stateWith(1, bigEndianFloat(nan)),
         "holds nan for fx_rackfx_prm_3 (Low gain), where values lie between 0 and 1.");
     row("above 1", stateWith(26, bigEndianFloat(1.5F)),
@@ -154,7 +160,7 @@ void tst_StateFile::saysWhatIsWrong_data()
     row("preset: long state", presetOf(state() + 'x'),
         "is a preset whose state has 117 bytes instead of 116.");
     row("preset: foreign state", presetOf("0000" + state().mid(4)),
-        "is a preset whose state begins with the bytes 30 30 30 30, which is no equalizer state.");
+        "is a preset whose state is not an equalizer state: it begins with the bytes 30 30 30 30.");
     row("preset: nan", presetOf(stateWith(2, bigEndianFloat(nan))),
         "holds nan for fx_rackfx_prm_2 (Low frequency), where values lie between 0 and 1.");
 }
@@ -164,19 +170,18 @@ void tst_StateFile::saysWhatIsWrong()
     QFETCH(const QByteArray, bytes);
     QFETCH(const QString, expected);
     const QString file = write(QStringLiteral("wrong.state"), bytes);
-    const StateFile::Content content = StateFile(file, m_uid).read();
-    QCOMPARE(content.error, QStringLiteral("The state file %1 %2").arg(file, expected));
-    QVERIFY(content.state.isEmpty());
+    const Result<QByteArray> result = StateFile(file).read();
+    QCOMPARE(result.error(), QStringLiteral("The state file %1 %2").arg(file, expected));
 }
 
 void tst_StateFile::saysWhatCannotBeRead()
 {
     const QString missing = s_folder.filePath(QStringLiteral("missing.state"));
-    QCOMPARE(StateFile(missing, m_uid).read().error,
+    QCOMPARE(StateFile(missing).read().error(),
              QStringLiteral("The state file %1 cannot be read: No such file or directory.")
                  .arg(missing));
-    QCOMPARE(StateFile(s_folder.path(), m_uid).read().error,
-             QStringLiteral("%1 is a folder, not a state file.").arg(s_folder.path()));
+    QCOMPARE(StateFile(s_folder.path()).read().error(),
+             QStringLiteral("The state file %1 is a folder.").arg(s_folder.path()));
 }
 
 void tst_StateFile::everyTruncationIsRefused_data()
@@ -190,11 +195,10 @@ void tst_StateFile::everyTruncationIsRefused()
 {
     QFETCH(const QByteArray, whole);
     for (qsizetype length = 0; length < whole.size(); ++length) {
-        const StateFile::Content content = StateFile::decode(whole.left(length), m_uid);
-        QVERIFY(!content.error.isEmpty());
-        QVERIFY(content.state.isEmpty());
+        const Result<QByteArray> result = decode(whole.left(length));
+        QVERIFY(!result.isOk());
     }
-    QCOMPARE(StateFile::decode(whole, m_uid).state, state());
+    QCOMPARE(decode(whole).value(), state());
 }
 
 void tst_StateFile::hostilePresetsAreRefused_data()
@@ -221,9 +225,8 @@ void tst_StateFile::hostilePresetsAreRefused_data()
 void tst_StateFile::hostilePresetsAreRefused()
 {
     QFETCH(const QByteArray, bytes);
-    const StateFile::Content content = StateFile::decode(bytes, m_uid);
-    QVERIFY(!content.error.isEmpty());
-    QVERIFY(content.state.isEmpty());
+    const Result<QByteArray> result = decode(bytes);
+    QVERIFY(!result.isOk());
 }
 
 void tst_StateFile::everyEntryIsChecked()
@@ -236,9 +239,10 @@ void tst_StateFile::everyEntryIsChecked()
         numbers << number;
     for (int entry = 0; entry < 27; ++entry) {
         const QByteArray bytes = stateWith(entry, bigEndianFloat(2.0F));
-        const QString error = StateFile::decode(bytes, m_uid).error;
+        const QString error = decode(bytes).error();
         QVERIFY2(
-            error.startsWith(QStringLiteral("holds 2 for fx_rackfx_prm_%1 (").arg(numbers[entry])),
+            error.startsWith(QStringLiteral("The state file a file holds 2 for fx_rackfx_prm_%1 (")
+                                 .arg(numbers[entry])),
             qPrintable(error));
     }
 }
@@ -246,9 +250,9 @@ void tst_StateFile::everyEntryIsChecked()
 void tst_StateFile::writesAState()
 {
     const QString file = s_folder.filePath(QStringLiteral("written.state"));
-    QCOMPARE(StateFile(file, m_uid).write(state(0.125F)), QString());
+    QCOMPARE(StateFile(file).write(state(0.125F)).error(), QString());
     QCOMPARE(contentOf(file), state(0.125F));
-    QCOMPARE(StateFile(file, m_uid).write(state(0.25F)), QString());
+    QCOMPARE(StateFile(file).write(state(0.25F)).error(), QString());
     QCOMPARE(contentOf(file), state(0.25F));
 }
 
@@ -256,7 +260,7 @@ void tst_StateFile::writesAPreset()
 {
     for (const char* name : {"written.vstpreset", "written.VSTPreset"}) {
         const QString file = s_folder.filePath(QLatin1String(name));
-        QCOMPARE(StateFile(file, m_uid).write(state(0.125F)), QString());
+        QCOMPARE(StateFile(file).write(state(0.125F)).error(), QString());
         QCOMPARE(contentOf(file), presetOf(state(0.125F)));
     }
 }
@@ -272,24 +276,23 @@ void tst_StateFile::writtenFilesLoadBack_data()
 void tst_StateFile::writtenFilesLoadBack()
 {
     QFETCH(const QString, name);
-    const StateFile file(s_folder.filePath(name), m_uid);
+    const StateFile file(s_folder.filePath(name));
     const QByteArray bytes = stateWith(5, bigEndianFloat(0.1F));
-    QCOMPARE(file.write(bytes), QString());
-    QCOMPARE(file.read().error, QString());
-    QCOMPARE(file.read().state, bytes);
+    QCOMPARE(file.write(bytes).error(), QString());
+    QCOMPARE(file.read().error(), QString());
+    QCOMPARE(file.read().value(), bytes);
 }
 
 void tst_StateFile::failedWritesSayWhy()
 {
     const QString nowhere = s_folder.filePath(QStringLiteral("no/such/folder/a.state"));
-    QCOMPARE(StateFile(nowhere, m_uid).write(state()),
-             QStringLiteral("The state file %1 cannot be written: No such file or directory.")
-                 .arg(nowhere));
-    QCOMPARE(StateFile(s_folder.path(), m_uid).write(state()),
-             QStringLiteral("The state file %1 cannot be written: it is a folder.")
-                 .arg(s_folder.path()));
-    QCOMPARE(StateFile(QStringLiteral("/dev/full"), m_uid).write(state()),
-             QStringLiteral("The state file /dev/full cannot be written: it is no ordinary file."));
+    QCOMPARE(
+        StateFile(nowhere).write(state()).error(),
+        QStringLiteral("The file %1 cannot be written: No such file or directory.").arg(nowhere));
+    QCOMPARE(StateFile(s_folder.path()).write(state()).error(),
+             QStringLiteral("The file %1 cannot be written: it is a folder.").arg(s_folder.path()));
+    QCOMPARE(StateFile(QStringLiteral("/dev/full")).write(state()).error(),
+             QStringLiteral("The file /dev/full cannot be written: it is not an ordinary file."));
 }
 
 // A limit on the size of files stands in for a disk that is full after some bytes.
@@ -303,14 +306,13 @@ void tst_StateFile::interruptedWriteKeepsTheOldFile()
     for (const rlim_t bytes : {0U, 1U, 47U, 48U, 100U, 191U}) {
         const rlimit limited = {bytes, before.rlim_max};
         QCOMPARE(setrlimit(RLIMIT_FSIZE, &limited), 0);
-        const QString error = StateFile(file, m_uid).write(state(1.0F));
+        const QString error = StateFile(file).write(state(1.0F)).error();
         QCOMPARE(setrlimit(RLIMIT_FSIZE, &before), 0);
-        QCOMPARE(error,
-                 QStringLiteral("The state file %1 cannot be written: File too large.").arg(file));
+        QCOMPARE(error, QStringLiteral("The file %1 cannot be written: File too large.").arg(file));
         QCOMPARE(contentOf(file), presetOf(state(0.5F)));
         QCOMPARE(QDir(s_folder.path()).count(), files);
     }
-    QCOMPARE(StateFile(file, m_uid).write(state(1.0F)), QString());
+    QCOMPARE(StateFile(file).write(state(1.0F)).error(), QString());
     QCOMPARE(contentOf(file), presetOf(state(1.0F)));
 }
 

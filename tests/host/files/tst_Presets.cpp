@@ -60,7 +60,7 @@ void tst_Presets::initTestCase()
 {
     QStandardPaths::setTestModeEnabled(true);
     m_folder = PresetFolder(PresetFolder::standardFolder());
-    QCOMPARE(m_mixer.library.load(QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")),
+    QCOMPARE(m_mixer.library.load(QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")).error(),
              QString());
 }
 
@@ -305,7 +305,8 @@ void tst_Presets::badFilesAreExplained_data()
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("reason");
     QTest::newRow("empty") << QByteArray() << QStringLiteral("is empty.");
-    QTest::newRow("noise") << QByteArray("hello") << QStringLiteral("is no equalizer state");
+    QTest::newRow("noise") << QByteArray("hello")
+                           << QStringLiteral("is neither an equalizer state");
     QTest::newRow("cut short") << QByteArray("VST3abc") << QStringLiteral("cut short");
 }
 

@@ -257,8 +257,7 @@ void tst_SettingsFile::saysWhatCannotBeWritten()
     QCOMPARE(settings.open(path()), QString());
     settings.keep(0, {{QStringLiteral("GraphZoom"), 5}});
     QCOMPARE(reports.size(), 1);
-    QVERIFY2(reports[0].startsWith(
-                 QStringLiteral("The editors' settings in %1 cannot be written: ").arg(path())),
+    QVERIFY2(reports[0].startsWith(QStringLiteral("The file %1 cannot be written: ").arg(path())),
              qPrintable(reports[0]));
 }
 

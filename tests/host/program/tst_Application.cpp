@@ -185,7 +185,7 @@ void tst_Application::asksWhenTheSessionCannotBeSavedAtTheEnd()
         return question;
     };
     const QString expected =
-        QStringLiteral("The session %1 cannot be saved: Not a directory.").arg(file);
+        QStringLiteral("The file %1 cannot be written: Not a directory.").arg(file);
     run({QStringLiteral("--session"), file}, [&] {
         auto* mixer = shownWindows<MixerWindow>().value(0);
         QVERIFY(mixer);

@@ -413,16 +413,14 @@ void tst_zolta_host::saysWhatCannotBeWritten_data()
     const QString nowhere = path(QStringLiteral("no/folder/file"));
     QTest::newRow("state into no folder")
         << "--save-state" << nowhere
-        << QStringLiteral("The state file %1 cannot be written: No such file or directory.")
-               .arg(nowhere);
+        << QStringLiteral("The file %1 cannot be written: No such file or directory.").arg(nowhere);
     QTest::newRow("picture into no folder")
         << "--screenshot" << nowhere
-        << QStringLiteral("The picture %1 cannot be written: No such file or directory.")
-               .arg(nowhere);
+        << QStringLiteral("The file %1 cannot be written: No such file or directory.").arg(nowhere);
     QTest::newRow("picture onto a device")
         << "--screenshot"
         << "/dev/full"
-        << "The picture /dev/full cannot be written: it is no ordinary file.";
+        << "The file /dev/full cannot be written: it is not an ordinary file.";
 }
 
 void tst_zolta_host::saysWhatCannotBeWritten()

@@ -48,7 +48,7 @@ private:
 
 void tst_EditorSession::initTestCase()
 {
-    QCOMPARE(m_mixer.library.load(QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")),
+    QCOMPARE(m_mixer.library.load(QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")).error(),
              QString());
 }
 
@@ -149,11 +149,11 @@ void tst_EditorSession::detachesBeforeDeleting()
 {
     auto session = open({});
     QCOMPARE(m_mixer.memory.observerCount(0x0103, 0), 1);
-    QCOMPARE(m_mixer.memory.meters().observerCount(), 1);
+    QVERIFY(m_mixer.memory.meters().hasObservers());
     session.reset(); // the stand-in warns when it was not detached, which fails the test
     QVERIFY(m_stage->children().isEmpty());
     QCOMPARE(m_mixer.memory.observerCount(0x0103, 0), 0);
-    QCOMPARE(m_mixer.memory.meters().observerCount(), 0);
+    QVERIFY(!m_mixer.memory.meters().hasObservers());
 }
 
 void tst_EditorSession::survivesAnEditorThatIsGone()
@@ -310,7 +310,7 @@ void tst_EditorSession::mapIsReadAgainByTheNextRun()
 {
     const QString file = path(QStringLiteral("editors.json"));
     Mixer first;
-    QCOMPARE(first.library.load(QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")),
+    QCOMPARE(first.library.load(QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")).error(),
              QString());
     QCOMPARE(first.settings.open(file), QString());
     m_stage = std::make_unique<QWidget>();

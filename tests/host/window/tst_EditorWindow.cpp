@@ -76,7 +76,7 @@ private:
 void tst_EditorWindow::initTestCase()
 {
     applyHostTheme();
-    QCOMPARE(m_mixer.library.load(QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")),
+    QCOMPARE(m_mixer.library.load(QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")).error(),
              QString());
     m_window = std::make_unique<MixerWindow>(m_mixer, EditorSettings());
 }

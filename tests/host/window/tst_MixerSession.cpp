@@ -74,7 +74,7 @@ void tst_MixerSession::cleanup()
 
 void tst_MixerSession::load(Mixer& mixer) const
 {
-    QCOMPARE(mixer.library.load(QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")),
+    QCOMPARE(mixer.library.load(QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")).error(),
              QString());
 }
 
@@ -477,7 +477,7 @@ void tst_MixerSession::failedWriteLeavesTheOldFile()
     write(folder, "a file in the folder's place");
     m_mixer->mixerModel.setName(0, QStringLiteral("Changed"));
     QVERIFY(!session.save());
-    QVERIFY2(said.contains(QStringLiteral("cannot be saved")), qPrintable(said));
+    QVERIFY2(said.contains(QStringLiteral("cannot be written")), qPrintable(said));
     QCOMPARE(content(moved + QStringLiteral("/session.json")), before);
     QCOMPARE(content(folder), QByteArray("a file in the folder's place"));
     QVERIFY(QFile::remove(folder) && QDir().rename(moved, folder));
@@ -504,7 +504,7 @@ void tst_MixerSession::failedWriteAsksBeforeTheLastWindowCloses()
     QVERIFY(!editor->close());
     QVERIFY(editor->isVisible());
     QCOMPARE(asked.size(), 1);
-    QVERIFY2(asked[0].contains(QStringLiteral("cannot be saved")), qPrintable(asked[0]));
+    QVERIFY2(asked[0].contains(QStringLiteral("cannot be written")), qPrintable(asked[0]));
     answer = true;
     QVERIFY(editor->close());
     QCOMPARE(asked.size(), 2);
