@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "effect/EffectStyle.h"
 
-#include "controls/PullDownButtonController.h"
+#include "controls/PullDownMenu.h"
 #include "effect/EditorFonts.h"
 #include "effect/PixelRounding.h"
 #include "effect/WidgetScale.h"
@@ -13,7 +13,6 @@
 #include <QStyleOptionMenuItem>
 #include <QWidget>
 
-using CommonController_MemAPI::PullDownButtonController;
 using CommonController_MemAPI::PullDownButtonControllerPrivate::Menu;
 
 namespace {
@@ -108,21 +107,21 @@ void drawSeparator(const QRect& rect, QPainter* painter)
     painter->drawLine(rect.left(), y, rect.right() + 1, y);
 }
 
-/// The button whose pull-down menu \a widget is; null for any other widget.
-const PullDownButtonController* pullDownButton(const QWidget& widget)
+/// \a widget if it is the menu of a pull-down button that still exists; null for any other.
+const Menu* pullDownMenu(const QWidget& widget)
 {
     const auto* menu = qobject_cast<const Menu*>(&widget);
-    return menu ? menu->owner() : nullptr;
+    return menu && menu->owner() ? menu : nullptr;
 }
 
 /// The items of a pull-down menu: an index column, if the button has one, and the label.
 struct PullDownColumns
 {
-    PullDownColumns(const PullDownButtonController& button, double scale)
-        : hasIndex(button.indexWidth() > 0)
+    PullDownColumns(const Menu& menu, double scale)
+        : hasIndex(menu.indexWidth() > 0)
         , side(roundToPixel(4 * scale))
-        , indexWidth(hasIndex ? roundToPixel(button.indexWidth() * scale) : 0)
-        , indexMargin(hasIndex ? roundToPixel(button.indexMargin() * scale) : 0)
+        , indexWidth(hasIndex ? roundToPixel(menu.indexWidth() * scale) : 0)
+        , indexMargin(hasIndex ? roundToPixel(menu.indexMargin() * scale) : 0)
     {}
 
     QString index(const QString& text) const
@@ -163,10 +162,10 @@ void drawIndexLine(const QStyleOptionMenuItem& item, QPainter* painter,
     painter->setPen(itemPen);
 }
 
-void drawPullDownTexts(const QStyleOptionMenuItem& item, QPainter* painter,
-                       const PullDownButtonController& button, double scale)
+void drawPullDownTexts(const QStyleOptionMenuItem& item, QPainter* painter, const Menu& menu,
+                       double scale)
 {
-    const PullDownColumns columns(button, scale);
+    const PullDownColumns columns(menu, scale);
     const int left = item.rect.left() + columns.side;
     const int right = item.rect.right() - columns.side;
     const int labelLeft = left + columns.indexMargin + columns.indexWidth;
@@ -214,8 +213,8 @@ void drawMenuItem(const QStyleOptionMenuItem& item, QPainter* painter, const QWi
     painter->setPen(QPen(color, scale, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     painter->setBrush(color);
     drawItemBackground(item, painter);
-    if (const PullDownButtonController* button = pullDownButton(menu))
-        drawPullDownTexts(item, painter, *button, scale);
+    if (const Menu* pullDown = pullDownMenu(menu))
+        drawPullDownTexts(item, painter, *pullDown, scale);
     else if (item.menuItemType == QStyleOptionMenuItem::Separator)
         drawSeparator(item.rect, painter);
     else if (!item.text.isEmpty())
@@ -224,14 +223,13 @@ void drawMenuItem(const QStyleOptionMenuItem& item, QPainter* painter, const QWi
 }
 
 /// A pull-down list is never narrower than its button less the frame.
-QSize pullDownItemSize(const QStyleOptionMenuItem& item, const PullDownButtonController& button,
-                       double scale)
+QSize pullDownItemSize(const QStyleOptionMenuItem& item, const Menu& menu, double scale)
 {
-    const PullDownColumns columns(button, scale);
+    const PullDownColumns columns(menu, scale);
     const QSize text = item.fontMetrics.size(Qt::TextSingleLine, item.text);
     const QSize label = item.fontMetrics.size(Qt::TextSingleLine, columns.label(item.text));
     const int width = label.width() + columns.indexWidth + columns.indexMargin + 2 * columns.side;
-    return {std::max(width, button.width() - 2 * roundToPixel(scale)),
+    return {std::max(width, menu.owner()->width() - 2 * roundToPixel(scale)),
             text.height() + 2 * roundToPixel(scale)};
 }
 
@@ -239,8 +237,8 @@ QSize menuItemSize(const QStyleOptionMenuItem& item, const QSize& contentsSize, 
                    bool underlineShortcut)
 {
     const double scale = getWidgetScale(&menu);
-    if (const PullDownButtonController* button = pullDownButton(menu))
-        return pullDownItemSize(item, *button, scale);
+    if (const Menu* pullDown = pullDownMenu(menu))
+        return pullDownItemSize(item, *pullDown, scale);
     if (item.menuItemType == QStyleOptionMenuItem::Separator)
         return {contentsSize.width(), roundToPixel(5 * scale)};
     const QFontMetrics metrics(itemFont(menu, scale));

@@ -34,8 +34,10 @@ struct Ledger
 template <typename Control> class Counted : public Control
 {
 public:
-    explicit Counted(Ledger& ledger, QWidget* parent = nullptr)
-        : Control(parent)
+    /// \a arguments are the control's further ones.
+    template <typename... Arguments>
+    explicit Counted(Ledger& ledger, QWidget* parent = nullptr, const Arguments&... arguments)
+        : Control(parent, arguments...)
         , m_ledger(ledger)
     {}
     ~Counted() override { this->closeEdits(); }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/MeterController.h"
 #include "controls/PeakMeterController.h"
+#include "controls/RoundGainReductionMeterController.h"
+#include "controls/RoundMeterController.h"
 #include "tests/controls/MeterTesting.h"
 #include "tests/support/TestHost.h"
 #include "tests/support/TestObject.h"
@@ -13,6 +15,8 @@
 
 #include <cmath>
 #include <limits>
+#include <memory>
+#include <utility>
 
 using namespace CommonController_MemAPI;
 using namespace MeterTesting;
@@ -99,6 +103,8 @@ private Q_SLOTS:
     void followsTheHost();
     void paintingReadsTheHostOnce();
     void rebindsAndUnbinds();
+    void theScreenFollowsUnbinding_data();
+    void theScreenFollowsUnbinding();
     void failingHost();
     void neverEdits();
     void clampsLevels();
@@ -560,6 +566,48 @@ void tst_MeterController::rebindsAndUnbinds()
         QCOMPARE(host.observerCount(), 1);
     }
     QCOMPARE(host.observerCount(), 0);
+}
+
+void tst_MeterController::theScreenFollowsUnbinding_data()
+{
+    QTest::addColumn<std::shared_ptr<MeterController>>("meter");
+    QTest::newRow("bar") << std::shared_ptr<MeterController>(new MeterController);
+    QTest::newRow("peak") << std::shared_ptr<MeterController>(new PeakMeterController);
+    QTest::newRow("round") << std::shared_ptr<MeterController>(new RoundMeterController);
+    QTest::newRow("gain reduction")
+        << std::shared_ptr<MeterController>(new RoundGainReductionMeterController);
+}
+
+// What was bound must not stay on the screen, nor what lies between it and a later level.
+void tst_MeterController::theScreenFollowsUnbinding()
+{
+    QFETCH(std::shared_ptr<MeterController>, meter);
+    TestHost host;
+    host.setRange(Parameter, -1270, 8191);
+    host.set(Parameter, 0, 300);
+    meter->resize(10, 108);
+    meter->setPalette(meterPalette());
+    meter->setValue(-500);
+    meter->show();
+    QVERIFY(QTest::qWaitForWindowExposed(meter.get()));
+    meter->setMemAPIValue(host.memory(), host.id(Parameter), 0, 0);
+    host.set(Parameter, 0, -200);
+    PaintRecorder paints(*meter);
+    QImage before = shown(*meter);
+    paints.take();
+    const auto isRepainted = [&] {
+        const QRegion painted = paints.take();
+        const QImage after = shown(*meter);
+        paints.take();
+        const QRegion changed = differing(std::exchange(before, after), after);
+        return !changed.isEmpty() && (changed - painted).isEmpty();
+    };
+    meter->setMemAPIValue(nullptr, 0, 0, 0);
+    QVERIFY(isRepainted());
+    for (const int value : {-100, 300, -700}) {
+        meter->setValue(value);
+        QVERIFY(isRepainted());
+    }
 }
 
 void tst_MeterController::failingHost()

@@ -49,7 +49,9 @@ struct Fixture
     TestHost host;
     Ledger ledger;
     QWidget window;
-    QPointer<CountedPullDown> button = new CountedPullDown(ledger, &window);
+    qint64 elapsed = Menu::OpeningClick; ///< of a menu since it opened
+    QPointer<CountedPullDown> button =
+        new CountedPullDown(ledger, &window, [this] { return elapsed; });
 };
 
 struct BoundFixture : Fixture
@@ -62,8 +64,8 @@ struct BoundFixture : Fixture
     }
 };
 
-/// Opens a menu by \a open and has it used as soon as it shows, late enough after its opening for a
-/// release to count. A menu left open is closed. False if no menu showed.
+/// Opens a menu by \a open and has it used as soon as it shows. A menu left open is closed. False
+/// if no menu showed.
 bool useMenu(const std::function<void()>& open, const std::function<void(Menu&)>& use)
 {
     bool isUsed = false;
@@ -74,7 +76,6 @@ bool useMenu(const std::function<void()>& open, const std::function<void(Menu&)>
         if (!menu)
             return;
         isUsed = true;
-        menu->setClock([] { return Menu::OpeningClick; });
         use(*menu);
         if (menu)
             menu->close();
@@ -510,8 +511,8 @@ void tst_PullDownButtonController::keyboardChooses()
 void tst_PullDownButtonController::releaseOfTheOpeningClickNeverPicks()
 {
     BoundFixture fixture;
-    const auto drag = [](Menu& menu, qint64 elapsed) {
-        menu.setClock([elapsed] { return elapsed; });
+    const auto drag = [&](Menu& menu, qint64 elapsed) {
+        fixture.elapsed = elapsed;
         const QPoint position = itemPosition(menu, 3);
         sendMouse(menu, QEvent::MouseMove, position, Qt::NoButton, Qt::LeftButton);
         sendMouse(menu, QEvent::MouseButtonRelease, position, Qt::LeftButton, {});
