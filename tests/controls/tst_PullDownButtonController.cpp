@@ -12,6 +12,7 @@
 #include <functional>
 #include <limits>
 #include <memory>
+#include <utility>
 
 using namespace ButtonTesting;
 using CommonController_MemAPI::PullDownButtonController;
@@ -109,6 +110,36 @@ std::function<void(Menu&)> picking(int index)
 
 void nothing(Menu&) {}
 
+/// Something else of the host's that hears of a change.
+class Listener final : public IPrmObserver
+{
+public:
+    explicit Listener(std::function<void()> action)
+        : m_action(std::move(action))
+    {}
+
+    int Update(unsigned short, unsigned short, int, const char*) override
+    {
+        m_action();
+        return 0;
+    }
+    int UpdateProperty(unsigned short, unsigned short, int, int, int, bool, const char*) override
+    {
+        return 0;
+    }
+
+private:
+    std::function<void()> m_action;
+};
+
+/// Has \a listener hear of changes before the button does.
+void putBefore(BoundFixture& fixture, Listener& listener)
+{
+    fixture.button->setMemAPIValue(nullptr, 0, 0, 0);
+    fixture.host.memory()->registerObserver(fixture.host.id(TestHost::name(Type)), 0, &listener);
+    bind(*fixture.button, fixture.host, Type);
+}
+
 } // namespace
 
 class tst_PullDownButtonController : public TestObject
@@ -116,10 +147,7 @@ class tst_PullDownButtonController : public TestObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void metaObject();
-    void startsAlignedForTextAndArrow();
 
-    void threeTextsHaveTheRangeZeroToTwo();
     void emptyListHasOneValueAndShowsTheEmptyText();
     void rangeFollowsTheListFromTheMinimum();
     void currentTextFollowsValueAndVisibility();
@@ -164,40 +192,6 @@ private Q_SLOTS:
     void valueIsAnnouncedOnce();
 };
 
-void tst_PullDownButtonController::metaObject()
-{
-    const PullDownButtonController button;
-    const QMetaObject& meta = PullDownButtonController::staticMetaObject;
-    QCOMPARE(meta.className(), "CommonController_MemAPI::PullDownButtonController");
-    QCOMPARE(meta.superClass()->className(), "CommonController_MemAPI::PushButtonController");
-    const QStringList properties =
-        texts({"QStringList textList = 0",
-               "QString emptyText = ", "QString invisibleText = ", "bool autoPullDown = true",
-               "int indexWidth = 0", "int indexMargin = 0", "int indexOrigin = 1"});
-    QCOMPARE(ownProperties(button, meta), properties);
-    QVERIFY(arePlain(meta));
-    QCOMPARE(ownMethods(meta), texts({"signal selected()", "signal changed()"}));
-    QCOMPARE(Menu::staticMetaObject.className(),
-             "CommonController_MemAPI::PullDownButtonControllerPrivate::Menu");
-    QCOMPARE(Menu::staticMetaObject.superClass()->className(), "QMenu");
-}
-
-void tst_PullDownButtonController::startsAlignedForTextAndArrow()
-{
-    const PullDownButtonController button;
-    QCOMPARE(button.svgAlignment(), Qt::AlignRight | Qt::AlignVCenter);
-    QCOMPARE(button.textAlignment(), Qt::AlignLeft | Qt::AlignVCenter);
-    QCOMPARE(button.focusPolicy(), Qt::NoFocus);
-}
-
-void tst_PullDownButtonController::threeTextsHaveTheRangeZeroToTwo()
-{
-    PullDownButtonController button;
-    button.setTextList(texts({"A", "B", "C"}));
-    QCOMPARE(button.minimumValue(), 0);
-    QCOMPARE(button.maximumValue(), 2);
-}
-
 void tst_PullDownButtonController::emptyListHasOneValueAndShowsTheEmptyText()
 {
     PullDownButtonController button;
@@ -216,6 +210,8 @@ void tst_PullDownButtonController::rangeFollowsTheListFromTheMinimum()
 {
     PullDownButtonController button;
     button.setTextList(Types);
+    QCOMPARE(button.minimumValue(), 0);
+    QCOMPARE(button.maximumValue(), 3);
     button.setMinimumValue(2);
     button.setTextList(texts({"A", "B", "C", "D", "E"}));
     QCOMPARE(button.maximumValue(), 6);
@@ -300,6 +296,8 @@ void tst_PullDownButtonController::menuKnowsItsOwner()
     QVERIFY(useMenu(*fixture.button, [&](Menu& menu) {
         last = &menu;
         QCOMPARE(menu.owner(), fixture.button.data());
+        QCOMPARE(menu.metaObject()->className(),
+                 "CommonController_MemAPI::PullDownButtonControllerPrivate::Menu");
         QVERIFY(menu.isWindow());
     }));
     QVERIFY(last);
@@ -617,28 +615,36 @@ void tst_PullDownButtonController::menuDestroyedWhileOpen()
 
 void tst_PullDownButtonController::deletionInside_data()
 {
-    QTest::addColumn<QString>("signal");
-    for (const char* signal : {"valueChanged", "changed", "selected"})
-        QTest::newRow(signal) << QString::fromLatin1(signal);
+    QTest::addColumn<QString>("where");
+    for (const char* where :
+         {"host", "beginEdit", "valueChanged", "endEdit", "changed", "selected"})
+        QTest::newRow(where) << QString::fromLatin1(where);
 }
 
 void tst_PullDownButtonController::deletionInside()
 {
-    QFETCH(QString, signal);
+    QFETCH(QString, where);
     BoundFixture fixture;
     CountedPullDown* button = fixture.button;
     const auto destroy = [button] { delete button; };
-    if (signal == QLatin1String("changed"))
+    Listener listener(destroy);
+    if (where == QLatin1String("changed"))
         connect(button, &PullDownButtonController::changed, this, destroy);
-    else if (signal == QLatin1String("selected"))
+    else if (where == QLatin1String("selected"))
         connect(button, &PullDownButtonController::selected, this, destroy);
-    else
+    else if (where == QLatin1String("valueChanged"))
         connect(button, qOverload<int>(&PullDownButtonController::valueChanged), this, destroy);
+    else if (where == QLatin1String("beginEdit"))
+        fixture.ledger.atBegin = destroy;
+    else if (where == QLatin1String("endEdit"))
+        fixture.ledger.atEnd = destroy;
+    else
+        putBefore(fixture, listener);
     QVERIFY(useMenu([&] { press(*button); }, picking(2)));
     QVERIFY(!fixture.button);
-    QCOMPARE(fixture.value(), 2);
+    QCOMPARE(fixture.value(), where == QLatin1String("beginEdit") ? 1 : 2);
     QVERIFY(fixture.ledger.isBalanced());
-    QCOMPARE(fixture.host.observerCount(), 0);
+    QCOMPARE(fixture.host.observerCount(), where == QLatin1String("host") ? 1 : 0);
 }
 
 void tst_PullDownButtonController::valuesBeyondTheListAndWideRanges()
