@@ -3,7 +3,6 @@
 
 #include "controls/ControlAccessible.h"
 #include "controls/ModifierReport.h"
-#include "controls/RotatedSvg.h"
 #include "controls/WideInteger.h"
 
 #include <QKeyEvent>
@@ -110,12 +109,7 @@ void KnobController::setKnobDisableOpacity(double opacity)
         update();
 }
 
-void KnobController::setKnobSvg(const QString& path)
-{
-    if (path != knobSvg())
-        RotatedSvg::drop(path);
-    loadSvg(m_knob, path);
-}
+void KnobController::setKnobSvg(const QString& path) { loadSvg(m_knob, path); }
 
 void KnobController::setShadowSvg(const QString& path) { loadSvg(m_shadow, path); }
 
@@ -417,8 +411,8 @@ void KnobController::paintKnob(QPainter& painter, double position)
 {
     const double opacity = isEnabled() ? 1.0 : m_knobDisableOpacity;
     if (m_knobType == RotateKnob)
-        RotatedSvg::draw(painter, m_knob, pictureRect(m_knob),
-                         m_startAngle + m_spanAngle * position, opacity, rect());
+        m_knob.drawTurned(painter, pictureRect(m_knob), m_startAngle + m_spanAngle * position,
+                          opacity, rect());
     else if (opacity < 1.0)
         m_knob.drawTranslucent(painter, pictureRect(m_knob), opacity, rect());
     else

@@ -112,12 +112,12 @@ void MeterController::setMeterType(MeterType type) { setAndRepaint(m_type, type)
 
 void MeterController::valueChanged()
 {
-    if (isBound()) {
+    const std::optional<int> now = isBound() ? std::nullopt : std::optional(value());
+    const std::optional<int> before = std::exchange(m_shownValue, now);
+    if (before && now)
+        update(changedRegion(*before, *now));
+    else
         update();
-        return;
-    }
-    const int before = std::exchange(m_shownValue, value());
-    update(changedRegion(before, m_shownValue));
 }
 
 void MeterController::valueChangedRequest()

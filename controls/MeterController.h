@@ -8,6 +8,8 @@
 #include <QRegion>
 #include <QWidget>
 
+#include <optional>
+
 class QPainter;
 
 namespace CommonController_MemAPI {
@@ -116,7 +118,7 @@ private:
     int m_overMargin = 3;
     int m_overHeight = 3;
     MeterType m_type = Minus600;
-    int m_shownValue = 0;
+    std::optional<int> m_shownValue; // unknown while the host's value is shown
     int m_paintedValue = 0;
 };
 

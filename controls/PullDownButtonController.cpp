@@ -11,34 +11,6 @@
 
 namespace CommonController_MemAPI {
 
-namespace PullDownButtonControllerPrivate {
-
-Menu::Menu(PullDownButtonController* owner)
-    : QMenu(owner)
-    , m_owner(owner)
-    , m_clock([this] { return m_timer.elapsed(); })
-{
-    QFont ownFont = owner->font();
-    ownFont.setResolveMask(QFont::AllPropertiesResolved);
-    setFont(ownFont);
-    setStyle(owner->style());
-    m_timer.start();
-}
-
-PullDownButtonController* Menu::owner() const { return m_owner; }
-
-void Menu::setClock(const Clock& clock) { m_clock = clock; }
-
-void Menu::mouseReleaseEvent(QMouseEvent* event)
-{
-    if (m_clock() < OpeningClick)
-        QWidget::mouseReleaseEvent(event);
-    else
-        QMenu::mouseReleaseEvent(event);
-}
-
-} // namespace PullDownButtonControllerPrivate
-
 using PullDownButtonControllerPrivate::Menu;
 
 namespace {
@@ -92,8 +64,9 @@ private:
 
 } // namespace
 
-PullDownButtonController::PullDownButtonController(QWidget* parent)
+PullDownButtonController::PullDownButtonController(QWidget* parent, const MenuClock& menuClock)
     : PushButtonController(parent)
+    , m_menuClock(menuClock)
 {
     registerAccessible(staticMetaObject, [](QWidget* button) -> QAccessibleInterface* {
         return new PullDownAccessible(static_cast<PullDownButtonController*>(button));
@@ -169,7 +142,7 @@ void PullDownButtonController::openPullDown()
     if (m_menu || !isEnabled() || !hasVisibleItem())
         return;
     const QPointer<QWidget> self(this);
-    m_menu = new Menu(this);
+    m_menu = new Menu(this, m_menuClock);
     fill(*m_menu);
     m_menu->installEventFilter(this);
     const QAction* chosen = m_menu->exec(mapToGlobal(QPoint(0, height())));
@@ -271,11 +244,11 @@ void PullDownButtonController::choose(qsizetype index)
     const QPointer<QWidget> self(this);
     const int before = value();
     openEdit();
-    setValue(saturateToInt(minimumValue() + qint64{index}));
-    if (!self)
-        return;
-    closeEdit();
-    if (value() != before)
+    if (self)
+        setValue(saturateToInt(minimumValue() + qint64{index}));
+    if (self)
+        closeEdit();
+    if (self && value() != before)
         Q_EMIT changed();
     if (self)
         Q_EMIT selected();

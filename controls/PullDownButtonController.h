@@ -1,54 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "controls/PullDownMenu.h"
 #include "controls/PushButtonController.h"
 
-#include <QElapsedTimer>
 #include <QList>
-#include <QMenu>
 #include <QPointer>
 #include <QStringList>
 
-#include <functional>
-
 namespace CommonController_MemAPI {
-
-class PullDownButtonController;
-
-namespace PullDownButtonControllerPrivate {
-
-/// The menu of one opening of a pull-down button, a window of its own. Styles draw it by its
-/// owner's index column and zoom.
-class Menu : public QMenu
-{
-    Q_OBJECT
-
-public:
-    /// The milliseconds since the menu opened.
-    using Clock = std::function<qint64()>;
-
-    /// The release of the click that opens a menu comes within so many milliseconds of the opening.
-    static constexpr qint64 OpeningClick = 100;
-
-    /// A child of \a owner, in its font and style. The time runs from now.
-    explicit Menu(PullDownButtonController* owner);
-
-    /// The button that the menu was opened by; null once that is gone.
-    PullDownButtonController* owner() const;
-    /// Replaces the menu's own clock.
-    void setClock(const Clock& clock);
-
-protected:
-    /// Lets the release of the opening click pass without picking an item.
-    void mouseReleaseEvent(QMouseEvent* event) override;
-
-private:
-    QPointer<PullDownButtonController> m_owner;
-    QElapsedTimer m_timer;
-    Clock m_clock;
-};
-
-} // namespace PullDownButtonControllerPrivate
 
 /// A button that chooses one of several values from a menu: text i of the list stands for the
 /// minimum + i. It shows the current item's text over the layers of a push button, and writes only
@@ -73,7 +33,10 @@ class PullDownButtonController : public PushButtonController
     Q_PROPERTY(int indexOrigin READ indexOrigin WRITE setIndexOrigin)
 
 public:
-    explicit PullDownButtonController(QWidget* parent = nullptr);
+    using MenuClock = PullDownButtonControllerPrivate::Menu::Clock;
+
+    /// \a menuClock is handed to every menu that the button opens.
+    explicit PullDownButtonController(QWidget* parent = nullptr, const MenuClock& menuClock = {});
     ~PullDownButtonController() override;
 
     void setMemAPIValue(IMemAPI* memAPI, unsigned short parameter, unsigned short ch,
@@ -139,6 +102,7 @@ private:
     void closePullDown();
     void choose(qsizetype index);
 
+    MenuClock m_menuClock;
     QStringList m_textList;
     QString m_emptyText;
     QString m_invisibleText;

@@ -11,7 +11,6 @@
 #include <QLoggingCategory>
 #include <QPainter>
 
-#include <algorithm>
 #include <cstring>
 
 namespace {
@@ -61,25 +60,7 @@ QByteArray contents(const QString& path)
     return file.readAll();
 }
 
-QRect nonTransparent(const QImage& image)
-{
-    QRect box;
-    for (int y = 0; y < image.height(); ++y) {
-        const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
-        const auto* end = line + image.width();
-        const auto isInk = [](QRgb pixel) { return qAlpha(pixel) != 0; };
-        const auto* first = std::find_if(line, end, isInk);
-        if (first == end)
-            continue;
-        const auto* last =
-            std::find_if(std::reverse_iterator(end), std::reverse_iterator(first), isInk).base();
-        box |= QRect(QPoint(static_cast<int>(first - line), y),
-                     QPoint(static_cast<int>(last - line) - 1, y));
-    }
-    return box;
-}
-
-/// Draws the picture in the middle of a field of three times its size and looks where ink is.
+/// Draws the picture in the middle of a field of three times its size and measures where ink is.
 QRectF measureExtent(QSvgRenderer& renderer)
 {
     const QSize size = renderer.defaultSize().expandedTo({16, 16}).boundedTo({256, 256});
@@ -88,7 +69,7 @@ QRectF measureExtent(QSvgRenderer& renderer)
     QPainter painter(&field);
     renderer.render(&painter, QRectF(QPointF(size.width(), size.height()), size));
     painter.end();
-    const QRect ink = nonTransparent(field).adjusted(-1, -1, 1, 1);
+    const QRect ink = inkOf(field).adjusted(-1, -1, 1, 1);
     if (!field.rect().contains(ink))
         return {};
     const QRectF relative = ink.translated(-size.width(), -size.height());

@@ -2,6 +2,7 @@
 #include "widgets/SvgImage.h"
 
 #include "widgets/SvgDocument.h"
+#include "widgets/SvgPlacement.h"
 #include "widgets/SvgRasters.h"
 
 #include <QGraphicsBlurEffect>
@@ -15,76 +16,6 @@
 #include <cmath>
 
 namespace {
-
-constexpr double FixedOne = 4294967296.0;
-constexpr double LargestCoordinate = 1 << 24;
-
-qint64 toFixed(double pixels) { return std::llround(pixels * FixedOne); }
-
-/// A picture laid out on a device's pixels.
-struct Placement
-{
-    Placement(const QPainter& painter, const QRectF& pictureRect)
-        : toDevice(painter.deviceTransform())
-        , rect(pictureRect)
-        , deviceRect(toDevice.mapRect(pictureRect))
-    {}
-
-    bool isUpright() const
-    {
-        return toDevice.type() <= QTransform::TxScale && toDevice.m11() > 0.0 &&
-               toDevice.m22() > 0.0;
-    }
-
-    bool isSane() const
-    {
-        return qIsFinite(deviceRect.x()) && qIsFinite(deviceRect.y()) &&
-               qIsFinite(deviceRect.width()) && qIsFinite(deviceRect.height()) && !rect.isEmpty() &&
-               !deviceRect.isEmpty() &&
-               QRectF(-LargestCoordinate, -LargestCoordinate, 2 * LargestCoordinate,
-                      2 * LargestCoordinate)
-                   .contains(deviceRect);
-    }
-
-    /// The pixel that holds the left top corner.
-    QPoint origin() const
-    {
-        return {static_cast<int>(toFixed(deviceRect.x()) >> 32),
-                static_cast<int>(toFixed(deviceRect.y()) >> 32)};
-    }
-
-    /// The pixels that \a area of the painter touches, from the origin on.
-    QRect pixels(const QRectF& area) const
-    {
-        return toDevice.mapRect(area).toAlignedRect().translated(-origin());
-    }
-
-    /// The pixels that the picture touches, from the origin on; those of its rectangle if
-    /// \a extent is empty.
-    QRect inkPixels(const QRectF& extent) const
-    {
-        const QRectF box = extent.isEmpty() ? QRectF(0.0, 0.0, 1.0, 1.0) : extent;
-        const QRectF ink(rect.x() + box.x() * rect.width(), rect.y() + box.y() * rect.height(),
-                         extent.width() * rect.width(), extent.height() * rect.height());
-        return pixels(ink).adjusted(-1, -1, 1, 1);
-    }
-
-    double pixelSize() const { return std::sqrt(std::abs(toDevice.determinant())); }
-
-    SvgRasterKey key(quint64 document) const
-    {
-        constexpr qint64 fraction = 0xffffffff;
-        return {.document = document,
-                .x = toFixed(deviceRect.x()) & fraction,
-                .y = toFixed(deviceRect.y()) & fraction,
-                .width = toFixed(deviceRect.width()),
-                .height = toFixed(deviceRect.height())};
-    }
-
-    QTransform toDevice;
-    QRectF rect;
-    QRectF deviceRect;
-};
 
 bool fits(const QSize& size)
 {
@@ -109,16 +40,20 @@ bool takesRasters(const QPainter& painter)
            isClippedToPixels(painter);
 }
 
+QImage emptyGround(const QSize& size)
+{
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    return image;
+}
+
 /// The part \a pixels (counted from the origin) of the picture on an empty ground.
-QImage rendered(QSvgRenderer& renderer, const Placement& placement, const QRect& pixels,
+QImage rendered(QSvgRenderer& renderer, const SvgPlacement& placement, const QRect& pixels,
                 double opacity)
 {
-    QImage image(pixels.size(), QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
+    QImage image = emptyGround(pixels.size());
     QPainter painter(&image);
-    const QPoint corner = placement.origin() + pixels.topLeft();
-    painter.setWorldTransform(placement.toDevice *
-                              QTransform::fromTranslate(-corner.x(), -corner.y()));
+    painter.setWorldTransform(placement.toPixels(pixels));
     painter.setOpacity(opacity);
     renderer.render(&painter, placement.rect);
     return image;
@@ -133,21 +68,20 @@ QImage blurred(const QImage& image, double radius)
     effect->setBlurRadius(radius);
     scene.addPixmap(QPixmap::fromImage(image))->setGraphicsEffect(effect);
 
-    QImage result(image.size(), QImage::Format_ARGB32_Premultiplied);
-    result.fill(Qt::transparent);
+    QImage result = emptyGround(image.size());
     QPainter painter(&result);
     scene.render(&painter, result.rect(), result.rect());
     return result;
 }
 
-double toDeviceRadius(double radius, const Placement& placement)
+double toDeviceRadius(double radius, const SvgPlacement& placement)
 {
     constexpr double widest = 256.0;
     return radius > 0.0 ? std::min(radius * placement.pixelSize(), widest) : 0.0;
 }
 
 /// What of a picture can be seen on a canvas. A painter that turns is left to its own clip.
-QRect sheetPart(const SvgDocument& document, const Placement& placement, const QRect& canvas)
+QRect sheetPart(const SvgDocument& document, const SvgPlacement& placement, const QRect& canvas)
 {
     if (!placement.isUpright())
         return placement.inkPixels(document.extent());
@@ -158,7 +92,7 @@ QRect sheetPart(const SvgDocument& document, const Placement& placement, const Q
 /// What of a picture a blur of \a radius needs and shows. Beyond four radii it has faded to
 /// nothing. Wide blurs work on pairs of pixels counted from the canvas's corner; an even start
 /// keeps the pairs together.
-QRect blurPart(const SvgDocument& document, const Placement& placement, const QRect& canvas,
+QRect blurPart(const SvgDocument& document, const SvgPlacement& placement, const QRect& canvas,
                double radius)
 {
     const int reach = static_cast<int>(std::ceil(4.0 * radius)) + 2;
@@ -173,7 +107,7 @@ QRect blurPart(const SvgDocument& document, const Placement& placement, const QR
 }
 
 /// The picture at \a placement, cached; null if that cannot be.
-const SvgRaster* plainRaster(SvgDocument& document, const Placement& placement, double opacity)
+const SvgRaster* plainRaster(SvgDocument& document, const SvgPlacement& placement, double opacity)
 {
     if (document.extent().isEmpty() || !placement.isUpright())
         return nullptr;
@@ -188,7 +122,14 @@ const SvgRaster* plainRaster(SvgDocument& document, const Placement& placement, 
     return SvgRasters::insert(key, trimmed({image, pixels.topLeft()}));
 }
 
-SvgRaster blurredRaster(SvgDocument& document, const Placement& placement, const QRect& part,
+/// The raster of \a key from memory, or else as \a make makes it.
+template <typename Make> SvgRaster kept(const SvgRasterKey& key, const Make& make)
+{
+    const SvgRaster* known = SvgRasters::find(key);
+    return known ? *known : *SvgRasters::insert(key, make());
+}
+
+SvgRaster blurredRaster(SvgDocument& document, const SvgPlacement& placement, const QRect& part,
                         double radius)
 {
     const auto make = [&]() -> SvgRaster {
@@ -200,8 +141,7 @@ SvgRaster blurredRaster(SvgDocument& document, const Placement& placement, const
     SvgRasterKey key = placement.key(document.id());
     key.blur = radius;
     key.part = part;
-    const SvgRaster* known = SvgRasters::find(key);
-    return known ? *known : *SvgRasters::insert(key, make());
+    return kept(key, make);
 }
 
 /// Under a clip of several rectangles Qt cuts an image up row by row, and hands many rows to other
@@ -231,6 +171,39 @@ void paintPixels(QPainter& painter, const SvgRaster& raster, const QPoint& origi
 }
 
 QRect pixelsOf(const SvgRaster& raster) { return {raster.offset, raster.image.size()}; }
+
+/// Stretches the picture over \a rect.
+void paint(QPainter& painter, SvgDocument& document, const QRectF& rect)
+{
+    const SvgPlacement placement(painter, rect);
+    const SvgRaster* raster = takesRasters(painter) && placement.isSane()
+                                  ? plainRaster(document, placement, painter.opacity())
+                                  : nullptr;
+    if (raster)
+        paintPixels(painter, *raster, placement.origin(), pixelsOf(*raster), 1.0);
+    else
+        document.renderer().render(&painter, rect);
+}
+
+/// The part \a part of the picture turned around the middle of its rectangle.
+SvgRaster turnedRaster(SvgDocument& document, const SvgPlacement& placement, const QRect& part,
+                       double degrees)
+{
+    const auto make = [&] {
+        QImage image = emptyGround(part.size());
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setWorldTransform(placement.toPixels(part));
+        painter.translate(placement.rect.center());
+        painter.rotate(degrees);
+        paint(painter, document, placement.rect.translated(-placement.rect.center()));
+        painter.end();
+        return trimmed({image, part.topLeft()});
+    };
+    if (document.renderer().animated() || !placement.isUpright() || !fits(part.size()))
+        return make();
+    return kept(placement.turnedKey(document.id(), degrees, part), make);
+}
 
 } // namespace
 
@@ -262,16 +235,23 @@ bool SvgImage::isAnimated() const { return m_document && m_document->renderer().
 
 void SvgImage::draw(QPainter& painter, const QRectF& rect)
 {
+    if (m_document && painter.isActive())
+        paint(painter, *m_document, rect);
+}
+
+void SvgImage::drawTurned(QPainter& painter, const QRectF& rect, double degrees, double opacity,
+                          const QRect& canvas)
+{
     if (!m_document || !painter.isActive())
         return;
-    const Placement placement(painter, rect);
-    const SvgRaster* raster = takesRasters(painter) && placement.isSane()
-                                  ? plainRaster(*m_document, placement, painter.opacity())
-                                  : nullptr;
-    if (raster)
-        paintPixels(painter, *raster, placement.origin(), pixelsOf(*raster), 1.0);
-    else
-        m_document->renderer().render(&painter, rect);
+    const SvgPlacement placement(painter, rect);
+    if (!placement.isSane() || !std::isfinite(degrees))
+        return;
+    const QRect part = placement.pixels(canvas);
+    if (part.isEmpty())
+        return;
+    const SvgRaster raster = turnedRaster(*m_document, placement, part, degrees);
+    paintPixels(painter, raster, placement.origin(), pixelsOf(raster), painter.opacity() * opacity);
 }
 
 void SvgImage::drawBlurred(QPainter& painter, const QRectF& rect, double radius,
@@ -279,7 +259,7 @@ void SvgImage::drawBlurred(QPainter& painter, const QRectF& rect, double radius,
 {
     if (!m_document || !painter.isActive())
         return;
-    const Placement placement(painter, rect);
+    const SvgPlacement placement(painter, rect);
     if (!placement.isSane())
         return;
     const double deviceRadius = toDeviceRadius(radius, placement);
@@ -295,7 +275,7 @@ void SvgImage::drawTranslucent(QPainter& painter, const QRectF& rect, double opa
 {
     if (!m_document || !painter.isActive() || !(opacity > 0.0))
         return;
-    const Placement placement(painter, rect);
+    const SvgPlacement placement(painter, rect);
     if (!placement.isSane())
         return;
     const QRect part = sheetPart(*m_document, placement, canvas);

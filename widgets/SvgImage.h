@@ -13,13 +13,12 @@ class SvgDocument;
 
 /// An SVG picture that is rendered once and then drawn from memory.
 ///
-/// Rasters are made per device size, position within the pixel and opacity, and shared by all
-/// images of the same file in the process (see SvgRasters for the bound). Drawing is therefore
+/// Rasters are made per device size, position within the pixel, opacity and angle, and shared by
+/// all images of the same file in the process (see SvgRasters for the bound). Drawing is therefore
 /// sharp at every device pixel ratio, and drawing again what was drawn before costs one copy.
-/// Where a raster does not serve (a painter that turns, mirrors or
-/// clips to more than a rectangle, composition modes other than
-/// source-over, paint engines other than the raster one, pictures that are animated or exceed
-/// SvgRasters::MaximumBytesOfOne) the picture is rendered directly.
+/// Where a raster does not serve (a painter that turns, mirrors or clips to more than a rectangle,
+/// composition modes other than source-over, paint engines other than the raster one, pictures that
+/// are animated or exceed SvgRasters::MaximumBytesOfOne) the picture is rendered directly.
 ///
 /// Nothing is reported: an image that is not valid draws nothing. GUI thread only.
 class SvgImage : public QObject
@@ -49,6 +48,14 @@ public:
     /// because these are blended with each other first and with the ground last. The painter's
     /// opacity applies to each shape by itself, as it does there.
     void draw(QPainter& painter, const QRectF& rect);
+
+    /// Draws the picture turned clockwise around the middle of \a rect by \a degrees, with
+    /// \a opacity (0 to 1) as one sheet. \a canvas is all that can be seen, in the painter's units.
+    /// Every angle is a picture of its own and has a raster of its own, so that a value that moves
+    /// to and fro meets them again. The pixels are those of a turned painter, to within the
+    /// rounding of the blending.
+    void drawTurned(QPainter& painter, const QRectF& rect, double degrees, double opacity,
+                    const QRect& canvas);
 
     /// Draws the picture as a QGraphicsBlurEffect of \a radius does, when the picture was drawn
     /// into an empty pixmap that covers \a canvas: what lies outside of it is cut off before the

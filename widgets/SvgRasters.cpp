@@ -12,7 +12,8 @@ const QRgb* rowOf(const QImage& image, int y)
     return reinterpret_cast<const QRgb*>(image.constScanLine(y));
 }
 
-/// The rectangle around the pixels that show something.
+} // namespace
+
 QRect inkOf(const QImage& image)
 {
     const int width = image.width();
@@ -28,14 +29,13 @@ QRect inkOf(const QImage& image)
             --right;
         ink |= QRect(QPoint(left, y), QPoint(right, y));
     }
-    return ink.isEmpty() ? QRect(0, 0, 1, 1) : ink;
+    return ink;
 }
-
-} // namespace
 
 SvgRaster trimmed(const SvgRaster& raster)
 {
-    const QRect ink = inkOf(raster.image);
+    const QRect shown = inkOf(raster.image);
+    const QRect ink = shown.isNull() ? QRect(0, 0, 1, 1) : shown;
     return {raster.image.copy(ink), raster.offset + ink.topLeft()};
 }
 
@@ -83,9 +83,5 @@ void drop(quint64 document)
             rasters().remove(key);
     }
 }
-
-int count() { return static_cast<int>(rasters().size()); }
-
-qsizetype bytes() { return rasters().totalCost(); }
 
 } // namespace SvgRasters

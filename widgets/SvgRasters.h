@@ -18,7 +18,11 @@ struct SvgRasterKey
     qint64 height = 0;
     double opacity = 1.0; ///< of every shape by itself
     double blur = 0.0;    ///< radius in device pixels
-    QRect part = QRect(); ///< what of the picture is blurred; null for a raster that is not
+    QRect part = QRect(); ///< what is kept of a picture that is blurred or turned; else null
+    // Only of a turned picture; the scales of any other are 0.
+    qint64 degrees = 0; ///< clockwise, times 2^32
+    qint64 scaleX = 0;  ///< device pixels to one of the painter's units, times 2^32
+    qint64 scaleY = 0;
 
     bool operator==(const SvgRasterKey&) const = default;
 };
@@ -26,7 +30,8 @@ struct SvgRasterKey
 inline size_t qHash(const SvgRasterKey& key, size_t seed = 0)
 {
     return qHashMulti(seed, key.document, key.x, key.y, key.width, key.height, key.opacity,
-                      key.blur, key.part.x(), key.part.y(), key.part.width(), key.part.height());
+                      key.blur, key.part.x(), key.part.y(), key.part.width(), key.part.height(),
+                      key.degrees, key.scaleX, key.scaleY);
 }
 
 /// The pixels of a picture, and where the first of them lies from the pixel that holds the left top
@@ -37,12 +42,17 @@ struct SvgRaster
     QPoint offset;
 };
 
-/// A raster of the same look without its empty margins; a raster that shows nothing keeps one
+/// The rectangle around the pixels of \a image that show something; null if none does.
+QRect inkOf(const QImage& image);
+
+/// A raster of the same picture without its empty margins; a raster that shows nothing keeps one
 /// pixel.
 SvgRaster trimmed(const SvgRaster& raster);
 
-/// The process's rasters of SVG pictures, one for each way in which one is drawn, whoever draws it.
-/// The least recently used ones give way when all together exceed the bound. GUI thread only.
+/// The process's rasters of SVG pictures, one for each way in which one is drawn (straight, turned,
+/// blurred or translucent), whoever draws it. They belong to the document that was loaded, not to
+/// its path. The least recently used ones give way when all together exceed the bound. GUI thread
+/// only.
 namespace SvgRasters {
 
 /// All rasters together never take more bytes than this.
@@ -56,8 +66,5 @@ const SvgRaster* find(const SvgRasterKey& key);
 const SvgRaster* insert(const SvgRasterKey& key, SvgRaster raster);
 /// Forgets the rasters of a document.
 void drop(quint64 document);
-
-int count();
-qsizetype bytes();
 
 } // namespace SvgRasters

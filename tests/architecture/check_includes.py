@@ -119,7 +119,7 @@ def main(root):
     texts = {str(p): (Path(root) / p).read_text() for p in paths if p.parts[0] != "build"}
     problems = [f"{path}: {problem}" for path in sorted(texts)
                 for problem in problems_of(path, texts[path])]
-    for what, node_of in (("rooms", room_of),):
+    for what, node_of in (("rooms", room_of), ("files", unit_of)):
         if circle := first_circle(arrows_between(texts, node_of)):
             problems.append(f"{what} include one another: " + " -> ".join(map(str, circle)))
     print(*problems, f"{len(texts)} files read, {len(problems)} problems", sep="\n")

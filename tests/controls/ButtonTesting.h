@@ -16,16 +16,19 @@
 #include <QTest>
 #include <QWidget>
 
+#include <functional>
 #include <utility>
 
 /// What the tests of the buttons share.
 namespace ButtonTesting {
 
-/// How often a control's gestures began and ended; outlives the control.
+/// How often a control's gestures began and ended, and what is done then; outlives the control.
 struct Ledger
 {
     int begun = 0;
     int ended = 0;
+    std::function<void()> atBegin = [] {};
+    std::function<void()> atEnd = [] {};
 
     bool isBalanced() const { return begun == ended; }
 };
@@ -34,15 +37,25 @@ struct Ledger
 template <typename Control> class Counted : public Control
 {
 public:
-    explicit Counted(Ledger& ledger, QWidget* parent = nullptr)
-        : Control(parent)
+    /// \a arguments are the control's further ones.
+    template <typename... Arguments>
+    explicit Counted(Ledger& ledger, QWidget* parent = nullptr, const Arguments&... arguments)
+        : Control(parent, arguments...)
         , m_ledger(ledger)
     {}
     ~Counted() override { this->closeEdits(); }
 
 protected:
-    void beginEdit() override { ++m_ledger.begun; }
-    void endEdit() override { ++m_ledger.ended; }
+    void beginEdit() override
+    {
+        ++m_ledger.begun;
+        m_ledger.atBegin();
+    }
+    void endEdit() override
+    {
+        ++m_ledger.ended;
+        m_ledger.atEnd();
+    }
 
 private:
     Ledger& m_ledger;

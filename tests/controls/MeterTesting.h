@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "controls/MeterController.h"
-
 #include <QCoreApplication>
 #include <QImage>
 #include <QPaintEvent>
@@ -81,23 +79,39 @@ private:
     QRegion m_painted;
 };
 
-/// Whether every pixel that differs after a tick was painted, from any level to any other. The
-/// meter is on the screen.
-inline bool repaintsCoverEveryDifference(CommonController_MemAPI::MeterController& meter)
+/// What a meter on the screen shows, against what of it is painted anew.
+class ScreenWatch
 {
-    PaintRecorder paints(meter);
-    QImage before = shown(meter);
-    paints.take();
-    for (int i = 0; i < 200; ++i) {
-        meter.setValue((i * 7919) % 700 - 650);
-        const QRegion painted = paints.take();
-        const QImage after = shown(meter);
-        paints.take();
-        if (!(differing(before, after) - painted).isEmpty())
-            return false;
-        before = after;
+public:
+    explicit ScreenWatch(QWidget& widget)
+        : m_widget(widget)
+        , m_paints(widget)
+        , m_picture(shown(widget))
+    {
+        m_paints.take();
     }
-    return true;
-}
+
+    /// Has due paints done and looks at the picture.
+    void look()
+    {
+        const QRegion painted = m_paints.take();
+        const QImage now = shown(m_widget);
+        m_paints.take();
+        m_changed = differing(std::exchange(m_picture, now), now);
+        m_missed = m_changed - painted;
+    }
+
+    /// Whether the picture differs from the one before.
+    bool isChanged() const { return !m_changed.isEmpty(); }
+    /// Whether every pixel that differs was painted.
+    bool isRepainted() const { return m_missed.isEmpty(); }
+
+private:
+    QWidget& m_widget;
+    PaintRecorder m_paints;
+    QImage m_picture;
+    QRegion m_changed;
+    QRegion m_missed;
+};
 
 } // namespace MeterTesting

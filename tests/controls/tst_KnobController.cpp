@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/KnobController.h"
 
-#include "controls/RotatedSvg.h"
 #include "tests/controls/ControlTesting.h"
 #include "tests/support/ImageDifference.h"
 #include "tests/support/TestObject.h"
@@ -18,7 +17,6 @@
 
 using namespace ControlTesting;
 using CommonController_MemAPI::KnobController;
-namespace RotatedSvg = CommonController_MemAPI::RotatedSvg;
 using Knob = Ledgered<KnobController>;
 
 namespace {
@@ -148,7 +146,6 @@ private Q_SLOTS:
     void paintsADisabledKnobTranslucent();
     void paintsABlurredShadow();
     void brokenPicturesAreLeftOut();
-    void rastersOfTurnedPicturesAreReused();
     void paintingAsksTheHostOnce();
 
     void accessibility();
@@ -1126,29 +1123,6 @@ void tst_KnobController::brokenPicturesAreLeftOut()
         }
     }
     QCOMPARE(knob.knobSvg(), broken);
-}
-
-void tst_KnobController::rastersOfTurnedPicturesAreReused()
-{
-    KnobController first;
-    KnobController second;
-    for (KnobController* knob : {&first, &second}) {
-        knob->resize(60, 60);
-        knob->setKnobType(KnobController::RotateKnob);
-        knob->setKnobSvg(m_dial);
-    }
-    RotatedSvg::clear();
-    for (const int value : {0, 20, 0, 20}) {
-        first.setValue(value);
-        second.setValue(value);
-        painted(first);
-        painted(second);
-    }
-    QCOMPARE(RotatedSvg::count(), 2);
-    RotatedSvg::drop(m_shade);
-    QCOMPARE(RotatedSvg::count(), 2);
-    RotatedSvg::drop(m_dial);
-    QCOMPARE(RotatedSvg::count(), 0);
 }
 
 void tst_KnobController::paintingAsksTheHostOnce()

@@ -1,18 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/MeterController.h"
 #include "controls/PeakMeterController.h"
+#include "controls/RoundGainReductionMeterController.h"
+#include "controls/RoundMeterController.h"
 #include "tests/controls/MeterTesting.h"
 #include "tests/support/TestHost.h"
 #include "tests/support/TestObject.h"
 
 #include <QAccessible>
 #include <QApplication>
-#include <QMetaEnum>
 #include <QMetaProperty>
+#include <QPointer>
 #include <QSignalSpy>
 
 #include <cmath>
 #include <limits>
+#include <memory>
+#include <utility>
 
 using namespace CommonController_MemAPI;
 using namespace MeterTesting;
@@ -44,23 +48,37 @@ public:
 /// From the top, where the bar of a Probe begins that shows so many segments.
 int topOf(int segments) { return 108 - 2 * segments; }
 
-struct Row
+template <typename Meter> std::unique_ptr<MeterController> make()
+{
+    return std::make_unique<Probe<Meter>>();
+}
+
+/// Every class of meters.
+struct Kind
 {
     const char* name;
-    const char* type;
+    std::unique_ptr<MeterController> (*make)();
 };
+constexpr Kind kinds[] = {{"bar", make<MeterController>},
+                          {"peak", make<PeakMeterController>},
+                          {"round", make<RoundMeterController>},
+                          {"gain reduction", make<RoundGainReductionMeterController>}};
 
-template <typename Rows> void compareProperties(const QMetaObject& meta, const Rows& rows)
+void addKinds()
 {
-    QCOMPARE(meta.propertyCount() - meta.propertyOffset(), static_cast<int>(std::size(rows)));
-    int index = meta.propertyOffset();
-    for (const Row& row : rows) {
-        const QMetaProperty property = meta.property(index++);
-        QCOMPARE(property.name(), row.name);
-        QCOMPARE(property.typeName(), row.type);
-        QVERIFY(property.isReadable() && property.isWritable() && property.isDesignable());
-        QVERIFY(!property.hasNotifySignal());
-    }
+    QTest::addColumn<int>("kind");
+    for (int kind = 0; kind < int(std::size(kinds)); ++kind)
+        QTest::newRow(kinds[kind].name) << kind;
+}
+
+/// The names of the properties that decide a meter's geometry.
+QList<QByteArray> geometry(const MeterController& meter)
+{
+    QList<QByteArray> names;
+    const QMetaObject& meta = *meter.metaObject();
+    for (int i = MeterController::staticMetaObject.propertyOffset(); i < meta.propertyCount(); ++i)
+        names.append(meta.property(i).name());
+    return names;
 }
 
 } // namespace
@@ -70,9 +88,6 @@ class tst_MeterController : public TestObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void metaObject();
-    void peakMetaObject();
-    void defaults();
     void properties_data();
     void properties();
     void aNewMeterShowsNothing();
@@ -99,101 +114,37 @@ private Q_SLOTS:
     void followsTheHost();
     void paintingReadsTheHostOnce();
     void rebindsAndUnbinds();
+    void theScreenFollowsUnbinding_data();
+    void theScreenFollowsUnbinding();
+    void deletionInASlotOfItsSignal_data();
+    void deletionInASlotOfItsSignal();
     void failingHost();
     void neverEdits();
     void clampsLevels();
+    void strangeGeometry_data();
     void strangeGeometry();
     void accessibility();
     void accessibleNameOfABoundMeter();
 };
 
-void tst_MeterController::metaObject()
-{
-    const QMetaObject& meta = MeterController::staticMetaObject;
-    QCOMPARE(meta.className(), "CommonController_MemAPI::MeterController");
-    QCOMPARE(meta.superClass(), &QWidget::staticMetaObject);
-    const Row rows[] = {{"meterLeftMargin", "int"},
-                        {"meterRightMargin", "int"},
-                        {"meterTopMargin", "int"},
-                        {"meterBottomMargin", "int"},
-                        {"meterOverMargin", "int"},
-                        {"meterOverHeight", "int"},
-                        {"meterType", "CommonController_MemAPI::MeterController::MeterType"}};
-    compareProperties(meta, rows);
-
-    QCOMPARE(meta.methodCount() - meta.methodOffset(), 3);
-    const QMetaMethod changed = meta.method(meta.methodOffset());
-    QCOMPARE(changed.methodSignature(), "valueChanged(int)");
-    QCOMPARE(changed.methodType(), QMetaMethod::Signal);
-    QCOMPARE(changed.parameterNames(), QList<QByteArray>{"value"});
-    const QMetaMethod modifiers = meta.method(meta.methodOffset() + 1);
-    QCOMPARE(modifiers.methodSignature(),
-             "modifiersChange(AbstractController*,Qt::KeyboardModifiers)");
-    QCOMPARE(modifiers.methodType(), QMetaMethod::Signal);
-    QCOMPARE(modifiers.parameterNames(), (QList<QByteArray>{"pController", "modifiers"}));
-    const QMetaMethod request = meta.method(meta.methodOffset() + 2);
-    QCOMPARE(request.methodSignature(), "valueChangedRequest()");
-    QCOMPARE(request.methodType(), QMetaMethod::Slot);
-    QCOMPARE(request.access(), QMetaMethod::Private);
-
-    QCOMPARE(meta.enumeratorCount() - meta.enumeratorOffset(), 1);
-    const QMetaEnum types = meta.enumerator(meta.enumeratorOffset());
-    QCOMPARE(types.name(), "MeterType");
-    QCOMPARE(types.keyCount(), 3);
-    QCOMPARE(types.keyToValue("Minus600"), 0);
-    QCOMPARE(types.keyToValue("Minus480"), 1);
-    QCOMPARE(types.keyToValue("Minus225"), 2);
-}
-
-void tst_MeterController::peakMetaObject()
-{
-    const QMetaObject& meta = PeakMeterController::staticMetaObject;
-    QCOMPARE(meta.superClass(), &MeterController::staticMetaObject);
-    const Row rows[] = {{"meterPeakHeight", "int"}};
-    compareProperties(meta, rows);
-    QCOMPARE(meta.methodCount(), meta.methodOffset());
-}
-
-void tst_MeterController::defaults()
-{
-    const PeakMeterController meter;
-    QCOMPARE(meter.value(), -1270);
-    QCOMPARE(meter.minimumValue(), -1270);
-    QCOMPARE(meter.maximumValue(), 8191);
-    QCOMPARE(meter.meterLeftMargin(), 0);
-    QCOMPARE(meter.meterRightMargin(), 0);
-    QCOMPARE(meter.meterTopMargin(), 0);
-    QCOMPARE(meter.meterBottomMargin(), 0);
-    QCOMPARE(meter.meterOverMargin(), 3);
-    QCOMPARE(meter.meterOverHeight(), 3);
-    QCOMPARE(meter.meterType(), MeterController::Minus600);
-    QCOMPARE(meter.meterPeakHeight(), 2);
-    QCOMPARE(meter.focusPolicy(), Qt::NoFocus);
-    QVERIFY(!meter.isBound());
-}
-
-void tst_MeterController::properties_data()
-{
-    QTest::addColumn<QByteArray>("name");
-    for (const char* name :
-         {"meterLeftMargin", "meterRightMargin", "meterTopMargin", "meterBottomMargin",
-          "meterOverMargin", "meterOverHeight", "meterType", "meterPeakHeight"})
-        QTest::newRow(name) << QByteArray(name);
-}
+void tst_MeterController::properties_data() { addKinds(); }
 
 void tst_MeterController::properties()
 {
-    QFETCH(QByteArray, name);
-    Probe<PeakMeterController> meter;
-    meter.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&meter));
-    PaintRecorder paints(meter);
+    QFETCH(int, kind);
+    const auto meter = kinds[kind].make();
+    meter->show();
+    QVERIFY(QTest::qWaitForWindowExposed(meter.get()));
+    PaintRecorder paints(*meter);
     paints.take();
-    QVERIFY(meter.setProperty(name, 1));
-    QCOMPARE(meter.property(name).toInt(), 1);
-    QCOMPARE(paints.take(), QRegion(meter.rect()));
-    QVERIFY(meter.setProperty(name, 1));
-    QVERIFY(paints.take().isEmpty());
+    for (const QByteArray& name : geometry(*meter)) {
+        const int other = meter->property(name).toInt() == 1 ? 2 : 1;
+        QVERIFY(meter->setProperty(name, other));
+        QCOMPARE(meter->property(name).toInt(), other);
+        QCOMPARE(paints.take(), QRegion(meter->rect()));
+        QVERIFY(meter->setProperty(name, other));
+        QVERIFY(paints.take().isEmpty());
+    }
 }
 
 void tst_MeterController::aNewMeterShowsNothing()
@@ -472,30 +423,34 @@ void tst_MeterController::peakRepaintsItsSegmentsOnly()
 
 void tst_MeterController::repaintsCoverEveryDifference_data()
 {
-    QTest::addColumn<bool>("peak");
+    QTest::addColumn<int>("kind");
     QTest::addColumn<double>("scale");
     QTest::addColumn<int>("height");
-    for (const double scale : {0.5, 1.0, 1.3, 2.0}) {
-        for (const int height : {31, 108, 250}) {
-            QTest::addRow("bar at %g, %d", scale, height) << false << scale << height;
-            QTest::addRow("peak at %g, %d", scale, height) << true << scale << height;
+    for (int kind = 0; kind < int(std::size(kinds)); ++kind) {
+        for (const double scale : {0.5, 1.0, 1.3, 2.0}) {
+            for (const int height : {25, 60, 108, 318})
+                QTest::addRow("%s at %g, %d", kinds[kind].name, scale, height)
+                    << kind << scale << height;
         }
     }
 }
 
 void tst_MeterController::repaintsCoverEveryDifference()
 {
-    QFETCH(bool, peak);
+    QFETCH(int, kind);
     QFETCH(double, scale);
     QFETCH(int, height);
-    Probe<MeterController> bar;
-    Probe<PeakMeterController> segment;
-    MeterController& meter = peak ? static_cast<MeterController&>(segment) : bar;
-    meter.resize(9, height);
-    meter.setScale(scale);
-    meter.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&meter));
-    QVERIFY(MeterTesting::repaintsCoverEveryDifference(meter));
+    const auto meter = kinds[kind].make();
+    meter->resize(13, height);
+    meter->setScale(scale);
+    meter->show();
+    QVERIFY(QTest::qWaitForWindowExposed(meter.get()));
+    ScreenWatch screen(*meter);
+    for (int i = 0; i < 200; ++i) {
+        meter->setValue((i * 7919) % 700 - 650);
+        screen.look();
+        QVERIFY(screen.isRepainted());
+    }
 }
 
 void tst_MeterController::followsTheHost()
@@ -562,6 +517,69 @@ void tst_MeterController::rebindsAndUnbinds()
     QCOMPARE(host.observerCount(), 0);
 }
 
+void tst_MeterController::theScreenFollowsUnbinding_data() { addKinds(); }
+
+// What was bound must not stay on the screen, nor what lies between it and a later level.
+void tst_MeterController::theScreenFollowsUnbinding()
+{
+    QFETCH(int, kind);
+    TestHost host;
+    host.setRange(Parameter, -1270, 8191);
+    host.set(Parameter, 0, 300);
+    const auto meter = kinds[kind].make();
+    meter->setValue(-500);
+    meter->show();
+    QVERIFY(QTest::qWaitForWindowExposed(meter.get()));
+    meter->setMemAPIValue(host.memory(), host.id(Parameter), 0, 0);
+    host.set(Parameter, 0, -200);
+    ScreenWatch screen(*meter);
+    meter->setMemAPIValue(nullptr, 0, 0, 0);
+    screen.look();
+    QVERIFY(screen.isRepainted() && screen.isChanged());
+    for (const int value : {-100, 300, -700}) {
+        meter->setValue(value);
+        screen.look();
+        QVERIFY(screen.isRepainted() && screen.isChanged());
+    }
+}
+
+void tst_MeterController::deletionInASlotOfItsSignal_data()
+{
+    QTest::addColumn<QString>("by");
+    for (const char* by :
+         {"setValue", "setMaximumValue", "setString", "host", "property", "bind", "unbind"})
+        QTest::newRow(by) << QString::fromLatin1(by);
+}
+
+void tst_MeterController::deletionInASlotOfItsSignal()
+{
+    QFETCH(QString, by);
+    TestHost host;
+    auto* meter = new Probe<MeterController>;
+    const QPointer<MeterController> alive(meter);
+    const bool isBound = by == QLatin1String("host") || by == QLatin1String("property") ||
+                         by == QLatin1String("unbind");
+    if (isBound)
+        meter->setMemAPIValue(host.memory(), host.id(Parameter), 0, 0);
+    connect(meter, qOverload<int>(&MeterController::valueChanged), this, [=] { delete meter; });
+    if (by == QLatin1String("setValue"))
+        meter->setValue(-100);
+    else if (by == QLatin1String("setMaximumValue"))
+        meter->setMaximumValue(100);
+    else if (by == QLatin1String("setString"))
+        meter->setString(QStringLiteral("-100"));
+    else if (by == QLatin1String("host"))
+        meter->setValue(-100);
+    else if (by == QLatin1String("property"))
+        host.notifyProperty(Parameter, 0);
+    else if (by == QLatin1String("bind"))
+        meter->setMemAPIValue(host.memory(), host.id(Parameter), 0, 0);
+    else
+        meter->setMemAPIValue(nullptr, 0, 0, 0);
+    QVERIFY(!alive);
+    QCOMPARE(host.observerCount(), 0);
+}
+
 void tst_MeterController::failingHost()
 {
     for (int n = 1;; ++n) {
@@ -620,22 +638,24 @@ void tst_MeterController::clampsLevels()
     }
 }
 
+void tst_MeterController::strangeGeometry_data() { addKinds(); }
+
 void tst_MeterController::strangeGeometry()
 {
-    Probe<PeakMeterController> meter;
+    QFETCH(int, kind);
+    const auto meter = kinds[kind].make();
     const int extremes[] = {std::numeric_limits<int>::min(), -50, 0, 5000,
                             std::numeric_limits<int>::max()};
-    for (const char* name :
-         {"meterLeftMargin", "meterRightMargin", "meterTopMargin", "meterBottomMargin",
-          "meterOverMargin", "meterOverHeight", "meterPeakHeight"}) {
+    for (const QByteArray& name : geometry(*meter)) {
+        const QVariant before = meter->property(name);
         for (const int extreme : extremes) {
-            meter.setProperty(name, extreme);
+            meter->setProperty(name, extreme);
             for (const int value : {-300, 10, -50}) {
-                meter.setValue(value);
-                shown(meter);
+                meter->setValue(value);
+                shown(*meter);
             }
         }
-        meter.setProperty(name, 0);
+        meter->setProperty(name, before);
     }
 }
 

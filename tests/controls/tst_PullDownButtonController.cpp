@@ -12,6 +12,7 @@
 #include <functional>
 #include <limits>
 #include <memory>
+#include <utility>
 
 using namespace ButtonTesting;
 using CommonController_MemAPI::PullDownButtonController;
@@ -49,7 +50,9 @@ struct Fixture
     TestHost host;
     Ledger ledger;
     QWidget window;
-    QPointer<CountedPullDown> button = new CountedPullDown(ledger, &window);
+    qint64 elapsed = Menu::OpeningClick; ///< of a menu since it opened
+    QPointer<CountedPullDown> button =
+        new CountedPullDown(ledger, &window, [this] { return elapsed; });
 };
 
 struct BoundFixture : Fixture
@@ -62,8 +65,8 @@ struct BoundFixture : Fixture
     }
 };
 
-/// Opens a menu by \a open and has it used as soon as it shows, late enough after its opening for a
-/// release to count. A menu left open is closed. False if no menu showed.
+/// Opens a menu by \a open and has it used as soon as it shows. A menu left open is closed. False
+/// if no menu showed.
 bool useMenu(const std::function<void()>& open, const std::function<void(Menu&)>& use)
 {
     bool isUsed = false;
@@ -74,7 +77,6 @@ bool useMenu(const std::function<void()>& open, const std::function<void(Menu&)>
         if (!menu)
             return;
         isUsed = true;
-        menu->setClock([] { return Menu::OpeningClick; });
         use(*menu);
         if (menu)
             menu->close();
@@ -108,6 +110,36 @@ std::function<void(Menu&)> picking(int index)
 
 void nothing(Menu&) {}
 
+/// Something else of the host's that hears of a change.
+class Listener final : public IPrmObserver
+{
+public:
+    explicit Listener(std::function<void()> action)
+        : m_action(std::move(action))
+    {}
+
+    int Update(unsigned short, unsigned short, int, const char*) override
+    {
+        m_action();
+        return 0;
+    }
+    int UpdateProperty(unsigned short, unsigned short, int, int, int, bool, const char*) override
+    {
+        return 0;
+    }
+
+private:
+    std::function<void()> m_action;
+};
+
+/// Has \a listener hear of changes before the button does.
+void putBefore(BoundFixture& fixture, Listener& listener)
+{
+    fixture.button->setMemAPIValue(nullptr, 0, 0, 0);
+    fixture.host.memory()->registerObserver(fixture.host.id(TestHost::name(Type)), 0, &listener);
+    bind(*fixture.button, fixture.host, Type);
+}
+
 } // namespace
 
 class tst_PullDownButtonController : public TestObject
@@ -115,10 +147,7 @@ class tst_PullDownButtonController : public TestObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void metaObject();
-    void startsAlignedForTextAndArrow();
 
-    void threeTextsHaveTheRangeZeroToTwo();
     void emptyListHasOneValueAndShowsTheEmptyText();
     void rangeFollowsTheListFromTheMinimum();
     void currentTextFollowsValueAndVisibility();
@@ -163,40 +192,6 @@ private Q_SLOTS:
     void valueIsAnnouncedOnce();
 };
 
-void tst_PullDownButtonController::metaObject()
-{
-    const PullDownButtonController button;
-    const QMetaObject& meta = PullDownButtonController::staticMetaObject;
-    QCOMPARE(meta.className(), "CommonController_MemAPI::PullDownButtonController");
-    QCOMPARE(meta.superClass()->className(), "CommonController_MemAPI::PushButtonController");
-    const QStringList properties =
-        texts({"QStringList textList = 0",
-               "QString emptyText = ", "QString invisibleText = ", "bool autoPullDown = true",
-               "int indexWidth = 0", "int indexMargin = 0", "int indexOrigin = 1"});
-    QCOMPARE(ownProperties(button, meta), properties);
-    QVERIFY(arePlain(meta));
-    QCOMPARE(ownMethods(meta), texts({"signal selected()", "signal changed()"}));
-    QCOMPARE(Menu::staticMetaObject.className(),
-             "CommonController_MemAPI::PullDownButtonControllerPrivate::Menu");
-    QCOMPARE(Menu::staticMetaObject.superClass()->className(), "QMenu");
-}
-
-void tst_PullDownButtonController::startsAlignedForTextAndArrow()
-{
-    const PullDownButtonController button;
-    QCOMPARE(button.svgAlignment(), Qt::AlignRight | Qt::AlignVCenter);
-    QCOMPARE(button.textAlignment(), Qt::AlignLeft | Qt::AlignVCenter);
-    QCOMPARE(button.focusPolicy(), Qt::NoFocus);
-}
-
-void tst_PullDownButtonController::threeTextsHaveTheRangeZeroToTwo()
-{
-    PullDownButtonController button;
-    button.setTextList(texts({"A", "B", "C"}));
-    QCOMPARE(button.minimumValue(), 0);
-    QCOMPARE(button.maximumValue(), 2);
-}
-
 void tst_PullDownButtonController::emptyListHasOneValueAndShowsTheEmptyText()
 {
     PullDownButtonController button;
@@ -215,6 +210,8 @@ void tst_PullDownButtonController::rangeFollowsTheListFromTheMinimum()
 {
     PullDownButtonController button;
     button.setTextList(Types);
+    QCOMPARE(button.minimumValue(), 0);
+    QCOMPARE(button.maximumValue(), 3);
     button.setMinimumValue(2);
     button.setTextList(texts({"A", "B", "C", "D", "E"}));
     QCOMPARE(button.maximumValue(), 6);
@@ -299,6 +296,8 @@ void tst_PullDownButtonController::menuKnowsItsOwner()
     QVERIFY(useMenu(*fixture.button, [&](Menu& menu) {
         last = &menu;
         QCOMPARE(menu.owner(), fixture.button.data());
+        QCOMPARE(menu.metaObject()->className(),
+                 "CommonController_MemAPI::PullDownButtonControllerPrivate::Menu");
         QVERIFY(menu.isWindow());
     }));
     QVERIFY(last);
@@ -510,8 +509,8 @@ void tst_PullDownButtonController::keyboardChooses()
 void tst_PullDownButtonController::releaseOfTheOpeningClickNeverPicks()
 {
     BoundFixture fixture;
-    const auto drag = [](Menu& menu, qint64 elapsed) {
-        menu.setClock([elapsed] { return elapsed; });
+    const auto drag = [&](Menu& menu, qint64 elapsed) {
+        fixture.elapsed = elapsed;
         const QPoint position = itemPosition(menu, 3);
         sendMouse(menu, QEvent::MouseMove, position, Qt::NoButton, Qt::LeftButton);
         sendMouse(menu, QEvent::MouseButtonRelease, position, Qt::LeftButton, {});
@@ -616,28 +615,36 @@ void tst_PullDownButtonController::menuDestroyedWhileOpen()
 
 void tst_PullDownButtonController::deletionInside_data()
 {
-    QTest::addColumn<QString>("signal");
-    for (const char* signal : {"valueChanged", "changed", "selected"})
-        QTest::newRow(signal) << QString::fromLatin1(signal);
+    QTest::addColumn<QString>("where");
+    for (const char* where :
+         {"host", "beginEdit", "valueChanged", "endEdit", "changed", "selected"})
+        QTest::newRow(where) << QString::fromLatin1(where);
 }
 
 void tst_PullDownButtonController::deletionInside()
 {
-    QFETCH(QString, signal);
+    QFETCH(QString, where);
     BoundFixture fixture;
     CountedPullDown* button = fixture.button;
     const auto destroy = [button] { delete button; };
-    if (signal == QLatin1String("changed"))
+    Listener listener(destroy);
+    if (where == QLatin1String("changed"))
         connect(button, &PullDownButtonController::changed, this, destroy);
-    else if (signal == QLatin1String("selected"))
+    else if (where == QLatin1String("selected"))
         connect(button, &PullDownButtonController::selected, this, destroy);
-    else
+    else if (where == QLatin1String("valueChanged"))
         connect(button, qOverload<int>(&PullDownButtonController::valueChanged), this, destroy);
+    else if (where == QLatin1String("beginEdit"))
+        fixture.ledger.atBegin = destroy;
+    else if (where == QLatin1String("endEdit"))
+        fixture.ledger.atEnd = destroy;
+    else
+        putBefore(fixture, listener);
     QVERIFY(useMenu([&] { press(*button); }, picking(2)));
     QVERIFY(!fixture.button);
-    QCOMPARE(fixture.value(), 2);
+    QCOMPARE(fixture.value(), where == QLatin1String("beginEdit") ? 1 : 2);
     QVERIFY(fixture.ledger.isBalanced());
-    QCOMPARE(fixture.host.observerCount(), 0);
+    QCOMPARE(fixture.host.observerCount(), where == QLatin1String("host") ? 1 : 0);
 }
 
 void tst_PullDownButtonController::valuesBeyondTheListAndWideRanges()

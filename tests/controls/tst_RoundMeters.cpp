@@ -5,9 +5,6 @@
 #include "tests/support/TestObject.h"
 
 #include <QApplication>
-#include <QMetaProperty>
-
-#include <limits>
 
 using namespace CommonController_MemAPI;
 using namespace MeterTesting;
@@ -45,20 +42,6 @@ public:
 /// From the top of a RoundProbe, where the bar begins that shows so many segments.
 int topOf(int segments) { return qRound(16 + 302.0 * (51 - segments) / 51); }
 
-void compareIntProperties(const QMetaObject& meta, const QList<QByteArray>& names)
-{
-    QCOMPARE(meta.superClass(), &MeterController::staticMetaObject);
-    QCOMPARE(meta.propertyCount() - meta.propertyOffset(), names.size());
-    for (int i = 0; i < names.size(); ++i) {
-        const QMetaProperty property = meta.property(meta.propertyOffset() + i);
-        QCOMPARE(property.name(), names[i]);
-        QCOMPARE(property.typeName(), "int");
-        QVERIFY(property.isReadable() && property.isWritable() && property.isDesignable());
-        QVERIFY(!property.hasNotifySignal());
-    }
-    QCOMPARE(meta.methodCount(), meta.methodOffset());
-}
-
 /// The rows of a picture as they are lit along \a x.
 QList<QColor> column(const QImage& image, int x)
 {
@@ -75,10 +58,6 @@ class tst_RoundMeters : public TestObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void metaObjects();
-    void defaults();
-    void propertiesRepaint_data();
-    void propertiesRepaint();
     void aNewMeterShowsItsTrackOnly();
     void endsAreRound();
     void lampGrowsWhenLit();
@@ -94,66 +73,7 @@ private Q_SLOTS:
     void gainReductionFillsFromTheTop();
     void gainReductionHasNoOver();
     void aTickRepaintsItsStripOnly();
-    void repaintsCoverEveryDifference_data();
-    void repaintsCoverEveryDifference();
-    void strangeGeometry();
 };
-
-void tst_RoundMeters::metaObjects()
-{
-    compareIntProperties(
-        RoundMeterController::staticMetaObject,
-        {"meterWidth", "meterOverWidth", "meterOverBackgroundWidth", "meterOverBackgroundHeight"});
-    compareIntProperties(RoundGainReductionMeterController::staticMetaObject, {"meterWidth"});
-}
-
-void tst_RoundMeters::defaults()
-{
-    const RoundMeterController round;
-    QCOMPARE(round.value(), -1270);
-    QCOMPARE(round.meterWidth(), 4);
-    QCOMPARE(round.meterOverWidth(), 6);
-    QCOMPARE(round.meterOverBackgroundWidth(), 4);
-    QCOMPARE(round.meterOverBackgroundHeight(), 4);
-    QCOMPARE(round.meterOverMargin(), 10);
-    QCOMPARE(round.meterOverHeight(), 6);
-
-    const RoundGainReductionMeterController reduction;
-    QCOMPARE(reduction.value(), 0);
-    QCOMPARE(reduction.minimumValue(), -1270);
-    QCOMPARE(reduction.maximumValue(), 8191);
-    QCOMPARE(reduction.meterWidth(), 4);
-    QCOMPARE(reduction.meterOverMargin(), 0);
-    QCOMPARE(reduction.meterOverHeight(), 0);
-}
-
-void tst_RoundMeters::propertiesRepaint_data()
-{
-    QTest::addColumn<bool>("reduction");
-    QTest::addColumn<QByteArray>("name");
-    for (const char* name :
-         {"meterWidth", "meterOverWidth", "meterOverBackgroundWidth", "meterOverBackgroundHeight"})
-        QTest::newRow(name) << false << QByteArray(name);
-    QTest::newRow("meterWidth of the reduction") << true << QByteArray("meterWidth");
-}
-
-void tst_RoundMeters::propertiesRepaint()
-{
-    QFETCH(bool, reduction);
-    QFETCH(QByteArray, name);
-    RoundProbe round;
-    ReductionProbe gain;
-    MeterController& meter = reduction ? static_cast<MeterController&>(gain) : round;
-    meter.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&meter));
-    PaintRecorder paints(meter);
-    paints.take();
-    QVERIFY(meter.setProperty(name, 9));
-    QCOMPARE(meter.property(name).toInt(), 9);
-    QCOMPARE(paints.take(), QRegion(meter.rect()));
-    QVERIFY(meter.setProperty(name, 9));
-    QVERIFY(paints.take().isEmpty());
-}
 
 void tst_RoundMeters::aNewMeterShowsItsTrackOnly()
 {
@@ -372,56 +292,6 @@ void tst_RoundMeters::aTickRepaintsItsStripOnly()
     paints.take();
     meter.setValue(-288);
     QVERIFY(paints.take().isEmpty());
-}
-
-void tst_RoundMeters::repaintsCoverEveryDifference_data()
-{
-    QTest::addColumn<bool>("reduction");
-    QTest::addColumn<double>("scale");
-    QTest::addColumn<int>("height");
-    for (const double scale : {0.5, 1.0, 1.3, 2.0}) {
-        for (const int height : {25, 60, 318}) {
-            QTest::addRow("round at %g, %d", scale, height) << false << scale << height;
-            QTest::addRow("reduction at %g, %d", scale, height) << true << scale << height;
-        }
-    }
-}
-
-void tst_RoundMeters::repaintsCoverEveryDifference()
-{
-    QFETCH(bool, reduction);
-    QFETCH(double, scale);
-    QFETCH(int, height);
-    RoundProbe round;
-    ReductionProbe gain;
-    MeterController& meter = reduction ? static_cast<MeterController&>(gain) : round;
-    meter.resize(13, height);
-    meter.setScale(scale);
-    meter.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&meter));
-    QVERIFY(MeterTesting::repaintsCoverEveryDifference(meter));
-}
-
-void tst_RoundMeters::strangeGeometry()
-{
-    RoundProbe round;
-    ReductionProbe gain;
-    const int extremes[] = {std::numeric_limits<int>::min(), -50, 0, 5000,
-                            std::numeric_limits<int>::max()};
-    for (MeterController* meter : std::initializer_list<MeterController*>{&round, &gain}) {
-        for (const char* name :
-             {"meterWidth", "meterOverWidth", "meterOverBackgroundWidth",
-              "meterOverBackgroundHeight", "meterOverHeight", "meterLeftMargin"}) {
-            for (const int extreme : extremes) {
-                meter->setProperty(name, extreme);
-                for (const int value : {-300, 10, -50}) {
-                    meter->setValue(value);
-                    shown(*meter);
-                }
-            }
-            meter->setProperty(name, 4);
-        }
-    }
 }
 
 ZOLTA_TEST_MAIN(tst_RoundMeters)

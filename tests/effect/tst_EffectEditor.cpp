@@ -127,39 +127,30 @@ private Q_SLOTS:
     void answersNeutrally();
 
     void parameterIsResolved();
-    void parameterOutputsMayBeNull();
-    void parameterLookUpStartsFromZero();
     void unknownParameterLeavesTheOutputs_data();
     void unknownParameterLeavesTheOutputs();
 
     void meterIndexIsResolved_data();
     void meterIndexIsResolved();
-    void meterIndexMayBeNull();
     void unknownMeterLeavesTheOutput_data();
     void unknownMeterLeavesTheOutput();
 
     void initializeAppliesFontsStyleAndPalette();
-    void initializeRecordsWhatItApplied();
 
     void informationIsInPreOrder();
-    void informationOfTheWidget();
     void scrollAreaContributesItsContentOnly();
-    void scrollAreaWithoutContentContributesItself();
 
+    void setScaleRoundsGeometryAndTruncatesFonts_data();
     void setScaleRoundsGeometryAndTruncatesFonts();
-    void setScaleMovesTheEditorToo();
-    void setScaleRoundsTowardZero();
     void setScaleTruncatesPointSizes();
-    void setScaleIsNotCumulative();
-    void setScaleWithoutInitializeStoresTheScale();
     void setScaleLeavesLaterWidgets();
     void setScaleIsStoredAfterTheWidgets();
     void setScaleSurvivesExtremes_data();
     void setScaleSurvivesExtremes();
     void setScaleReachesTheControls();
     void setScaleKeepsAnOpenTextEditorInPlace();
-    void setScaleIgnoresWhatIsNoNumber_data();
-    void setScaleIgnoresWhatIsNoNumber();
+    void setScaleIgnoresNaNAndInfinity_data();
+    void setScaleIgnoresNaNAndInfinity();
 
     void childrenOutliveTheStyle();
 };
@@ -199,34 +190,14 @@ void tst_EffectEditor::parameterIsResolved()
     editor.setModelInfo(&model);
     unsigned short parameter = 1;
     unsigned short second = 2;
-    QVERIFY(editor.getParameter("gain", &parameter, &second));
-    QCOMPARE(model.askedIndex, 5);
-    QCOMPARE(parameter, 1234);
-    QCOMPARE(second, 56);
-}
-
-void tst_EffectEditor::parameterOutputsMayBeNull()
-{
-    PlainEditor editor;
-    OneOfEach model;
-    editor.setModelInfo(&model);
-    unsigned short parameter = 1;
-    unsigned short second = 2;
+    QVERIFY(editor.getParameter("gain", nullptr, nullptr));
     QVERIFY(editor.getParameter("gain", &parameter, nullptr));
     QCOMPARE(parameter, 1234);
     QVERIFY(editor.getParameter("gain", nullptr, &second));
     QCOMPARE(second, 56);
-    QVERIFY(editor.getParameter("gain", nullptr, nullptr));
-}
-
-void tst_EffectEditor::parameterLookUpStartsFromZero()
-{
-    PlainEditor editor;
-    OneOfEach model;
+    QCOMPARE(model.askedIndex, 5);
+    // What the model leaves unanswered is 0.
     model.writes = false;
-    editor.setModelInfo(&model);
-    unsigned short parameter = 1;
-    unsigned short second = 2;
     QVERIFY(editor.getParameter("gain", &parameter, &second));
     QCOMPARE(model.askedIndex, 0);
     QCOMPARE(parameter, 0);
@@ -288,14 +259,7 @@ void tst_EffectEditor::meterIndexIsResolved()
     QVERIFY(editor.getMeterIndex("level", static_cast<unsigned short>(ch), second, &index));
     QTEST(int(index), "index");
     QCOMPARE(model.askedIndex, 7);
-}
-
-void tst_EffectEditor::meterIndexMayBeNull()
-{
-    PlainEditor editor;
-    OneOfEach model;
-    editor.setModelInfo(&model);
-    QVERIFY(editor.getMeterIndex("level", 1, true, nullptr));
+    QVERIFY(editor.getMeterIndex("level", static_cast<unsigned short>(ch), second, nullptr));
 }
 
 void tst_EffectEditor::unknownMeterLeavesTheOutput_data()
@@ -349,22 +313,6 @@ void tst_EffectEditor::initializeAppliesFontsStyleAndPalette()
     QCOMPARE(menu.palette().color(QPalette::Disabled, QPalette::Text), QColor(Qt::cyan));
 }
 
-void tst_EffectEditor::initializeRecordsWhatItApplied()
-{
-    PlainEditor editor;
-    editor.setGeometry(0, 0, 100, 50);
-    QLabel label(&editor);
-    label.setFont(QFont(QStringLiteral("M+ 1c bold"), 10));
-    label.setGeometry(10, 10, 40, 20);
-    editor.initialize();
-    label.setGeometry(1, 2, 3, 4);
-    label.setFont(pixelFont(50));
-    editor.setScale(1.0);
-    QCOMPARE(editor.geometry(), QRect(0, 0, 100, 50));
-    QCOMPARE(label.geometry(), QRect(10, 10, 40, 20));
-    QCOMPARE(label.font().pixelSize(), 13);
-}
-
 void tst_EffectEditor::informationIsInPreOrder()
 {
     QWidget top;
@@ -373,29 +321,20 @@ void tst_EffectEditor::informationIsInPreOrder()
     QWidget firstOfFirst(&first);
     QWidget second(&top);
     QWidget secondOfFirst(&first);
+    first.setGeometry(1, 2, 30, 40);
+    first.setFont(pixelFont(9));
+    firstOfFirst.setGeometry(-5, 6, 70, 80);
+    firstOfFirst.setFont(QFont(QStringLiteral("M+ 1c"), 8));
     QList<EffectEditor::WidgetInformation> list;
     getWidgetInformationList(&top, &list);
     const QList<QWidget*> expected{&top, &first, &firstOfFirst, &secondOfFirst, &second};
     QCOMPARE(widgetsOf(list), expected);
-}
-
-void tst_EffectEditor::informationOfTheWidget()
-{
-    QLabel inPixels;
-    inPixels.setGeometry(1, 2, 30, 40);
-    inPixels.setFont(pixelFont(9));
-    QLabel inPoints(&inPixels);
-    inPoints.setGeometry(-5, 6, 70, 80);
-    inPoints.setFont(QFont(QStringLiteral("M+ 1c"), 8));
-    QList<EffectEditor::WidgetInformation> list;
-    getWidgetInformationList(&inPixels, &list);
-    QCOMPARE(list.size(), 2);
-    QCOMPARE(list[0].geometry, QRect(1, 2, 30, 40));
-    QCOMPARE(list[0].pointSize, -1);
-    QCOMPARE(list[0].pixelSize, 9);
-    QCOMPARE(list[1].geometry, QRect(-5, 6, 70, 80));
-    QCOMPARE(list[1].pointSize, 8);
-    QCOMPARE(list[1].pixelSize, -1);
+    QCOMPARE(list[1].geometry, QRect(1, 2, 30, 40));
+    QCOMPARE(list[1].pointSize, -1);
+    QCOMPARE(list[1].pixelSize, 9);
+    QCOMPARE(list[2].geometry, QRect(-5, 6, 70, 80));
+    QCOMPARE(list[2].pointSize, 8);
+    QCOMPARE(list[2].pixelSize, -1);
 }
 
 void tst_EffectEditor::scrollAreaContributesItsContentOnly()
@@ -405,55 +344,46 @@ void tst_EffectEditor::scrollAreaContributesItsContentOnly()
     auto* content = new QWidget;
     area.setWidget(content);
     QWidget inside(content);
-    QWidget after(&top);
+    QScrollArea empty(&top);
     QVERIFY(area.findChild<QScrollBar*>());
     QList<EffectEditor::WidgetInformation> list;
     getWidgetInformationList(&top, &list);
-    const QList<QWidget*> expected{&top, &area, content, &inside, &after};
+    const QList<QWidget*> expected{&top, &area, content, &inside, &empty};
     QCOMPARE(widgetsOf(list), expected);
 }
 
-void tst_EffectEditor::scrollAreaWithoutContentContributesItself()
+void tst_EffectEditor::setScaleRoundsGeometryAndTruncatesFonts_data()
 {
-    QScrollArea area;
-    QList<EffectEditor::WidgetInformation> list;
-    getWidgetInformationList(&area, &list);
-    QCOMPARE(widgetsOf(list), QList<QWidget*>{&area});
+    QTest::addColumn<double>("scale");
+    QTest::addColumn<QRect>("editorRect");
+    QTest::addColumn<QRect>("labelRect");
+    QTest::addColumn<int>("pixelSize");
+    QTest::newRow("0.5") << 0.5 << QRect(4, 5, 51, 28) << QRect(-4, 5, 11, 7) << 6;
+    // Negative places round towards zero, so that scale 1 moves them.
+    QTest::newRow("1") << 1.0 << QRect(7, 9, 101, 55) << QRect(-9, 10, 21, 13) << 13;
+    QTest::newRow("1.5") << 1.5 << QRect(11, 14, 152, 83) << QRect(-14, 15, 32, 20) << 19;
 }
 
+// Widgets are scaled from what they were when the editor was initialized.
 void tst_EffectEditor::setScaleRoundsGeometryAndTruncatesFonts()
 {
-    PlainEditor editor;
-    QLabel label(&editor);
-    label.setGeometry(10, 10, 21, 21);
-    label.setFont(pixelFont(13));
-    editor.initialize();
-    editor.setScale(1.5);
-    QCOMPARE(label.geometry(), QRect(15, 15, 32, 32));
-    QCOMPARE(label.font().pixelSize(), 19);
-    QCOMPARE(editor.scale(), 1.5);
-}
-
-void tst_EffectEditor::setScaleMovesTheEditorToo()
-{
+    QFETCH(double, scale);
     QWidget parent;
     PlainEditor editor(&parent);
     editor.setGeometry(7, 9, 101, 55);
-    editor.initialize();
-    editor.setScale(0.5);
-    QCOMPARE(editor.geometry(), QRect(4, 5, 51, 28));
-}
-
-void tst_EffectEditor::setScaleRoundsTowardZero()
-{
-    PlainEditor editor;
     QLabel label(&editor);
-    label.setGeometry(-10, -3, 11, 13);
+    label.setGeometry(-10, 10, 21, 13);
+    label.setFont(QFont(QStringLiteral("M+ 1c bold"), 10)); // 13 pixels
+    editor.setScale(3.0);
+    QCOMPARE(editor.geometry(), QRect(7, 9, 101, 55));
     editor.initialize();
-    editor.setScale(1.5);
-    QCOMPARE(label.geometry(), QRect(-14, -4, 17, 20));
-    editor.setScale(1.0);
-    QCOMPARE(label.geometry(), QRect(-9, -2, 11, 13));
+    editor.setScale(1.7);
+    label.setFont(pixelFont(50));
+    editor.setScale(scale);
+    QCOMPARE(editor.scale(), scale);
+    QTEST(editor.geometry(), "editorRect");
+    QTEST(label.geometry(), "labelRect");
+    QTEST(label.font().pixelSize(), "pixelSize");
 }
 
 void tst_EffectEditor::setScaleTruncatesPointSizes()
@@ -466,30 +396,6 @@ void tst_EffectEditor::setScaleTruncatesPointSizes()
     QCOMPARE(label.font().pointSize(), 19);
     editor.setScale(0.01);
     QCOMPARE(label.font().pointSize(), 1);
-}
-
-void tst_EffectEditor::setScaleIsNotCumulative()
-{
-    PlainEditor editor;
-    editor.setGeometry(3, 5, 333, 222);
-    QLabel label(&editor);
-    label.setGeometry(11, 13, 17, 19);
-    label.setFont(pixelFont(13));
-    editor.initialize();
-    for (double scale : {2.0, 0.3, 1.7, 1.7, 1.0})
-        editor.setScale(scale);
-    QCOMPARE(editor.geometry(), QRect(3, 5, 333, 222));
-    QCOMPARE(label.geometry(), QRect(11, 13, 17, 19));
-    QCOMPARE(label.font().pixelSize(), 13);
-}
-
-void tst_EffectEditor::setScaleWithoutInitializeStoresTheScale()
-{
-    PlainEditor editor;
-    editor.setGeometry(10, 20, 30, 40);
-    editor.setScale(2.0);
-    QCOMPARE(editor.scale(), 2.0);
-    QCOMPARE(editor.geometry(), QRect(10, 20, 30, 40));
 }
 
 void tst_EffectEditor::setScaleLeavesLaterWidgets()
@@ -585,7 +491,7 @@ void tst_EffectEditor::setScaleKeepsAnOpenTextEditorInPlace()
     QVERIFY(inlineEditor->isVisible());
 }
 
-void tst_EffectEditor::setScaleIgnoresWhatIsNoNumber_data()
+void tst_EffectEditor::setScaleIgnoresNaNAndInfinity_data()
 {
     QTest::addColumn<double>("scale");
     QTest::newRow("NaN") << std::numeric_limits<double>::quiet_NaN();
@@ -593,7 +499,7 @@ void tst_EffectEditor::setScaleIgnoresWhatIsNoNumber_data()
     QTest::newRow("-infinity") << -std::numeric_limits<double>::infinity();
 }
 
-void tst_EffectEditor::setScaleIgnoresWhatIsNoNumber()
+void tst_EffectEditor::setScaleIgnoresNaNAndInfinity()
 {
     QFETCH(double, scale);
     PlainEditor editor;

@@ -13,7 +13,10 @@
 #include <QStyleOptionMenuItem>
 #include <QTimer>
 
+#include <algorithm>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <utility>
 
 using CommonController_MemAPI::PullDownButtonController;
@@ -32,31 +35,25 @@ const QColor Untouched(0xff, 0x00, 0xff);
 constexpr int TextFlags =
     Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip | Qt::TextShowMnemonic;
 
-/// A menu of an editor that is zoomed by a factor.
+/// A menu of an editor that is zoomed by a factor: that of a pull-down button of a width, if it has
+/// an index \a column (its width and margin), or an ordinary one.
 struct Fixture
 {
-    explicit Fixture(double scale) { editor.setScale(scale); }
-
-    EffectStyle style{nullptr};
-    PlainEditor editor;
-    QMenu menu{&editor};
-};
-
-/// A pull-down menu of an editor that is zoomed by a factor; the button is \a width wide.
-struct PullDownFixture
-{
-    PullDownFixture(double scale, int indexWidth, int indexMargin, int width = 10)
+    explicit Fixture(double scale, std::optional<QSize> column = {}, int width = 10)
+        : menu(column ? static_cast<QMenu&>(pullDown) : ordinary)
     {
         editor.setScale(scale);
         button.resize(width, 20);
-        button.setIndexWidth(indexWidth);
-        button.setIndexMargin(indexMargin);
+        button.setIndexWidth(column.value_or(QSize()).width());
+        button.setIndexMargin(column.value_or(QSize()).height());
     }
 
     EffectStyle style{nullptr};
     PlainEditor editor;
+    QMenu ordinary{&editor};
     PullDownButtonController button{&editor};
-    Menu menu{&button};
+    Menu pullDown{&button};
+    QMenu& menu;
 };
 
 QFont sizedFont(const char* family, int pixels)
@@ -84,7 +81,6 @@ QImage canvas(int width, int height)
 }
 
 /// What the style draws of an item, on a canvas of 240 x 60 pixels.
-template <typename Fixture>
 QImage drawnItem(const Fixture& fixture, const QStyleOptionMenuItem& option)
 {
     QImage image = canvas(240, 60);
@@ -179,6 +175,239 @@ QRect cornersRect(int left, int top, int right, int bottom)
     return QRect(QPoint(left, top), QPoint(right, bottom));
 }
 
+constexpr int LabelFlags = Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine;
+constexpr int IndexFlags = Qt::AlignCenter | Qt::TextSingleLine;
+
+/// One item and its picture.
+struct Drawn
+{
+    const char* name;
+    double scale = 1.0;
+    std::optional<QSize> column = {};
+    QFont menuFont = sizedFont("DejaVu Sans", 30);
+    QString text = QStringLiteral("Hill");
+    QRect rect = cornersRect(20, 10, 219, 49);
+    QStyle::State state = QStyle::State_Enabled;
+    QStyleOptionMenuItem::CheckType checkType = QStyleOptionMenuItem::NotCheckable;
+    bool checked = false;
+    bool isSeparator = false;
+    Qt::LayoutDirection direction = Qt::LeftToRight;
+    int reserved = 0;
+    // What is drawn, in the menu's font if it is of a pull-down button.
+    QColor fill = Background;
+    QColor ink = EnabledText;
+    QFont font = sizedFont("M+ 1c", 11);
+    QList<Text> texts = {{cornersRect(30, 11, 209, 48), QStringLiteral("Hill")}};
+    QRect line = {};
+};
+
+QStyleOptionMenuItem optionOf(const Drawn& item)
+{
+    QStyleOptionMenuItem option = itemOption(item.text, item.rect);
+    option.state = item.state;
+    option.checkType = item.checkType;
+    option.checked = item.checked;
+    option.direction = item.direction;
+    option.reservedShortcutWidth = item.reserved;
+    if (item.isSeparator)
+        option.menuItemType = QStyleOptionMenuItem::Separator;
+    return option;
+}
+
+// Tables are easier to read with one item on a line or two.
+// clang-format off
+
+QList<Drawn> colouredItems()
+{
+    using Option = QStyleOptionMenuItem;
+    const QStyle::State enabled = QStyle::State_Enabled;
+    const QStyle::State selected = QStyle::State_Selected;
+    const QStyle::State sunken = QStyle::State_Sunken;
+    return {
+        {.name = "enabled"},
+        {.name = "selected", .state = enabled | selected, .fill = Blue, .ink = White},
+        {.name = "sunken", .state = enabled | sunken, .fill = Blue, .ink = White},
+        {.name = "both", .state = enabled | selected | sunken, .fill = Blue, .ink = White},
+        {.name = "checked", .checkType = Option::NonExclusive, .checked = true, .ink = White},
+        {.name = "checked radio", .checkType = Option::Exclusive, .checked = true, .ink = White},
+        {.name = "unchecked", .checkType = Option::NonExclusive},
+        {.name = "checked, not checkable", .checked = true},
+        {.name = "checked and selected", .state = enabled | selected,
+         .checkType = Option::Exclusive, .checked = true, .fill = Blue, .ink = White},
+        {.name = "disabled", .state = {}, .ink = DisabledText},
+        {.name = "disabled, selected", .state = selected, .fill = DisabledHighlight,
+         .ink = DisabledText},
+        {.name = "disabled, sunken", .state = sunken, .fill = DisabledHighlight,
+         .ink = DisabledText},
+        {.name = "disabled, checked", .state = {}, .checkType = Option::Exclusive, .checked = true,
+         .ink = DisabledText},
+        {.name = "no text", .text = {}, .texts = {}},
+    };
+}
+
+// A separator's line ends one pixel right of the rectangle, and a pen wider than a pixel has square
+// ends.
+QList<Drawn> separators()
+{
+    const QRect flat(20, 10, 100, 5);
+    const QRect line(20, 12, 101, 1);
+    return {
+        {.name = "separator", .rect = flat, .isSeparator = true, .texts = {}, .line = line},
+        {.name = "separator of even height", .rect = QRect(20, 10, 100, 6), .isSeparator = true,
+         .texts = {}, .line = QRect(20, 13, 101, 1)},
+        {.name = "separator of a wide pen", .scale = 3.0, .rect = QRect(20, 10, 100, 15),
+         .isSeparator = true, .texts = {}, .line = QRect(19, 16, 103, 3)},
+        {.name = "selected separator", .rect = flat,
+         .state = QStyle::State_Enabled | QStyle::State_Selected, .isSeparator = true, .fill = Blue,
+         .ink = White, .texts = {}, .line = line},
+        {.name = "disabled separator", .rect = flat, .state = {}, .isSeparator = true,
+         .ink = DisabledText, .texts = {}, .line = line},
+    };
+}
+
+QList<Drawn> ordinaryItems()
+{
+    const QString hill = QStringLiteral("Hill");
+    const QString both = QStringLiteral("Hill\tK\t2");
+    const QString shortcut = QStringLiteral("K\t2");
+    const QFont small = sizedFont("M+ 1c", 11);
+    const QFont own = sizedFont("M+ 1c", 18);
+    const QRect plain = cornersRect(30, 11, 209, 48);
+    // 11 of 22 pixels: half of 41 is 20.5, which rounds to 21.
+    const QList<Text> halved = {{cornersRect(30, 11, 178, 48), hill},
+                                {cornersRect(189, 11, 209, 48), shortcut}};
+    return {
+        {.name = "at 1.5", .scale = 1.5, .font = sizedFont("M+ 1c", 17),
+         .texts = {{cornersRect(35, 12, 204, 47), hill}}},
+        {.name = "at 2", .scale = 2.0, .font = sizedFont("M+ 1c", 22),
+         .texts = {{cornersRect(40, 12, 199, 47), hill}}},
+        {.name = "at 0.5", .scale = 0.5, .font = sizedFont("M+ 1c", 6),
+         .texts = {{cornersRect(25, 11, 214, 48), hill}}},
+        {.name = "the editor's font stays", .menuFont = own, .font = own, .texts = {{plain, hill}}},
+        {.name = "mirrored", .rect = cornersRect(20, 10, 239, 49), .direction = Qt::RightToLeft,
+         .texts = {{cornersRect(30, 11, 229, 48), hill}}},
+        {.name = "reserved width without a shortcut", .reserved = 170},
+        {.name = "shortcut, other font", .menuFont = sizedFont("DejaVu Sans", 22), .text = both,
+         .reserved = 41, .texts = halved},
+        {.name = "shortcut, other font in points",
+         .menuFont = QFont(QStringLiteral("DejaVu Sans"), 22), .text = both, .reserved = 41,
+         .texts = halved},
+        {.name = "shortcut, other font, zoomed", .scale = 1.5,
+         .menuFont = sizedFont("DejaVu Sans", 11), .text = both, .reserved = 40,
+         .font = sizedFont("M+ 1c", 17),
+         .texts = {{cornersRect(35, 12, 129, 47), hill},
+                   {cornersRect(145, 12, 204, 47), shortcut}}},
+        {.name = "shortcut, the editor's font", .menuFont = own, .text = both, .reserved = 41,
+         .font = own,
+         .texts = {{cornersRect(30, 11, 158, 48), hill},
+                   {cornersRect(169, 11, 209, 48), shortcut}}},
+        {.name = "shortcut, mirrored", .menuFont = small, .text = both,
+         .direction = Qt::RightToLeft, .reserved = 40,
+         .texts = {{cornersRect(80, 11, 209, 48), hill}, {cornersRect(30, 11, 69, 48), shortcut}}},
+    };
+}
+
+QList<Drawn> pullDownItems()
+{
+    const QString text = QStringLiteral("7 Low shelf");
+    const QString label = QStringLiteral("Low shelf");
+    const Text index = {cornersRect(24, 11, 35, 48), QStringLiteral("7"), IndexFlags};
+    const Text whole = {cornersRect(24, 11, 215, 48), text, LabelFlags};
+    const QString ampersand = QStringLiteral("R&B  one");
+    return {
+        {.name = "index", .column = QSize(12, 6), .text = text,
+         .texts = {index, {cornersRect(42, 11, 215, 48), label, LabelFlags}},
+         .line = QRect(39, 10, 1, 41)},
+        {.name = "index, odd margin", .column = QSize(12, 7), .text = text,
+         .texts = {index, {cornersRect(43, 11, 215, 48), label, LabelFlags}},
+         .line = QRect(39, 10, 1, 41)},
+        {.name = "index without margin has no line", .column = QSize(12, 0), .text = text,
+         .texts = {index, {cornersRect(36, 11, 215, 48), label, LabelFlags}}},
+        {.name = "no index", .column = QSize(0, 6), .text = text, .texts = {whole}},
+        {.name = "negative index", .column = QSize(-5, 6), .text = text, .texts = {whole}},
+        {.name = "texts as they stand", .column = QSize(0, 0), .text = ampersand,
+         .texts = {{cornersRect(24, 11, 215, 48), ampersand, LabelFlags}}},
+        {.name = "pull-down at 2", .scale = 2.0, .column = QSize(0, 0), .text = label,
+         .texts = {{cornersRect(28, 12, 211, 47), label, LabelFlags}}},
+    };
+}
+
+// clang-format on
+
+QList<Drawn> allItems()
+{
+    return colouredItems() + separators() + ordinaryItems() + pullDownItems();
+}
+
+using Drawing = std::function<void(const QStyle&, QPainter&)>;
+
+/// An item and its size: that of some texts side by side, and margins, or a whole size.
+struct Sized
+{
+    const char* name;
+    double scale = 1.0;
+    std::optional<QSize> column = {};
+    int buttonWidth = 10;
+    QFont menuFont = sizedFont("DejaVu Sans", 30);
+    QString text = QStringLiteral("Low shelf");
+    bool isSeparator = false;
+    // What is measured, and in which font.
+    QStringList texts = {QStringLiteral("Low shelf")};
+    int fontSize = 11;
+    QSize margins = {};
+    int width = 0; ///< instead of the measured one, unless 0
+    int height = 0;
+};
+
+// clang-format off
+QList<Sized> sizedItems()
+{
+    const QString both = QStringLiteral("Low shelf\tCtrl+L");
+    const QStringList parts = {QStringLiteral("Low shelf"), QStringLiteral("Ctrl+L")};
+    const QString numbered = QStringLiteral("12 Low shelf");
+    const QSize column(12, 6);
+    return {
+        {.name = "1", .margins = QSize(20, 2)},
+        {.name = "1.5", .scale = 1.5, .fontSize = 17, .margins = QSize(30, 4)},
+        {.name = "2", .scale = 2.0, .fontSize = 22, .margins = QSize(40, 4)},
+        {.name = "the editor's font", .scale = 2.0, .menuFont = sizedFont("M+ 1c", 18),
+         .fontSize = 18, .margins = QSize(40, 4)},
+        {.name = "at least the margin's height", .scale = 3.0, .menuFont = sizedFont("M+ 1c", 4),
+         .fontSize = 4, .margins = QSize(60, 6), .height = 30},
+        {.name = "shortcut, 1", .text = both, .texts = parts, .margins = QSize(30, 2)},
+        {.name = "shortcut, 1.5", .scale = 1.5, .text = both, .texts = parts, .fontSize = 17,
+         .margins = QSize(45, 4)},
+        {.name = "shortcut, 2", .scale = 2.0, .text = both, .texts = parts, .fontSize = 22,
+         .margins = QSize(60, 4)},
+        {.name = "shortcut, at least the margin's height", .scale = 3.0,
+         .menuFont = sizedFont("M+ 1c", 4), .text = both, .texts = parts, .fontSize = 4,
+         .margins = QSize(90, 6), .height = 30},
+        {.name = "separator", .isSeparator = true, .width = 500, .height = 5},
+        {.name = "separator, 1.5: 7.5", .scale = 1.5, .isSeparator = true, .width = 500,
+         .height = 8},
+        {.name = "separator, 2", .scale = 2.0, .isSeparator = true, .width = 500, .height = 10},
+        {.name = "separator, 0.25: 1.25", .scale = 0.25, .isSeparator = true, .width = 500,
+         .height = 1},
+        {.name = "no index", .column = QSize(0, 6), .text = numbered, .texts = {numbered},
+         .margins = QSize(8, 2)},
+        {.name = "no index, 1.5", .scale = 1.5, .column = QSize(-1, 6), .text = numbered,
+         .texts = {numbered}, .margins = QSize(12, 4)},
+        {.name = "index", .column = column, .text = numbered, .margins = QSize(12 + 6 + 8, 2)},
+        {.name = "index, no margin", .column = QSize(12, 0), .text = numbered,
+         .margins = QSize(12 + 8, 2)},
+        // 12 * 1.25 is 15, 6 * 1.25 is 7.5, which rounds to 8.
+        {.name = "index, 1.25", .scale = 1.25, .column = column, .text = numbered,
+         .margins = QSize(15 + 8 + 10, 2)},
+        {.name = "index, 2", .scale = 2.0, .column = column, .text = numbered,
+         .margins = QSize(24 + 12 + 16, 4)},
+        {.name = "never narrower than the button", .scale = 1.5, .column = column,
+         .buttonWidth = 300, .margins = QSize(0, 4), .width = 296},
+        {.name = "nor without index", .scale = 1.5, .column = QSize(0, 6), .buttonWidth = 300,
+         .margins = QSize(0, 4), .width = 296},
+    };
+}
+// clang-format on
+
 } // namespace
 
 class tst_EffectStyle : public TestObject
@@ -187,69 +416,37 @@ class tst_EffectStyle : public TestObject
 
 private Q_SLOTS:
     void ownsItsBaseStyle();
-
     void panelFillsTheWidget();
-    void panelWithoutAWidgetIsTheBaseStyles();
     void frameStrips_data();
     void frameStrips();
-    void otherPrimitivesAreTheBaseStyles();
-
+    void allElseIsTheBaseStyles_data();
+    void allElseIsTheBaseStyles();
     void emptyAreaIsNotDrawn();
-    void otherControlsAreTheBaseStyles();
     void itemNeedsItsArguments();
-    void itemColours_data();
-    void itemColours();
+    void items_data();
+    void items();
     void itemLeavesThePainterAsItWas();
     void textIsDrawnWithoutTheAntialiasingHint();
-
-    void separatorLine_data();
-    void separatorLine();
-    void separatorHasTheItemsColour_data();
-    void separatorHasTheItemsColour();
-    void emptyTextDrawsTheBackground();
-
-    void textRectangle_data();
-    void textRectangle();
-    void textIsMirrored();
     void mnemonicIsUnderlined();
-    void textWithoutATabIgnoresTheShortcutWidth();
-    void shortcutColumn_data();
-    void shortcutColumn();
-    void shortcutColumnIsMirrored();
 
-    void itemSize_data();
-    void itemSize();
-    void itemSizeWithShortcut_data();
-    void itemSizeWithShortcut();
-    void itemSizeIgnoresAmpersands();
-    void itemHeightIsAtLeastTheMargin();
-    void separatorSize_data();
-    void separatorSize();
-    void otherSizesAreTheBaseStyles();
-
-    void pullDownIndexColumn_data();
-    void pullDownIndexColumn();
-    void pullDownIndexWithoutMarginHasNoLine();
-    void pullDownWithoutIndexIsTheWholeText();
+    void pullDownIndexColumnIsZoomed_data();
+    void pullDownIndexColumnIsZoomed();
     void pullDownItemIsMirrored();
-    void pullDownItemKeepsThePaintersFont();
     void pullDownItemColours();
-    void pullDownTextsAreTakenAsTheyStand();
-    void pullDownSize_data();
-    void pullDownSize();
-    void pullDownIsNeverNarrowerThanItsButton();
     void pullDownMenuWithoutAButtonIsOrdinary();
-    void realPullDown_data();
-    void realPullDown();
 
+    void sizes_data();
+    void sizes();
+    void itemSizeIgnoresAmpersands();
+    void otherSizesAreTheBaseStyles();
     void pixelMetrics_data();
     void pixelMetrics();
-    void panelWidthWithoutAnEditor();
     void styleHints();
 
+    void realPullDown_data();
+    void realPullDown();
     void realMenu_data();
     void realMenu();
-    void sideMarginsAtOneAndAHalf();
     void menusSurviveExtremeScales_data();
     void menusSurviveExtremeScales();
 };
@@ -276,20 +473,6 @@ void tst_EffectStyle::panelFillsTheWidget()
     painter.end();
     QImage expected = canvas(50, 40);
     QPainter(&expected).fillRect(0, 0, 30, 20, Background);
-    QCOMPARE(image, expected);
-}
-
-void tst_EffectStyle::panelWithoutAWidgetIsTheBaseStyles()
-{
-    EffectStyle style(QStyleFactory::create(QStringLiteral("Fusion")));
-    QStyleOption option;
-    option.rect = QRect(0, 0, 20, 10);
-    QImage image = canvas(20, 10);
-    QImage expected = image;
-    QPainter painter(&image);
-    style.drawPrimitive(QStyle::PE_PanelMenu, &option, &painter, nullptr);
-    QPainter expectedPainter(&expected);
-    style.baseStyle()->drawPrimitive(QStyle::PE_PanelMenu, &option, &expectedPainter, nullptr);
     QCOMPARE(image, expected);
 }
 
@@ -324,21 +507,40 @@ void tst_EffectStyle::frameStrips()
     QCOMPARE(image, expected);
 }
 
-void tst_EffectStyle::otherPrimitivesAreTheBaseStyles()
+void tst_EffectStyle::allElseIsTheBaseStyles_data()
 {
+    QTest::addColumn<Drawing>("drawing");
+    QTest::newRow("panel without a widget") << Drawing([](const QStyle& style, QPainter& painter) {
+        QStyleOption option;
+        option.rect = QRect(0, 0, 20, 10);
+        style.drawPrimitive(QStyle::PE_PanelMenu, &option, &painter, nullptr);
+    });
+    QTest::newRow("other primitive") << Drawing([](const QStyle& style, QPainter& painter) {
+        QStyleOption option;
+        option.rect = QRect(0, 0, 20, 20);
+        option.state = QStyle::State_Enabled | QStyle::State_On;
+        style.drawPrimitive(QStyle::PE_IndicatorArrowDown, &option, &painter, nullptr);
+    });
+    QTest::newRow("other control") << Drawing([](const QStyle& style, QPainter& painter) {
+        QStyleOptionButton option;
+        option.rect = QRect(0, 0, 40, 20);
+        option.state = QStyle::State_Enabled;
+        style.drawControl(QStyle::CE_PushButton, &option, &painter, nullptr);
+    });
+}
+
+void tst_EffectStyle::allElseIsTheBaseStyles()
+{
+    QFETCH(Drawing, drawing);
     EffectStyle style(QStyleFactory::create(QStringLiteral("Fusion")));
-    QStyleOption option;
-    option.rect = QRect(0, 0, 20, 20);
-    option.state = QStyle::State_Enabled | QStyle::State_On;
-    QImage image = canvas(20, 20);
-    QImage expected = image;
-    QPainter painter(&image);
-    style.drawPrimitive(QStyle::PE_IndicatorArrowDown, &option, &painter, nullptr);
-    QPainter expectedPainter(&expected);
-    style.baseStyle()->drawPrimitive(QStyle::PE_IndicatorArrowDown, &option, &expectedPainter,
-                                     nullptr);
-    QCOMPARE(image, expected);
-    QVERIFY(image != canvas(20, 20));
+    const auto drawnBy = [&](const QStyle& which) {
+        QImage image = canvas(40, 20);
+        QPainter painter(&image);
+        drawing(which, painter);
+        return image;
+    };
+    QCOMPARE(drawnBy(style), drawnBy(*style.baseStyle()));
+    QVERIFY(drawnBy(style) != canvas(40, 20));
 }
 
 void tst_EffectStyle::emptyAreaIsNotDrawn()
@@ -349,22 +551,6 @@ void tst_EffectStyle::emptyAreaIsNotDrawn()
     QPainter painter(&image);
     fixture.style.drawControl(QStyle::CE_MenuEmptyArea, &option, &painter, &fixture.menu);
     QCOMPARE(image, canvas(20, 20));
-}
-
-void tst_EffectStyle::otherControlsAreTheBaseStyles()
-{
-    EffectStyle style(QStyleFactory::create(QStringLiteral("Fusion")));
-    QStyleOptionButton option;
-    option.rect = QRect(0, 0, 40, 20);
-    option.state = QStyle::State_Enabled;
-    QImage image = canvas(40, 20);
-    QImage expected = image;
-    QPainter painter(&image);
-    style.drawControl(QStyle::CE_PushButton, &option, &painter, nullptr);
-    QPainter expectedPainter(&expected);
-    style.baseStyle()->drawControl(QStyle::CE_PushButton, &option, &expectedPainter, nullptr);
-    QCOMPARE(image, expected);
-    QVERIFY(image != canvas(40, 20));
 }
 
 void tst_EffectStyle::itemNeedsItsArguments()
@@ -388,54 +574,26 @@ void tst_EffectStyle::itemNeedsItsArguments()
     QVERIFY(image != canvas(40, 20));
 }
 
-void tst_EffectStyle::itemColours_data()
+void tst_EffectStyle::items_data()
 {
-    using Option = QStyleOptionMenuItem;
-    constexpr int enabled = QStyle::State_Enabled;
-    constexpr int selected = QStyle::State_Selected;
-    constexpr int sunken = QStyle::State_Sunken;
-    QTest::addColumn<int>("state");
-    QTest::addColumn<int>("checkType");
-    QTest::addColumn<bool>("checked");
-    QTest::addColumn<QColor>("fill");
-    QTest::addColumn<QColor>("ink");
-    const auto row = [](const char* name, int state, Option::CheckType type, bool checked,
-                        const QColor& fill, const QColor& ink) {
-        QTest::newRow(name) << state << int(type) << checked << fill << ink;
-    };
-    row("enabled", enabled, Option::NotCheckable, false, Background, EnabledText);
-    row("selected", enabled | selected, Option::NotCheckable, false, Blue, White);
-    row("sunken", enabled | sunken, Option::NotCheckable, false, Blue, White);
-    row("both", enabled | selected | sunken, Option::NotCheckable, false, Blue, White);
-    row("checked", enabled, Option::NonExclusive, true, Background, White);
-    row("checked radio", enabled, Option::Exclusive, true, Background, White);
-    row("unchecked", enabled, Option::NonExclusive, false, Background, EnabledText);
-    row("checked, not checkable", enabled, Option::NotCheckable, true, Background, EnabledText);
-    row("checked and selected", enabled | selected, Option::Exclusive, true, Blue, White);
-    row("disabled", 0, Option::NotCheckable, false, Background, DisabledText);
-    row("disabled, selected", selected, Option::NotCheckable, false, DisabledHighlight,
-        DisabledText);
-    row("disabled, sunken", sunken, Option::NotCheckable, false, DisabledHighlight, DisabledText);
-    row("disabled, checked", 0, Option::Exclusive, true, Background, DisabledText);
+    QTest::addColumn<int>("number");
+    const QList<Drawn> items = allItems();
+    for (int number = 0; number < items.size(); ++number)
+        QTest::newRow(items[number].name) << number;
 }
 
-void tst_EffectStyle::itemColours()
+void tst_EffectStyle::items()
 {
-    QFETCH(int, state);
-    QFETCH(int, checkType);
-    QFETCH(bool, checked);
-    QFETCH(QColor, fill);
-    QFETCH(QColor, ink);
-    Fixture fixture(1.0);
-    const QRect rect(20, 10, 100, 24);
-    QStyleOptionMenuItem option = itemOption(QStringLiteral("Hill"), rect);
-    option.state = QStyle::State(state);
-    option.checkType = QStyleOptionMenuItem::CheckType(checkType);
-    option.checked = checked;
-    const QImage expected = expectedItem(rect, fill, ink, sizedFont("M+ 1c", 11),
-                                         {{QRect(30, 11, 80, 22), option.text}});
-    QVERIFY(boundsOf(expected, ink).isValid());
-    QCOMPARE(drawnItem(fixture, option), expected);
+    QFETCH(int, number);
+    const Drawn item = allItems().at(number);
+    Fixture fixture(item.scale, item.column);
+    fixture.menu.setFont(item.menuFont);
+    const QFont& font = item.column ? item.menuFont : item.font;
+    QImage expected = expectedItem(item.rect, item.fill, item.ink, font, item.texts);
+    QCOMPARE(expected == expectedItem(item.rect, item.fill, item.ink, font, {}),
+             item.texts.isEmpty());
+    QPainter(&expected).fillRect(item.line, item.ink);
+    QCOMPARE(drawnItem(fixture, optionOf(item)), expected);
 }
 
 void tst_EffectStyle::itemLeavesThePainterAsItWas()
@@ -470,106 +628,6 @@ void tst_EffectStyle::textIsDrawnWithoutTheAntialiasingHint()
         QVERIFY(!hints.testFlag(QPainter::TextAntialiasing));
 }
 
-void tst_EffectStyle::separatorLine_data()
-{
-    QTest::addColumn<double>("scale");
-    QTest::addColumn<QRect>("rect");
-    QTest::addColumn<QRect>("line");
-    QTest::newRow("odd height") << 1.0 << QRect(20, 10, 100, 5) << QRect(20, 12, 101, 1);
-    QTest::newRow("even height") << 1.0 << QRect(20, 10, 100, 6) << QRect(20, 13, 101, 1);
-    QTest::newRow("wide pen") << 3.0 << QRect(20, 10, 100, 15) << QRect(19, 16, 103, 3);
-}
-
-// The line ends one pixel right of the rectangle, and a pen wider than a pixel has square ends.
-void tst_EffectStyle::separatorLine()
-{
-    QFETCH(double, scale);
-    QFETCH(QRect, rect);
-    QFETCH(QRect, line);
-    Fixture fixture(scale);
-    QStyleOptionMenuItem option = itemOption(QStringLiteral("Title"), rect);
-    option.menuItemType = QStyleOptionMenuItem::Separator;
-    QImage expected = canvas(240, 60);
-    QPainter painter(&expected);
-    painter.fillRect(rect, Background);
-    painter.fillRect(line, EnabledText);
-    painter.end();
-    QCOMPARE(drawnItem(fixture, option), expected);
-}
-
-void tst_EffectStyle::separatorHasTheItemsColour_data()
-{
-    QTest::addColumn<int>("state");
-    QTest::addColumn<QColor>("ink");
-    QTest::newRow("enabled") << int(QStyle::State_Enabled) << EnabledText;
-    QTest::newRow("selected") << int(QStyle::State_Enabled | QStyle::State_Selected) << White;
-    QTest::newRow("disabled") << 0 << DisabledText;
-}
-
-void tst_EffectStyle::separatorHasTheItemsColour()
-{
-    QFETCH(int, state);
-    QFETCH(QColor, ink);
-    Fixture fixture(1.0);
-    QStyleOptionMenuItem option = itemOption(QString(), QRect(20, 10, 100, 5));
-    option.menuItemType = QStyleOptionMenuItem::Separator;
-    option.state = QStyle::State(state);
-    QCOMPARE(boundsOf(drawnItem(fixture, option), ink), QRect(20, 12, 101, 1));
-}
-
-void tst_EffectStyle::emptyTextDrawsTheBackground()
-{
-    Fixture fixture(1.0);
-    const QRect rect(20, 10, 100, 24);
-    const QImage expected = expectedItem(rect, Background, White, QFont(), {});
-    QCOMPARE(drawnItem(fixture, itemOption(QString(), rect)), expected);
-}
-
-void tst_EffectStyle::textRectangle_data()
-{
-    QTest::addColumn<double>("scale");
-    QTest::addColumn<QFont>("menuFont");
-    QTest::addColumn<QFont>("drawnFont");
-    QTest::addColumn<QRect>("textRect");
-    const QFont other = sizedFont("DejaVu Sans", 30);
-    QTest::newRow("1") << 1.0 << other << sizedFont("M+ 1c", 11) << cornersRect(30, 11, 209, 48);
-    QTest::newRow("1.5") << 1.5 << other << sizedFont("M+ 1c", 17) << cornersRect(35, 12, 204, 47);
-    QTest::newRow("2") << 2.0 << other << sizedFont("M+ 1c", 22) << cornersRect(40, 12, 199, 47);
-    QTest::newRow("0.5") << 0.5 << other << sizedFont("M+ 1c", 6) << cornersRect(25, 11, 214, 48);
-    QTest::newRow("the editor's font stays")
-        << 1.0 << sizedFont("M+ 1c", 18) << sizedFont("M+ 1c", 18) << cornersRect(30, 11, 209, 48);
-}
-
-void tst_EffectStyle::textRectangle()
-{
-    QFETCH(double, scale);
-    QFETCH(QFont, menuFont);
-    QFETCH(QFont, drawnFont);
-    QFETCH(QRect, textRect);
-    Fixture fixture(scale);
-    fixture.menu.setFont(menuFont);
-    const QRect rect = cornersRect(20, 10, 219, 49);
-    const QStyleOptionMenuItem option = itemOption(QStringLiteral("Hill"), rect);
-    const QImage expected =
-        expectedItem(rect, Background, EnabledText, drawnFont, {{textRect, option.text}});
-    const QImage drawn = drawnItem(fixture, option);
-    QCOMPARE(drawn, expected);
-    const QRect ink = inkBounds(drawn);
-    QVERIFY(textRect.contains(ink));
-    QVERIFY(ink.left() <= textRect.left() + drawnFont.pixelSize() / 4);
-}
-
-void tst_EffectStyle::textIsMirrored()
-{
-    Fixture fixture(1.0);
-    QStyleOptionMenuItem option = itemOption(QStringLiteral("Hill"), cornersRect(20, 10, 239, 49));
-    option.direction = Qt::RightToLeft;
-    const QImage expected =
-        expectedItem(option.rect, Background, EnabledText, sizedFont("M+ 1c", 11),
-                     {{cornersRect(30, 11, 229, 48), option.text}});
-    QCOMPARE(drawnItem(fixture, option), expected);
-}
-
 void tst_EffectStyle::mnemonicIsUnderlined()
 {
     Fixture fixture(1.0);
@@ -582,266 +640,40 @@ void tst_EffectStyle::mnemonicIsUnderlined()
     QCOMPARE(marked.copy(plainInk), plain.copy(plainInk));
 }
 
-void tst_EffectStyle::textWithoutATabIgnoresTheShortcutWidth()
-{
-    Fixture fixture(1.0);
-    QStyleOptionMenuItem option = itemOption(QStringLiteral("Hill"), cornersRect(20, 10, 219, 49));
-    const QImage without = drawnItem(fixture, option);
-    option.reservedShortcutWidth = 170;
-    QCOMPARE(drawnItem(fixture, option), without);
-}
-
-void tst_EffectStyle::shortcutColumn_data()
+void tst_EffectStyle::pullDownIndexColumnIsZoomed_data()
 {
     QTest::addColumn<double>("scale");
-    QTest::addColumn<QFont>("menuFont");
-    QTest::addColumn<int>("reserved");
-    QTest::addColumn<QFont>("drawnFont");
-    QTest::addColumn<QRect>("textRect");
-    QTest::addColumn<QRect>("shortcutRect");
-    const QFont inPoints(QStringLiteral("DejaVu Sans"), 22);
-    // 11 of 22 pixels: half of 41 is 20.5, which rounds to 21.
-    QTest::newRow("other font") << 1.0 << sizedFont("DejaVu Sans", 22) << 41
-                                << sizedFont("M+ 1c", 11) << cornersRect(30, 11, 178, 48)
-                                << cornersRect(189, 11, 209, 48);
-    QTest::newRow("other font in points")
-        << 1.0 << inPoints << 41 << sizedFont("M+ 1c", 11) << cornersRect(30, 11, 178, 48)
-        << cornersRect(189, 11, 209, 48);
-    QTest::newRow("other font, zoomed")
-        << 1.5 << sizedFont("DejaVu Sans", 11) << 40 << sizedFont("M+ 1c", 17)
-        << cornersRect(35, 12, 129, 47) << cornersRect(145, 12, 204, 47);
-    QTest::newRow("the editor's font")
-        << 1.0 << sizedFont("M+ 1c", 18) << 41 << sizedFont("M+ 1c", 18)
-        << cornersRect(30, 11, 158, 48) << cornersRect(169, 11, 209, 48);
-}
-
-void tst_EffectStyle::shortcutColumn()
-{
-    QFETCH(double, scale);
-    QFETCH(QFont, menuFont);
-    QFETCH(int, reserved);
-    QFETCH(QFont, drawnFont);
-    QFETCH(QRect, textRect);
-    QFETCH(QRect, shortcutRect);
-    Fixture fixture(scale);
-    fixture.menu.setFont(menuFont);
-    QStyleOptionMenuItem option =
-        itemOption(QStringLiteral("Hill\tK\t2"), cornersRect(20, 10, 219, 49));
-    option.reservedShortcutWidth = reserved;
-    const QImage expected =
-        expectedItem(option.rect, Background, EnabledText, drawnFont,
-                     {{textRect, QStringLiteral("Hill")}, {shortcutRect, QStringLiteral("K\t2")}});
-    QCOMPARE(drawnItem(fixture, option), expected);
-}
-
-void tst_EffectStyle::shortcutColumnIsMirrored()
-{
-    Fixture fixture(1.0);
-    fixture.menu.setFont(sizedFont("M+ 1c", 11));
-    QStyleOptionMenuItem option =
-        itemOption(QStringLiteral("Hill\tK"), cornersRect(20, 10, 219, 49));
-    option.direction = Qt::RightToLeft;
-    option.reservedShortcutWidth = 40;
-    const QImage expected =
-        expectedItem(option.rect, Background, EnabledText, sizedFont("M+ 1c", 11),
-                     {{cornersRect(80, 11, 209, 48), QStringLiteral("Hill")},
-                      {cornersRect(30, 11, 69, 48), QStringLiteral("K")}});
-    QCOMPARE(drawnItem(fixture, option), expected);
-}
-
-void tst_EffectStyle::itemSize_data()
-{
-    QTest::addColumn<double>("scale");
-    QTest::addColumn<QFont>("menuFont");
-    QTest::addColumn<QFont>("measuredFont");
-    QTest::addColumn<QSize>("margins");
-    const QFont other = sizedFont("DejaVu Sans", 30);
-    QTest::newRow("1") << 1.0 << other << sizedFont("M+ 1c", 11) << QSize(20, 2);
-    QTest::newRow("1.5") << 1.5 << other << sizedFont("M+ 1c", 17) << QSize(30, 4);
-    QTest::newRow("2") << 2.0 << other << sizedFont("M+ 1c", 22) << QSize(40, 4);
-    QTest::newRow("the editor's font")
-        << 2.0 << sizedFont("M+ 1c", 18) << sizedFont("M+ 1c", 18) << QSize(40, 4);
-}
-
-void tst_EffectStyle::itemSize()
-{
-    QFETCH(double, scale);
-    QFETCH(QFont, menuFont);
-    QFETCH(QFont, measuredFont);
-    QFETCH(QSize, margins);
-    Fixture fixture(scale);
-    fixture.menu.setFont(menuFont);
-    QStyleOptionMenuItem option = itemOption(QStringLiteral("Low shelf"), QRect());
-    option.reservedShortcutWidth = 100;
-    const QFontMetrics metrics(measuredFont);
-    const QSize expected = metrics.size(Qt::TextSingleLine, option.text) + margins;
-    QCOMPARE(fixture.style.sizeFromContents(QStyle::CT_MenuItem, &option, QSize(500, 500),
-                                            &fixture.menu),
-             expected);
-}
-
-void tst_EffectStyle::itemSizeWithShortcut_data()
-{
-    QTest::addColumn<double>("scale");
-    QTest::addColumn<int>("fontSize");
-    QTest::addColumn<QSize>("margins");
-    QTest::newRow("1") << 1.0 << 11 << QSize(30, 2);
-    QTest::newRow("1.5") << 1.5 << 17 << QSize(45, 4);
-    QTest::newRow("2") << 2.0 << 22 << QSize(60, 4);
-}
-
-void tst_EffectStyle::itemSizeWithShortcut()
-{
-    QFETCH(double, scale);
-    QFETCH(int, fontSize);
-    QFETCH(QSize, margins);
-    Fixture fixture(scale);
-    fixture.menu.setFont(sizedFont("DejaVu Sans", 30));
-    const QStyleOptionMenuItem option = itemOption(QStringLiteral("Low shelf\tCtrl+L"), QRect());
-    const QFontMetrics metrics(sizedFont("M+ 1c", fontSize));
-    const QSize text = metrics.size(Qt::TextSingleLine, QStringLiteral("Low shelf"));
-    const QSize shortcut = metrics.size(Qt::TextSingleLine, QStringLiteral("Ctrl+L"));
-    QCOMPARE(fixture.style.sizeFromContents(QStyle::CT_MenuItem, &option, QSize(), &fixture.menu),
-             QSize(text.width() + shortcut.width(), text.height()) + margins);
-}
-
-void tst_EffectStyle::itemSizeIgnoresAmpersands()
-{
-    Fixture fixture(1.0);
-    const auto width = [&](const QString& text) {
-        const QStyleOptionMenuItem option = itemOption(text, QRect());
-        return fixture.style.sizeFromContents(QStyle::CT_MenuItem, &option, QSize(), &fixture.menu)
-            .width();
-    };
-    QCOMPARE(width(QStringLiteral("&Flat\t&F")), width(QStringLiteral("Flat\tF")));
-    QVERIFY(width(QStringLiteral("Fl&&at")) > width(QStringLiteral("Flat")));
-}
-
-void tst_EffectStyle::itemHeightIsAtLeastTheMargin()
-{
-    Fixture fixture(3.0);
-    fixture.menu.setFont(sizedFont("M+ 1c", 4));
-    for (const char* text : {"Flat", "Flat\tF"}) {
-        const QStyleOptionMenuItem option = itemOption(QLatin1String(text), QRect());
-        const QSize size =
-            fixture.style.sizeFromContents(QStyle::CT_MenuItem, &option, QSize(), &fixture.menu);
-        QCOMPARE(size.height(), 30);
-    }
-}
-
-void tst_EffectStyle::separatorSize_data()
-{
-    QTest::addColumn<double>("scale");
-    QTest::addColumn<int>("height");
-    QTest::newRow("1") << 1.0 << 5;
-    QTest::newRow("1.5: 7.5") << 1.5 << 8;
-    QTest::newRow("2") << 2.0 << 10;
-    QTest::newRow("0.25: 1.25") << 0.25 << 1;
-}
-
-void tst_EffectStyle::separatorSize()
-{
-    QFETCH(double, scale);
-    QFETCH(int, height);
-    Fixture fixture(scale);
-    QStyleOptionMenuItem option = itemOption(QStringLiteral("Title"), QRect());
-    option.menuItemType = QStyleOptionMenuItem::Separator;
-    QCOMPARE(
-        fixture.style.sizeFromContents(QStyle::CT_MenuItem, &option, QSize(123, 45), &fixture.menu),
-        QSize(123, height));
-}
-
-void tst_EffectStyle::otherSizesAreTheBaseStyles()
-{
-    EffectStyle style(QStyleFactory::create(QStringLiteral("Fusion")));
-    QMenu menu;
-    const QSize contents(50, 20);
-    const QStyleOptionMenuItem item = itemOption(QStringLiteral("Text"), QRect());
-    QCOMPARE(style.sizeFromContents(QStyle::CT_MenuItem, &item, contents, nullptr),
-             style.baseStyle()->sizeFromContents(QStyle::CT_MenuItem, &item, contents, nullptr));
-    QStyleOption wrongType;
-    QCOMPARE(style.sizeFromContents(QStyle::CT_MenuItem, &wrongType, contents, &menu),
-             style.baseStyle()->sizeFromContents(QStyle::CT_MenuItem, &wrongType, contents, &menu));
-    QCOMPARE(style.sizeFromContents(QStyle::CT_MenuBarItem, &item, contents, &menu),
-             style.baseStyle()->sizeFromContents(QStyle::CT_MenuBarItem, &item, contents, &menu));
-}
-
-void tst_EffectStyle::pullDownIndexColumn_data()
-{
-    QTest::addColumn<double>("scale");
-    QTest::addColumn<int>("indexMargin");
     QTest::addColumn<QRect>("indexRect");
-    QTest::addColumn<QRect>("line");
     QTest::addColumn<QRect>("labelRect");
-    // The item spans x 20 to 219 and y 10 to 49.
-    QTest::newRow("1") << 1.0 << 6 << cornersRect(24, 11, 35, 48) << QRect(39, 10, 1, 41)
-                       << cornersRect(42, 11, 215, 48);
-    QTest::newRow("1, odd margin") << 1.0 << 7 << cornersRect(24, 11, 35, 48)
-                                   << QRect(39, 10, 1, 41) << cornersRect(43, 11, 215, 48);
-    QTest::newRow("1.5") << 1.5 << 6 << cornersRect(26, 12, 43, 47) << QRect()
-                         << cornersRect(53, 12, 213, 47);
-    QTest::newRow("2") << 2.0 << 6 << cornersRect(28, 12, 51, 47) << QRect()
-                       << cornersRect(64, 12, 211, 47);
+    QTest::newRow("1.5") << 1.5 << cornersRect(26, 12, 43, 47) << cornersRect(53, 12, 213, 47);
+    QTest::newRow("2") << 2.0 << cornersRect(28, 12, 51, 47) << cornersRect(64, 12, 211, 47);
 }
 
-// The line is compared only where it is one pixel wide; its middle is the same at every scale.
-void tst_EffectStyle::pullDownIndexColumn()
+// Of a line wider than a pixel only the middle is fixed.
+void tst_EffectStyle::pullDownIndexColumnIsZoomed()
 {
     QFETCH(double, scale);
-    QFETCH(int, indexMargin);
     QFETCH(QRect, indexRect);
-    QFETCH(QRect, line);
     QFETCH(QRect, labelRect);
-    const PullDownFixture fixture(scale, 12, indexMargin);
+    const Fixture fixture(scale, QSize(12, 6));
     const QStyleOptionMenuItem option =
         itemOption(QStringLiteral("7 Low shelf"), cornersRect(20, 10, 219, 49));
     QImage drawn = drawnItem(fixture, option);
+    QImage expected = expectedItem(option.rect, Background, EnabledText, fixture.menu.font(),
+                                   {{indexRect, QStringLiteral("7"), IndexFlags},
+                                    {labelRect, QStringLiteral("Low shelf"), LabelFlags}});
     const QRect gap(indexRect.right() + 1, 0, labelRect.left() - indexRect.right() - 1, 60);
-    QImage expected =
-        expectedItem(option.rect, Background, EnabledText, fixture.menu.font(),
-                     {{indexRect, QStringLiteral("7"), Qt::AlignCenter | Qt::TextSingleLine},
-                      {labelRect, QStringLiteral("Low shelf"),
-                       Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine}});
-    if (line.isValid()) {
-        QPainter(&expected).fillRect(line, EnabledText);
-    } else {
-        const QRect found = boundsOf(drawn.copy(gap), EnabledText);
-        QVERIFY(found.isValid() && found.width() <= qRound(scale) + 1);
-        QVERIFY(qAbs(found.center().x() - gap.width() / 2) <= 1);
-        for (QImage* image : {&drawn, &expected})
-            QPainter(image).fillRect(gap, Untouched);
-    }
+    const QRect found = boundsOf(drawn.copy(gap), EnabledText);
+    QVERIFY(found.isValid() && found.width() <= qRound(scale) + 1);
+    QVERIFY(qAbs(found.center().x() - gap.width() / 2) <= 1);
+    for (QImage* image : {&drawn, &expected})
+        QPainter(image).fillRect(gap, Untouched);
     QCOMPARE(drawn, expected);
-}
-
-void tst_EffectStyle::pullDownIndexWithoutMarginHasNoLine()
-{
-    const PullDownFixture fixture(1.0, 12, 0);
-    const QRect rect = cornersRect(20, 10, 219, 49);
-    const QImage expected = expectedItem(
-        rect, Background, EnabledText, fixture.menu.font(),
-        {{QRect(24, 11, 12, 38), QStringLiteral("7"), Qt::AlignCenter | Qt::TextSingleLine},
-         {cornersRect(36, 11, 215, 48), QStringLiteral("Low shelf"),
-          Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine}});
-    QCOMPARE(drawnItem(fixture, itemOption(QStringLiteral("7 Low shelf"), rect)), expected);
-}
-
-void tst_EffectStyle::pullDownWithoutIndexIsTheWholeText()
-{
-    const QRect rect = cornersRect(20, 10, 219, 49);
-    for (const int indexWidth : {0, -5}) {
-        const PullDownFixture fixture(1.0, indexWidth, 6);
-        const QImage expected =
-            expectedItem(rect, Background, EnabledText, fixture.menu.font(),
-                         {{cornersRect(24, 11, 215, 48), QStringLiteral("7 Low shelf"),
-                           Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine}});
-        QCOMPARE(drawnItem(fixture, itemOption(QStringLiteral("7 Low shelf"), rect)), expected);
-    }
 }
 
 void tst_EffectStyle::pullDownItemIsMirrored()
 {
-    const PullDownFixture fixture(1.0, 12, 6);
+    const Fixture fixture(1.0, QSize(12, 6));
     QStyleOptionMenuItem option =
         itemOption(QStringLiteral("7 Hill"), cornersRect(20, 10, 219, 49));
     const QImage leftToRight = drawnItem(fixture, option);
@@ -855,20 +687,9 @@ void tst_EffectStyle::pullDownItemIsMirrored()
     QVERIFY(inkBounds(leftToRight.copy(indexRect)).isNull());
 }
 
-void tst_EffectStyle::pullDownItemKeepsThePaintersFont()
-{
-    PullDownFixture fixture(2.0, 0, 0);
-    fixture.menu.setFont(sizedFont("DejaVu Sans", 30));
-    const QRect rect = cornersRect(20, 10, 219, 49);
-    const QImage expected = expectedItem(rect, Background, EnabledText, fixture.menu.font(),
-                                         {{cornersRect(28, 12, 211, 47), QStringLiteral("Hill"),
-                                           Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine}});
-    QCOMPARE(drawnItem(fixture, itemOption(QStringLiteral("Hill"), rect)), expected);
-}
-
 void tst_EffectStyle::pullDownItemColours()
 {
-    const PullDownFixture fixture(1.0, 12, 6);
+    const Fixture fixture(1.0, QSize(12, 6));
     QStyleOptionMenuItem option =
         itemOption(QStringLiteral("\u2588 \u2588\u2588"), cornersRect(20, 10, 219, 49));
     option.state = QStyle::State_Enabled | QStyle::State_Selected;
@@ -880,64 +701,6 @@ void tst_EffectStyle::pullDownItemColours()
     QCOMPARE(boundsOf(drawn, EnabledText), QRect(39, 10, 1, 41));
     option.text.clear();
     QVERIFY(!boundsOf(drawnItem(fixture, option), White).isValid());
-}
-
-void tst_EffectStyle::pullDownTextsAreTakenAsTheyStand()
-{
-    const PullDownFixture fixture(1.0, 0, 0);
-    const QRect rect = cornersRect(20, 10, 219, 49);
-    const QString text = QStringLiteral("R&B  one");
-    const QImage expected = expectedItem(rect, Background, EnabledText, fixture.menu.font(),
-                                         {{cornersRect(24, 11, 215, 48), text,
-                                           Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine}});
-    QCOMPARE(drawnItem(fixture, itemOption(text, rect)), expected);
-}
-
-void tst_EffectStyle::pullDownSize_data()
-{
-    QTest::addColumn<double>("scale");
-    QTest::addColumn<int>("indexWidth");
-    QTest::addColumn<int>("indexMargin");
-    QTest::addColumn<QString>("widthText");
-    QTest::addColumn<QSize>("margins");
-    const QString whole = QStringLiteral("12 Low shelf");
-    const QString label = QStringLiteral("Low shelf");
-    QTest::newRow("no index, 1") << 1.0 << 0 << 6 << whole << QSize(8, 2);
-    QTest::newRow("no index, 1.5") << 1.5 << -1 << 6 << whole << QSize(12, 4);
-    QTest::newRow("index, 1") << 1.0 << 12 << 6 << label << QSize(12 + 6 + 8, 2);
-    QTest::newRow("index, no margin") << 1.0 << 12 << 0 << label << QSize(12 + 8, 2);
-    // 12 * 1.25 is 15, 6 * 1.25 is 7.5, which rounds to 8.
-    QTest::newRow("index, 1.25") << 1.25 << 12 << 6 << label << QSize(15 + 8 + 10, 2);
-    QTest::newRow("index, 2") << 2.0 << 12 << 6 << label << QSize(24 + 12 + 16, 4);
-}
-
-void tst_EffectStyle::pullDownSize()
-{
-    QFETCH(double, scale);
-    QFETCH(int, indexWidth);
-    QFETCH(int, indexMargin);
-    QFETCH(QString, widthText);
-    QFETCH(QSize, margins);
-    const PullDownFixture fixture(scale, indexWidth, indexMargin);
-    QStyleOptionMenuItem option = itemOption(QStringLiteral("12 Low shelf"), QRect());
-    option.fontMetrics = QFontMetrics(sizedFont("M+ 1c", 19));
-    const int width = option.fontMetrics.size(Qt::TextSingleLine, widthText).width();
-    const int height = option.fontMetrics.size(Qt::TextSingleLine, option.text).height();
-    QCOMPARE(fixture.style.sizeFromContents(QStyle::CT_MenuItem, &option, QSize(500, 500),
-                                            &fixture.menu),
-             QSize(width, height) + margins);
-}
-
-void tst_EffectStyle::pullDownIsNeverNarrowerThanItsButton()
-{
-    for (const int indexWidth : {0, 12}) {
-        const PullDownFixture fixture(1.5, indexWidth, 6, 300);
-        const QStyleOptionMenuItem option = itemOption(QStringLiteral("1 Hill"), QRect());
-        QCOMPARE(
-            fixture.style.sizeFromContents(QStyle::CT_MenuItem, &option, QSize(), &fixture.menu)
-                .width(),
-            300 - 2 * 2);
-    }
 }
 
 void tst_EffectStyle::pullDownMenuWithoutAButtonIsOrdinary()
@@ -960,6 +723,108 @@ void tst_EffectStyle::pullDownMenuWithoutAButtonIsOrdinary()
     QCOMPARE(
         ordinary.style.sizeFromContents(QStyle::CT_MenuItem, &option, QSize(), &menu),
         ordinary.style.sizeFromContents(QStyle::CT_MenuItem, &option, QSize(), &ordinary.menu));
+}
+
+void tst_EffectStyle::sizes_data()
+{
+    QTest::addColumn<int>("number");
+    const QList<Sized> items = sizedItems();
+    for (int number = 0; number < items.size(); ++number)
+        QTest::newRow(items[number].name) << number;
+}
+
+void tst_EffectStyle::sizes()
+{
+    QFETCH(int, number);
+    const Sized item = sizedItems().at(number);
+    Fixture fixture(item.scale, item.column, item.buttonWidth);
+    fixture.menu.setFont(item.menuFont);
+    QStyleOptionMenuItem option = itemOption(item.text, QRect());
+    option.reservedShortcutWidth = 100;
+    const QFontMetrics metrics(sizedFont("M+ 1c", item.fontSize));
+    option.fontMetrics = metrics;
+    if (item.isSeparator)
+        option.menuItemType = QStyleOptionMenuItem::Separator;
+    QSize expected(0, 0);
+    for (const QString& text : item.texts) {
+        const QSize size = metrics.size(Qt::TextSingleLine, text);
+        expected =
+            QSize(expected.width() + size.width(), std::max(expected.height(), size.height()));
+    }
+    expected += item.margins;
+    expected = QSize(item.width > 0 ? item.width : expected.width(),
+                     item.height > 0 ? item.height : expected.height());
+    QCOMPARE(
+        fixture.style.sizeFromContents(QStyle::CT_MenuItem, &option, QSize(500, 45), &fixture.menu),
+        expected);
+}
+
+void tst_EffectStyle::itemSizeIgnoresAmpersands()
+{
+    Fixture fixture(1.0);
+    const auto width = [&](const QString& text) {
+        const QStyleOptionMenuItem option = itemOption(text, QRect());
+        return fixture.style.sizeFromContents(QStyle::CT_MenuItem, &option, QSize(), &fixture.menu)
+            .width();
+    };
+    QCOMPARE(width(QStringLiteral("&Flat\t&F")), width(QStringLiteral("Flat\tF")));
+    QVERIFY(width(QStringLiteral("Fl&&at")) > width(QStringLiteral("Flat")));
+}
+
+void tst_EffectStyle::otherSizesAreTheBaseStyles()
+{
+    EffectStyle style(QStyleFactory::create(QStringLiteral("Fusion")));
+    QMenu menu;
+    const QSize contents(50, 20);
+    const QStyleOptionMenuItem item = itemOption(QStringLiteral("Text"), QRect());
+    QCOMPARE(style.sizeFromContents(QStyle::CT_MenuItem, &item, contents, nullptr),
+             style.baseStyle()->sizeFromContents(QStyle::CT_MenuItem, &item, contents, nullptr));
+    QStyleOption wrongType;
+    QCOMPARE(style.sizeFromContents(QStyle::CT_MenuItem, &wrongType, contents, &menu),
+             style.baseStyle()->sizeFromContents(QStyle::CT_MenuItem, &wrongType, contents, &menu));
+    QCOMPARE(style.sizeFromContents(QStyle::CT_MenuBarItem, &item, contents, &menu),
+             style.baseStyle()->sizeFromContents(QStyle::CT_MenuBarItem, &item, contents, &menu));
+}
+
+void tst_EffectStyle::pixelMetrics_data()
+{
+    QTest::addColumn<double>("scale");
+    QTest::addColumn<int>("panelWidth");
+    QTest::newRow("0.4") << 0.4 << 0;
+    QTest::newRow("0.5") << 0.5 << 1;
+    QTest::newRow("1") << 1.0 << 1;
+    QTest::newRow("1.4") << 1.4 << 1;
+    QTest::newRow("1.5") << 1.5 << 2;
+    QTest::newRow("2") << 2.0 << 2;
+}
+
+void tst_EffectStyle::pixelMetrics()
+{
+    QFETCH(double, scale);
+    Fixture fixture(scale);
+    const auto metric = [&](QStyle::PixelMetric which) {
+        return fixture.style.pixelMetric(which, nullptr, &fixture.menu);
+    };
+    QTEST(metric(QStyle::PM_MenuPanelWidth), "panelWidth");
+    QCOMPARE(metric(QStyle::PM_MenuScrollerHeight), 0);
+    QCOMPARE(metric(QStyle::PM_MenuHMargin), 0);
+    QCOMPARE(metric(QStyle::PM_MenuVMargin), 0);
+    QCOMPARE(metric(QStyle::PM_MenuTearoffHeight), 0);
+    QCOMPARE(metric(QStyle::PM_ScrollBarExtent),
+             fixture.style.baseStyle()->pixelMetric(QStyle::PM_ScrollBarExtent));
+    const QMenu outside;
+    QCOMPARE(fixture.style.pixelMetric(QStyle::PM_MenuPanelWidth, nullptr, &outside), 1);
+    QCOMPARE(fixture.style.pixelMetric(QStyle::PM_MenuPanelWidth), 1);
+}
+
+void tst_EffectStyle::styleHints()
+{
+    QCOMPARE(int(QStyle::SH_Menu_Mask), 80);
+    EffectStyle style(QStyleFactory::create(QStringLiteral("Fusion")));
+    QCOMPARE(style.styleHint(QStyle::SH_Menu_Mask), 0);
+    QCOMPARE(style.styleHint(QStyle::SH_Menu_MouseTracking),
+             style.baseStyle()->styleHint(QStyle::SH_Menu_MouseTracking));
+    QCOMPARE(style.styleHint(QStyle::SH_Menu_MouseTracking), 1);
 }
 
 void tst_EffectStyle::realPullDown_data()
@@ -998,52 +863,6 @@ void tst_EffectStyle::realPullDown()
     });
     button.openPullDown();
     QVERIFY(isSeen);
-}
-
-void tst_EffectStyle::pixelMetrics_data()
-{
-    QTest::addColumn<double>("scale");
-    QTest::addColumn<int>("panelWidth");
-    QTest::newRow("0.4") << 0.4 << 0;
-    QTest::newRow("0.5") << 0.5 << 1;
-    QTest::newRow("1") << 1.0 << 1;
-    QTest::newRow("1.4") << 1.4 << 1;
-    QTest::newRow("1.5") << 1.5 << 2;
-    QTest::newRow("2") << 2.0 << 2;
-}
-
-void tst_EffectStyle::pixelMetrics()
-{
-    QFETCH(double, scale);
-    Fixture fixture(scale);
-    const auto metric = [&](QStyle::PixelMetric which) {
-        return fixture.style.pixelMetric(which, nullptr, &fixture.menu);
-    };
-    QTEST(metric(QStyle::PM_MenuPanelWidth), "panelWidth");
-    QCOMPARE(metric(QStyle::PM_MenuScrollerHeight), 0);
-    QCOMPARE(metric(QStyle::PM_MenuHMargin), 0);
-    QCOMPARE(metric(QStyle::PM_MenuVMargin), 0);
-    QCOMPARE(metric(QStyle::PM_MenuTearoffHeight), 0);
-    QCOMPARE(metric(QStyle::PM_ScrollBarExtent),
-             fixture.style.baseStyle()->pixelMetric(QStyle::PM_ScrollBarExtent));
-}
-
-void tst_EffectStyle::panelWidthWithoutAnEditor()
-{
-    EffectStyle style(nullptr);
-    QMenu menu;
-    QCOMPARE(style.pixelMetric(QStyle::PM_MenuPanelWidth, nullptr, &menu), 1);
-    QCOMPARE(style.pixelMetric(QStyle::PM_MenuPanelWidth), 1);
-}
-
-void tst_EffectStyle::styleHints()
-{
-    QCOMPARE(int(QStyle::SH_Menu_Mask), 80);
-    EffectStyle style(QStyleFactory::create(QStringLiteral("Fusion")));
-    QCOMPARE(style.styleHint(QStyle::SH_Menu_Mask), 0);
-    QCOMPARE(style.styleHint(QStyle::SH_Menu_MouseTracking),
-             style.baseStyle()->styleHint(QStyle::SH_Menu_MouseTracking));
-    QCOMPARE(style.styleHint(QStyle::SH_Menu_MouseTracking), 1);
 }
 
 void tst_EffectStyle::realMenu_data()
@@ -1087,17 +906,6 @@ void tst_EffectStyle::realMenu()
     QVERIFY(boundsOf(image.copy(menu.actionGeometry(checked)), White).isValid());
     QVERIFY(boundsOf(image.copy(menu.actionGeometry(disabled)), DisabledText).isValid());
     QVERIFY(boundsOf(image.copy(menu.actionGeometry(separator)), EnabledText).isValid());
-}
-
-void tst_EffectStyle::sideMarginsAtOneAndAHalf()
-{
-    Fixture fixture(1.5);
-    fixture.menu.setFont(sizedFont("M+ 1c", 17));
-    const QStyleOptionMenuItem option = itemOption(QStringLiteral("Flat"), QRect());
-    QCOMPARE(fixture.style.pixelMetric(QStyle::PM_MenuPanelWidth, nullptr, &fixture.menu), 2);
-    QCOMPARE(fixture.style.sizeFromContents(QStyle::CT_MenuItem, &option, QSize(), &fixture.menu)
-                 .width(),
-             QFontMetrics(fixture.menu.font()).size(Qt::TextSingleLine, option.text).width() + 30);
 }
 
 void tst_EffectStyle::menusSurviveExtremeScales_data()

@@ -5,7 +5,6 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QMenu>
-#include <QMetaProperty>
 #include <QSignalSpy>
 #include <QVBoxLayout>
 
@@ -62,7 +61,6 @@ class tst_ChannelNameEdit : public TestObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void metaObject();
     void isIdleAtFirst();
     void showsANameElided();
     void showsTheBeginningOfAName();
@@ -87,30 +85,6 @@ private Q_SLOTS:
     void theContextMenuNeedsAnEdit();
     void anotherPopupCommitsOnce();
 };
-
-void tst_ChannelNameEdit::metaObject()
-{
-    const QMetaObject& meta = ChannelNameEdit::staticMetaObject;
-    QCOMPARE(meta.className(), "ChannelNameEdit");
-    QCOMPARE(meta.superClass(), &QLineEdit::staticMetaObject);
-    QCOMPARE(meta.propertyCount() - meta.propertyOffset(), 2);
-    const QMetaProperty name = meta.property(meta.propertyOffset());
-    QCOMPARE(name.name(), "defaultName");
-    QCOMPARE(name.typeName(), "QString");
-    const QMetaProperty margin = meta.property(meta.propertyOffset() + 1);
-    QCOMPARE(margin.name(), "elideMargin");
-    QCOMPARE(margin.typeName(), "int");
-    QCOMPARE(meta.methodCount() - meta.methodOffset(), 2);
-    const QMetaMethod signal = meta.method(meta.methodOffset());
-    QCOMPARE(signal.methodType(), QMetaMethod::Signal);
-    QCOMPARE(signal.methodSignature(), "channelNameChanged(QString)");
-    QCOMPARE(signal.parameterNames().value(0), "text");
-    const QMetaMethod slot = meta.method(meta.methodOffset() + 1);
-    QCOMPARE(slot.methodType(), QMetaMethod::Slot);
-    QCOMPARE(slot.methodSignature(), "setChannelName(QString)");
-    QCOMPARE(slot.parameterNames().value(0), "channelName");
-    QCOMPARE(slot.access(), QMetaMethod::Public);
-}
 
 void tst_ChannelNameEdit::isIdleAtFirst()
 {

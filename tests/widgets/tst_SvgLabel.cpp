@@ -4,7 +4,6 @@
 #include "widgets/SvgLabel.h"
 
 #include <QApplication>
-#include <QMetaProperty>
 #include <QPainter>
 #include <QSvgRenderer>
 
@@ -54,7 +53,6 @@ class tst_SvgLabel : public TestObject
 
 private Q_SLOTS:
     void initTestCase();
-    void metaObject();
     void isEmptyAtFirst();
     void stretchesThePicture();
     void disabledWithoutADisabledImageKeepsTheNormalOne();
@@ -78,30 +76,6 @@ void tst_SvgLabel::initTestCase()
 {
     m_red = m_files.plain("red.svg", 10, 10, "#ff0000");
     m_blue = m_files.plain("blue.svg", 10, 10, "#0000ff");
-}
-
-void tst_SvgLabel::metaObject()
-{
-    const QMetaObject& meta = SvgLabel::staticMetaObject;
-    QCOMPARE(meta.className(), "SvgLabel");
-    QCOMPARE(meta.superClass(), &QLabel::staticMetaObject);
-    const QList<std::pair<QByteArray, QByteArray>> wanted = {
-        {"svg", "QString"}, {"disableSvgRenderer", "QString"}, {"opacity", "double"}};
-    QCOMPARE(meta.propertyCount() - meta.propertyOffset(), wanted.size());
-    for (int i = 0; i < wanted.size(); ++i) {
-        const QMetaProperty property = meta.property(meta.propertyOffset() + i);
-        QCOMPARE(property.name(), wanted[i].first);
-        QCOMPARE(property.typeName(), wanted[i].second);
-        QVERIFY(property.isReadable() && property.isWritable() && property.isDesignable());
-        QVERIFY(!property.hasNotifySignal());
-    }
-    SvgLabel label;
-    QVERIFY(label.setProperty("svg", m_red));
-    QVERIFY(label.setProperty("disableSvgRenderer", m_blue));
-    QVERIFY(label.setProperty("opacity", 0.25));
-    QCOMPARE(label.svg(), m_red);
-    QCOMPARE(label.disableSvg(), m_blue);
-    QCOMPARE(label.opacity(), 0.25);
 }
 
 void tst_SvgLabel::isEmptyAtFirst()
