@@ -2,7 +2,6 @@
 #include "component/ZoltaComponent.h"
 
 #include <iterator>
-#include <type_traits>
 
 namespace {
 
@@ -21,7 +20,8 @@ constexpr const char* ParameterNames[] = {
 
 const std::list<const char*> ParameterList(std::begin(ParameterNames), std::end(ParameterNames));
 
-static_assert(std::is_trivially_destructible_v<ZoltaComponent>, "release() runs no destructor");
+static_assert(sizeof(ZoltaComponent) == sizeof(EffectComponent),
+              "release() runs the destructor of EffectComponent alone");
 
 } // namespace
 
