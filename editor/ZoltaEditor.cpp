@@ -52,7 +52,7 @@ ZoltaEditor::ZoltaEditor(QWidget* parent)
     , m_uid(equalizerClassId[0], equalizerClassId[1], equalizerClassId[2], equalizerClassId[3])
 {
     m_ui->setupUi(this);
-    // Without a role of its own the editor would take over its parent's.
+    // Otherwise the editor would be filled in the background role of its parent.
     setBackgroundRole(QPalette::Window);
     hideAlternatives();
     m_graph = new ZoltaEqualizerGraph(this);
@@ -69,7 +69,7 @@ ZoltaEditor::ZoltaEditor(QWidget* parent)
 ZoltaEditor::~ZoltaEditor()
 {
     setMeterObserver(false);
-    // A control that is destroyed while it is dragged says so, when nobody is left to listen.
+    // A control that is destroyed while it is dragged emits drag(false).
     const QList<QWidget*> controls = findChildren<QWidget*>();
     for (QWidget* control : controls)
         control->disconnect(this);
@@ -337,7 +337,7 @@ bool ZoltaEditor::openTextEntry(const QObject* knob)
 
 void ZoltaEditor::retranslate()
 {
-    // The form's pictures include those of dark LED meters.
+    // The form sets the pictures of dark LED meters.
     const QString left = m_ui->m_pLedStereoMeterL->svg();
     const QString right = m_ui->m_pLedStereoMeterR->svg();
     m_ui->retranslateUi(this);

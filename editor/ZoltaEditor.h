@@ -31,8 +31,8 @@ class AbstractController;
 /// outlive the editor, or be detached first. A host call that fails leaves out what it was for, and
 /// nothing else.
 ///
-/// The host may delete the editor while it is told of a value, and whoever listens to a control
-/// while that control says that it is dragged. The rest of what was under way is then left out.
+/// The editor may be deleted inside the host's setValue() and by a slot that is connected to a
+/// control's drag(bool). What was under way then ends at once, and calls the host no more.
 class ZoltaEditor : public EffectEditor, public IPrmObserver, public IMeterObserver
 {
     Q_OBJECT
@@ -84,7 +84,7 @@ private Q_SLOTS:
     void beginFlat();
     void endFlat();
 
-    // Every GainTextDrag stands for the band's FrequencyTextDrag, deliberately.
+    // Every GainTextDrag writes the flag of its band's FrequencyTextDrag, deliberately.
     void lowTypeKnobDrag(bool drag);
     void lowFrequencyKnobDrag(bool drag);
     void lowFrequencyTextDrag(bool drag);

@@ -5,6 +5,8 @@
 #include "tests/support/TestStream.h"
 
 #include <QApplication>
+#include <QLineEdit>
+#include <QPointer>
 
 /// The editor is deleted in the middle of what it does, by the host that is told of a value or by a
 /// listener of a control. What is left of the action is left out.
@@ -56,7 +58,21 @@ private:
     bool m_armed = false;
 };
 
-enum Action { PressFlat, HoldFlat, TurnWheelOnSwitch, RestoreState };
+enum Action { PressFlat, HoldFlat, TurnWheelOnSwitch, RestoreState, TypeText };
+
+/// A value for "fx_rackfx_prm_11", in the text field that a double click on its knob opens.
+void typeText(EditorFixture& fixture)
+{
+    fixture.editor->show();
+    fixture.editor->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(fixture.editor.get()));
+    QTest::mouseDClick(fixture.widget("Middle2GainKnob"), Qt::LeftButton);
+    auto* line = fixture.widget("Middle2GainTextEdit")->findChild<QLineEdit*>();
+    QVERIFY(line->hasFocus());
+    fixture.host.resetLedger();
+    line->setText(QStringLiteral("37"));
+    QTest::keyClick(line, Qt::Key_Return);
+}
 
 void perform(Action action, EditorFixture& fixture, Deleter& deleter)
 {
@@ -71,6 +87,8 @@ void perform(Action action, EditorFixture& fixture, Deleter& deleter)
         fire(fixture.editor.get(), timersOf(fixture.editor.get()).first().timerId);
     } else if (action == TurnWheelOnSwitch) {
         ControlTesting::wheel(*fixture.widget("DriveCleanSwitch"), QPoint(0, 120));
+    } else if (action == TypeText) {
+        typeText(fixture);
     } else {
         TestStream state(QByteArray(116, '\0'));
         QCOMPARE(fixture.editor->getVstComponent()->setState(&state), Steinberg::kResultFalse);
@@ -100,6 +118,7 @@ void tst_EditorDeletion::byTheHost_data()
     QTest::newRow("held flat, last switch")
         << int(HoldFlat) << QList<int>{25, 26, 4, 8, 12, 16, 20, 24};
     QTest::newRow("wheel on the switch") << int(TurnWheelOnSwitch) << QList<int>{27};
+    QTest::newRow("text entry") << int(TypeText) << QList<int>{11};
     QTest::newRow("state, first") << int(RestoreState) << QList<int>{4};
     QTest::newRow("state, ninth") << int(RestoreState) << QList<int>{4, 3, 2, 1, 8, 7, 6, 5, 12};
 }
@@ -129,25 +148,34 @@ void tst_EditorDeletion::byTheHost()
 void tst_EditorDeletion::byAListenerOfADrag_data()
 {
     QTest::addColumn<QByteArray>("control");
-    for (const char* control : {"LowTypeKnob", "Middle2GainKnob", "Middle4GainTextEdit"})
-        QTest::newRow(control) << QByteArray(control);
+    QTest::addColumn<bool>("drag");
+    for (const char* control : {"LowTypeKnob", "Middle2GainKnob", "Middle4GainTextEdit"}) {
+        QTest::addRow("%s begins", control) << QByteArray(control) << true;
+        QTest::addRow("%s ends", control) << QByteArray(control) << false;
+    }
 }
 
 void tst_EditorDeletion::byAListenerOfADrag()
 {
     QFETCH(QByteArray, control);
+    QFETCH(bool, drag);
     EditorFixture fixture;
     fixture.bind();
     fixture.editor->setDialEditMode(2);
-    QWidget* widget = fixture.widget(control);
+    const QPointer<QWidget> widget = fixture.widget(control);
     Deleter deleter(fixture, 1);
-    const auto listen = [&deleter] { deleter.deleteEditor(); };
+    const auto listen = [&](bool dragged) {
+        if (dragged == drag)
+            deleter.deleteEditor();
+    };
     if (auto* knob = qobject_cast<KnobController*>(widget))
         connect(knob, &KnobController::drag, this, listen);
     else
         connect(fixture.widget<TextEditController>(control), &TextEditController::drag, this,
                 listen);
     QTest::mousePress(widget, Qt::LeftButton);
+    if (widget)
+        fixture.editor->setCh(2, 3);
     QVERIFY(!fixture.editor);
     QCOMPARE(fixture.host.callCount(), deleter.callsSoFar);
     QCOMPARE(fixture.host.observerCount(), 0);
