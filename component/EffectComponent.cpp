@@ -81,6 +81,44 @@ struct EffectComponent::Target
     }
 };
 
+// A setState() that is running. It learns when the component is freed meanwhile, and so do those
+// that it runs inside of.
+class EffectComponent::Restore
+{
+public:
+    explicit Restore(EffectComponent& component)
+        : m_component(&component)
+        , m_outer(component.m_restore)
+    {
+        component.m_restore = this;
+    }
+    ~Restore()
+    {
+        if (m_component)
+            m_component->m_restore = m_outer;
+    }
+    Restore(const Restore&) = delete;
+    Restore& operator=(const Restore&) = delete;
+
+    bool isComponentFreed() const { return !m_component; }
+    void setComponentFreed()
+    {
+        m_component = nullptr;
+        if (m_outer)
+            m_outer->setComponentFreed();
+    }
+
+private:
+    EffectComponent* m_component;
+    Restore* m_outer;
+};
+
+EffectComponent::~EffectComponent()
+{
+    if (m_restore)
+        m_restore->setComponentFreed();
+}
+
 void EffectComponent::setModelInfo(IModelInfo* modelInfo) { m_modelInfo = modelInfo; }
 
 void EffectComponent::setMemAPI(IMemAPI* memAPI) { m_memAPI = memAPI; }
@@ -98,8 +136,10 @@ uint32 PLUGIN_API EffectComponent::addRef() { return static_cast<uint32>(++m_ref
 uint32 PLUGIN_API EffectComponent::release()
 {
     const int32 left = --m_references;
-    if (left == 0)
+    if (left == 0) {
+        this->~EffectComponent();
         ::operator delete(static_cast<void*>(this));
+    }
     return static_cast<uint32>(left);
 }
 
@@ -143,11 +183,14 @@ tresult PLUGIN_API EffectComponent::setState(IBStream* state)
         return result;
     if (!isBound())
         return kResultFalse;
+    Restore restore(*this);
     for (const char* name : getParameterList(version.data())) {
         Word word;
         if (const tresult result = readWord(state, &word); result != kResultOk)
             return result;
         restoreValue(name, fromBigEndian(word));
+        if (restore.isComponentFreed())
+            return kResultFalse;
     }
     return kResultOk;
 }

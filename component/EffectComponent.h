@@ -26,8 +26,11 @@ class IModelInfo;
 /// The pointers handed in are not owned. The object starts with one reference, its creator's. It
 /// is freed either by the last release() or by deleting the concrete class directly. There is no
 /// virtual destructor, as in all interfaces of the SDK: a derived class is final, allocated with
-/// the global new, and trivially destructible, because release() frees the storage and runs no
-/// destructor. Apart from the reference counter all calls come on one thread.
+/// the global new, and has no data, because release() runs this class's destructor alone. Apart
+/// from the reference counter all calls come on one thread.
+///
+/// The host may free the object while setState() sets a value. setState() then touches neither the
+/// object nor the host nor the stream again, and returns kResultFalse.
 class EffectComponent : public Steinberg::Vst::IComponent
 {
 public:
@@ -72,10 +75,11 @@ public:
     virtual std::list<const char*> getParameterList(const unsigned char* dataVersion) const = 0;
 
 protected:
-    ~EffectComponent() = default;
+    ~EffectComponent();
 
 private:
     struct Target;
+    class Restore;
 
     bool isBound() const;
     bool findTarget(const char* name, Target* target) const;
@@ -86,4 +90,5 @@ private:
     IModelInfo* m_modelInfo = nullptr;
     IMemAPI* m_memAPI = nullptr;
     Steinberg::int32 m_ch = 0;
+    Restore* m_restore = nullptr; ///< the innermost setState() that is running
 };

@@ -3,8 +3,6 @@
 
 #include "equalizer/EqualizerParameters.h"
 
-#include <type_traits>
-
 namespace {
 
 // Null stands for the value that belongs to no parameter: every state saved so far has it.
@@ -19,7 +17,8 @@ std::list<const char*> namesInStateOrder()
 
 const std::list<const char*> ParameterList = namesInStateOrder();
 
-static_assert(std::is_trivially_destructible_v<ZoltaComponent>, "release() runs no destructor");
+static_assert(sizeof(ZoltaComponent) == sizeof(EffectComponent),
+              "release() runs the destructor of EffectComponent alone");
 
 } // namespace
 

@@ -11,7 +11,8 @@ namespace {
 
 constexpr char Context[] = "ZoltaEditor";
 
-constexpr std::array<const char*, 27> ParameterTitles = {
+// In the order of equalizerParameters.
+constexpr std::array<const char*, parameterCount> ParameterTitles = {
     QT_TRANSLATE_NOOP("ZoltaEditor", "Low type"),
     QT_TRANSLATE_NOOP("ZoltaEditor", "Low frequency"),
     QT_TRANSLATE_NOOP("ZoltaEditor", "Low gain"),
@@ -51,7 +52,7 @@ void name(QWidget* widget, const char* title)
 void nameControls(const Ui_ZoltaEditor& form)
 {
     for (const ParameterRow& row : ParameterMap) {
-        const char* title = ParameterTitles[static_cast<std::size_t>(row.number - 1)];
+        const char* title = ParameterTitles[static_cast<std::size_t>(row.parameter.number - 1)];
         if (row.knob)
             name(form.*row.knob, title);
         if (row.text)

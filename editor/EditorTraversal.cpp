@@ -12,14 +12,8 @@ namespace {
 
 using Target = ZoltaEqualizerGraph::EditTarget;
 
-constexpr int OutputParameter = 26;
-constexpr int ParametersOfBand = 4;
-
-bool isBandSwitch(const ParameterRow& row)
-{
-    return row.number <= ParametersOfBand * ZoltaEqualizerGraph::EditTargetHigh &&
-           row.number % ParametersOfBand == 0;
-}
+/// The handle of a band, counted as in EqualizerParameter.
+constexpr Target handleOf(int band) { return static_cast<Target>(Target::EditTargetLow + band); }
 
 } // namespace
 
@@ -41,10 +35,10 @@ EditorTraversal::EditorTraversal(const Ui_ZoltaEditor& form, ZoltaEqualizerGraph
             add(form.*row.text);
         if (row.button)
             add(form.*row.button);
-        if (row.number == OutputParameter)
+        if (row.parameter.field == EqualizerField::OutputLevel)
             add(form.m_pFlatButton);
-        if (isBandSwitch(row))
-            add(&graph, static_cast<Target>(row.number / ParametersOfBand));
+        if (row.parameter.field == EqualizerField::On)
+            add(&graph, handleOf(row.parameter.band));
     }
 }
 

@@ -9,30 +9,21 @@ namespace {
 
 using Form = Ui_ZoltaEditor;
 
-constexpr std::array<const char*, 27> Names = {
-    "fx_rackfx_prm_1",  "fx_rackfx_prm_2",  "fx_rackfx_prm_3",  "fx_rackfx_prm_4",
-    "fx_rackfx_prm_5",  "fx_rackfx_prm_6",  "fx_rackfx_prm_7",  "fx_rackfx_prm_8",
-    "fx_rackfx_prm_9",  "fx_rackfx_prm_10", "fx_rackfx_prm_11", "fx_rackfx_prm_12",
-    "fx_rackfx_prm_13", "fx_rackfx_prm_14", "fx_rackfx_prm_15", "fx_rackfx_prm_16",
-    "fx_rackfx_prm_17", "fx_rackfx_prm_18", "fx_rackfx_prm_19", "fx_rackfx_prm_20",
-    "fx_rackfx_prm_21", "fx_rackfx_prm_22", "fx_rackfx_prm_23", "fx_rackfx_prm_24",
-    "fx_rackfx_prm_25", "fx_rackfx_prm_26", "fx_rackfx_prm_27"};
-
 constexpr ParameterRow knobRow(int number, KnobController* Form::*knob,
                                TextEditController* Form::*text, QWidget* Form::*area,
                                const char* knobDrag, const char* textDrag)
 {
-    return {number, knob, text, nullptr, area, knobDrag, textDrag};
+    return {equalizerParameter(number), knob, text, nullptr, area, knobDrag, textDrag};
 }
 
 constexpr ParameterRow buttonRow(int number, PushButtonController* Form::*button)
 {
-    return {number, nullptr, nullptr, button, nullptr, nullptr, nullptr};
+    return {equalizerParameter(number), nullptr, nullptr, button, nullptr, nullptr, nullptr};
 }
 
 } // namespace
 
-constexpr std::array<ParameterRow, 27> ParameterMap = {{
+constexpr std::array<ParameterRow, parameterCount> ParameterMap = {{
     buttonRow(27, &Form::m_pDriveCleanSwitch),
     knobRow(25, &Form::m_pInputKnob, &Form::m_pInputTextEdit, &Form::m_pInputArea, nullptr,
             nullptr),
@@ -78,7 +69,7 @@ constexpr std::array<ParameterRow, 27> ParameterMap = {{
     knobRow(18, &Form::m_pMiddle4FrequencyKnob, &Form::m_pMiddle4FrequencyTextEdit,
             &Form::m_pMiddle4FrequencyArea, "middle4FrequencyKnobDrag(bool)",
             "middle4FrequencyTextDrag(bool)"),
-    // The text field highlights the wrong band, deliberately.
+    // The text field highlights middle 1, deliberately.
     knobRow(19, &Form::m_pMiddle4GainKnob, &Form::m_pMiddle4GainTextEdit, &Form::m_pMiddle4GainArea,
             "middle4GainKnobDrag(bool)", "middle1GainTextDrag(bool)"),
     buttonRow(20, &Form::m_pMiddle4Button),
@@ -108,5 +99,3 @@ QWidget* ParameterRow::area(const Form& form) const
 {
     return button ? form.*button : form.*knobArea;
 }
-
-const char* parameterName(int number) { return Names.at(static_cast<std::size_t>(number - 1)); }

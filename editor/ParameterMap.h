@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "equalizer/EqualizerParameters.h"
+
 #include <QVarLengthArray>
 
 #include <array>
@@ -15,11 +17,11 @@ class PushButtonController;
 class TextEditController;
 } // namespace CommonController_MemAPI
 
-/// A parameter of the host and what shows it: a knob that may have a text field, in an area of
+/// A parameter of the equalizer and what shows it: a knob that may have a text field, in an area of
 /// their own, or a button.
 struct ParameterRow
 {
-    int number; ///< as in parameterName()
+    EqualizerParameter parameter;
     CommonController_MemAPI::KnobController* Ui_ZoltaEditor::*knob;
     CommonController_MemAPI::TextEditController* Ui_ZoltaEditor::*text;
     CommonController_MemAPI::PushButtonController* Ui_ZoltaEditor::*button;
@@ -34,10 +36,5 @@ struct ParameterRow
     QWidget* area(const Ui_ZoltaEditor& form) const;
 };
 
-/// Every parameter, in the order in which they are bound.
-extern const std::array<ParameterRow, 27> ParameterMap;
-
-constexpr int DriveParameter = 27;
-
-/// "fx_rackfx_prm_1" for 1, and so on to 27.
-const char* parameterName(int number);
+/// Every parameter of equalizerParameters, in the order in which they are bound.
+extern const std::array<ParameterRow, parameterCount> ParameterMap;

@@ -52,7 +52,7 @@ void ZoltaAbout::open()
 {
     if (m_running) {
         if (!m_opening)
-            turnRound();
+            reverse();
         return;
     }
     setOpacity(Step);
@@ -64,10 +64,10 @@ void ZoltaAbout::close()
 {
     if (m_running) {
         if (m_opening)
-            turnRound();
+            reverse();
         return;
     }
-    // A panel that is hidden already plays a fade that nobody sees.
+    // A hidden panel is not shown first, deliberately: its fade stays invisible.
     setOpacity(0.9);
     startFade(false);
 }
@@ -107,7 +107,7 @@ void ZoltaAbout::startFade(bool opening)
     m_progress = Step;
 }
 
-void ZoltaAbout::turnRound()
+void ZoltaAbout::reverse()
 {
     m_opening = !m_opening;
     m_progress = 1.0 - m_progress;

@@ -9,7 +9,7 @@ class Ui_ZoltaAbout;
 
 /// A translucent panel over the editor with the logos, the version and the copyright. It is hidden
 /// at first; open() fades it in, close() or a click on it fades it out, in ten steps of 30 ms. A
-/// fade that is turned round goes on from the opacity that it has reached.
+/// fade that is reversed continues from its current opacity.
 class ZoltaAbout : public QWidget
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ public:
 
 public Q_SLOTS:
     void open();
-    /// Takes the place of the slot that closes a window.
+    /// Hides QWidget::close(), which would close the panel at once.
     void close();
 
 protected:
@@ -33,7 +33,7 @@ protected:
 
 private:
     void startFade(bool opening);
-    void turnRound();
+    void reverse();
     void showProgress();
 
     std::unique_ptr<Ui_ZoltaAbout> m_ui;

@@ -5,20 +5,17 @@
 #include "editor/AccessibleNames.h"
 #include "editor/EditorTraversal.h"
 #include "editor/FocusMark.h"
-#include "editor/LedMeterSvgTable.h"
 #include "editor/ParameterMap.h"
 #include "editor/ZoltaAbout.h"
 #include "graph/ZoltaEqualizerGraph.h"
 #include "interfaces/IMemAPI.h"
-#include "interfaces/IMeterNotifier.h"
 
 #include "ui_ZoltaEditor.h"
 
 #include <QMouseEvent>
-#include <QTimerEvent>
+#include <QPointer>
 #include <QWheelEvent>
 
-#include <cstdint>
 #include <cstdlib>
 
 using CommonController_MemAPI::AbstractController;
@@ -27,24 +24,13 @@ using CommonController_MemAPI::TextEditController;
 namespace {
 
 constexpr QRect EqualizerGraphRect(94, 22, 679, 192);
-constexpr int FlatHoldMilliseconds = 1000;
 constexpr int WheelNotch = 120;
-
-constexpr int LowType = 1;
-constexpr int LowOn = 4;
-constexpr int HighType = 21;
-constexpr int HighOn = 24;
-constexpr std::array Gains = {3, 7, 11, 15, 19, 23};
-constexpr std::array AllButDrive = {25, 26, 4, 8,  12, 16, 20, 24, 3, 7, 11, 15, 19,
-                                    23, 2,  6, 10, 14, 18, 22, 1,  5, 9, 13, 17, 21};
 
 const QString GraphZoomKey = QStringLiteral("GraphZoom");
 // Reserved for the spectrum display, which is not offered: neither written nor read.
 [[maybe_unused]] const QString SpectrumKey = QStringLiteral("Spectrum");
 
 bool hasGain(int type) { return (type & ~1) == 2; }
-
-unsigned short channelWord(int ch) { return static_cast<unsigned short>(ch); }
 
 int secondChannel(int ch, int ch2)
 {
@@ -66,7 +52,7 @@ ZoltaEditor::ZoltaEditor(QWidget* parent)
     , m_uid(ZoltaComponent::classId())
 {
     m_ui->setupUi(this);
-    // Without a role of its own the editor would take over its parent's.
+    // Otherwise the editor would be filled in the background role of its parent.
     setBackgroundRole(QPalette::Window);
     hideAlternatives();
     m_graph = new ZoltaEqualizerGraph(this);
@@ -83,7 +69,7 @@ ZoltaEditor::ZoltaEditor(QWidget* parent)
 ZoltaEditor::~ZoltaEditor()
 {
     setMeterObserver(false);
-    // A control that is destroyed while it is dragged says so, when nobody is left to listen.
+    // A control that is destroyed while it is dragged emits drag(false).
     const QList<QWidget*> controls = findChildren<QWidget*>();
     for (QWidget* control : controls)
         control->disconnect(this);
@@ -151,43 +137,6 @@ int ZoltaEditor::UpdateProperty(unsigned short, unsigned short, int, int, int, b
     return 0;
 }
 
-void ZoltaEditor::notifyMeterLvlUpdated(unsigned int*, unsigned int) {}
-
-void ZoltaEditor::notifyMeterDbUpdated(unsigned int* values, unsigned int count)
-{
-    if (const auto level = meterValue("meter_oxa_snd", m_primaryCh, values, count)) {
-        m_ui->m_pInputMonoMeter->setValue(*level);
-        m_ui->m_pInputStereoMeterL->setValue(*level);
-    }
-    if (const auto level = meterValue("meter_oxa_snd", m_secondaryCh, values, count))
-        m_ui->m_pInputStereoMeterR->setValue(*level);
-    if (const auto level = meterValue("meter_oxa_rtn", m_primaryCh, values, count)) {
-        setLedMeterL(*level);
-        m_ui->m_pOutputMonoMeter->setValue(*level);
-        m_ui->m_pOutputStereoMeterL->setValue(*level);
-    }
-    if (const auto level = meterValue("meter_oxa_rtn", m_secondaryCh, values, count)) {
-        setLedMeterR(*level);
-        m_ui->m_pOutputStereoMeterR->setValue(*level);
-    }
-}
-
-void ZoltaEditor::setLedMeterL(int value)
-{
-    const QString svg = ledMeterSvg(value);
-    if (svg.isEmpty())
-        return;
-    m_ui->m_pLedMonoMeter->setSvg(svg);
-    m_ui->m_pLedStereoMeterL->setSvg(svg);
-}
-
-void ZoltaEditor::setLedMeterR(int value)
-{
-    const QString svg = ledMeterSvg(value);
-    if (!svg.isEmpty())
-        m_ui->m_pLedStereoMeterR->setSvg(svg);
-}
-
 void ZoltaEditor::cleanDriveChange(bool drive)
 {
     m_ui->m_pDriveOffLed->setVisible(!drive);
@@ -208,26 +157,6 @@ void ZoltaEditor::highTypeChange(int type)
     m_ui->m_pHighGainKnob->setVisible(hasGain(type));
     m_ui->m_pHighGainKnobDisable->setVisible(!hasGain(type));
     m_ui->m_pHighGainTextEdit->setVisible(hasGain(type));
-}
-
-void ZoltaEditor::beginFlat()
-{
-    for (const int gain : Gains)
-        resetParameter(gain);
-    if (parameterValue(LowOn).value_or(0) != 0)
-        resetParameter(LowType);
-    if (parameterValue(HighOn).value_or(0) != 0)
-        resetParameter(HighType);
-    endFlat();
-    m_flatTimerId = startTimer(FlatHoldMilliseconds, Qt::CoarseTimer);
-}
-
-void ZoltaEditor::endFlat()
-{
-    if (m_flatTimerId == 0)
-        return;
-    killTimer(m_flatTimerId);
-    m_flatTimerId = 0;
 }
 
 bool ZoltaEditor::focusNextPrevChild(bool next)
@@ -260,17 +189,6 @@ bool ZoltaEditor::eventFilter(QObject* watched, QEvent* event)
             return true;
     }
     return EffectEditor::eventFilter(watched, event);
-}
-
-void ZoltaEditor::timerEvent(QTimerEvent* event)
-{
-    if (m_flatTimerId == 0 || event->timerId() != m_flatTimerId) {
-        EffectEditor::timerEvent(event);
-        return;
-    }
-    endFlat();
-    for (const int number : AllButDrive)
-        resetParameter(number);
 }
 
 void ZoltaEditor::changeEvent(QEvent* event)
@@ -324,41 +242,39 @@ void ZoltaEditor::watchControls()
     m_ui->m_pDriveCleanSwitch->installEventFilter(this);
 }
 
-void ZoltaEditor::setMeterObserver(bool registered)
-{
-    IMeterNotifier* notifier = nullptr;
-    if (!m_memAPI || m_memAPI->queryMeterNotifier(&notifier) < 0 || !notifier)
-        notifier = registered ? nullptr : m_meterNotifier;
-    m_meterNotifier = registered ? notifier : nullptr;
-    if (!notifier)
-        return;
-    if (registered)
-        notifier->addMeterObserver(this);
-    else
-        notifier->removeMeterObserver(this);
-}
-
 void ZoltaEditor::updateParameters()
 {
-    for (const ParameterRow& row : ParameterMap)
-        updateRow(row);
-    showChannels();
+    const QPointer<ZoltaEditor> self(this);
+    for (const ParameterRow& row : ParameterMap) {
+        if (self)
+            updateRow(row);
+    }
+    if (self)
+        showChannels();
 }
 
 void ZoltaEditor::updateRow(const ParameterRow& row)
 {
-    const auto id = parameterId(row.number);
+    const QPointer<ZoltaEditor> self(this);
+    const auto id = parameterId(row.parameter);
     for (AbstractController* control : row.controls(*m_ui)) {
-        if (id)
-            control->setMemAPIValue(m_memAPI, *id, channelWord(m_primaryCh), 0);
-        else if (control->memAPI() != m_memAPI)
-            control->setMemAPIValue(nullptr, 0, 0, 0);
+        if (self)
+            updateBinding(*control, id);
     }
-    row.area(*m_ui)->setVisible(id.has_value());
-    if (row.number != DriveParameter)
+    if (self)
+        row.area(*m_ui)->setVisible(id.has_value());
+    if (!self || row.parameter.field != EqualizerField::Drive)
         return;
-    if (const auto value = parameterValue(DriveParameter))
+    if (const auto value = parameterValue(row.parameter))
         cleanDriveChange(*value != 0);
+}
+
+void ZoltaEditor::updateBinding(AbstractController& control, std::optional<unsigned short> id)
+{
+    if (id)
+        control.setMemAPIValue(m_memAPI, *id, static_cast<unsigned short>(m_primaryCh), 0);
+    else if (control.memAPI() != m_memAPI)
+        control.setMemAPIValue(nullptr, 0, 0, 0);
 }
 
 void ZoltaEditor::showChannels()
@@ -373,27 +289,27 @@ void ZoltaEditor::showChannels()
     m_ui->m_pOutputMonoMeterBackground->setVisible(mono);
 }
 
-std::optional<unsigned short> ZoltaEditor::parameterId(int number)
+std::optional<unsigned short> ZoltaEditor::parameterId(const EqualizerParameter& parameter)
 {
     unsigned short id = 0;
-    if (!m_memAPI || !getParameter(parameterName(number), &id, nullptr))
+    if (!m_memAPI || !getParameter(parameter.name, &id, nullptr))
         return {};
     return id;
 }
 
-std::optional<int> ZoltaEditor::parameterValue(int number)
+std::optional<int> ZoltaEditor::parameterValue(const EqualizerParameter& parameter)
 {
-    const auto id = parameterId(number);
+    const auto id = parameterId(parameter);
     int value = 0;
-    if (!id || m_memAPI->getValue(*id, channelWord(m_primaryCh), &value, 0) < 0)
+    if (!id || m_memAPI->getValue(*id, static_cast<unsigned short>(m_primaryCh), &value, 0) < 0)
         return {};
     return value;
 }
 
-void ZoltaEditor::resetParameter(int number)
+void ZoltaEditor::resetParameter(const EqualizerParameter& parameter)
 {
-    const auto id = parameterId(number);
-    const unsigned short ch = channelWord(m_primaryCh);
+    const auto id = parameterId(parameter);
+    const unsigned short ch = static_cast<unsigned short>(m_primaryCh);
     int value = 0;
     if (id && m_memAPI->getDefault(*id, ch, &value) >= 0)
         m_memAPI->setValue(*id, ch, value, 0, 0, 1);
@@ -419,18 +335,9 @@ bool ZoltaEditor::openTextEntry(const QObject* knob)
     return false;
 }
 
-std::optional<int> ZoltaEditor::meterValue(const char* name, int ch, const unsigned int* values,
-                                           unsigned int count)
-{
-    unsigned short index = 0;
-    if (!values || ch < 0 || !getMeterIndex(name, channelWord(ch), false, &index) || index >= count)
-        return {};
-    return static_cast<std::int16_t>(values[index]);
-}
-
 void ZoltaEditor::retranslate()
 {
-    // The form's pictures include those of dark LED meters.
+    // The form sets the pictures of dark LED meters.
     const QString left = m_ui->m_pLedStereoMeterL->svg();
     const QString right = m_ui->m_pLedStereoMeterR->svg();
     m_ui->retranslateUi(this);

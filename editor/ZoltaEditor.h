@@ -16,7 +16,13 @@ class Ui_ZoltaEditor;
 class ZoltaAbout;
 class ZoltaComponent;
 class ZoltaEqualizerGraph;
+enum class EqualizerField;
+struct EqualizerParameter;
 struct ParameterRow;
+
+namespace CommonController_MemAPI {
+class AbstractController;
+}
 
 /// The equalizer's editor for one channel or stereo pair.
 ///
@@ -24,6 +30,9 @@ struct ParameterRow;
 /// panel are its children. The model information and the parameter memory are the host's; both must
 /// outlive the editor, or be detached first. A host call that fails leaves out what it was for, and
 /// nothing else.
+///
+/// The editor may be deleted inside the host's setValue() and by a slot that is connected to a
+/// control's drag(bool). What was under way then ends at once, and calls the host no more.
 class ZoltaEditor : public EffectEditor, public IPrmObserver, public IMeterObserver
 {
     Q_OBJECT
@@ -75,7 +84,7 @@ private Q_SLOTS:
     void beginFlat();
     void endFlat();
 
-    // Every GainTextDrag stands for the band's FrequencyTextDrag, deliberately.
+    // Every GainTextDrag writes the flag of its band's FrequencyTextDrag, deliberately.
     void lowTypeKnobDrag(bool drag);
     void lowFrequencyKnobDrag(bool drag);
     void lowFrequencyTextDrag(bool drag);
@@ -130,10 +139,15 @@ private:
     void setMeterObserver(bool registered);
     void updateParameters();
     void updateRow(const ParameterRow& row);
+    void updateBinding(CommonController_MemAPI::AbstractController& control,
+                       std::optional<unsigned short> id);
     void showChannels();
-    std::optional<unsigned short> parameterId(int number);
-    std::optional<int> parameterValue(int number);
-    void resetParameter(int number);
+    std::optional<unsigned short> parameterId(const EqualizerParameter& parameter);
+    std::optional<int> parameterValue(const EqualizerParameter& parameter);
+    void resetParameter(const EqualizerParameter& parameter);
+    /// Resets every parameter that holds one of \a fields, by number.
+    void resetFields(const std::vector<EqualizerField>& fields);
+    bool bandIsOn(int band);
 
     void setDrag(DragFlags::Source source, bool drag);
     void updateEditTarget();

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What every effect's component does, with a component of the test's own.
-#include "component/EffectComponent.h"
+#include "component/ZoltaComponent.h"
 #include "tests/support/TestHost.h"
 #include "tests/support/TestObject.h"
 #include "tests/support/TestStream.h"
 
+#include <functional>
 #include <thread>
 #include <type_traits>
 
@@ -41,15 +42,15 @@ public:
     std::list<const char*> getParameterList(const unsigned char*) const override { return {}; }
 };
 
-// Detaches the component as soon as a value is restored.
-struct Detacher final : IPrmObserver
+// Does something as soon as a value is restored.
+struct Observer final : IPrmObserver
 {
-    explicit Detacher(EffectComponent& component)
-        : m_component(component)
+    explicit Observer(std::function<void()> action)
+        : m_action(std::move(action))
     {}
     int Update(unsigned short, unsigned short, int, const char*) override
     {
-        m_component.setMemAPI(nullptr);
+        m_action();
         return 0;
     }
     int UpdateProperty(unsigned short, unsigned short, int, int, int, bool, const char*) override
@@ -58,7 +59,7 @@ struct Detacher final : IPrmObserver
     }
 
 private:
-    EffectComponent& m_component;
+    std::function<void()> m_action;
 };
 
 } // namespace
@@ -81,6 +82,9 @@ private Q_SLOTS:
     void emptyListSavesTheVersionOnly();
     void unknownNullAndRepeatedNames();
     void observerMayDetachDuringRestore();
+    void observerMayFreeDuringRestore_data();
+    void observerMayFreeDuringRestore();
+    void observerMayRestoreAndFreeDuringRestore();
 };
 
 void tst_EffectComponent::queryInterfaceKnowsNothing_data()
@@ -211,7 +215,6 @@ void tst_EffectComponent::hasNoVirtualDestructor()
 {
     QVERIFY(!std::has_virtual_destructor_v<EffectComponent>);
     QVERIFY(!std::is_destructible_v<EffectComponent>);
-    QVERIFY(std::is_trivially_destructible_v<PlainComponent>);
 }
 
 void tst_EffectComponent::listIsAskedWithTheVersion()
@@ -269,13 +272,65 @@ void tst_EffectComponent::observerMayDetachDuringRestore()
     TestHost host;
     component.setModelInfo(host.model());
     component.setMemAPI(host.memory());
-    Detacher detacher(component);
+    Observer detacher([&component] { component.setMemAPI(nullptr); });
     host.memory()->registerObserver(host.id("fx_rackfx_prm_3"), 0, &detacher);
     TestStream in(QByteArray(12, '\0'));
     QCOMPARE(component.setState(&in), kResultOk);
     QCOMPARE(in.position(), 12);
     QCOMPARE(host.writes(), (std::vector<TestHost::Write>{{"fx_rackfx_prm_3", 0, -200}}));
     QCOMPARE(host.count(Operation::FindParameter), 1);
+}
+
+void tst_EffectComponent::observerMayFreeDuringRestore_data()
+{
+    QTest::addColumn<bool>("released");
+    QTest::newRow("deleted") << false;
+    QTest::newRow("released") << true;
+}
+
+void tst_EffectComponent::observerMayFreeDuringRestore()
+{
+    QFETCH(bool, released);
+    auto* component = new ZoltaComponent;
+    TestHost host;
+    component->setModelInfo(host.model());
+    component->setMemAPI(host.memory());
+    Observer observer([=] {
+        if (released)
+            component->release();
+        else
+            delete component;
+    });
+    // The third name of the state.
+    host.memory()->registerObserver(host.id("fx_rackfx_prm_2"), 0, &observer);
+    TestStream in(QByteArray(116, '\0'));
+    QCOMPARE(component->setState(&in), kResultFalse);
+    QCOMPARE(in.position(), 16);
+    QCOMPARE(host.writes().size(), std::size_t(3));
+    QCOMPARE(host.count(Operation::FindParameter), 3);
+}
+
+void tst_EffectComponent::observerMayRestoreAndFreeDuringRestore()
+{
+    auto* component = new ZoltaComponent;
+    TestHost host;
+    component->setModelInfo(host.model());
+    component->setMemAPI(host.memory());
+    TestStream outer(QByteArray(116, '\0')), inner(QByteArray(116, '\0'));
+    tresult innerResult = kResultOk;
+    int updates = 0;
+    Observer observer([&] {
+        if (++updates == 1)
+            innerResult = component->setState(&inner);
+        else
+            delete component;
+    });
+    host.memory()->registerObserver(host.id("fx_rackfx_prm_4"), 0, &observer);
+    QCOMPARE(component->setState(&outer), kResultFalse);
+    QCOMPARE(innerResult, kResultFalse);
+    QCOMPARE(outer.position(), 8);
+    QCOMPARE(inner.position(), 8);
+    QCOMPARE(host.writes().size(), std::size_t(2));
 }
 
 QTEST_APPLESS_MAIN(tst_EffectComponent)

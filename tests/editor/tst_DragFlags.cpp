@@ -8,7 +8,6 @@ class tst_DragFlags : public TestObject
 
 private Q_SLOTS:
     void everySourceStandsForItsBand();
-    void theLowestBandWins();
 };
 
 namespace {
@@ -33,19 +32,6 @@ void tst_DragFlags::everySourceStandsForItsBand()
     }
     QCOMPARE(source, 34);
     QCOMPARE(sizeof(DragFlags), std::size_t(34));
-}
-
-void tst_DragFlags::theLowestBandWins()
-{
-    DragFlags flags;
-    flags.set(DragFlags::HighGainText, true);
-    flags.set(DragFlags::Middle3QualityKnob, true);
-    flags.set(DragFlags::LowTypeKnob, true);
-    QCOMPARE(int(flags.target()), 1);
-    flags.set(DragFlags::LowTypeKnob, false);
-    QCOMPARE(int(flags.target()), 4);
-    flags.set(DragFlags::Middle3QualityKnob, false);
-    QCOMPARE(int(flags.target()), 6);
 }
 
 QTEST_APPLESS_MAIN(tst_DragFlags)

@@ -2,7 +2,6 @@
 #include "tests/controls/ControlTesting.h"
 #include "tests/editor/EditorFixture.h"
 #include "tests/support/TestObject.h"
-#include "tests/support/TestStream.h"
 
 #include <QApplication>
 #include <QImage>
@@ -29,16 +28,13 @@ private Q_SLOTS:
     void naming4AsSecondOf3And3DoesNotRebind();
     void channelsMakeStereoOrMono_data();
     void channelsMakeStereoOrMono();
-    void withoutMemoryNoMetersAreShown();
-    void everythingFollowsTheChannel();
     void lampsFollowTheSwitch();
     void lampsStartAtTheHostsValue();
     void typeDecidesWhetherThereIsAGain_data();
     void typeDecidesWhetherThereIsAGain();
     void typeRuleStartsAtTheHostsValue();
-    void pressingFlatResetsGainsAndTypes();
-    void pressingFlatWithABandOffKeepsItsType_data();
-    void pressingFlatWithABandOffKeepsItsType();
+    void pressingFlatResetsGainsAndTypesOfBandsThatAreOn_data();
+    void pressingFlatResetsGainsAndTypesOfBandsThatAreOn();
     void holdingFlatResetsEverythingButDrive();
     void releasingFlatInTimeLeavesTheRest();
     void pressingFlatAgainRestartsTheTimer();
@@ -53,13 +49,10 @@ private Q_SLOTS:
     void wheelOnTheSwitch();
     void wheelElsewhereIsTheControls();
     void zoomButtonsZoomTheGraph();
+    void settingsHoldTheZoom_data();
     void settingsHoldTheZoom();
-    void settingsWithANullZoomChangeNothing();
-    void settingsOfWrongTypesLeaveTheEditorUsable_data();
-    void settingsOfWrongTypesLeaveTheEditorUsable();
     void identity();
-    void editorObservesNoParameterItself();
-    void componentFollowsTheChannel();
+    void theEditorItselfIgnoresParameters();
     void sampleRateReachesTheGraph();
 };
 
@@ -161,7 +154,6 @@ bool show(QWidget& window)
     return QTest::qWaitForWindowActive(&window);
 }
 
-const QList<int> FlatOrder = {3, 7, 11, 15, 19, 23, 1, 21};
 const QList<int> HoldOrder = {25, 26, 4, 8,  12, 16, 20, 24, 3, 7, 11, 15, 19,
                               23, 2,  6, 10, 14, 18, 22, 1,  5, 9, 13, 17, 21};
 
@@ -228,6 +220,7 @@ void tst_ZoltaEditor::everyParameterReachesItsControls()
     // The graph watches the parameters of the bands.
     QCOMPARE(fixture.host.observerCount(name, 6),
              int(controls.size()) + (parameter.number <= 24 ? 1 : 0));
+    QCOMPARE(fixture.host.observerCount(name, 0), 0);
     for (QWidget* widget : controls) {
         const AbstractController* control = controller(widget);
         QCOMPARE(control->memAPI(), fixture.host.memory());
@@ -402,32 +395,12 @@ void tst_ZoltaEditor::channelsMakeStereoOrMono()
     QFETCH(int, ch2);
     QFETCH(bool, stereo);
     EditorFixture fixture;
-    fixture.bind();
     fixture.editor->setCh(ch, ch2);
-    QCOMPARE(meterPlaces(fixture), stereo ? QStringLiteral("111000") : QStringLiteral("000111"));
-}
-
-void tst_ZoltaEditor::withoutMemoryNoMetersAreShown()
-{
-    EditorFixture fixture;
-    fixture.editor->setCh(4, -1);
     QCOMPARE(meterPlaces(fixture), QStringLiteral("000000"));
     fixture.bind();
-    QCOMPARE(meterPlaces(fixture), QStringLiteral("000111"));
+    QCOMPARE(meterPlaces(fixture), stereo ? QStringLiteral("111000") : QStringLiteral("000111"));
     fixture.editor->setMemAPI(nullptr);
     QCOMPARE(meterPlaces(fixture), QStringLiteral("000000"));
-}
-
-void tst_ZoltaEditor::everythingFollowsTheChannel()
-{
-    EditorFixture fixture;
-    fixture.bind();
-    const int bound = fixture.host.observerCount();
-    QCOMPARE(bound, 24 + 45);
-    fixture.editor->setCh(5, -1);
-    QCOMPARE(fixture.host.observerCount(), bound);
-    for (const ParameterControls& parameter : AllParameters)
-        QCOMPARE(fixture.host.observerCount(TestHost::name(parameter.number), 0), 0);
 }
 
 void tst_ZoltaEditor::lampsFollowTheSwitch()
@@ -497,36 +470,19 @@ void tst_ZoltaEditor::typeRuleStartsAtTheHostsValue()
     QCOMPARE(gain(fixture, "High"), WithoutGain);
 }
 
-void tst_ZoltaEditor::pressingFlatResetsGainsAndTypes()
-{
-    EditorFixture fixture;
-    unflatten(fixture);
-    ControlTesting::press(*flatButton(fixture), QPointF(10, 10));
-    QCOMPARE(numbers(fixture.host.writes()), FlatOrder);
-    for (const TestHost::Call& call : fixture.host.calls(Operation::SetValue)) {
-        QCOMPARE(call.ch, static_cast<unsigned short>(4));
-        QCOMPARE(call.element, static_cast<unsigned short>(0));
-        QCOMPARE(call.trailing1, 0);
-        QCOMPARE(call.trailing2, 1);
-    }
-    for (const TestHost::Write& write : fixture.host.writes())
-        QCOMPARE(write.value, fixture.host.defaultValue(write.name, 4));
-    ControlTesting::release(*flatButton(fixture), QPointF(10, 10));
-    QCOMPARE(numbers(fixture.host.writes()), FlatOrder);
-}
-
-void tst_ZoltaEditor::pressingFlatWithABandOffKeepsItsType_data()
+void tst_ZoltaEditor::pressingFlatResetsGainsAndTypesOfBandsThatAreOn_data()
 {
     QTest::addColumn<int>("low");
     QTest::addColumn<int>("high");
     QTest::addColumn<QList<int>>("types");
+    QTest::newRow("both on") << 1 << 1 << QList<int>({1, 21});
     QTest::newRow("high off") << 1 << 0 << QList<int>{1};
     QTest::newRow("low off") << 0 << 1 << QList<int>{21};
     QTest::newRow("both off") << 0 << 0 << QList<int>();
     QTest::newRow("on in an odd way") << -3 << 9 << QList<int>({1, 21});
 }
 
-void tst_ZoltaEditor::pressingFlatWithABandOffKeepsItsType()
+void tst_ZoltaEditor::pressingFlatResetsGainsAndTypesOfBandsThatAreOn()
 {
     QFETCH(int, low);
     QFETCH(int, high);
@@ -536,7 +492,18 @@ void tst_ZoltaEditor::pressingFlatWithABandOffKeepsItsType()
     fixture.host.set("fx_rackfx_prm_4", 4, low);
     fixture.host.set("fx_rackfx_prm_24", 4, high);
     QTest::mousePress(flatButton(fixture), Qt::LeftButton);
-    QCOMPARE(numbers(fixture.host.writes()), QList<int>({3, 7, 11, 15, 19, 23}) + types);
+    const QList<int> expected = QList<int>({3, 7, 11, 15, 19, 23}) + types;
+    QCOMPARE(numbers(fixture.host.writes()), expected);
+    for (const TestHost::Call& call : fixture.host.calls(Operation::SetValue)) {
+        QCOMPARE(call.ch, static_cast<unsigned short>(4));
+        QCOMPARE(call.element, static_cast<unsigned short>(0));
+        QCOMPARE(call.trailing1, 0);
+        QCOMPARE(call.trailing2, 1);
+    }
+    for (const TestHost::Write& write : fixture.host.writes())
+        QCOMPARE(write.value, fixture.host.defaultValue(write.name, 4));
+    QTest::mouseRelease(flatButton(fixture), Qt::LeftButton);
+    QCOMPARE(numbers(fixture.host.writes()), expected);
 }
 
 void tst_ZoltaEditor::holdingFlatResetsEverythingButDrive()
@@ -751,53 +718,43 @@ void tst_ZoltaEditor::zoomButtonsZoomTheGraph()
     QCOMPARE(fixture.graph()->zoom(), 2);
 }
 
+void tst_ZoltaEditor::settingsHoldTheZoom_data()
+{
+    using Settings = QMap<QString, QVariant>;
+    QTest::addColumn<Settings>("settings");
+    QTest::addColumn<int>("zoom"); // 5 before
+    const auto zoomed = [](const QVariant& value) {
+        return Settings{{QStringLiteral("GraphZoom"), value}};
+    };
+    QTest::newRow("nothing") << Settings() << 5;
+    QTest::newRow("other case") << Settings{{QStringLiteral("graphzoom"), 1}} << 5;
+    QTest::newRow("another key, too")
+        << Settings{{QStringLiteral("GraphZoom"), 6}, {QStringLiteral("Spectrum"), true}} << 6;
+    QTest::newRow("number as text") << zoomed(QStringLiteral("2")) << 2;
+    QTest::newRow("null") << zoomed(QVariant()) << 5;
+    QTest::newRow("null integer") << zoomed(QVariant(QMetaType::fromType<int>())) << 5;
+    QTest::newRow("word") << zoomed(QStringLiteral("far")) << 0;
+    QTest::newRow("list") << zoomed(QVariantList{1, 2}) << 0;
+    QTest::newRow("negative") << zoomed(-1) << 5;
+    QTest::newRow("too large") << zoomed(7) << 5;
+    QTest::newRow("huge") << zoomed(Q_INT64_C(1) << 62) << 0;
+    QTest::newRow("fraction") << zoomed(2.4) << 2;
+    QTest::newRow("bytes") << zoomed(QByteArray("\0\1\2", 3)) << 0;
+    QTest::newRow("rectangle") << zoomed(QRect(1, 2, 3, 4)) << 0;
+}
+
 void tst_ZoltaEditor::settingsHoldTheZoom()
 {
     using Settings = QMap<QString, QVariant>;
+    QFETCH(Settings, settings);
+    QFETCH(int, zoom);
+    const QString key = QStringLiteral("GraphZoom");
     const EditorFixture fixture;
-    const QString zoom = QStringLiteral("GraphZoom");
-    QCOMPARE(fixture.editor->getEditorSettings(), (Settings{{zoom, 3}}));
-    fixture.editor->setEditorSettings({{zoom, 6}, {QStringLiteral("Spectrum"), true}});
-    QCOMPARE(fixture.editor->getEditorSettings(), (Settings{{zoom, 6}}));
-    fixture.editor->setEditorSettings({});
-    fixture.editor->setEditorSettings({{QStringLiteral("graphzoom"), 1}});
-    QCOMPARE(fixture.editor->getEditorSettings(), (Settings{{zoom, 6}}));
-    fixture.editor->setEditorSettings({{zoom, QStringLiteral("2")}});
-    QCOMPARE(fixture.editor->getEditorSettings(), (Settings{{zoom, 2}}));
-}
-
-void tst_ZoltaEditor::settingsWithANullZoomChangeNothing()
-{
-    const EditorFixture fixture;
-    fixture.editor->setEditorSettings({{QStringLiteral("GraphZoom"), 5}});
-    fixture.editor->setEditorSettings({{QStringLiteral("GraphZoom"), QVariant()}});
-    QCOMPARE(fixture.graph()->zoom(), 5);
-    fixture.editor->setEditorSettings(
-        {{QStringLiteral("GraphZoom"), QVariant(QMetaType::fromType<int>())}});
-    QCOMPARE(fixture.graph()->zoom(), 5);
-}
-
-void tst_ZoltaEditor::settingsOfWrongTypesLeaveTheEditorUsable_data()
-{
-    QTest::addColumn<QVariant>("value");
-    QTest::newRow("word") << QVariant(QStringLiteral("far"));
-    QTest::newRow("list") << QVariant(QVariantList{1, 2});
-    QTest::newRow("negative") << QVariant(-1);
-    QTest::newRow("too large") << QVariant(7);
-    QTest::newRow("huge") << QVariant(Q_INT64_C(1) << 62);
-    QTest::newRow("fraction") << QVariant(2.4);
-    QTest::newRow("bytes") << QVariant(QByteArray("\0\1\2", 3));
-    QTest::newRow("rectangle") << QVariant(QRect(1, 2, 3, 4));
-}
-
-void tst_ZoltaEditor::settingsOfWrongTypesLeaveTheEditorUsable()
-{
-    QFETCH(QVariant, value);
-    EditorFixture fixture;
-    fixture.bind();
-    fixture.editor->setEditorSettings({{QStringLiteral("GraphZoom"), value}});
-    QVERIFY(fixture.graph()->zoom() >= 0 && fixture.graph()->zoom() <= 6);
-    QVERIFY(!fixture.editor->grab().isNull());
+    QCOMPARE(fixture.editor->getEditorSettings(), (Settings{{key, 3}}));
+    fixture.editor->setEditorSettings({{key, 5}});
+    fixture.editor->setEditorSettings(settings);
+    QCOMPARE(fixture.editor->getEditorSettings(), (Settings{{key, zoom}}));
+    QCOMPARE(fixture.graph()->zoom(), zoom);
 }
 
 void tst_ZoltaEditor::identity()
@@ -812,31 +769,14 @@ void tst_ZoltaEditor::identity()
     QVERIFY(!(uids[0] == expected));
 }
 
-void tst_ZoltaEditor::editorObservesNoParameterItself()
+void tst_ZoltaEditor::theEditorItselfIgnoresParameters()
 {
     EditorFixture fixture;
     fixture.bind();
-    for (const ParameterControls& parameter : AllParameters)
-        QVERIFY(
-            !fixture.host.isObserving(fixture.editor.get(), TestHost::name(parameter.number), 0));
     fixture.host.resetLedger();
     QCOMPARE(fixture.editor->Update(3000, 0, 5, "5"), 0);
     QCOMPARE(fixture.editor->UpdateProperty(3000, 0, 1, 2, 3, true, nullptr), 0);
     QCOMPARE(fixture.host.callCount(), 0);
-}
-
-void tst_ZoltaEditor::componentFollowsTheChannel()
-{
-    EditorFixture fixture;
-    fixture.bind();
-    fixture.editor->setCh(6, 7);
-    fixture.host.resetLedger();
-    TestStream stream;
-    QCOMPARE(fixture.editor->getVstComponent()->getState(&stream), Steinberg::kResultOk);
-    const auto reads = fixture.host.calls(Operation::GetValue);
-    QCOMPARE(reads.size(), std::size_t(27));
-    for (const TestHost::Call& call : reads)
-        QCOMPARE(call.ch, static_cast<unsigned short>(6));
 }
 
 void tst_ZoltaEditor::sampleRateReachesTheGraph()

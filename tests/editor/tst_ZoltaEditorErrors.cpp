@@ -21,7 +21,6 @@ private Q_SLOTS:
     void detachingLeavesTheMetersThoughTheQueryFails();
     void anEmptyModel();
     void noModel();
-    void aModelWithoutMeters();
     void channelsTheModelDoesNotHave_data();
     void channelsTheModelDoesNotHave();
     void rangesOfOneValue();
@@ -160,17 +159,6 @@ void tst_ZoltaEditorErrors::noModel()
     QCOMPARE(host.observerCount(), 0);
     QCOMPARE(host.meterObserverCount(), 1);
     QVERIFY(editor.findChild<QWidget*>(QStringLiteral("m_pDriveCleanSwitch"))->isHidden());
-}
-
-void tst_ZoltaEditorErrors::aModelWithoutMeters()
-{
-    EditorFixture fixture;
-    fixture.host.removeMeter("meter_oxa_snd");
-    fixture.host.removeMeter("meter_oxa_rtn");
-    fixture.bind();
-    fixture.host.pushMetersDb(std::vector<unsigned int>(64, 0u));
-    QCOMPARE(controller(fixture.widget("InputMonoMeter"))->value(), -1270);
-    QCOMPARE(fixture.svg("LedStereoMeterL"), QStringLiteral(":/image/zolta/meter_0.svg"));
 }
 
 void tst_ZoltaEditorErrors::channelsTheModelDoesNotHave_data()

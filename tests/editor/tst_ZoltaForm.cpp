@@ -5,7 +5,6 @@
 #include "tests/support/TestObject.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QFile>
 #include <QLabel>
 #include <QMetaProperty>
@@ -26,9 +25,6 @@ private Q_SLOTS:
     void everyWidgetIsAsInTheTable();
     void nothingElseIsInTheTree();
     void widgetsAreCreatedInTheOrderOfTheTable();
-    void backgroundCoversTheEditor();
-    void everyKnobSweepsThreeHundredDegreesButTheTypes();
-    void ledScaleStandsLeftOfTheBars();
     void graphAndPanelLieOnTop();
     void everyTextAndPictureAsksTheTranslation();
     void aLiveEditorIsTranslated();
@@ -277,12 +273,16 @@ void tst_ZoltaForm::everyWidgetIsAsInTheTable()
     QCOMPARE(widget->font().families(), QStringList{QStringLiteral("M+ 1c medium")});
     const int points = row[Points].toInt();
     QCOMPARE(widget->font().pointSize(), points ? points : editor.font().pointSize());
-    QCOMPARE(settingsOf(widget), row[Settings]);
     QCOMPARE(specialProperties(widget).join(QLatin1Char(' ')), QString());
-    if (row[Class] == QLatin1String("TextEdit"))
-        QVERIFY(has(widget, TextEditColours));
-    if (row[Class] == QLatin1String("Meter"))
-        QVERIFY(has(widget, MeterColours));
+    // The colours come down from parents, and stay when the editor is set up for its host.
+    static const EditorFixture fixture;
+    for (QWidget* shown : {widget, fixture.find(row[Name])}) {
+        QCOMPARE(settingsOf(shown), row[Settings]);
+        if (row[Class] == QLatin1String("TextEdit"))
+            QVERIFY(has(shown, TextEditColours));
+        if (row[Class] == QLatin1String("Meter"))
+            QVERIFY(has(shown, MeterColours));
+    }
 }
 
 void tst_ZoltaForm::nothingElseIsInTheTree()
@@ -316,39 +316,6 @@ void tst_ZoltaForm::widgetsAreCreatedInTheOrderOfTheTable()
     for (const QStringList& row : std::as_const(m_rows))
         expected.append(row[Name]);
     QCOMPARE(born.mid(0, expected.size()), expected);
-}
-
-void tst_ZoltaForm::backgroundCoversTheEditor()
-{
-    const EditorFixture fixture;
-    QCOMPARE(fixture.editor->size(), QSize(977, 559));
-    QCOMPARE(fixture.widget("Background")->geometry(), fixture.editor->rect());
-    fixture.editor->setScale(1.5);
-    QCOMPARE(fixture.widget("Background")->geometry(), fixture.editor->rect());
-}
-
-void tst_ZoltaForm::everyKnobSweepsThreeHundredDegreesButTheTypes()
-{
-    const ZoltaEditor editor;
-    const auto knobs = editor.findChildren<KnobController*>();
-    QCOMPARE(knobs.size(), 20);
-    for (const KnobController* knob : knobs) {
-        const bool isType = knob->objectName().endsWith(QLatin1String("TypeKnob"));
-        QCOMPARE(knob->startAngle(), isType ? 300.0 : 210.0);
-        QCOMPARE(knob->spanAngle(), isType ? 120.0 : 300.0);
-    }
-}
-
-void tst_ZoltaForm::ledScaleStandsLeftOfTheBars()
-{
-    const EditorFixture fixture;
-    for (const char* area : {"LedStereoMeter", "LedMonoMeter"}) {
-        for (const char* level : {"6", "12", "18", "24", "30"})
-            QCOMPARE(fixture.widget(QByteArray(area) + level + "Label")->x(), 0);
-    }
-    QCOMPARE(fixture.widget("LedStereoMeterL")->x(), 18);
-    QCOMPARE(fixture.widget("LedStereoMeterR")->x(), 36);
-    QCOMPARE(fixture.widget("LedMonoMeter")->x(), 18);
 }
 
 void tst_ZoltaForm::graphAndPanelLieOnTop()
@@ -404,7 +371,6 @@ void tst_ZoltaForm::aLiveEditorIsTranslated()
 
 void tst_ZoltaForm::everyPictureIsThere()
 {
-    QCOMPARE(QDir(QStringLiteral(":/image/zolta")).entryList().size(), 60);
     for (const QStringList& row : std::as_const(m_rows)) {
         const QStringList settings = row[Settings].split(QLatin1Char(' '));
         for (const QString& name : settings) {

@@ -19,76 +19,44 @@ int qCleanupResources_Zolta();
 
 namespace {
 
-struct Picture
+struct Pictures
 {
-    const char* name;
-    int width;
-    int height;
+    QSize size;
+    QStringList names;
 };
 
-/// Every picture with the size of the widget that shows it.
-constexpr Picture Pictures[] = {
-    {"back_zolta", 977, 559},
-    {"back_meter", 20, 326},
-    {"back_meter_mono", 12, 326},
-    {"btn_plus_up", 26, 26},
-    {"btn_plus_dw", 26, 26},
-    {"btn_minus_up", 26, 26},
-    {"btn_minus_dw", 26, 26},
-    {"btn_spectrum_off_up", 26, 26},
-    {"btn_spectrum_off_dw", 26, 26},
-    {"btn_spectrum_on_up", 26, 26},
-    {"btn_spectrum_on_dw", 26, 26},
-    {"btn_flat_up", 26, 26},
-    {"btn_flat_dw", 26, 26},
-    {"btn_off_up", 28, 28},
-    {"btn_red_up", 28, 28},
-    {"btn_red_dw", 28, 28},
-    {"btn_orange_up", 28, 28},
-    {"btn_orange_dw", 28, 28},
-    {"btn_yellow_up", 28, 28},
-    {"btn_yellow_dw", 28, 28},
-    {"btn_green_up", 28, 28},
-    {"btn_green_dw", 28, 28},
-    {"btn_blue_up", 28, 28},
-    {"btn_blue_dw", 28, 28},
-    {"btn_purple_up", 28, 28},
-    {"btn_purple_dw", 28, 28},
-    {"knob_level", 76, 76},
-    {"knob_level_back", 76, 76},
-    {"knob_QLH", 60, 60},
-    {"knob_QLH_back", 60, 60},
-    {"knob_Q", 60, 60},
-    {"knob_Q_back", 60, 60},
-    {"knob_F", 60, 60},
-    {"knob_F_back", 60, 60},
-    {"knob_G", 60, 60},
-    {"knob_G_back", 60, 60},
-    {"knob_G_dis", 60, 60},
-    {"icon_Q_Low", 66, 18},
-    {"icon_Q_Mid", 70, 10},
-    {"icon_Q_High", 66, 18},
-    {"sw_crean", 37, 48},
-    {"sw_drive", 37, 48},
-    {"led_drive_on", 20, 20},
-    {"led_drive_off", 20, 20},
-    {"led_clean_on", 20, 20},
-    {"led_clean_off", 20, 20},
-    {"meter_0", 10, 94},
-    {"meter_1", 10, 94},
-    {"meter_2", 10, 94},
-    {"meter_3", 10, 94},
-    {"meter_4", 10, 94},
-    {"meter_5", 10, 94},
-    {"meter_6", 10, 94},
-    {"meter_7", 10, 94},
-    {"meter_8", 10, 94},
-    {"meter_9", 10, 94},
-    {"meter_10", 10, 94},
-    {"meter_11", 10, 94},
-    {"about_zolta_logo", 691, 88},
-    {"about_quenta_logo", 135, 29},
-};
+/// Every picture under the size of the widget that shows it.
+QList<Pictures> allPictures()
+{
+    const auto list = [](const char* names) {
+        return QString::fromLatin1(names).split(QLatin1Char(' '));
+    };
+    return {
+        {{977, 559}, list("back_zolta")},
+        {{20, 326}, list("back_meter")},
+        {{12, 326}, list("back_meter_mono")},
+        {{26, 26},
+         list("btn_plus_up btn_plus_dw btn_minus_up btn_minus_dw btn_flat_up btn_flat_dw "
+              "btn_spectrum_off_up btn_spectrum_off_dw btn_spectrum_on_up btn_spectrum_on_dw")},
+        {{28, 28},
+         list("btn_off_up btn_red_up btn_red_dw btn_orange_up btn_orange_dw btn_yellow_up "
+              "btn_yellow_dw btn_green_up btn_green_dw btn_blue_up btn_blue_dw btn_purple_up "
+              "btn_purple_dw")},
+        {{76, 76}, list("knob_level knob_level_back")},
+        {{60, 60},
+         list("knob_QLH knob_QLH_back knob_Q knob_Q_back knob_F knob_F_back knob_G knob_G_back "
+              "knob_G_dis")},
+        {{66, 18}, list("icon_Q_Low icon_Q_High")},
+        {{70, 10}, list("icon_Q_Mid")},
+        {{37, 48}, list("sw_crean sw_drive")},
+        {{20, 20}, list("led_drive_on led_drive_off led_clean_on led_clean_off")},
+        {{10, 94},
+         list("meter_0 meter_1 meter_2 meter_3 meter_4 meter_5 meter_6 meter_7 meter_8 meter_9 "
+              "meter_10 meter_11")},
+        {{691, 88}, list("about_zolta_logo")},
+        {{135, 29}, list("about_quenta_logo")},
+    };
+}
 
 /// The bands in the order of their columns: the button's picture, the colour that the graph uses,
 /// and the centre of the column.
@@ -169,9 +137,10 @@ void addPictures()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QSize>("size");
-    for (const Picture& picture : Pictures)
-        QTest::newRow(picture.name)
-            << QString::fromLatin1(picture.name) << QSize(picture.width, picture.height);
+    for (const Pictures& group : allPictures()) {
+        for (const QString& name : group.names)
+            QTest::newRow(qPrintable(name)) << name << group.size;
+    }
 }
 
 void addBands()
@@ -200,16 +169,10 @@ private Q_SLOTS:
     void theCollectionHoldsTheTablesNames();
     void theCollectionComesAndGoes();
 
-    void sizeIsTheWidgets_data() { addPictures(); }
-    void sizeIsTheWidgets();
     void pictureShowsSomething_data() { addPictures(); }
     void pictureShowsSomething();
-    void elementsAreWhatTheRendererDraws_data() { addPictures(); }
-    void elementsAreWhatTheRendererDraws();
-    void gradientsAreComplete_data() { addPictures(); }
-    void gradientsAreComplete();
-    void fileIsSmall_data() { addPictures(); }
-    void fileIsSmall();
+    void fileIsWhatTheRendererDraws_data() { addPictures(); }
+    void fileIsWhatTheRendererDraws();
 
     void backgroundIsOpaque();
     void glassUnderTheGraphIsBlack();
@@ -248,8 +211,10 @@ private Q_SLOTS:
 void tst_Pictures::theCollectionHoldsTheTablesNames()
 {
     QStringList expected;
-    for (const Picture& picture : Pictures)
-        expected += QString::fromLatin1(picture.name) + QLatin1String(".svg");
+    for (const Pictures& group : allPictures()) {
+        for (const QString& name : group.names)
+            expected += name + QLatin1String(".svg");
+    }
     QStringList found = QDir(QStringLiteral(":/image/zolta")).entryList();
     expected.sort();
     found.sort();
@@ -266,7 +231,7 @@ void tst_Pictures::theCollectionComesAndGoes()
     QVERIFY(QFile::exists(pathOf(QStringLiteral("knob_G"))));
 }
 
-void tst_Pictures::sizeIsTheWidgets()
+void tst_Pictures::pictureShowsSomething()
 {
     QFETCH(QString, name);
     QFETCH(QSize, size);
@@ -274,11 +239,6 @@ void tst_Pictures::sizeIsTheWidgets()
     QVERIFY(renderer.isValid());
     QCOMPARE(renderer.defaultSize(), size);
     QCOMPARE(renderer.viewBoxF(), QRectF(QPointF(), QSizeF(size)));
-}
-
-void tst_Pictures::pictureShowsSomething()
-{
-    QFETCH(QString, name);
     const QImage image = render(name);
     QSet<QRgb> visible;
     for (int y = 0; y < image.height(); ++y)
@@ -291,57 +251,37 @@ void tst_Pictures::pictureShowsSomething()
         QVERIFY2(visible.size() > 8, "one flat shape");
 }
 
-void tst_Pictures::elementsAreWhatTheRendererDraws()
+void tst_Pictures::fileIsWhatTheRendererDraws()
 {
     QFETCH(QString, name);
-    const QSet<QString> elements = {
-        QStringLiteral("svg"),  QStringLiteral("defs"),  QStringLiteral("linearGradient"),
-        QStringLiteral("stop"), QStringLiteral("rect"),  QStringLiteral("radialGradient"),
-        QStringLiteral("path"), QStringLiteral("circle")};
-    const QSet<QString> refused = {QStringLiteral("class"),  QStringLiteral("style"),
-                                   QStringLiteral("filter"), QStringLiteral("clip-path"),
-                                   QStringLiteral("mask"),   QStringLiteral("href")};
     QFile file(pathOf(name));
     QVERIFY(file.open(QIODevice::ReadOnly));
-    QXmlStreamReader xml(&file);
+    const QByteArray text = file.readAll();
+    QVERIFY(text.size() <= (name == QLatin1String("back_zolta") ? 60 : 6) * 1024);
+    const QSet<QByteArray> elements = {"svg",  "defs",           "linearGradient", "stop",
+                                       "rect", "radialGradient", "path",           "circle"};
+    const QSet<QByteArray> refused = {"class", "style", "filter", "clip-path", "mask", "href"};
+    QSet<QString> gradients;
+    QXmlStreamReader xml(text);
     while (!xml.atEnd()) {
         if (xml.readNext() != QXmlStreamReader::StartElement)
             continue;
-        QVERIFY2(elements.contains(xml.name().toString()), qPrintable(xml.name().toString()));
-        for (const QXmlStreamAttribute& attribute : xml.attributes())
-            QVERIFY2(!refused.contains(attribute.name().toString()),
-                     qPrintable(attribute.name().toString()));
+        const QByteArray element = xml.name().toLatin1();
+        QVERIFY2(elements.contains(element), element);
+        const QXmlStreamAttributes attributes = xml.attributes();
+        for (const QXmlStreamAttribute& attribute : attributes)
+            QVERIFY2(!refused.contains(attribute.name().toLatin1()), element);
+        const QString id = attributes.value(QLatin1String("id")).toString();
+        QVERIFY2(id.isEmpty() || !gradients.contains(id), qPrintable(id));
+        gradients.insert(id);
+        for (const char* attribute : {"cx", "cy", "r"})
+            QVERIFY(element != "radialGradient" ||
+                    attributes.hasAttribute(QLatin1String(attribute)));
     }
     QVERIFY2(!xml.hasError(), qPrintable(xml.errorString()));
-}
-
-void tst_Pictures::gradientsAreComplete()
-{
-    QFETCH(QString, name);
-    QFile file(pathOf(name));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const QString text = QString::fromUtf8(file.readAll());
     static const QRegularExpression use(QStringLiteral("url\\(#(\\w+)\\)"));
-    for (auto i = use.globalMatch(text); i.hasNext();) {
-        const QString id = QStringLiteral(" id=\"%1\"").arg(i.next().captured(1));
-        QCOMPARE(text.count(id), 1);
-    }
-    static const QRegularExpression radial(QStringLiteral("<radialGradient[^>]*>"));
-    for (auto i = radial.globalMatch(text); i.hasNext();) {
-        const QString tag = i.next().captured();
-        for (const QLatin1String attribute :
-             {QLatin1String(" cx="), QLatin1String(" cy="), QLatin1String(" r=")})
-            QVERIFY2(tag.contains(attribute), qPrintable(tag));
-    }
-}
-
-void tst_Pictures::fileIsSmall()
-{
-    QFETCH(QString, name);
-    const qint64 limit = name == QLatin1String("back_zolta") ? 60 * 1024 : 6 * 1024;
-    QFile file(pathOf(name));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QVERIFY2(file.size() <= limit, qPrintable(QString::number(file.size())));
+    for (auto i = use.globalMatch(QString::fromUtf8(text)); i.hasNext();)
+        QVERIFY(gradients.contains(i.next().captured(1)));
 }
 
 void tst_Pictures::backgroundIsOpaque()
@@ -471,11 +411,12 @@ void tst_Pictures::ringHasItsTicks()
 void tst_Pictures::knobStaysWithinItsPicture_data()
 {
     QTest::addColumn<QString>("name");
-    for (const Picture& picture : Pictures) {
-        const QString name = QString::fromLatin1(picture.name);
-        if (name.startsWith(QLatin1String("knob")) || name.startsWith(QLatin1String("led")) ||
-            name.startsWith(QLatin1String("btn")))
-            QTest::newRow(picture.name) << name;
+    for (const Pictures& group : allPictures()) {
+        for (const QString& name : group.names) {
+            if (name.startsWith(QLatin1String("knob")) || name.startsWith(QLatin1String("led")) ||
+                name.startsWith(QLatin1String("btn")))
+                QTest::newRow(qPrintable(name)) << name;
+        }
     }
 }
 
