@@ -1,19 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "graph/EqualizerGraphAccessible.h"
 
-#include "controls/ControlAccessible.h"
+#include "graph/HandleModel.h"
 #include "graph/HandleText.h"
-#include "graph/ZoltaEqualizerGraph.h"
 
+#include <QCoreApplication>
 #include <QPointer>
+#include <QWidget>
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
-
-using Graph = ZoltaEqualizerGraph;
-using Field = ZoltaEqualizerGraph::Field;
 
 /// The handle of one band. It belongs to the graph's interface.
 class HandleAccessible final : public QAccessibleInterface,
@@ -21,8 +19,9 @@ class HandleAccessible final : public QAccessibleInterface,
                                public QAccessibleActionInterface
 {
 public:
-    HandleAccessible(Graph* graph, int band)
+    HandleAccessible(QWidget* graph, HandleModel& handles, int band)
         : m_graph(graph)
+        , m_handles(handles)
         , m_band(band)
     {}
 
@@ -57,16 +56,17 @@ public:
     QStringList keyBindingsForAction(const QString&) const override { return {}; }
 
 private:
-    Graph::EditTarget target() const { return static_cast<Graph::EditTarget>(m_band + 1); }
-    const Band& band() const { return m_graph->bands()[m_band]; }
+    EditTarget target() const { return targetOfBand(m_band); }
+    const Band& band() const { return m_handles.bands()[m_band]; }
     bool isOperable() const { return isValid() && m_graph->isEnabled() && band().on; }
     /// The field that the handle's number is.
-    Field field() const
+    EqualizerField field() const
     {
-        return m_graph->bands().hasGain(m_band) ? Field::Gain : Field::Frequency;
+        return m_handles.bands().hasGain(m_band) ? EqualizerField::Gain : EqualizerField::Frequency;
     }
 
-    QPointer<Graph> m_graph;
+    QPointer<QWidget> m_graph; ///< null once the handles are gone
+    HandleModel& m_handles;
     int m_band;
 };
 
@@ -75,7 +75,7 @@ QString HandleAccessible::text(QAccessible::Text text) const
     if (text == QAccessible::Name)
         return HandleText::name(m_band);
     if (text == QAccessible::Value && isValid())
-        return HandleText::value(m_graph->bands(), m_band);
+        return HandleText::value(m_handles.bands(), m_band);
     return {};
 }
 
@@ -83,7 +83,7 @@ QRect HandleAccessible::rect() const
 {
     if (!isValid())
         return {};
-    const QRect local = m_graph->handleRect(target()).toAlignedRect();
+    const QRect local = m_handles.handleRect(target()).toAlignedRect();
     return local.isEmpty() ? QRect() : QRect(m_graph->mapToGlobal(local.topLeft()), local.size());
 }
 
@@ -96,9 +96,9 @@ QAccessible::State HandleAccessible::state() const
     }
     state.disabled = !isOperable();
     state.invisible = !band().on || !m_graph->isVisible();
-    state.offscreen = m_graph->handleRect(target()).isEmpty();
+    state.offscreen = m_handles.handleRect(target()).isEmpty();
     state.focusable = isOperable();
-    state.focused = m_graph->hasFocus() && m_graph->focusedHandle() == target();
+    state.focused = m_graph->hasFocus() && m_handles.focusedHandle() == target();
     return state;
 }
 
@@ -113,7 +113,7 @@ void* HandleAccessible::interface_cast(QAccessible::InterfaceType type)
 
 QVariant HandleAccessible::currentValue() const
 {
-    return isValid() ? EqualizerGraphAccessible::handleValue(m_graph->bands(), m_band) : QVariant();
+    return isValid() ? HandleText::number(m_handles.bands(), m_band) : QVariant();
 }
 
 void HandleAccessible::setCurrentValue(const QVariant& value)
@@ -121,24 +121,24 @@ void HandleAccessible::setCurrentValue(const QVariant& value)
     bool isNumber = false;
     const double number = value.toDouble(&isNumber);
     if (isNumber && std::isfinite(number) && isOperable())
-        m_graph->setHandle(target(), field(), number);
+        m_handles.setHandle(target(), field(), number);
 }
 
 QVariant HandleAccessible::maximumValue() const
 {
-    return isValid() ? Graph::fieldMaximum(field()) : QVariant();
+    return isValid() ? HandleModel::fieldMaximum(field()) : QVariant();
 }
 
 QVariant HandleAccessible::minimumValue() const
 {
-    return isValid() ? Graph::fieldMinimum(field()) : QVariant();
+    return isValid() ? HandleModel::fieldMinimum(field()) : QVariant();
 }
 
 QVariant HandleAccessible::minimumStepSize() const
 {
     if (!isValid())
         return {};
-    const std::optional<double> size = m_graph->stepSize(target(), field());
+    const std::optional<double> size = m_handles.stepSize(target(), field());
     return size ? *size : QVariant();
 }
 
@@ -154,35 +154,23 @@ void HandleAccessible::doAction(const QString& actionName)
     if (!isOperable())
         return;
     if (actionName == setFocusAction())
-        m_graph->focusHandle(target());
+        m_handles.focusHandle(target());
     else if (actionName == increaseAction())
-        m_graph->stepHandle(target(), field(), 1);
+        m_handles.stepHandle(target(), field(), 1);
     else if (actionName == decreaseAction())
-        m_graph->stepHandle(target(), field(), -1);
+        m_handles.stepHandle(target(), field(), -1);
 }
 
 } // namespace
 
-void EqualizerGraphAccessible::install()
-{
-    CommonController_MemAPI::registerAccessible(
-        Graph::staticMetaObject, [](QWidget* widget) -> QAccessibleInterface* {
-            return new EqualizerGraphAccessible(static_cast<Graph*>(widget));
-        });
-}
-
-double EqualizerGraphAccessible::handleValue(const EqualizerBands& bands, int band)
-{
-    return bands.hasGain(band) ? bands[band].gain : bands[band].frequency;
-}
-
-EqualizerGraphAccessible::EqualizerGraphAccessible(ZoltaEqualizerGraph* graph)
+EqualizerGraphAccessible::EqualizerGraphAccessible(QWidget* graph, HandleModel& handles)
     : QAccessibleWidget(graph, QAccessible::Grouping)
+    , m_handles(handles)
 {}
 
 EqualizerGraphAccessible::~EqualizerGraphAccessible()
 {
-    for (const QAccessible::Id handle : m_handles)
+    for (const QAccessible::Id handle : m_ids)
         if (handle)
             QAccessible::deleteAccessibleInterface(handle);
 }
@@ -190,14 +178,14 @@ EqualizerGraphAccessible::~EqualizerGraphAccessible()
 QString EqualizerGraphAccessible::text(QAccessible::Text text) const
 {
     if (text == QAccessible::Name && widget()->accessibleName().isEmpty())
-        return ZoltaEqualizerGraph::tr("Equalizer curve");
+        return QCoreApplication::translate("ZoltaEqualizerGraph", "Equalizer curve");
     return QAccessibleWidget::text(text);
 }
 
 QAccessible::State EqualizerGraphAccessible::state() const
 {
     QAccessible::State state = QAccessibleWidget::state();
-    if (graph()->focusedHandle() != Graph::EditTargetNone)
+    if (m_handles.focusedHandle() != EditTargetNone)
         state.focused = false;
     return state;
 }
@@ -208,9 +196,10 @@ QAccessibleInterface* EqualizerGraphAccessible::child(int index) const
 {
     if (index < 0 || index >= childCount())
         return nullptr;
-    QAccessible::Id& handle = m_handles[static_cast<std::size_t>(index)];
+    QAccessible::Id& handle = m_ids[static_cast<std::size_t>(index)];
     if (!handle)
-        handle = QAccessible::registerAccessibleInterface(new HandleAccessible(graph(), index));
+        handle = QAccessible::registerAccessibleInterface(
+            new HandleAccessible(widget(), m_handles, index));
     return QAccessible::accessibleInterface(handle);
 }
 
@@ -219,23 +208,18 @@ int EqualizerGraphAccessible::indexOfChild(const QAccessibleInterface* child) co
     const auto known = [child](QAccessible::Id handle) {
         return handle && QAccessible::accessibleInterface(handle) == child;
     };
-    const auto found = std::find_if(m_handles.begin(), m_handles.end(), known);
-    return child && found != m_handles.end() ? static_cast<int>(found - m_handles.begin()) : -1;
+    const auto found = std::find_if(m_ids.begin(), m_ids.end(), known);
+    return child && found != m_ids.end() ? static_cast<int>(found - m_ids.begin()) : -1;
 }
 
 QAccessibleInterface* EqualizerGraphAccessible::childAt(int x, int y) const
 {
-    const QPoint point = graph()->mapFromGlobal(QPoint(x, y));
-    QAccessibleInterface* handle = child(graph()->getPointTarget(point) - 1);
+    const QPoint point = widget()->mapFromGlobal(QPoint(x, y));
+    QAccessibleInterface* handle = child(bandOf(m_handles.getPointTarget(point)));
     return handle && handle->rect().contains(x, y) ? handle : nullptr;
 }
 
 QAccessibleInterface* EqualizerGraphAccessible::focusChild() const
 {
-    return graph()->hasFocus() ? child(graph()->focusedHandle() - 1) : nullptr;
-}
-
-ZoltaEqualizerGraph* EqualizerGraphAccessible::graph() const
-{
-    return static_cast<ZoltaEqualizerGraph*>(widget());
+    return widget()->hasFocus() ? child(bandOf(m_handles.focusedHandle())) : nullptr;
 }

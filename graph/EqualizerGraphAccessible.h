@@ -7,24 +7,20 @@
 
 #include <array>
 
-class ZoltaEqualizerGraph;
+class HandleModel;
 
 /// The equalizer graph as assistive technology sees it: a group, "Equalizer curve", whose children
 /// are the handles of all bands in their order. A band that is off keeps its place, as an invisible
 /// and disabled child.
 ///
-/// A handle is a slider. Its text is HandleText::value(); its number is the gain in dB, or the
-/// frequency in Hz where no gain acts. It can be increased and decreased by one raw step, set, and
-/// focused. Changes go to the host, and only while the graph is enabled and the band on.
+/// A handle is a slider. Its text is HandleText::value(), its number HandleText::number(). It can
+/// be increased and decreased by one raw step, set, and focused. Changes go to the host, and only
+/// while the graph is enabled and the band on.
 class EqualizerGraphAccessible : public QAccessibleWidget
 {
 public:
-    /// Makes graphs accessible; for the graph's constructor, more calls change nothing.
-    static void install();
-    /// The number of a band's handle.
-    static double handleValue(const EqualizerBands& bands, int band);
-
-    explicit EqualizerGraphAccessible(ZoltaEqualizerGraph* graph);
+    /// The handles belong to \a graph and live as long.
+    EqualizerGraphAccessible(QWidget* graph, HandleModel& handles);
 
     QString text(QAccessible::Text text) const override;
     /// Not focused while one of the handles is.
@@ -41,7 +37,6 @@ protected:
     ~EqualizerGraphAccessible() override;
 
 private:
-    ZoltaEqualizerGraph* graph() const;
-
-    mutable std::array<QAccessible::Id, EqualizerBands::Count> m_handles{};
+    HandleModel& m_handles;
+    mutable std::array<QAccessible::Id, EqualizerBands::Count> m_ids{};
 };

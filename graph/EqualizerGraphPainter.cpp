@@ -2,8 +2,7 @@
 #include "graph/EqualizerGraphPainter.h"
 
 #include "effect/PixelRounding.h"
-#include "equalizer/EqualizerBands.h"
-#include "equalizer/PlotAxes.h"
+#include "graph/GraphView.h"
 #include "graph/WideRegisters.h"
 
 #include <QPainter>
@@ -55,7 +54,6 @@ constexpr int GridRows = 2 * RowsAboveZero;
 constexpr double LabelSize = 12.0;
 constexpr double SampleStep = 3.0;
 constexpr double HandleRadius = 3.0;
-constexpr double MarkRadius = 5.5;
 constexpr double ThinLine = 1.0;
 constexpr double ThickLine = 1.5;
 
@@ -66,14 +64,9 @@ constexpr std::size_t CurveCount = TotalCurve + 1;
 /// be straight, near enough for any pixel coordinate to be exact.
 constexpr double CurveReach = 16.0;
 
-QRectF plotRect(const PlotAxes& axes)
+QRect clipRect(const GraphView& view, double pixelRatio)
 {
-    return {axes.left(), axes.top(), axes.width(), axes.height()};
-}
-
-QRect clipRect(const PlotAxes& axes, double pixelRatio)
-{
-    const QRectF plot = plotRect(axes);
+    const QRectF plot = view.plotRect();
     return QRectF(plot.topLeft() * pixelRatio, plot.size() * pixelRatio).toRect();
 }
 
@@ -126,16 +119,11 @@ QColor color(int band) { return BandColors[static_cast<std::size_t>(band)]; }
 
 QColor dimColor(int band) { return color(band).darker(DimFactor); }
 
-bool isOn(const EqualizerBands& bands, int band)
-{
-    return band >= 0 && band < EqualizerBands::Count && bands[band].on;
-}
-
 /// The bands' responses, then the total, in pixels of the picture.
-std::array<std::vector<QPointF>, CurveCount> sampleCurves(const EqualizerBands& bands,
-                                                          const PlotAxes& axes, double pixelRatio)
+std::array<std::vector<QPointF>, CurveCount> sampleCurves(const GraphView& view, double pixelRatio)
 {
-    const EqualizerResponse response = bands.response();
+    const PlotAxes& axes = view.axes();
+    const EqualizerResponse response = view.bands().response();
     const double reach = CurveReach * axes.height();
     const auto append = [&](std::vector<QPointF>& curve, double x, double level) {
         const double y = axes.y(level);
@@ -150,7 +138,7 @@ std::array<std::vector<QPointF>, CurveCount> sampleCurves(const EqualizerBands& 
     for (int i = -step; i <= axes.width() + step; i += step) {
         const double x = axes.left() + i;
         const EqualizerResponse::Levels levels =
-            response.levels(axes.frequency(x), bands.sampleRate());
+            response.levels(axes.frequency(x), view.bands().sampleRate());
         for (std::size_t band = 0; band < levels.band.size(); ++band)
             append(curves[band], x, levels.band[band]);
         append(curves[TotalCurve], x, levels.total);
@@ -158,72 +146,55 @@ std::array<std::vector<QPointF>, CurveCount> sampleCurves(const EqualizerBands& 
     return curves;
 }
 
-void drawHandles(QPainter& painter, const EqualizerBands& bands, const PlotAxes& axes,
-                 int editedBand)
+void drawHandles(QPainter& painter, const GraphView& view, int editedBand)
 {
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setClipRect(plotRect(axes));
+    painter.setClipRect(view.plotRect());
     painter.setPen(Qt::NoPen);
-    const double radius = HandleRadius * axes.unit();
+    const double radius = HandleRadius * view.axes().unit();
     const auto draw = [&](int band, const QColor& brush) {
         painter.setBrush(brush);
-        painter.drawEllipse(EqualizerGraphPainter::handle(bands, band, axes), radius, radius);
+        painter.drawEllipse(view.handle(band), radius, radius);
     };
     for (int band = 0; band < EqualizerBands::Count; ++band)
-        if (bands[band].on && band != editedBand)
+        if (view.isOn(band) && band != editedBand)
             draw(band, dimColor(band));
-    if (isOn(bands, editedBand))
+    if (view.isOn(editedBand))
         draw(editedBand, color(editedBand));
 }
 
 /// Within the clip of drawHandles().
-void drawMark(QPainter& painter, const EqualizerBands& bands, const PlotAxes& axes, int band)
+void drawMark(QPainter& painter, const GraphView& view, int band)
 {
-    const double radius = MarkRadius * axes.unit();
+    const double radius = GraphView::MarkRadius * view.axes().unit();
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(color(band), ThickLine * axes.unit()));
-    painter.drawEllipse(EqualizerGraphPainter::handle(bands, band, axes), radius, radius);
+    painter.setPen(QPen(color(band), GraphView::MarkWidth * view.axes().unit()));
+    painter.drawEllipse(view.handle(band), radius, radius);
 }
 
 } // namespace
 
-QPointF EqualizerGraphPainter::handle(const EqualizerBands& bands, int band, const PlotAxes& axes)
+void EqualizerGraphPainter::paint(QPainter& painter, const GraphView& view, int editedBand,
+                                  int focusedBand)
 {
-    const double x = axes.x(bands[band].frequency);
-    if (bands.hasGain(band))
-        return {x, axes.y(bands[band].gain)};
-    if (bands.isPass(band))
-        return {x, axes.centre()};
-    return {};
-}
-
-QRectF EqualizerGraphPainter::markRect(const EqualizerBands& bands, int band, const PlotAxes& axes)
-{
-    const double reach = (MarkRadius + ThickLine / 2.0) * axes.unit();
-    const QPointF centre = handle(bands, band, axes);
-    return QRectF(centre - QPointF(reach, reach), QSizeF(2.0 * reach, 2.0 * reach)) &
-           plotRect(axes);
-}
-
-void EqualizerGraphPainter::paint(QPainter& painter, QSize size, const EqualizerBands& bands,
-                                  const PlotAxes& axes, int editedBand, int focusedBand)
-{
+    const PlotAxes& axes = view.axes();
     if (axes.width() <= 0.0 || axes.height() <= 0.0)
         return;
-    GridKey key{size, painter.device()->devicePixelRatioF(), axes.range(), painter.font()};
+    GridKey key{view.size(), painter.device()->devicePixelRatioF(), axes.range(), painter.font()};
     if (key != m_gridKey) {
         m_gridKey = std::move(key);
-        drawGrid(axes);
+        drawGrid(view);
     }
-    drawCurves(bands, axes, editedBand);
+    drawCurves(view, editedBand);
     painter.drawImage(QPointF(), m_picture);
-    drawHandles(painter, bands, axes, editedBand);
-    if (isOn(bands, focusedBand))
-        drawMark(painter, bands, axes, focusedBand);
+    drawHandles(painter, view, editedBand);
+    if (view.isOn(focusedBand))
+        drawMark(painter, view, focusedBand);
 }
 
-void EqualizerGraphPainter::drawGrid(const PlotAxes& axes)
+void EqualizerGraphPainter::drawGrid(const GraphView& view)
 {
+    const PlotAxes& axes = view.axes();
     m_grid = QImage(QSizeF(m_gridKey.size * m_gridKey.pixelRatio).toSize(),
                     QImage::Format_ARGB32_Premultiplied);
     m_grid.setDevicePixelRatio(m_gridKey.pixelRatio);
@@ -238,17 +209,16 @@ void EqualizerGraphPainter::drawGrid(const PlotAxes& axes)
     painter.end();
 
     m_picture = m_grid.copy();
-    m_raster.setClip(clipRect(axes, m_gridKey.pixelRatio) & m_grid.rect());
+    m_raster.setClip(clipRect(view, m_gridKey.pixelRatio) & m_grid.rect());
     m_curves = {};
     m_shown.clear();
 }
 
-void EqualizerGraphPainter::drawCurves(const EqualizerBands& bands, const PlotAxes& axes,
-                                       int editedBand)
+void EqualizerGraphPainter::drawCurves(const GraphView& view, int editedBand)
 {
     releaseWideRegisters();
-    auto points = sampleCurves(bands, axes, m_gridKey.pixelRatio);
-    std::vector<Shown> shown = shownCurves(bands, editedBand);
+    auto points = sampleCurves(view, m_gridKey.pixelRatio);
+    std::vector<Shown> shown = shownCurves(view, editedBand);
     const bool same = shown == m_shown && std::all_of(shown.begin(), shown.end(), [&](auto& item) {
                           return points[item.curve] == m_curves[item.curve].points;
                       });
@@ -258,7 +228,7 @@ void EqualizerGraphPainter::drawCurves(const EqualizerBands& bands, const PlotAx
     for (const Shown& item : m_shown)
         m_curves[item.curve].stroke.erase(m_picture, m_grid);
     m_shown = std::move(shown);
-    const double unit = axes.unit() * m_gridKey.pixelRatio;
+    const double unit = view.axes().unit() * m_gridKey.pixelRatio;
     for (const Shown& item : m_shown) {
         Curve& curve = m_curves[item.curve];
         setCurve(curve, std::move(points[item.curve]), item.width * unit);
@@ -266,15 +236,15 @@ void EqualizerGraphPainter::drawCurves(const EqualizerBands& bands, const PlotAx
     }
 }
 
-std::vector<EqualizerGraphPainter::Shown>
-EqualizerGraphPainter::shownCurves(const EqualizerBands& bands, int editedBand)
+std::vector<EqualizerGraphPainter::Shown> EqualizerGraphPainter::shownCurves(const GraphView& view,
+                                                                             int editedBand)
 {
     std::vector<Shown> shown;
     for (int band = 0; band < EqualizerBands::Count; ++band)
-        if (bands[band].on && band != editedBand)
+        if (view.isOn(band) && band != editedBand)
             shown.push_back({static_cast<std::size_t>(band), dimColor(band), ThinLine});
     shown.push_back({TotalCurve, TotalLineColor, ThickLine});
-    if (isOn(bands, editedBand))
+    if (view.isOn(editedBand))
         shown.push_back({static_cast<std::size_t>(editedBand), color(editedBand), ThickLine});
     return shown;
 }

@@ -12,8 +12,7 @@
 #include <array>
 #include <vector>
 
-class EqualizerBands;
-class PlotAxes;
+class GraphView;
 class QPainter;
 
 /// Draws the grid, the response curves and the bands' handles of the equalizer graph.
@@ -24,17 +23,10 @@ class QPainter;
 class EqualizerGraphPainter
 {
 public:
-    /// Where the handle of \a band stands: on its gain, or on 0 dB for a pass filter. A low or high
-    /// band of an unknown type has its handle at (0, 0).
-    static QPointF handle(const EqualizerBands& bands, int band, const PlotAxes& axes);
-    /// How much room the focus mark takes, in the plot.
-    static QRectF markRect(const EqualizerBands& bands, int band, const PlotAxes& axes);
-
-    /// Paints a widget of \a size with its painter. \a editedBand is drawn in its full colour and
+    /// Paints \a view with the painter of its widget. \a editedBand is drawn in its full colour and
     /// above the others; the handle of \a focusedBand gets a ring in its full colour. A negative
     /// number means none.
-    void paint(QPainter& painter, QSize size, const EqualizerBands& bands, const PlotAxes& axes,
-               int editedBand, int focusedBand = -1);
+    void paint(QPainter& painter, const GraphView& view, int editedBand, int focusedBand = -1);
 
 private:
     /// What the picture of the grid depends on.
@@ -63,9 +55,9 @@ private:
         bool operator==(const Shown&) const = default;
     };
 
-    void drawGrid(const PlotAxes& axes);
-    void drawCurves(const EqualizerBands& bands, const PlotAxes& axes, int editedBand);
-    static std::vector<Shown> shownCurves(const EqualizerBands& bands, int editedBand);
+    void drawGrid(const GraphView& view);
+    void drawCurves(const GraphView& view, int editedBand);
+    static std::vector<Shown> shownCurves(const GraphView& view, int editedBand);
     void setCurve(Curve& curve, std::vector<QPointF>&& points, double width);
 
     GridKey m_gridKey;

@@ -1,7 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "graph/GraphAnnouncements.h"
 
-#include "graph/ZoltaEqualizerGraph.h"
+#include "equalizer/EqualizerBands.h"
+#include "graph/HandleText.h"
+
+#include <QPointer>
+#include <QWidget>
+
+#include <tuple>
 
 namespace {
 
@@ -22,20 +28,8 @@ void announce(QAccessibleEvent& event, int band)
         QAccessible::updateAccessibility(&event);
 }
 
-} // namespace
-
-void GraphAnnouncements::valueChanged(ZoltaEqualizerGraph* graph, int band, double value)
+void announceSwitch(QWidget* graph, int band)
 {
-    if (!isAnyoneListening())
-        return;
-    QAccessibleValueChangeEvent event(graph, value);
-    announce(event, band);
-}
-
-void GraphAnnouncements::switched(ZoltaEqualizerGraph* graph, int band)
-{
-    if (!isAnyoneListening())
-        return;
     QAccessible::State changed;
     changed.invisible = true;
     changed.disabled = true;
@@ -44,7 +38,35 @@ void GraphAnnouncements::switched(ZoltaEqualizerGraph* graph, int band)
     announce(event, band);
 }
 
-void GraphAnnouncements::focused(ZoltaEqualizerGraph* graph, int band)
+void announceValue(QWidget* graph, int band, double value)
+{
+    QAccessibleValueChangeEvent event(graph, value);
+    announce(event, band);
+}
+
+bool haveSameSettings(const Band& a, const Band& b)
+{
+    const auto settings = [](const Band& band) {
+        return std::tie(band.type, band.quality, band.frequency, band.gain);
+    };
+    return settings(a) == settings(b);
+}
+
+} // namespace
+
+void GraphAnnouncements::changed(QWidget* graph, const EqualizerBands& bands, int band,
+                                 const Band& before)
+{
+    if (!isAnyoneListening())
+        return;
+    const QPointer<QWidget> alive(graph);
+    if (before.on != bands[band].on)
+        announceSwitch(graph, band);
+    if (alive && bands[band].on && !haveSameSettings(before, bands[band]))
+        announceValue(graph, band, HandleText::number(bands, band));
+}
+
+void GraphAnnouncements::focused(QWidget* graph, int band)
 {
     if (!isAnyoneListening())
         return;

@@ -3,18 +3,19 @@
 
 #include <QAccessible>
 
-class ZoltaEqualizerGraph;
+class EqualizerBands;
+class QWidget;
+struct Band;
 
 /// Tells assistive technology, if any is listening, what happens to the curve's handles. Bands are
 /// numbered as in EqualizerBands, and so are the graph's accessible children.
 namespace GraphAnnouncements {
 
-/// The handle's value is now \a value; see EqualizerGraphAccessible.
-void valueChanged(ZoltaEqualizerGraph* graph, int band, double value);
-/// The band was switched on or off.
-void switched(ZoltaEqualizerGraph* graph, int band);
+/// The settings of \a band are no longer those of \a before: it was switched, or its number is
+/// another. Who listens may delete the graph; \a bands, which are its own, are then left alone.
+void changed(QWidget* graph, const EqualizerBands& bands, int band, const Band& before);
 /// The keyboard's focus is on the handle of \a band; a negative number means the graph itself.
-void focused(ZoltaEqualizerGraph* graph, int band);
+void focused(QWidget* graph, int band);
 
 /// Sends all announcements to \a announcer instead, whether or not anyone is listening; null
 /// restores the usual way. For tests: on a platform without a screen nobody ever listens, and Qt

@@ -7,7 +7,7 @@ constexpr int LargeStep = 10;
 
 std::optional<HandleKeys::Step> unitStep(int key)
 {
-    using Field = ZoltaEqualizerGraph::Field;
+    using Field = EqualizerField;
     switch (key) {
     case Qt::Key_Left:
         return HandleKeys::Step{Field::Frequency, -1};

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "graph/ZoltaEqualizerGraph.h"
+#include "equalizer/EqualizerParameters.h"
+
+#include <Qt>
 
 #include <optional>
 
@@ -11,7 +13,7 @@ namespace HandleKeys {
 /// A change of one field of the band by a number of raw steps.
 struct Step
 {
-    ZoltaEqualizerGraph::Field field;
+    EqualizerField field;
     int count;
 };
 

@@ -46,6 +46,11 @@ QString HandleText::value(const EqualizerBands& bands, int band)
     return parts.join(QStringLiteral(", "));
 }
 
+double HandleText::number(const EqualizerBands& bands, int band)
+{
+    return bands.hasGain(band) ? bands[band].gain : bands[band].frequency;
+}
+
 QString HandleText::frequency(double hz)
 {
     // Rounded first: what rounds up to the next power of ten loses a decimal or changes its unit.

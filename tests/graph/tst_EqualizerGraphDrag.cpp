@@ -45,11 +45,6 @@ struct DragFixture : GraphFixture
     {
         bind();
     }
-    /// The handle's distance from the press, once pressed at \a at.
-    QPointF offset(int band, QPointF at) const
-    {
-        return at - graph->getTargetPoint(targetOf(band));
-    }
     int frequency(int band) const { return host.value(frequencyName(band), 0); }
     int gain(int band) const { return host.value(gainName(band), 0); }
     int rawQuality(int band) const { return host.value(qualityName(band), 0); }
@@ -57,7 +52,11 @@ struct DragFixture : GraphFixture
     GraphMouse mouse;
 };
 
+using Step = void (*)(DragFixture&);
+
 } // namespace
+
+Q_DECLARE_METATYPE(Step)
 
 class tst_EqualizerGraphDrag : public TestObject
 {
@@ -66,72 +65,46 @@ class tst_EqualizerGraphDrag : public TestObject
 private Q_SLOTS:
     void targetPointOfNoBand();
     void nearestHandle();
-    void tieGoesToTheEarlierBand_data();
-    void tieGoesToTheEarlierBand();
     void equalDistancesGoToTheEarlierBand();
-    void clickWithAllBandsOffGrabsNothing();
+    void tieGoesToTheEarlierBand();
+    void pressesThatGrabNothing_data();
+    void pressesThatGrabNothing();
     void plotEdges();
-    void clickOutsideThePlotGrabsNothing();
     void farHandleIsOutOfReach();
     void unknownTypeIsGrabbedAtTheCorner();
 
     void dragModes_data();
     void dragModes();
-    void noDragModeWithoutGrab();
 
     void dragFrequencyAndGain_data();
     void dragFrequencyAndGain();
-    void dragFrequencyOnly();
-    void dragGainOnly();
-    void passFilterMovesAlongTheLine_data();
-    void passFilterMovesAlongTheLine();
-    void controlDragOfAPassFilterWritesNothing();
-    void shiftDragOfAnOuterBandWritesNothing();
-    void unknownTypeDragsFrequency();
-    void dragAtEveryZoom_data();
-    void dragAtEveryZoom();
+    void dragWritesWhatItsModeNames_data();
+    void dragWritesWhatItsModeNames();
     void dragIsClampedToTheRange();
-    void foreignRanges();
     void positionsAreRounded();
     void setValueArguments();
 
     void qualityFollowsThePointer_data();
     void qualityFollowsThePointer();
-    void qualityRoundsHalvesAwayFromZero_data();
     void qualityRoundsHalvesAwayFromZero();
-    void qualityGoesBeyondTheRange();
-    void qualityCannotOverflow();
+    void qualityRangeIsTheHosts();
     void qualityOfADisplayOfNoHeight();
 
     void modifierChangeOnlyReanchors();
-    void modifierReleaseDuringQualityDrag();
     void bandSwitchedOffDuringDrag();
+    void modifierDuringQualityDrag();
+    void grabOutlives_data();
+    void grabOutlives();
+    void grabEnds_data();
+    void grabEnds();
 
-    void otherButtonsDoNotDrag_data();
-    void otherButtonsDoNotDrag();
-    void otherButtonsDoNotEndADrag();
-    void releaseEndsTheDrag();
-    void releaseWithoutDrag();
-    void moveWithoutPress();
-    void secondPressKeepsTheGrab();
-    void doubleClickGrabs();
-    void disabledWidgetGrabsNothing();
-    void disablingEndsTheDrag();
-    void disablingTheEditorEndsTheDrag();
-    void hidingEndsTheDrag();
-
-    void noMemoryNoWrites();
     void detachedDuringDrag();
     void graphWaitsForTheEcho();
-    void clampingHost();
     void detachInsideSetValue();
     void channelChangeInsideSetValue();
-    void missingParameterIsNotWritten_data();
-    void missingParameterIsNotWritten();
-    void failedCallsWriteNothing_data();
-    void failedCallsWriteNothing();
-    void degenerateRange();
-    void widestRange();
+    void whatTheHostDoesNotTellIsNotWritten_data();
+    void whatTheHostDoesNotTellIsNotWritten();
+    void oddRanges();
     void resizeDuringDrag();
 };
 
@@ -165,29 +138,6 @@ void tst_EqualizerGraphDrag::nearestHandle()
         }
 }
 
-void tst_EqualizerGraphDrag::tieGoesToTheEarlierBand_data()
-{
-    QTest::addColumn<int>("first");
-    QTest::addColumn<int>("second");
-    for (int first = 0; first < 6; ++first)
-        for (int second = first + 1; second < 6; ++second)
-            QTest::addRow("%d before %d", first, second) << first << second;
-}
-
-void tst_EqualizerGraphDrag::tieGoesToTheEarlierBand()
-{
-    QFETCH(int, first);
-    QFETCH(int, second);
-    DragFixture f;
-    for (int band = 0; band < 6; ++band) {
-        f.set(onName(band), band == first || band == second ? 1 : 0);
-        f.setBand(band, 600, 0);
-    }
-    QCOMPARE(f.graph->getPointTarget(Middle.toPoint()), targetOf(first));
-    f.set(onName(first), 0);
-    QCOMPARE(f.graph->getPointTarget(Middle.toPoint()), targetOf(second));
-}
-
 void tst_EqualizerGraphDrag::equalDistancesGoToTheEarlierBand()
 {
     // Two bands at the same frequency, above and below a point on the 0 dB line at y = 173.
@@ -200,17 +150,6 @@ void tst_EqualizerGraphDrag::equalDistancesGoToTheEarlierBand()
     QCOMPARE(f.graph->getPointTarget(QPoint(300, 173)), Graph::EditTargetMiddle1);
     f.setBand(1, 600, -101);
     QCOMPARE(f.graph->getPointTarget(QPoint(300, 173)), Graph::EditTargetMiddle4);
-}
-
-void tst_EqualizerGraphDrag::clickWithAllBandsOffGrabsNothing()
-{
-    DragFixture f;
-    f.solo(-1);
-    QCOMPARE(f.graph->getPointTarget(Middle.toPoint()), Graph::EditTargetNone);
-    f.mouse.press(Middle);
-    f.set(onName(2), 1);
-    f.mouse.move(Middle + QPointF(50, 20));
-    QCOMPARE(f.host.count(Operation::SetValue), 0);
 }
 
 void tst_EqualizerGraphDrag::plotEdges()
@@ -232,18 +171,6 @@ void tst_EqualizerGraphDrag::plotEdges()
     f.graph->resize(GraphFixture::DesignSize);
     QVERIFY(grabs(44, 10) && grabs(664, 163));
     QVERIFY(!grabs(43, 10) && !grabs(44, 9) && !grabs(665, 163) && !grabs(664, 164));
-}
-
-void tst_EqualizerGraphDrag::clickOutsideThePlotGrabsNothing()
-{
-    DragFixture f;
-    for (const QPointF at : {QPointF(20, 90), {670, 90}, {350, 5}, {350, 180}, {-5, -5}}) {
-        f.mouse.press(at);
-        QCOMPARE(f.graph->getDragMode(Qt::NoModifier), Graph::DragModeNone);
-        f.mouse.move(Middle);
-        f.mouse.release(Middle);
-    }
-    QCOMPARE(f.host.count(Operation::SetValue), 0);
 }
 
 void tst_EqualizerGraphDrag::farHandleIsOutOfReach()
@@ -329,46 +256,34 @@ void tst_EqualizerGraphDrag::dragModes()
     QCOMPARE(static_cast<int>(f.graph->getDragMode(Qt::KeyboardModifiers(modifiers))), mode);
 }
 
-void tst_EqualizerGraphDrag::noDragModeWithoutGrab()
-{
-    DragFixture f;
-    const std::initializer_list<Qt::KeyboardModifier> all = {Qt::NoModifier, Qt::ShiftModifier,
-                                                             Qt::ControlModifier, Qt::AltModifier};
-    for (const Qt::KeyboardModifier modifier : all)
-        QCOMPARE(f.graph->getDragMode(modifier), Graph::DragModeNone);
-    f.mouse.press(Middle);
-    f.mouse.release(Middle);
-    for (const Qt::KeyboardModifier modifier : all)
-        QCOMPARE(f.graph->getDragMode(modifier), Graph::DragModeNone);
-}
-
 void tst_EqualizerGraphDrag::dragFrequencyAndGain_data()
 {
     QTest::addColumn<int>("band");
     QTest::addColumn<QSize>("size");
+    QTest::addColumn<int>("zoom");
     for (int band = 0; band < 6; ++band)
-        for (const QSize size : {QSize(679, 192),
-                                 {1358, 384},
-                                 {1019, 288},
-                                 {340, 96},
-                                 {500, 150},
-                                 {333, 97},
-                                 {977, 111},
-                                 {400, 600}})
-            QTest::addRow("band %d in %dx%d", band, size.width(), size.height()) << band << size;
+        for (const QSize size : {QSize(679, 192), {1358, 384}, {333, 97}, {977, 111}, {400, 600}})
+            QTest::addRow("band %d in %dx%d", band, size.width(), size.height())
+                << band << size << 3;
+    for (int zoom = 0; zoom < 7; ++zoom)
+        QTest::addRow("zoom %d", zoom) << 2 << GraphFixture::DesignSize << zoom;
 }
 
 void tst_EqualizerGraphDrag::dragFrequencyAndGain()
 {
     QFETCH(int, band);
     QFETCH(QSize, size);
+    QFETCH(int, zoom);
     DragFixture f(size);
+    f.graph->setZoom(zoom);
     f.solo(band);
     f.setBand(band, 431, 37);
     const Plot plot = f.plot();
     const QPointF handle(plot.x(hertz(431)), plot.y(3.7));
     // Not on the handle: the distance stays.
-    const QPoint from(handle.toPoint() + QPoint(3, -2));
+    const QPoint from =
+        QPointF(handle.x() + 3, std::clamp(handle.y() - 2, plot.top + 1, plot.bottom - 1))
+            .toPoint();
     f.mouse.press(from);
     for (const QPoint by : {QPoint(7, 5), {19, -11}, {-23, 13}, {1, 0}, {0, 1}}) {
         f.host.resetLedger();
@@ -383,153 +298,20 @@ void tst_EqualizerGraphDrag::dragFrequencyAndGain()
     }
 }
 
-void tst_EqualizerGraphDrag::dragFrequencyOnly()
-{
-    for (int band = 0; band < 6; ++band) {
-        DragFixture f;
-        f.solo(band);
-        f.setBand(band, 431, 37);
-        const double x = f.plot().x(hertz(431));
-        f.mouse.press({300, 60}, Qt::AltModifier);
-        f.mouse.move({340, 20}, Qt::AltModifier);
-        QCOMPARE(f.host.writes(),
-                 (Writes{{frequencyName(band), 0, rawFrequencyAt(f.plot(), x + 40)}}));
-    }
-}
-
-void tst_EqualizerGraphDrag::dragGainOnly()
-{
-    for (int band = 0; band < 6; ++band) {
-        DragFixture f;
-        f.solo(band);
-        f.setBand(band, 431, 37);
-        const double y = f.plot().y(3.7);
-        f.mouse.press({300, 60}, Qt::ControlModifier);
-        f.mouse.move({340, 73}, Qt::ControlModifier);
-        QCOMPARE(f.host.writes(), (Writes{{gainName(band), 0, rawGainAt(f.plot(), y + 13)}}));
-    }
-}
-
-void tst_EqualizerGraphDrag::passFilterMovesAlongTheLine_data()
-{
-    QTest::addColumn<int>("band");
-    QTest::addColumn<int>("type");
-    for (const int band : {0, 5})
-        for (const int type : {0, 1})
-            QTest::addRow("band %d type %d", band, type) << band << type;
-}
-
-void tst_EqualizerGraphDrag::passFilterMovesAlongTheLine()
-{
-    QFETCH(int, band);
-    QFETCH(int, type);
-    DragFixture f;
-    f.solo(band);
-    f.setBand(band, 500, 77);
-    f.set(typeName(band), type);
-    const QPointF handle(f.plot().x(hertz(500)), 86.5);
-    QVERIFY(isNear(f.graph->getTargetPoint(targetOf(band)), handle));
-    f.mouse.press({300, 60});
-    f.mouse.move({311, 30});
-    QCOMPARE(f.host.writes(),
-             (Writes{{frequencyName(band), 0, rawFrequencyAt(f.plot(), handle.x() + 11)}}));
-    QCOMPARE(f.graph->getTargetPoint(targetOf(band)).y(), 86.5);
-}
-
-void tst_EqualizerGraphDrag::controlDragOfAPassFilterWritesNothing()
-{
-    for (const int band : {0, 5})
-        for (const int type : {0, 1, 4}) {
-            DragFixture f;
-            f.solo(band);
-            f.set(typeName(band), type);
-            f.mouse.press(Middle, Qt::ControlModifier);
-            f.mouse.move(Middle + QPointF(30, 30), Qt::ControlModifier);
-            f.mouse.move(Middle + QPointF(60, 60), Qt::ControlModifier);
-            QCOMPARE(f.host.count(Operation::SetValue), 0);
-        }
-}
-
-void tst_EqualizerGraphDrag::shiftDragOfAnOuterBandWritesNothing()
-{
-    for (const int band : {0, 5}) {
-        DragFixture f;
-        f.solo(band);
-        f.mouse.press(Middle, Qt::ShiftModifier);
-        f.mouse.move(Middle + QPointF(30, 30), Qt::ShiftModifier);
-        QCOMPARE(f.host.count(Operation::SetValue), 0);
-        QCOMPARE(f.host.value(typeName(band), 0), 3);
-    }
-}
-
-void tst_EqualizerGraphDrag::unknownTypeDragsFrequency()
-{
-    DragFixture f;
-    f.solo(5);
-    f.set(typeName(5), 17);
-    f.mouse.press({100, 50});
-    f.mouse.move({200, 50});
-    // Its handle is at (0, 0): the pointer is 100 pixels to the right of it.
-    QCOMPARE(f.host.writes(), (Writes{{frequencyName(5), 0, rawFrequencyAt(f.plot(), 100)}}));
-}
-
-void tst_EqualizerGraphDrag::dragAtEveryZoom_data()
-{
-    QTest::addColumn<int>("zoom");
-    for (int zoom = 0; zoom < 7; ++zoom)
-        QTest::addRow("%d", zoom) << zoom;
-}
-
-void tst_EqualizerGraphDrag::dragAtEveryZoom()
-{
-    QFETCH(int, zoom);
-    DragFixture f;
-    f.solo(2);
-    f.setBand(2, 431, 11);
-    f.graph->setZoom(zoom);
-    const double y = f.plot().y(1.1);
-    f.mouse.press({300, 60}, Qt::ControlModifier);
-    for (const int by : {13, -7, 31}) {
-        f.mouse.move({300.0, 60.0 + by}, Qt::ControlModifier);
-        QCOMPARE(f.gain(2), rawGainAt(f.plot(), y + by));
-    }
-}
-
 void tst_EqualizerGraphDrag::dragIsClampedToTheRange()
 {
     for (int band = 0; band < 6; ++band) {
         DragFixture f;
         f.solo(band);
         f.mouse.press(Middle);
-        f.mouse.move({-2000, 2000});
-        QCOMPARE(f.frequency(band), 0);
-        QCOMPARE(f.gain(band), -200);
-        f.mouse.move({3000, -3000});
-        QCOMPARE(f.frequency(band), 1200);
-        QCOMPARE(f.gain(band), 200);
-        f.mouse.move({1e9, 1e9});
-        QCOMPARE(f.frequency(band), 1200);
-        QCOMPARE(f.gain(band), -200);
+        for (const auto& [to, frequency, gain] : {std::tuple(QPointF(-2000, 2000), 0, -200),
+                                                  {{3000, -3000}, 1200, 200},
+                                                  {{1e9, 1e9}, 1200, -200}}) {
+            f.mouse.move(to);
+            QCOMPARE(f.frequency(band), frequency);
+            QCOMPARE(f.gain(band), gain);
+        }
     }
-}
-
-void tst_EqualizerGraphDrag::foreignRanges()
-{
-    GraphFixture f;
-    f.host.setRange(frequencyName(3), -50, -40);
-    f.host.setRange(gainName(3), 100, 1100);
-    f.bind();
-    f.solo(3);
-    f.setBand(3, -45, 600);
-    GraphMouse mouse(f.graph);
-    const Plot plot = f.plot();
-    const QPointF handle(plot.x(20 * std::sqrt(1000.0)), plot.centre);
-    mouse.press({350, 90});
-    mouse.move({390, 100});
-    const double position = (handle.x() + 40 - plot.left) / plot.width;
-    const double gain = -10 * plot.Z / (plot.height / 2);
-    QCOMPARE(f.host.writes(), (Writes{{frequencyName(3), 0, raw(position, -50, -40)},
-                                      {gainName(3), 0, raw((gain + 20) / 40, 100, 1100)}}));
 }
 
 void tst_EqualizerGraphDrag::positionsAreRounded()
@@ -608,57 +390,6 @@ void tst_EqualizerGraphDrag::qualityFollowsThePointer()
     }
 }
 
-void tst_EqualizerGraphDrag::qualityRoundsHalvesAwayFromZero_data()
-{
-    QTest::addColumn<int>("up");
-    QTest::addColumn<int>("change");
-    // A step of two pixels.
-    QTest::newRow("up 1") << 1 << 1;
-    QTest::newRow("down 1") << -1 << -1;
-    QTest::newRow("up 2") << 2 << 1;
-    QTest::newRow("up 3") << 3 << 2;
-    QTest::newRow("down 3") << -3 << -2;
-    QTest::newRow("up 5") << 5 << 3;
-    QTest::newRow("down 5") << -5 << -3;
-    QTest::newRow("still") << 0 << 0;
-}
-
-void tst_EqualizerGraphDrag::qualityRoundsHalvesAwayFromZero()
-{
-    QFETCH(int, up);
-    QFETCH(int, change);
-    DragFixture f(QSize(1280, 362));
-    f.solo(2);
-    f.mouse.press({600, 150}, Qt::ShiftModifier);
-    f.mouse.move({600.0, 150.0 - up}, Qt::ShiftModifier);
-    QCOMPARE(f.host.writes(), (Writes{{qualityName(2), 0, 250 + change}}));
-}
-
-void tst_EqualizerGraphDrag::qualityGoesBeyondTheRange()
-{
-    // Keeping the range is the host's business.
-    DragFixture f(QSize(679, 181));
-    f.solo(2);
-    f.mouse.press({300, 90}, Qt::ShiftModifier);
-    f.mouse.move({300, -310}, Qt::ShiftModifier);
-    QCOMPARE(f.rawQuality(2), 650);
-    f.mouse.move({300, 790}, Qt::ShiftModifier);
-    QCOMPARE(f.rawQuality(2), -450);
-}
-
-void tst_EqualizerGraphDrag::qualityCannotOverflow()
-{
-    DragFixture f(QSize(679, 181));
-    f.solo(2);
-    f.set(qualityName(2), std::numeric_limits<int>::max());
-    f.mouse.press({300, 90}, Qt::ShiftModifier);
-    f.mouse.move({300, 80}, Qt::ShiftModifier);
-    QCOMPARE(f.rawQuality(2), std::numeric_limits<int>::max());
-    f.set(qualityName(2), std::numeric_limits<int>::min());
-    f.mouse.move({300, 95}, Qt::ShiftModifier);
-    QCOMPARE(f.rawQuality(2), std::numeric_limits<int>::min());
-}
-
 void tst_EqualizerGraphDrag::qualityOfADisplayOfNoHeight()
 {
     DragFixture f;
@@ -704,23 +435,6 @@ void tst_EqualizerGraphDrag::modifierChangeOnlyReanchors()
     QCOMPARE(f.host.count(Operation::SetValue), 2);
 }
 
-void tst_EqualizerGraphDrag::modifierReleaseDuringQualityDrag()
-{
-    DragFixture f(QSize(679, 181));
-    f.solo(3);
-    f.mouse.press({300, 90}, Qt::ShiftModifier);
-    f.mouse.move({300, 80}, Qt::ShiftModifier);
-    QCOMPARE(f.rawQuality(3), 260);
-    f.mouse.move({300, 60});
-    f.mouse.move({300, 40}, Qt::ShiftModifier);
-    QCOMPARE(f.rawQuality(3), 260);
-    // Neither of the two moves that changed the mode moved the anchor.
-    f.mouse.move({300, 70}, Qt::ShiftModifier);
-    QCOMPARE(f.rawQuality(3), 270);
-    QCOMPARE(f.frequency(3), 600);
-    QCOMPARE(f.gain(3), 0);
-}
-
 void tst_EqualizerGraphDrag::bandSwitchedOffDuringDrag()
 {
     for (const auto modifier :
@@ -738,151 +452,6 @@ void tst_EqualizerGraphDrag::bandSwitchedOffDuringDrag()
         f.mouse.move(Middle + QPointF(80, 80), modifier);
         QVERIFY(f.host.count(Operation::SetValue) > 0);
     }
-}
-
-void tst_EqualizerGraphDrag::otherButtonsDoNotDrag_data()
-{
-    QTest::addColumn<int>("button");
-    for (const auto button : {Qt::RightButton, Qt::MiddleButton, Qt::BackButton})
-        QTest::addRow("%d", static_cast<int>(button)) << static_cast<int>(button);
-}
-
-void tst_EqualizerGraphDrag::otherButtonsDoNotDrag()
-{
-    QFETCH(int, button);
-    DragFixture f;
-    f.mouse.press(Middle, Qt::NoModifier, static_cast<Qt::MouseButton>(button));
-    QCOMPARE(f.graph->getDragMode(Qt::NoModifier), Graph::DragModeNone);
-    f.mouse.move(Middle + QPointF(20, 20));
-    QCOMPARE(f.host.count(Operation::SetValue), 0);
-}
-
-void tst_EqualizerGraphDrag::otherButtonsDoNotEndADrag()
-{
-    DragFixture f;
-    f.mouse.press(Middle);
-    f.mouse.press(Middle, Qt::NoModifier, Qt::RightButton);
-    f.mouse.release(Middle, Qt::NoModifier, Qt::RightButton);
-    f.mouse.move(Middle + QPointF(20, 20));
-    QCOMPARE(f.host.count(Operation::SetValue), 2);
-}
-
-void tst_EqualizerGraphDrag::releaseEndsTheDrag()
-{
-    DragFixture f;
-    f.mouse.press(Middle);
-    f.mouse.move(Middle + QPointF(20, 20));
-    f.mouse.release(Middle + QPointF(200, 50));
-    // The release itself moves nothing.
-    QCOMPARE(f.host.count(Operation::SetValue), 2);
-    QCOMPARE(f.graph->getDragMode(Qt::NoModifier), Graph::DragModeNone);
-    f.mouse.move(Middle + QPointF(40, 40));
-    QCOMPARE(f.host.count(Operation::SetValue), 2);
-}
-
-void tst_EqualizerGraphDrag::releaseWithoutDrag()
-{
-    DragFixture f;
-    f.mouse.release(Middle);
-    f.mouse.press({5, 5});
-    f.mouse.release(Middle);
-    f.mouse.press(Middle);
-    f.mouse.move(Middle + QPointF(20, 20));
-    QCOMPARE(f.host.count(Operation::SetValue), 2);
-}
-
-void tst_EqualizerGraphDrag::moveWithoutPress()
-{
-    DragFixture f;
-    f.mouse.move(Middle);
-    f.mouse.move(Middle + QPointF(20, 20));
-    QCOMPARE(f.host.count(Operation::SetValue), 0);
-}
-
-void tst_EqualizerGraphDrag::secondPressKeepsTheGrab()
-{
-    DragFixture f;
-    f.setBand(1, 100, 0);
-    f.setBand(4, 1100, 0);
-    f.mouse.press(f.graph->getTargetPoint(targetOf(1)));
-    f.mouse.press(f.graph->getTargetPoint(targetOf(4)));
-    f.mouse.move(Middle);
-    for (const TestHost::Write& write : f.host.writes())
-        QVERIFY(write.name == frequencyName(1) || write.name == gainName(1));
-    QCOMPARE(f.host.count(Operation::SetValue), 2);
-}
-
-void tst_EqualizerGraphDrag::doubleClickGrabs()
-{
-    DragFixture f;
-    f.mouse.press(Middle);
-    f.mouse.release(Middle);
-    f.mouse.doubleClick(Middle);
-    f.mouse.move(Middle + QPointF(20, 20));
-    QCOMPARE(f.host.count(Operation::SetValue), 2);
-}
-
-void tst_EqualizerGraphDrag::disabledWidgetGrabsNothing()
-{
-    DragFixture f;
-    f.graph->setEnabled(false);
-    f.mouse.press(Middle);
-    f.graph->setEnabled(true);
-    QCOMPARE(f.graph->getDragMode(Qt::NoModifier), Graph::DragModeNone);
-    f.mouse.move(Middle + QPointF(20, 20));
-    QCOMPARE(f.host.count(Operation::SetValue), 0);
-}
-
-void tst_EqualizerGraphDrag::disablingEndsTheDrag()
-{
-    DragFixture f;
-    f.setBand(1, 100, 0);
-    f.setBand(4, 1100, 0);
-    f.mouse.press(f.graph->getTargetPoint(targetOf(1)));
-    f.graph->setEnabled(false);
-    QCOMPARE(f.graph->getDragMode(Qt::NoModifier), Graph::DragModeNone);
-    f.mouse.move(Middle);
-    f.mouse.release(Middle);
-    f.graph->setEnabled(true);
-    f.mouse.move(Middle);
-    QCOMPARE(f.host.count(Operation::SetValue), 0);
-
-    // The next press grabs what it hits.
-    f.mouse.press(f.graph->getTargetPoint(targetOf(4)));
-    f.mouse.move(Middle, Qt::NoModifier);
-    QCOMPARE(f.host.writes().at(0).name, frequencyName(4));
-}
-
-void tst_EqualizerGraphDrag::disablingTheEditorEndsTheDrag()
-{
-    DragFixture f;
-    f.mouse.press(Middle);
-    f.editor.setEnabled(false);
-    f.editor.setEnabled(true);
-    f.mouse.move(Middle + QPointF(20, 20));
-    QCOMPARE(f.host.count(Operation::SetValue), 0);
-}
-
-void tst_EqualizerGraphDrag::hidingEndsTheDrag()
-{
-    DragFixture f;
-    f.editor.show();
-    f.mouse.press(Middle);
-    f.editor.hide();
-    f.editor.show();
-    f.mouse.move(Middle + QPointF(20, 20));
-    QCOMPARE(f.host.count(Operation::SetValue), 0);
-}
-
-void tst_EqualizerGraphDrag::noMemoryNoWrites()
-{
-    GraphFixture f;
-    GraphMouse mouse(f.graph);
-    mouse.press(Middle);
-    QCOMPARE(f.graph->getDragMode(Qt::AltModifier), Graph::DragModeFrequency);
-    mouse.move(Middle + QPointF(20, 20));
-    mouse.release(Middle);
-    QCOMPARE(f.host.callCount(), 0);
 }
 
 void tst_EqualizerGraphDrag::detachedDuringDrag()
@@ -923,19 +492,6 @@ void tst_EqualizerGraphDrag::graphWaitsForTheEcho()
     QCOMPARE(f.picture(), before);
 }
 
-void tst_EqualizerGraphDrag::clampingHost()
-{
-    DragFixture f(QSize(679, 181));
-    f.host.setClamping(true);
-    f.solo(2);
-    f.mouse.press({300, 90}, Qt::ShiftModifier);
-    f.mouse.move({300, -310}, Qt::ShiftModifier);
-    QCOMPARE(f.rawQuality(2), 500);
-    // The way beyond the end does not have to be gone back.
-    f.mouse.move({300, -300}, Qt::ShiftModifier);
-    QCOMPARE(f.rawQuality(2), 490);
-}
-
 void tst_EqualizerGraphDrag::detachInsideSetValue()
 {
     for (const auto& name : {frequencyName(2), gainName(2), qualityName(2)})
@@ -968,89 +524,6 @@ void tst_EqualizerGraphDrag::channelChangeInsideSetValue()
     QCOMPARE(f.host.observerCount(gainName(2), 0), 0);
 }
 
-void tst_EqualizerGraphDrag::missingParameterIsNotWritten_data()
-{
-    QTest::addColumn<int>("number");
-    QTest::addColumn<int>("writes");
-    QTest::newRow("quality") << 9 << 4;
-    QTest::newRow("frequency") << 10 << 3;
-    QTest::newRow("gain") << 11 << 3;
-}
-
-void tst_EqualizerGraphDrag::missingParameterIsNotWritten()
-{
-    QFETCH(int, number);
-    QFETCH(int, writes);
-    GraphFixture f;
-    f.host.removeParameter(TestHost::name(number));
-    f.bind();
-    f.graph->setFs(48000);
-    GraphMouse mouse(f.graph);
-    for (int band = 0; band < 6; ++band)
-        f.set(onName(band), band == 2 ? 1 : 0);
-    for (const auto modifier :
-         {Qt::NoModifier, Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier}) {
-        mouse.press(Middle, modifier);
-        mouse.move(Middle + QPointF(9, 9), modifier);
-        mouse.release(Middle, modifier);
-    }
-    QCOMPARE(f.host.count(Operation::SetValue), writes);
-    for (const TestHost::Write& write : f.host.writes())
-        QVERIFY(write.name != TestHost::name(number));
-}
-
-void tst_EqualizerGraphDrag::failedCallsWriteNothing_data()
-{
-    QTest::addColumn<int>("operation");
-    QTest::addColumn<int>("modifiers");
-    QTest::newRow("getRange") << static_cast<int>(Operation::GetRange) << 0;
-    QTest::newRow("getValue") << static_cast<int>(Operation::GetValue)
-                              << static_cast<int>(Qt::ShiftModifier);
-}
-
-void tst_EqualizerGraphDrag::failedCallsWriteNothing()
-{
-    QFETCH(int, operation);
-    QFETCH(int, modifiers);
-    DragFixture f;
-    f.solo(2);
-    f.host.failAll(static_cast<Operation>(operation));
-    f.mouse.press(Middle, Qt::KeyboardModifiers(modifiers));
-    f.mouse.move(Middle + QPointF(20, 20), Qt::KeyboardModifiers(modifiers));
-    QCOMPARE(f.host.count(Operation::SetValue), 0);
-}
-
-void tst_EqualizerGraphDrag::degenerateRange()
-{
-    GraphFixture f;
-    f.host.setRange(frequencyName(2), 7, 7);
-    f.host.setRange(gainName(2), -3, -3);
-    f.bind();
-    f.solo(2);
-    GraphMouse mouse(f.graph);
-    mouse.press(Middle);
-    mouse.move(Middle + QPointF(20, 20));
-    QCOMPARE(f.host.writes(), (Writes{{frequencyName(2), 0, 7}, {gainName(2), 0, -3}}));
-}
-
-void tst_EqualizerGraphDrag::widestRange()
-{
-    constexpr int lowest = std::numeric_limits<int>::min();
-    constexpr int highest = std::numeric_limits<int>::max();
-    GraphFixture f;
-    f.host.setRange(frequencyName(2), lowest, highest);
-    f.host.setRange(gainName(2), lowest, highest);
-    f.bind();
-    f.solo(2);
-    GraphMouse mouse(f.graph);
-    mouse.press(Middle);
-    mouse.move({-3000, -3000});
-    QCOMPARE(f.host.writes(), (Writes{{frequencyName(2), 0, lowest}, {gainName(2), 0, highest}}));
-    mouse.move({5000, 5000});
-    QCOMPARE(f.host.value(frequencyName(2), 0), highest);
-    QCOMPARE(f.host.value(gainName(2), 0), lowest);
-}
-
 void tst_EqualizerGraphDrag::resizeDuringDrag()
 {
     for (const QSize size : {QSize(0, 0), {1, 1}, {58, 192}, {679, 0}, {0, 192}, {2, 1000}}) {
@@ -1064,6 +537,306 @@ void tst_EqualizerGraphDrag::resizeDuringDrag()
             const auto [minimum, maximum] = f.host.range(write.name);
             QVERIFY(write.value >= minimum && write.value <= maximum);
         }
+    }
+}
+
+void tst_EqualizerGraphDrag::tieGoesToTheEarlierBand()
+{
+    for (int first = 0; first < 6; ++first)
+        for (int second = first + 1; second < 6; ++second) {
+            DragFixture f;
+            for (int band = 0; band < 6; ++band) {
+                f.set(onName(band), band == first || band == second ? 1 : 0);
+                f.setBand(band, 600, 0);
+            }
+            QCOMPARE(f.graph->getPointTarget(Middle.toPoint()), targetOf(first));
+            f.set(onName(first), 0);
+            QCOMPARE(f.graph->getPointTarget(Middle.toPoint()), targetOf(second));
+        }
+}
+
+void tst_EqualizerGraphDrag::pressesThatGrabNothing_data()
+{
+    QTest::addColumn<Step>("press");
+    QTest::newRow("none") << Step([](DragFixture&) {});
+    QTest::newRow("released") << Step([](DragFixture& f) { f.mouse.release(Middle); });
+    QTest::newRow("released before") << Step([](DragFixture& f) {
+        f.mouse.press(Middle);
+        f.mouse.release(Middle);
+    });
+    QTest::newRow("all bands off") << Step([](DragFixture& f) {
+        f.solo(-1);
+        f.mouse.press(Middle);
+        f.set(onName(2), 1);
+    });
+    QTest::newRow("outside") << Step([](DragFixture& f) {
+        for (const QPointF at : {QPointF(20, 90), {670, 90}, {350, 5}, {350, 180}, {-5, -5}})
+            f.mouse.press(at);
+    });
+    QTest::newRow("other buttons") << Step([](DragFixture& f) {
+        for (const auto button : {Qt::RightButton, Qt::MiddleButton, Qt::BackButton})
+            f.mouse.press(Middle, Qt::NoModifier, button);
+    });
+    QTest::newRow("disabled") << Step([](DragFixture& f) {
+        f.graph->setEnabled(false);
+        f.mouse.press(Middle);
+        f.graph->setEnabled(true);
+    });
+}
+
+void tst_EqualizerGraphDrag::pressesThatGrabNothing()
+{
+    QFETCH(Step, press);
+    DragFixture f;
+    press(f);
+    for (const auto modifier :
+         {Qt::NoModifier, Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier})
+        QCOMPARE(f.graph->getDragMode(modifier), Graph::DragModeNone);
+    f.mouse.move(Middle);
+    f.mouse.move(Middle + QPointF(50, 20));
+    QCOMPARE(f.host.count(Operation::SetValue), 0);
+
+    // The next press grabs what it hits.
+    f.mouse.press(Middle);
+    f.mouse.move(Middle + QPointF(20, 20));
+    QCOMPARE(f.host.count(Operation::SetValue), 2);
+}
+
+void tst_EqualizerGraphDrag::dragWritesWhatItsModeNames_data()
+{
+    QTest::addColumn<int>("band");
+    QTest::addColumn<int>("type");
+    QTest::addColumn<int>("modifier");
+    QTest::addColumn<bool>("frequency");
+    QTest::addColumn<bool>("gain");
+    const auto add = [](const char* name, int band, int type, int modifier, bool frequency,
+                        bool gain) {
+        QTest::addRow("%s, band %d type %d", name, band, type)
+            << band << type << modifier << frequency << gain;
+    };
+    for (int band = 0; band < 6; ++band) {
+        add("alt", band, 3, Qt::AltModifier, true, false);
+        add("control", band, 3, Qt::ControlModifier, false, true);
+    }
+    for (const int band : {0, 5}) {
+        add("shift", band, 3, Qt::ShiftModifier, false, false);
+        for (const int type : {0, 1, 17}) {
+            add("plain", band, type, Qt::NoModifier, true, false);
+            add("control", band, type, Qt::ControlModifier, false, false);
+        }
+    }
+}
+
+void tst_EqualizerGraphDrag::dragWritesWhatItsModeNames()
+{
+    QFETCH(int, band);
+    QFETCH(int, type);
+    QFETCH(int, modifier);
+    QFETCH(bool, frequency);
+    QFETCH(bool, gain);
+    DragFixture f;
+    f.solo(band);
+    f.setBand(band, 431, 37);
+    if (band == 0 || band == 5)
+        f.set(typeName(band), type);
+    const QPointF handle = f.graph->getTargetPoint(targetOf(band));
+    f.mouse.press({300, 60}, Qt::KeyboardModifiers(modifier));
+    f.mouse.move({340, 73}, Qt::KeyboardModifiers(modifier));
+    Writes expected;
+    if (frequency)
+        expected.push_back({frequencyName(band), 0, rawFrequencyAt(f.plot(), handle.x() + 40)});
+    if (gain)
+        expected.push_back({gainName(band), 0, rawGainAt(f.plot(), handle.y() + 13)});
+    QCOMPARE(f.host.writes(), expected);
+}
+
+void tst_EqualizerGraphDrag::qualityRoundsHalvesAwayFromZero()
+{
+    // A step of two pixels.
+    for (const auto& [up, change] :
+         {std::pair(1, 1), {-1, -1}, {2, 1}, {3, 2}, {-3, -2}, {5, 3}, {-5, -3}, {0, 0}}) {
+        DragFixture f(QSize(1280, 362));
+        f.solo(2);
+        f.mouse.press({600, 150}, Qt::ShiftModifier);
+        f.mouse.move({600.0, 150.0 - up}, Qt::ShiftModifier);
+        QCOMPARE(f.host.writes(), (Writes{{qualityName(2), 0, 250 + change}}));
+    }
+}
+
+void tst_EqualizerGraphDrag::qualityRangeIsTheHosts()
+{
+    DragFixture f(QSize(679, 181));
+    f.solo(2);
+    f.mouse.press({300, 90}, Qt::ShiftModifier);
+    const auto moved = [&](int y) {
+        f.mouse.move({300.0, double(y)}, Qt::ShiftModifier);
+        return f.rawQuality(2);
+    };
+    QCOMPARE(moved(-310), 650);
+    QCOMPARE(moved(790), -450);
+    // Only an int bounds it.
+    f.set(qualityName(2), std::numeric_limits<int>::max());
+    QCOMPARE(moved(780), std::numeric_limits<int>::max());
+    f.set(qualityName(2), std::numeric_limits<int>::min());
+    QCOMPARE(moved(795), std::numeric_limits<int>::min());
+
+    // The way beyond the end does not have to be gone back.
+    f.host.setClamping(true);
+    f.set(qualityName(2), 250);
+    QCOMPARE(moved(95), 500);
+    QCOMPARE(moved(105), 490);
+}
+
+void tst_EqualizerGraphDrag::modifierDuringQualityDrag()
+{
+    DragFixture f(QSize(679, 181));
+    f.solo(3);
+    f.mouse.press({300, 90}, Qt::ShiftModifier);
+    f.mouse.move({300, 80}, Qt::ShiftModifier);
+    QCOMPARE(f.rawQuality(3), 260);
+    // Neither of two moves that change the mode moves the anchor.
+    f.mouse.move({300, 60});
+    f.mouse.move({300, 40}, Qt::ShiftModifier);
+    QCOMPARE(f.rawQuality(3), 260);
+    f.mouse.move({300, 70}, Qt::ShiftModifier);
+    QCOMPARE(f.host.writes(), (Writes{{qualityName(3), 0, 260}, {qualityName(3), 0, 270}}));
+}
+
+void tst_EqualizerGraphDrag::grabOutlives_data()
+{
+    QTest::addColumn<Step>("step");
+    QTest::newRow("other button") << Step([](DragFixture& f) {
+        f.mouse.press(Middle, Qt::NoModifier, Qt::RightButton);
+        f.mouse.release(Middle, Qt::NoModifier, Qt::RightButton);
+    });
+    QTest::newRow("second press") << Step(
+        [](DragFixture& f) { f.mouse.press(f.graph->getTargetPoint(targetOf(4))); });
+    QTest::newRow("double click") << Step([](DragFixture& f) {
+        f.mouse.release(Middle);
+        f.mouse.doubleClick(f.graph->getTargetPoint(targetOf(1)));
+    });
+}
+
+void tst_EqualizerGraphDrag::grabOutlives()
+{
+    QFETCH(Step, step);
+    DragFixture f;
+    f.setBand(1, 100, 0);
+    f.setBand(4, 1100, 0);
+    f.mouse.press(f.graph->getTargetPoint(targetOf(1)));
+    step(f);
+    f.mouse.move(Middle);
+    QCOMPARE(f.host.count(Operation::SetValue), 2);
+    QCOMPARE(f.host.writes()[0].name, frequencyName(1));
+    QCOMPARE(f.host.writes()[1].name, gainName(1));
+}
+
+void tst_EqualizerGraphDrag::grabEnds_data()
+{
+    QTest::addColumn<Step>("step");
+    // The release itself moves nothing.
+    QTest::newRow("released") << Step(
+        [](DragFixture& f) { f.mouse.release(Middle + QPointF(200, 50)); });
+    QTest::newRow("disabled") << Step([](DragFixture& f) {
+        f.graph->setEnabled(false);
+        f.mouse.move(Middle);
+        f.mouse.release(Middle);
+        f.graph->setEnabled(true);
+    });
+    QTest::newRow("editor disabled") << Step([](DragFixture& f) {
+        f.editor.setEnabled(false);
+        f.editor.setEnabled(true);
+    });
+    QTest::newRow("hidden") << Step([](DragFixture& f) {
+        f.editor.hide();
+        f.editor.show();
+    });
+}
+
+void tst_EqualizerGraphDrag::grabEnds()
+{
+    QFETCH(Step, step);
+    DragFixture f;
+    f.setBand(1, 100, 0);
+    f.setBand(4, 1100, 0);
+    f.editor.show();
+    f.mouse.press(f.graph->getTargetPoint(targetOf(1)));
+    step(f);
+    QCOMPARE(f.graph->getDragMode(Qt::NoModifier), Graph::DragModeNone);
+    f.mouse.move(Middle);
+    QCOMPARE(f.host.count(Operation::SetValue), 0);
+
+    // The next press grabs what it hits.
+    f.mouse.press(f.graph->getTargetPoint(targetOf(4)));
+    f.mouse.move(Middle);
+    QCOMPARE(f.host.writes().at(0).name, frequencyName(4));
+}
+
+void tst_EqualizerGraphDrag::whatTheHostDoesNotTellIsNotWritten_data()
+{
+    QTest::addColumn<Step>("arrange");
+    QTest::addColumn<QByteArray>("missing");
+    QTest::addColumn<QByteArrayList>("written");
+    const QByteArray frequency = frequencyName(2);
+    const QByteArray gain = gainName(2);
+    const QByteArray quality = qualityName(2);
+    const auto row = [](const char* tag, Step arrange, const QByteArray& missing,
+                        const QByteArrayList& written) {
+        QTest::newRow(tag) << arrange << missing << written;
+    };
+    const Step nothing = [](DragFixture&) {};
+    row("everything", nothing, {}, {frequency, gain, quality});
+    row("frequency", nothing, frequency, {gain, quality});
+    row("gain", nothing, gain, {frequency, quality});
+    row("quality", nothing, quality, {frequency, gain});
+    row("memory", [](DragFixture& f) { f.graph->setMemAPI(nullptr); }, {}, {});
+    row("ranges", [](DragFixture& f) { f.host.failAll(Operation::GetRange); }, {}, {quality});
+    row("values", [](DragFixture& f) { f.host.failAll(Operation::GetValue); }, {},
+        {frequency, gain});
+}
+
+void tst_EqualizerGraphDrag::whatTheHostDoesNotTellIsNotWritten()
+{
+    QFETCH(Step, arrange);
+    QFETCH(QByteArray, missing);
+    QFETCH(QByteArrayList, written);
+    DragFixture f;
+    f.solo(2);
+    if (!missing.isEmpty())
+        f.host.removeParameter(missing);
+    f.bind();
+    arrange(f);
+    for (const auto modifier : {Qt::NoModifier, Qt::ShiftModifier}) {
+        f.mouse.press(Middle, modifier);
+        f.mouse.move(Middle + QPointF(9, 9), modifier);
+        f.mouse.release(Middle, modifier);
+    }
+    QByteArrayList names;
+    for (const TestHost::Write& write : f.host.writes())
+        names << write.name;
+    QCOMPARE(names, written);
+}
+
+void tst_EqualizerGraphDrag::oddRanges()
+{
+    constexpr int lowest = std::numeric_limits<int>::min();
+    constexpr int highest = std::numeric_limits<int>::max();
+    for (const auto& [frequency, gain] : {std::pair(std::pair(-50, -40), std::pair(100, 1100)),
+                                          {{7, 7}, {-3, -3}},
+                                          {{lowest, highest}, {lowest, highest}}}) {
+        GraphFixture f;
+        f.host.setRange(frequencyName(3), frequency.first, frequency.second);
+        f.host.setRange(gainName(3), gain.first, gain.second);
+        f.bind();
+        f.solo(3);
+        GraphMouse mouse(f.graph);
+        mouse.press(Middle);
+        mouse.move({-3000, -3000});
+        QCOMPARE(f.host.writes(),
+                 (Writes{{frequencyName(3), 0, frequency.first}, {gainName(3), 0, gain.second}}));
+        mouse.move({5000, 5000});
+        QCOMPARE(f.host.value(frequencyName(3), 0), frequency.second);
+        QCOMPARE(f.host.value(gainName(3), 0), gain.first);
     }
 }
 

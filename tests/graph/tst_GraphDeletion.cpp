@@ -1,0 +1,228 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/graph/GraphFocus.h"
+#include "tests/graph/GraphMouse.h"
+#include "tests/support/TestObject.h"
+
+#include <QPointer>
+
+using Graph = ZoltaEqualizerGraph;
+using Action = QAccessibleActionInterface;
+
+namespace {
+
+const QPointF Middle(350, 90);
+
+/// A host with an editor and its graph, either of which may be deleted at any time.
+struct Session
+{
+    Session()
+        : editor(new GraphEditor)
+        , graph(new Graph(editor))
+    {
+        editor->setModelInfo(host.model());
+        editor->resize(GraphFixture::DesignSize);
+        graph->resize(GraphFixture::DesignSize);
+        graph->setMemAPI(host.memory());
+        editor->show();
+        editor->activateWindow();
+        for (const int band : {0, 1, 3, 4, 5})
+            host.set(onName(band), 0, 0);
+    }
+    ~Session() { delete editor; }
+
+    void drag(Qt::KeyboardModifiers modifiers)
+    {
+        GraphMouse mouse(graph);
+        mouse.press(Middle, modifiers);
+        mouse.move(Middle + QPointF(20, 20), modifiers);
+    }
+    void key(Qt::Key key)
+    {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+        QApplication::sendEvent(graph, &event);
+    }
+    QAccessibleInterface* handle()
+    {
+        return QAccessible::queryAccessibleInterface(graph)->child(2);
+    }
+
+    TestHost host;
+    QPointer<GraphEditor> editor;
+    QPointer<Graph> graph;
+};
+
+using Step = void (*)(Session&);
+using Victim = QObject* (*)(Session&);
+
+/// Deletes an object of the session on the first notification of a value.
+class Deleter : public IPrmObserver
+{
+public:
+    Deleter(Session& session, const QByteArray& name, Victim victim)
+        : m_session(session)
+        , m_victim(victim)
+    {
+        session.host.memory()->registerObserver(session.host.id(name), 0, this);
+    }
+    int Update(unsigned short, unsigned short, int, const char*) override
+    {
+        delete m_victim(m_session);
+        return 0;
+    }
+    int UpdateProperty(unsigned short, unsigned short, int, int, int, bool, const char*) override
+    {
+        return 0;
+    }
+
+private:
+    Session& m_session;
+    Victim m_victim;
+};
+
+/// Deletes an object of the session when its n-th announcement is made.
+class AnnouncementDeleter
+{
+public:
+    AnnouncementDeleter(Session& session, Victim victim, int n)
+    {
+        s_session = &session;
+        s_victim = victim;
+        s_left = n;
+        GraphAnnouncements::setAnnouncer(hear);
+    }
+    ~AnnouncementDeleter() { GraphAnnouncements::setAnnouncer(nullptr); }
+    AnnouncementDeleter(const AnnouncementDeleter&) = delete;
+    AnnouncementDeleter& operator=(const AnnouncementDeleter&) = delete;
+
+private:
+    static void hear(QAccessibleEvent*)
+    {
+        if (--s_left == 0)
+            delete s_victim(*s_session);
+    }
+
+    static inline Session* s_session;
+    static inline Victim s_victim;
+    static inline int s_left;
+};
+
+const std::vector<std::pair<const char*, Victim>> Victims = {
+    {"graph", [](Session& s) -> QObject* { return s.graph; }},
+    {"editor", [](Session& s) -> QObject* { return s.editor; }},
+};
+
+} // namespace
+
+Q_DECLARE_METATYPE(Step)
+Q_DECLARE_METATYPE(Victim)
+
+/// Whoever hears of a change may delete the graph or its editor. The environment of this program
+/// lets freed memory be overwritten, so that a graph which is used after its end does not get away
+/// with it.
+class tst_GraphDeletion : public TestObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void insideAWrite_data();
+    void insideAWrite();
+    void insideAnAnnouncement_data();
+    void insideAnAnnouncement();
+};
+
+void tst_GraphDeletion::insideAWrite_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<Step>("write");
+    QTest::addColumn<Victim>("victim");
+    const auto add = [](const char* tag, const QByteArray& name, Step write) {
+        for (const auto& [what, victim] : Victims)
+            QTest::addRow("%s, %s", tag, what) << name << write << victim;
+    };
+    const auto gain = gainName(2);
+    add("drag, frequency", frequencyName(2), [](Session& s) { s.drag(Qt::NoModifier); });
+    add("drag, gain", gain, [](Session& s) { s.drag(Qt::NoModifier); });
+    add("frequency drag", frequencyName(2), [](Session& s) { s.drag(Qt::AltModifier); });
+    add("gain drag", gain, [](Session& s) { s.drag(Qt::ControlModifier); });
+    add("quality drag", qualityName(2), [](Session& s) { s.drag(Qt::ShiftModifier); });
+    add("key", gain, [](Session& s) {
+        s.graph->focusHandle(Graph::EditTargetMiddle2);
+        s.key(Qt::Key_Up);
+    });
+    add("step", gain, [](Session& s) { s.graph->stepHandle(targetOf(2), Graph::Field::Gain, 1); });
+    add("set", gain, [](Session& s) { s.graph->setHandle(targetOf(2), Graph::Field::Gain, 3.0); });
+    add("accessible value", gain,
+        [](Session& s) { s.handle()->valueInterface()->setCurrentValue(3.0); });
+    add("accessible increase", gain,
+        [](Session& s) { s.handle()->actionInterface()->doAction(Action::increaseAction()); });
+    add("accessible decrease", gain,
+        [](Session& s) { s.handle()->actionInterface()->doAction(Action::decreaseAction()); });
+}
+
+void tst_GraphDeletion::insideAWrite()
+{
+    QFETCH(QByteArray, name);
+    QFETCH(Step, write);
+    QFETCH(Victim, victim);
+    Session s;
+    QVERIFY(QTest::qWaitForWindowActive(s.editor));
+    Deleter deleter(s, name, victim);
+    write(s);
+    QVERIFY(!s.graph);
+    // Nothing is written after the end; before a gain that is dragged comes its frequency.
+    QCOMPARE(s.host.writes().back().name, name);
+    QCOMPARE(s.host.observerCount(), 1);
+}
+
+void tst_GraphDeletion::insideAnAnnouncement_data()
+{
+    QTest::addColumn<int>("number");
+    QTest::addColumn<Step>("step");
+    QTest::addColumn<Victim>("victim");
+    const auto add = [](const char* tag, int number, Step step) {
+        for (const auto& [what, victim] : Victims)
+            QTest::addRow("%s, %s", tag, what) << number << step << victim;
+    };
+    add("value", 1, [](Session& s) { s.host.set(gainName(2), 0, 10); });
+    add("own step", 1, [](Session& s) { s.graph->stepHandle(targetOf(2), Graph::Field::Gain, 1); });
+    add("drag", 1, [](Session& s) { s.drag(Qt::NoModifier); });
+    add("switched", 1, [](Session& s) { s.host.set(onName(2), 0, 0); });
+    add("focused handle", 1, [](Session& s) { s.graph->focusHandle(targetOf(2)); });
+    add("accessible focus", 1,
+        [](Session& s) { s.handle()->actionInterface()->doAction(Action::setFocusAction()); });
+    add("handle switched off", 2, [](Session& s) {
+        s.graph->focusHandle(targetOf(2));
+        s.host.set(onName(2), 0, 0);
+    });
+    add("mark given up", 3, [](Session& s) {
+        s.graph->focusHandle(targetOf(2));
+        s.host.set(onName(2), 0, 0);
+    });
+    add("other channel", 2, [](Session& s) {
+        s.graph->focusHandle(targetOf(2));
+        s.host.setSilently(onName(2), 3, 0);
+        s.graph->setCh(3);
+    });
+    add("memory again", 2, [](Session& s) {
+        s.graph->focusHandle(targetOf(2));
+        s.host.setSilently(onName(2), 0, 0);
+        s.graph->setMemAPI(s.host.memory());
+    });
+}
+
+void tst_GraphDeletion::insideAnAnnouncement()
+{
+    QFETCH(int, number);
+    QFETCH(Step, step);
+    QFETCH(Victim, victim);
+    Session s;
+    QVERIFY(QTest::qWaitForWindowActive(s.editor));
+    AnnouncementDeleter deleter(s, victim, number);
+    step(s);
+    QVERIFY(!s.graph);
+    QCOMPARE(s.host.observerCount(), 0);
+}
+
+ZOLTA_TEST_MAIN(tst_GraphDeletion)
+
+#include "tst_GraphDeletion.moc"
