@@ -141,6 +141,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void changeEvent(QEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -184,6 +185,9 @@ private:
     void setCheckedSilently(bool checked);
     void switchTo(bool on);
     void endClick(QMouseEvent* event);
+    /// Releases a button that loses the focus or is disabled, where QAbstractButton would do the
+    /// same and then go on with a button that is gone. Whether it is still there.
+    bool releaseEarly();
     void setInside(bool inside);
 
     SvgImage& loadedOr(Layer preferred, bool applies, Layer otherwise);
@@ -205,6 +209,7 @@ private:
     double m_opacity = 1.0;
     CheckTrigger m_checkTrigger = CheckTrigger(Release | On | Off);
 
+    QMetaObject::Connection m_focusConnection;
     bool m_syncing = false;
     bool m_hovered = false;
     bool m_inside = false;
