@@ -4,7 +4,6 @@
 #include "controls/ButtonAccessible.h"
 #include "controls/ModifierReport.h"
 #include "controls/Placement.h"
-#include "controls/PropertyBounds.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -66,21 +65,6 @@ void PushButtonController::setMemAPIValue(IMemAPI* memAPI, unsigned short parame
         letGo();
     if (alive)
         bind(memAPI, parameter, ch, index);
-}
-
-void PushButtonController::setShadowBlur(double radius)
-{
-    store(m_shadowBlur, atLeast(0.0, radius));
-}
-
-void PushButtonController::setButtonDisableOpacity(double opacity)
-{
-    store(m_buttonDisableOpacity, within(0.0, 1.0, opacity));
-}
-
-void PushButtonController::setOpacity(double opacity)
-{
-    store(m_opacity, within(0.0, 1.0, opacity));
 }
 
 void PushButtonController::setCheckTrigger(CheckTrigger trigger)
@@ -167,7 +151,6 @@ bool PushButtonController::hitButton(const QPoint& position) const
 
 void PushButtonController::nextCheckState()
 {
-    // Written after the toggle, not inside it: QAbstractButton survives no deletion in there.
     if (isCheckable() && maySwitch())
         switchTo(!isChecked());
 }
@@ -306,8 +289,16 @@ bool PushButtonController::maySwitch() const
 void PushButtonController::setCheckedSilently(bool checked)
 {
     const Lifetime::Guard alive(lifetime());
-    m_syncing = true;
+    // Told after the change, not inside it: QAbstractButton survives no deletion in there.
+    const bool wasBlocked = blockSignals(true);
     setChecked(checked);
+    if (!alive)
+        return;
+    blockSignals(wasBlocked);
+    if (isChecked() != checked)
+        return;
+    m_syncing = true;
+    Q_EMIT toggled(checked);
     if (alive)
         m_syncing = false;
 }
@@ -329,6 +320,9 @@ void PushButtonController::endClick(QMouseEvent* event)
         Q_EMIT clicked(isChecked());
     if (alive)
         Q_EMIT released();
+    // An event that is ignored goes on from the button to its parent.
+    if (!alive)
+        event->accept();
 }
 
 void PushButtonController::setInside(bool inside)
