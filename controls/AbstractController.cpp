@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/AbstractController.h"
 
+#include "controls/PropertyBounds.h"
 #include "controls/WideInteger.h"
 #include "interfaces/IMemAPI.h"
 
@@ -19,9 +20,10 @@ bool isChannel(unsigned short ch) { return static_cast<short>(ch) >= 0; }
 
 std::int64_t span(int minimum, int maximum) { return std::int64_t{maximum} - minimum; }
 
-float position(int value, int minimum, int maximum)
+float position(int value, AbstractController::Range range)
 {
-    return static_cast<float>(span(minimum, value)) / static_cast<float>(span(minimum, maximum));
+    return static_cast<float>(span(range.minimum, value)) /
+           static_cast<float>(span(range.minimum, range.maximum));
 }
 
 float unitClamped(float normalized)
@@ -64,23 +66,26 @@ int AbstractController::value() const
 
 void AbstractController::setValue(int value)
 {
-    const int clamped = clampToRange(value, minimumValue(), maximumValue());
+    const auto [minimum, maximum] = range();
+    const int clamped = clampToRange(value, minimum, maximum);
     if (isBound()) {
-        m_memAPI->setValue(m_parameter, m_ch, clamped, m_index, 0, 1);
+        write(clamped);
     } else if (clamped != m_value) {
         m_value = clamped;
         valueChangedRequest();
     }
 }
 
-int AbstractController::minimumValue() const
+AbstractController::Range AbstractController::range() const
 {
     if (!isBound())
-        return m_minimum;
-    int minimum = 0;
-    int maximum = 0;
-    return m_memAPI->getRange(m_parameter, m_ch, &minimum, &maximum) < 0 ? 0 : minimum;
+        return {m_minimum, m_maximum};
+    Range range;
+    return m_memAPI->getRange(m_parameter, m_ch, &range.minimum, &range.maximum) < 0 ? Range()
+                                                                                     : range;
 }
+
+int AbstractController::minimumValue() const { return range().minimum; }
 
 void AbstractController::setMinimumValue(int minimum)
 {
@@ -96,14 +101,7 @@ void AbstractController::setMinimumValue(int minimum)
     valueChangedRequest();
 }
 
-int AbstractController::maximumValue() const
-{
-    if (!isBound())
-        return m_maximum;
-    int minimum = 0;
-    int maximum = 0;
-    return m_memAPI->getRange(m_parameter, m_ch, &minimum, &maximum) < 0 ? 0 : maximum;
-}
+int AbstractController::maximumValue() const { return range().maximum; }
 
 void AbstractController::setMaximumValue(int maximum)
 {
@@ -135,23 +133,24 @@ void AbstractController::setDefaultValue(int value)
 
 float AbstractController::normalized() const
 {
-    return position(value(), minimumValue(), maximumValue());
+    const int now = value();
+    return position(now, range());
 }
 
 float AbstractController::defaultNormalized() const
 {
-    return position(defaultValue(), minimumValue(), maximumValue());
+    const int preset = defaultValue();
+    return position(preset, range());
 }
 
 void AbstractController::setNormalized(float normalized)
 {
     const float unit = unitClamped(normalized);
-    const int minimum = minimumValue();
-    const int maximum = maximumValue();
+    const auto [minimum, maximum] = range();
     const std::int64_t width = span(minimum, maximum);
     if (isBound()) {
         const double offset = double{unit * static_cast<float>(width)} + 0.5;
-        setValue(clampToRange(minimum + truncateToInteger(offset), minimum, maximum));
+        write(clampToRange(minimum + truncateToInteger(offset), minimum, maximum));
         return;
     }
     const auto bin = truncateToInteger(double{unit * static_cast<float>(width + 1)});
@@ -189,9 +188,7 @@ int AbstractController::setString(const QString& string)
         int value = 0;
         const QByteArray text = string.toLocal8Bit();
         const int status = m_memAPI->stringToValue(m_parameter, m_ch, text.constData(), &value);
-        if (status < 0)
-            return status;
-        return m_memAPI->setValue(m_parameter, m_ch, value, m_index, 0, 1);
+        return status < 0 ? status : write(value);
     }
     if (string == m_string)
         return 0;
@@ -199,38 +196,31 @@ int AbstractController::setString(const QString& string)
     bool isNumber = false;
     const int number = string.toInt(&isNumber, 10);
     if (isNumber)
-        m_value = std::min(std::max(number, minimumValue()), maximumValue());
+        m_value = std::min(std::max(number, m_minimum), m_maximum);
     valueChangedRequest();
     return 0;
 }
 
 void AbstractController::editValue(int value)
 {
-    openEdit();
-    setValue(value);
-    closeEdit();
+    withEdit([&] { setValue(value); });
 }
 
 void AbstractController::editNormalized(float normalized)
 {
-    openEdit();
-    setNormalized(normalized);
-    closeEdit();
+    withEdit([&] { setNormalized(normalized); });
 }
 
 int AbstractController::editString(const QString& string)
 {
-    openEdit();
-    const int status = setString(string);
-    closeEdit();
+    int status = 0;
+    withEdit([&] { status = setString(string); });
     return status;
 }
 
 void AbstractController::editToDefault()
 {
-    openEdit();
-    setNormalized(defaultNormalized());
-    closeEdit();
+    withEdit([&] { setNormalized(defaultNormalized()); });
 }
 
 bool AbstractController::isBoundTo(const IMemAPI* memAPI, unsigned short parameter,
@@ -244,7 +234,10 @@ void AbstractController::bind(IMemAPI* memAPI, unsigned short parameter, unsigne
 {
     if (isBoundTo(memAPI, parameter, ch, index))
         return;
+    const Lifetime::Guard alive(m_lifetime);
     closeEdits();
+    if (!alive)
+        return;
     unbind();
     m_memAPI = memAPI;
     m_parameter = parameter;
@@ -252,7 +245,8 @@ void AbstractController::bind(IMemAPI* memAPI, unsigned short parameter, unsigne
     m_index = index;
     if (isBound())
         m_memAPI->registerObserver(m_parameter, m_ch, this);
-    valueChangedRequest();
+    if (alive)
+        valueChangedRequest();
 }
 
 void AbstractController::unbind()
@@ -264,7 +258,7 @@ void AbstractController::unbind()
 
 bool AbstractController::storeScale(double scale)
 {
-    const double clamped = std::max(MinimumScale, scale);
+    const double clamped = atLeast(MinimumScale, scale);
     if (!std::isfinite(clamped) || clamped == m_scale)
         return false;
     m_scale = clamped;
@@ -287,8 +281,14 @@ void AbstractController::closeEdit()
 
 void AbstractController::closeEdits()
 {
-    while (m_openEdits > 0)
+    const Lifetime::Guard alive(m_lifetime);
+    while (alive && m_openEdits > 0)
         closeEdit();
+}
+
+int AbstractController::write(int value)
+{
+    return m_memAPI->setValue(m_parameter, m_ch, value, m_index, 0, 1);
 }
 
 } // namespace CommonController_MemAPI

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "controls/Lifetime.h"
 #include "interfaces/IPrmObserver.h"
 
 #include <QString>
@@ -22,6 +23,10 @@ namespace CommonController_MemAPI {
 /// setScale(), setMemAPIValue(), valueChanged() and its private slot valueChangedRequest(), which
 /// call storeScale() and bind() below. Its destructor ends its gesture and then calls unbind(), so
 /// that the host can no longer notify a control that is half gone.
+///
+/// Whatever is called from here may destroy the control: the host's writes and observers, slots,
+/// overridden virtual functions. Nothing here touches the control after that; a control guards its
+/// own calls with lifetime().
 ///
 /// The order of the virtual functions is a binary contract.
 class AbstractController : public IPrmObserver
@@ -68,11 +73,19 @@ public:
     unsigned short ch() const { return m_ch; }
     unsigned short index() const { return m_index; }
     double scale() const { return m_scale; }
+    Lifetime& lifetime() const { return m_lifetime; }
 
     int value() const;
     /// Brings \a value into the range and stores it. The refresh of a bound control is the host's
     /// notification; an unbound one is refreshed when the value changes.
     void setValue(int value);
+    /// Both limits, for which a bound control asks the host once.
+    struct Range
+    {
+        int minimum = 0;
+        int maximum = 0;
+    };
+    Range range() const;
     int minimumValue() const;
     /// The limits take the other limit, the default and the value along where they pass them.
     /// Ignored as soon as there is a memory, bound or not.
@@ -83,12 +96,12 @@ public:
     /// Brings \a value into the range. Ignored while bound.
     void setDefaultValue(int value);
 
-    /// The position of the value or of the default in the range, 0 to 1. Not a number, or infinite,
+    /// The position of the value or of the default in the range, 0 to 1. NaN or infinite
     /// where the range has one value only.
     float normalized() const;
     float defaultNormalized() const;
-    /// Sets the value at \a normalized, which is brought into 0 to 1 first (not a number counts as
-    /// 0). Bound, the nearest value; unbound, the range is cut into as many equal bins as it has
+    /// Sets the value at \a normalized, which is brought into 0 to 1 first (NaN counts as 0).
+    /// Bound, the nearest value; unbound, the range is cut into as many equal bins as it has
     /// values. The two differ on purpose.
     void setNormalized(float normalized);
     /// Ignored while bound.
@@ -102,7 +115,7 @@ public:
     /// integer, refreshes the control and returns 0; does nothing for the same text.
     int setString(const QString& string);
 
-    /// One whole gesture: beginEdit(), the change, endEdit().
+    /// One whole edit: beginEdit(), the change, endEdit().
     void editValue(int value);
     void editNormalized(float normalized);
     int editString(const QString& string);
@@ -125,8 +138,23 @@ protected:
     void closeEdit();
     void closeEdits();
     bool isEditing() const { return m_openEdits > 0; }
+    /// One whole edit around \a change.
+    template <class Change> void withEdit(Change change)
+    {
+        const Lifetime::Guard alive(m_lifetime);
+        openEdit();
+        if (alive)
+            change();
+        if (alive)
+            closeEdit();
+    }
 
 private:
+    friend class EditGesture;
+
+    int write(int value);
+
+    mutable Lifetime m_lifetime;
     int m_value = 0;
     int m_minimum = 0;
     int m_maximum = 100;

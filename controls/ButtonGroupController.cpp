@@ -8,7 +8,6 @@
 #include <QAbstractButton>
 #include <QChildEvent>
 #include <QMouseEvent>
-#include <QPointer>
 
 #include <algorithm>
 
@@ -54,11 +53,13 @@ void ButtonGroupController::valueChanged()
 
 void ButtonGroupController::valueChangedRequest()
 {
+    const Lifetime::Guard alive(lifetime());
     valueChanged();
     const int now = value();
     if (isVisible())
         announceValue(this, now);
-    Q_EMIT valueChanged(now);
+    if (alive)
+        Q_EMIT valueChanged(now);
 }
 
 void ButtonGroupController::addChild(QObject* pObject)
@@ -88,14 +89,10 @@ void ButtonGroupController::updateChild()
 void ButtonGroupController::updateButton(bool checked)
 {
     const qint64 index = checked ? checkedIndex() : -1;
-    const qint64 minimum = minimumValue();
-    if (index < 0 || index > maximumValue() - minimum || value() == minimum + index)
+    const auto [minimum, maximum] = range();
+    if (index < 0 || index > qint64{maximum} - minimum || value() == minimum + index)
         return;
-    const QPointer<QWidget> self(this);
-    openEdit();
-    setValue(saturateToInt(minimum + index));
-    if (self)
-        closeEdit();
+    editValue(saturateToInt(minimum + index));
 }
 
 void ButtonGroupController::childEvent(QChildEvent* event)
@@ -103,9 +100,9 @@ void ButtonGroupController::childEvent(QChildEvent* event)
     QGroupBox::childEvent(event);
     if (event->added()) {
         m_pending.append(event->child());
-        const QPointer<QWidget> self(this);
+        const Lifetime::Guard alive(lifetime());
         updateMaximum();
-        if (self)
+        if (alive)
             Q_EMIT childAdded(event->child());
     } else if (event->removed()) {
         removeChild(event->child());
@@ -138,9 +135,9 @@ void ButtonGroupController::removeChild(QObject* child)
 
 void ButtonGroupController::registerChildren()
 {
-    const QPointer<QWidget> self(this);
+    const Lifetime::Guard alive(lifetime());
     updateMaximum();
-    if (self && m_pending.isEmpty())
+    if (alive && m_pending.isEmpty())
         valueChangedRequest();
 }
 
@@ -171,13 +168,8 @@ bool ButtonGroupController::isReset(QObject* watched, const QEvent& event) const
 
 void ButtonGroupController::reset(Qt::KeyboardModifiers modifiers)
 {
-    const QPointer<QWidget> self(this);
     const ModifierReport report(*this, modifiers);
-    openEdit();
-    setNormalized(defaultNormalized());
-    if (!self)
-        return;
-    closeEdit();
+    editToDefault();
     if (report.isDue())
         Q_EMIT modifiersChange(this, modifiers);
 }

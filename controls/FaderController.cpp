@@ -3,7 +3,7 @@
 
 #include "controls/ControlAccessible.h"
 #include "controls/LinearDrag.h"
-#include "controls/ModifierReport.h"
+#include "controls/PropertyBounds.h"
 #include "controls/WideInteger.h"
 
 #include <QApplication>
@@ -13,9 +13,7 @@
 #include <QWheelEvent>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <utility>
 
 namespace CommonController_MemAPI {
 
@@ -50,6 +48,7 @@ QPointF pixelCorrection(const QPainter& painter, const QPointF& position)
 
 FaderController::FaderController(QWidget* parent)
     : QWidget(parent)
+    , m_gesture(*this)
     , m_doubleClickTimer(this)
     , m_rampTimer(this)
 {
@@ -80,21 +79,13 @@ void FaderController::setMemAPIValue(IMemAPI* memAPI, unsigned short parameter, 
 {
     if (isBoundTo(memAPI, parameter, ch, index))
         return;
-    endDrag();
-    bind(memAPI, parameter, ch, index);
-}
-
-void FaderController::setOrientation(Qt::Orientation orientation)
-{
-    if (orientation == m_orientation)
-        return;
-    m_orientation = orientation;
-    update();
+    if (endDrag())
+        bind(memAPI, parameter, ch, index);
 }
 
 void FaderController::setShadowBlur(double radius)
 {
-    const double clamped = std::max(0.0, radius);
+    const double clamped = atLeast(0.0, radius);
     if (clamped == m_shadowBlur)
         return;
     m_shadowBlur = clamped;
@@ -104,7 +95,7 @@ void FaderController::setShadowBlur(double radius)
 
 void FaderController::setKnobDisableOpacity(double opacity)
 {
-    const double clamped = std::min(std::max(0.0, opacity), 1.0);
+    const double clamped = within(0.0, 1.0, opacity);
     if (clamped == m_knobDisableOpacity)
         return;
     m_knobDisableOpacity = clamped;
@@ -118,41 +109,37 @@ void FaderController::setShadowSvg(const QString& path) { loadSvg(m_shadow, path
 
 void FaderController::setBackgroundSvg(const QString& path) { loadSvg(m_background, path); }
 
-void FaderController::setReverse(bool on)
-{
-    if (on == m_reverse)
-        return;
-    m_reverse = on;
-    update();
-}
-
 void FaderController::valueChanged() { update(); }
 
 void FaderController::valueChangedRequest()
 {
+    const Lifetime::Guard alive(lifetime());
     valueChanged();
     const int now = value();
     announceValue(this, now);
-    Q_EMIT valueChanged(now);
+    if (alive)
+        Q_EMIT valueChanged(now);
 }
 
 void FaderController::doubleClickTimeout() { m_doubleClickPending = false; }
 
 void FaderController::ramp(bool repeat)
 {
-    if (!m_dragging || m_operationType != Ramp)
+    if (!m_gesture.isDragging() || m_operationType != Ramp)
         return;
+    const Lifetime::Guard alive(lifetime());
     const Qt::KeyboardModifiers modifiers = QGuiApplication::keyboardModifiers();
-    const ModifierReport report(*this, modifiers, ModifierReport::Of::Normalized);
     const float before = normalized();
     const std::int64_t step = LinearDrag::isFine(modifiers) ? 1 : RampStep;
     const std::int64_t now = value();
-    setValue(saturateToInt(std::clamp<std::int64_t>(rampTarget(), now - step, now + step)));
-    if (report.isDue())
-        Q_EMIT modifiersChange(this, modifiers);
+    m_gesture.setValue(
+        saturateToInt(std::clamp<std::int64_t>(rampTarget(), now - step, now + step)), modifiers,
+        ModifierReport::Of::Normalized);
+    if (!alive || !m_gesture.isDragging())
+        return;
     // A range of one value has no position, which is not a change.
     const float after = normalized();
-    if (m_dragging && after != before && !std::isnan(after))
+    if (after != before && !std::isnan(after))
         m_rampTimer.start(repeat ? RampDelay : FirstRampDelay);
 }
 
@@ -162,12 +149,13 @@ void FaderController::mousePressEvent(QMouseEvent* event)
         QWidget::mousePressEvent(event);
         return;
     }
-    endDrag();
+    if (!endDrag())
+        return;
     const QPoint point = event->position().toPoint();
     const Qt::KeyboardModifiers modifiers = event->modifiers();
     const bool onKnob = isOnKnob(point);
     if (modifiers == Qt::ControlModifier && (onKnob || m_operationType == Jump))
-        resetToDefault(modifiers);
+        m_gesture.resetToDefault(modifiers);
     else if (onKnob)
         startDrag(point, modifiers);
     else
@@ -176,10 +164,10 @@ void FaderController::mousePressEvent(QMouseEvent* event)
 
 void FaderController::mouseMoveEvent(QMouseEvent* event)
 {
-    const QPoint point = event->position().toPoint();
-    if (!(event->buttons() & Qt::LeftButton) || !m_dragging || point == m_currentPoint ||
-        !isEnabled())
+    if (!m_gesture.isMove(*event, m_currentPoint))
         return;
+    const Lifetime::Guard alive(lifetime());
+    const QPoint point = event->position().toPoint();
     const bool fine = LinearDrag::isFine(event->modifiers());
     if (fine != m_fine) {
         m_fine = fine;
@@ -188,14 +176,15 @@ void FaderController::mouseMoveEvent(QMouseEvent* event)
     }
     if (m_operationType != Ramp)
         dragTo(point, event->modifiers());
-    m_currentPoint = point;
+    if (alive)
+        m_currentPoint = point;
 }
 
 void FaderController::mouseReleaseEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton)
         QWidget::mouseReleaseEvent(event);
-    else if (m_dragging)
+    else if (m_gesture.isDragging())
         endDrag();
 }
 
@@ -204,7 +193,7 @@ void FaderController::mouseDoubleClickEvent(QMouseEvent* event)
     if (event->button() != Qt::LeftButton || !isEnabled())
         QWidget::mouseDoubleClickEvent(event);
     else if (m_enableDoubleClick && !m_doubleClickPending && isOnKnob(event->position().toPoint()))
-        resetToDefault(event->modifiers());
+        m_gesture.resetToDefault(event->modifiers());
 }
 
 void FaderController::wheelEvent(QWheelEvent* event)
@@ -212,12 +201,12 @@ void FaderController::wheelEvent(QWheelEvent* event)
     event->accept();
     if (!isEnabled())
         return;
+    const Lifetime::Guard alive(lifetime());
     setFocus(Qt::OtherFocusReason);
-    const ModifierReport report(*this, event->modifiers());
+    if (!alive)
+        return;
     const std::int64_t steps = m_wheel.steps(*event, 1);
-    editValue(saturateToInt(value() + (m_reverse ? -steps : steps)));
-    if (report.isDue())
-        Q_EMIT modifiersChange(this, report.modifiers());
+    m_gesture.editBy(m_reverse ? -steps : steps, event->modifiers());
 }
 
 void FaderController::keyPressEvent(QKeyEvent* event)
@@ -228,12 +217,8 @@ void FaderController::keyPressEvent(QKeyEvent* event)
         return;
     }
     event->accept();
-    if (*step == 0)
-        return;
-    const ModifierReport report(*this, event->modifiers());
-    editValue(saturateToInt(std::int64_t{value()} + (m_reverse ? -*step : *step)));
-    if (report.isDue())
-        Q_EMIT modifiersChange(this, report.modifiers());
+    if (*step != 0)
+        m_gesture.editBy(m_reverse ? -*step : *step, event->modifiers());
 }
 
 void FaderController::keyReleaseEvent(QKeyEvent* event)
@@ -249,15 +234,14 @@ void FaderController::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
     if (event->type() != QEvent::EnabledChange)
         return;
-    if (!isEnabled())
-        endDrag();
-    update();
+    if (isEnabled() || endDrag())
+        update();
 }
 
 void FaderController::hideEvent(QHideEvent* event)
 {
-    endDrag();
-    QWidget::hideEvent(event);
+    if (endDrag())
+        QWidget::hideEvent(event);
 }
 
 void FaderController::paintEvent(QPaintEvent*)
@@ -268,7 +252,7 @@ void FaderController::paintEvent(QPaintEvent*)
     m_background.draw(painter, centred(middle, pictureSize(m_background)));
 
     // Along its travel the knob rests on whole pixels, so that it stays sharp while it moves.
-    QRectF knob = knobRect(double{normalized()});
+    QRectF knob = travelLayout().knobRect(double{normalized()});
     const QPointF correction = pixelCorrection(painter, knob.topLeft());
     knob.translate(isVertical() ? QPointF(0.0, correction.y()) : QPointF(correction.x(), 0.0));
     m_shadow.drawBlurred(painter, centred(knob.center(), pictureSize(m_shadow)),
@@ -293,11 +277,12 @@ void FaderController::pressBesideKnob(QPoint point, Qt::KeyboardModifiers modifi
 
 void FaderController::jumpTo(QPoint point, Qt::KeyboardModifiers modifiers)
 {
-    openEdit();
-    const ModifierReport report(*this, modifiers, ModifierReport::Of::Normalized);
-    setNormalized(static_cast<float>(positionAt(point)));
-    if (report.isDue())
-        Q_EMIT modifiersChange(this, modifiers);
+    const Lifetime::Guard alive(lifetime());
+    if (!m_gesture.open())
+        return;
+    m_gesture.setNormalized(static_cast<float>(positionAt(point)), modifiers);
+    if (!alive)
+        return;
     if (m_enableDoubleClick) {
         m_doubleClickPending = true;
         m_doubleClickTimer.start(QApplication::doubleClickInterval());
@@ -309,45 +294,32 @@ void FaderController::jumpTo(QPoint point, Qt::KeyboardModifiers modifiers)
 
 void FaderController::startDrag(QPoint point, Qt::KeyboardModifiers modifiers)
 {
-    if (!isEditing())
-        openEdit();
-    m_dragging = true;
+    const Lifetime::Guard alive(lifetime());
+    if (!isEditing() && !m_gesture.open())
+        return;
     m_fine = LinearDrag::isFine(modifiers);
     m_startNormalized = normalized();
     m_pressPoint = m_currentPoint = point;
-    Q_EMIT drag(true);
-    if (m_operationType == Ramp)
+    m_gesture.start();
+    if (alive && m_operationType == Ramp)
         ramp(false);
 }
 
 void FaderController::dragTo(QPoint point, Qt::KeyboardModifiers modifiers)
 {
-    if (travel() <= 0.0)
+    const FaderGeometry shape = travelLayout();
+    if (shape.travel() <= 0.0)
         return;
-    const QPointF moved = QPointF(point) - m_pressPoint;
-    const double distance = isVertical() ? -moved.y() : moved.x();
-    const double change = distance / travel() / (m_fine ? LinearDrag::FineDivisor : 1.0);
-    const ModifierReport report(*this, modifiers, ModifierReport::Of::Normalized);
-    setNormalized(static_cast<float>(double{m_startNormalized} + (m_reverse ? -change : change)));
-    if (report.isDue())
-        Q_EMIT modifiersChange(this, modifiers);
+    const double change = shape.change(QPointF(point) - m_pressPoint);
+    const double divisor = m_fine ? LinearDrag::FineDivisor : 1.0;
+    m_gesture.setNormalized(static_cast<float>(double{m_startNormalized} + change / divisor),
+                            modifiers);
 }
 
-void FaderController::endDrag()
+bool FaderController::endDrag()
 {
-    const bool wasDragging = std::exchange(m_dragging, false);
     m_rampTimer.stop();
-    closeEdits();
-    if (wasDragging)
-        Q_EMIT drag(false);
-}
-
-void FaderController::resetToDefault(Qt::KeyboardModifiers modifiers)
-{
-    const ModifierReport report(*this, modifiers);
-    editToDefault();
-    if (report.isDue())
-        Q_EMIT modifiersChange(this, modifiers);
+    return m_gesture.end();
 }
 
 void FaderController::loadSvg(SvgImage& image, const QString& path)
@@ -361,44 +333,28 @@ QSizeF FaderController::pictureSize(const SvgImage& image) const
     return QSizeF(image.defaultSize()) * scale();
 }
 
-double FaderController::travel() const
+FaderGeometry FaderController::travelLayout() const
 {
-    const QSizeF knob = pictureSize(m_knob);
-    return isVertical() ? height() - knob.height() : width() - knob.width();
-}
-
-QRectF FaderController::knobRect(double normalized) const
-{
-    const QSizeF size = pictureSize(m_knob);
-    const double position = normalized >= 0.0 ? std::min(normalized, 1.0) : 0.0;
-    const double n = m_reverse ? 1.0 - position : position;
-    const QPointF corner = isVertical()
-                               ? QPointF(0.5 * (width() - size.width()), (1.0 - n) * travel())
-                               : QPointF(n * travel(), 0.5 * (height() - size.height()));
-    return {corner, size};
+    return {size(), pictureSize(m_knob), m_orientation == Qt::Vertical, m_reverse};
 }
 
 bool FaderController::isOnKnob(QPoint point) const
 {
-    const QRectF knob = knobRect(double{normalized()});
+    const QRectF knob = travelLayout().knobRect(double{normalized()});
     return !knob.isEmpty() && knob.contains(point);
 }
 
 double FaderController::positionAt(QPoint point) const
 {
-    if (travel() <= 0.0)
-        return double{normalized()};
-    const QSizeF knob = pictureSize(m_knob);
-    const double n = isVertical() ? 1.0 - (point.y() - 0.5 * knob.height()) / travel()
-                                  : (point.x() - 0.5 * knob.width()) / travel();
-    return m_reverse ? 1.0 - n : n;
+    const FaderGeometry shape = travelLayout();
+    return shape.travel() > 0.0 ? shape.positionAt(point) : double{normalized()};
 }
 
 int FaderController::rampTarget() const
 {
-    const int minimum = minimumValue();
-    const double range = double(maximumValue()) - minimum;
-    return saturateToInt(minimum + truncateToInteger(positionAt(m_currentPoint) * range + 0.5));
+    const auto [minimum, maximum] = range();
+    const double offset = positionAt(m_currentPoint) * (double(maximum) - minimum) + 0.5;
+    return saturateToInt(minimum + truncateToInteger(offset));
 }
 
 std::optional<int> FaderController::keyStep(int key) const

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "controls/AbstractController.h"
+#include "controls/EditGesture.h"
+#include "controls/FaderGeometry.h"
 #include "controls/WheelAccumulator.h"
 #include "widgets/SvgImage.h"
 
@@ -55,7 +57,7 @@ public:
 
     /// The direction of travel.
     Qt::Orientation orientation() const { return m_orientation; }
-    void setOrientation(Qt::Orientation orientation);
+    void setOrientation(Qt::Orientation orientation) { store(m_orientation, orientation); }
     /// The radius that the shadow is blurred with, in pixels, times the scale.
     double shadowBlur() const { return m_shadowBlur; }
     void setShadowBlur(double radius);
@@ -73,7 +75,7 @@ public:
     void setEnableDoubleClick(bool on) { m_enableDoubleClick = on; }
     /// Whether the minimum is at the top or at the right, not at the bottom or at the left.
     bool reverse() const { return m_reverse; }
-    void setReverse(bool on);
+    void setReverse(bool on) { store(m_reverse, on); }
     OperationType operationType() const { return m_operationType; }
     void setOperationType(OperationType type) { m_operationType = type; }
 
@@ -110,21 +112,27 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    template <class Value> void store(Value& member, Value value)
+    {
+        if (value == member)
+            return;
+        member = value;
+        update();
+    }
     void pressBesideKnob(QPoint point, Qt::KeyboardModifiers modifiers);
     void jumpTo(QPoint point, Qt::KeyboardModifiers modifiers);
     void startDrag(QPoint point, Qt::KeyboardModifiers modifiers);
     void dragTo(QPoint point, Qt::KeyboardModifiers modifiers);
-    void endDrag();
-    void resetToDefault(Qt::KeyboardModifiers modifiers);
+    /// Whether the fader is still there.
+    bool endDrag();
     void loadSvg(SvgImage& image, const QString& path);
 
     bool isVertical() const { return m_orientation == Qt::Vertical; }
     QSizeF pictureSize(const SvgImage& image) const;
-    /// How far the knob can travel, in pixels; not positive if it cannot.
-    double travel() const;
-    QRectF knobRect(double normalized) const;
+    FaderGeometry travelLayout() const;
     bool isOnKnob(QPoint point) const;
-    /// The position in the range that puts the knob's middle at \a point; may lie outside 0 to 1.
+    /// The position that puts the knob's middle at \a point, or the present one if it cannot
+    /// travel.
     double positionAt(QPoint point) const;
     int rampTarget() const;
     /// The change that a key asks for, 0 for the arrows of the other axis.
@@ -141,7 +149,7 @@ private:
     bool m_reverse = false;
     OperationType m_operationType = Touch;
 
-    bool m_dragging = false;
+    EditGesture m_gesture;
     bool m_fine = false;
     float m_startNormalized = 0.0f;
     QPoint m_pressPoint;

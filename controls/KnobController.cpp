@@ -2,7 +2,7 @@
 #include "controls/KnobController.h"
 
 #include "controls/ControlAccessible.h"
-#include "controls/ModifierReport.h"
+#include "controls/PropertyBounds.h"
 #include "controls/WideInteger.h"
 
 #include <QKeyEvent>
@@ -13,20 +13,10 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <utility>
 
 namespace CommonController_MemAPI {
 
 namespace {
-
-// Degrees to radians to this precision, on purpose; so are the turns.
-constexpr double Radian = 0.017453292519888888;
-constexpr double FullTurn = 6.28318530716;
-constexpr double HalfTurn = 3.14159265358;
-
-double atLeastZero(double value) { return std::max(0.0, value); }
-
-double clampTo(double maximum, double value) { return std::min(atLeastZero(value), maximum); }
 
 QAccessibleInterface* makeAccessible(QWidget* control)
 {
@@ -37,6 +27,7 @@ QAccessibleInterface* makeAccessible(QWidget* control)
 
 KnobController::KnobController(QWidget* parent)
     : QWidget(parent)
+    , m_gesture(*this)
 {
     setFocusPolicy(Qt::ClickFocus);
     for (SvgImage* image : {&m_knob, &m_shadow, &m_background})
@@ -46,7 +37,7 @@ KnobController::KnobController(QWidget* parent)
 
 KnobController::~KnobController()
 {
-    endDrag();
+    m_gesture.end();
     unbind();
 }
 
@@ -61,18 +52,18 @@ void KnobController::setMemAPIValue(IMemAPI* memAPI, unsigned short parameter, u
 {
     if (isBoundTo(memAPI, parameter, ch, index))
         return;
-    endDrag();
-    bind(memAPI, parameter, ch, index);
+    if (m_gesture.end())
+        bind(memAPI, parameter, ch, index);
 }
 
 void KnobController::setStartAngle(double degrees)
 {
-    setLength(m_startAngle, std::min(degrees, 360.0));
+    setLength(m_geometry.startAngle, within(0.0, 360.0, degrees));
 }
 
 void KnobController::setSpanAngle(double degrees)
 {
-    setLength(m_spanAngle, std::min(degrees, 360.0));
+    setLength(m_geometry.spanAngle, within(0.0, 360.0, degrees));
 }
 
 void KnobController::setInside(double length)
@@ -83,7 +74,7 @@ void KnobController::setInside(double length)
 
 void KnobController::setOutside(double length)
 {
-    m_inside = std::min(m_inside, atLeastZero(length));
+    m_inside = std::min(m_inside, atLeast(0.0, length));
     setLength(m_outside, length);
 }
 
@@ -91,7 +82,7 @@ void KnobController::setThick(double width) { setLength(m_thick, width); }
 
 void KnobController::setShadowBlur(double radius)
 {
-    const double clamped = atLeastZero(radius);
+    const double clamped = atLeast(0.0, radius);
     if (clamped == m_shadowBlur)
         return;
     m_shadowBlur = clamped;
@@ -101,7 +92,7 @@ void KnobController::setShadowBlur(double radius)
 
 void KnobController::setKnobDisableOpacity(double opacity)
 {
-    const double clamped = clampTo(1.0, opacity);
+    const double clamped = within(0.0, 1.0, opacity);
     if (clamped == m_knobDisableOpacity)
         return;
     m_knobDisableOpacity = clamped;
@@ -131,10 +122,12 @@ void KnobController::valueChanged() { update(); }
 
 void KnobController::valueChangedRequest()
 {
+    const Lifetime::Guard alive(lifetime());
     valueChanged();
     const int now = value();
     announceValue(this, now);
-    Q_EMIT valueChanged(now);
+    if (alive)
+        Q_EMIT valueChanged(now);
 }
 
 void KnobController::mousePressEvent(QMouseEvent* event)
@@ -144,33 +137,36 @@ void KnobController::mousePressEvent(QMouseEvent* event)
         return;
     }
     if (event->modifiers() == Qt::ControlModifier)
-        resetToDefault(event->modifiers());
+        m_gesture.resetToDefault(event->modifiers());
     else
         startDrag(event->position().toPoint(), event->modifiers());
 }
 
 void KnobController::mouseMoveEvent(QMouseEvent* event)
 {
-    const QPoint point = event->position().toPoint();
-    if (!(event->buttons() & Qt::LeftButton) || !m_dragging || point == m_drag.lastPoint() ||
-        !isEnabled())
+    if (!m_gesture.isMove(*event, m_drag.lastPoint()))
         return;
+    const Lifetime::Guard alive(lifetime());
+    const QPoint point = event->position().toPoint();
     const Qt::KeyboardModifiers modifiers = event->modifiers();
     if (m_drag.isFine() != LinearDrag::isFine(modifiers))
         changeFineness(point, modifiers);
+    if (!alive || !m_gesture.isDragging())
+        return;
     if (m_operationType == Linear)
         slideTo(point, modifiers);
     else
         turnTo(point, modifiers);
-    m_drag.setLastPoint(point);
+    if (alive)
+        m_drag.setLastPoint(point);
 }
 
 void KnobController::mouseReleaseEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton)
         QWidget::mouseReleaseEvent(event);
-    else if (m_dragging)
-        endDrag();
+    else if (m_gesture.isDragging())
+        m_gesture.end();
 }
 
 void KnobController::mouseDoubleClickEvent(QMouseEvent* event)
@@ -178,7 +174,7 @@ void KnobController::mouseDoubleClickEvent(QMouseEvent* event)
     if (event->button() != Qt::LeftButton || !isEnabled())
         QWidget::mouseDoubleClickEvent(event);
     else if (event->modifiers() & Qt::ControlModifier)
-        resetToDefault(event->modifiers());
+        m_gesture.resetToDefault(event->modifiers());
 }
 
 void KnobController::wheelEvent(QWheelEvent* event)
@@ -186,12 +182,10 @@ void KnobController::wheelEvent(QWheelEvent* event)
     event->accept();
     if (!isEnabled())
         return;
+    const Lifetime::Guard alive(lifetime());
     setFocus(Qt::OtherFocusReason);
-    const ModifierReport report(*this, event->modifiers());
-    const std::int64_t steps = m_wheel.steps(*event, m_valueChangeStep);
-    editValue(saturateToInt(value() + steps));
-    if (report.isDue())
-        Q_EMIT modifiersChange(this, report.modifiers());
+    if (alive)
+        m_gesture.editBy(m_wheel.steps(*event, m_valueChangeStep), event->modifiers());
 }
 
 void KnobController::keyPressEvent(QKeyEvent* event)
@@ -201,11 +195,8 @@ void KnobController::keyPressEvent(QKeyEvent* event)
         QWidget::keyPressEvent(event);
         return;
     }
-    const ModifierReport report(*this, event->modifiers());
-    editValue(*target);
     event->accept();
-    if (report.isDue())
-        Q_EMIT modifiersChange(this, report.modifiers());
+    m_gesture.edit(*target, event->modifiers());
 }
 
 void KnobController::keyReleaseEvent(QKeyEvent* event)
@@ -223,15 +214,14 @@ void KnobController::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
     if (event->type() != QEvent::EnabledChange)
         return;
-    if (!isEnabled())
-        endDrag();
-    update();
+    if (isEnabled() || m_gesture.end())
+        update();
 }
 
 void KnobController::hideEvent(QHideEvent* event)
 {
-    endDrag();
-    QWidget::hideEvent(event);
+    if (m_gesture.end())
+        QWidget::hideEvent(event);
 }
 
 void KnobController::paintEvent(QPaintEvent*)
@@ -245,37 +235,33 @@ void KnobController::paintEvent(QPaintEvent*)
     if (m_knobType != LineIndex)
         return;
     painter.setPen(indexPen());
-    painter.drawLine(indexLine(position));
+    painter.drawLine(
+        m_geometry.indexLine(position, size(), m_inside * scale(), m_outside * scale()));
 }
 
 void KnobController::startDrag(QPoint point, Qt::KeyboardModifiers modifiers)
 {
-    endDrag();
-    openEdit();
+    const Lifetime::Guard alive(lifetime());
+    if (!m_gesture.open())
+        return;
     if (isPointing(modifiers))
         pointTo(point);
     // Whoever was told of the new value may have ended the gesture already.
-    if (!isEditing())
+    if (!alive || !isEditing())
         return;
-    m_dragging = true;
     m_drag.begin(point, value(), LinearDrag::isFine(modifiers));
     m_startNormalized = normalized();
     m_turned = 0.0;
-    Q_EMIT drag(true);
-}
-
-void KnobController::endDrag()
-{
-    const bool wasDragging = std::exchange(m_dragging, false);
-    closeEdits();
-    if (wasDragging)
-        Q_EMIT drag(false);
+    m_gesture.start();
 }
 
 void KnobController::changeFineness(QPoint point, Qt::KeyboardModifiers modifiers)
 {
+    const Lifetime::Guard alive(lifetime());
     if (isPointing(modifiers))
         pointTo(point);
+    if (!alive)
+        return;
     m_drag.reanchor(value(), LinearDrag::isFine(modifiers));
     m_startNormalized = normalized();
     m_turned = 0.0;
@@ -283,39 +269,22 @@ void KnobController::changeFineness(QPoint point, Qt::KeyboardModifiers modifier
 
 void KnobController::turnTo(QPoint point, Qt::KeyboardModifiers modifiers)
 {
-    m_turned += angleBetween(m_drag.lastPoint(), point);
+    m_turned += KnobGeometry::turn(m_drag.lastPoint(), point, size());
     const double divisor = m_drag.isFine() ? LinearDrag::FineDivisor : 1.0;
-    const ModifierReport report(*this, modifiers, ModifierReport::Of::Normalized);
-    setNormalized(
-        static_cast<float>(double{m_startNormalized} + m_turned / spanRadians() / divisor));
-    if (report.isDue())
-        Q_EMIT modifiersChange(this, report.modifiers());
+    const double target = double{m_startNormalized} + m_turned / m_geometry.span() / divisor;
+    m_gesture.setNormalized(static_cast<float>(target), modifiers);
 }
 
 void KnobController::slideTo(QPoint point, Qt::KeyboardModifiers modifiers)
 {
-    const ModifierReport report(*this, modifiers);
-    setValue(m_drag.valueAt(point, minimumValue(), maximumValue(), scale(), m_valueChangeStep));
-    if (report.isDue())
-        Q_EMIT modifiersChange(this, report.modifiers());
+    const auto [minimum, maximum] = range();
+    const int target = m_drag.valueAt(point, minimum, maximum, scale(), m_valueChangeStep);
+    m_gesture.setValue(target, modifiers);
 }
 
 void KnobController::pointTo(QPoint point)
 {
-    const double gap = (360.0 - m_spanAngle) * 0.5 * Radian;
-    const double base = (m_startAngle - 90.0) * Radian - gap;
-    double angle = screenAngle(point) - base;
-    while (angle < 0.0)
-        angle += FullTurn;
-    setNormalized(static_cast<float>((angle - gap) / spanRadians()));
-}
-
-void KnobController::resetToDefault(Qt::KeyboardModifiers modifiers)
-{
-    const ModifierReport report(*this, modifiers);
-    editToDefault();
-    if (report.isDue())
-        Q_EMIT modifiersChange(this, report.modifiers());
+    setNormalized(static_cast<float>(m_geometry.positionAt(point, size())));
 }
 
 void KnobController::loadSvg(SvgImage& image, const QString& path)
@@ -328,7 +297,7 @@ void KnobController::loadSvg(SvgImage& image, const QString& path)
 
 void KnobController::setLength(double& length, double value)
 {
-    const double clamped = atLeastZero(value);
+    const double clamped = atLeast(0.0, value);
     if (clamped == length)
         return;
     length = clamped;
@@ -364,21 +333,6 @@ std::optional<int> KnobController::keyTarget(int key) const
     }
 }
 
-double KnobController::spanRadians() const { return m_spanAngle * Radian; }
-
-double KnobController::screenAngle(QPoint point) const
-{
-    return std::atan2(point.y() - height() / 2, point.x() - width() / 2);
-}
-
-double KnobController::angleBetween(QPoint from, QPoint to) const
-{
-    const double angle = screenAngle(to) - screenAngle(from);
-    if (angle > HalfTurn)
-        return angle - FullTurn;
-    return angle < -HalfTurn ? angle + FullTurn : angle;
-}
-
 double KnobController::shownPosition() const
 {
     const double position = double{normalized()};
@@ -389,14 +343,6 @@ QRectF KnobController::pictureRect(const SvgImage& image) const
 {
     const QSizeF size = QSizeF(image.defaultSize()) * scale();
     return {QPointF(width() - size.width(), height() - size.height()) * 0.5, size};
-}
-
-QLineF KnobController::indexLine(double position) const
-{
-    const double angle = (m_spanAngle * position + (m_startAngle - 90.0)) * Radian;
-    const QPointF centre(width() * 0.5, height() * 0.5);
-    const QPointF direction(std::cos(angle), std::sin(angle));
-    return {centre + direction * (m_inside * scale()), centre + direction * (m_outside * scale())};
 }
 
 QPen KnobController::indexPen() const
@@ -411,8 +357,8 @@ void KnobController::paintKnob(QPainter& painter, double position)
 {
     const double opacity = isEnabled() ? 1.0 : m_knobDisableOpacity;
     if (m_knobType == RotateKnob)
-        m_knob.drawTurned(painter, pictureRect(m_knob), m_startAngle + m_spanAngle * position,
-                          opacity, rect());
+        m_knob.drawTurned(painter, pictureRect(m_knob),
+                          m_geometry.startAngle + m_geometry.spanAngle * position, opacity, rect());
     else if (opacity < 1.0)
         m_knob.drawTranslucent(painter, pictureRect(m_knob), opacity, rect());
     else

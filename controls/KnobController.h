@@ -2,11 +2,12 @@
 #pragma once
 
 #include "controls/AbstractController.h"
+#include "controls/EditGesture.h"
+#include "controls/KnobGeometry.h"
 #include "controls/LinearDrag.h"
 #include "controls/WheelAccumulator.h"
 #include "widgets/SvgImage.h"
 
-#include <QLineF>
 #include <QPen>
 #include <QWidget>
 
@@ -61,10 +62,10 @@ public:
                         unsigned short index) override;
 
     /// Where the minimum is, 0 to 360.
-    double startAngle() const { return m_startAngle; }
+    double startAngle() const { return m_geometry.startAngle; }
     void setStartAngle(double degrees);
     /// From the minimum to the maximum, 0 to 360.
-    double spanAngle() const { return m_spanAngle; }
+    double spanAngle() const { return m_geometry.spanAngle; }
     void setSpanAngle(double degrees);
     /// The ends of the index line, from the centre; each takes the other along where it passes it.
     double inside() const { return m_inside; }
@@ -121,23 +122,17 @@ protected:
 
 private:
     void startDrag(QPoint point, Qt::KeyboardModifiers modifiers);
-    void endDrag();
     void changeFineness(QPoint point, Qt::KeyboardModifiers modifiers);
     void turnTo(QPoint point, Qt::KeyboardModifiers modifiers);
     void slideTo(QPoint point, Qt::KeyboardModifiers modifiers);
     void pointTo(QPoint point);
-    void resetToDefault(Qt::KeyboardModifiers modifiers);
     void loadSvg(SvgImage& image, const QString& path);
     void setLength(double& length, double value);
 
     bool isPointing(Qt::KeyboardModifiers modifiers) const;
     std::optional<int> keyTarget(int key) const;
-    double spanRadians() const;
-    double screenAngle(QPoint point) const;
-    double angleBetween(QPoint from, QPoint to) const;
     double shownPosition() const;
     QRectF pictureRect(const SvgImage& image) const;
-    QLineF indexLine(double position) const;
     QPen indexPen() const;
     void paintKnob(QPainter& painter, double position);
 
@@ -145,8 +140,7 @@ private:
     SvgImage m_shadow;
     SvgImage m_background;
 
-    double m_startAngle = 210.0;
-    double m_spanAngle = 300.0;
+    KnobGeometry m_geometry;
     double m_inside = 4.0;
     double m_outside = 14.0;
     double m_thick = 2.0;
@@ -156,11 +150,11 @@ private:
     OperationType m_operationType = Circular;
     int m_valueChangeStep = 1;
 
+    EditGesture m_gesture;
     LinearDrag m_drag;
     WheelAccumulator m_wheel;
     float m_startNormalized = 0.0f;
     double m_turned = 0.0; ///< radians since m_startNormalized
-    bool m_dragging = false;
 };
 
 } // namespace CommonController_MemAPI

@@ -10,6 +10,7 @@ namespace CommonController_MemAPI {
 ModifierReport::ModifierReport(const AbstractController& controller,
                                Qt::KeyboardModifiers modifiers, Of of)
     : m_controller(controller)
+    , m_alive(controller.lifetime())
     , m_modifiers(modifiers)
     , m_of(of)
     , m_before(read())
@@ -17,7 +18,7 @@ ModifierReport::ModifierReport(const AbstractController& controller,
 
 bool ModifierReport::isDue() const
 {
-    if (!m_modifiers)
+    if (!m_alive || !m_modifiers)
         return false;
     const double now = read();
     const bool bothUndefined = std::isnan(now) && std::isnan(m_before);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "controls/Lifetime.h"
+
 #include <Qt>
 
 namespace CommonController_MemAPI {
@@ -8,7 +10,8 @@ namespace CommonController_MemAPI {
 class AbstractController;
 
 /// Decides whether a control reports the keyboard modifiers of a user's change: made before the
-/// change, asked after it. Due when modifiers were held and the change had an effect.
+/// change, asked after it. Due when modifiers were held and the change had an effect, and never
+/// once the change destroyed the control.
 ///
 ///     const ModifierReport report(*this, event->modifiers());
 ///     editValue(value() + 1);
@@ -30,6 +33,7 @@ private:
     double read() const;
 
     const AbstractController& m_controller;
+    Lifetime::Guard m_alive;
     Qt::KeyboardModifiers m_modifiers;
     Of m_of;
     double m_before;

@@ -1,18 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/PushButtonController.h"
 
-#include "controls/ControlAccessible.h"
+#include "controls/ButtonAccessible.h"
 #include "controls/ModifierReport.h"
+#include "controls/Placement.h"
 
 #include <QApplication>
 #include <QEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPointer>
 #include <QStyle>
-
-#include <algorithm>
-#include <cmath>
 
 namespace CommonController_MemAPI {
 
@@ -23,83 +20,14 @@ constexpr PushButtonController::CheckTrigger Edges = {PushButtonController::Pres
 constexpr PushButtonController::CheckTrigger Directions = {PushButtonController::On |
                                                            PushButtonController::Off};
 
-double scaledMargin(int margin, double scale) { return std::trunc(margin * scale + 0.5); }
-
-/// How much of the \a space around an image lies before it.
-double aligned(Qt::Alignment alignment, Qt::AlignmentFlag center, Qt::AlignmentFlag far,
-               double space)
-{
-    if (alignment.testFlag(center))
-        return space * 0.5;
-    return alignment.testFlag(far) ? space : 0.0;
-}
-
-class PushButtonAccessible final : public ControlAccessible
-{
-public:
-    explicit PushButtonAccessible(PushButtonController* button)
-        : ControlAccessible(button, button, QAccessible::Button)
-        , m_button(button)
-    {}
-
-    QAccessible::Role role() const override
-    {
-        return m_button->isCheckable() ? QAccessible::CheckBox : QAccessible::Button;
-    }
-
-    QAccessible::State state() const override
-    {
-        QAccessible::State state = ControlAccessible::state();
-        state.checkable = m_button->isCheckable();
-        state.checked = m_button->isChecked();
-        state.pressed = m_button->isDown();
-        return state;
-    }
-
-    QString text(QAccessible::Text text) const override
-    {
-        const bool isShown = m_button->accessibleName().isEmpty() && !m_button->text().isEmpty();
-        return text == QAccessible::Name && isShown ? m_button->text()
-                                                    : ControlAccessible::text(text);
-    }
-
-    /// Only a switch keeps a value; a momentary button would be left held.
-    void setCurrentValue(const QVariant& value) override
-    {
-        if (m_button->isCheckable())
-            ControlAccessible::setCurrentValue(value);
-    }
-
-    QStringList actionNames() const override
-    {
-        QStringList names = QAccessibleWidget::actionNames();
-        if (isOperable() && m_button->isCheckable())
-            names << toggleAction();
-        if (isOperable())
-            names << pressAction();
-        return names;
-    }
-
-    void doAction(const QString& actionName) override
-    {
-        const bool isToggle = actionName == toggleAction() && m_button->isCheckable();
-        if (isToggle || actionName == pressAction())
-            m_button->click();
-        else
-            QAccessibleWidget::doAction(actionName);
-    }
-
-private:
-    PushButtonController* m_button;
-};
-
 } // namespace
 
 PushButtonController::PushButtonController(QWidget* parent)
     : QPushButton(parent)
 {
     registerAccessible(staticMetaObject, [](QWidget* button) -> QAccessibleInterface* {
-        return new PushButtonAccessible(static_cast<PushButtonController*>(button));
+        auto* const self = static_cast<PushButtonController*>(button);
+        return new ButtonAccessible(self, self);
     });
     setFocusPolicy(Qt::NoFocus);
     setMaximumValue(1);
@@ -108,11 +36,14 @@ PushButtonController::PushButtonController(QWidget* parent)
     connect(this, &QAbstractButton::pressed, this, &PushButtonController::buttonPress);
     connect(this, &QAbstractButton::released, this, &PushButtonController::buttonRelease);
     connect(this, &QAbstractButton::toggled, this, &PushButtonController::buttonToggle);
-    connect(qApp, &QApplication::focusChanged, this, &PushButtonController::focusChange);
+    m_focusConnection =
+        connect(qApp, &QApplication::focusChanged, this, &PushButtonController::focusChange);
 }
 
 PushButtonController::~PushButtonController()
 {
+    // A button that holds the focus loses it when nothing but a plain widget is left of it.
+    disconnect(m_focusConnection);
     blockSignals(true);
     closeEdits();
     if (m_held)
@@ -129,26 +60,11 @@ void PushButtonController::setScale(double scale)
 void PushButtonController::setMemAPIValue(IMemAPI* memAPI, unsigned short parameter,
                                           unsigned short ch, unsigned short index)
 {
-    const QPointer<QWidget> self(this);
+    const Lifetime::Guard alive(lifetime());
     if (!isBoundTo(memAPI, parameter, ch, index))
         letGo();
-    if (self)
+    if (alive)
         bind(memAPI, parameter, ch, index);
-}
-
-void PushButtonController::setShadowBlur(double radius)
-{
-    store(m_shadowBlur, std::max(radius, 0.0));
-}
-
-void PushButtonController::setButtonDisableOpacity(double opacity)
-{
-    store(m_buttonDisableOpacity, std::clamp(opacity, 0.0, 1.0));
-}
-
-void PushButtonController::setOpacity(double opacity)
-{
-    store(m_opacity, std::clamp(opacity, 0.0, 1.0));
 }
 
 void PushButtonController::setCheckTrigger(CheckTrigger trigger)
@@ -180,23 +96,24 @@ void PushButtonController::setOff()
 
 void PushButtonController::valueChanged()
 {
-    const QPointer<QWidget> self(this);
+    const Lifetime::Guard alive(lifetime());
     if (isCheckable() && isChecked() != (value() != minimumValue()))
         setCheckedSilently(!isChecked());
-    if (self)
+    if (alive)
         update();
 }
 
 void PushButtonController::valueChangedRequest()
 {
-    const QPointer<QWidget> self(this);
+    const Lifetime::Guard alive(lifetime());
     valueChanged();
-    if (!self)
+    if (!alive)
         return;
     const int now = value();
     if (isVisible())
         announceValue(this, now);
-    Q_EMIT valueChanged(now);
+    if (alive)
+        Q_EMIT valueChanged(now);
 }
 
 void PushButtonController::buttonPress()
@@ -234,7 +151,6 @@ bool PushButtonController::hitButton(const QPoint& position) const
 
 void PushButtonController::nextCheckState()
 {
-    // Written after the toggle, not inside it: QAbstractButton survives no deletion in there.
     if (isCheckable() && maySwitch())
         switchTo(!isChecked());
 }
@@ -246,21 +162,21 @@ void PushButtonController::mousePressEvent(QMouseEvent* event)
         QWidget::mousePressEvent(event);
         return;
     }
-    const QPointer<QWidget> self(this);
+    const Lifetime::Guard alive(lifetime());
     m_letGo = false;
     setInside(hitButton(event->position().toPoint()));
-    if (self)
+    if (alive)
         QPushButton::mousePressEvent(event);
-    if (self && event->button() == Qt::LeftButton && isEnabled() && isCheckable() &&
+    if (alive && event->button() == Qt::LeftButton && isEnabled() && isCheckable() &&
         m_checkTrigger.testFlag(Press) && maySwitch())
         switchTo(!isChecked());
 }
 
 void PushButtonController::mouseMoveEvent(QMouseEvent* event)
 {
-    const QPointer<QWidget> self(this);
+    const Lifetime::Guard alive(lifetime());
     setInside(hitButton(event->position().toPoint()));
-    if (self && !m_letGo)
+    if (alive && !m_letGo)
         QPushButton::mouseMoveEvent(event);
 }
 
@@ -292,19 +208,27 @@ void PushButtonController::leaveEvent(QEvent* event)
     setInside(false);
 }
 
+void PushButtonController::focusOutEvent(QFocusEvent* event)
+{
+    if (event->reason() == Qt::PopupFocusReason || releaseEarly())
+        QPushButton::focusOutEvent(event);
+}
+
 void PushButtonController::changeEvent(QEvent* event)
 {
-    const QPointer<QWidget> self(this);
+    const bool isEnabledChange = event->type() == QEvent::EnabledChange;
+    if (isEnabledChange && !isEnabled() && !releaseEarly())
+        return;
     QPushButton::changeEvent(event);
-    if (self && event->type() == QEvent::EnabledChange)
+    if (isEnabledChange)
         update();
 }
 
 void PushButtonController::hideEvent(QHideEvent* event)
 {
-    const QPointer<QWidget> self(this);
+    const Lifetime::Guard alive(lifetime());
     letGo();
-    if (self)
+    if (alive)
         QPushButton::hideEvent(event);
 }
 
@@ -322,15 +246,11 @@ void PushButtonController::paintEvent(QPaintEvent*)
 
 void PushButtonController::writeState(bool on)
 {
-    const QPointer<QWidget> self(this);
-    const ModifierReport report(*this, m_modifiers);
-    openEdit();
-    setValue(on ? maximumValue() : minimumValue());
-    if (!self)
-        return;
-    closeEdit();
+    const Qt::KeyboardModifiers modifiers = m_modifiers;
+    const ModifierReport report(*this, modifiers);
+    withEdit([&] { setValue(on ? maximumValue() : minimumValue()); });
     if (report.isDue())
-        Q_EMIT modifiersChange(this, m_modifiers);
+        Q_EMIT modifiersChange(this, modifiers);
 }
 
 QString PushButtonController::shownText() const { return text(); }
@@ -342,6 +262,17 @@ void PushButtonController::letGo()
     m_letGo = true;
     setDown(false);
     buttonRelease();
+}
+
+bool PushButtonController::releaseEarly()
+{
+    if (!isDown())
+        return true;
+    const Lifetime::Guard alive(lifetime());
+    setDown(false);
+    if (alive)
+        Q_EMIT released();
+    return bool(alive);
 }
 
 void PushButtonController::setSvg(Layer layer, const QString& path)
@@ -357,30 +288,41 @@ bool PushButtonController::maySwitch() const
 
 void PushButtonController::setCheckedSilently(bool checked)
 {
-    const QPointer<QWidget> self(this);
-    m_syncing = true;
+    const Lifetime::Guard alive(lifetime());
+    // Told after the change, not inside it: QAbstractButton survives no deletion in there.
+    const bool wasBlocked = blockSignals(true);
     setChecked(checked);
-    if (self)
+    if (!alive)
+        return;
+    blockSignals(wasBlocked);
+    if (isChecked() != checked)
+        return;
+    m_syncing = true;
+    Q_EMIT toggled(checked);
+    if (alive)
         m_syncing = false;
 }
 
 void PushButtonController::switchTo(bool on)
 {
-    const QPointer<QWidget> self(this);
+    const Lifetime::Guard alive(lifetime());
     setCheckedSilently(on);
-    if (self && isChecked() == on)
+    if (alive && isChecked() == on)
         writeState(on);
 }
 
 void PushButtonController::endClick(QMouseEvent* event)
 {
-    const QPointer<QWidget> self(this);
+    const Lifetime::Guard alive(lifetime());
     setDown(false);
     QWidget::mouseReleaseEvent(event);
-    if (self)
+    if (alive)
         Q_EMIT clicked(isChecked());
-    if (self)
+    if (alive)
         Q_EMIT released();
+    // An event that is ignored goes on from the button to its parent.
+    if (!alive)
+        event->accept();
 }
 
 void PushButtonController::setInside(bool inside)
@@ -399,12 +341,8 @@ SvgImage& PushButtonController::loadedOr(Layer preferred, bool applies, Layer ot
 
 QRectF PushButtonController::imageRect(const SvgImage& image) const
 {
-    const QSizeF size = QSizeF(image.defaultSize()) * scale();
-    const Qt::Alignment alignment = QStyle::visualAlignment(layoutDirection(), m_svgAlignment);
-    const double x = aligned(alignment, Qt::AlignHCenter, Qt::AlignRight, width() - size.width());
-    const double y =
-        aligned(alignment, Qt::AlignVCenter, Qt::AlignBottom, height() - size.height());
-    return {QPointF(x, y), size};
+    return alignedRect(QSizeF(image.defaultSize()) * scale(), size(),
+                       QStyle::visualAlignment(layoutDirection(), m_svgAlignment));
 }
 
 void PushButtonController::drawShadow(QPainter& painter, bool pushed)

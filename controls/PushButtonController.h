@@ -2,6 +2,7 @@
 #pragma once
 
 #include "controls/AbstractController.h"
+#include "controls/PropertyBounds.h"
 #include "widgets/SvgImage.h"
 
 #include <QPushButton>
@@ -70,9 +71,12 @@ public:
                         unsigned short index) override;
 
     double shadowBlur() const { return m_shadowBlur; }
-    void setShadowBlur(double radius);
+    void setShadowBlur(double radius) { store(m_shadowBlur, atLeast(0.0, radius)); }
     double buttonDisableOpacity() const { return m_buttonDisableOpacity; }
-    void setButtonDisableOpacity(double opacity);
+    void setButtonDisableOpacity(double opacity)
+    {
+        store(m_buttonDisableOpacity, within(0.0, 1.0, opacity));
+    }
     QString buttonSvg() const { return svg(ButtonLayer); }
     void setButtonSvg(const QString& path) { setSvg(ButtonLayer, path); }
     QString pushButtonSvg() const { return svg(PushButtonLayer); }
@@ -102,7 +106,7 @@ public:
     Qt::Alignment textAlignment() const { return m_textAlignment; }
     void setTextAlignment(Qt::Alignment alignment) { store(m_textAlignment, alignment); }
     double opacity() const { return m_opacity; }
-    void setOpacity(double opacity);
+    void setOpacity(double opacity) { store(m_opacity, within(0.0, 1.0, opacity)); }
     CheckTrigger checkTrigger() const { return m_checkTrigger; }
     /// Keeps exactly one of Press and Release and at least one of On and Off, by what changes: of
     /// two edges the new one stays, no edge becomes the other one than before, and no direction
@@ -141,6 +145,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void changeEvent(QEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -184,6 +189,9 @@ private:
     void setCheckedSilently(bool checked);
     void switchTo(bool on);
     void endClick(QMouseEvent* event);
+    /// Releases a button that loses the focus or is disabled, where QAbstractButton would do the
+    /// same and then go on with a button that is gone. Whether it is still there.
+    bool releaseEarly();
     void setInside(bool inside);
 
     SvgImage& loadedOr(Layer preferred, bool applies, Layer otherwise);
@@ -205,6 +213,7 @@ private:
     double m_opacity = 1.0;
     CheckTrigger m_checkTrigger = CheckTrigger(Release | On | Off);
 
+    QMetaObject::Connection m_focusConnection;
     bool m_syncing = false;
     bool m_hovered = false;
     bool m_inside = false;

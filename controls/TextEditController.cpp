@@ -2,121 +2,22 @@
 #include "controls/TextEditController.h"
 
 #include "controls/ControlAccessible.h"
-#include "controls/ModifierReport.h"
+#include "controls/Placement.h"
+#include "controls/TextEditControllerLineEdit.h"
 #include "controls/UnitText.h"
 #include "controls/WideInteger.h"
 
-#include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
-#include <QLineEdit>
-#include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWheelEvent>
 
-#include <cmath>
-#include <utility>
-
 namespace CommonController_MemAPI {
-
-namespace TextEditControllerPrivate {
-
-/// The inline editor. It keeps all keys to itself, so that nothing happens in the window while the
-/// user types.
-class LineEdit : public QLineEdit
-{
-public:
-    explicit LineEdit(TextEditController* controller);
-
-    /// While held, losing the focus does not finish the edit.
-    bool isHeld() const { return m_held; }
-    void setHeld(bool held) { m_held = held; }
-
-protected:
-    bool event(QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-    void keyReleaseEvent(QKeyEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
-    void contextMenuEvent(QContextMenuEvent* event) override;
-
-private:
-    TextEditController* m_controller;
-    bool m_held = false;
-};
-
-LineEdit::LineEdit(TextEditController* controller)
-    : QLineEdit(controller)
-    , m_controller(controller)
-{
-    hide();
-    setFrame(false);
-    setAttribute(Qt::WA_InputMethodEnabled, false);
-    connect(this, &QLineEdit::editingFinished, controller, &TextEditController::editFinish);
-}
-
-bool LineEdit::event(QEvent* event)
-{
-    constexpr auto commandKeys = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
-    const bool handled = QLineEdit::event(event);
-    // Taken here, a key is typed instead of triggering a shortcut of the window.
-    if (event->type() == QEvent::ShortcutOverride &&
-        !(static_cast<QKeyEvent*>(event)->modifiers() & commandKeys))
-        event->accept();
-    return handled;
-}
-
-void LineEdit::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier)
-        m_controller->editCancel();
-    else
-        QLineEdit::keyPressEvent(event);
-    event->accept();
-}
-
-void LineEdit::keyReleaseEvent(QKeyEvent* event)
-{
-    QLineEdit::keyReleaseEvent(event);
-    event->accept();
-}
-
-void LineEdit::resizeEvent(QResizeEvent* event)
-{
-    QLineEdit::resizeEvent(event);
-    // An editor that is zoomed sizes every widget of its tree by itself.
-    if (isVisible() && geometry() != m_controller->rect())
-        setGeometry(m_controller->rect());
-}
-
-void LineEdit::focusOutEvent(QFocusEvent* event)
-{
-    QLineEdit::focusOutEvent(event);
-    if (!m_held && !isHidden())
-        Q_EMIT editingFinished();
-}
-
-void LineEdit::contextMenuEvent(QContextMenuEvent* event)
-{
-    QMenu* menu = createStandardContextMenu();
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->setStyle(style());
-    setHeld(true);
-    connect(menu, &QMenu::aboutToHide, this, [this] { setHeld(false); });
-    menu->popup(event->globalPos());
-}
-
-} // namespace TextEditControllerPrivate
 
 namespace {
 
 constexpr int ValueStep = 1;
-
-int scaledMargin(int pixels, double scale)
-{
-    return saturateToInt(truncateToInteger(pixels * scale + 0.5));
-}
 
 QAccessibleInterface* makeAccessible(QWidget* control)
 {
@@ -128,18 +29,20 @@ QAccessibleInterface* makeAccessible(QWidget* control)
 
 TextEditController::TextEditController(QWidget* parent)
     : QWidget(parent)
-    , m_lineEdit(new TextEditControllerPrivate::LineEdit(this))
+    , m_lineEdit(new TextEditControllerPrivate::LineEdit(this, [this] { editCancel(); }))
+    , m_gesture(*this)
 {
     setFocusPolicy(Qt::ClickFocus);
+    connect(m_lineEdit, &QLineEdit::editingFinished, this, &TextEditController::editFinish);
     m_lineEdit->setMaxLength(m_textMaxLength);
     registerAccessible(staticMetaObject, makeAccessible);
 }
 
 TextEditController::~TextEditController()
 {
-    endDrag();
+    m_gesture.end();
     editCancel();
-    delete m_lineEdit;
+    m_lineEdit->retire();
     unbind();
 }
 
@@ -154,9 +57,11 @@ void TextEditController::setMemAPIValue(IMemAPI* memAPI, unsigned short paramete
 {
     if (isBoundTo(memAPI, parameter, ch, index))
         return;
-    endDrag();
-    editCancel();
-    bind(memAPI, parameter, ch, index);
+    const Lifetime::Guard alive(lifetime());
+    if (m_gesture.end())
+        editCancel();
+    if (alive)
+        bind(memAPI, parameter, ch, index);
 }
 
 void TextEditController::setPostfix(const QString& postfix)
@@ -222,10 +127,12 @@ void TextEditController::valueChanged() { update(); }
 
 void TextEditController::valueChangedRequest()
 {
+    const Lifetime::Guard alive(lifetime());
     valueChanged();
     const int now = value();
     announceValue(this, now);
-    Q_EMIT valueChanged(now);
+    if (alive)
+        Q_EMIT valueChanged(now);
 }
 
 void TextEditController::edit()
@@ -242,8 +149,11 @@ void TextEditController::edit()
     m_lineEdit->setText(editText());
     m_openingText = m_lineEdit->text();
     m_lineEdit->selectAll();
+    const Lifetime::Guard alive(lifetime());
     m_lineEdit->show();
     m_lineEdit->setFocus(Qt::OtherFocusReason);
+    if (!alive)
+        return;
     if (m_lineEdit->hasFocus())
         Q_EMIT textEdit(true);
     else
@@ -254,20 +164,23 @@ void TextEditController::editFinish()
 {
     if (!isTyping() || m_lineEdit->isHeld())
         return;
+    const Lifetime::Guard alive(lifetime());
     closeEditor();
-    const QString typed = m_lineEdit->text();
-    if (typed != m_openingText && typed != editText())
-        submit(typed);
-    Q_EMIT textEdit(false);
+    if (alive)
+        submit(m_lineEdit->text());
+    if (alive)
+        Q_EMIT textEdit(false);
 }
 
 void TextEditController::editCancel()
 {
     if (!isTyping())
         return;
+    const Lifetime::Guard alive(lifetime());
     m_lineEdit->setText(editText());
     closeEditor();
-    Q_EMIT textEdit(false);
+    if (alive)
+        Q_EMIT textEdit(false);
 }
 
 void TextEditController::mousePressEvent(QMouseEvent* event)
@@ -277,33 +190,33 @@ void TextEditController::mousePressEvent(QMouseEvent* event)
         return;
     }
     if (event->modifiers() == Qt::ControlModifier)
-        resetToDefault(event->modifiers());
+        m_gesture.resetToDefault(event->modifiers());
     else
         startDrag(event->position().toPoint(), event->modifiers());
 }
 
 void TextEditController::mouseMoveEvent(QMouseEvent* event)
 {
-    const QPoint point = event->position().toPoint();
-    if (!(event->buttons() & Qt::LeftButton) || !m_dragging || point == m_drag.lastPoint() ||
-        !isEnabled())
+    if (!m_gesture.isMove(*event, m_drag.lastPoint()))
         return;
+    const Lifetime::Guard alive(lifetime());
+    const QPoint point = event->position().toPoint();
     const bool fine = LinearDrag::isFine(event->modifiers());
     if (m_drag.isFine() != fine)
         m_drag.reanchor(value(), fine);
-    const ModifierReport report(*this, event->modifiers());
-    setValue(m_drag.valueAt(point, minimumValue(), maximumValue(), scale(), ValueStep));
-    if (report.isDue())
-        Q_EMIT modifiersChange(this, report.modifiers());
-    m_drag.setLastPoint(point);
+    const auto [minimum, maximum] = range();
+    m_gesture.setValue(m_drag.valueAt(point, minimum, maximum, scale(), ValueStep),
+                       event->modifiers());
+    if (alive)
+        m_drag.setLastPoint(point);
 }
 
 void TextEditController::mouseReleaseEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton)
         QWidget::mouseReleaseEvent(event);
-    else if (m_dragging)
-        endDrag();
+    else if (m_gesture.isDragging())
+        m_gesture.end();
 }
 
 void TextEditController::mouseDoubleClickEvent(QMouseEvent* event)
@@ -319,12 +232,10 @@ void TextEditController::wheelEvent(QWheelEvent* event)
     event->accept();
     if (!isEnabled() || isTyping())
         return;
+    const Lifetime::Guard alive(lifetime());
     setFocus(Qt::OtherFocusReason);
-    const ModifierReport report(*this, event->modifiers());
-    const std::int64_t steps = m_wheel.steps(*event, ValueStep);
-    editValue(saturateToInt(value() + steps));
-    if (report.isDue())
-        Q_EMIT modifiersChange(this, report.modifiers());
+    if (alive)
+        m_gesture.editBy(m_wheel.steps(*event, ValueStep), event->modifiers());
 }
 
 void TextEditController::keyPressEvent(QKeyEvent* event)
@@ -340,11 +251,8 @@ void TextEditController::keyPressEvent(QKeyEvent* event)
         QWidget::keyPressEvent(event);
         return;
     }
-    const ModifierReport report(*this, event->modifiers());
-    editValue(*target);
     event->accept();
-    if (report.isDue())
-        Q_EMIT modifiersChange(this, report.modifiers());
+    m_gesture.edit(*target, event->modifiers());
 }
 
 void TextEditController::changeEvent(QEvent* event)
@@ -352,9 +260,7 @@ void TextEditController::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
     if (event->type() != QEvent::EnabledChange || isEnabled())
         return;
-    m_lineEdit->setHeld(false);
-    editFinish();
-    endDrag();
+    finish();
 }
 
 void TextEditController::resizeEvent(QResizeEvent* event)
@@ -366,10 +272,8 @@ void TextEditController::resizeEvent(QResizeEvent* event)
 
 void TextEditController::hideEvent(QHideEvent* event)
 {
-    m_lineEdit->setHeld(false);
-    editFinish();
-    endDrag();
-    QWidget::hideEvent(event);
+    if (finish())
+        QWidget::hideEvent(event);
 }
 
 void TextEditController::paintEvent(QPaintEvent*)
@@ -385,50 +289,40 @@ void TextEditController::paintEvent(QPaintEvent*)
 
 void TextEditController::startDrag(QPoint point, Qt::KeyboardModifiers modifiers)
 {
-    endDrag();
-    openEdit();
-    // Whoever overrides beginEdit() may have ended the gesture already.
-    if (!isEditing())
+    if (!m_gesture.open())
         return;
-    m_dragging = true;
     m_drag.begin(point, value(), LinearDrag::isFine(modifiers));
-    Q_EMIT drag(true);
+    m_gesture.start();
 }
 
-void TextEditController::endDrag()
+bool TextEditController::finish()
 {
-    const bool wasDragging = std::exchange(m_dragging, false);
-    closeEdits();
-    if (wasDragging)
-        Q_EMIT drag(false);
-}
-
-void TextEditController::resetToDefault(Qt::KeyboardModifiers modifiers)
-{
-    const ModifierReport report(*this, modifiers);
-    editToDefault();
-    if (report.isDue())
-        Q_EMIT modifiersChange(this, report.modifiers());
+    const Lifetime::Guard alive(lifetime());
+    m_lineEdit->setHeld(false);
+    editFinish();
+    return alive && m_gesture.end();
 }
 
 bool TextEditController::isTyping() const { return !m_lineEdit->isHidden(); }
 
 void TextEditController::closeEditor()
 {
+    const Lifetime::Guard alive(lifetime());
     const bool wasHeld = m_lineEdit->isHeld();
     m_lineEdit->setHeld(true);
     if (m_lineEdit->hasFocus())
         setFocus(Qt::OtherFocusReason);
+    if (!alive)
+        return;
     m_lineEdit->hide();
     m_lineEdit->setHeld(wasHeld);
 }
 
 void TextEditController::submit(const QString& typed)
 {
-    const ModifierReport report(*this, QGuiApplication::keyboardModifiers());
-    editString(m_expandUnit ? unitExpanded(typed) : typed);
-    if (report.isDue())
-        Q_EMIT modifiersChange(this, report.modifiers());
+    if (typed != m_openingText && typed != editText())
+        m_gesture.editString(m_expandUnit ? unitExpanded(typed) : typed,
+                             QGuiApplication::keyboardModifiers());
 }
 
 std::optional<int> TextEditController::keyTarget(int key) const

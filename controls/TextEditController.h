@@ -2,6 +2,7 @@
 #pragma once
 
 #include "controls/AbstractController.h"
+#include "controls/EditGesture.h"
 #include "controls/LinearDrag.h"
 #include "controls/WheelAccumulator.h"
 
@@ -101,8 +102,8 @@ protected:
 
 private:
     void startDrag(QPoint point, Qt::KeyboardModifiers modifiers);
-    void endDrag();
-    void resetToDefault(Qt::KeyboardModifiers modifiers);
+    /// Commits and ends what is under way; whether the control is still there.
+    bool finish();
     bool isTyping() const;
     void closeEditor();
     void submit(const QString& typed);
@@ -119,10 +120,10 @@ private:
     int m_textRightMargin = 0;
     int m_textMaxLength = 10;
 
+    EditGesture m_gesture;
     LinearDrag m_drag;
     WheelAccumulator m_wheel;
     QString m_openingText; ///< what the editor held before the user typed
-    bool m_dragging = false;
 };
 
 } // namespace CommonController_MemAPI

@@ -37,7 +37,6 @@ inline bool sendMouse(QWidget& widget, QEvent::Type type, QPointF point, Qt::Mou
                       Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers)
 {
     QMouseEvent event(type, point, widget.mapToGlobal(point), button, buttons, modifiers);
-    event.setAccepted(false);
     QCoreApplication::sendEvent(&widget, &event);
     return event.isAccepted();
 }
