@@ -58,6 +58,7 @@ private Q_SLOTS:
     void countsSamplesThatTheEqualizerWouldDrop();
     void refuses_data();
     void refuses();
+    void refusesWhatIsNoSoundFile();
     void noticesTheWrongEnd();
     void refusesWhatIsCutShort_data();
     void refusesWhatIsCutShort();
@@ -90,7 +91,8 @@ QString tst_AudioReader::errorOf(const QByteArray& bytes) const
 {
     AudioReader reader;
     const QString file = SoundFiles::writeBytes(path("file"), bytes);
-    return reader.open(file).remove(QStringLiteral("The sound file %1 cannot be read: ").arg(file));
+    return reader.open(file).error().remove(
+        QStringLiteral("The sound file %1 cannot be read: ").arg(file));
 }
 
 // Interleaved again.
@@ -140,13 +142,19 @@ void tst_AudioReader::readsEveryFormat()
     const QString file =
         SoundFiles::write(path("sound"), Sound{format, rate, channels, SoundFiles::noise(count)});
     AudioReader reader;
-    QCOMPARE(reader.open(file), QString());
+    QVERIFY(reader.open(file).isOk());
     QCOMPARE(reader.info().samplerate, rate);
     QCOMPARE(reader.channels(), channels);
     QCOMPARE(reader.info().frames, 2345);
-    QCOMPARE(readAll(&reader, 1000), SoundFiles::read(file).samples);
+    const std::vector<double> expected = SoundFiles::read(file).samples;
+    QCOMPARE(readAll(&reader, 1000), expected);
     QCOMPARE(reader.position(), 2345);
-    QCOMPARE(reader.error(), QString());
+    reader.seek(0);
+    std::vector<float> floats(count + static_cast<std::size_t>(channels));
+    QCOMPARE(reader.read(floats), std::size_t{2345});
+    for (std::size_t i = 0; i < count; ++i)
+        QCOMPARE(floats[i], static_cast<float>(expected[i]));
+    QCOMPARE(reader.status().error(), QString());
     QCOMPARE(reader.damage().count, 0);
 }
 
@@ -156,12 +164,12 @@ void tst_AudioReader::goesToAFrame()
     const QString file = SoundFiles::write(path("seek.flac"), sound);
     const std::vector<double> all = SoundFiles::read(file).samples;
     AudioReader reader;
-    QCOMPARE(reader.open(file), QString());
+    QVERIFY(reader.open(file).isOk());
     for (const std::int64_t frame : {7000, 0, 9999, 10000}) {
         reader.seek(frame);
         QCOMPARE(reader.position(), frame);
         QCOMPARE(readAll(&reader, 512), std::vector<double>(all.begin() + 2 * frame, all.end()));
-        QCOMPARE(reader.error(), QString());
+        QCOMPARE(reader.status().error(), QString());
     }
     reader.seek(123456);
     QCOMPARE(reader.position(), 10000);
@@ -174,7 +182,7 @@ void tst_AudioReader::countsSamplesThatAreNotFinite()
     sound.samples[2 * 1700] = std::numeric_limits<double>::infinity();
     sound.samples[2 * 1999 + 1] = -std::numeric_limits<double>::infinity();
     AudioReader reader;
-    QCOMPARE(reader.open(SoundFiles::write(path("nan.wav"), sound)), QString());
+    QVERIFY(reader.open(SoundFiles::write(path("nan.wav"), sound)).isOk());
     const std::vector<double> read = readAll(&reader, 1000);
     QCOMPARE(reader.damage().count, 3);
     QCOMPARE(reader.damage().frame, 1501);
@@ -182,6 +190,12 @@ void tst_AudioReader::countsSamplesThatAreNotFinite()
     QCOMPARE(read[2 * 1501 + 1], 0.0);
     QCOMPARE(read[2 * 1700], 0.0);
     QCOMPARE(read[2 * 1700 + 1], double(float(sound.samples[2 * 1700 + 1])));
+    reader.seek(1000);
+    std::vector<float> floats(2000);
+    QCOMPARE(reader.read(floats), std::size_t{1000});
+    QCOMPARE(reader.damage().count, 6);
+    QCOMPARE(floats[2 * 501 + 1], 0.0F);
+    QCOMPARE(floats[2 * 700 + 1], float(sound.samples[2 * 1700 + 1]));
 }
 
 void tst_AudioReader::countsSamplesThatTheEqualizerWouldDrop()
@@ -191,7 +205,7 @@ void tst_AudioReader::countsSamplesThatTheEqualizerWouldDrop()
     sound.samples[30] = 1.001e15;
     sound.samples[40] = -1e30;
     AudioReader reader;
-    QCOMPARE(reader.open(SoundFiles::write(path("loud.wav"), sound)), QString());
+    QVERIFY(reader.open(SoundFiles::write(path("loud.wav"), sound)).isOk());
     const std::vector<double> read = readAll(&reader, 64);
     QCOMPARE(reader.damage().count, 2);
     QCOMPARE(reader.damage().frame, 30);
@@ -214,8 +228,6 @@ void tst_AudioReader::refuses_data()
     QTest::newRow("device") << "/dev/null"
                             << "it is no ordinary file";
     QTest::newRow("empty") << made("empty.wav", "") << "it is empty (0 bytes)";
-    QTest::newRow("text") << made("text.wav", "some text")
-                          << "it is no sound file that this program knows (Format not recognised)";
     QTest::newRow("wav cut short")
         << made("short.wav", wav.chopped(1))
         << "it is cut short: its header promises 40000 bytes of samples, it holds 39999";
@@ -247,8 +259,15 @@ void tst_AudioReader::refuses()
 {
     QFETCH(const QString, file);
     QFETCH(const QString, expected);
-    QCOMPARE(AudioReader().open(file),
+    QCOMPARE(AudioReader().open(file).error(),
              QStringLiteral("The sound file %1 cannot be read: %2.").arg(file, expected));
+}
+
+void tst_AudioReader::refusesWhatIsNoSoundFile()
+{
+    const QString file = SoundFiles::writeBytes(path("text.wav"), "some text");
+    QCOMPARE(AudioReader().open(file).error(),
+             QStringLiteral("The file %1 is not a sound file that can be read.").arg(file));
 }
 
 void tst_AudioReader::noticesTheWrongEnd()
@@ -257,11 +276,11 @@ void tst_AudioReader::noticesTheWrongEnd()
     const QByteArray bytes = SoundFiles::bytesOf(SoundFiles::write(path("whole.flac"), sound));
     const QString file = SoundFiles::writeBytes(path("short.flac"), bytes.left(bytes.size() / 2));
     AudioReader reader;
-    QCOMPARE(reader.open(file), QString());
+    QVERIFY(reader.open(file).isOk());
     const std::vector<double> read = readAll(&reader, 1000);
     QVERIFY(!read.empty() && read.size() < sound.samples.size());
     QCOMPARE(
-        reader.error(),
+        reader.status().error(),
         QStringLiteral("The sound file %1 cannot be read: it is cut short: it ends after %2 of "
                        "50000 frames.")
             .arg(file)
@@ -336,10 +355,10 @@ void tst_AudioReader::playsWhatAPipeLeftOpen()
     QByteArray bytes = bytesOf(Sound{format, 48000, 1, SoundFiles::noise(3000)});
     bytes.replace(lengthOffset(bytes, format), length.size(), length);
     AudioReader reader;
-    QCOMPARE(reader.open(SoundFiles::writeBytes(path("open"), bytes)), QString());
+    QVERIFY(reader.open(SoundFiles::writeBytes(path("open"), bytes)).isOk());
     QCOMPARE(reader.info().frames, 3000);
     QCOMPARE(readAll(&reader, 1000), SoundFiles::read(path("whole")).samples);
-    QCOMPARE(reader.error(), QString());
+    QCOMPARE(reader.status().error(), QString());
 }
 
 // The files have holes and take no room on the disk.
@@ -351,10 +370,10 @@ void tst_AudioReader::playsLongFilesThatAPipeLeftOpen()
     const qint64 header = bytes.size() - 4000;
     QVERIFY(file.resize(header + 3'000'000'000));
     AudioReader reader;
-    QCOMPARE(reader.open(file.fileName()), QString());
+    QVERIFY(reader.open(file.fileName()).isOk());
     QCOMPARE(reader.info().frames, 750'000'000);
     QVERIFY(file.resize(header + 5'000'000'000));
-    QCOMPARE(AudioReader().open(file.fileName()),
+    QCOMPARE(AudioReader().open(file.fileName()).error(),
              QStringLiteral("The sound file %1 cannot be read: it is longer than its header can "
                             "say.")
                  .arg(file.fileName()));
@@ -383,10 +402,10 @@ void tst_AudioReader::emptyFilesStayEmpty()
     QFETCH(const QByteArray, behind);
     const QByteArray bytes = bytesOf(Sound{format, 48000, 1, {}}) + behind;
     AudioReader reader;
-    QCOMPARE(reader.open(SoundFiles::writeBytes(path("empty"), bytes)), QString());
+    QVERIFY(reader.open(SoundFiles::writeBytes(path("empty"), bytes)).isOk());
     QCOMPARE(reader.info().frames, 0);
     QCOMPARE(readAll(&reader, 1000).size(), 0U);
-    QCOMPARE(reader.error(), QString());
+    QCOMPARE(reader.status().error(), QString());
 }
 
 void tst_AudioReader::oddLengthsAreWhole_data()
@@ -405,7 +424,7 @@ void tst_AudioReader::oddLengthsAreWhole()
     QFETCH(const int, format);
     const QByteArray bytes = bytesOf(Sound{format, 48000, 1, SoundFiles::noise(3001)});
     AudioReader reader;
-    QCOMPARE(reader.open(SoundFiles::writeBytes(path("odd"), bytes)), QString());
+    QVERIFY(reader.open(SoundFiles::writeBytes(path("odd"), bytes)).isOk());
     QCOMPARE(reader.info().frames, 3001);
 }
 
@@ -431,7 +450,7 @@ void tst_AudioReader::readsFilesThatAnotherChunkFollows()
         bytes += '\0';
     bytes += QByteArray("more\x04\0\0\0", 8) + "1234";
     AudioReader reader;
-    QCOMPARE(reader.open(SoundFiles::writeBytes(path("followed.wav"), bytes)), QString());
+    QVERIFY(reader.open(SoundFiles::writeBytes(path("followed.wav"), bytes)).isOk());
     QCOMPARE(readAll(&reader, 1000).size(), 3001U);
 }
 
