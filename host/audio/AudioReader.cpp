@@ -46,8 +46,6 @@ Status AudioReader::checkKind() const
         return Error{tr("The sound file %1 cannot be read: it is a folder.").arg(m_name)};
     if (info.exists() && !info.isFile())
         return Error{tr("The sound file %1 cannot be read: it is no ordinary file.").arg(m_name)};
-    if (info.exists() && info.size() == 0)
-        return Error{tr("The sound file %1 cannot be read: it is empty (0 bytes).").arg(m_name)};
     return {};
 }
 
