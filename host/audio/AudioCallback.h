@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-/// What makes sound out of sound while it is played.
+#include <cstddef>
+#include <span>
+
+/// What fills a sound device's buffers, on the audio thread.
 class AudioCallback
 {
 public:
-    virtual ~AudioCallback() = default;
+    /// Fills \a frames samples of each of \a outputs, full scale 1. \a inputs holds as many samples
+    /// of what comes in; there are none unless the device was opened for that. Must neither lock,
+    /// allocate nor throw.
+    virtual void process(std::span<const float* const> inputs, std::span<float* const> outputs,
+                         std::size_t frames) = 0;
 
-    /// Called before the first process(), while none runs: the rate, and whether process() gets
-    /// what comes in instead of a file.
-    virtual void prepare(double hertz, bool live) = 0;
-
-    /// Fills \a frames samples of each of \a outputCount outputs from what each of \a inputCount
-    /// inputs holds, full scale 1. A buffer may be an input and an output. On the audio thread:
-    /// must neither lock, allocate nor throw.
-    virtual void process(const float* const* inputs, int inputCount, float* const* outputs,
-                         int outputCount, int frames) = 0;
+protected:
+    ~AudioCallback() = default;
 };

@@ -8,6 +8,6 @@ struct AudioDeviceSettings
 {
     QString device;    ///< AudioDevices::choose()
     int rate = 0;      ///< Hz; 0: what suits the sound best
-    int block = 0;     ///< frames; 0: what suits the device best
-    bool live = false; ///< takes in sound, too
+    int block = 0;     ///< frames; 0: the device's default
+    bool live = false; ///< opens the inputs, too
 };

@@ -4,6 +4,7 @@
 #include <alsa/asoundlib.h>
 #include <jack/jack.h>
 
+#include <QCoreApplication>
 #include <QStringList>
 
 #include <algorithm>
@@ -50,7 +51,7 @@ bool isNamed(const AudioDeviceInfo& device, const QString& text)
            withoutSystem(device.name).compare(text, Qt::CaseInsensitive) == 0;
 }
 
-AudioDevices::Choice defaultOf(const std::vector<AudioDeviceInfo>& devices)
+Result<const AudioDeviceInfo*> defaultOf(const std::vector<AudioDeviceInfo>& devices)
 {
     const AudioDeviceInfo* first = nullptr;
     for (const AudioDeviceInfo& device : devices) {
@@ -59,27 +60,31 @@ AudioDevices::Choice defaultOf(const std::vector<AudioDeviceInfo>& devices)
         if (!first)
             first = &device;
         if (device.api == first->api && device.isDefaultOutput)
-            return {&device, QString()};
+            return &device;
     }
     if (first)
-        return {first, QString()};
-    return {nullptr, QStringLiteral("There is no sound device to play on.")};
+        return first;
+    return Error{
+        QCoreApplication::translate("AudioDevices", "There is no sound device to play on.")};
 }
 
-AudioDevices::Choice chooseAmong(const std::vector<const AudioDeviceInfo*>& found,
-                                 const QString& text)
+Result<const AudioDeviceInfo*> onlyOne(const std::vector<const AudioDeviceInfo*>& found,
+                                       const QString& text)
 {
     if (found.size() == 1)
-        return {found.front(), QString()};
-    if (found.empty())
-        return {
-            nullptr,
-            QStringLiteral("There is no sound device \"%1\"; --devices shows them all.").arg(text)};
+        return found.front();
+    if (found.empty()) {
+        return Error{
+            QCoreApplication::translate(
+                "AudioDevices", "There is no sound device \"%1\"; --devices shows them all.")
+                .arg(text)};
+    }
     QStringList names;
     for (const AudioDeviceInfo* device : found)
         names << device->name;
-    return {nullptr, QStringLiteral("\"%1\" may mean several sound devices: %2.")
-                         .arg(text, names.join(QLatin1String(", ")))};
+    return Error{
+        QCoreApplication::translate("AudioDevices", "\"%1\" may mean several sound devices: %2.")
+            .arg(text, names.join(QLatin1String(", ")))};
 }
 
 } // namespace
@@ -105,8 +110,8 @@ std::vector<AudioDeviceInfo> AudioDevices::list()
     return devices;
 }
 
-AudioDevices::Choice AudioDevices::choose(const std::vector<AudioDeviceInfo>& devices,
-                                          const QString& text)
+Result<const AudioDeviceInfo*> AudioDevices::choose(const std::vector<AudioDeviceInfo>& devices,
+                                                    const QString& text)
 {
     if (text.isEmpty())
         return defaultOf(devices);
@@ -118,7 +123,7 @@ AudioDevices::Choice AudioDevices::choose(const std::vector<AudioDeviceInfo>& de
         if (device.name.contains(text, Qt::CaseInsensitive))
             similar.push_back(&device);
     }
-    return chooseAmong(named.empty() ? similar : named, text);
+    return onlyOne(named.empty() ? similar : named, text);
 }
 
 QByteArray AudioDevices::table(const std::vector<AudioDeviceInfo>& devices)

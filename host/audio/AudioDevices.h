@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "hosting/Result.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -30,15 +32,11 @@ namespace AudioDevices {
 /// All that can be opened now, system by system.
 std::vector<AudioDeviceInfo> list();
 
-/// One of \a devices: the one of that name (with or without its system, in any case), or the only
-/// one whose name has \a text in it; for an empty text the first system's default output. An error
-/// is a sentence.
-struct Choice
-{
-    const AudioDeviceInfo* device = nullptr;
-    QString error;
-};
-Choice choose(const std::vector<AudioDeviceInfo>& devices, const QString& text);
+/// One of \a devices, which must outlive it: the one of that name (with or without its system, in
+/// any case), or the only one whose name has \a text in it; for an empty text the first system's
+/// default output.
+Result<const AudioDeviceInfo*> choose(const std::vector<AudioDeviceInfo>& devices,
+                                      const QString& text);
 
 /// A line for each device: name, outputs, inputs, preferred rate and remarks, separated by tabs.
 QByteArray table(const std::vector<AudioDeviceInfo>& devices);

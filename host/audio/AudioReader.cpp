@@ -19,78 +19,98 @@ namespace {
 // Beyond it the equalizer hears silence.
 constexpr double loudest = ChannelProcessor::loudest;
 
-QString errorOfFile(const QString& file)
-{
-    const QFileInfo info(file);
-    if (info.isDir())
-        return QStringLiteral("it is a folder");
-    if (info.exists() && !info.isFile())
-        return QStringLiteral("it is no ordinary file");
-    return QString();
-}
-
-QString shortened(std::int64_t found, std::int64_t promised)
-{
-    return QStringLiteral("it is cut short: it ends after %1 of %2 frames")
-        .arg(QString::number(found), QString::number(promised));
-}
-
 } // namespace
 
 AudioReader::AudioReader() = default;
 
 AudioReader::~AudioReader() = default;
 
-QString AudioReader::open(const QString& file)
+Status AudioReader::open(const QString& file)
 {
     m_name = file;
     m_file.setFileName(file);
-    const QString error = errorOfFile(file);
-    if (!error.isEmpty())
-        return sentence(error);
+    const Status kind = checkKind();
+    if (!kind.isOk())
+        return kind;
     if (!m_file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        return sentence(m_file.errorString());
-    if (m_file.size() == 0)
-        return sentence(QStringLiteral("it is empty (0 bytes)"));
-    const SoundLength length = SoundLength::of(m_file);
-    if (length.isTooLong())
-        return sentence(QStringLiteral("it is longer than its header can say"));
-    if (length.isShort())
-        return sentence(
-            QStringLiteral("it is cut short: its header promises %1 bytes of samples, "
-                           "it holds %2")
-                .arg(QString::number(length.promised), QString::number(length.present)));
+        return errorOf(m_file.errorString());
     m_access = std::make_unique<FileAccess>(m_file.handle(), m_file.size());
-    m_access->cover(length.offset, length.closed);
-    return openSound();
+    const Status length = checkLength();
+    return length.isOk() ? openSound() : length;
 }
 
-QString AudioReader::openSound()
+Status AudioReader::checkKind() const
+{
+    const QFileInfo info(m_name);
+    if (info.isDir())
+        return Error{tr("The sound file %1 cannot be read: it is a folder.").arg(m_name)};
+    if (info.exists() && !info.isFile())
+        return Error{tr("The sound file %1 cannot be read: it is no ordinary file.").arg(m_name)};
+    return {};
+}
+
+Status AudioReader::checkLength()
+{
+    const SoundLength length = SoundLength::of(m_file);
+    if (length.isTooLong()) {
+        return Error{tr("The sound file %1 cannot be read: it is longer than its header can say.")
+                         .arg(m_name)};
+    }
+    if (length.isShort()) {
+        return Error{
+            tr("The sound file %1 cannot be read: it is cut short: its header promises %2 "
+               "bytes of samples, it holds %3.")
+                .arg(m_name, QString::number(length.promised), QString::number(length.present))};
+    }
+    m_access->cover(length.offset, length.closed);
+    return {};
+}
+
+Status AudioReader::openSound()
 {
     ::posix_fadvise(m_file.handle(), 0, 0, POSIX_FADV_SEQUENTIAL);
     m_sound.reset(sf_open_virtual(FileAccess::operations(), SFM_READ, &m_info, m_access.get()));
-    if (!m_sound && !m_access->error().isEmpty())
-        return sentence(m_access->error());
+    if (!m_sound && m_access->hasFailed())
+        return errorOf(m_access->reason());
     if (!m_sound)
-        return sentence(QStringLiteral("it is no sound file that this program knows (%1)")
-                            .arg(AudioFormat::reasonOf(nullptr)));
-    const bool ogg = (m_info.format & SF_FORMAT_TYPEMASK) == SF_FORMAT_OGG;
-    if (ogg && !knowsLength())
-        return sentence(QStringLiteral("it is cut short: its last page is missing"));
-    const QString error = ogg ? OggPages::errorIn(m_file) : QString();
-    return error.isEmpty() ? QString() : sentence(error);
+        return Error{tr("The file %1 is not a sound file that can be read.").arg(m_name)};
+    if ((m_info.format & SF_FORMAT_TYPEMASK) != SF_FORMAT_OGG)
+        return {};
+    if (!knowsLength()) {
+        return Error{tr("The sound file %1 cannot be read: it is cut short: its last page is "
+                        "missing.")
+                         .arg(m_name)};
+    }
+    return OggPages::check(m_file);
 }
 
 void AudioReader::read(AudioBlock* block)
 {
     block->setFrames(block->capacity());
-    const std::size_t frames = m_error.isEmpty() ? transfer(block) : 0;
-    block->setFrames(frames);
+    block->setFrames(m_status.isOk() ? transfer(block) : 0);
     if (AudioFormat::bitsOf(m_info.format) == 0 && !SampleConversion::isWithin(*block, loudest))
         repair(block);
+    advance(block->frames(), block->capacity());
+}
+
+std::size_t AudioReader::read(std::span<float> samples)
+{
+    const auto channels = static_cast<std::size_t>(m_info.channels);
+    const auto wanted = static_cast<sf_count_t>(samples.size() / channels);
+    const sf_count_t count =
+        m_status.isOk() ? sf_readf_float(m_sound.get(), samples.data(), wanted) : 0;
+    const auto frames = static_cast<std::size_t>(std::clamp<sf_count_t>(count, 0, wanted));
+    if (AudioFormat::bitsOf(m_info.format) == 0)
+        repair(samples.first(frames * channels));
+    advance(frames, static_cast<std::size_t>(wanted));
+    return frames;
+}
+
+void AudioReader::advance(std::size_t frames, std::size_t wanted)
+{
     m_position += static_cast<std::int64_t>(frames);
-    if (frames < block->capacity())
-        checkEnd();
+    if (frames < wanted && m_status.isOk())
+        m_status = checkEnd();
 }
 
 std::size_t AudioReader::transfer(AudioBlock* block)
@@ -141,33 +161,46 @@ std::vector<int> AudioReader::channelMap() const
 void AudioReader::repair(AudioBlock* block)
 {
     for (std::size_t i = 0; i < block->frames(); ++i) {
-        for (std::size_t c = 0; c < block->channels(); ++c) {
-            double& sample = block->channel(c)[i];
-            if (std::abs(sample) <= loudest)
-                continue;
-            if (m_damage.count++ == 0) {
-                m_damage.frame = m_position + static_cast<std::int64_t>(i);
-                m_damage.channel = static_cast<int>(c);
-            }
-            sample = 0.0;
-        }
+        for (std::size_t c = 0; c < block->channels(); ++c)
+            repair(&block->channel(c)[i], i, c);
     }
 }
 
-void AudioReader::checkEnd()
+void AudioReader::repair(std::span<float> samples)
 {
-    if (!m_error.isEmpty())
-        return;
-    if (!m_access->error().isEmpty())
-        m_error = sentence(m_access->error());
-    else if (knowsLength() && m_position < m_info.frames)
-        m_error = sentence(shortened(m_position, m_info.frames));
-    else if (sf_error(m_sound.get()) != SF_ERR_NO_ERROR)
-        m_error = sentence(
-            QStringLiteral("it is damaged (%1)").arg(AudioFormat::reasonOf(m_sound.get())));
+    const auto channels = static_cast<std::size_t>(m_info.channels);
+    for (std::size_t i = 0; i < samples.size(); ++i)
+        repair(&samples[i], i / channels, i % channels);
 }
 
-QString AudioReader::sentence(const QString& reason) const
+// The frame counts from the current position.
+template <typename Sample>
+void AudioReader::repair(Sample* sample, std::size_t frame, std::size_t channel)
 {
-    return QStringLiteral("The sound file %1 cannot be read: %2.").arg(m_name, reason);
+    if (std::abs(*sample) <= static_cast<Sample>(loudest))
+        return;
+    if (m_damage.count++ == 0) {
+        m_damage.frame = m_position + static_cast<std::int64_t>(frame);
+        m_damage.channel = static_cast<int>(channel);
+    }
+    *sample = 0;
+}
+
+Status AudioReader::checkEnd() const
+{
+    if (m_access->hasFailed())
+        return errorOf(m_access->reason());
+    if (knowsLength() && m_position < m_info.frames) {
+        return Error{tr("The sound file %1 cannot be read: it is cut short: it ends after %2 of %3 "
+                        "frames.")
+                         .arg(m_name, QString::number(m_position), QString::number(m_info.frames))};
+    }
+    if (sf_error(m_sound.get()) != SF_ERR_NO_ERROR)
+        return Error{tr("The sound file %1 cannot be read: it is damaged.").arg(m_name)};
+    return {};
+}
+
+Error AudioReader::errorOf(const QString& reason) const
+{
+    return {tr("The sound file %1 cannot be read: %2.").arg(m_name, reason)};
 }

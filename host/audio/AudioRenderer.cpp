@@ -31,30 +31,28 @@ AudioRenderer::AudioRenderer(const Job& job)
     : m_job(job)
 {}
 
-QString AudioRenderer::run(const Progress& progress)
+Status AudioRenderer::run(const Progress& progress)
 {
-    QString error = open();
-    if (error.isEmpty())
-        error = runBlocks(progress);
-    if (!error.isEmpty() || m_ended)
-        return error;
-    return m_writer.commit();
+    Status result = open();
+    if (result.isOk())
+        result = runBlocks(progress);
+    return result.isOk() && !m_ended ? m_writer.commit() : result;
 }
 
-QString AudioRenderer::open()
+Status AudioRenderer::open()
 {
     if (isSameFile(m_job.input, m_job.output))
-        return QStringLiteral("The sound file %1 cannot be written: it is the one to be read.")
-            .arg(m_job.output);
-    QString error = m_reader.open(m_job.input);
-    if (error.isEmpty())
-        error = m_writer.open(
+        return Error{
+            tr("The sound file %1 cannot be written: it is the one to be read.").arg(m_job.output)};
+    Status result = m_reader.open(m_job.input);
+    if (result.isOk())
+        result = m_writer.open(
             m_job.output, AudioFormat::outputFor(m_job.output, m_reader.info(), m_job.forceFloat));
-    if (error.isEmpty()) {
+    if (result.isOk()) {
         copyTexts();
         prepareStrips();
     }
-    return error;
+    return result;
 }
 
 // The lowest multiple of the file's rate at which every band is heard, if it takes one.
@@ -96,44 +94,42 @@ void AudioRenderer::prepareStrips()
     m_delay = m_toDrop = static_cast<std::size_t>(std::lround(delay));
 }
 
-QString AudioRenderer::runBlocks(const Progress& progress)
+Status AudioRenderer::runBlocks(const Progress& progress)
 {
     AudioBlock block(m_strips.size());
     bool last = false;
     while (!last && !m_ended) {
         m_reader.read(&block);
         last = block.frames() < block.capacity();
-        if (!m_reader.error().isEmpty())
-            return m_reader.error();
-        const QString error = process(&block, last);
-        if (!error.isEmpty())
-            return error;
+        const Status result = m_reader.status().isOk() ? process(&block, last) : m_reader.status();
+        if (!result.isOk())
+            return result;
         m_ended = progress && !progress(done());
     }
-    return m_ended ? QString() : runDelayed(&block);
+    return m_ended ? Status() : runDelayed(&block);
 }
 
 // What is still under way at the end of the file comes out with silence behind it.
-QString AudioRenderer::runDelayed(AudioBlock* block)
+Status AudioRenderer::runDelayed(AudioBlock* block)
 {
-    QString error;
+    Status result;
     std::size_t left = m_delay;
     do {
         block->setFrames(std::min(left, block->capacity()));
         left -= block->frames();
         for (std::size_t c = 0; c < block->channels(); ++c)
             std::ranges::fill(block->channel(c), 0.0);
-        error = equalize(block, left == 0);
-    } while (left > 0 && error.isEmpty());
-    return error.isEmpty() ? fillUp(block) : error;
+        result = equalize(block, left == 0);
+    } while (left > 0 && result.isOk());
+    return result.isOk() ? fillUp(block) : result;
 }
 
-QString AudioRenderer::process(AudioBlock* block, bool last)
+Status AudioRenderer::process(AudioBlock* block, bool last)
 {
     return equalize(m_up ? &m_up->process(*block, last) : block, false);
 }
 
-QString AudioRenderer::equalize(AudioBlock* block, bool last)
+Status AudioRenderer::equalize(AudioBlock* block, bool last)
 {
     for (std::size_t c = 0; c < m_strips.size(); ++c)
         m_strips[c]->process(block->channel(c));
@@ -142,7 +138,7 @@ QString AudioRenderer::equalize(AudioBlock* block, bool last)
 }
 
 // Never more than were read: resampling there and back may end a frame late.
-QString AudioRenderer::write(AudioBlock* block)
+Status AudioRenderer::write(AudioBlock* block)
 {
     const auto room = static_cast<std::size_t>(m_reader.position() - m_written);
     block->setFrames(std::min(block->frames(), room));
@@ -151,7 +147,7 @@ QString AudioRenderer::write(AudioBlock* block)
 }
 
 // Or early.
-QString AudioRenderer::fillUp(AudioBlock* block)
+Status AudioRenderer::fillUp(AudioBlock* block)
 {
     block->setFrames(static_cast<std::size_t>(m_reader.position() - m_written));
     for (std::size_t c = 0; c < block->channels(); ++c)

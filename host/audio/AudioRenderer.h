@@ -5,7 +5,9 @@
 #include "host/audio/AudioReader.h"
 #include "host/audio/AudioWriter.h"
 #include "host/audio/BlockResampler.h"
+#include "hosting/Result.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <cstdint>
@@ -19,6 +21,8 @@
 /// run at a multiple of it.
 class AudioRenderer
 {
+    Q_DECLARE_TR_FUNCTIONS(AudioRenderer)
+
 public:
     struct Job
     {
@@ -34,9 +38,8 @@ public:
 
     explicit AudioRenderer(const Job& job);
 
-    /// Does the job. Returns nothing, or what went wrong as a sentence that names the file; the
-    /// output is then as it was before. The same holds for a job that was ended.
-    QString run(const Progress& progress);
+    /// Does the job. Where that fails, or was ended, the output is as it was before.
+    Status run(const Progress& progress);
 
     bool wasEnded() const { return m_ended; }
     /// Samples of the output that were set to its format's limit.
@@ -45,16 +48,16 @@ public:
     const AudioReader::Damage& damage() const { return m_reader.damage(); }
 
 private:
-    QString open();
+    Status open();
     void copyTexts();
     void prepareStrips();
     double stripRate() const;
-    QString runBlocks(const Progress& progress);
-    QString runDelayed(AudioBlock* block);
-    QString process(AudioBlock* block, bool last);
-    QString equalize(AudioBlock* block, bool last);
-    QString write(AudioBlock* block);
-    QString fillUp(AudioBlock* block);
+    Status runBlocks(const Progress& progress);
+    Status runDelayed(AudioBlock* block);
+    Status process(AudioBlock* block, bool last);
+    Status equalize(AudioBlock* block, bool last);
+    Status write(AudioBlock* block);
+    Status fillUp(AudioBlock* block);
     double done() const;
 
     Job m_job;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/audio/AudioSession.h"
 
+#include "engine/MixBus.h"
 #include "host/audio/AudioCallback.h"
 
 #include <algorithm>
@@ -13,57 +14,60 @@ constexpr int watchInterval = 100; // ms
 
 } // namespace
 
-// The audio thread's side: a file's or the inputs' channels through the equalizer to the outputs.
-class AudioSession::Player : public AudioDevice::Source
+// The audio thread's side: a file's or the inputs' channels through the bus to the outputs.
+class AudioSession::Player : public AudioCallback
 {
 public:
-    Player(AudioCallback& equalizer, FileStream& stream)
-        : m_equalizer(equalizer)
+    Player(MixBus& bus, FileStream& stream)
+        : m_bus(bus)
         , m_stream(stream)
     {}
 
-    void prepare(int rate, bool live)
-    {
-        m_live = live;
-        m_equalizer.prepare(rate, live);
-    }
+    void setLive(bool live) { m_live = live; }
 
-    void render(const float* const* inputs, int inputCount, float* const* outputs, int outputCount,
-                int frames) override
+    void process(std::span<const float* const> inputs, std::span<float* const> outputs,
+                 std::size_t frames) override
     {
         if (m_live)
-            m_equalizer.process(inputs, inputCount, outputs, outputCount, frames);
-        else
-            playFile(outputs, outputCount, frames);
-    }
-
-private:
-    static constexpr int partFrames = 256;
-
-    void playFile(float* const* outputs, int outputCount, int frames)
-    {
-        std::array<float*, FileStream::maxChannels> file{};
-        for (std::size_t c = 0; c < file.size(); ++c)
-            file[c] = m_file[c].data();
-        std::array<float*, AudioDevice::maxOutputs> parts{};
-        for (int done = 0; done < frames; done += partFrames) {
-            const int count = std::min(partFrames, frames - done);
-            for (int c = 0; c < outputCount; ++c)
-                parts[static_cast<std::size_t>(c)] = outputs[c] + done;
-            m_stream.read(file.data(), count);
-            m_equalizer.process(file.data(), m_stream.channels(), parts.data(), outputCount, count);
+            return m_bus.process(inputs, outputs, frames);
+        std::array<float*, AudioDevice::maxOutputs> part{};
+        for (std::size_t done = 0; done < frames; done += partFrames) {
+            for (std::size_t c = 0; c < outputs.size(); ++c)
+                part[c] = outputs[c] + done;
+            playFile(std::span(part).first(outputs.size()), std::min(partFrames, frames - done));
         }
     }
 
-    AudioCallback& m_equalizer;
+private:
+    static constexpr std::size_t partFrames = 256;
+    static constexpr std::size_t maxChannels = FileStream::maxChannels;
+
+    void playFile(std::span<float* const> outputs, std::size_t frames)
+    {
+        const auto count = static_cast<std::size_t>(m_stream.channels());
+        m_stream.read(std::span(m_interleaved).first(frames * count));
+        std::array<const float*, maxChannels> inputs{};
+        for (std::size_t c = 0; c < count; ++c) {
+            for (std::size_t i = 0; i < frames; ++i)
+                m_channels[c][i] = m_interleaved[i * count + c];
+            inputs[c] = m_channels[c].data();
+        }
+        m_bus.process(std::span(inputs).first(count), outputs, frames);
+    }
+
+    MixBus& m_bus;
     FileStream& m_stream;
     bool m_live = false;
-    std::array<std::array<float, partFrames>, FileStream::maxChannels> m_file{};
+    std::array<float, partFrames * maxChannels> m_interleaved{};
+    std::array<std::array<float, partFrames>, maxChannels> m_channels{};
 };
 
-AudioSession::AudioSession(AudioCallback& equalizer, QObject* parent)
-    : QObject(parent)
-    , m_player(std::make_unique<Player>(equalizer, m_stream))
+AudioSession::AudioSession(MixBus& bus, std::unique_ptr<AudioDevice> device,
+                           std::chrono::milliseconds patience)
+    : m_bus(bus)
+    , m_player(std::make_unique<Player>(bus, m_stream))
+    , m_device(std::move(device))
+    , m_patience(patience)
 {
     m_watch.setInterval(watchInterval);
     connect(&m_watch, &QTimer::timeout, this, &AudioSession::watch);
@@ -71,17 +75,19 @@ AudioSession::AudioSession(AudioCallback& equalizer, QObject* parent)
 
 AudioSession::~AudioSession() { halt(); }
 
-bool AudioSession::openFile(const QString& file)
+Status AudioSession::openFile(const QString& file)
 {
     stop();
-    const QString error = m_stream.open(file);
-    m_file = error.isEmpty() ? file : QString();
+    m_settings.live = false;
     m_frame = 0;
-    Q_EMIT fileChanged(m_file);
-    if (!error.isEmpty())
-        return fail(error);
+    const Status opened = m_stream.open(file);
+    m_file = opened.isOk() ? file : QString();
+    if (!opened.isOk())
+        return fail(opened);
     m_error.clear();
-    return true;
+    Q_EMIT fileOpened(file);
+    Q_EMIT changed();
+    return opened;
 }
 
 double AudioSession::duration() const
@@ -89,7 +95,7 @@ double AudioSession::duration() const
     return m_stream.length() >= 0 ? double(m_stream.length()) / m_stream.rate() : -1.0;
 }
 
-void AudioSession::setDevice(const AudioDevice::Settings& settings) { m_settings = settings; }
+void AudioSession::setDevice(const AudioDeviceSettings& settings) { m_settings = settings; }
 
 void AudioSession::setLooping(bool looping)
 {
@@ -100,35 +106,73 @@ void AudioSession::setLooping(bool looping)
         setPosition(position());
 }
 
-bool AudioSession::play()
+QStringList AudioSession::outputs() const
 {
-    if (!isStopped())
-        return true;
-    const QString error = start();
-    if (!error.isEmpty())
-        return fail(error);
-    m_error.clear();
-    setState(State::Playing);
-    return true;
+    QStringList names;
+    for (const AudioDeviceInfo& each : devices())
+        names << each.name;
+    return names;
 }
 
-QString AudioSession::start()
+int AudioSession::output() const
+{
+    const auto choice = AudioDevices::choose(devices(), m_settings.device);
+    return choice.isOk() ? static_cast<int>(choice.value() - devices().data()) : -1;
+}
+
+void AudioSession::setOutput(int index)
+{
+    if (index < 0 || index >= static_cast<int>(devices().size()))
+        return;
+    const bool playing = !isStopped();
+    stop();
+    m_settings.device = devices()[static_cast<std::size_t>(index)].name;
+    if (playing)
+        static_cast<void>(play()); // failed() says what goes wrong
+    else
+        Q_EMIT changed();
+}
+
+const std::vector<AudioDeviceInfo>& AudioSession::devices() const
+{
+    if (!m_devices) {
+        m_devices = m_device->list();
+        std::erase_if(*m_devices, [](const AudioDeviceInfo& each) { return each.outputs == 0; });
+    }
+    return *m_devices;
+}
+
+Status AudioSession::play()
+{
+    if (!isStopped())
+        return {};
+    const Status started = start();
+    if (!started.isOk())
+        return fail(started);
+    m_error.clear();
+    setState(State::Playing);
+    return {};
+}
+
+Status AudioSession::start()
 {
     if (!m_settings.live && !m_stream.isOpen())
-        return QStringLiteral("There is no sound file to play.");
-    const QString error = m_device.open(m_settings, m_settings.live ? 0 : m_stream.rate());
-    if (!error.isEmpty())
-        return error;
-    m_player->prepare(m_device.rate(), m_settings.live);
+        return Error{tr("There is no sound file to play.")};
+    const Status opened = m_device->open(m_settings, m_settings.live ? 0 : m_stream.rate());
+    if (!opened.isOk())
+        return opened;
+    Q_EMIT starting();
+    m_bus.prepare(m_device->rate(), m_settings.live);
+    m_player->setLive(m_settings.live);
     if (!m_settings.live)
-        m_stream.start(m_frame == m_stream.length() ? 0 : m_frame, m_device.rate(), m_looping);
-    const QString refusal = m_device.start(m_player.get());
-    if (!refusal.isEmpty())
-        return refusal;
+        m_stream.start(m_frame == m_stream.length() ? 0 : m_frame, m_device->rate(), m_looping);
+    const Status started = m_device->start(*m_player);
+    if (!started.isOk())
+        return started;
     m_calls = 0;
     m_sinceCall.start();
     m_watch.start();
-    return QString();
+    return {};
 }
 
 void AudioSession::stop()
@@ -143,7 +187,7 @@ void AudioSession::stop()
 void AudioSession::halt()
 {
     m_watch.stop();
-    m_device.close();
+    m_device->close();
     m_stream.stop();
 }
 
@@ -165,40 +209,38 @@ void AudioSession::setPosition(double seconds)
     const std::int64_t last = m_stream.length() >= 0 ? m_stream.length() : SF_COUNT_MAX;
     const double frame = std::max(std::round(seconds * m_stream.rate()), 0.0);
     m_frame = frame < double(last) ? static_cast<std::int64_t>(frame) : last;
-    const QString error = playing ? start() : QString();
+    const Status started = playing ? start() : Status();
     Q_EMIT positionChanged(position());
-    if (!error.isEmpty()) {
-        setState(State::Stopped);
-        fail(error);
+    if (!started.isOk()) {
+        m_state = State::Stopped;
+        static_cast<void>(fail(started));
     }
 }
 
 int AudioSession::expectedRate() const
 {
-    return AudioDevice::rateFor(m_settings, m_settings.live ? 0 : m_stream.rate());
-}
-
-qint64 AudioSession::underruns() const
-{
-    return m_device.underruns() + (m_settings.live ? 0 : m_stream.underruns());
+    return m_device->rateFor(m_settings, m_settings.live ? 0 : m_stream.rate());
 }
 
 void AudioSession::watch()
 {
-    QString error = m_device.error();
+    const Status device = m_device->status();
     const bool ended = !m_settings.live && m_stream.hasEnded();
-    if (error.isEmpty() && ended)
-        error = m_stream.error();
-    if (error.isEmpty() && !ended) {
+    if (device.isOk() && !ended) {
         watchCalls();
         Q_EMIT positionChanged(position());
         return;
     }
+    const Status result = device.isOk() ? m_stream.status() : device;
     stop();
-    if (!error.isEmpty()) {
-        fail(error);
-        return;
-    }
+    if (result.isOk())
+        finish();
+    else
+        reportError(result.error());
+}
+
+void AudioSession::finish()
+{
     m_frame = 0;
     Q_EMIT positionChanged(0.0);
     Q_EMIT finished();
@@ -207,7 +249,7 @@ void AudioSession::watch()
 // A sound server can hang without a word, and go on later.
 void AudioSession::watchCalls()
 {
-    const std::int64_t calls = m_device.calls();
+    const std::int64_t calls = m_device->calls();
     if (calls != m_calls) {
         m_calls = calls;
         m_sinceCall.start();
@@ -215,30 +257,30 @@ void AudioSession::watchCalls()
             m_error.clear();
             setState(State::Playing);
         }
-    } else if (m_state == State::Playing && m_sinceCall.hasExpired(m_patience)) {
-        setState(State::Stalled);
-        tell(QStringLiteral("The sound device %1 takes no sound at the moment.")
-                 .arg(m_device.name()));
+    } else if (m_state == State::Playing && m_sinceCall.hasExpired(m_patience.count())) {
+        m_state = State::Stalled;
+        reportError(tr("The sound device %1 is not responding.").arg(m_device->name()));
     }
 }
 
-bool AudioSession::fail(const QString& error)
+Status AudioSession::fail(const Status& error)
 {
     halt();
-    tell(error);
-    return false;
+    reportError(error.error());
+    return error;
 }
 
-void AudioSession::tell(const QString& error)
+void AudioSession::reportError(const QString& error)
 {
     m_error = error;
+    Q_EMIT changed();
     Q_EMIT failed(error);
 }
 
 void AudioSession::setState(State state)
 {
     m_state = state;
-    Q_EMIT stateChanged(state);
+    Q_EMIT changed();
 }
 
 #include "moc_AudioSession.cpp"

@@ -6,18 +6,21 @@
 
 #include <QElapsedTimer>
 #include <QObject>
+#include <QStringList>
 #include <QTimer>
 
+#include <chrono>
 #include <memory>
+#include <optional>
 
-class AudioCallback;
+class MixBus;
 
-/// Plays a sound file, or what comes in, through a callback into a sound device: what a window's
-/// transport needs. GUI thread only; the sound itself has threads of its own.
+/// Plays a sound file, or what comes in, through the mix bus into a sound device: the transport
+/// that a window drives. GUI thread only; the sound itself has threads of its own.
 ///
-/// A file is played once, or over and over if looping. Its one channel is heard on both sides, of
-/// more than two the first two. Everything that goes wrong is a sentence, and the session can be
-/// used on: another file, another device, another try.
+/// A file is played once, or repeated if looping. Of more than two channels the first two are
+/// heard. Everything that goes wrong is a sentence, and the session can be used on: another file,
+/// another device, another try.
 class AudioSession : public QObject
 {
     Q_OBJECT
@@ -30,51 +33,56 @@ public:
     };
     Q_ENUM(State)
 
-    /// \a equalizer works on what is played and must outlive the session.
-    explicit AudioSession(AudioCallback& equalizer, QObject* parent = nullptr);
+    /// \a bus mixes what is played and must outlive the session. \a patience is how long a device
+    /// may ask for nothing before that is an error.
+    AudioSession(MixBus& bus, std::unique_ptr<AudioDevice> device,
+                 std::chrono::milliseconds patience = std::chrono::seconds(3));
     ~AudioSession() override;
 
-    /// Opens a file, which stops the one before. Returns whether that worked; if not, errorText()
-    /// says why and no file is open.
-    bool openFile(const QString& file);
+    /// Opens a file, which stops what plays before, and is what play() plays from now on. Where
+    /// that fails no file is open.
+    Status openFile(const QString& file);
+    /// The file that is open; empty for none.
     const QString& file() const { return m_file; }
     /// In seconds; -1 where it is not known.
     double duration() const;
 
     /// For the next play().
-    void setDevice(const AudioDevice::Settings& settings);
-    const AudioDevice::Settings& device() const { return m_settings; }
+    void setDevice(const AudioDeviceSettings& settings);
     void setLooping(bool looping);
-    /// How long a device may ask for nothing before that is an error; 3000 ms unless set.
-    void setPatience(int milliseconds) { m_patience = milliseconds; }
-    bool isLooping() const { return m_looping; }
+
+    /// The devices that there were at the first call, by name.
+    QStringList outputs() const;
+    /// The one of them that is played on; -1 if it is none of them.
+    int output() const;
+    /// Plays on another one of them, at once if something plays. Does nothing for an index that
+    /// does not exist.
+    void setOutput(int index);
 
     /// Plays the file on from position(), or from the beginning where that is the end; with a live
-    /// device, what comes in. Returns whether that worked; errorText() says why not.
-    bool play();
+    /// device, what comes in.
+    Status play();
     /// Stops where it is.
     void stop();
 
     State state() const { return m_state; }
     /// What went wrong last; empty from the next openFile() or play() that works, or once a device
     /// that had stalled goes on.
-    const QString& errorText() const { return m_error; }
+    const QString& error() const { return m_error; }
 
     /// Seconds from the beginning of the file; of what comes in always 0.
     double position() const;
     void setPosition(double seconds);
 
-    /// The rate of the device that plays, in Hz; 0 while stopped.
-    int deviceRate() const { return isStopped() ? 0 : m_device.rate(); }
-    /// The rate that play() will use, as far as that can be said before; 0 without a device.
+    /// The rate in Hz that play() will use, as far as that can be said before; 0 without a device.
     int expectedRate() const;
-    QString deviceName() const { return m_device.name(); }
-    /// How often a sound came too late since play(), by the file's error or the device's.
-    qint64 underruns() const;
 
 Q_SIGNALS:
-    void fileChanged(const QString& file);
-    void stateChanged(AudioSession::State state);
+    /// The first sample is about to be mixed: what is published now is in force at once.
+    void starting();
+    void fileOpened(const QString& file);
+    /// The file, the device, the state or the error is another one.
+    void changed();
     /// About ten times a second while playing, and after setPosition().
     void positionChanged(double seconds);
     /// The file has been heard to its end; the state is Stopped, the position the beginning.
@@ -85,25 +93,29 @@ private:
     class Player;
 
     bool isStopped() const { return m_state == State::Stopped; }
-    bool fail(const QString& error);
-    void tell(const QString& error);
+    const std::vector<AudioDeviceInfo>& devices() const;
+    Status fail(const Status& error);
+    void reportError(const QString& error);
     void setState(State state);
-    QString start();
+    Status start();
     void halt();
     void watch();
     void watchCalls();
+    void finish();
 
-    std::unique_ptr<Player> m_player;
+    MixBus& m_bus;
     FileStream m_stream;
-    AudioDevice m_device;
-    AudioDevice::Settings m_settings;
+    std::unique_ptr<Player> m_player;
+    std::unique_ptr<AudioDevice> m_device;
+    AudioDeviceSettings m_settings;
+    mutable std::optional<std::vector<AudioDeviceInfo>> m_devices; // looked for once
     QString m_file;
     QString m_error;
     State m_state = State::Stopped;
     bool m_looping = false;
     std::int64_t m_frame = 0; // of the file, while stopped
     QTimer m_watch;
-    int m_patience = 3000;
-    std::int64_t m_calls = 0; // of the device, when it was looked at last
+    std::chrono::milliseconds m_patience;
+    std::int64_t m_calls = 0; // of the device, at the last watch
     QElapsedTimer m_sinceCall;
 };

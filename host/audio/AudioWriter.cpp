@@ -16,16 +16,6 @@ namespace {
 // Of the lossy format, from 0 to 1: well beyond the point where differences are heard.
 constexpr double vorbisQuality = 0.8;
 
-QString errorOfTarget(const QString& file)
-{
-    const QFileInfo old(file);
-    if (old.isDir())
-        return QStringLiteral("it is a folder");
-    if (old.exists() && !old.isFile())
-        return QStringLiteral("it is no ordinary file");
-    return QString();
-}
-
 // Peaks would cost a pass over the samples and bring the time of day into the file.
 void setUp(SNDFILE* sound)
 {
@@ -40,23 +30,35 @@ AudioWriter::AudioWriter() = default;
 
 AudioWriter::~AudioWriter() = default;
 
-QString AudioWriter::open(const QString& file, const SF_INFO& info)
+Status AudioWriter::open(const QString& file, const SF_INFO& info)
 {
     m_name = file;
-    m_file.setFileName(file);
-    const QString error = errorOfTarget(file);
-    if (!error.isEmpty())
-        return sentence(error);
-    if (!m_file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return sentence(m_file.errorString());
-    SF_INFO format = info;
     m_info = info;
+    m_file.setFileName(file);
+    const Status target = checkTarget();
+    if (!target.isOk())
+        return target;
+    if (!m_file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+        return errorOf(m_file.errorString());
+    SF_INFO format = info;
     m_access = std::make_unique<FileAccess>(m_file.handle());
     m_sound.reset(sf_open_virtual(FileAccess::operations(), SFM_WRITE, &format, m_access.get()));
     if (!m_sound)
-        return sentence(systemError(unsupported(AudioFormat::reasonOf(nullptr))));
+        return m_access->hasFailed() ? errorOf(m_access->reason()) : unsupported();
     setUp(m_sound.get());
-    return QString();
+    return {};
+}
+
+Status AudioWriter::checkTarget() const
+{
+    const QFileInfo old(m_name);
+    if (old.isDir())
+        return Error{tr("The sound file %1 cannot be written: it is a folder.").arg(m_name)};
+    if (old.exists() && !old.isFile()) {
+        return Error{
+            tr("The sound file %1 cannot be written: it is no ordinary file.").arg(m_name)};
+    }
+    return {};
 }
 
 void AudioWriter::setText(int kind, const char* text)
@@ -72,17 +74,20 @@ void AudioWriter::setChannelMap(std::vector<int> map)
                    static_cast<int>(map.size() * sizeof(int)));
 }
 
-QString AudioWriter::write(const AudioBlock& block)
+Status AudioWriter::write(const AudioBlock& block)
 {
     if (block.frames() == 0)
-        return QString();
+        return {};
     m_isEmpty = false;
-    if (transfer(block) == static_cast<sf_count_t>(block.frames()) && m_access->error().isEmpty())
-        return QString();
-    const QString reason = AudioFormat::reasonOf(m_sound.get());
-    // Vorbis looks at channels and rate only now.
-    const bool refused = sf_error(m_sound.get()) == SF_ERR_UNRECOGNISED_FORMAT;
-    return sentence(systemError(refused ? unsupported(reason) : reason));
+    const bool written = transfer(block) == static_cast<sf_count_t>(block.frames());
+    if (m_access->hasFailed())
+        return errorOf(m_access->reason());
+    if (written)
+        return {};
+    // Vorbis checks channels and rate only now.
+    if (sf_error(m_sound.get()) == SF_ERR_UNRECOGNISED_FORMAT)
+        return unsupported();
+    return errorOf(AudioFormat::reasonOf(m_sound.get()));
 }
 
 sf_count_t AudioWriter::transfer(const AudioBlock& block)
@@ -111,45 +116,43 @@ sf_count_t AudioWriter::transfer(const AudioBlock& block)
     return 0;
 }
 
-QString AudioWriter::commit()
+Status AudioWriter::commit()
 {
-    const QString error = close();
-    if (!error.isEmpty()) {
+    const Status closed = close();
+    if (!closed.isOk()) {
         m_file.cancelWriting();
-        return sentence(error);
+        return closed;
     }
-    return m_file.commit() ? QString() : sentence(m_file.errorString());
+    return m_file.commit() ? Status() : errorOf(m_file.errorString());
 }
 
-QString AudioWriter::close()
+Status AudioWriter::close()
 {
     // FLAC's header would come with the first sample only.
     if (m_isEmpty && (m_info.format & SF_FORMAT_TYPEMASK) == SF_FORMAT_FLAC)
         sf_command(m_sound.get(), SFC_UPDATE_HEADER_NOW, nullptr, 0);
     const int error = sf_close(m_sound.release());
-    if (error != SF_ERR_NO_ERROR || !m_access->error().isEmpty())
-        return systemError(QString::fromLocal8Bit(sf_error_number(error)).simplified());
+    if (m_access->hasFailed())
+        return errorOf(m_access->reason());
+    if (error != SF_ERR_NO_ERROR)
+        return errorOf(QString::fromLocal8Bit(sf_error_number(error)).simplified());
+    // Nothing but the header would tell an empty file's format.
     if (m_access->size() == 0)
-        return unsupported(QStringLiteral("no header comes out"));
+        return unsupported();
     // A disk may find out only now that it has no room.
     if (::fdatasync(m_file.handle()) != 0 && errno != EINVAL && errno != EROFS)
-        return QString::fromLocal8Bit(std::strerror(errno));
-    return QString();
+        return errorOf(QString::fromLocal8Bit(std::strerror(errno)));
+    return {};
 }
 
-QString AudioWriter::sentence(const QString& reason) const
+Error AudioWriter::errorOf(const QString& reason) const
 {
-    return QStringLiteral("The sound file %1 cannot be written: %2.").arg(m_name, reason);
+    return {tr("The sound file %1 cannot be written: %2.").arg(m_name, reason)};
 }
 
-QString AudioWriter::unsupported(const QString& reason) const
+Error AudioWriter::unsupported() const
 {
-    return QStringLiteral("its format does not take %1 channels at %2 Hz (%3)")
-        .arg(QString::number(m_info.channels), QString::number(m_info.samplerate), reason);
-}
-
-QString AudioWriter::systemError(const QString& otherwise) const
-{
-    const QString error = m_access->error();
-    return error.isEmpty() ? otherwise : error;
+    return {tr("The sound file %1 cannot be written: its format does not take %2 channels at %3 "
+               "Hz.")
+                .arg(m_name, QString::number(m_info.channels), QString::number(m_info.samplerate))};
 }

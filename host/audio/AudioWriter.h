@@ -3,7 +3,9 @@
 
 #include "host/audio/AudioBlock.h"
 #include "host/audio/FileAccess.h"
+#include "hosting/Result.h"
 
+#include <QCoreApplication>
 #include <QSaveFile>
 #include <QString>
 
@@ -15,25 +17,25 @@
 
 /// A sound file written block by block into a temporary file beside it, which takes its place at
 /// the end or never. A writer that goes without commit() leaves nothing behind.
-///
-/// Errors are sentences that name the file.
 class AudioWriter
 {
+    Q_DECLARE_TR_FUNCTIONS(AudioWriter)
+
 public:
     AudioWriter();
     ~AudioWriter();
 
     /// Begins \a file, of a format from AudioFormat::outputFor().
-    QString open(const QString& file, const SF_INFO& info);
+    Status open(const QString& file, const SF_INFO& info);
 
     /// A text (SF_STR_TITLE and so on) and the places of the channels; before the first block.
     void setText(int kind, const char* text);
     void setChannelMap(std::vector<int> map);
 
     /// Appends the frames in use.
-    QString write(const AudioBlock& block);
+    Status write(const AudioBlock& block);
     /// Completes the file, brings it to the disk and puts it in its place.
-    QString commit();
+    Status commit();
 
     /// Samples so far that were set to the format's nearest limit.
     std::int64_t clipped() const { return m_clipped; }
@@ -45,10 +47,10 @@ private:
     };
 
     sf_count_t transfer(const AudioBlock& block);
-    QString close();
-    QString sentence(const QString& reason) const;
-    QString unsupported(const QString& reason) const;
-    QString systemError(const QString& otherwise) const;
+    Status checkTarget() const;
+    Status close();
+    Error errorOf(const QString& reason) const;
+    Error unsupported() const;
 
     QString m_name;
     QSaveFile m_file;

@@ -34,10 +34,7 @@ SF_VIRTUAL_IO* FileAccess::operations()
     return &table;
 }
 
-QString FileAccess::error() const
-{
-    return m_error ? QString::fromLocal8Bit(std::strerror(m_error)) : QString();
-}
+QString FileAccess::reason() const { return QString::fromLocal8Bit(std::strerror(m_error)); }
 
 void FileAccess::cover(std::int64_t offset, const QByteArray& bytes)
 {

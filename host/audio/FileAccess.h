@@ -23,8 +23,9 @@ public:
     /// What sf_open_virtual() takes, with this object as its user data.
     static SF_VIRTUAL_IO* operations();
 
-    /// The reason for the first failed access, as the system tells it; nothing without one.
-    QString error() const;
+    bool hasFailed() const { return m_error != 0; }
+    /// Why the first access failed that did, in the system's words.
+    QString reason() const;
 
     /// What read() gives from \a offset on in place of the file's bytes there.
     void cover(std::int64_t offset, const QByteArray& bytes);

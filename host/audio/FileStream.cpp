@@ -9,7 +9,6 @@ namespace {
 
 constexpr double secondsAhead = 1.0;
 constexpr std::size_t pieceFrames = 2048;
-constexpr std::size_t maxFramesAtOnce = 8192;
 constexpr std::chrono::milliseconds restBetweenFills{10};
 
 } // namespace
@@ -18,16 +17,16 @@ FileStream::FileStream() = default;
 
 FileStream::~FileStream() { stop(); }
 
-QString FileStream::open(const QString& file)
+Status FileStream::open(const QString& file)
 {
     stop();
     m_reader = std::make_unique<AudioReader>();
-    const QString error = m_reader->open(file);
-    if (!error.isEmpty())
+    const Status opened = m_reader->open(file);
+    if (!opened.isOk())
         m_reader.reset();
     m_start = 0;
     m_delivered = 0;
-    return error;
+    return opened;
 }
 
 int FileStream::channels() const
@@ -49,15 +48,13 @@ void FileStream::start(std::int64_t frame, int deviceRate, bool looping)
     m_fileFramesPerFrame = double(rate()) / deviceRate;
     m_looping = looping;
     m_readSinceStart = 0;
-    m_block = std::make_unique<AudioBlock>(m_reader->channels(), pieceFrames);
     m_resampler = std::make_unique<Resampler>(channels(), rate(), deviceRate);
     m_ring = std::make_unique<RingBuffer>(samples);
-    m_taken.resize(maxFramesAtOnce * static_cast<std::size_t>(channels()));
-    m_pending.clear();
-    m_pendingStart = 0;
+    m_piece.resize(pieceFrames * static_cast<std::size_t>(m_reader->channels()));
+    m_pending = {};
     m_allRead = m_stopping = false;
     m_complete = m_ended = false;
-    m_delivered = m_underruns = 0;
+    m_delivered = 0;
     // What is heard first is there before the device asks for it.
     m_complete = fill();
     m_thread = std::thread([this] { run(); });
@@ -91,10 +88,8 @@ void FileStream::run()
 bool FileStream::fill()
 {
     for (;;) {
-        const std::span<const float> pending =
-            std::span<const float>(m_pending).subspan(m_pendingStart);
-        m_pendingStart += m_ring->write(pending);
-        if (m_pendingStart < m_pending.size())
+        m_pending = m_pending.subspan(m_ring->write(m_pending));
+        if (!m_pending.empty())
             return false;
         if (m_allRead)
             return true;
@@ -104,11 +99,13 @@ bool FileStream::fill()
 
 void FileStream::readPiece()
 {
-    m_reader->read(m_block.get());
-    const bool atEnd = m_block->frames() < m_block->capacity();
-    m_readSinceStart += m_block->frames();
-    const bool again = atEnd && m_looping && m_readSinceStart > 0 && m_reader->error().isEmpty();
-    takePiece(*m_block, atEnd && !again);
+    const std::size_t frames = m_reader->read(m_piece);
+    const bool atEnd = frames < pieceFrames;
+    m_readSinceStart += frames;
+    const bool again = atEnd && m_looping && m_readSinceStart > 0 && m_reader->status().isOk();
+    keepHeardChannels(frames);
+    const std::size_t heard = frames * static_cast<std::size_t>(channels());
+    m_pending = m_resampler->process(std::span(m_piece).first(heard), atEnd && !again);
     if (again) {
         m_reader->seek(0);
         m_readSinceStart = 0;
@@ -116,39 +113,26 @@ void FileStream::readPiece()
     m_allRead = atEnd && !again;
 }
 
-void FileStream::takePiece(const AudioBlock& block, bool last)
+void FileStream::keepHeardChannels(std::size_t frames)
 {
-    const auto count = static_cast<std::size_t>(channels());
-    m_interleaved.resize(block.frames() * count);
-    for (std::size_t c = 0; c < count; ++c) {
-        const std::span<const double> samples = block.channel(c);
-        for (std::size_t i = 0; i < samples.size(); ++i)
-            m_interleaved[i * count + c] = static_cast<float>(samples[i]);
-    }
-    const std::span<const float> converted = m_resampler->process(m_interleaved, last);
-    m_pending.assign(converted.begin(), converted.end());
-    m_pendingStart = 0;
+    const auto all = static_cast<std::size_t>(m_reader->channels());
+    const auto heard = static_cast<std::size_t>(channels());
+    for (std::size_t i = 1; all > heard && i < frames; ++i)
+        std::copy_n(m_piece.begin() + static_cast<std::ptrdiff_t>(i * all), heard,
+                    m_piece.begin() + static_cast<std::ptrdiff_t>(i * heard));
 }
 
-int FileStream::read(float* const* channels, int frames)
+std::size_t FileStream::read(std::span<float> samples)
 {
-    const auto count = static_cast<std::size_t>(this->channels());
-    const auto wanted = std::min(static_cast<std::size_t>(frames), maxFramesAtOnce);
+    const auto count = static_cast<std::size_t>(channels());
     // Asked first: what comes into the ring afterwards is not missed.
     const bool complete = m_complete.load(std::memory_order_acquire);
-    const std::span<float> taken(m_taken.data(), wanted * count);
-    const std::size_t got = m_ring->read(taken) / count;
-    for (std::size_t c = 0; c < count; ++c) {
-        for (std::size_t i = 0; i < got; ++i)
-            channels[c][i] = taken[i * count + c];
-        std::fill(channels[c] + got, channels[c] + frames, 0.0F);
-    }
-    m_delivered.fetch_add(static_cast<std::int64_t>(got), std::memory_order_relaxed);
-    if (got < wanted && complete)
+    const std::size_t got = m_ring->read(samples);
+    std::ranges::fill(samples.subspan(got), 0.0F);
+    m_delivered.fetch_add(static_cast<std::int64_t>(got / count), std::memory_order_relaxed);
+    if (got < samples.size() && complete)
         m_ended.store(true, std::memory_order_release);
-    else if (got < wanted)
-        m_underruns.fetch_add(1, std::memory_order_relaxed);
-    return static_cast<int>(got);
+    return got / count;
 }
 
 std::int64_t FileStream::position() const

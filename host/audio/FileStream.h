@@ -11,11 +11,12 @@
 #include <condition_variable>
 #include <memory>
 #include <mutex>
+#include <span>
 #include <thread>
 #include <vector>
 
-/// A sound file on its way to a device: a thread of its own reads ahead and converts to the
-/// device's rate, and the audio thread takes what is there without waiting.
+/// A sound file on its way to a device, as interleaved floats: a thread of its own reads ahead and
+/// converts to the device's rate, and the audio thread takes what is there without waiting.
 ///
 /// Of a file of more than two channels the first two are heard. All but read() is for the thread
 /// that owns the object.
@@ -27,9 +28,8 @@ public:
     FileStream();
     ~FileStream();
 
-    /// Opens \a file. Returns nothing, or why it cannot be read as a sentence; a file that was open
-    /// before is gone then, too.
-    QString open(const QString& file);
+    /// Opens \a file. Where that fails, a file that was open before is closed, too.
+    Status open(const QString& file);
     bool isOpen() const { return m_reader != nullptr; }
 
     int channels() const;
@@ -43,33 +43,29 @@ public:
     void start(std::int64_t frame, int deviceRate, bool looping);
     void stop();
 
-    /// The audio thread's: fills \a frames of each of channels() channels, the rest with silence
-    /// where the file has ended or is late. Says how many came from the file.
-    int read(float* const* channels, int frames);
+    /// The audio thread's: fills \a samples with whole frames of channels() samples each, the rest
+    /// with silence where the file has ended or is late. Returns how many frames came from the
+    /// file.
+    std::size_t read(std::span<float> samples);
 
     /// Whether everything has been heard.
     bool hasEnded() const { return m_ended.load(std::memory_order_acquire); }
     /// The frame of the file that is heard next.
     std::int64_t position() const;
-    /// How often read() found too little although the file goes on.
-    std::int64_t underruns() const { return m_underruns.load(std::memory_order_relaxed); }
     /// What went wrong while reading ahead; the stream ends there. Valid once it has ended.
-    QString error() const { return hasEnded() && m_reader ? m_reader->error() : QString(); }
+    Status status() const { return hasEnded() && m_reader ? m_reader->status() : Status(); }
 
 private:
     void run();
     bool fill();
     void readPiece();
-    void takePiece(const AudioBlock& block, bool last);
+    void keepHeardChannels(std::size_t frames);
 
     std::unique_ptr<AudioReader> m_reader;
-    std::unique_ptr<AudioBlock> m_block;
     std::unique_ptr<Resampler> m_resampler;
     std::unique_ptr<RingBuffer> m_ring;
-    std::vector<float> m_interleaved; // one piece of the file
-    std::vector<float> m_pending;     // converted, but without room so far
-    std::size_t m_pendingStart = 0;
-    std::vector<float> m_taken; // the audio thread's
+    std::vector<float> m_piece;       // of the file
+    std::span<const float> m_pending; // converted, but without room so far
     std::int64_t m_start = 0;
     double m_fileFramesPerFrame = 1.0;
     bool m_looping = false;
@@ -83,5 +79,4 @@ private:
     std::atomic<bool> m_complete = false; // everything is in the ring
     std::atomic<bool> m_ended = false;
     std::atomic<std::int64_t> m_delivered = 0;
-    std::atomic<std::int64_t> m_underruns = 0;
 };

@@ -2,7 +2,8 @@
 #include "host/audio/OggPages.h"
 
 #include <QByteArray>
-#include <QIODevice>
+#include <QCoreApplication>
+#include <QFileDevice>
 #include <QtEndian>
 
 #include <array>
@@ -43,13 +44,13 @@ quint32 checksum(const QByteArray& page)
     return sum;
 }
 
-bool isSound(const QByteArray& page)
+bool isWhole(const QByteArray& page)
 {
     return checksum(page) == qFromLittleEndian<quint32>(page.constData() + checksumAt);
 }
 
-// Empty where there is no whole and sound page.
-QByteArray pageAt(QIODevice& device, qint64 offset)
+// Empty where there is no whole and undamaged page.
+QByteArray pageAt(QFileDevice& device, qint64 offset)
 {
     const QByteArray header = device.seek(offset) ? device.read(headerSize) : QByteArray();
     if (header.size() < headerSize || !header.startsWith("OggS"))
@@ -60,26 +61,33 @@ QByteArray pageAt(QIODevice& device, qint64 offset)
             return sum + static_cast<unsigned char>(size);
         });
     const QByteArray page = header + segments + device.read(content);
-    return isSound(page) ? page : QByteArray();
+    return isWhole(page) ? page : QByteArray();
 }
 
 } // namespace
 
-QString OggPages::errorIn(QIODevice& device)
+Status OggPages::check(QFileDevice& file)
 {
     unsigned flags = FirstOfStream;
     qint64 offset = 0;
     for (;;) {
-        const QByteArray page = pageAt(device, offset);
+        const QByteArray page = pageAt(file, offset);
         if (page.isEmpty())
             break;
         const bool follows = (flags & FirstOfStream) == 0;
         flags = byteAt(page, flagsAt);
-        if (follows && (flags & FirstOfStream) != 0)
-            return QStringLiteral("it holds several streams one after the other");
+        if (follows && (flags & FirstOfStream) != 0) {
+            return Error{QCoreApplication::translate("AudioReader",
+                                                     "The sound file %1 cannot be read: it holds "
+                                                     "several streams one after the other.")
+                             .arg(file.fileName())};
+        }
         offset += page.size();
     }
     if ((flags & LastOfStream) != 0)
-        return QString();
-    return QStringLiteral("it is damaged at byte %1").arg(offset);
+        return {};
+    return Error{QCoreApplication::translate("AudioReader",
+                                             "The sound file %1 cannot be read: it is damaged at "
+                                             "byte %2.")
+                     .arg(file.fileName(), QString::number(offset))};
 }

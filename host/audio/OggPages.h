@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QString>
+#include "hosting/Result.h"
 
-class QIODevice;
+class QFileDevice;
 
 namespace OggPages {
 
-/// Why the sound file library would leave out parts of the OGG file in \a device, which it does
-/// without a word: a page is damaged, or several streams follow one another, of which it knows the
-/// first. Nothing for a good file. Reads all of it; the device's position changes.
-QString errorIn(QIODevice& device);
+/// Whether the sound file library would give all of an OGG file. It leaves out without a word what
+/// a damaged page held, and of several streams that follow one another all but the first. Reads all
+/// of \a file, whose position changes.
+Status check(QFileDevice& file);
 
 } // namespace OggPages

@@ -3,11 +3,14 @@
 
 #include <cstddef>
 
-AudioMeters::AudioMeters(const AudioEngine& engine)
+AudioMeters::AudioMeters(const AudioEngine& engine, double patience)
     : m_engine(engine)
+    , m_patience(patience)
 {
-    for (Channel& channel : m_channels)
+    for (Channel& channel : m_channels) {
         channel.blocks = engine.blocks();
+        channel.idle = patience;
+    }
 }
 
 MeterLevels AudioMeters::read(int channel, const std::array<int, parameterCount>&, int,
@@ -17,7 +20,7 @@ MeterLevels AudioMeters::read(int channel, const std::array<int, parameterCount>
     const std::uint64_t blocks = m_engine.blocks();
     c.idle = blocks == c.blocks ? c.idle + seconds : 0.0;
     c.blocks = blocks;
-    if (c.idle < patience) {
+    if (c.idle < m_patience) {
         const MeterLevels levels = m_engine.levels(channel);
         c.send.setTenths(levels.send);
         c.returned.setTenths(levels.returned);

@@ -7,16 +7,13 @@
 #include <array>
 #include <cstdint>
 
-/// Meter readings of the audio that runs through the engine. Where no block has come for
-/// `patience`, no audio runs, and the levels fall as they do in silence. std only.
+/// Meter readings of the audio that runs through the engine. Where no block has come for a while,
+/// no audio runs, and the levels fall as they do in silence. std only.
 class AudioMeters : public MeterProducer
 {
 public:
-    /// Longer than the blocks of any device.
-    static constexpr double patience = 0.5; // seconds
-
-    /// \a engine must outlive it.
-    explicit AudioMeters(const AudioEngine& engine);
+    /// \a engine must outlive it. \a patience, in seconds, is longer than the blocks of any device.
+    explicit AudioMeters(const AudioEngine& engine, double patience = 0.5);
 
     /// The values and the sample rate are the engine's own matter.
     MeterLevels read(int channel, const std::array<int, parameterCount>& values, int sampleRate,
@@ -26,11 +23,12 @@ private:
     struct Channel
     {
         std::uint64_t blocks = 0; // at the last reading
-        double idle = patience;   // seconds without a block
+        double idle = 0.0;        // seconds without a block
         PeakLevel send;
         PeakLevel returned;
     };
 
     const AudioEngine& m_engine;
+    double m_patience;
     std::array<Channel, channelCount> m_channels;
 };

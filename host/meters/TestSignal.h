@@ -9,7 +9,7 @@
 #include <span>
 
 /// A signal to look at while no audio is connected: a sine sweep from 20 Hz to 20 kHz in ten
-/// seconds, over and over, and bursts of pink-like noise. Samples lie within -1 and 1.
+/// seconds, repeated, and bursts of pink-like noise. Samples lie within -1 and 1.
 ///
 /// Channels differ: each begins elsewhere in the sweep, has noise of its own and bursts at a pace
 /// of its own. A channel's signal is the same in every run. std only.

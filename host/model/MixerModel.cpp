@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/model/MixerModel.h"
 
-#include "host/audio/Transport.h"
+#include "host/audio/AudioSession.h"
 #include "host/model/ChannelText.h"
 
 #include <QClipboard>
@@ -86,9 +86,22 @@ QString MixerModel::pasteFromClipboard(int channel)
     return QString();
 }
 
-Transport* MixerModel::transport() const { return m_transport; }
+void MixerModel::feed(int channel, bool live)
+{
+    const int first = live ? int{SourceInput1} : int{SourceFile};
+    const int last = live ? SourceOff - 1 : int{SourceFile};
+    for (int each = 0; each < channelCount; ++each) {
+        const int source = m_memory.strip(leaderOf(each), StripParameter::Source);
+        if (source >= first && source <= last)
+            return;
+    }
+    const EditHistory::Pause pause(m_history);
+    m_memory.setStrip(leaderOf(channel), StripParameter::Source, first);
+}
 
-void MixerModel::setTransport(Transport* transport)
+AudioSession* MixerModel::transport() const { return m_transport; }
+
+void MixerModel::setTransport(AudioSession* transport)
 {
     m_transport = transport;
     Q_EMIT transportChanged();

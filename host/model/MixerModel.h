@@ -11,7 +11,7 @@
 
 #include <array>
 
-class Transport;
+class AudioSession;
 
 /// What the mixer keeps besides the parameters' values: the channels' names, the A and B settings,
 /// and the history of all edits. One for all windows. Needs an application object.
@@ -52,9 +52,13 @@ public:
     /// Returns nothing, or why the clipboard's content is no use, as a sentence.
     QString pasteFromClipboard(int channel);
 
+    /// Lets a channel's strip play the file, or with \a live what comes in, unless some strip does
+    /// already. No step of the history.
+    void feed(int channel, bool live);
+
     /// What plays sound through the mixer; null as long as nothing does. Not owned.
-    Transport* transport() const;
-    void setTransport(Transport* transport);
+    AudioSession* transport() const;
+    void setTransport(AudioSession* transport);
 
 Q_SIGNALS:
     void nameChanged(int channel);
@@ -66,5 +70,5 @@ private:
     EditHistory m_history;
     ChannelCompare m_compare;
     std::array<QString, channelCount> m_names;
-    QPointer<Transport> m_transport;
+    QPointer<AudioSession> m_transport;
 };

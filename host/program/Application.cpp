@@ -2,7 +2,6 @@
 #include "host/program/Application.h"
 
 #include "host/meters/MixerMeters.h"
-#include "host/model/AudioTransport.h"
 #include "host/program/QuitSignals.h"
 #include "host/window/EditorWindow.h"
 #include "host/window/HostTheme.h"
@@ -205,8 +204,11 @@ QString Application::openAudio()
     const CommandLine::Audio& audio = m_commandLine.audio;
     m_audio.setDevice(audio.device);
     m_audio.setLooping(audio.loop);
-    if (!audio.file.isEmpty() && !m_audio.openFile(audio.file))
-        return m_audio.errorText();
+    if (!audio.file.isEmpty()) {
+        const Status opened = m_audio.openFile(audio.file);
+        if (!opened.isOk())
+            return opened.error();
+    }
     const int rate = m_audio.expectedRate();
     if (!m_commandLine.sampleRateGiven && rate > 0)
         m_commandLine.editor.sampleRate = rate;
@@ -218,16 +220,16 @@ void Application::connectAudio(MixerWindow& mixerWindow)
 {
     QObject::connect(&m_audio, &AudioSession::failed, &mixerWindow,
                      [&mixerWindow](const QString& sentence) { warn(mixerWindow, sentence); });
-    auto* transport = new AudioTransport(m_audio, m_mixer.mixerModel,
-                                         [&mixerWindow] { return mixerWindow.selectedChannel(); });
-    transport->setParent(&mixerWindow);
-    m_mixer.mixerModel.setTransport(transport);
-    m_mixer.meters.setProducer(std::make_unique<MixerMeters>(m_mixer.mixerModel, m_sound.engine()));
-    m_sound.follow(m_mixer.mixerModel);
+    QObject::connect(&m_audio, &AudioSession::starting, &m_publisher, &SettingsPublisher::publish);
+    QObject::connect(&m_audio, &AudioSession::fileOpened, &mixerWindow, [this, &mixerWindow] {
+        m_mixer.mixerModel.feed(mixerWindow.selectedChannel(), false);
+    });
+    m_mixer.mixerModel.setTransport(&m_audio);
+    m_mixer.meters.setProducer(std::make_unique<MixerMeters>(m_mixer.mixerModel, m_bus.engine()));
     if (!m_commandLine.plays())
         return;
-    transport->feed(m_commandLine.editor.channel, m_commandLine.audio.device.live);
-    m_audio.play();
+    m_mixer.mixerModel.feed(m_commandLine.editor.channel, m_commandLine.audio.device.live);
+    static_cast<void>(m_audio.play()); // failed() says what goes wrong
 }
 
 QString Application::sessionFile() const

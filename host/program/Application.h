@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "engine/MixBus.h"
 #include "host/audio/AudioSession.h"
-#include "host/model/LiveMixer.h"
+#include "host/audio/RtAudioDevice.h"
+#include "host/model/SettingsPublisher.h"
 #include "host/program/CommandLine.h"
 #include "host/window/Mixer.h"
 
@@ -43,7 +45,8 @@ private:
 
     CommandLine m_commandLine;
     QString m_programFolder;
-    LiveMixer m_sound; // the mixer's meters read it
+    MixBus m_bus; // the mixer's meters read it
     Mixer m_mixer;
-    AudioSession m_audio{m_sound};
+    SettingsPublisher m_publisher{m_mixer.mixerModel, m_bus};
+    AudioSession m_audio{m_bus, std::make_unique<RtAudioDevice>()};
 };

@@ -49,10 +49,11 @@ QString readJob(const CommandLine& commandLine, AudioRenderer::Job* job)
 QString runWithBar(AudioRenderer* renderer)
 {
     ProgressBar bar;
-    return renderer->run([&bar](double done) {
+    const Status result = renderer->run([&bar](double done) {
         bar.show(done);
         return !Interruption::isWanted();
     });
+    return result.error();
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/window/EditorWindow.h"
 
-#include "host/audio/Transport.h"
+#include "host/audio/AudioSession.h"
 #include "host/files/FactoryPresets.h"
 #include "host/window/EditorToolBar.h"
 #include "host/window/HistoryMenu.h"
@@ -212,8 +212,8 @@ void EditorWindow::buildStatus()
     statusBar()->addPermanentWidget(m_audio);
     m_texts.add([this] { showAudio(); });
     const auto listen = [this] {
-        if (const Transport* transport = m_mixer.mixerModel.transport())
-            connect(transport, &Transport::changed, this, &EditorWindow::showAudio);
+        if (const AudioSession* transport = m_mixer.mixerModel.transport())
+            connect(transport, &AudioSession::changed, this, &EditorWindow::showAudio);
         showAudio();
     };
     connect(&m_mixer.mixerModel, &MixerModel::transportChanged, this, listen);
@@ -222,8 +222,8 @@ void EditorWindow::buildStatus()
 
 void EditorWindow::showAudio()
 {
-    const Transport* transport = m_mixer.mixerModel.transport();
-    const bool playing = transport && transport->state() == Transport::State::Playing;
+    const AudioSession* transport = m_mixer.mixerModel.transport();
+    const bool playing = transport && transport->state() == AudioSession::State::Playing;
     m_audio->setText(playing ? QString() : tr("No audio"));
 }
 

@@ -2,7 +2,7 @@
 #include "host/window/TransportBar.h"
 
 #include "controls/PushButtonController.h"
-#include "host/audio/Transport.h"
+#include "host/audio/AudioSession.h"
 #include "host/model/MixerModel.h"
 #include "host/window/MixerLook.h"
 #include "widgets/SvgLabel.h"
@@ -17,12 +17,12 @@
 #include <QSlider>
 #include <QStyle>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
 
 constexpr int barHeight = 46;
-constexpr int positionInterval = 100; // ms
 constexpr int stepsPerSecond = 10;
 
 QString timeText(double seconds)
@@ -65,8 +65,6 @@ TransportBar::TransportBar(MixerModel& mixerModel, QWidget* parent)
 {
     setFixedHeight(barHeight);
     build();
-    m_timer.setInterval(positionInterval);
-    connect(&m_timer, &QTimer::timeout, this, &TransportBar::showPosition);
     connect(&mixerModel, &MixerModel::transportChanged, this, &TransportBar::listen);
     listen();
 }
@@ -74,7 +72,7 @@ TransportBar::TransportBar(MixerModel& mixerModel, QWidget* parent)
 void TransportBar::retranslate()
 {
     m_texts.retranslate();
-    show(m_mixerModel.transport());
+    showSession(m_mixerModel.transport());
 }
 
 void TransportBar::paintEvent(QPaintEvent*)
@@ -113,6 +111,12 @@ void TransportBar::build()
     m_lamp->setFixedSize(14, 14);
     m_status = new QLabel(this);
 
+    layOut();
+    connectControls();
+}
+
+void TransportBar::layOut()
+{
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(14, 4, 14, 4);
     row->setSpacing(6);
@@ -122,73 +126,79 @@ void TransportBar::build()
         row->addWidget(widget);
     row->insertSpacing(1, 8);
     row->setStretchFactor(m_position, 1);
+}
 
+void TransportBar::connectControls()
+{
     const auto drive = [this](auto action) {
         return [this, action] {
-            if (Transport* transport = m_mixerModel.transport())
+            if (AudioSession* transport = m_mixerModel.transport())
                 action(*transport);
         };
     };
     connect(m_open, &QAbstractButton::clicked, this, &TransportBar::chooseFile);
-    connect(m_play, &QAbstractButton::clicked, this, drive([](Transport& t) { t.play(); }));
-    connect(m_stop, &QAbstractButton::clicked, this, drive([](Transport& t) { t.stop(); }));
-    connect(m_position, &QSlider::actionTriggered, this, drive([this](Transport& t) {
-                t.seek(double(m_position->sliderPosition()) / stepsPerSecond);
+    connect(m_play, &QAbstractButton::clicked, this, drive([](AudioSession& transport) {
+                static_cast<void>(transport.play()); // failed() says what goes wrong
             }));
-    connect(m_devices, &QComboBox::activated, this,
-            drive([this](Transport& t) { t.chooseDevice(m_devices->currentIndex()); }));
+    connect(m_stop, &QAbstractButton::clicked, this,
+            drive([](AudioSession& transport) { transport.stop(); }));
+    connect(m_position, &QSlider::actionTriggered, this, drive([this](AudioSession& transport) {
+                transport.setPosition(double(m_position->sliderPosition()) / stepsPerSecond);
+            }));
+    connect(m_devices, &QComboBox::activated, this, drive([this](AudioSession& transport) {
+                transport.setOutput(m_devices->currentIndex());
+            }));
 }
 
 void TransportBar::listen()
 {
-    Transport* transport = m_mixerModel.transport();
-    if (transport)
-        connect(transport, &Transport::changed, this, [this] { show(m_mixerModel.transport()); });
-    show(transport);
+    const AudioSession* transport = m_mixerModel.transport();
+    if (transport) {
+        connect(transport, &AudioSession::changed, this,
+                [this] { showSession(m_mixerModel.transport()); });
+        connect(transport, &AudioSession::positionChanged, this, &TransportBar::showPosition);
+    }
+    showSession(transport);
 }
 
-void TransportBar::show(const Transport* transport)
+void TransportBar::showSession(const AudioSession* transport)
 {
-    const bool playing = transport && transport->state() == Transport::State::Playing;
-    const bool stalled = transport && transport->state() == Transport::State::Stalled;
-    const bool error = stalled || (transport && transport->state() == Transport::State::Error);
+    const bool stopped = !transport || transport->state() == AudioSession::State::Stopped;
+    const bool error = transport && !transport->error().isEmpty();
     const bool loaded = transport && !transport->file().isEmpty();
     MixerLook::enableKey(m_open, transport);
-    MixerLook::enableKey(m_play, loaded && !playing && !stalled);
-    MixerLook::enableKey(m_stop, playing || stalled);
+    MixerLook::enableKey(m_play, loaded && stopped);
+    MixerLook::enableKey(m_stop, !stopped);
     m_position->setEnabled(loaded);
     m_file->setText(loaded ? QFileInfo(transport->file()).fileName() : tr("No file"));
     m_file->setToolTip(loaded ? plain(transport->file()) : QString());
-    m_lamp->setSvg(MixerLook::image(playing ? QStringLiteral("lamp_green")
-                                    : error ? QStringLiteral("lamp_red")
-                                            : QStringLiteral("lamp_off")));
+    m_lamp->setSvg(MixerLook::image(error     ? QStringLiteral("lamp_red")
+                                    : stopped ? QStringLiteral("lamp_off")
+                                              : QStringLiteral("lamp_green")));
     m_status->setText(statusText(transport));
     m_status->setToolTip(error ? plain(transport->error()) : QString());
     showDevices(transport);
     showPosition();
-    if (playing)
-        m_timer.start();
-    else
-        m_timer.stop();
 }
 
-void TransportBar::showDevices(const Transport* transport)
+void TransportBar::showDevices(const AudioSession* transport)
 {
     m_devices->clear();
-    m_devices->setEnabled(transport && !transport->devices().isEmpty());
+    const QStringList outputs = transport ? transport->outputs() : QStringList();
+    m_devices->setEnabled(!outputs.isEmpty());
     if (!m_devices->isEnabled()) {
         m_devices->addItem(tr("No device"));
         return;
     }
-    m_devices->addItems(transport->devices());
-    m_devices->setCurrentIndex(transport->device());
+    m_devices->addItems(outputs);
+    m_devices->setCurrentIndex(transport->output());
 }
 
 void TransportBar::showPosition()
 {
-    const Transport* transport = m_mixerModel.transport();
+    const AudioSession* transport = m_mixerModel.transport();
     const double position = transport ? transport->position() : 0.0;
-    const double length = transport ? transport->length() : 0.0;
+    const double length = transport ? std::max(transport->duration(), 0.0) : 0.0;
     m_time->setText(timeText(position) + QLatin1String(" / ") + timeText(length));
     if (m_position->isSliderDown())
         return;
@@ -202,24 +212,17 @@ void TransportBar::chooseFile()
     const QString file = QFileDialog::getOpenFileName(
         this, tr("Open sound file"), QString(),
         tr("Sound files (*.wav *.flac *.ogg *.aif *.aiff *.mp3);;All files (*)"));
-    Transport* transport = m_mixerModel.transport();
+    AudioSession* transport = m_mixerModel.transport();
     if (transport && !file.isEmpty())
-        transport->open(file);
+        static_cast<void>(transport->openFile(file)); // failed() says what goes wrong
 }
 
-QString TransportBar::statusText(const Transport* transport) const
+QString TransportBar::statusText(const AudioSession* transport) const
 {
-    if (!transport)
-        return tr("No audio");
-    switch (transport->state()) {
-    case Transport::State::Playing:
-        return tr("Playing");
-    case Transport::State::Stalled:
-    case Transport::State::Error:
+    if (transport && !transport->error().isEmpty())
         return tr("Audio error");
-    default:
-        return tr("No audio");
-    }
+    const bool playing = transport && transport->state() == AudioSession::State::Playing;
+    return playing ? tr("Playing") : tr("No audio");
 }
 
 #include "moc_TransportBar.cpp"

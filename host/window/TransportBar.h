@@ -3,12 +3,11 @@
 
 #include "host/window/LiveTexts.h"
 
-#include <QTimer>
 #include <QWidget>
 
 class MixerModel;
 class SvgLabel;
-class Transport;
+class AudioSession;
 class QComboBox;
 class QLabel;
 class QSlider;
@@ -38,12 +37,14 @@ private:
 
     Button* addButton(const QString& symbol, const LiveTexts::Text& name);
     void build();
+    void layOut();
+    void connectControls();
     void listen();
-    void show(const Transport* transport);
-    void showDevices(const Transport* transport);
+    void showSession(const AudioSession* transport);
+    void showDevices(const AudioSession* transport);
     void showPosition();
     void chooseFile();
-    QString statusText(const Transport* transport) const;
+    QString statusText(const AudioSession* transport) const;
 
     MixerModel& m_mixerModel;
     LiveTexts m_texts;
@@ -56,5 +57,4 @@ private:
     QComboBox* m_devices = nullptr;
     SvgLabel* m_lamp = nullptr;
     QLabel* m_status = nullptr;
-    QTimer m_timer; // while playing
 };

@@ -48,7 +48,7 @@ public:
 
     bool isOpen() const { return m_client != nullptr; }
 
-    /// Before anything is connected: what it gives out over and over, on channel n (from 1 on) an
+    /// Before anything is connected: what it gives out repeatedly, on channel n (from 1 on) an
     /// n-th of it.
     void play(std::vector<float> samples) { m_given = std::move(samples); }
 

@@ -18,6 +18,7 @@ private Q_SLOTS:
 
 private:
     static constexpr double tick = 0.033;
+    static constexpr double patience = 0.4; // more than ten ticks
 
     static void play(AudioEngine* engine, double sample);
     static MeterLevels read(AudioMeters* meters);
@@ -36,7 +37,7 @@ MeterLevels tst_AudioMeters::read(AudioMeters* meters) { return meters->read(0, 
 void tst_AudioMeters::readsTheEngine()
 {
     const auto engine = std::make_unique<AudioEngine>();
-    AudioMeters meters(*engine);
+    AudioMeters meters(*engine, patience);
     play(engine.get(), 0.1);
     QCOMPARE(read(&meters), (MeterLevels{-200, -200}));
     QCOMPARE(meters.read(1, {}, 48000, tick), MeterLevels{});
@@ -46,7 +47,7 @@ void tst_AudioMeters::noAudioAtFirst()
 {
     const auto engine = std::make_unique<AudioEngine>();
     play(engine.get(), 1.0);
-    AudioMeters meters(*engine);
+    AudioMeters meters(*engine, patience);
     QCOMPARE(read(&meters), MeterLevels{});
 }
 
@@ -54,7 +55,7 @@ void tst_AudioMeters::noAudioAtFirst()
 void tst_AudioMeters::shortGapsAreNone()
 {
     const auto engine = std::make_unique<AudioEngine>();
-    AudioMeters meters(*engine);
+    AudioMeters meters(*engine, patience);
     play(engine.get(), 1.0);
     for (int i = 0; i < 10; ++i) {
         QCOMPARE(read(&meters), (MeterLevels{0, 0}));
@@ -64,10 +65,10 @@ void tst_AudioMeters::shortGapsAreNone()
 void tst_AudioMeters::levelsFallWhenAudioStops()
 {
     const auto engine = std::make_unique<AudioEngine>();
-    AudioMeters meters(*engine);
+    AudioMeters meters(*engine, patience);
     play(engine.get(), 1.0);
     read(&meters);
-    meters.read(0, {}, 48000, AudioMeters::patience);
+    meters.read(0, {}, 48000, patience);
     const int level = read(&meters).send;
     QCOMPARE(meters.read(0, {}, 48000, 1.0).send, level - 200);
     QCOMPARE(meters.read(0, {}, 48000, 100.0), MeterLevels{});
@@ -76,7 +77,7 @@ void tst_AudioMeters::levelsFallWhenAudioStops()
 void tst_AudioMeters::audioComesBack()
 {
     const auto engine = std::make_unique<AudioEngine>();
-    AudioMeters meters(*engine);
+    AudioMeters meters(*engine, patience);
     play(engine.get(), 1.0);
     read(&meters);
     meters.read(0, {}, 48000, 3600.0);

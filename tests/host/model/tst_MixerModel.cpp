@@ -43,6 +43,8 @@ private Q_SLOTS:
     void wrongClipboard_data();
     void wrongClipboard();
     void everyValueComesBackFromText();
+    void feedsOneStrip();
+    void feedingIsNoStep();
 
 private:
     HostMemory& memory() { return *m_memory; }
@@ -324,6 +326,25 @@ void tst_MixerModel::everyValueComesBackFromText()
             QCOMPARE(content.values, values);
         }
     }
+}
+
+void tst_MixerModel::feedsOneStrip()
+{
+    m_mixerModel->feed(5, false);
+    QCOMPARE(memory().strip(4, StripParameter::Source), int(SourceFile));
+    m_mixerModel->feed(0, false);
+    QCOMPARE(memory().strip(0, StripParameter::Source), int(SourceTestSignal));
+    m_mixerModel->feed(0, true);
+    QCOMPARE(memory().strip(0, StripParameter::Source), int(SourceInput1));
+    memory().setStrip(0, StripParameter::Source, SourceInput1 + 7);
+    m_mixerModel->feed(2, true);
+    QCOMPARE(memory().strip(2, StripParameter::Source), int(SourceTestSignal));
+}
+
+void tst_MixerModel::feedingIsNoStep()
+{
+    m_mixerModel->feed(0, false);
+    QVERIFY(!history().stack().canUndo());
 }
 
 ZOLTA_TEST_MAIN(tst_MixerModel)

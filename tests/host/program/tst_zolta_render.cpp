@@ -226,16 +226,16 @@ void tst_zolta_render::saysWhatIsWrong_data()
         "The session bad.json cannot be read: it is no session.");
     row("many.wav out.flac",
         "The sound file out.flac cannot be written: its format does not take 20 channels at 48000 "
-        "Hz (Format not recognised).");
+        "Hz.");
     row("fast.wav out.ogg",
         "The sound file out.ogg cannot be written: its format does not take 1 channels at 384000 "
-        "Hz (Format not recognised).");
+        "Hz.");
     row("emptyfast.wav out.ogg",
         "The sound file out.ogg cannot be written: its format does not take 1 channels at 384000 "
-        "Hz (no header comes out).");
+        "Hz.");
     row("hundreds.wav out.ogg",
         "The sound file out.ogg cannot be written: its format does not take 300 channels at 48000 "
-        "Hz (Format not recognised).");
+        "Hz.");
 }
 
 void tst_zolta_render::saysWhatIsWrong()

@@ -4,7 +4,8 @@
 #include "controls/PeakMeterController.h"
 #include "controls/PullDownButtonController.h"
 #include "controls/TextEditController.h"
-#include "host/audio/Transport.h"
+#include "engine/MixBus.h"
+#include "host/audio/AudioSession.h"
 #include "host/window/EditorWindow.h"
 #include "host/window/EqualizerThumbnail.h"
 #include "host/window/HostTheme.h"
@@ -12,7 +13,7 @@
 #include "host/window/MixerStrip.h"
 #include "host/window/MixerWindow.h"
 #include "host/window/StripMeters.h"
-#include "host/window/TransportBar.h"
+#include "tests/host/audio/FakeDevice.h"
 #include "tests/support/TestObject.h"
 #include "widgets/ChannelNameEdit.h"
 
@@ -23,7 +24,6 @@
 #include <QMenu>
 #include <QSlider>
 #include <QStatusBar>
-#include <QTextDocument>
 #include <QTimer>
 
 using namespace CommonController_MemAPI;
@@ -31,37 +31,6 @@ using namespace CommonController_MemAPI;
 namespace {
 
 constexpr unsigned short middle2Gain = 0x010B;
-
-class TestTransport : public Transport
-{
-public:
-    State m_state = State::Stopped;
-    QString m_file;
-    QStringList m_calls;
-    int m_device = 1;
-
-    State state() const override { return m_state; }
-    QString error() const override { return QStringLiteral("The device is gone."); }
-    QString file() const override { return m_file; }
-    void open(const QString& file) override { m_calls << QStringLiteral("open ") + file; }
-    void play() override { m_calls << QStringLiteral("play"); }
-    void stop() override { m_calls << QStringLiteral("stop"); }
-    double length() const override { return m_file.isEmpty() ? 0.0 : 125.0; }
-    double position() const override { return m_file.isEmpty() ? 0.0 : 61.5; }
-    void seek(double seconds) override { m_calls << QStringLiteral("seek %1").arg(seconds); }
-    QStringList devices() const override
-    {
-        return {QStringLiteral("Speakers"), QStringLiteral("Phones")};
-    }
-    int device() const override { return m_device; }
-    void chooseDevice(int index) override { m_calls << QStringLiteral("device %1").arg(index); }
-
-    void become(State state)
-    {
-        m_state = state;
-        Q_EMIT changed();
-    }
-};
 
 } // namespace
 
@@ -105,11 +74,7 @@ private Q_SLOTS:
     void pasteOfNonsenseIsExplained();
     void pasteFollowsTheClipboard();
     void compareInTheEditorWindow();
-    void withoutTransportThereIsNoAudio();
-    void transportIsDriven();
-    void transportStates();
-    void disabledKeysAreDim();
-    void longFileNameIsElided();
+    void editorSaysWhetherAudioPlays();
 
 private:
     MixerStrip* strip(int channel) const;
@@ -661,112 +626,23 @@ void tst_MixerWindow::compareInTheEditorWindow()
     QCOMPARE(m_mixer->memory.values(0)[10], 50);
 }
 
-void tst_MixerWindow::withoutTransportThereIsNoAudio()
-{
-    const auto labels = m_window->findChild<TransportBar*>()->findChildren<QLabel*>();
-    QVERIFY(std::any_of(labels.begin(), labels.end(),
-                        [](QLabel* l) { return l->text() == QLatin1String("No audio"); }));
-    for (const char* name : {"Open sound file", "Play", "Stop", "Position", "Output device"})
-        QVERIFY2(!named<QWidget>(m_window.get(), QLatin1String(name))->isEnabled(), name);
-}
-
-void tst_MixerWindow::transportIsDriven()
-{
-    TestTransport transport;
-    transport.m_file = QStringLiteral("/music/song.wav");
-    m_mixer->mixerModel.setTransport(&transport);
-    const auto* bar = m_window->findChild<TransportBar*>();
-    auto* play = named<QAbstractButton>(bar, QStringLiteral("Play"));
-    QVERIFY(play->isEnabled());
-    QTest::mouseClick(play, Qt::LeftButton);
-    transport.become(Transport::State::Playing);
-    QVERIFY(!play->isEnabled());
-    QTest::mouseClick(named<QAbstractButton>(bar, QStringLiteral("Stop")), Qt::LeftButton);
-    auto* position = named<QSlider>(bar, QStringLiteral("Position"));
-    QCOMPARE(position->maximum(), 1250);
-    QCOMPARE(position->value(), 615);
-    position->setSliderDown(true);
-    position->setSliderPosition(300);
-    position->setSliderDown(false);
-    auto* devices = named<QComboBox>(bar, QStringLiteral("Output device"));
-    QCOMPARE(devices->currentText(), QStringLiteral("Phones"));
-    devices->setFocus();
-    QTest::keyClick(devices, Qt::Key_Up);
-    QCOMPARE(transport.m_calls,
-             (QStringList{QStringLiteral("play"), QStringLiteral("stop"), QStringLiteral("seek 30"),
-                          QStringLiteral("device 0")}));
-}
-
-void tst_MixerWindow::transportStates()
+void tst_MixerWindow::editorSaysWhetherAudioPlays()
 {
     EditorWindow* editor = m_window->openEditor(0, true);
-    const auto says = [](const QWidget* window, const char* text) {
-        const auto labels = window->findChildren<QLabel*>();
+    const auto saysNoAudio = [editor] {
+        const auto labels = editor->findChildren<QLabel*>();
         return std::any_of(labels.begin(), labels.end(),
-                           [text](QLabel* l) { return l->text() == QLatin1String(text); });
+                           [](QLabel* l) { return l->text() == QLatin1String("No audio"); });
     };
-    TestTransport transport;
-    transport.m_file = QStringLiteral("/music/song.wav");
-    m_mixer->mixerModel.setTransport(&transport);
-    QVERIFY(says(m_window.get(), "song.wav"));
-    QVERIFY(says(m_window.get(), "1:01 / 2:05"));
-    QVERIFY(says(editor, "No audio"));
-    transport.become(Transport::State::Playing);
-    QVERIFY(says(m_window.get(), "Playing"));
-    QVERIFY(!says(editor, "No audio"));
-    const auto* bar = m_window->findChild<TransportBar*>();
-    transport.become(Transport::State::Stalled);
-    QVERIFY(says(m_window.get(), "Audio error"));
-    QVERIFY(!named<QAbstractButton>(bar, QStringLiteral("Play"))->isEnabled());
-    QVERIFY(named<QAbstractButton>(bar, QStringLiteral("Stop"))->isEnabled());
-    transport.become(Transport::State::Error);
-    QVERIFY(says(m_window.get(), "Audio error"));
-    QVERIFY(named<QAbstractButton>(bar, QStringLiteral("Play"))->isEnabled());
-    QVERIFY(says(editor, "No audio"));
-}
-
-void tst_MixerWindow::disabledKeysAreDim()
-{
-    TestTransport transport;
-    transport.m_file = QStringLiteral("/music/song.wav");
-    m_mixer->mixerModel.setTransport(&transport);
-    auto* play = named<QAbstractButton>(m_window.get(), QStringLiteral("Play"));
-    const auto brightness = [play] {
-        const QImage picture = play->grab().toImage();
-        int brightest = 0;
-        for (int x = 8; x < 30; ++x)
-            brightest = std::max(brightest, qGray(picture.pixel(x, 11)));
-        return brightest;
-    };
-    QVERIFY(brightness() > 180);
-    transport.become(Transport::State::Playing);
-    QVERIFY(brightness() < 140);
-    transport.become(Transport::State::Stopped);
-    QVERIFY(brightness() > 180);
-}
-
-// The beginning and the end of the name are painted as they are, and nothing is cut at the edge.
-void tst_MixerWindow::longFileNameIsElided()
-{
-    TestTransport transport;
-    const QString name = QStringLiteral("<b>%1 & take 27.wav").arg(QString(90, QLatin1Char('m')));
-    transport.m_file = QStringLiteral("/music/") + name;
-    m_mixer->mixerModel.setTransport(&transport);
-    QCoreApplication::processEvents();
-    QLabel* label = nullptr;
-    for (QLabel* found : m_window->findChild<TransportBar*>()->findChildren<QLabel*>()) {
-        if (found->text() == name)
-            label = found;
-    }
-    QVERIFY(label);
-    QVERIFY(label->fontMetrics().horizontalAdvance(name) > label->width());
-    QTextDocument tip;
-    tip.setHtml(label->toolTip());
-    QCOMPARE(tip.toPlainText(), transport.m_file);
-    const QImage cut = label->grab().toImage();
-    label->setText(label->fontMetrics().elidedText(name, Qt::ElideMiddle, label->width()));
-    QVERIFY(label->text().endsWith(QStringLiteral("27.wav")));
-    QCOMPARE(label->grab().toImage(), cut);
+    MixBus bus;
+    AudioSession session(bus, std::make_unique<FakeDevice>(), std::chrono::hours(1));
+    session.setDevice({QString(), 0, 0, true});
+    m_mixer->mixerModel.setTransport(&session);
+    QVERIFY(saysNoAudio());
+    QVERIFY(session.play().isOk());
+    QVERIFY(!saysNoAudio());
+    session.stop();
+    QVERIFY(saysNoAudio());
 }
 
 ZOLTA_TEST_MAIN(tst_MixerWindow)

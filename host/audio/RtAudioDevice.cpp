@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/audio/AudioDevice.h"
+#include "host/audio/RtAudioDevice.h"
 
 #include "engine/ChannelProcessor.h"
-#include "host/audio/AudioDevices.h"
+#include "host/audio/AudioCallback.h"
 
 #include <algorithm>
 #include <array>
@@ -57,7 +57,7 @@ int chooseRate(const AudioDeviceInfo& device, const AudioDeviceSettings& setting
     return suits ? soundRate : device.preferredRate;
 }
 
-// The same device if it takes in sound, otherwise its system's default.
+// The same device if it has inputs, otherwise its system's default.
 const AudioDeviceInfo* inputFor(const AudioDeviceInfo& output,
                                 const std::vector<AudioDeviceInfo>& devices)
 {
@@ -79,13 +79,12 @@ void note(RtAudioError::Type type, const std::string& text)
         keepError(text);
 }
 
-constexpr std::chrono::seconds closingPatience(1);
 std::atomic<int> closing = 0;
 
 } // namespace
 
-// What the device calls. It outlives the AudioDevice while its closing hangs.
-class AudioDevice::Stream
+// What the device calls. It outlives the RtAudioDevice while its closing hangs.
+class RtAudioDevice::Stream
 {
 public:
     Stream(RtAudio::Api api, std::size_t inputs, std::size_t outputs)
@@ -98,13 +97,12 @@ public:
 
     RtAudio& system() { return m_system; }
     std::int64_t calls() const { return m_calls.load(std::memory_order_relaxed); }
-    std::int64_t underruns() const { return m_underruns.load(std::memory_order_relaxed); }
 
-    void setSource(Source* source) { m_source = source; }
-    // Returns once the source is not in use and will not be any more.
-    void dismissSource()
+    void setCallback(AudioCallback& callback) { m_callback = &callback; }
+    // Returns once the callback is not in use and will not be any more.
+    void dismissCallback()
     {
-        m_source = nullptr;
+        m_callback = nullptr;
         while (m_busy)
             std::this_thread::yield();
     }
@@ -117,17 +115,15 @@ public:
             if (m_system.isStreamOpen())
                 m_system.closeStream();
         } catch (const RtAudioError&) {
-            // A device that is gone cannot be stopped any more.
+            // A device that was disconnected cannot be stopped any more.
         }
     }
 
-    static int called(void* output, void* input, unsigned int frames, double,
-                      RtAudioStreamStatus status, void* user)
+    static int called(void* output, void* input, unsigned int frames, double, RtAudioStreamStatus,
+                      void* user)
     {
         auto* stream = static_cast<Stream*>(user);
         stream->m_calls.fetch_add(1, std::memory_order_relaxed);
-        if (status != 0)
-            stream->m_underruns.fetch_add(1, std::memory_order_relaxed);
         stream->fill(static_cast<float*>(output), static_cast<const float*>(input), frames);
         return 0;
     }
@@ -140,9 +136,8 @@ private:
         for (std::size_t c = 0; c < m_inputs.size(); ++c)
             m_inputs[c] = input + c * frames;
         m_busy = true;
-        if (Source* source = m_source)
-            source->render(m_inputs.data(), static_cast<int>(m_inputs.size()), m_outputs.data(),
-                           static_cast<int>(m_outputs.size()), static_cast<int>(frames));
+        if (AudioCallback* callback = m_callback)
+            callback->process(m_inputs, m_outputs, frames);
         else
             std::fill_n(output, m_outputs.size() * frames, 0.0F);
         m_busy = false;
@@ -151,47 +146,61 @@ private:
     RtAudio m_system;
     std::vector<const float*> m_inputs;
     std::vector<float*> m_outputs;
-    std::atomic<Source*> m_source = nullptr;
+    std::atomic<AudioCallback*> m_callback = nullptr;
     std::atomic<bool> m_busy = false;
     std::atomic<std::int64_t> m_calls = 0;
-    std::atomic<std::int64_t> m_underruns = 0;
 };
 
-int AudioDevice::rateFor(const Settings& settings, int soundRate)
+RtAudioDevice::RtAudioDevice(std::chrono::milliseconds patience)
+    : m_patience(patience)
+{}
+
+RtAudioDevice::~RtAudioDevice() { RtAudioDevice::close(); }
+
+std::vector<AudioDeviceInfo> RtAudioDevice::list() const { return AudioDevices::list(); }
+
+int RtAudioDevice::rateFor(const AudioDeviceSettings& settings, int soundRate) const
 {
-    const std::vector<AudioDeviceInfo> devices = AudioDevices::list();
-    const AudioDevices::Choice choice = AudioDevices::choose(devices, settings.device);
-    return choice.device ? chooseRate(*choice.device, settings, soundRate) : 0;
+    const std::vector<AudioDeviceInfo> devices = list();
+    const auto choice = AudioDevices::choose(devices, settings.device);
+    return choice.isOk() ? chooseRate(*choice.value(), settings, soundRate) : 0;
 }
 
-AudioDevice::AudioDevice() = default;
-
-AudioDevice::~AudioDevice() { close(); }
-
-QString AudioDevice::open(const Settings& settings, int soundRate)
+Status RtAudioDevice::open(const AudioDeviceSettings& settings, int soundRate)
 {
     close();
     if (closing > 0)
-        return QStringLiteral("No sound device can be used while %1 does not answer.").arg(m_name);
-    const std::vector<AudioDeviceInfo> devices = AudioDevices::list();
-    const AudioDevices::Choice choice = AudioDevices::choose(devices, settings.device);
-    if (!choice.device)
-        return choice.error;
-    const AudioDeviceInfo& device = *choice.device;
-    m_name = device.name;
-    if (device.outputs == 0)
-        return sentence(QStringLiteral("it plays no sound"));
-    if (settings.rate > 0 && !device.runsAt(settings.rate))
-        return sentence(QStringLiteral("it does not run at %1 Hz").arg(settings.rate));
-    m_rate = chooseRate(device, settings, soundRate);
-    m_block = static_cast<unsigned int>(settings.block);
-    const AudioDeviceInfo* input = settings.live ? inputFor(device, devices) : nullptr;
-    if (settings.live && !input)
-        return sentence(QStringLiteral("nothing takes in sound"));
-    return openStream(device, input);
+        return Error{tr("No sound device can be used while %1 is not responding.").arg(m_name)};
+    const std::vector<AudioDeviceInfo> devices = list();
+    const auto choice = AudioDevices::choose(devices, settings.device);
+    if (!choice.isOk())
+        return choice.status();
+    m_name = choice.value()->name;
+    m_rate = chooseRate(*choice.value(), settings, soundRate);
+    return openDevice(*choice.value(), devices, settings);
 }
 
-QString AudioDevice::openStream(const AudioDeviceInfo& output, const AudioDeviceInfo* input)
+Status RtAudioDevice::openDevice(const AudioDeviceInfo& output,
+                                 const std::vector<AudioDeviceInfo>& devices,
+                                 const AudioDeviceSettings& settings)
+{
+    if (output.outputs == 0)
+        return Error{tr("The sound device %1 cannot be used: it has no outputs.").arg(m_name)};
+    if (settings.rate > 0 && !output.runsAt(settings.rate)) {
+        return Error{tr("The sound device %1 cannot be used: it does not run at %2 Hz.")
+                         .arg(m_name, QString::number(settings.rate))};
+    }
+    const AudioDeviceInfo* input = settings.live ? inputFor(output, devices) : nullptr;
+    if (settings.live && !input) {
+        return Error{tr("The sound device %1 cannot be used: neither it nor the default device has "
+                        "inputs.")
+                         .arg(m_name)};
+    }
+    return openStream(output, input, static_cast<unsigned int>(settings.block));
+}
+
+Status RtAudioDevice::openStream(const AudioDeviceInfo& output, const AudioDeviceInfo* input,
+                                 unsigned int block)
 {
     const int outputs = std::min(output.outputs, maxOutputs);
     const int inputs = input ? std::min(input->inputs, maxInputs) : 0;
@@ -206,36 +215,36 @@ QString AudioDevice::openStream(const AudioDeviceInfo& output, const AudioDevice
         m_stream = std::make_shared<Stream>(output.api, static_cast<std::size_t>(inputs),
                                             static_cast<std::size_t>(outputs));
         m_stream->system().openStream(&out, input ? &in : nullptr, RTAUDIO_FLOAT32,
-                                      static_cast<unsigned int>(m_rate), &m_block, &Stream::called,
+                                      static_cast<unsigned int>(m_rate), &block, &Stream::called,
                                       m_stream.get(), &options, &note);
         m_rate = static_cast<int>(m_stream->system().getStreamSampleRate());
-        return QString();
+        return {};
     } catch (const RtAudioError& error) {
         m_stream.reset();
         keepError(error.getMessage());
-        return sentence(keptError());
+        return errorOf(keptError());
     }
 }
 
-QString AudioDevice::start(Source* source)
+Status RtAudioDevice::start(AudioCallback& callback)
 {
-    m_stream->setSource(source);
+    m_stream->setCallback(callback);
     try {
         m_stream->system().startStream();
     } catch (const RtAudioError& error) {
         keepError(error.getMessage());
     }
-    const QString error = this->error();
-    if (!error.isEmpty())
+    const Status result = status();
+    if (!result.isOk())
         close();
-    return error;
+    return result;
 }
 
-void AudioDevice::close()
+void RtAudioDevice::close()
 {
     if (!m_stream)
         return;
-    m_stream->dismissSource();
+    m_stream->dismissCallback();
     ++closing;
     std::packaged_task<void()> task([stream = std::exchange(m_stream, nullptr)]() mutable {
         stream->close();
@@ -244,24 +253,23 @@ void AudioDevice::close()
     });
     const std::future<void> closed = task.get_future();
     std::thread(std::move(task)).detach();
-    closed.wait_for(closingPatience);
+    closed.wait_for(m_patience);
 }
 
-std::int64_t AudioDevice::calls() const { return m_stream ? m_stream->calls() : 0; }
+std::int64_t RtAudioDevice::calls() const { return m_stream ? m_stream->calls() : 0; }
 
-std::int64_t AudioDevice::underruns() const { return m_stream ? m_stream->underruns() : 0; }
-
-QString AudioDevice::error() const
+Status RtAudioDevice::status() const
 {
     const QString kept = keptError();
     if (!kept.isEmpty())
-        return sentence(kept);
+        return errorOf(kept);
     if (m_stream && !m_stream->system().isStreamRunning())
-        return sentence(QStringLiteral("it is gone"));
-    return QString();
+        return Error{tr("The sound device %1 was disconnected.").arg(m_name)};
+    return {};
 }
 
-QString AudioDevice::sentence(const QString& reason) const
+// The reason is the sound system's own text, whatever its language.
+Error RtAudioDevice::errorOf(const QString& reason) const
 {
-    return QStringLiteral("The sound device %1 cannot be used: %2.").arg(m_name, reason);
+    return {tr("The sound device %1 cannot be used (%2).").arg(m_name, reason)};
 }

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "engine/AlignmentDelay.h"
+#include "engine/AudioEngine.h"
+#include "engine/LatestValue.h"
+#include "engine/Ramps.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+/// The mixer on what is played: every strip takes the sound of its source, sends it through its
+/// channel's equalizer and adds it to the outputs by its level. std only.
+///
+/// Three parties use it. Whoever sets audio up calls prepare(), while process() does not run. The
+/// audio thread calls process(), which neither allocates nor locks nor waits. The GUI thread
+/// publishes settings, at any time; they act from the next part of a block on.
+///
+/// Levels and routes change without clicks; a new route is faded in once the old one is out. While
+/// the drive of one strip delays it, the others are held back as much, so that strips of the same
+/// sound stay in step.
+class MixBus
+{
+public:
+    /// Where a strip's sound comes from. Each kind is silent while the other one is played.
+    enum class Source { None, File, Input };
+
+    struct Route
+    {
+        Source source = Source::None;
+        int number = 0; ///< of the file's channel or the input, from 0
+        bool left = true;
+        bool right = true;
+
+        bool operator==(const Route&) const = default;
+    };
+
+    struct Strip
+    {
+        Route route;
+        double gain = 0.0;
+
+        bool operator==(const Strip&) const = default;
+    };
+    using Strips = std::array<Strip, channelCount>;
+
+    /// The GUI thread's: what is mixed, and the equalizer's raw values of a channel.
+    void publish(const Strips& strips) { m_strips.publish(strips); }
+    void publish(int channel, const ChannelValues& values) { m_engine.publish(channel, values); }
+
+    /// The rate in Hz, and whether process() gets a device's inputs instead of a file. Resets what
+    /// was heard; what is published is in force at once.
+    void prepare(double hertz, bool live);
+
+    /// Fills \a frames samples of each of \a outputs, full scale 1: left, right, and silence in any
+    /// others. The inputs are as long; a buffer may be an input and an output. The one channel of a
+    /// mono file counts as its second one, too; an input that does not exist is silent.
+    void process(std::span<const float* const> inputs, std::span<float* const> outputs,
+                 std::size_t frames) noexcept;
+
+    /// For the meters.
+    const AudioEngine& engine() const { return m_engine; }
+
+private:
+    static constexpr std::size_t maxPart = 256;
+    using Part = std::array<float, maxPart>;
+    using Inputs = std::span<const float* const>;
+    using Outputs = std::span<float* const>;
+
+    bool isPlaying(const Route& route) const;
+    const float* inputOf(const Route& route, Inputs inputs) const;
+    void reroute(std::size_t channel);
+    void playStrips(Inputs inputs, std::size_t first, std::size_t frames);
+    void align(std::size_t frames);
+    double maxLatency() const;
+    void mixDown(Outputs outputs, std::size_t first, std::size_t frames);
+    void add(std::size_t channel, std::size_t frames);
+
+    AudioEngine m_engine;
+    LatestValue<Strips> m_strips;
+    bool m_live = false;
+    Strips m_target;
+    Strips m_current;
+    std::int64_t m_rampLength = 1;
+    std::array<LevelRamp, channelCount> m_levels;
+    std::array<AlignmentDelay, channelCount> m_delays;
+    std::array<Part, channelCount> m_parts{};
+    Part m_left{};
+    Part m_right{};
+};
