@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "hosting/HostMemory.h"
 
-#include "hosting/WriteListener.h"
+#include "hosting/ChangeListener.h"
 #include "interfaces/IPrmObserver.h"
 #include "parameters/ParameterText.h"
 
@@ -13,40 +13,6 @@ namespace {
 constexpr int done = 0;
 constexpr int failed = -1;
 
-struct Range
-{
-    int minimum;
-    int maximum;
-    int defaultValue;
-};
-
-const Parameter& entryOf(unsigned short parameter)
-{
-    return parameterTable[findParameterById(parameter)];
-}
-
-Range rangeOf(unsigned short parameter)
-{
-    if (const auto strip = findStripParameter(parameter)) {
-        const StripEntry& entry = stripEntry(*strip);
-        return {entry.minimum, entry.maximum, entry.defaultValue};
-    }
-    const Parameter& entry = entryOf(parameter);
-    return {entry.minimum, entry.maximum, entry.defaultValue};
-}
-
-std::optional<std::string> format(unsigned short parameter, int value)
-{
-    const auto strip = findStripParameter(parameter);
-    return strip ? formatStrip(*strip, value) : formatParameter(entryOf(parameter), value);
-}
-
-std::optional<int> parse(unsigned short parameter, const char* text)
-{
-    const auto strip = findStripParameter(parameter);
-    return strip ? parseStrip(*strip, text) : parseParameter(entryOf(parameter), text);
-}
-
 HostMemory::StripValues stripDefaults()
 {
     HostMemory::StripValues values{};
@@ -56,6 +22,28 @@ HostMemory::StripValues stripDefaults()
 }
 
 } // namespace
+
+// What an id stands for in a channel: a parameter of the equalizer, or one of the strip.
+struct HostMemory::Place
+{
+    const Parameter* entry; // null for one of the strip
+    StripParameter strip;
+    int minimum;
+    int maximum;
+    int defaultValue;
+    int* value;
+    ObserverList<IPrmObserver>* observers;
+
+    std::optional<std::string> format(int number) const
+    {
+        return entry ? formatParameter(*entry, number) : formatStrip(strip, number);
+    }
+
+    std::optional<int> parse(const char* text) const
+    {
+        return entry ? parseParameter(*entry, text) : parseStrip(strip, text);
+    }
+};
 
 HostMemory::HostMemory()
 {
@@ -68,49 +56,55 @@ HostMemory::HostMemory()
 int HostMemory::getValue(unsigned short parameter, unsigned short ch, int* value,
                          unsigned short element)
 {
-    if (!exists(parameter, ch) || element != 0 || !value)
+    const auto place = find(parameter, ch);
+    if (!place || element != 0 || !value)
         return failed;
-    *value = cell(parameter, ch);
+    *value = *place->value;
     return done;
 }
 
 int HostMemory::setValue(unsigned short parameter, unsigned short ch, int value,
                          unsigned short element, int, int)
 {
-    if (!exists(parameter, ch) || element != 0)
+    const auto place = find(parameter, ch);
+    if (!place || element != 0)
         return failed;
-    const Range range = rangeOf(parameter);
-    const int after = std::clamp(value, range.minimum, range.maximum);
-    const int before = std::exchange(cell(parameter, ch), after);
-    if (m_listener && before != after)
-        m_listener->written(parameter, ch, before, after);
-    notify(parameter, ch);
+    const int after = std::clamp(value, place->minimum, place->maximum);
+    const int before = std::exchange(*place->value, after);
+    if (before != after) {
+        m_listeners.notify(
+            [=](ChangeListener& listener) { listener.changed(parameter, ch, before, after); });
+    }
+    notify(*place, parameter, ch);
     return done;
 }
 
 int HostMemory::getRange(unsigned short parameter, unsigned short ch, int* minimum, int* maximum)
 {
-    if (!exists(parameter, ch) || !minimum || !maximum)
+    const auto place = find(parameter, ch);
+    if (!place || !minimum || !maximum)
         return failed;
-    *minimum = rangeOf(parameter).minimum;
-    *maximum = rangeOf(parameter).maximum;
+    *minimum = place->minimum;
+    *maximum = place->maximum;
     return done;
 }
 
 int HostMemory::getDefault(unsigned short parameter, unsigned short ch, int* value)
 {
-    if (!exists(parameter, ch) || !value)
+    const auto place = find(parameter, ch);
+    if (!place || !value)
         return failed;
-    *value = rangeOf(parameter).defaultValue;
+    *value = place->defaultValue;
     return done;
 }
 
 int HostMemory::valueToString(unsigned short parameter, unsigned short ch, int value, char* buffer,
                               int size)
 {
-    if (!exists(parameter, ch) || !buffer)
+    const auto place = find(parameter, ch);
+    if (!place || !buffer)
         return failed;
-    const std::optional<std::string> text = format(parameter, value);
+    const std::optional<std::string> text = place->format(value);
     if (!text || size <= static_cast<int>(text->size()))
         return failed;
     std::copy(text->begin(), text->end(), buffer);
@@ -121,9 +115,10 @@ int HostMemory::valueToString(unsigned short parameter, unsigned short ch, int v
 int HostMemory::stringToValue(unsigned short parameter, unsigned short ch, const char* text,
                               int* value)
 {
-    if (!exists(parameter, ch) || !text || !value)
+    const auto place = find(parameter, ch);
+    if (!place || !text || !value)
         return failed;
-    const std::optional<int> parsed = parse(parameter, text);
+    const std::optional<int> parsed = place->parse(text);
     if (!parsed)
         return failed;
     *value = *parsed;
@@ -133,27 +128,15 @@ int HostMemory::stringToValue(unsigned short parameter, unsigned short ch, const
 int HostMemory::registerObserver(unsigned short parameter, unsigned short ch,
                                  IPrmObserver* observer)
 {
-    if (!exists(parameter, ch) || !observer)
-        return failed;
-    std::vector<IPrmObserver*>& list = observersOf(parameter, ch).list;
-    if (std::find(list.begin(), list.end(), observer) != list.end())
-        return failed;
-    list.push_back(observer);
-    return done;
+    const auto place = find(parameter, ch);
+    return place && place->observers->add(observer) ? done : failed;
 }
 
 int HostMemory::unregisterObserver(unsigned short parameter, unsigned short ch,
                                    IPrmObserver* observer)
 {
-    if (!exists(parameter, ch) || !observer)
-        return failed;
-    Observers& observers = observersOf(parameter, ch);
-    const auto found = std::find(observers.list.begin(), observers.list.end(), observer);
-    if (found == observers.list.end())
-        return failed;
-    *found = nullptr;
-    observers.dropGaps();
-    return done;
+    const auto place = find(parameter, ch);
+    return place && place->observers->remove(observer) ? done : failed;
 }
 
 int HostMemory::queryMeterNotifier(IMeterNotifier** notifier)
@@ -182,58 +165,51 @@ void HostMemory::setStrip(int ch, StripParameter parameter, int value)
     setValue(stripId(parameter), static_cast<unsigned short>(ch), value, 0, 0, 1);
 }
 
-int HostMemory::observerCount(unsigned short parameter, unsigned short ch) const
+int HostMemory::observerCount(unsigned short parameter, unsigned short ch)
 {
-    if (!exists(parameter, ch))
-        return 0;
-    const std::vector<IPrmObserver*>& list = m_channels[ch].observers[placeOf(parameter)].list;
-    return static_cast<int>(
-        std::count_if(list.begin(), list.end(), [](const IPrmObserver* o) { return o; }));
+    const auto place = find(parameter, ch);
+    return place ? place->observers->count() : 0;
 }
 
-void HostMemory::Observers::dropGaps()
+std::optional<HostMemory::Place> HostMemory::find(unsigned short parameter, unsigned short ch)
 {
-    if (depth == 0)
-        std::erase(list, nullptr);
-}
-
-std::size_t HostMemory::placeOf(unsigned short parameter)
-{
-    if (const auto strip = findStripParameter(parameter))
-        return parameterCount + static_cast<std::size_t>(*strip);
-    const std::size_t index = findParameterById(parameter);
-    return index < parameterCount ? index : placeCount;
-}
-
-bool HostMemory::exists(unsigned short parameter, unsigned short ch)
-{
-    return ch < channelCount && placeOf(parameter) < placeCount;
-}
-
-int& HostMemory::cell(unsigned short parameter, unsigned short ch)
-{
+    if (ch >= channelCount)
+        return std::nullopt;
     Channel& channel = m_channels[ch];
-    const std::size_t place = placeOf(parameter);
-    return place < parameterCount ? channel.values[place] : channel.strip[place - parameterCount];
-}
-
-HostMemory::Observers& HostMemory::observersOf(unsigned short parameter, unsigned short ch)
-{
-    return m_channels[ch].observers[placeOf(parameter)];
-}
-
-void HostMemory::notify(unsigned short parameter, unsigned short ch)
-{
-    Observers& observers = observersOf(parameter, ch);
-    const int& value = cell(parameter, ch);
-    const std::size_t count = observers.list.size();
-    ++observers.depth;
-    for (std::size_t i = 0; i < count; ++i) {
-        if (!observers.list[i])
-            continue;
-        const std::string text = format(parameter, value).value_or("");
-        observers.list[i]->Update(parameter, ch, value, text.c_str());
+    const std::size_t index = findParameterById(parameter);
+    if (index < parameterCount) {
+        const Parameter& entry = parameterTable[index];
+        return Place{&entry,
+                     {},
+                     entry.minimum,
+                     entry.maximum,
+                     entry.defaultValue,
+                     &channel.values[index],
+                     &channel.observers[index]};
     }
-    --observers.depth;
-    observers.dropGaps();
+    const auto strip = findStripParameter(parameter);
+    if (!strip)
+        return std::nullopt;
+    const auto position = static_cast<std::size_t>(*strip);
+    const StripEntry& entry = stripEntry(*strip);
+    return Place{nullptr,
+                 *strip,
+                 entry.minimum,
+                 entry.maximum,
+                 entry.defaultValue,
+                 &channel.strip[position],
+                 &channel.observers[parameterCount + position]};
+}
+
+void HostMemory::notify(const Place& place, unsigned short parameter, unsigned short ch)
+{
+    std::optional<int> shown;
+    std::string text;
+    place.observers->notify([&](IPrmObserver& observer) {
+        // An observer before this one may have written.
+        const int value = *place.value;
+        if (std::exchange(shown, value) != value)
+            text = place.format(value).value_or(std::string());
+        observer.Update(parameter, ch, value, text.c_str());
+    });
 }

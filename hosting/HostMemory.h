@@ -2,14 +2,15 @@
 #pragma once
 
 #include "hosting/MeterNotifier.h"
+#include "hosting/ObserverList.h"
 #include "interfaces/IMemAPI.h"
 #include "parameters/ChannelValues.h"
 #include "parameters/StripTable.h"
 
 #include <array>
-#include <vector>
+#include <optional>
 
-class WriteListener;
+class ChangeListener;
 
 /// The mixer's parameter memory: the equalizer's 27 parameters and the strip's parameters of 8
 /// channels, each starting at its default.
@@ -50,8 +51,11 @@ public:
     int queryMeterNotifier(IMeterNotifier** notifier) override;
 
     MeterNotifier& meters() { return m_meters; }
-    /// Who is told of changes; null for nobody. Not owned.
-    void setWriteListener(WriteListener* listener) { m_listener = listener; }
+
+    /// Who is told of changes of any parameter, before the parameter's observers and only where the
+    /// value became another. As observers, they may write, come and go meanwhile. Not owned.
+    void addChangeListener(ChangeListener* listener) { m_listeners.add(listener); }
+    void removeChangeListener(ChangeListener* listener) { m_listeners.remove(listener); }
 
     /// Every value of a channel's equalizer, by parameter index; \a ch must exist.
     const Values& values(int ch) const { return m_channels[static_cast<std::size_t>(ch)].values; }
@@ -62,31 +66,22 @@ public:
     /// A value of a channel's strip; \a ch must exist.
     int strip(int ch, StripParameter parameter) const;
     void setStrip(int ch, StripParameter parameter, int value);
-    int observerCount(unsigned short parameter, unsigned short ch) const;
+    int observerCount(unsigned short parameter, unsigned short ch);
 
 private:
-    struct Observers
-    {
-        std::vector<IPrmObserver*> list; // null where one left during a notification
-        int depth = 0;                   // notifications under way
-
-        void dropGaps();
-    };
+    struct Place;
     static constexpr std::size_t placeCount = parameterCount + stripParameterCount;
     struct Channel
     {
         Values values;
         StripValues strip;
-        std::array<Observers, placeCount> observers;
+        std::array<ObserverList<IPrmObserver>, placeCount> observers;
     };
 
-    static std::size_t placeOf(unsigned short parameter);
-    static bool exists(unsigned short parameter, unsigned short ch);
-    int& cell(unsigned short parameter, unsigned short ch);
-    Observers& observersOf(unsigned short parameter, unsigned short ch);
-    void notify(unsigned short parameter, unsigned short ch);
+    std::optional<Place> find(unsigned short parameter, unsigned short ch);
+    static void notify(const Place& place, unsigned short parameter, unsigned short ch);
 
     std::array<Channel, channelCount> m_channels;
+    ObserverList<ChangeListener> m_listeners;
     MeterNotifier m_meters;
-    WriteListener* m_listener = nullptr;
 };

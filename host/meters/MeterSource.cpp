@@ -74,12 +74,12 @@ void MeterSource::advance(double seconds)
         if (const View* view = views[static_cast<std::size_t>(channel)])
             read(*view, channel, seconds, &words);
     }
-    m_memory.meters().notify(std::move(words));
+    m_memory.meters().notify(words);
 }
 
 bool MeterSource::isWanted() const
 {
-    return m_enabled && !m_viewers.empty() && m_memory.meters().observerCount() > 0;
+    return m_enabled && !m_viewers.empty() && m_memory.meters().hasObservers();
 }
 
 void MeterSource::startOrStop()

@@ -141,10 +141,10 @@ EditHistory::EditHistory(HostMemory& memory)
     : m_memory(memory)
 {
     m_stack.setUndoLimit(maxSteps);
-    m_memory.setWriteListener(this);
+    m_memory.addChangeListener(&m_listener);
 }
 
-EditHistory::~EditHistory() { m_memory.setWriteListener(nullptr); }
+EditHistory::~EditHistory() { m_memory.removeChangeListener(&m_listener); }
 
 void EditHistory::apply(const std::vector<Change>& changes, bool forward)
 {
@@ -154,14 +154,13 @@ void EditHistory::apply(const std::vector<Change>& changes, bool forward)
                           1);
 }
 
-void EditHistory::written(unsigned short parameter, unsigned short ch, int before, int after)
+void EditHistory::record(const Change& change)
 {
-    const Change change{parameter, ch, before, after};
     if (m_pauses == 0 && m_collecting)
         add(&m_collected, change);
     else if (m_pauses == 0)
         push({change}, QString(), {});
-    Q_EMIT changed(ch);
+    Q_EMIT changed(change.ch);
 }
 
 void EditHistory::push(const std::vector<Change>& changes, const QString& text,

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "host/model/GestureWatch.h"
-#include "hosting/WriteListener.h"
+#include "hosting/ChangeListener.h"
 
 #include <QObject>
 #include <QString>
@@ -20,7 +20,7 @@ class HostMemory;
 /// leaves none. What the program does for the user in one go (loading a preset, pasting) is one
 /// step by a Step, and what is no edit of the user's at all (restoring a session) is kept out by a
 /// Pause. A step is named after its parameters, in the language of the moment. GUI thread only.
-class EditHistory : public QObject, private WriteListener
+class EditHistory : public QObject
 {
     Q_OBJECT
 
@@ -89,10 +89,27 @@ Q_SIGNALS:
     void changed(int channel);
 
 private:
-    void written(unsigned short parameter, unsigned short ch, int before, int after) override;
+    // Its own class because the signal has the same name.
+    class Listener final : public ChangeListener
+    {
+    public:
+        explicit Listener(EditHistory& history)
+            : m_history(history)
+        {}
+        void changed(unsigned short parameter, unsigned short ch, int before, int after) override
+        {
+            m_history.record({parameter, ch, before, after});
+        }
+
+    private:
+        EditHistory& m_history;
+    };
+
+    void record(const Change& change);
     void push(const std::vector<Change>& changes, const QString& text, const Effect& effect);
 
     HostMemory& m_memory;
+    Listener m_listener{*this};
     GestureWatch m_gestures;
     QUndoStack m_stack;
     std::vector<Change> m_collected; // of the Step that lives

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "hosting/ChangeListener.h"
 #include "hosting/HostMemory.h"
 #include "interfaces/IMeterObserver.h"
 #include "interfaces/IPrmObserver.h"
@@ -42,6 +43,34 @@ public:
     }
 
     std::function<void(int)> onUpdate; // done once, at the next update
+
+private:
+    QString m_name;
+    QStringList* m_log;
+};
+
+// Writes down every change as "name: parameter channel before after", then does what it is told.
+class ChangeRecorder final : public ChangeListener
+{
+public:
+    ChangeRecorder(QString name, QStringList* log)
+        : m_name(std::move(name))
+        , m_log(log)
+    {}
+
+    void changed(unsigned short parameter, unsigned short ch, int before, int after) override
+    {
+        *m_log << QStringLiteral("%1: %2 %3 %4 %5")
+                      .arg(m_name)
+                      .arg(parameter)
+                      .arg(ch)
+                      .arg(before)
+                      .arg(after);
+        if (const std::function<void()> act = std::exchange(onChange, nullptr))
+            act();
+    }
+
+    std::function<void()> onChange; // done once, at the next change
 
 private:
     QString m_name;
@@ -93,6 +122,8 @@ private Q_SLOTS:
     void observerMayComeBackInANotification();
     void observerMayWriteInANotification();
     void observerMayWriteAnotherParameter();
+    void listenersHearOfChangesFirst();
+    void listenersMayComeAndGo();
     void resetWritesEveryDefault();
     void handsOutMeters();
     void metersMayComeAndGo();
@@ -467,6 +498,44 @@ void tst_HostMemory::observerMayWriteAnotherParameter()
              (QStringList{QStringLiteral("a: 259 0 10 +1.0"), QStringLiteral("b: 283 0 1 Drive")}));
 }
 
+void tst_HostMemory::listenersHearOfChangesFirst()
+{
+    HostMemory memory;
+    QStringList log;
+    Recorder observer(QStringLiteral("observer"), &log);
+    ChangeRecorder a(QStringLiteral("a"), &log);
+    ChangeRecorder b(QStringLiteral("b"), &log);
+    memory.registerObserver(lowGainId, 3, &observer);
+    memory.addChangeListener(&b);
+    memory.addChangeListener(&a);
+    memory.setValue(lowGainId, 3, 999, 0, 0, 1);
+    memory.setValue(lowGainId, 3, 200, 0, 0, 1);
+    memory.setStrip(7, StripParameter::Mute, 1);
+    QCOMPARE(log, (QStringList{QStringLiteral("b: 259 3 0 200"), QStringLiteral("a: 259 3 0 200"),
+                               QStringLiteral("observer: 259 3 200 +20.0"),
+                               QStringLiteral("observer: 259 3 200 +20.0"),
+                               QStringLiteral("b: 516 7 0 1"), QStringLiteral("a: 516 7 0 1")}));
+}
+
+void tst_HostMemory::listenersMayComeAndGo()
+{
+    HostMemory memory;
+    QStringList log;
+    ChangeRecorder a(QStringLiteral("a"), &log);
+    ChangeRecorder b(QStringLiteral("b"), &log);
+    ChangeRecorder c(QStringLiteral("c"), &log);
+    memory.addChangeListener(&a);
+    memory.addChangeListener(&b);
+    a.onChange = [&] {
+        memory.removeChangeListener(&a);
+        memory.removeChangeListener(&b);
+        memory.addChangeListener(&c);
+    };
+    memory.setValue(lowGainId, 0, 10, 0, 0, 1);
+    memory.setValue(lowGainId, 0, 20, 0, 0, 1);
+    QCOMPARE(log, (QStringList{QStringLiteral("a: 259 0 0 10"), QStringLiteral("c: 259 0 10 20")}));
+}
+
 void tst_HostMemory::resetWritesEveryDefault()
 {
     HostMemory memory;
@@ -521,9 +590,9 @@ void tst_HostMemory::metersMayComeAndGo()
     QCOMPARE(a.received.size(), 1U);
     QCOMPARE(b.received.size(), 0U);
     QCOMPARE(c.received.size(), 0U);
-    QCOMPARE(meters.observerCount(), 1);
     meters.notify({2});
     QCOMPARE(a.received.size(), 1U);
+    QCOMPARE(b.received.size(), 0U);
     QCOMPARE(c.received.size(), 1U);
 }
 

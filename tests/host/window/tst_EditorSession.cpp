@@ -149,11 +149,11 @@ void tst_EditorSession::detachesBeforeDeleting()
 {
     auto session = open({});
     QCOMPARE(m_mixer.memory.observerCount(0x0103, 0), 1);
-    QCOMPARE(m_mixer.memory.meters().observerCount(), 1);
+    QVERIFY(m_mixer.memory.meters().hasObservers());
     session.reset(); // the stand-in warns when it was not detached, which fails the test
     QVERIFY(m_stage->children().isEmpty());
     QCOMPARE(m_mixer.memory.observerCount(0x0103, 0), 0);
-    QCOMPARE(m_mixer.memory.meters().observerCount(), 0);
+    QVERIFY(!m_mixer.memory.meters().hasObservers());
 }
 
 void tst_EditorSession::survivesAnEditorThatIsGone()

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+/// Is told of every write to the mixer's memory that changes a value, before the parameter's
+/// observers are.
+class ChangeListener
+{
+public:
+    virtual void changed(unsigned short parameter, unsigned short ch, int before, int after) = 0;
+
+protected:
+    ~ChangeListener() = default;
+};
