@@ -17,7 +17,7 @@ void LiveMixer::follow(MixerModel& mixerModel)
 {
     QObject::disconnect(m_writes);
     m_mixerModel = &mixerModel;
-    m_writes = QObject::connect(&mixerModel.history(), &EditHistory::changed, &m_delay,
+    m_writes = QObject::connect(&mixerModel, &MixerModel::channelChanged, &m_delay,
                                 [this] { m_delay.start(0); });
     look();
 }

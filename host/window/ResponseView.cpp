@@ -54,7 +54,7 @@ ResponseView::ResponseView(MixerModel& mixerModel, int channel, QWidget* parent)
     m_delay.setSingleShot(true);
     m_delay.setInterval(delay);
     m_delay.callOnTimeout(this, &ResponseView::look);
-    connect(&mixerModel.history(), &EditHistory::changed, this, [this](int changed) {
+    connect(&mixerModel, &MixerModel::channelChanged, this, [this](int changed) {
         if (isVisible() && (changed == m_channel || changed == m_mixerModel.leaderOf(m_channel)))
             m_delay.start();
     });
