@@ -49,7 +49,7 @@ ResponseView::ResponseView(MixerModel& mixerModel, int channel, QWidget* parent)
     , m_channel(channel)
 {
     setMinimumSize(smallestWidth, viewHeight);
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setSampleRate(48000);
     m_delay.setSingleShot(true);
     m_delay.setInterval(delay);
