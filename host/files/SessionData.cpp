@@ -5,8 +5,6 @@
 
 #include <QJsonArray>
 
-#include <cmath>
-
 namespace {
 
 constexpr QLatin1String versionKey("zolta-session");
@@ -24,16 +22,14 @@ constexpr QLatin1String channelKey("channel");
 constexpr QLatin1String stereoKey("stereo");
 constexpr QLatin1String scaleKey("scale");
 constexpr QLatin1String measuredKey("measured");
-constexpr QLatin1String placeKey("place");
+constexpr QLatin1String geometryKey("geometry");
+constexpr QLatin1String stateKey("state");
 constexpr int version = 1;
 constexpr qsizetype maxNameLength = 200;
 constexpr double smallestScale = 0.5;
 constexpr double largestScale = 4.0;
 
-QJsonArray toJson(const QRect& place)
-{
-    return {place.x(), place.y(), place.width(), place.height()};
-}
+QString toJson(const QByteArray& bytes) { return QString::fromLatin1(bytes.toBase64()); }
 
 QJsonObject toJson(const HostMemory::StripValues& values)
 {
@@ -60,8 +56,8 @@ QJsonObject toJson(const SessionData::Editor& editor)
     return {{channelKey, editor.channel},
             {stereoKey, editor.stereo},
             {scaleKey, editor.scale},
-            {measuredKey, editor.measured},
-            {placeKey, toJson(editor.place)}};
+            {geometryKey, toJson(editor.geometry)},
+            {stateKey, toJson(editor.state)}};
 }
 
 // Reads values and keeps the first error; after one, nothing is read any more.
@@ -101,19 +97,10 @@ public:
                              .arg(maximum));
     }
 
-    void place(const QJsonValue& value, const QString& path, QRect* out)
+    void bytes(const QJsonValue& value, const QString& path, QByteArray* out)
     {
-        if (!has(value, QJsonValue::Array, path))
-            return;
-        constexpr double farthest = 100000.0;
-        const QJsonArray array = value.toArray();
-        double numbers[4] = {};
-        if (array.size() != 4)
-            return refuse(path, QStringLiteral("does not hold four numbers"));
-        for (int i = 0; i < 4; ++i)
-            number(array[i], i < 2 ? -farthest : 0.0, farthest, path, &numbers[i]);
-        const auto whole = [&](int i) { return static_cast<int>(std::lround(numbers[i])); };
-        *out = QRect(whole(0), whole(1), whole(2), whole(3));
+        if (has(value, QJsonValue::String, path))
+            *out = QByteArray::fromBase64(value.toString().toLatin1());
     }
 
     void equalizer(const QJsonValue& value, const QString& path, HostMemory::Values* out)
@@ -224,7 +211,8 @@ void readEditor(Reader& reader, const QJsonValue& value, const QString& path, Se
                   &editor.scale);
     if (reader.has(value[measuredKey], QJsonValue::Bool, path + QLatin1String(".measured")))
         editor.measured = value[measuredKey].toBool();
-    reader.place(value[placeKey], path + QLatin1String(".place"), &editor.place);
+    reader.bytes(value[geometryKey], path + QLatin1String(".geometry"), &editor.geometry);
+    reader.bytes(value[stateKey], path + QLatin1String(".state"), &editor.state);
     out->editors.push_back(editor);
 }
 
@@ -258,7 +246,7 @@ QJsonObject SessionData::toJson(const QJsonObject& base) const
     for (const Editor& editor : editors)
         open << ::toJson(editor);
     QJsonObject mixer = base[mixerKey].toObject();
-    mixer[placeKey] = ::toJson(mixerPlace);
+    mixer[geometryKey] = ::toJson(mixerGeometry);
     QJsonObject root = base;
     root[versionKey] = version;
     root[channelsKey] = list;
@@ -279,7 +267,7 @@ QString SessionData::read(const QJsonObject& root)
     Reader reader;
     readChannels(reader, root[channelsKey], this);
     if (reader.has(root[mixerKey], QJsonValue::Object, mixerKey))
-        reader.place(root[mixerKey][placeKey], QStringLiteral("mixer.place"), &mixerPlace);
+        reader.bytes(root[mixerKey][geometryKey], QStringLiteral("mixer.geometry"), &mixerGeometry);
     if (reader.has(root[editorsKey], QJsonValue::Array, editorsKey)) {
         const QJsonArray open = root[editorsKey].toArray();
         for (int i = 0; i < open.size(); ++i)

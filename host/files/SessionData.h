@@ -5,8 +5,8 @@
 #include "host/model/ChannelCompare.h"
 #include "hosting/HostMemory.h"
 
+#include <QByteArray>
 #include <QJsonObject>
-#include <QRect>
 #include <QString>
 
 #include <array>
@@ -28,12 +28,13 @@ struct SessionData
         int channel = 0;
         bool stereo = true;
         double scale = 1.0;
-        bool measured = false; ///< shows the measured response
-        QRect place;           ///< of its window; null where it was not known
+        bool measured = false; ///< shows the measured response; in sessions without a state
+        QByteArray geometry;   ///< of its window; empty where it was not known
+        QByteArray state;      ///< of its window's panels; empty where it was not known
     };
 
     std::array<Channel, channelCount> channels;
-    QRect mixerPlace;
+    QByteArray mixerGeometry;
     std::vector<Editor> editors; ///< that are open
 
     /// A new mixer: everything at its default.

@@ -3,7 +3,6 @@
 
 #include "hosting/HostMemory.h"
 
-#include <QCoreApplication>
 #include <QStringList>
 #include <QUndoCommand>
 
@@ -141,10 +140,10 @@ EditHistory::EditHistory(HostMemory& memory)
     : m_memory(memory)
 {
     m_stack.setUndoLimit(maxSteps);
-    m_memory.addChangeListener(&m_listener);
+    m_memory.addChangeListener(this);
 }
 
-EditHistory::~EditHistory() { m_memory.removeChangeListener(&m_listener); }
+EditHistory::~EditHistory() { m_memory.removeChangeListener(this); }
 
 void EditHistory::apply(const std::vector<Change>& changes, bool forward)
 {
@@ -154,13 +153,13 @@ void EditHistory::apply(const std::vector<Change>& changes, bool forward)
                           1);
 }
 
-void EditHistory::record(const Change& change)
+void EditHistory::changed(unsigned short parameter, unsigned short ch, int before, int after)
 {
+    const Change change{parameter, ch, before, after};
     if (m_pauses == 0 && m_collecting)
         add(&m_collected, change);
     else if (m_pauses == 0)
         push({change}, QString(), {});
-    Q_EMIT changed(change.ch);
 }
 
 void EditHistory::push(const std::vector<Change>& changes, const QString& text,
@@ -183,5 +182,3 @@ QString parameterTitle(unsigned short parameter)
     const char* title = strip ? stripEntry(*strip).title : parameterTable[index].title;
     return QCoreApplication::translate("Parameter", title);
 }
-
-#include "moc_EditHistory.cpp"

@@ -4,7 +4,7 @@
 #include "host/model/GestureWatch.h"
 #include "hosting/ChangeListener.h"
 
-#include <QObject>
+#include <QCoreApplication>
 #include <QString>
 #include <QUndoStack>
 
@@ -20,9 +20,9 @@ class HostMemory;
 /// leaves none. What the program does for the user in one go (loading a preset, pasting) is one
 /// step by a Step, and what is no edit of the user's at all (restoring a session) is kept out by a
 /// Pause. A step is named after its parameters, in the language of the moment. GUI thread only.
-class EditHistory : public QObject
+class EditHistory : private ChangeListener
 {
-    Q_OBJECT
+    Q_DECLARE_TR_FUNCTIONS(EditHistory)
 
 public:
     struct Change
@@ -75,7 +75,9 @@ public:
 
     /// Listens to \a memory, which must outlive it.
     explicit EditHistory(HostMemory& memory);
-    ~EditHistory() override;
+    ~EditHistory();
+    EditHistory(const EditHistory&) = delete;
+    EditHistory& operator=(const EditHistory&) = delete;
 
     QUndoStack& stack() { return m_stack; }
     /// Forgets all steps.
@@ -84,32 +86,11 @@ public:
     /// Writes the changes' values without recording them.
     void apply(const std::vector<Change>& changes, bool forward);
 
-Q_SIGNALS:
-    /// A channel's equalizer or strip has another value, whoever wrote it.
-    void changed(int channel);
-
 private:
-    // Its own class because the signal has the same name.
-    class Listener final : public ChangeListener
-    {
-    public:
-        explicit Listener(EditHistory& history)
-            : m_history(history)
-        {}
-        void changed(unsigned short parameter, unsigned short ch, int before, int after) override
-        {
-            m_history.record({parameter, ch, before, after});
-        }
-
-    private:
-        EditHistory& m_history;
-    };
-
-    void record(const Change& change);
+    void changed(unsigned short parameter, unsigned short ch, int before, int after) override;
     void push(const std::vector<Change>& changes, const QString& text, const Effect& effect);
 
     HostMemory& m_memory;
-    Listener m_listener{*this};
     GestureWatch m_gestures;
     QUndoStack m_stack;
     std::vector<Change> m_collected; // of the Step that lives

@@ -11,9 +11,11 @@ MixerModel::MixerModel(HostMemory& memory)
     : m_memory(memory)
     , m_history(memory)
     , m_compare(memory, m_history)
-{}
+{
+    m_memory.addChangeListener(this);
+}
 
-MixerModel::~MixerModel() = default;
+MixerModel::~MixerModel() { m_memory.removeChangeListener(this); }
 
 QString MixerModel::shownName(int channel) const
 {
@@ -106,5 +108,7 @@ void MixerModel::setTransport(AudioSession* transport)
     m_transport = transport;
     Q_EMIT transportChanged();
 }
+
+void MixerModel::changed(unsigned short, unsigned short ch, int, int) { Q_EMIT channelChanged(ch); }
 
 #include "moc_MixerModel.cpp"

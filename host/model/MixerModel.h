@@ -3,6 +3,7 @@
 
 #include "host/model/ChannelCompare.h"
 #include "host/model/EditHistory.h"
+#include "hosting/ChangeListener.h"
 #include "parameters/ChannelValues.h"
 
 #include <QObject>
@@ -15,7 +16,7 @@ class AudioSession;
 
 /// What the mixer keeps besides the parameters' values: the channels' names, the A and B settings,
 /// and the history of all edits. One for all windows. Needs an application object.
-class MixerModel : public QObject
+class MixerModel : public QObject, private ChangeListener
 {
     Q_OBJECT
 
@@ -61,11 +62,16 @@ public:
     void setTransport(AudioSession* transport);
 
 Q_SIGNALS:
+    /// A channel's equalizer or strip has another value, whoever wrote it. The history has heard of
+    /// it before.
+    void channelChanged(int channel);
     void nameChanged(int channel);
     /// There is another transport.
     void transportChanged();
 
 private:
+    void changed(unsigned short parameter, unsigned short ch, int before, int after) override;
+
     HostMemory& m_memory;
     EditHistory m_history;
     ChannelCompare m_compare;

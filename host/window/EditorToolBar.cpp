@@ -31,6 +31,7 @@ EditorToolBar::EditorToolBar(EditorSession& session, ChannelCompare& compare, QW
     , m_session(session)
     , m_compare(compare)
 {
+    setObjectName(QStringLiteral("editorToolBar")); // for the window's state
     m_texts.add([this] { setWindowTitle(tr("Editor")); });
     setMovable(false);
     setContextMenuPolicy(Qt::PreventContextMenu);

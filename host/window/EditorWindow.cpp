@@ -10,9 +10,11 @@
 #include "host/window/ParameterListView.h"
 #include "host/window/PresetMenu.h"
 #include "host/window/ResponseView.h"
+#include "host/window/WindowPanels.h"
 
 #include <QClipboard>
 #include <QCoreApplication>
+#include <QDockWidget>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -24,9 +26,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QShowEvent>
-#include <QSplitter>
 #include <QStatusBar>
-#include <QVBoxLayout>
 
 namespace {
 
@@ -46,14 +46,9 @@ EditorWindow::EditorWindow(Mixer& mixer, std::unique_ptr<QWidget> stage,
     , m_session(std::move(session))
 {
     setAttribute(Qt::WA_DeleteOnClose);
-    m_splitter = new QSplitter(this);
-    m_splitter->setChildrenCollapsible(false);
-    m_splitter->setHandleWidth(1);
-    m_splitter->addWidget(buildEditorArea(std::move(stage)));
-    m_splitter->addWidget(buildTable());
-    m_splitter->setStretchFactor(0, 1);
-    m_splitter->setStretchFactor(1, 0);
-    setCentralWidget(m_splitter);
+    setContextMenuPolicy(Qt::NoContextMenu);
+    buildEditorArea(std::move(stage));
+    buildPanels();
     buildToolBar();
     buildMenus();
     buildStatus();
@@ -68,9 +63,7 @@ void EditorWindow::setStereo(bool stereo) { m_bar->setStereo(stereo); }
 
 void EditorWindow::setScale(double scale) { m_bar->setScale(scale); }
 
-void EditorWindow::setMeasured(bool measured) { m_measured->setChecked(measured); }
-
-bool EditorWindow::isMeasured() const { return m_measured->isChecked(); }
+void EditorWindow::setMeasured(bool measured) { m_panels->setShown(m_measured, measured); }
 
 void EditorWindow::loadPreset(const QString& name)
 {
@@ -113,9 +106,9 @@ void EditorWindow::buildMenus()
 void EditorWindow::buildFileMenu(QMenu* menu)
 {
     addItem(
-        menu, [] { return tr("&Load State..."); }, QKeySequence::Open, [this] { loadState(); });
+        menu, [] { return tr("&Load State..."); }, QKeySequence::Open, [this] { openStateFile(); });
     addItem(
-        menu, [] { return tr("&Save State..."); }, QKeySequence::Save, [this] { saveState(); });
+        menu, [] { return tr("&Save State..."); }, QKeySequence::Save, [this] { saveStateFile(); });
     menu->addSeparator();
     addItem(
         menu, [] { return tr("&Close"); }, QKeySequence::Close, [this] { close(); });
@@ -171,13 +164,11 @@ void EditorWindow::buildViewMenu(QMenu* menu)
         menu, [] { return tr("&Actual Size"); }, QKeySequence(Qt::CTRL | Qt::Key_0),
         [this] { setScale(1.0); });
     menu->addSeparator();
-    m_measured = addItem(
-        menu, [] { return tr("Measured &Response"); }, QKeySequence(Qt::CTRL | Qt::Key_R), [] {});
-    m_measured->setCheckable(true);
-    connect(m_measured, &QAction::toggled, this, &EditorWindow::showMeasured);
-    m_parameters = addItem(
-        menu, [] { return tr("&Parameters"); }, QKeySequence(Qt::CTRL | Qt::Key_L), [] {});
-    m_parameters->setCheckable(true);
+    addPanelItem(
+        menu, [] { return tr("Measured &Response"); }, QKeySequence(Qt::CTRL | Qt::Key_R),
+        m_measured);
+    addPanelItem(
+        menu, [] { return tr("&Parameters"); }, QKeySequence(Qt::CTRL | Qt::Key_L), m_parameters);
     addLanguageMenu(menu, m_mixer.language, m_texts);
     addItem(
         menu, [] { return tr("&Mixer"); }, QKeySequence(Qt::CTRL | Qt::Key_M),
@@ -192,6 +183,16 @@ QAction* EditorWindow::addItem(QMenu* menu, const LiveTexts::Text& text, const Q
     action->setShortcut(keys);
     connect(action, &QAction::triggered, this, slot);
     return action;
+}
+
+// The panel's own action follows it, but shows it without making room for it.
+void EditorWindow::addPanelItem(QMenu* menu, const LiveTexts::Text& text, const QKeySequence& keys,
+                                QDockWidget* panel)
+{
+    QAction* action =
+        addItem(menu, text, keys, [this, panel](bool shown) { m_panels->setShown(panel, shown); });
+    action->setCheckable(true);
+    connect(panel->toggleViewAction(), &QAction::toggled, action, &QAction::setChecked);
 }
 
 void EditorWindow::buildToolBar()
@@ -227,7 +228,7 @@ void EditorWindow::showAudio()
     m_audio->setText(playing ? QString() : tr("No audio"));
 }
 
-QWidget* EditorWindow::buildEditorArea(std::unique_ptr<QWidget> stage)
+void EditorWindow::buildEditorArea(std::unique_ptr<QWidget> stage)
 {
     m_area = new QScrollArea(this);
     m_area->setFrameShape(QFrame::NoFrame);
@@ -235,82 +236,38 @@ QWidget* EditorWindow::buildEditorArea(std::unique_ptr<QWidget> stage)
     m_area->setBackgroundRole(QPalette::Base);
     m_stage = stage.release();
     m_area->setWidget(m_stage);
+    setCentralWidget(m_area);
+}
+
+// The list is as high as the window, the response as wide as the editor.
+void EditorWindow::buildPanels()
+{
+    for (const Qt::Corner corner : {Qt::TopLeftCorner, Qt::BottomLeftCorner})
+        setCorner(corner, Qt::LeftDockWidgetArea);
+    for (const Qt::Corner corner : {Qt::TopRightCorner, Qt::BottomRightCorner})
+        setCorner(corner, Qt::RightDockWidgetArea);
+    m_panels = std::make_unique<WindowPanels>(*this, *m_area, *m_stage);
+
+    auto* table = new ParameterListView(m_mixer.memory, settings().channel, this);
+    connect(table, &ParameterListView::refused, this,
+            [this](const QString& reason) { statusBar()->showMessage(reason, messageTime); });
+    m_parameters = m_panels->add(QStringLiteral("parameters"), table, Qt::RightDockWidgetArea);
+    m_texts.add([this] { m_parameters->setWindowTitle(tr("Parameters")); });
+
     m_response = new ResponseView(m_mixer.mixerModel, settings().channel, this);
     m_response->setSampleRate(settings().sampleRate);
-    m_response->hide();
-    m_texts.add([this] { m_response->setAccessibleName(tr("Measured response")); });
-    auto* both = new QWidget(this);
-    auto* layout = new QVBoxLayout(both);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addWidget(m_area);
-    layout->addWidget(m_response);
-    return both;
-}
-
-void EditorWindow::showMeasured(bool measured)
-{
-    m_response->setVisible(measured);
-    m_measuredRoom = grow({0, measured ? ResponseView::viewHeight : -m_measuredRoom}).height();
-}
-
-void EditorWindow::showParameters(bool shown)
-{
-    m_table->setVisible(shown);
-    if (shown) {
-        m_parametersRoom =
-            grow({m_splitter->handleWidth() + m_table->sizeHint().width(), 0}).width();
-        shareWidth();
-    } else {
-        const int spare = qMax(0, m_splitter->width() - m_stage->width());
-        grow({-qMin(spare, m_parametersRoom), 0});
-    }
-}
-
-// The list gets what the editor leaves.
-void EditorWindow::shareWidth()
-{
-    const int both = width() - m_splitter->handleWidth();
-    const int table =
-        qBound(m_table->minimumWidth(), both - m_stage->width(), m_table->sizeHint().width());
-    m_splitter->setSizes({both - table, table});
+    m_measured =
+        m_panels->add(QStringLiteral("measuredResponse"), m_response, Qt::BottomDockWidgetArea);
+    m_texts.add([this] {
+        m_response->setAccessibleName(tr("Measured response"));
+        m_measured->setWindowTitle(tr("Measured response"));
+    });
 }
 
 void EditorWindow::followZoom()
 {
     const QSize missing = m_stage->size() - m_area->maximumViewportSize();
-    m_zoomRoom += grow(missing.expandedTo(-1 * m_zoomRoom));
-}
-
-// As far as the screen allows; returns how far it was.
-QSize EditorWindow::grow(const QSize& by)
-{
-    if (isMaximized() || isFullScreen())
-        return {0, 0};
-    const QSize before = size();
-    const QSize room = screen()->availableSize() - (frameSize() - before);
-    resize((before + by).boundedTo(room.expandedTo(before)));
-    keepOnScreen();
-    return size() - before;
-}
-
-void EditorWindow::keepOnScreen()
-{
-    const QRect room = screen()->availableGeometry();
-    const QRect frame = frameGeometry();
-    const QPoint last = room.bottomRight() - QPoint(frame.width() - 1, frame.height() - 1);
-    const QPoint place(qMax(room.left(), qMin(frame.left(), last.x())),
-                       qMax(room.top(), qMin(frame.top(), last.y())));
-    if (place != frame.topLeft())
-        move(place);
-}
-
-QWidget* EditorWindow::buildTable()
-{
-    m_table = new ParameterListView(m_mixer.memory, settings().channel, this);
-    connect(m_table, &ParameterListView::refused, this,
-            [this](const QString& reason) { statusBar()->showMessage(reason, messageTime); });
-    return m_table;
+    m_zoomRoom += growWindow(*this, missing.expandedTo(-1 * m_zoomRoom));
 }
 
 void EditorWindow::changeEvent(QEvent* event)
@@ -329,25 +286,21 @@ void EditorWindow::closeEvent(QCloseEvent* event)
 void EditorWindow::showEvent(QShowEvent* event)
 {
     QMainWindow::showEvent(event);
-    if (!event->spontaneous())
-        m_session->takeFocus();
+    if (event->spontaneous())
+        return;
+    if (!m_parameters->isHidden())
+        m_panels->fit(m_parameters);
+    m_session->takeFocus();
 }
 
 // Where the screen is too narrow for both, the editor comes alone.
 void EditorWindow::chooseSize()
 {
     const QSize room = screen()->availableSize();
-    const QSize table = m_table->sizeHint();
-    const int handle = m_splitter->handleWidth();
-    const bool both = m_stage->width() + handle + m_table->minimumWidth() <= room.width();
-    m_parameters->setChecked(both);
-    m_table->setVisible(both);
-    connect(m_parameters, &QAction::toggled, this, &EditorWindow::showParameters);
-    const QSize wanted(m_stage->width() + (both ? handle + table.width() : 0),
-                       qMax(m_stage->height(), table.height()) + barsHeight);
-    resize(wanted.boundedTo(room));
-    m_parametersRoom = both ? width() - m_stage->width() : 0;
-    shareWidth();
+    const int height = qMax(m_stage->height(), m_parameters->sizeHint().height()) + barsHeight;
+    resize(QSize(m_stage->width(), height).boundedTo(room));
+    m_panels->setShown(m_parameters,
+                       m_stage->width() + m_panels->smallestExtent(m_parameters) <= room.width());
 }
 
 void EditorWindow::showTitle()
@@ -360,7 +313,7 @@ void EditorWindow::showTitle()
     setWindowTitle(name.isEmpty() ? title : name + QLatin1String(" - ") + title);
 }
 
-void EditorWindow::loadState()
+void EditorWindow::openStateFile()
 {
     const QString file =
         QFileDialog::getOpenFileName(this, tr("Load State"), QString(),
@@ -369,7 +322,7 @@ void EditorWindow::loadState()
         report(m_session->loadState(file), tr("Loaded %1.").arg(file));
 }
 
-void EditorWindow::saveState()
+void EditorWindow::saveStateFile()
 {
     QString filter;
     QString file =

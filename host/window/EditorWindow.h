@@ -10,19 +10,19 @@
 
 struct Mixer;
 class EditorToolBar;
-class ParameterListView;
 class PresetMenu;
 class QAction;
+class QDockWidget;
 class QLabel;
 class QMenu;
 class QScrollArea;
-class QSplitter;
 class ResponseView;
+class WindowPanels;
 
 /// The window of one open editor: the editor, what it can be switched between, presets, the
-/// channel's A and B settings, and a list of the channel's parameters that can be edited beside it.
-/// What is shown besides makes the window larger where the screen has room, and smaller again when
-/// it goes.
+/// channel's A and B settings, and in panels around it a list of the channel's parameters, which
+/// can be edited, and the measured response. The window's geometry and state say where everything
+/// is.
 class EditorWindow : public QMainWindow
 {
     Q_OBJECT
@@ -39,7 +39,6 @@ public:
     void setScale(double scale);
     /// Shows, below the editor, the response as an impulse measures it.
     void setMeasured(bool measured);
-    bool isMeasured() const;
 
     /// Presets. What goes wrong is said in a message.
     void loadPreset(const QString& name);
@@ -70,21 +69,18 @@ private:
     void buildViewMenu(QMenu* menu);
     template <typename Slot>
     QAction* addItem(QMenu* menu, const LiveTexts::Text& text, const QKeySequence& keys, Slot slot);
+    void addPanelItem(QMenu* menu, const LiveTexts::Text& text, const QKeySequence& keys,
+                      QDockWidget* panel);
     void buildToolBar();
     void buildStatus();
     void showAudio();
-    QWidget* buildEditorArea(std::unique_ptr<QWidget> stage);
-    QWidget* buildTable();
-    void showMeasured(bool measured);
-    void showParameters(bool shown);
-    void shareWidth();
+    void buildEditorArea(std::unique_ptr<QWidget> stage);
+    void buildPanels();
     void followZoom();
-    QSize grow(const QSize& by);
-    void keepOnScreen();
     void chooseSize();
     void showTitle();
-    void loadState();
-    void saveState();
+    void openStateFile();
+    void saveStateFile();
     void resetToDefaults();
     void paste();
     void askForPresetName();
@@ -95,17 +91,14 @@ private:
     Mixer& m_mixer;
     LiveTexts m_texts;
     std::unique_ptr<EditorSession> m_session;
-    QSplitter* m_splitter = nullptr;
     QScrollArea* m_area = nullptr;
     QWidget* m_stage = nullptr;
+    std::unique_ptr<WindowPanels> m_panels;
+    QDockWidget* m_parameters = nullptr;
+    QDockWidget* m_measured = nullptr;
     ResponseView* m_response = nullptr;
-    QAction* m_measured = nullptr;
-    QAction* m_parameters = nullptr;
-    ParameterListView* m_table = nullptr;
     EditorToolBar* m_bar = nullptr;
     PresetMenu* m_presets = nullptr;
     QLabel* m_audio = nullptr;
-    int m_measuredRoom = 0; // what the window has grown by for each
-    int m_parametersRoom = 0;
-    QSize m_zoomRoom{0, 0};
+    QSize m_zoomRoom{0, 0}; // what the window has grown by for the editor's zoom
 };

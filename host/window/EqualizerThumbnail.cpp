@@ -36,7 +36,7 @@ EqualizerThumbnail::EqualizerThumbnail(MixerModel& mixerModel, int channel, QWid
 {
     setCursor(Qt::PointingHandCursor);
     m_bands.setSampleRate(sampleRate);
-    connect(&mixerModel.history(), &EditHistory::changed, this, [this](int changed) {
+    connect(&mixerModel, &MixerModel::channelChanged, this, [this](int changed) {
         if (changed == m_channel)
             update();
     });

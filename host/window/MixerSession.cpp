@@ -7,29 +7,10 @@
 
 #include <QEvent>
 #include <QGuiApplication>
-#include <QScreen>
 
 #include <algorithm>
 #include <array>
 #include <utility>
-
-namespace {
-
-// A place on a screen that is not there any more would hide the window.
-void putAt(QWidget* window, const QRect& place)
-{
-    if (place.isEmpty())
-        return;
-    window->resize(place.size());
-    for (const QScreen* screen : QGuiApplication::screens()) {
-        if (screen->availableGeometry().contains(place.topLeft()))
-            window->move(place.topLeft());
-    }
-}
-
-QRect placeOf(const QWidget* window) { return {window->pos(), window->size()}; }
-
-} // namespace
 
 MixerSession::MixerSession(Mixer& mixer, Reporter reporter)
     : m_mixer(mixer)
@@ -63,7 +44,7 @@ bool MixerSession::restoreWindows(MixerWindow& window)
     connect(&m_mixer.mixerModel.history().stack(), &QUndoStack::indexChanged, this,
             [this] { m_timer.start(); });
     qGuiApp->installEventFilter(this);
-    putAt(&window, m_data.mixerPlace);
+    window.restoreGeometry(m_data.mixerGeometry);
     bool opened = false;
     for (const SessionData::Editor& editor : m_data.editors) {
         EditorWindow* shown = window.openEditor(editor.channel, editor.stereo);
@@ -71,7 +52,8 @@ bool MixerSession::restoreWindows(MixerWindow& window)
             continue;
         shown->setScale(editor.scale);
         shown->setMeasured(editor.measured);
-        putAt(shown, editor.place);
+        shown->restoreGeometry(editor.geometry);
+        shown->restoreState(editor.state);
         opened = true;
     }
     return opened;
@@ -173,13 +155,13 @@ void MixerSession::collectWindows()
 {
     if (!m_window)
         return;
-    m_data.mixerPlace = placeOf(m_window);
+    m_data.mixerGeometry = m_window->saveGeometry();
     m_data.editors.clear();
     for (EditorWindow* editor : m_window->editors()) {
         editor->session().keepMap();
         const EditorSettings& settings = editor->settings();
-        m_data.editors.push_back({settings.channel, settings.stereo, settings.scale,
-                                  editor->isMeasured(), placeOf(editor)});
+        m_data.editors.push_back({settings.channel, settings.stereo, settings.scale, false,
+                                  editor->saveGeometry(), editor->saveState()});
     }
 }
 

@@ -98,7 +98,7 @@ MixerStrip::MixerStrip(MixerModel& mixerModel, int channel, QWidget* parent)
     buildKeys();
     buildFader();
     buildMeters();
-    connect(&mixerModel.history(), &EditHistory::changed, this, &MixerStrip::follow);
+    connect(&mixerModel, &MixerModel::channelChanged, this, &MixerStrip::follow);
     connect(&mixerModel, &MixerModel::nameChanged, this, [this](int changed) {
         if (changed == m_channel)
             retranslate();

@@ -55,7 +55,7 @@ MixerWindow::MixerWindow(Mixer& mixer, const EditorSettings& settings)
     setCentralWidget(content);
     buildMenus();
     statusBar()->setSizeGripEnabled(false);
-    connect(&mixer.mixerModel.history(), &EditHistory::changed, this, &MixerWindow::showPairs);
+    connect(&mixer.mixerModel, &MixerModel::channelChanged, this, &MixerWindow::showPairs);
     showPairs();
     select(0);
     chooseSize();

@@ -48,12 +48,12 @@ ResponseView::ResponseView(MixerModel& mixerModel, int channel, QWidget* parent)
     , m_channel(channel)
 {
     setMinimumSize(smallestWidth, viewHeight);
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setSampleRate(48000);
     m_delay.setSingleShot(true);
     m_delay.setInterval(delay);
     m_delay.callOnTimeout(this, &ResponseView::look);
-    connect(&mixerModel.history(), &EditHistory::changed, this, [this](int changed) {
+    connect(&mixerModel, &MixerModel::channelChanged, this, [this](int changed) {
         if (isVisible() && (changed == m_channel || changed == m_mixerModel.leaderOf(m_channel)))
             m_delay.start();
     });

@@ -3,10 +3,12 @@
 #include "host/window/Mixer.h"
 #include "host/window/MixerSession.h"
 #include "host/window/MixerWindow.h"
+#include "host/window/ResponseView.h"
 #include "tests/support/TestObject.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QDockWidget>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QTemporaryDir>
@@ -44,13 +46,15 @@ private Q_SLOTS:
     void failedWriteAsksBeforeTheProgramEnds();
     void unchangedSessionIsNotWritten();
     void nothingIsWrittenWithoutAFile();
-    void placeOffEveryScreenIsNotUsed();
+    void earlierSessionsOpen();
+    void uselessGeometryIsIgnored();
 
 private:
     QByteArray content(const QString& file) const;
     void write(const QString& file, const QByteArray& bytes) const;
     QJsonObject saved() const { return QJsonDocument::fromJson(content(m_file)).object(); }
     void load(Mixer& mixer) const;
+    static bool isMeasured(const EditorWindow* editor);
 
     std::unique_ptr<QTemporaryDir> m_folder;
     QString m_file;
@@ -76,6 +80,11 @@ void tst_MixerSession::load(Mixer& mixer) const
 {
     QCOMPARE(mixer.library.load(QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")).error(),
              QString());
+}
+
+bool tst_MixerSession::isMeasured(const EditorWindow* editor)
+{
+    return editor->findChild<ResponseView*>()->isVisible();
 }
 
 QByteArray tst_MixerSession::content(const QString& file) const
@@ -155,6 +164,8 @@ void tst_MixerSession::windowsComeBack()
         EditorWindow* editor = window.openEditor(3, false);
         editor->setScale(1.5);
         editor->setMeasured(true);
+        auto* parameters = editor->findChild<QDockWidget*>(QStringLiteral("parameters"));
+        editor->addDockWidget(Qt::LeftDockWidgetArea, parameters);
         editor->resize(644, 433);
         editor->move(12, 34);
         window.openEditor(6, true);
@@ -165,6 +176,7 @@ void tst_MixerSession::windowsComeBack()
     MixerWindow window(fresh, EditorSettings());
     MixerSession session(fresh);
     QCOMPARE(session.open(m_file), QString());
+    window.show();
     QVERIFY(session.restoreWindows(window));
     QCOMPARE(window.size(), QSize(700, 410));
     QCOMPARE(window.pos(), QPoint(30, 20));
@@ -173,8 +185,10 @@ void tst_MixerSession::windowsComeBack()
     QCOMPARE(editors[0]->settings().channel, 3);
     QVERIFY(!editors[0]->settings().stereo);
     QCOMPARE(editors[0]->settings().scale, 1.5);
-    QVERIFY(editors[0]->isMeasured());
-    QVERIFY(!editors[1]->isMeasured());
+    QVERIFY(isMeasured(editors[0]));
+    QVERIFY(!isMeasured(editors[1]));
+    auto* parameters = editors[0]->findChild<QDockWidget*>(QStringLiteral("parameters"));
+    QCOMPARE(editors[0]->dockWidgetArea(parameters), Qt::LeftDockWidgetArea);
     QCOMPARE(editors[0]->size(), QSize(644, 433));
     QCOMPARE(editors[0]->pos(), QPoint(12, 34));
     QCOMPARE(editors[1]->settings().channel, 6);
@@ -294,10 +308,7 @@ void tst_MixerSession::damagedFileIsKeptAside_data()
     row("other", session("\"channels\": [{\"compare\": {\"other\": true}}]"),
         "channels[0].compare.other is no object");
     row("map", session("\"channels\": [{\"editor\": [1]}]"), "channels[0].editor is no object");
-    row("place", session("\"mixer\": {\"place\": [1, 2]}"),
-        "mixer.place does not hold four numbers");
-    row("place of texts", session("\"mixer\": {\"place\": [1, 2, 3, \"4\"]}"),
-        "mixer.place is no number");
+    row("geometry", session("\"mixer\": {\"geometry\": [1, 2]}"), "mixer.geometry is no text");
     row("editor", session("\"editors\": [4]"), "editors[0] is no object");
     row("channel of an editor", session("\"editors\": [{\"channel\": 8}]"),
         "editors[0].channel is 8, which is not between 0 and 7");
@@ -305,6 +316,9 @@ void tst_MixerSession::damagedFileIsKeptAside_data()
         "editors[0].stereo is no truth value");
     row("measured", session("\"editors\": [{\"measured\": 1}]"),
         "editors[0].measured is no truth value");
+    row("geometry of an editor", session("\"editors\": [{\"geometry\": 1}]"),
+        "editors[0].geometry is no text");
+    row("state", session("\"editors\": [{\"state\": {}}]"), "editors[0].state is no text");
     row("scale", session("\"editors\": [{\"scale\": 100}]"),
         "editors[0].scale is 100, which is not between 0.5 and 4");
 }
@@ -561,16 +575,35 @@ void tst_MixerSession::nothingIsWrittenWithoutAFile()
     QVERIFY(!QFile::exists(m_file));
 }
 
-void tst_MixerSession::placeOffEveryScreenIsNotUsed()
+// They kept rectangles in place of the windows' geometry and state.
+void tst_MixerSession::earlierSessionsOpen()
 {
-    write(m_file, "{\"zolta-session\": 1, \"mixer\": {\"place\": [90000, 90000, 400, 300]}}");
+    write(m_file, "{\"zolta-session\": 1, \"mixer\": {\"place\": [90000, 90000, 400, 300]}, "
+                  "\"editors\": [{\"channel\": 2, \"place\": [1, 2, 500, 400], "
+                  "\"measured\": true}, {\"channel\": 4, \"measured\": false}]}");
     MixerWindow window(*m_mixer, EditorSettings());
-    const QPoint before = window.pos();
+    const QRect before = window.geometry();
     MixerSession session(*m_mixer);
     QCOMPARE(session.open(m_file), QString());
-    session.restoreWindows(window);
-    QCOMPARE(window.pos(), before);
-    QCOMPARE(window.size(), QSize(400, 300));
+    QVERIFY(session.restoreWindows(window));
+    QCOMPARE(window.geometry(), before);
+    QCOMPARE(window.editors().size(), 2);
+    QVERIFY(isMeasured(window.editors()[0]));
+    QVERIFY(!isMeasured(window.editors()[1]));
+}
+
+void tst_MixerSession::uselessGeometryIsIgnored()
+{
+    write(m_file, "{\"zolta-session\": 1, \"mixer\": {\"geometry\": \"AAAA\"}, \"editors\": "
+                  "[{\"channel\": 2, \"geometry\": \"?\", \"state\": \"/////w==\"}]}");
+    MixerWindow window(*m_mixer, EditorSettings());
+    const QRect before = window.geometry();
+    MixerSession session(*m_mixer);
+    QCOMPARE(session.open(m_file), QString());
+    QVERIFY(session.restoreWindows(window));
+    QCOMPARE(window.geometry(), before);
+    QVERIFY(
+        window.editors()[0]->findChild<QDockWidget*>(QStringLiteral("parameters"))->isVisible());
 }
 
 ZOLTA_TEST_MAIN(tst_MixerSession)
