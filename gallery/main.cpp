@@ -38,12 +38,8 @@ int writeSheet(const GalleryCommandLine& commandLine)
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     sheet.picture(commandLine.scale).save(&buffer, "PNG");
-    const QString error = writeFile(commandLine.sheet, buffer.data());
-    if (error.isEmpty())
-        return ExitDone;
-    return refuse(
-        ExitError,
-        QStringLiteral("The picture %1 cannot be written: %2.").arg(commandLine.sheet, error));
+    const Status written = writeFile(commandLine.sheet, buffer.data());
+    return written.isOk() ? ExitDone : refuse(ExitError, written.error());
 }
 
 int showSheet()

@@ -194,8 +194,11 @@ StateFile::StateFile(QString file, const Steinberg::FUID& uid)
 StateFile::Content StateFile::read() const
 {
     QFile file(m_file);
-    if (QFileInfo(m_file).isDir())
+    const QFileInfo info(m_file);
+    if (info.isDir())
         return bad(QStringLiteral("%1 is a folder, not a state file.").arg(shown(m_file)));
+    if (info.exists() && !info.isFile()) // a pipe that nobody writes to would never end
+        return bad(QStringLiteral("%1 is not a regular file.").arg(shown(m_file)));
     if (!file.open(QIODevice::ReadOnly))
         return bad(QStringLiteral("The state file %1 cannot be read: %2.")
                        .arg(shown(m_file), file.errorString()));
@@ -212,10 +215,7 @@ StateFile::Content StateFile::read() const
 QString StateFile::write(const QByteArray& state) const
 {
     const bool preset = m_file.endsWith(QLatin1String(".vstpreset"), Qt::CaseInsensitive);
-    const QString error = writeFile(m_file, preset ? encodePreset(state, m_uid) : state);
-    if (error.isEmpty())
-        return QString();
-    return QStringLiteral("The state file %1 cannot be written: %2.").arg(shown(m_file), error);
+    return writeFile(m_file, preset ? encodePreset(state, m_uid) : state).error();
 }
 
 StateFile::Content StateFile::decode(const QByteArray& bytes, const Steinberg::FUID& uid)

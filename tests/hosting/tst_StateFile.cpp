@@ -282,14 +282,15 @@ void tst_StateFile::writtenFilesLoadBack()
 void tst_StateFile::failedWritesSayWhy()
 {
     const QString nowhere = s_folder.filePath(QStringLiteral("no/such/folder/a.state"));
-    QCOMPARE(StateFile(nowhere, m_uid).write(state()),
-             QStringLiteral("The state file %1 cannot be written: No such file or directory.")
-                 .arg(nowhere));
+    QCOMPARE(
+        StateFile(nowhere, m_uid).write(state()),
+        QStringLiteral("The file %1 cannot be written: No such file or directory.").arg(nowhere));
     QCOMPARE(StateFile(s_folder.path(), m_uid).write(state()),
-             QStringLiteral("The state file %1 cannot be written: it is a folder.")
+             QStringLiteral("%1 cannot be written because it is a folder. Choose another name.")
                  .arg(s_folder.path()));
     QCOMPARE(StateFile(QStringLiteral("/dev/full"), m_uid).write(state()),
-             QStringLiteral("The state file /dev/full cannot be written: it is no ordinary file."));
+             QStringLiteral("/dev/full cannot be written because it is not a regular file. Choose "
+                            "another name."));
 }
 
 // A limit on the size of files stands in for a disk that is full after some bytes.
@@ -305,8 +306,7 @@ void tst_StateFile::interruptedWriteKeepsTheOldFile()
         QCOMPARE(setrlimit(RLIMIT_FSIZE, &limited), 0);
         const QString error = StateFile(file, m_uid).write(state(1.0F));
         QCOMPARE(setrlimit(RLIMIT_FSIZE, &before), 0);
-        QCOMPARE(error,
-                 QStringLiteral("The state file %1 cannot be written: File too large.").arg(file));
+        QCOMPARE(error, QStringLiteral("The file %1 cannot be written: File too large.").arg(file));
         QCOMPARE(contentOf(file), presetOf(state(0.5F)));
         QCOMPARE(QDir(s_folder.path()).count(), files);
     }
