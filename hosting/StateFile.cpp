@@ -233,8 +233,11 @@ StateFile::StateFile(QString file, const FUID& uid)
 Result<QByteArray> StateFile::read() const
 {
     const QString name = QDir::toNativeSeparators(m_file);
-    if (QFileInfo(m_file).isDir())
+    const QFileInfo info(m_file);
+    if (info.isDir())
         return Error{tr("The state file %1 is a folder.").arg(name)};
+    if (info.exists() && !info.isFile()) // a pipe that nobody writes to would never end
+        return Error{tr("The state file %1 is not a regular file.").arg(name)};
     QFile file(m_file);
     const QByteArray bytes =
         file.open(QIODevice::ReadOnly) ? file.read(maxFileSize + 1) : QByteArray();
