@@ -20,7 +20,7 @@ void AudioEngine::setSampleRate(double hertz)
 void AudioEngine::reset()
 {
     for (Channel& channel : m_channels) {
-        channel.processor.forget();
+        channel.processor.reset();
         channel.meters = {};
         channel.levels.store(packed({}), std::memory_order_relaxed);
     }

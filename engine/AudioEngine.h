@@ -25,7 +25,7 @@ public:
     /// Every channel at the parameters' defaults, at 48000 Hz.
     AudioEngine() = default;
 
-    /// In Hz, above 0; a new rate forgets what was heard.
+    /// In Hz, above 0; a new rate resets.
     void setSampleRate(double hertz);
     double sampleRate() const { return m_sampleRate; }
     /// Forgets the samples heard so far and the levels; what is published is in force at once.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/ChannelMeters.h"
 
+#include "equalizer/Decibels.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -10,18 +12,18 @@ namespace {
 constexpr double lowest = MeterLevels::lowest / 10.0;
 constexpr double highest = MeterLevels::highest / 10.0;
 
-double decibelsOf(double peak)
+double levelOf(double peak)
 {
     if (std::isnan(peak))
         return highest;
-    return peak > 0.0 ? std::clamp(20.0 * std::log10(peak), lowest, highest) : lowest;
+    return peak > 0.0 ? std::clamp(decibelsOf(peak), lowest, highest) : lowest;
 }
 
 } // namespace
 
 void PeakLevel::update(double peak, double seconds)
 {
-    m_level = std::max(decibelsOf(peak), m_level - releasePerSecond * seconds);
+    m_level = std::max(levelOf(peak), m_level - releasePerSecond * seconds);
 }
 
 int PeakLevel::tenths() const { return static_cast<int>(std::lround(m_level * 10.0)); }

@@ -23,7 +23,7 @@ public:
     static constexpr double releasePerSecond = 20.0; // dB
 
     /// Takes in a block that stands for \a seconds and whose samples reach \a peak (0 and above; 1
-    /// is full scale). A peak that is no number counts as the highest level.
+    /// is full scale). A NaN peak counts as the highest level.
     void update(double peak, double seconds);
 
     /// In tenths of a dB, MeterLevels::lowest to MeterLevels::highest.

@@ -12,9 +12,9 @@
 namespace {
 
 // Fewer bands are faster one after the other.
-constexpr int fewestForChain = 3;
+constexpr int minBandsForChain = 3;
 
-// No number is not, either.
+// False for NaN, too.
 bool isSignal(double sample) { return std::abs(sample) <= ChannelProcessor::loudest; }
 
 } // namespace
@@ -22,7 +22,7 @@ bool isSignal(double sample) { return std::abs(sample) <= ChannelProcessor::loud
 ChannelProcessor::ChannelProcessor()
     : m_values(defaultValues())
 {
-    takeOver(true);
+    apply(true);
 }
 
 void ChannelProcessor::setSampleRate(double hertz)
@@ -30,7 +30,7 @@ void ChannelProcessor::setSampleRate(double hertz)
     if (m_sampleRate == hertz)
         return;
     m_sampleRate = hertz;
-    takeOver(true);
+    apply(true);
     m_fresh = true;
 }
 
@@ -38,10 +38,10 @@ void ChannelProcessor::setValues(const Values& values)
 {
     const Values before = std::exchange(m_values, values);
     if (m_fresh && before != values)
-        return takeOver(true);
+        return apply(true);
     for (int band = 0; band < EqualizerBands::Count; ++band) {
         if (!isSameBand(values, before, band))
-            takeOverBand(band, false);
+            applyBand(band, false);
     }
     const std::int64_t samples = rampSamples(m_sampleRate);
     m_input.moveTo(amplitudeRatio(inputLevelOf(m_values)), samples);
@@ -73,24 +73,24 @@ void ChannelProcessor::equalize(std::span<double> block)
     m_output.apply(block);
 }
 
-void ChannelProcessor::forget()
+void ChannelProcessor::reset()
 {
-    takeOver(true);
+    apply(true);
     m_fresh = true;
 }
 
-void ChannelProcessor::takeOver(bool atOnce)
+void ChannelProcessor::apply(bool atOnce)
 {
     for (int band = 0; band < EqualizerBands::Count; ++band)
-        takeOverBand(band, atOnce);
+        applyBand(band, atOnce);
     m_input.jumpTo(amplitudeRatio(inputLevelOf(m_values)));
     m_output.jumpTo(amplitudeRatio(outputLevelOf(m_values)));
     m_drive.setSampleRate(m_sampleRate);
     m_drive.set(isDriven(m_values));
-    m_drive.forget();
+    m_drive.reset();
 }
 
-void ChannelProcessor::takeOverBand(int band, bool atOnce)
+void ChannelProcessor::applyBand(int band, bool atOnce)
 {
     const Band settings = bandOf(m_values, band);
     if (band == EqualizerBands::Low)
@@ -118,7 +118,7 @@ int ChannelProcessor::presentBands() const
 
 void ChannelProcessor::runBands(std::span<double> block)
 {
-    if (isSettled() && presentBands() >= fewestForChain)
+    if (isSettled() && presentBands() >= minBandsForChain)
         return runChain(block);
     m_low.process(block);
     for (PeakingBand& band : m_middle)
@@ -129,15 +129,15 @@ void ChannelProcessor::runBands(std::span<double> block)
 void ChannelProcessor::runChain(std::span<double> block)
 {
     BandChain chain;
-    m_low.lend(&chain.low);
-    m_high.lend(&chain.high);
+    m_low.saveState(&chain.low);
+    m_high.saveState(&chain.high);
     for (std::size_t i = 0; i < m_middle.size(); ++i) {
-        m_middle[i].lend(&chain.middle[i]);
+        m_middle[i].saveState(&chain.middle[i]);
         chain.cuts |= (m_middle[i].isCut() ? 1U : 0U) << i;
     }
     chain.process(block);
-    m_low.takeBack(chain.low);
-    m_high.takeBack(chain.high);
+    m_low.restoreState(chain.low);
+    m_high.restoreState(chain.high);
     for (std::size_t i = 0; i < m_middle.size(); ++i)
-        m_middle[i].takeBack(chain.middle[i]);
+        m_middle[i].restoreState(chain.middle[i]);
 }

@@ -21,9 +21,9 @@
 ///
 /// A changed setting is faded in within rampSeconds, one of the outer bands within twice that; a
 /// setting that comes while its band still changes waits for that. Settings made before the first
-/// sample, after forget() or after setSampleRate() are in force at once.
+/// sample, after reset() or after setSampleRate() are in force at once.
 ///
-/// Samples that are no number, infinite or beyond loudest count as 0. Above allBandsRate every band
+/// Samples that are NaN, infinite or beyond loudest count as 0. Above allBandsRate every band
 /// is heard; at lower rates an outer band at or beyond half the rate is left out.
 class ChannelProcessor
 {
@@ -38,7 +38,7 @@ public:
     /// Every parameter at its default, at 48000 Hz.
     ChannelProcessor();
 
-    /// In Hz; a new rate designs every band and forgets what was heard.
+    /// In Hz; a new rate designs every band and resets.
     void setSampleRate(double hertz);
     double sampleRate() const { return m_sampleRate; }
     /// The channel's raw values; only bands whose values changed are designed.
@@ -54,14 +54,14 @@ public:
     /// How many samples later what goes in comes out: 0 when clean, Drive::latency with drive.
     double latency() const { return m_drive.isWanted() ? double{Drive::latency} : 0.0; }
 
-    /// Forgets the samples heard so far; the newest settings are in force at once.
-    void forget();
+    /// Clears what is left of the samples so far; the newest settings are in force at once.
+    void reset();
 
 private:
     static constexpr std::size_t middleCount = EqualizerBands::Count - 2;
 
-    void takeOver(bool atOnce);
-    void takeOverBand(int band, bool atOnce);
+    void apply(bool atOnce);
+    void applyBand(int band, bool atOnce);
 
     bool isSettled() const;
     int presentBands() const;

@@ -23,7 +23,7 @@ const double makeUp = [] {
 void Drive::setSampleRate(double hertz)
 {
     m_share.setLength(rampSamples(hertz));
-    forget();
+    reset();
 }
 
 void Drive::set(bool on)
@@ -40,7 +40,7 @@ void Drive::set(bool on)
     m_share.moveTo(on);
 }
 
-void Drive::forget()
+void Drive::reset()
 {
     resetSamples();
     m_unfilled = 0;
@@ -86,8 +86,8 @@ void Drive::oversample(const double* in, std::size_t count, double* out)
 
 void Drive::resetSamples()
 {
-    m_up.forget();
-    m_upAgain.forget();
-    m_down.forget();
-    m_downAgain.forget();
+    m_up.reset();
+    m_upAgain.reset();
+    m_down.reset();
+    m_downAgain.reset();
 }

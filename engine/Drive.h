@@ -30,7 +30,7 @@ public:
     void set(bool on);
     bool isWanted() const { return m_wanted; }
     /// Forgets the samples heard so far; a switching under way is over at once.
-    void forget();
+    void reset();
 
     /// Runs \a block in place.
     void process(std::span<double> block);

@@ -75,7 +75,7 @@ public:
         std::copy_n(m_samples.begin() + static_cast<std::ptrdiff_t>(count), past,
                     m_samples.begin());
     }
-    void forget() { m_samples.fill(0.0); }
+    void reset() { m_samples.fill(0.0); }
 
     /// The sums of taps and samples for a block of \a count that begins \a delay before block();
     /// \a out has room for whole groups.
@@ -118,7 +118,7 @@ public:
         }
         m_history.advance(count);
     }
-    void forget() { m_history.forget(); }
+    void reset() { m_history.reset(); }
 
 private:
     History<Half, Longest> m_history;
@@ -145,10 +145,10 @@ public:
         m_even.advance(count);
         m_odd.advance(count);
     }
-    void forget()
+    void reset()
     {
-        m_even.forget();
-        m_odd.forget();
+        m_even.reset();
+        m_odd.reset();
     }
 
 private:

@@ -2,6 +2,7 @@
 #include "engine/MeasuredResponse.h"
 
 #include "engine/ChannelProcessor.h"
+#include "equalizer/Decibels.h"
 
 #include <algorithm>
 #include <array>
@@ -13,7 +14,7 @@ namespace {
 
 using Complex = std::complex<double>;
 
-constexpr double longest = 4.0; // s
+constexpr double maxSeconds = 4.0;
 constexpr std::size_t strandCount = 4;
 constexpr std::size_t partSize = 4096;
 constexpr double silence = 1e-10;     // of the largest sample
@@ -32,7 +33,7 @@ std::vector<double> impulseResponse(const ChannelValues& values, double sampleRa
     ChannelProcessor processor;
     processor.setSampleRate(sampleRate);
     processor.setValues(values);
-    const auto most = static_cast<std::size_t>(longest * sampleRate);
+    const auto maxSize = static_cast<std::size_t>(maxSeconds * sampleRate);
     std::vector<double> response;
     double peak = 0.0;
     double last = 0.0;
@@ -43,7 +44,7 @@ std::vector<double> impulseResponse(const ChannelValues& values, double sampleRa
         processor.process(part);
         last = peakOf(part);
         peak = std::max(peak, last);
-    } while (last > silence * peak && response.size() < most);
+    } while (last > silence * peak && response.size() < maxSize);
     return response;
 }
 
@@ -73,7 +74,7 @@ std::vector<double> measuredResponse(const ChannelValues& values, double sampleR
     for (const double frequency : frequencies) {
         const Complex delay = std::polar(1.0, -2.0 * std::numbers::pi * frequency / sampleRate);
         const double magnitude = std::abs(spectrumAt(response, delay));
-        levels.push_back(20.0 * std::log10(std::max(magnitude, lowestLevel)));
+        levels.push_back(decibelsOf(std::max(magnitude, lowestLevel)));
     }
     return levels;
 }

@@ -31,7 +31,7 @@ void OuterBand::set(const Band& band, double sampleRate, bool atOnce)
         m_sampleRate = sampleRate;
         m_filter.SetSampleRate(sampleRate);
         m_presence.setLength(rampSamples(sampleRate));
-        return forget();
+        return reset();
     }
     if (isAbsent())
         startFromSilence();
@@ -40,7 +40,7 @@ void OuterBand::set(const Band& band, double sampleRate, bool atOnce)
     m_presence.moveTo(isWanted());
 }
 
-void OuterBand::forget()
+void OuterBand::reset()
 {
     startFromSilence();
     m_presence.jumpTo(isWanted());
@@ -62,13 +62,13 @@ bool OuterBand::isSettled() const
     return isAbsent() || (!m_waiting && m_listening == 0 && m_filter.isSettled());
 }
 
-void OuterBand::lend(VEQ_Filter::Runner* runner) const
+void OuterBand::saveState(VEQ_Filter::Runner* runner) const
 {
     if (!isAbsent())
         *runner = m_filter.runner();
 }
 
-void OuterBand::takeBack(const VEQ_Filter::Runner& runner)
+void OuterBand::restoreState(const VEQ_Filter::Runner& runner)
 {
     if (!isAbsent())
         m_filter.setDelay(runner);

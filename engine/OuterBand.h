@@ -26,7 +26,7 @@ public:
     /// Takes a setting over: with \a atOnce from silence, otherwise faded in.
     void set(const Band& band, double sampleRate, bool atOnce);
     /// Forgets the samples heard so far; changes that are under way are over at once.
-    void forget();
+    void reset();
 
     /// Runs \a block in place, with the changes under way.
     void process(std::span<double> block);
@@ -35,8 +35,8 @@ public:
     bool isSettled() const;
     bool isAbsent() const { return m_presence.isOut(); }
     /// Of a settled band, for a loop over several bands; an absent band leaves \a runner as it is.
-    void lend(VEQ_Filter::Runner* runner) const;
-    void takeBack(const VEQ_Filter::Runner& runner);
+    void saveState(VEQ_Filter::Runner* runner) const;
+    void restoreState(const VEQ_Filter::Runner& runner);
 
 private:
     bool isWanted() const;

@@ -31,7 +31,7 @@ void PeakingBand::set(const Band& band, double sampleRate, bool atOnce)
     if (atOnce) {
         m_sampleRate = sampleRate;
         m_fade.setLength(rampSamples(sampleRate));
-        return forget();
+        return reset();
     }
     if (isAbsent() && isSettled())
         designFromSilence();
@@ -40,7 +40,7 @@ void PeakingBand::set(const Band& band, double sampleRate, bool atOnce)
     m_gain.moveTo(amplitudeRatio(gainOf(band)), rampSamples(m_sampleRate));
 }
 
-void PeakingBand::forget()
+void PeakingBand::reset()
 {
     m_fade.jumpTo(true);
     m_gain.jumpTo(amplitudeRatio(gainOf(m_band)));
@@ -59,13 +59,13 @@ void PeakingBand::process(std::span<double> block)
         filter().boost(block, m_gainFactor);
 }
 
-void PeakingBand::lend(FILTER2PEQ::Runner* runner) const
+void PeakingBand::saveState(FILTER2PEQ::Runner* runner) const
 {
     if (!isAbsent())
         *runner = m_filters[m_used].runner(m_gainFactor);
 }
 
-void PeakingBand::takeBack(const FILTER2PEQ::Runner& runner)
+void PeakingBand::restoreState(const FILTER2PEQ::Runner& runner)
 {
     if (!isAbsent())
         filter().setDelay(runner);

@@ -16,10 +16,10 @@
 class PeakingBand
 {
 public:
-    /// Takes a setting over: with \a atOnce from silence, otherwise gradually.
+    /// Applies a setting: with \a atOnce from silence, otherwise gradually.
     void set(const Band& band, double sampleRate, bool atOnce);
-    /// Forgets the samples heard so far; changes that are under way are over at once.
-    void forget();
+    /// Clears what is left of the samples so far; changes that are under way are over at once.
+    void reset();
 
     /// Runs \a block in place, with the changes under way.
     void process(std::span<double> block);
@@ -29,8 +29,8 @@ public:
     bool isAbsent() const { return m_gain.value() == 1.0 && !m_gain.isMoving(); }
     bool isCut() const { return m_gain.value() < 1.0; }
     /// Of a settled band, for a loop over several bands; an absent band leaves \a runner as it is.
-    void lend(FILTER2PEQ::Runner* runner) const;
-    void takeBack(const FILTER2PEQ::Runner& runner);
+    void saveState(FILTER2PEQ::Runner* runner) const;
+    void restoreState(const FILTER2PEQ::Runner& runner);
 
 private:
     FILTER2PEQ& filter() { return m_filters[m_used]; }

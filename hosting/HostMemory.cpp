@@ -165,12 +165,6 @@ void HostMemory::setStrip(int ch, StripParameter parameter, int value)
     setValue(stripId(parameter), static_cast<unsigned short>(ch), value, 0, 0, 1);
 }
 
-int HostMemory::observerCount(unsigned short parameter, unsigned short ch)
-{
-    const auto place = find(parameter, ch);
-    return place ? place->observers->count() : 0;
-}
-
 std::optional<HostMemory::Place> HostMemory::find(unsigned short parameter, unsigned short ch)
 {
     if (ch >= channelCount)

@@ -66,7 +66,6 @@ public:
     /// A value of a channel's strip; \a ch must exist.
     int strip(int ch, StripParameter parameter) const;
     void setStrip(int ch, StripParameter parameter, int value);
-    int observerCount(unsigned short parameter, unsigned short ch);
 
 private:
     struct Place;

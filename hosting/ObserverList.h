@@ -38,12 +38,6 @@ public:
                            [](const Observer* observer) { return !observer; });
     }
 
-    int count() const
-    {
-        return static_cast<int>(m_observers.size() -
-                                std::count(m_observers.begin(), m_observers.end(), nullptr));
-    }
-
     /// Calls \a call with each of them.
     template <typename Call> void notify(Call call)
     {

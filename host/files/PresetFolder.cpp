@@ -43,7 +43,7 @@ QStringList PresetFolder::names() const
     const QStringList filter{QLatin1Char('*') + suffix};
     for (const QFileInfo& file : QDir(m_folder).entryInfoList(filter, QDir::Files))
         names << file.completeBaseName();
-    QCollator collator(QLocale(QLocale::English)); // the C locale knows no numbers
+    QCollator collator{QLocale(QLocale::English)}; // the C locale knows no numbers
     collator.setNumericMode(true);
     collator.setCaseSensitivity(Qt::CaseInsensitive);
     std::sort(names.begin(), names.end(), collator);

@@ -185,7 +185,7 @@ void tst_ChannelProcessor::forgets()
     Block silence(10, 0.0);
     processor.equalize(silence);
     QVERIFY(silence.front() != 0.0);
-    processor.forget();
+    processor.reset();
     silence.assign(10, 0.0);
     processor.equalize(silence);
     QCOMPARE(silence, Block(10, 0.0));
@@ -203,7 +203,7 @@ void tst_ChannelProcessor::firstSettingsAreInForceAtOnce()
     Block changing = noise(100);
     processor.process(changing);
     processor.setValues(values);
-    processor.forget();
+    processor.reset();
     Block again = noise(1000);
     processor.process(again);
     QCOMPARE(again, first);

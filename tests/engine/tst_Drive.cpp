@@ -40,7 +40,7 @@ Block tst_Drive::driven(Block block, int rate)
     Drive drive;
     drive.setSampleRate(rate);
     drive.set(true);
-    drive.forget();
+    drive.reset();
     drive.process(block);
     return block;
 }
@@ -247,7 +247,7 @@ void tst_Drive::blocksDoNotMatter()
     Drive drive;
     drive.setSampleRate(48000.0);
     drive.set(true);
-    drive.forget();
+    drive.reset();
     Block parts = in;
     std::size_t done = 0;
     for (std::size_t count = 1; done < parts.size(); count = count % 150 + 7) {

@@ -4,6 +4,7 @@
 #include "gallery/GallerySection.h"
 #include "gallery/GallerySheet.h"
 #include "host/window/HostTheme.h"
+#include "tests/support/CountingMemory.h"
 #include "tests/support/ImageDifference.h"
 #include "tests/support/TestObject.h"
 
@@ -272,20 +273,12 @@ void tst_GallerySheet::boundControlsFollowTheHost()
 
 void tst_GallerySheet::unbindsWithTheSheet()
 {
-    HostMemory memory;
-    const auto observers = [&memory] {
-        int count = 0;
-        for (std::size_t i = 0; i < parameterCount; ++i) {
-            for (int ch = 0; ch < channelCount; ++ch)
-                count += memory.observerCount(parameterId(i), static_cast<unsigned short>(ch));
-        }
-        return count;
-    };
+    CountingMemory memory;
     {
         const GallerySheet sheet(memory);
-        QVERIFY(observers() > 20);
+        QVERIFY(memory.observers() > 20);
     }
-    QCOMPARE(observers(), 0);
+    QCOMPARE(memory.observers(), 0);
 }
 
 ZOLTA_TEST_MAIN(tst_GallerySheet)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "hosting/StateFile.h"
+#include "parameters/ParameterTable.h"
 #include "tests/hosting/StateBytes.h"
 #include "tests/support/TestObject.h"
 
@@ -231,19 +232,13 @@ void tst_StateFile::hostilePresetsAreRefused()
 
 void tst_StateFile::everyEntryIsChecked()
 {
-    // The names in the order of the stream: five groups of four downwards, then upwards.
-    QList<int> numbers;
-    for (int group = 0; group < 5; ++group)
-        numbers << 4 * group + 4 << 4 * group + 3 << 4 * group + 2 << 4 * group + 1;
-    for (int number = 21; number <= 27; ++number)
-        numbers << number;
     for (int entry = 0; entry < 27; ++entry) {
         const QByteArray bytes = stateWith(entry, bigEndianFloat(2.0F));
-        const QString error = decode(bytes).error();
-        QVERIFY2(
-            error.startsWith(QStringLiteral("The state file a file holds 2 for fx_rackfx_prm_%1 (")
-                                 .arg(numbers[entry])),
-            qPrintable(error));
+        const Parameter& parameter = parameterTable[stateOrder[static_cast<std::size_t>(entry)]];
+        QCOMPARE(decode(bytes).error(),
+                 QStringLiteral("The state file a file holds 2 for %1 (%2), where values lie "
+                                "between 0 and 1.")
+                     .arg(QLatin1String(parameter.name), QLatin1String(parameter.title)));
     }
 }
 

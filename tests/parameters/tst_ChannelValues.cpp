@@ -9,19 +9,11 @@ class tst_ChannelValues : public TestObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void defaultsAreTheTables();
     void readsTheBands();
     void readsTheLevels();
     void tellsBandsApart();
     void bypassLeavesNothingOn();
 };
-
-void tst_ChannelValues::defaultsAreTheTables()
-{
-    const ChannelValues values = defaultValues();
-    for (std::size_t i = 0; i < parameterCount; ++i)
-        QCOMPARE(values[i], parameterTable[i].defaultValue);
-}
 
 // Raw frequencies are 400 steps a decade from 20 Hz, qualities 100 an octave from 0.5, gains
 // tenths.
