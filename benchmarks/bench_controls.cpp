@@ -3,6 +3,7 @@
 // their SVG files at every paint ("direct"); what a notification of the host costs; what a control
 // takes of memory. The number behind the slash is the scale. Windows are Qt's offscreen platform's,
 // whose raster engine is also what a desktop window is painted with.
+#include "benchmarks/DirectControls.h"
 #include "controls/FaderController.h"
 #include "controls/KnobController.h"
 #include "controls/PushButtonController.h"
@@ -12,12 +13,7 @@
 #include "widgets/SvgLabel.h"
 
 #include <QApplication>
-#include <QGraphicsBlurEffect>
-#include <QGraphicsPixmapItem>
-#include <QGraphicsScene>
 #include <QPaintEvent>
-#include <QPainter>
-#include <QSvgRenderer>
 
 #include <benchmark/benchmark.h>
 
@@ -27,179 +23,22 @@
 #include <vector>
 
 using namespace CommonController_MemAPI;
+using namespace DirectControls;
 
 namespace {
 
-constexpr QSize knobSize(60, 60);
-constexpr QSize lampSize(28, 28);
-constexpr QSize faderSize(44, 160);
-constexpr QSize editorSize(977, 559);
 constexpr QRect fieldRect(5, 450, 56, 14);
 constexpr QRect meterGroundRect(813, 20, 20, 326);
 constexpr QRect meterRect(4, 4, 12, 318);
 /// The values that a control passes through; every move is a step of some of them.
 constexpr int highestValue = 1200;
 constexpr int valueStep = 7;
-constexpr double blurRadius = 2.0;
-
-QString artwork(const char* file) { return QLatin1String(":/image/zolta/") + QLatin1String(file); }
-QString image(const char* file) { return QLatin1String(":/gallery/images/") + QLatin1String(file); }
-
-/// What the pictures are, for the control and for its direct twin.
-const QString knobFile = artwork("knob_F.svg");
-const QString knobBackFile = artwork("knob_F_back.svg");
-const QString lampOffFile = artwork("btn_off_up.svg");
-const QString lampOnFile = artwork("btn_orange_up.svg");
-const QString capFile = image("fader_cap.svg");
-const QString capShadowFile = image("fader_shadow.svg");
-const QString trackFile = image("fader_track.svg");
-const QString editorBackFile = artwork("back_zolta.svg");
-const QString meterBackFile = artwork("back_meter.svg");
 
 QRect zoomed(const QRect& rect, double scale)
 {
     return QRectF(rect.x() * scale, rect.y() * scale, rect.width() * scale, rect.height() * scale)
         .toRect();
 }
-
-/// A widget that renders its layers anew each time.
-class DirectWidget : public QWidget
-{
-public:
-    DirectWidget(QSize size, double scale)
-        : m_scale(scale)
-    {
-        resize((QSizeF(size) * scale).toSize());
-    }
-
-    void setPosition(double position)
-    {
-        m_position = position;
-        update();
-    }
-
-protected:
-    double position() const { return m_position; }
-    double scale() const { return m_scale; }
-    QSizeF sizeOf(const QSvgRenderer& renderer) const
-    {
-        return QSizeF(renderer.defaultSize()) * m_scale;
-    }
-    QRectF centred(const QSvgRenderer& renderer, QPointF middle) const
-    {
-        const QSizeF size = sizeOf(renderer);
-        return {middle - QPointF(size.width() * 0.5, size.height() * 0.5), size};
-    }
-    QPointF middle() const { return {width() * 0.5, height() * 0.5}; }
-    /// Draws what lies in \a rect as a picture of the widget's size, blurred.
-    void drawBlurred(QPainter& painter, QSvgRenderer& renderer, const QRectF& place)
-    {
-        QPixmap pixmap(size());
-        pixmap.fill(Qt::transparent);
-        QPainter inner(&pixmap);
-        renderer.render(&inner, place);
-        inner.end();
-        QGraphicsScene scene;
-        auto* effect = new QGraphicsBlurEffect;
-        effect->setBlurRadius(blurRadius * m_scale);
-        scene.addPixmap(pixmap)->setGraphicsEffect(effect);
-        scene.render(&painter, rect(), rect());
-    }
-
-private:
-    double m_scale;
-    double m_position = 0.0;
-};
-
-class DirectKnob : public DirectWidget
-{
-public:
-    explicit DirectKnob(double scale)
-        : DirectWidget(knobSize, scale)
-    {}
-
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        m_back.render(&painter, centred(m_back, middle()));
-        painter.translate(middle());
-        painter.rotate(210.0 + 300.0 * position());
-        m_knob.render(&painter, centred(m_knob, QPointF()));
-    }
-
-private:
-    QSvgRenderer m_back{knobBackFile};
-    QSvgRenderer m_knob{knobFile};
-};
-
-class DirectLamp : public DirectWidget
-{
-public:
-    explicit DirectLamp(double scale)
-        : DirectWidget(lampSize, scale)
-    {}
-
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        QSvgRenderer& lamp = position() > 0.5 ? m_on : m_off;
-        lamp.render(&painter, centred(lamp, middle()));
-    }
-
-private:
-    QSvgRenderer m_off{lampOffFile};
-    QSvgRenderer m_on{lampOnFile};
-};
-
-class DirectFader : public DirectWidget
-{
-public:
-    explicit DirectFader(double scale)
-        : DirectWidget(faderSize, scale)
-    {}
-
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        m_track.render(&painter, centred(m_track, middle()));
-        const double travel = height() - sizeOf(m_cap).height();
-        const QPointF cap(middle().x(), (1.0 - position()) * travel + sizeOf(m_cap).height() * 0.5);
-        drawBlurred(painter, m_shadow, centred(m_shadow, cap));
-        m_cap.render(&painter, centred(m_cap, cap));
-    }
-
-private:
-    QSvgRenderer m_cap{capFile};
-    QSvgRenderer m_shadow{capShadowFile};
-    QSvgRenderer m_track{trackFile};
-};
-
-/// A picture under controls.
-class DirectGround : public DirectWidget
-{
-public:
-    DirectGround(const QString& file, QSize size, double scale)
-        : DirectWidget(size, scale)
-        , m_picture(file)
-    {}
-
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        m_picture.render(&painter, QRectF(rect()));
-    }
-
-private:
-    QSvgRenderer m_picture;
-};
 
 void show(QWidget& window)
 {

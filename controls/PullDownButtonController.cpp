@@ -122,11 +122,6 @@ void PullDownButtonController::setVisibleList(const QList<bool>& visible)
     update();
 }
 
-bool PullDownButtonController::isItemVisible(qsizetype index) const
-{
-    return m_visibleList.value(index, true);
-}
-
 QString PullDownButtonController::currentText() const
 {
     if (m_textList.isEmpty())
@@ -200,6 +195,11 @@ void PullDownButtonController::buttonPress()
 }
 
 qint64 PullDownButtonController::currentIndex() const { return qint64{value()} - minimumValue(); }
+
+bool PullDownButtonController::isItemVisible(qsizetype index) const
+{
+    return m_visibleList.value(index, true);
+}
 
 bool PullDownButtonController::hasVisibleItem() const
 {

@@ -58,9 +58,7 @@ public:
     void setIndexOrigin(int origin) { m_indexOrigin = origin; }
 
     /// Which items the menu offers; items beyond the list's end are visible.
-    QList<bool> visibleList() const { return m_visibleList; }
     void setVisibleList(const QList<bool>& visible);
-    bool isItemVisible(qsizetype index) const;
 
     /// What the button shows: the current item's text, or what stands for it; empty where the value
     /// has no text.
@@ -96,6 +94,7 @@ private:
     void buttonPress() override;
 
     qint64 currentIndex() const;
+    bool isItemVisible(qsizetype index) const;
     bool hasVisibleItem() const;
     QString itemText(qsizetype index) const;
     void fill(PullDownButtonControllerPrivate::Menu& menu);

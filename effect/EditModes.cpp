@@ -16,37 +16,38 @@ template <typename Function> void forEachWidgetOfTree(QWidget* widget, Function 
     forEachChildWidget(widget, [=](QWidget* child) { forEachWidgetOfTree(child, function); });
 }
 
-} // namespace
-
-int knobEditMode(int hostMode)
+/// The host numbers the modes differently from the controls, on purpose.
+KnobController::OperationType knobMode(int hostMode)
 {
     switch (hostMode) {
     case 1:
-        return 2;
+        return KnobController::RelativeCircular;
     case 2:
-        return 1;
+        return KnobController::Linear;
     default:
-        return 0;
+        return KnobController::Circular;
     }
 }
 
-int faderEditMode(int hostMode)
+FaderController::OperationType faderMode(int hostMode)
 {
     switch (hostMode) {
     case 0:
-        return 3;
+        return FaderController::Relative;
     case 1:
-        return 1;
+        return FaderController::Jump;
     case 3:
-        return 2;
+        return FaderController::Ramp;
     default:
-        return 0;
+        return FaderController::Touch;
     }
 }
 
+} // namespace
+
 void setDialEditMode(QWidget* widget, int hostMode)
 {
-    const auto type = static_cast<KnobController::OperationType>(knobEditMode(hostMode));
+    const KnobController::OperationType type = knobMode(hostMode);
     forEachWidgetOfTree(widget, [type](QWidget* member) {
         if (auto* knob = qobject_cast<KnobController*>(member))
             knob->setOperationType(type);
@@ -55,7 +56,7 @@ void setDialEditMode(QWidget* widget, int hostMode)
 
 void setSliderEditMode(QWidget* widget, int hostMode)
 {
-    const auto type = static_cast<FaderController::OperationType>(faderEditMode(hostMode));
+    const FaderController::OperationType type = faderMode(hostMode);
     forEachWidgetOfTree(widget, [type](QWidget* member) {
         if (auto* fader = qobject_cast<FaderController*>(member))
             fader->setOperationType(type);

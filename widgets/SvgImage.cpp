@@ -231,8 +231,6 @@ QSize SvgImage::defaultSize() const
     return m_document ? m_document->renderer().defaultSize() : QSize(0, 0);
 }
 
-bool SvgImage::isAnimated() const { return m_document && m_document->renderer().animated(); }
-
 void SvgImage::draw(QPainter& painter, const QRectF& rect)
 {
     if (m_document && painter.isActive())

@@ -39,7 +39,6 @@ public:
     bool isValid() const { return m_document != nullptr; }
     /// The picture's own size; (0, 0) if not valid.
     QSize defaultSize() const;
-    bool isAnimated() const;
 
     /// Stretches the picture over \a rect. The pixels are those of QSvgRenderer::render(), exactly
     /// where no more than one plain shape is translucent, by its edge or its paint. Elsewhere they

@@ -91,8 +91,8 @@ public:
         m_paints.take();
     }
 
-    /// Has due paints done and looks at the picture.
-    void look()
+    /// Has due paints done and compares the picture with the one before.
+    void compare()
     {
         const QRegion painted = m_paints.take();
         const QImage now = shown(m_widget);

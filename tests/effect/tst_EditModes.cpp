@@ -18,16 +18,12 @@ class tst_EditModes : public TestObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void translatesHostModes_data();
-    void translatesHostModes();
-    void dialModeReachesEveryKnob_data();
-    void dialModeReachesEveryKnob();
-    void sliderModeReachesEveryFader_data();
-    void sliderModeReachesEveryFader();
+    void modesReachEveryControl_data();
+    void modesReachEveryControl();
     void modesGoThroughTheEditor();
 };
 
-void tst_EditModes::translatesHostModes_data()
+void tst_EditModes::modesReachEveryControl_data()
 {
     QTest::addColumn<int>("hostMode");
     QTest::addColumn<int>("knob");
@@ -42,72 +38,34 @@ void tst_EditModes::translatesHostModes_data()
     QTest::newRow("largest") << std::numeric_limits<int>::max() << 0 << 0;
 }
 
-void tst_EditModes::translatesHostModes()
+// The controls of the tree only, and each by its own mode.
+void tst_EditModes::modesReachEveryControl()
 {
     QFETCH(int, hostMode);
-    QTEST(knobEditMode(hostMode), "knob");
-    QTEST(faderEditMode(hostMode), "fader");
-}
-
-void tst_EditModes::dialModeReachesEveryKnob_data()
-{
-    QTest::addColumn<int>("hostMode");
-    QTest::addColumn<KnobController::OperationType>("type");
-    QTest::newRow("0") << 0 << KnobController::Circular;
-    QTest::newRow("1") << 1 << KnobController::RelativeCircular;
-    QTest::newRow("2") << 2 << KnobController::Linear;
-    QTest::newRow("3") << 3 << KnobController::Circular;
-    QTest::newRow("negative") << -1 << KnobController::Circular;
-}
-
-void tst_EditModes::dialModeReachesEveryKnob()
-{
-    QFETCH(int, hostMode);
-    QFETCH(KnobController::OperationType, type);
-    KnobController outer;
-    KnobController inner(new QWidget(&outer));
-    KnobController beside;
-    for (KnobController* knob : {&outer, &inner, &beside})
-        knob->setOperationType(type == KnobController::Linear ? KnobController::Circular
-                                                              : KnobController::Linear);
-    const auto before = beside.operationType();
-    setDialEditMode(&outer, hostMode);
-    QCOMPARE(outer.operationType(), type);
-    QCOMPARE(inner.operationType(), type);
-    QCOMPARE(beside.operationType(), before);
-    setSliderEditMode(&outer, 1);
-    QCOMPARE(outer.operationType(), type);
-}
-
-void tst_EditModes::sliderModeReachesEveryFader_data()
-{
-    QTest::addColumn<int>("hostMode");
-    QTest::addColumn<FaderController::OperationType>("type");
-    QTest::newRow("0") << 0 << FaderController::Relative;
-    QTest::newRow("1") << 1 << FaderController::Jump;
-    QTest::newRow("2") << 2 << FaderController::Touch;
-    QTest::newRow("3") << 3 << FaderController::Ramp;
-    QTest::newRow("4") << 4 << FaderController::Touch;
-    QTest::newRow("negative") << -1 << FaderController::Touch;
-}
-
-void tst_EditModes::sliderModeReachesEveryFader()
-{
-    QFETCH(int, hostMode);
-    QFETCH(FaderController::OperationType, type);
-    const auto other =
-        type == FaderController::Touch ? FaderController::Ramp : FaderController::Touch;
-    FaderController outer;
-    FaderController inner(new QWidget(&outer));
-    FaderController beside;
-    for (FaderController* fader : {&outer, &inner, &beside})
-        fader->setOperationType(other);
-    setSliderEditMode(&outer, hostMode);
-    QCOMPARE(outer.operationType(), type);
-    QCOMPARE(inner.operationType(), type);
-    QCOMPARE(beside.operationType(), other);
-    setDialEditMode(&outer, 1);
-    QCOMPARE(outer.operationType(), type);
+    QFETCH(int, knob);
+    QFETCH(int, fader);
+    const auto otherKnob = KnobController::OperationType((knob + 1) % 3);
+    const auto otherFader = FaderController::OperationType((fader + 1) % 4);
+    KnobController outerKnob;
+    KnobController innerKnob(new QWidget(&outerKnob));
+    KnobController knobBeside;
+    FaderController outerFader(&outerKnob);
+    FaderController innerFader(new QWidget(&outerFader));
+    FaderController faderBeside;
+    for (KnobController* each : {&outerKnob, &innerKnob, &knobBeside})
+        each->setOperationType(otherKnob);
+    for (FaderController* each : {&outerFader, &innerFader, &faderBeside})
+        each->setOperationType(otherFader);
+    setDialEditMode(&outerKnob, hostMode);
+    QCOMPARE(int(outerKnob.operationType()), knob);
+    QCOMPARE(int(innerKnob.operationType()), knob);
+    QCOMPARE(knobBeside.operationType(), otherKnob);
+    QCOMPARE(innerFader.operationType(), otherFader);
+    setSliderEditMode(&outerKnob, hostMode);
+    QCOMPARE(int(outerFader.operationType()), fader);
+    QCOMPARE(int(innerFader.operationType()), fader);
+    QCOMPARE(faderBeside.operationType(), otherFader);
+    QCOMPARE(int(outerKnob.operationType()), knob);
 }
 
 void tst_EditModes::modesGoThroughTheEditor()
