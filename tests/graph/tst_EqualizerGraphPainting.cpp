@@ -528,6 +528,149 @@ void tst_EqualizerGraphPainting::lineWidths()
     }
 }
 
+void tst_EqualizerGraphPainting::handles()
+{
+    for (int band = 0; band < 6; ++band)
+        for (const double scale : {0.5, 1.0, 2.0, 4.0}) {
+            GraphFixture f(scaled(scale));
+            f.bind();
+            // A handle off the curve, between grid lines.
+            arrange(f, only(band, {1, 3, 500, 625, 45}));
+            f.graph->setEditTarget(targetOf(band));
+            const QImage picture = f.picture();
+            const double ratio = picture.devicePixelRatio();
+            const QPointF centre = QPointF(f.plot().x(hertz(625)), f.plot().y(4.5)) * ratio;
+            const double radius = 3.0 * f.plot().u * ratio;
+            const QRect box =
+                QRectF(centre - QPointF(radius, radius), QSizeF(2, 2) * radius).toRect();
+            for (int y = box.top(); y <= box.bottom(); ++y)
+                for (int x = box.left(); x <= box.right(); ++x)
+                    if (QLineF(centre, {x + 0.5, y + 0.5}).length() < radius - 1.0)
+                        QCOMPARE(picture.pixelColor(x, y), fullColor(band));
+            // Above it the column is clear of it; a bell's flanks run below.
+            QVERIFY(colorAt(picture, (centre - QPointF(0, radius + 1.0)) / ratio) !=
+                    fullColor(band).rgb());
+        }
+}
+
+void tst_EqualizerGraphPainting::allBandsOff()
+{
+    for (const double scale : {1.0, 2.0}) {
+        GraphFixture f(scaled(scale));
+        f.bind();
+        arrange(f, Everything);
+        f.solo(-1);
+        const QImage picture = f.picture();
+        // The total is white, and everything else grey: the grid and the labels have little colour.
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x) {
+                const QColor pixel = picture.pixelColor(x, y);
+                const auto [least, most] = std::minmax({pixel.red(), pixel.green(), pixel.blue()});
+                QVERIFY(most - least <= 0x84 - 0x67);
+            }
+        const DrawnCurve flat(f.plot(), picture.devicePixelRatio(), [](double) { return 0.0; });
+        CurveCheck check(f, flat);
+        QVERIFY(check.worst(whiteCover) < 0.5);
+        QVERIFY(check.columns() > 400);
+    }
+}
+
+void tst_EqualizerGraphPainting::gridLines_data()
+{
+    QTest::addColumn<double>("scale");
+    for (const double scale : {1.0, 1.5, 2.0, 4.0})
+        QTest::addRow("%g", scale) << scale;
+}
+
+void tst_EqualizerGraphPainting::gridLines()
+{
+    QFETCH(double, scale);
+    GraphFixture f(scaled(scale));
+    f.bind();
+    f.solo(-1);
+    const QImage picture = f.picture();
+    const double ratio = picture.devicePixelRatio();
+    const Plot plot = f.plot();
+    const double width = plot.u * ratio;
+    std::vector<double> rows;
+    for (int row = 0; row <= 8; ++row)
+        rows.push_back((plot.top + plot.height * row / 8) * ratio);
+    std::vector<double> columns = {plot.left * ratio, plot.right * ratio, plot.x(10000) * ratio};
+    for (const double decade : {10.0, 100.0, 1000.0})
+        for (int digit = 1; digit < 10; ++digit)
+            if (digit * decade > 20)
+                columns.push_back(plot.x(digit * decade) * ratio);
+    QCOMPARE(columns.size(), std::size_t(28));
+
+    // Between two columns, and between two rows. The row of 0 dB is below the total.
+    for (const double y : rows) {
+        const auto [middle, ink_] = ink(picture, false, plot.x(25) * ratio, y, width + 1);
+        QVERIFY(std::abs(middle - y) < 0.1);
+        QVERIFY(y == rows[4] || std::abs(ink_ - width) < 0.1);
+    }
+    const double between = (plot.top + plot.height / 16) * ratio;
+    for (const double x : columns) {
+        const auto [middle, ink_] = ink(picture, true, between, x, width + 1);
+        QVERIFY(std::abs(middle - x) < 0.1);
+        QVERIFY(std::abs(ink_ - width) < 0.1);
+    }
+    // Nothing is brighter away from the lines.
+    const auto isFar = [&](double at, const std::vector<double>& lines) {
+        return std::none_of(lines.begin(), lines.end(),
+                            [&](double line) { return std::abs(at + 0.5 - line) < width + 1; });
+    };
+    for (int x = static_cast<int>(plot.left * ratio); x < picture.width(); ++x)
+        QVERIFY(!isFar(x, columns) || qRed(picture.pixel(x, static_cast<int>(between))) == 0);
+    for (int y = 0; y < plot.bottom * ratio; ++y)
+        QVERIFY(!isFar(y, rows) ||
+                qRed(picture.pixel(static_cast<int>(plot.x(27) * ratio), y)) == 0);
+}
+
+void tst_EqualizerGraphPainting::oddSizes()
+{
+    for (const QSize size : {QSize(0, 0),
+                             {1, 1},
+                             {50, 10},
+                             {1, 1000},
+                             {1000, 1},
+                             {58, 192},
+                             {59, 192},
+                             {0, 50},
+                             {50, 0},
+                             {3, 3},
+                             {6, 20},
+                             {2000, 2}}) {
+        GraphFixture f(size);
+        f.bind();
+        arrange(f, Everything);
+        f.graph->setEditTarget(Graph::EditTargetMiddle1);
+        f.editor.show();
+        f.graph->repaint();
+        QVERIFY(size.isEmpty() || !f.picture().isNull());
+        f.graph->getPointTarget(QPoint(0, 0));
+    }
+}
+
+void tst_EqualizerGraphPainting::oddSampleRates()
+{
+    GraphFixture f;
+    f.bind();
+    arrange(f, Everything);
+    const QImage before = f.picture();
+    for (const int rate : {0, 1, -1, -44100, 19, 20, 21, 1000, 40000,
+                           std::numeric_limits<int>::max(), std::numeric_limits<int>::min()}) {
+        f.graph->setFs(rate);
+        for (const int type : {0, 1, 2, 3}) {
+            f.set(typeName(0), type);
+            f.set(typeName(5), type);
+            f.picture();
+        }
+        f.graph->setFs(44100);
+        arrange(f, Everything);
+        QCOMPARE(f.picture(), before);
+    }
+}
+
 void tst_EqualizerGraphPainting::editedHandleIsOnTop()
 {
     GraphFixture f(scaled(2));
@@ -688,149 +831,6 @@ void tst_EqualizerGraphPainting::everyChangeLeavesAFreshPicture()
         fresh.graph->setZoom(fixture.graph->zoom());
         fresh.graph->setEditTarget(static_cast<ZoltaEqualizerGraph::EditTarget>(target));
         QCOMPARE(fixture.picture(), fresh.picture());
-    }
-}
-
-void tst_EqualizerGraphPainting::handles()
-{
-    for (int band = 0; band < 6; ++band)
-        for (const double scale : {0.5, 1.0, 2.0, 4.0}) {
-            GraphFixture f(scaled(scale));
-            f.bind();
-            // A handle off the curve, between grid lines.
-            arrange(f, only(band, {1, 3, 500, 625, 45}));
-            f.graph->setEditTarget(targetOf(band));
-            const QImage picture = f.picture();
-            const double ratio = picture.devicePixelRatio();
-            const QPointF centre = QPointF(f.plot().x(hertz(625)), f.plot().y(4.5)) * ratio;
-            const double radius = 3.0 * f.plot().u * ratio;
-            const QRect box =
-                QRectF(centre - QPointF(radius, radius), QSizeF(2, 2) * radius).toRect();
-            for (int y = box.top(); y <= box.bottom(); ++y)
-                for (int x = box.left(); x <= box.right(); ++x)
-                    if (QLineF(centre, {x + 0.5, y + 0.5}).length() < radius - 1.0)
-                        QCOMPARE(picture.pixelColor(x, y), fullColor(band));
-            // Above it the column is clear of it; a bell's flanks run below.
-            QVERIFY(colorAt(picture, (centre - QPointF(0, radius + 1.0)) / ratio) !=
-                    fullColor(band).rgb());
-        }
-}
-
-void tst_EqualizerGraphPainting::allBandsOff()
-{
-    for (const double scale : {1.0, 2.0}) {
-        GraphFixture f(scaled(scale));
-        f.bind();
-        arrange(f, Everything);
-        f.solo(-1);
-        const QImage picture = f.picture();
-        // The total is white, and everything else grey: the grid and the labels have little colour.
-        for (int y = 0; y < picture.height(); ++y)
-            for (int x = 0; x < picture.width(); ++x) {
-                const QColor pixel = picture.pixelColor(x, y);
-                const auto [least, most] = std::minmax({pixel.red(), pixel.green(), pixel.blue()});
-                QVERIFY(most - least <= 0x84 - 0x67);
-            }
-        const DrawnCurve flat(f.plot(), picture.devicePixelRatio(), [](double) { return 0.0; });
-        CurveCheck check(f, flat);
-        QVERIFY(check.worst(whiteCover) < 0.5);
-        QVERIFY(check.columns() > 400);
-    }
-}
-
-void tst_EqualizerGraphPainting::gridLines_data()
-{
-    QTest::addColumn<double>("scale");
-    for (const double scale : {1.0, 1.5, 2.0, 4.0})
-        QTest::addRow("%g", scale) << scale;
-}
-
-void tst_EqualizerGraphPainting::gridLines()
-{
-    QFETCH(double, scale);
-    GraphFixture f(scaled(scale));
-    f.bind();
-    f.solo(-1);
-    const QImage picture = f.picture();
-    const double ratio = picture.devicePixelRatio();
-    const Plot plot = f.plot();
-    const double width = plot.u * ratio;
-    std::vector<double> rows;
-    for (int row = 0; row <= 8; ++row)
-        rows.push_back((plot.top + plot.height * row / 8) * ratio);
-    std::vector<double> columns = {plot.left * ratio, plot.right * ratio, plot.x(10000) * ratio};
-    for (const double decade : {10.0, 100.0, 1000.0})
-        for (int digit = 1; digit < 10; ++digit)
-            if (digit * decade > 20)
-                columns.push_back(plot.x(digit * decade) * ratio);
-    QCOMPARE(columns.size(), std::size_t(28));
-
-    // Between two columns, and between two rows. The row of 0 dB is below the total.
-    for (const double y : rows) {
-        const auto [middle, ink_] = ink(picture, false, plot.x(25) * ratio, y, width + 1);
-        QVERIFY(std::abs(middle - y) < 0.1);
-        QVERIFY(y == rows[4] || std::abs(ink_ - width) < 0.1);
-    }
-    const double between = (plot.top + plot.height / 16) * ratio;
-    for (const double x : columns) {
-        const auto [middle, ink_] = ink(picture, true, between, x, width + 1);
-        QVERIFY(std::abs(middle - x) < 0.1);
-        QVERIFY(std::abs(ink_ - width) < 0.1);
-    }
-    // Nothing is brighter away from the lines.
-    const auto isFar = [&](double at, const std::vector<double>& lines) {
-        return std::none_of(lines.begin(), lines.end(),
-                            [&](double line) { return std::abs(at + 0.5 - line) < width + 1; });
-    };
-    for (int x = static_cast<int>(plot.left * ratio); x < picture.width(); ++x)
-        QVERIFY(!isFar(x, columns) || qRed(picture.pixel(x, static_cast<int>(between))) == 0);
-    for (int y = 0; y < plot.bottom * ratio; ++y)
-        QVERIFY(!isFar(y, rows) ||
-                qRed(picture.pixel(static_cast<int>(plot.x(27) * ratio), y)) == 0);
-}
-
-void tst_EqualizerGraphPainting::oddSizes()
-{
-    for (const QSize size : {QSize(0, 0),
-                             {1, 1},
-                             {50, 10},
-                             {1, 1000},
-                             {1000, 1},
-                             {58, 192},
-                             {59, 192},
-                             {0, 50},
-                             {50, 0},
-                             {3, 3},
-                             {6, 20},
-                             {2000, 2}}) {
-        GraphFixture f(size);
-        f.bind();
-        arrange(f, Everything);
-        f.graph->setEditTarget(Graph::EditTargetMiddle1);
-        f.editor.show();
-        f.graph->repaint();
-        QVERIFY(size.isEmpty() || !f.picture().isNull());
-        f.graph->getPointTarget(QPoint(0, 0));
-    }
-}
-
-void tst_EqualizerGraphPainting::oddSampleRates()
-{
-    GraphFixture f;
-    f.bind();
-    arrange(f, Everything);
-    const QImage before = f.picture();
-    for (const int rate : {0, 1, -1, -44100, 19, 20, 21, 1000, 40000,
-                           std::numeric_limits<int>::max(), std::numeric_limits<int>::min()}) {
-        f.graph->setFs(rate);
-        for (const int type : {0, 1, 2, 3}) {
-            f.set(typeName(0), type);
-            f.set(typeName(5), type);
-            f.picture();
-        }
-        f.graph->setFs(44100);
-        arrange(f, Everything);
-        QCOMPARE(f.picture(), before);
     }
 }
 

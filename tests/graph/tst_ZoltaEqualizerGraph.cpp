@@ -208,101 +208,6 @@ void tst_ZoltaEqualizerGraph::destructionLeavesNoObserver()
     f.set(gainName(1), 10, 2);
 }
 
-void tst_ZoltaEqualizerGraph::failingHostCalls()
-{
-    int n = 0;
-    for (int calls = 1; calls >= n;) {
-        GraphFixture f;
-        f.host.failAnyCall(++n);
-        runSession(f);
-        calls = f.host.callCount();
-        const auto& ledger = f.host.calls();
-        const bool planted = n <= calls;
-        const TestHost::Call* failed = planted ? &ledger[static_cast<std::size_t>(n - 1)] : nullptr;
-        QCOMPARE(failed != nullptr && failed->failed, planted);
-        // Only an unregistration that the host itself refuses may leave an observer behind.
-        const bool refused = failed && failed->operation == Operation::UnregisterObserver;
-        QCOMPARE(f.host.observerCount(), refused ? 1 : 0);
-        // The graph goes on: a channel that was not touched by the error binds as ever.
-        f.graph->setCh(7);
-        f.bind();
-        f.set(frequencyName(4), 333, 7);
-        QVERIFY(isNear(handle(f, 4), {f.plot().x(hertz(333)), handle(f, 4).y()}));
-        if (refused) {
-            f.graph->setMemAPI(nullptr);
-            QCOMPARE(f.host.observerCount(), 1);
-        }
-    }
-    QVERIFY(n > 200);
-}
-
-void tst_ZoltaEqualizerGraph::failedRangeKeepsTheField()
-{
-    GraphFixture f;
-    f.bind();
-    f.setBand(3, 400, 90);
-    const QImage before = f.picture();
-    f.host.failAll(Operation::GetRange);
-    f.setBand(3, 10, 10);
-    f.set(qualityName(3), 10);
-    QCOMPARE(f.picture(), before);
-    f.host.clearErrors();
-    f.setBand(3, 10, 10);
-    QVERIFY(isNear(handle(f, 3), {f.plot().x(hertz(10)), f.plot().y(1.0)}));
-}
-
-void tst_ZoltaEqualizerGraph::channelIsSixteenBits()
-{
-    GraphFixture f;
-    f.host.setChannels({0, 65535});
-    f.bind();
-    f.graph->setCh(65535);
-    QCOMPARE(registrations(f, 65535), 24);
-    f.set(frequencyName(1), 10, 65535);
-    QVERIFY(isNear(handle(f, 1), {f.plot().x(hertz(10)), f.plot().centre}));
-}
-
-void tst_ZoltaEqualizerGraph::sampleRateRedesigns()
-{
-    GraphFixture f;
-    f.bind();
-    for (int band = 0; band < 6; ++band)
-        f.setBand(band, 1100, 100);
-    for (int band = 0; band < 6; ++band) {
-        f.solo(band);
-        f.graph->setFs(44100);
-        const QImage before = f.picture();
-        f.graph->setFs(48000);
-        QVERIFY(f.picture() != before);
-        f.graph->setFs(44100);
-        QCOMPARE(f.picture(), before);
-    }
-    // A parameter that changes later is designed at the new rate.
-    GraphFixture late;
-    late.graph->setFs(96000);
-    late.bind();
-    late.setBand(3, 1150, 120);
-    GraphFixture early;
-    early.bind();
-    early.setBand(3, 1150, 120);
-    early.graph->setFs(96000);
-    QCOMPARE(late.picture(), early.picture());
-}
-
-void tst_ZoltaEqualizerGraph::editTargetHighlights()
-{
-    GraphFixture f;
-    f.bind();
-    f.setBand(2, 500, 80);
-    const QImage none = f.picture();
-    f.graph->setEditTarget(Graph::EditTargetMiddle2);
-    QVERIFY(f.picture() != none);
-    f.graph->setEditTarget(static_cast<Graph::EditTarget>(7));
-    QCOMPARE(f.picture(), none);
-    f.graph->setEditTarget(Graph::EditTargetNone);
-    QCOMPARE(f.picture(), none);
-}
-
 void tst_ZoltaEqualizerGraph::whatTheHostDoesNotTellStays_data()
 {
     QTest::addColumn<int>("operation");
@@ -357,6 +262,34 @@ void tst_ZoltaEqualizerGraph::unknownName()
         f.graph->setMemAPI(nullptr);
         QCOMPARE(f.host.count(Operation::UnregisterObserver), 23);
     }
+}
+
+void tst_ZoltaEqualizerGraph::failingHostCalls()
+{
+    int n = 0;
+    for (int calls = 1; calls >= n;) {
+        GraphFixture f;
+        f.host.failAnyCall(++n);
+        runSession(f);
+        calls = f.host.callCount();
+        const auto& ledger = f.host.calls();
+        const bool planted = n <= calls;
+        const TestHost::Call* failed = planted ? &ledger[static_cast<std::size_t>(n - 1)] : nullptr;
+        QCOMPARE(failed != nullptr && failed->failed, planted);
+        // Only an unregistration that the host itself refuses may leave an observer behind.
+        const bool refused = failed && failed->operation == Operation::UnregisterObserver;
+        QCOMPARE(f.host.observerCount(), refused ? 1 : 0);
+        // The graph goes on: a channel that was not touched by the error binds as ever.
+        f.graph->setCh(7);
+        f.bind();
+        f.set(frequencyName(4), 333, 7);
+        QVERIFY(isNear(handle(f, 4), {f.plot().x(hertz(333)), handle(f, 4).y()}));
+        if (refused) {
+            f.graph->setMemAPI(nullptr);
+            QCOMPARE(f.host.observerCount(), 1);
+        }
+    }
+    QVERIFY(n > 200);
 }
 
 void tst_ZoltaEqualizerGraph::valuesMoveTheHandle_data()
@@ -478,6 +411,21 @@ void tst_ZoltaEqualizerGraph::degenerateRange()
         QVERIFY(std::isfinite(handle(f, band).x()) && std::isfinite(handle(f, band).y()));
 }
 
+void tst_ZoltaEqualizerGraph::failedRangeKeepsTheField()
+{
+    GraphFixture f;
+    f.bind();
+    f.setBand(3, 400, 90);
+    const QImage before = f.picture();
+    f.host.failAll(Operation::GetRange);
+    f.setBand(3, 10, 10);
+    f.set(qualityName(3), 10);
+    QCOMPARE(f.picture(), before);
+    f.host.clearErrors();
+    f.setBand(3, 10, 10);
+    QVERIFY(isNear(handle(f, 3), {f.plot().x(hertz(10)), f.plot().y(1.0)}));
+}
+
 void tst_ZoltaEqualizerGraph::updatesOfOthersChangeNothing()
 {
     GraphFixture f;
@@ -525,6 +473,58 @@ void tst_ZoltaEqualizerGraph::zoom()
         QVERIFY(QMetaObject::invokeMethod(f.graph, "zoomDown"));
         QCOMPARE(f.graph->zoom(), std::max(zoom - 1, 0));
     }
+}
+
+void tst_ZoltaEqualizerGraph::channelIsSixteenBits()
+{
+    GraphFixture f;
+    f.host.setChannels({0, 65535});
+    f.bind();
+    f.graph->setCh(65535);
+    QCOMPARE(registrations(f, 65535), 24);
+    f.set(frequencyName(1), 10, 65535);
+    QVERIFY(isNear(handle(f, 1), {f.plot().x(hertz(10)), f.plot().centre}));
+}
+
+void tst_ZoltaEqualizerGraph::sampleRateRedesigns()
+{
+    GraphFixture f;
+    f.bind();
+    for (int band = 0; band < 6; ++band)
+        f.setBand(band, 1100, 100);
+    for (int band = 0; band < 6; ++band) {
+        f.solo(band);
+        f.graph->setFs(44100);
+        const QImage before = f.picture();
+        f.graph->setFs(48000);
+        QVERIFY(f.picture() != before);
+        f.graph->setFs(44100);
+        QCOMPARE(f.picture(), before);
+    }
+    // A parameter that changes later is designed at the new rate.
+    GraphFixture late;
+    late.graph->setFs(96000);
+    late.bind();
+    late.setBand(3, 1150, 120);
+    GraphFixture early;
+    early.bind();
+    early.setBand(3, 1150, 120);
+    early.graph->setFs(96000);
+    QCOMPARE(late.picture(), early.picture());
+}
+
+void tst_ZoltaEqualizerGraph::editTargetHighlights()
+{
+    GraphFixture f;
+    f.bind();
+    f.setBand(2, 500, 80);
+    const QImage none = f.picture();
+    f.graph->setEditTarget(Graph::EditTargetMiddle2);
+    QVERIFY(f.picture() != none);
+    f.graph->setEditTarget(static_cast<Graph::EditTarget>(7));
+    QCOMPARE(f.picture(), none);
+    f.graph->setEditTarget(Graph::EditTargetNone);
+    QCOMPARE(f.picture(), none);
 }
 
 ZOLTA_TEST_MAIN(tst_ZoltaEqualizerGraph)
