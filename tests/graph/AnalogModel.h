@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <complex>
+#include <numbers>
 
 /// The equalizer's response in closed form: the analog prototypes evaluated at s = j tan(pi f /
 /// fs), where the bilinear transform takes a digital frequency to. No digital coefficient is
@@ -22,7 +23,7 @@ struct BandSettings
 };
 using Settings = std::array<BandSettings, 6>;
 
-inline double warped(double f, double fs) { return std::tan(M_PI * f / fs); }
+inline double warped(double f, double fs) { return std::tan(std::numbers::pi * f / fs); }
 inline double decibel(Complex h) { return 20.0 * std::log10(std::abs(h)); }
 
 /// The quality that the hardware makes of q at 44.1, 48 and 96 kHz.
@@ -57,14 +58,14 @@ inline double lowLevel(const BandSettings& band, double f, double fs)
     const double k2 = std::sqrt(10.0) * k;
     switch (band.type) {
     case 0:
-        return decibel(s * s / (s * s + M_SQRT2 * k * s + k * k));
+        return decibel(s * s / (s * s + std::numbers::sqrt2 * k * s + k * k));
     case 1:
         return decibel(s / (s + k));
     case 2:
         return sign * decibel((s + k1) / (s + k1 / a));
     default:
-        return sign * decibel((s * s + M_SQRT2 * k2 * s + k2 * k2) /
-                              (s * s + M_SQRT2 * k2 / std::sqrt(a) * s + k2 * k2 / a));
+        return sign * decibel((s * s + std::numbers::sqrt2 * k2 * s + k2 * k2) /
+                              (s * s + std::numbers::sqrt2 * k2 / std::sqrt(a) * s + k2 * k2 / a));
     }
 }
 
@@ -78,13 +79,13 @@ inline double highLevel(const BandSettings& band, double f, double fs)
     const double k2 = std::sqrt(0.1) * k;
     switch (band.type) {
     case 0:
-        return decibel(k * k / (s * s + M_SQRT2 * k * s + k * k));
+        return decibel(k * k / (s * s + std::numbers::sqrt2 * k * s + k * k));
     case 1:
         return decibel(k / (s + k));
     case 2:
         return sign * decibel(a * (s + k1) / (s + a * k1));
     default:
-        return sign * decibel(a * (s * s + M_SQRT2 * k2 * s + k2 * k2) /
+        return sign * decibel(a * (s * s + std::numbers::sqrt2 * k2 * s + k2 * k2) /
                               (s * s + std::sqrt(2.0 * a) * k2 * s + a * k2 * k2));
     }
 }

@@ -73,7 +73,6 @@ private Q_SLOTS:
     void focusIsAnnounced();
 
     void interfacesGoWithTheGraph();
-    void failingHostCalls();
 };
 
 void tst_EqualizerGraphAccessible::graphIsAGroup()
@@ -241,6 +240,68 @@ void tst_EqualizerGraphAccessible::handleAtAPoint()
     QVERIFY(!interfaceOf(f)->childAt(corner.x(), corner.y()));
 }
 
+void tst_EqualizerGraphAccessible::numberWithGain()
+{
+    GraphFixture f;
+    f.bind();
+    f.setBand(2, 700, -35);
+    QVERIFY(isNearTo(numberOf(f, 2)->currentValue(), -3.5));
+    QCOMPARE(numberOf(f, 2)->minimumValue().toDouble(), -20.0);
+    QCOMPARE(numberOf(f, 2)->maximumValue().toDouble(), 20.0);
+    QVERIFY(isNearTo(numberOf(f, 2)->minimumStepSize(), 0.1));
+    f.host.setRange(gainName(2), 0, 80);
+    QVERIFY(isNearTo(numberOf(f, 2)->minimumStepSize(), 0.5));
+    for (const auto& [minimum, maximum] : {std::pair(7, 7), {10, -10}}) {
+        f.host.setRange(gainName(2), minimum, maximum);
+        QVERIFY(!numberOf(f, 2)->minimumStepSize().isValid());
+    }
+}
+
+void tst_EqualizerGraphAccessible::numberWithoutGain()
+{
+    for (const int band : {0, 5})
+        for (const int type : {0, 1, 4}) {
+            GraphFixture f;
+            f.bind();
+            f.setBand(band, 400, 50);
+            f.set(typeName(band), type);
+            QCOMPARE(valueOf(f, band), QStringLiteral("200 Hz"));
+            QVERIFY(isNearTo(numberOf(f, band)->currentValue(), 200.0));
+            QVERIFY(isNearTo(numberOf(f, band)->minimumValue(), 20.0));
+            QVERIFY(isNearTo(numberOf(f, band)->maximumValue(), 20000.0));
+            QVERIFY(isNearTo(numberOf(f, band)->minimumStepSize(), hertz(401) - hertz(400)));
+            f.host.resetLedger();
+            handleOf(f, band)->actionInterface()->doAction(Action::increaseAction());
+            handleOf(f, band)->actionInterface()->doAction(Action::decreaseAction());
+            QCOMPARE(f.host.writes(),
+                     Writes({{frequencyName(band), 0, 401}, {frequencyName(band), 0, 400}}));
+        }
+}
+
+void tst_EqualizerGraphAccessible::operatesNothing_data()
+{
+    QTest::addColumn<bool>("on");
+    QTest::newRow("disabled") << true;
+    QTest::newRow("band that is off") << false;
+}
+
+void tst_EqualizerGraphAccessible::operatesNothing()
+{
+    QFETCH(bool, on);
+    ActiveGraph f;
+    f.set(onName(2), on ? 1 : 0);
+    f.graph->setEnabled(!on);
+    f.host.resetLedger();
+    Action* action = handleOf(f, 2)->actionInterface();
+    QVERIFY(action->actionNames().isEmpty());
+    for (const QString& name :
+         {Action::increaseAction(), Action::decreaseAction(), Action::setFocusAction()})
+        action->doAction(name);
+    numberOf(f, 2)->setCurrentValue(1.0);
+    QCOMPARE(f.host.callCount(), 0);
+    QVERIFY(!f.graph->hasFocus());
+}
+
 void tst_EqualizerGraphAccessible::setNumber_data()
 {
     QTest::addColumn<QVariant>("number");
@@ -405,98 +466,6 @@ void tst_EqualizerGraphAccessible::interfacesGoWithTheGraph()
             QVERIFY(!QAccessible::accessibleInterface(id));
         QCOMPARE(announced.take(), Items());
     }
-}
-
-void tst_EqualizerGraphAccessible::failingHostCalls()
-{
-    int n = 0;
-    for (int calls = 1; calls >= n;) {
-        GraphFixture f;
-        f.bind();
-        f.host.resetLedger();
-        f.host.failAnyCall(++n);
-        f.set(typeName(0), 1);
-        for (const int band : {0, 2}) {
-            const double before = numberOf(f, band)->currentValue().toDouble();
-            numberOf(f, band)->minimumStepSize();
-            handleOf(f, band)->actionInterface()->doAction(Action::increaseAction());
-            handleOf(f, band)->actionInterface()->doAction(Action::decreaseAction());
-            numberOf(f, band)->setCurrentValue(before);
-        }
-        calls = f.host.callCount();
-        // What a failed call keeps back is at most one step; nothing else is ever written.
-        for (const TestHost::Write& write : f.host.writes())
-            QVERIFY(write.name == frequencyName(0)
-                        ? std::abs(write.value - 600) <= 1
-                        : std::abs(write.value) <= 1 && write.name == gainName(2));
-        f.set(gainName(2), 50);
-        handleOf(f, 2)->actionInterface()->doAction(Action::increaseAction());
-        QCOMPARE(f.host.value(gainName(2), 0), 51);
-        QCOMPARE(valueOf(f, 2).section(QLatin1Char(','), 1, 1), QStringLiteral(" +5.1 dB"));
-    }
-    QVERIFY(n > 15);
-}
-
-void tst_EqualizerGraphAccessible::numberWithGain()
-{
-    GraphFixture f;
-    f.bind();
-    f.setBand(2, 700, -35);
-    QVERIFY(isNearTo(numberOf(f, 2)->currentValue(), -3.5));
-    QCOMPARE(numberOf(f, 2)->minimumValue().toDouble(), -20.0);
-    QCOMPARE(numberOf(f, 2)->maximumValue().toDouble(), 20.0);
-    QVERIFY(isNearTo(numberOf(f, 2)->minimumStepSize(), 0.1));
-    f.host.setRange(gainName(2), 0, 80);
-    QVERIFY(isNearTo(numberOf(f, 2)->minimumStepSize(), 0.5));
-    for (const auto& [minimum, maximum] : {std::pair(7, 7), {10, -10}}) {
-        f.host.setRange(gainName(2), minimum, maximum);
-        QVERIFY(!numberOf(f, 2)->minimumStepSize().isValid());
-    }
-}
-
-void tst_EqualizerGraphAccessible::numberWithoutGain()
-{
-    for (const int band : {0, 5})
-        for (const int type : {0, 1, 4}) {
-            GraphFixture f;
-            f.bind();
-            f.setBand(band, 400, 50);
-            f.set(typeName(band), type);
-            QCOMPARE(valueOf(f, band), QStringLiteral("200 Hz"));
-            QVERIFY(isNearTo(numberOf(f, band)->currentValue(), 200.0));
-            QVERIFY(isNearTo(numberOf(f, band)->minimumValue(), 20.0));
-            QVERIFY(isNearTo(numberOf(f, band)->maximumValue(), 20000.0));
-            QVERIFY(isNearTo(numberOf(f, band)->minimumStepSize(), hertz(401) - hertz(400)));
-            f.host.resetLedger();
-            handleOf(f, band)->actionInterface()->doAction(Action::increaseAction());
-            handleOf(f, band)->actionInterface()->doAction(Action::decreaseAction());
-            QCOMPARE(f.host.writes(),
-                     Writes({{frequencyName(band), 0, 401}, {frequencyName(band), 0, 400}}));
-        }
-}
-
-void tst_EqualizerGraphAccessible::operatesNothing_data()
-{
-    QTest::addColumn<bool>("on");
-    QTest::newRow("disabled") << true;
-    QTest::newRow("band that is off") << false;
-}
-
-void tst_EqualizerGraphAccessible::operatesNothing()
-{
-    QFETCH(bool, on);
-    ActiveGraph f;
-    f.set(onName(2), on ? 1 : 0);
-    f.graph->setEnabled(!on);
-    f.host.resetLedger();
-    Action* action = handleOf(f, 2)->actionInterface();
-    QVERIFY(action->actionNames().isEmpty());
-    for (const QString& name :
-         {Action::increaseAction(), Action::decreaseAction(), Action::setFocusAction()})
-        action->doAction(name);
-    numberOf(f, 2)->setCurrentValue(1.0);
-    QCOMPARE(f.host.callCount(), 0);
-    QVERIFY(!f.graph->hasFocus());
 }
 
 ZOLTA_TEST_MAIN(tst_EqualizerGraphAccessible)

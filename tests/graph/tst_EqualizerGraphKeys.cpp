@@ -38,7 +38,6 @@ private Q_SLOTS:
     void noFocus();
     void otherWindowBorrowsTheFocus();
     void clickFocusesNothing();
-    void focusMovesBetweenHandles();
     void switchingOffGivesTheMarkUp();
     void rebindingToABandThatIsOffGivesTheMarkUp();
     void otherWidgetTakesTheFocus();
@@ -50,7 +49,6 @@ private Q_SLOTS:
     void keysThatPassOn();
 
     void keypadKeysCount();
-    void usedKeysStayHere();
     void stepStartsFromTheHostsValue();
     void noMemory();
     void failingHostCalls();
@@ -60,6 +58,69 @@ private Q_SLOTS:
     void markOnlyWithTheKeyboardFocus();
     void markIsClipped();
 };
+
+void tst_EqualizerGraphKeys::focusEachHandle()
+{
+    ActiveGraph f;
+    QCOMPARE(f.graph->focusedHandle(), Graph::EditTargetNone);
+    QVERIFY(!f.graph->hasFocus());
+    for (int band = 0; band < 6; ++band) {
+        QVERIFY(f.focus(band));
+        QCOMPARE(f.graph->focusedHandle(), targetOf(band));
+        QVERIFY(f.graph->hasFocus());
+    }
+    QCOMPARE(f.graph->focusPolicy(), Qt::NoFocus);
+    QCOMPARE(f.host.writes(), Writes());
+    f.graph->setEnabled(false);
+    QVERIFY(!f.graph->hasFocus());
+    QCOMPARE(f.graph->focusedHandle(), Graph::EditTargetNone);
+}
+
+void tst_EqualizerGraphKeys::noFocus_data()
+{
+    QTest::addColumn<int>("target");
+    QTest::addColumn<bool>("enabled");
+    for (const int target : {0, -1, 7, 1000})
+        QTest::addRow("target %d", target) << target << true;
+    QTest::newRow("band that is off") << int(Graph::EditTargetMiddle3) << true;
+    QTest::newRow("disabled") << int(Graph::EditTargetMiddle1) << false;
+}
+
+void tst_EqualizerGraphKeys::noFocus()
+{
+    QFETCH(int, target);
+    QFETCH(bool, enabled);
+    ActiveGraph f;
+    f.set(onName(3), 0);
+    f.editor.setEnabled(enabled);
+    const auto refused = static_cast<Graph::EditTarget>(target);
+    QVERIFY(!f.graph->focusHandle(refused));
+    QCOMPARE(f.graph->handleRect(refused).isEmpty(), enabled);
+    f.editor.setEnabled(true);
+    QVERIFY(!f.graph->hasFocus());
+    QVERIFY(f.focus(2));
+    f.graph->focusHandle(enabled ? refused : Graph::EditTargetNone);
+    QCOMPARE(f.graph->focusedHandle(), Graph::EditTargetMiddle2);
+}
+
+void tst_EqualizerGraphKeys::otherWindowBorrowsTheFocus()
+{
+    for (const bool stays : {true, false}) {
+        ActiveGraph f;
+        f.focus(2);
+        QWidget window;
+        window.show();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QVERIFY(!f.graph->hasFocus());
+        QCOMPARE(f.graph->focusedHandle(), Graph::EditTargetNone);
+        f.set(onName(2), stays ? 1 : 0);
+        f.activate();
+        QVERIFY(f.graph->hasFocus());
+        QCOMPARE(f.graph->focusedHandle(),
+                 stays ? Graph::EditTargetMiddle2 : Graph::EditTargetNone);
+    }
+}
 
 void tst_EqualizerGraphKeys::clickFocusesNothing()
 {
@@ -72,15 +133,6 @@ void tst_EqualizerGraphKeys::clickFocusesNothing()
     f.focus(4);
     QTest::mouseClick(f.graph, Qt::LeftButton, Qt::NoModifier, handle);
     QCOMPARE(f.graph->focusedHandle(), Graph::EditTargetMiddle4);
-}
-
-void tst_EqualizerGraphKeys::focusMovesBetweenHandles()
-{
-    ActiveGraph f;
-    for (const int band : {0, 5, 2, 2, 1}) {
-        QVERIFY(f.focus(band));
-        QCOMPARE(f.graph->focusedHandle(), targetOf(band));
-    }
 }
 
 void tst_EqualizerGraphKeys::switchingOffGivesTheMarkUp()
@@ -154,6 +206,120 @@ void tst_EqualizerGraphKeys::tabIsTheEditors()
     QVERIFY(!f.graph->hasFocus());
 }
 
+void tst_EqualizerGraphKeys::keysStep_data()
+{
+    QTest::addColumn<int>("up");
+    QTest::addColumn<int>("down");
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<int>("band");
+    const auto add = [](const char* tag, int up, int down, const QByteArray& name, int band) {
+        QTest::addRow("%s %d", tag, band) << up << down << name << band;
+    };
+    for (int band = 0; band < 6; ++band) {
+        add("frequency", Qt::Key_Right, Qt::Key_Left, frequencyName(band), band);
+        add("gain", Qt::Key_Up, Qt::Key_Down, gainName(band), band);
+        if (band > 0 && band < 5)
+            add("quality", Qt::Key_PageUp, Qt::Key_PageDown, qualityName(band), band);
+    }
+}
+
+void tst_EqualizerGraphKeys::keysStep()
+{
+    QFETCH(int, up);
+    QFETCH(int, down);
+    QFETCH(QByteArray, name);
+    QFETCH(int, band);
+    ActiveGraph f;
+    f.focus(band);
+    const int start = f.host.value(name, 0);
+    KeyCounter editor(&f.editor);
+    const auto expect = [&](int key, Qt::KeyboardModifiers modifiers, int value) {
+        f.host.resetLedger();
+        f.key(static_cast<Qt::Key>(key), modifiers);
+        return f.host.writes() == Writes{{name, 0, value}};
+    };
+    QVERIFY(expect(up, Qt::NoModifier, start + 1));
+    QVERIFY(expect(up, Qt::ShiftModifier, start + 11));
+    QVERIFY(expect(down, Qt::NoModifier, start + 10));
+    QVERIFY(expect(down, Qt::ShiftModifier, start));
+
+    // Steps stop at the range, and a value outside it comes back.
+    const auto [minimum, maximum] = f.host.range(name);
+    for (const int value : {maximum - 5, maximum, 5000}) {
+        f.set(name, value);
+        QVERIFY(expect(up, Qt::ShiftModifier, maximum));
+    }
+    for (const int value : {minimum + 5, minimum, -5000}) {
+        f.set(name, value);
+        QVERIFY(expect(down, Qt::ShiftModifier, minimum));
+    }
+    constexpr int lowest = std::numeric_limits<int>::min();
+    constexpr int highest = std::numeric_limits<int>::max();
+    f.host.setRange(name, lowest, highest);
+    f.set(name, highest);
+    QVERIFY(expect(up, Qt::ShiftModifier, highest));
+    f.set(name, lowest);
+    QVERIFY(expect(down, Qt::ShiftModifier, lowest));
+    QVERIFY(expect(up, Qt::NoModifier, lowest + 1));
+    f.host.failAll(Operation::SetValue);
+    f.key(static_cast<Qt::Key>(up));
+    f.host.clearErrors();
+    // A key that is used stays here, even where nothing can be changed.
+    QCOMPARE(editor.count, 0);
+    f.host.setRange(name, 10, -10);
+    f.host.resetLedger();
+    f.key(static_cast<Qt::Key>(up));
+    QCOMPARE(f.host.writes(), Writes());
+}
+
+void tst_EqualizerGraphKeys::keysThatPassOn_data()
+{
+    QTest::addColumn<int>("band"); // negative: no handle is focused
+    QTest::addColumn<int>("type");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<QList<int>>("keys");
+    const QList<int> used(UsedKeys.begin(), UsedKeys.end());
+    QTest::newRow("no handle") << -1 << 3 << 0 << used;
+    QTest::newRow("unused keys") << 1 << 3 << 0
+                                 << QList<int>{Qt::Key_Home,   Qt::Key_End,    Qt::Key_Space,
+                                               Qt::Key_Return, Qt::Key_Escape, Qt::Key_A,
+                                               Qt::Key_Plus,   Qt::Key_Delete};
+    for (const auto& [tag, modifiers] : std::initializer_list<std::pair<const char*, int>>{
+             {"Control", Qt::ControlModifier},
+             {"Alt", Qt::AltModifier},
+             {"Meta", Qt::MetaModifier},
+             {"Control, Shift", Qt::ControlModifier | Qt::ShiftModifier},
+             {"Alt, keypad", Qt::AltModifier | Qt::KeypadModifier}})
+        QTest::newRow(tag) << 1 << 3 << modifiers << used;
+    for (const int band : {0, 5}) {
+        for (const int type : {0, 1, 4, -1})
+            QTest::addRow("band %d type %d", band, type)
+                << band << type << 0 << QList<int>{Qt::Key_Up, Qt::Key_Down};
+        QTest::addRow("quality of %d", band)
+            << band << 3 << 0 << QList<int>{Qt::Key_PageUp, Qt::Key_PageDown};
+    }
+}
+
+void tst_EqualizerGraphKeys::keysThatPassOn()
+{
+    QFETCH(int, band);
+    QFETCH(int, type);
+    QFETCH(int, modifiers);
+    QFETCH(QList<int>, keys);
+    ActiveGraph f;
+    if (band == 0 || band == 5)
+        f.set(typeName(band), type);
+    f.graph->setFocus();
+    f.focus(band);
+    QVERIFY(f.graph->hasFocus());
+    f.host.resetLedger();
+    KeyCounter editor(&f.editor);
+    for (const int key : keys)
+        f.key(static_cast<Qt::Key>(key), Qt::KeyboardModifiers(modifiers));
+    QCOMPARE(editor.count, keys.size());
+    QCOMPARE(f.host.callCount(), 0);
+}
+
 void tst_EqualizerGraphKeys::keypadKeysCount()
 {
     ActiveGraph f;
@@ -162,21 +328,6 @@ void tst_EqualizerGraphKeys::keypadKeysCount()
     f.key(Qt::Key_Up, Qt::KeypadModifier);
     f.key(Qt::Key_Up, Qt::KeypadModifier | Qt::ShiftModifier);
     QCOMPARE(f.host.writes(), Writes({{gainName(1), 0, 1}, {gainName(1), 0, 11}}));
-}
-
-void tst_EqualizerGraphKeys::usedKeysStayHere()
-{
-    ActiveGraph f;
-    f.focus(1);
-    KeyCounter editor(&f.editor);
-    for (const Qt::Key key : UsedKeys)
-        f.key(key);
-    // Also where there is nothing left to change, or nothing can be.
-    f.set(gainName(1), 200);
-    f.key(Qt::Key_Up);
-    f.host.failAll(Operation::SetValue);
-    f.key(Qt::Key_Down);
-    QCOMPARE(editor.count, 0);
 }
 
 void tst_EqualizerGraphKeys::stepStartsFromTheHostsValue()
@@ -357,179 +508,6 @@ void tst_EqualizerGraphKeys::markIsClipped()
     QVERIFY(changes(1200, 0) > 0);
     QVERIFY(changes(0, 40) > 0);
     QCOMPARE(changes(600, 200), 0);
-}
-
-void tst_EqualizerGraphKeys::focusEachHandle()
-{
-    ActiveGraph f;
-    QCOMPARE(f.graph->focusedHandle(), Graph::EditTargetNone);
-    QVERIFY(!f.graph->hasFocus());
-    for (int band = 0; band < 6; ++band) {
-        QVERIFY(f.focus(band));
-        QCOMPARE(f.graph->focusedHandle(), targetOf(band));
-        QVERIFY(f.graph->hasFocus());
-    }
-    QCOMPARE(f.graph->focusPolicy(), Qt::NoFocus);
-    QCOMPARE(f.host.writes(), Writes());
-    f.graph->setEnabled(false);
-    QVERIFY(!f.graph->hasFocus());
-    QCOMPARE(f.graph->focusedHandle(), Graph::EditTargetNone);
-}
-
-void tst_EqualizerGraphKeys::noFocus_data()
-{
-    QTest::addColumn<int>("target");
-    QTest::addColumn<bool>("enabled");
-    for (const int target : {0, -1, 7, 1000})
-        QTest::addRow("target %d", target) << target << true;
-    QTest::newRow("band that is off") << int(Graph::EditTargetMiddle3) << true;
-    QTest::newRow("disabled") << int(Graph::EditTargetMiddle1) << false;
-}
-
-void tst_EqualizerGraphKeys::noFocus()
-{
-    QFETCH(int, target);
-    QFETCH(bool, enabled);
-    ActiveGraph f;
-    f.set(onName(3), 0);
-    f.editor.setEnabled(enabled);
-    const auto refused = static_cast<Graph::EditTarget>(target);
-    QVERIFY(!f.graph->focusHandle(refused));
-    QCOMPARE(f.graph->handleRect(refused).isEmpty(), enabled);
-    f.editor.setEnabled(true);
-    QVERIFY(!f.graph->hasFocus());
-    QVERIFY(f.focus(2));
-    f.graph->focusHandle(enabled ? refused : Graph::EditTargetNone);
-    QCOMPARE(f.graph->focusedHandle(), Graph::EditTargetMiddle2);
-}
-
-void tst_EqualizerGraphKeys::otherWindowBorrowsTheFocus()
-{
-    for (const bool stays : {true, false}) {
-        ActiveGraph f;
-        f.focus(2);
-        QWidget window;
-        window.show();
-        window.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
-        QVERIFY(!f.graph->hasFocus());
-        QCOMPARE(f.graph->focusedHandle(), Graph::EditTargetNone);
-        f.set(onName(2), stays ? 1 : 0);
-        f.activate();
-        QVERIFY(f.graph->hasFocus());
-        QCOMPARE(f.graph->focusedHandle(),
-                 stays ? Graph::EditTargetMiddle2 : Graph::EditTargetNone);
-    }
-}
-
-void tst_EqualizerGraphKeys::keysStep_data()
-{
-    QTest::addColumn<int>("up");
-    QTest::addColumn<int>("down");
-    QTest::addColumn<QByteArray>("name");
-    QTest::addColumn<int>("band");
-    const auto add = [](const char* tag, int up, int down, const QByteArray& name, int band) {
-        QTest::addRow("%s %d", tag, band) << up << down << name << band;
-    };
-    for (int band = 0; band < 6; ++band) {
-        add("frequency", Qt::Key_Right, Qt::Key_Left, frequencyName(band), band);
-        add("gain", Qt::Key_Up, Qt::Key_Down, gainName(band), band);
-        if (band > 0 && band < 5)
-            add("quality", Qt::Key_PageUp, Qt::Key_PageDown, qualityName(band), band);
-    }
-}
-
-void tst_EqualizerGraphKeys::keysStep()
-{
-    QFETCH(int, up);
-    QFETCH(int, down);
-    QFETCH(QByteArray, name);
-    QFETCH(int, band);
-    ActiveGraph f;
-    f.focus(band);
-    const int start = f.host.value(name, 0);
-    KeyCounter editor(&f.editor);
-    const auto expect = [&](int key, Qt::KeyboardModifiers modifiers, int value) {
-        f.host.resetLedger();
-        f.key(static_cast<Qt::Key>(key), modifiers);
-        return f.host.writes() == Writes{{name, 0, value}};
-    };
-    QVERIFY(expect(up, Qt::NoModifier, start + 1));
-    QVERIFY(expect(up, Qt::ShiftModifier, start + 11));
-    QVERIFY(expect(down, Qt::NoModifier, start + 10));
-    QVERIFY(expect(down, Qt::ShiftModifier, start));
-
-    // Steps stop at the range, and a value outside it comes back.
-    const auto [minimum, maximum] = f.host.range(name);
-    for (const int value : {maximum - 5, maximum, 5000}) {
-        f.set(name, value);
-        QVERIFY(expect(up, Qt::ShiftModifier, maximum));
-    }
-    for (const int value : {minimum + 5, minimum, -5000}) {
-        f.set(name, value);
-        QVERIFY(expect(down, Qt::ShiftModifier, minimum));
-    }
-    constexpr int lowest = std::numeric_limits<int>::min();
-    constexpr int highest = std::numeric_limits<int>::max();
-    f.host.setRange(name, lowest, highest);
-    f.set(name, highest);
-    QVERIFY(expect(up, Qt::ShiftModifier, highest));
-    f.set(name, lowest);
-    QVERIFY(expect(down, Qt::ShiftModifier, lowest));
-    QVERIFY(expect(up, Qt::NoModifier, lowest + 1));
-    QCOMPARE(editor.count, 0);
-    f.host.setRange(name, 10, -10);
-    f.host.resetLedger();
-    f.key(static_cast<Qt::Key>(up));
-    QCOMPARE(f.host.writes(), Writes());
-}
-
-void tst_EqualizerGraphKeys::keysThatPassOn_data()
-{
-    QTest::addColumn<int>("band"); // negative: no handle is focused
-    QTest::addColumn<int>("type");
-    QTest::addColumn<int>("modifiers");
-    QTest::addColumn<QList<int>>("keys");
-    const QList<int> used(UsedKeys.begin(), UsedKeys.end());
-    QTest::newRow("no handle") << -1 << 3 << 0 << used;
-    QTest::newRow("unused keys") << 1 << 3 << 0
-                                 << QList<int>{Qt::Key_Home,   Qt::Key_End,    Qt::Key_Space,
-                                               Qt::Key_Return, Qt::Key_Escape, Qt::Key_A,
-                                               Qt::Key_Plus,   Qt::Key_Delete};
-    for (const auto& [tag, modifiers] : std::initializer_list<std::pair<const char*, int>>{
-             {"Control", Qt::ControlModifier},
-             {"Alt", Qt::AltModifier},
-             {"Meta", Qt::MetaModifier},
-             {"Control, Shift", Qt::ControlModifier | Qt::ShiftModifier},
-             {"Alt, keypad", Qt::AltModifier | Qt::KeypadModifier}})
-        QTest::newRow(tag) << 1 << 3 << modifiers << used;
-    for (const int band : {0, 5}) {
-        for (const int type : {0, 1, 4, -1})
-            QTest::addRow("band %d type %d", band, type)
-                << band << type << 0 << QList<int>{Qt::Key_Up, Qt::Key_Down};
-        QTest::addRow("quality of %d", band)
-            << band << 3 << 0 << QList<int>{Qt::Key_PageUp, Qt::Key_PageDown};
-    }
-}
-
-void tst_EqualizerGraphKeys::keysThatPassOn()
-{
-    QFETCH(int, band);
-    QFETCH(int, type);
-    QFETCH(int, modifiers);
-    QFETCH(QList<int>, keys);
-    ActiveGraph f;
-    if (band == 0 || band == 5)
-        f.set(typeName(band), type);
-    f.graph->setFocus();
-    f.focus(band);
-    QVERIFY(f.graph->hasFocus());
-    f.host.resetLedger();
-    KeyCounter editor(&f.editor);
-    for (const int key : keys)
-        f.key(static_cast<Qt::Key>(key), Qt::KeyboardModifiers(modifiers));
-    QCOMPARE(editor.count, keys.size());
-    QCOMPARE(f.host.callCount(), 0);
 }
 
 ZOLTA_TEST_MAIN(tst_EqualizerGraphKeys)

@@ -5,6 +5,8 @@
 
 #include <QPointer>
 
+#include <malloc.h>
+
 using Graph = ZoltaEqualizerGraph;
 using Action = QAccessibleActionInterface;
 
@@ -116,19 +118,24 @@ const std::vector<std::pair<const char*, Victim>> Victims = {
 Q_DECLARE_METATYPE(Step)
 Q_DECLARE_METATYPE(Victim)
 
-/// Whoever hears of a change may delete the graph or its editor. The environment of this program
-/// lets freed memory be overwritten, so that a graph which is used after its end does not get away
-/// with it.
+/// Whoever hears of a change may delete the graph or its editor.
 class tst_GraphDeletion : public TestObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase();
     void insideAWrite_data();
     void insideAWrite();
     void insideAnAnnouncement_data();
     void insideAnAnnouncement();
 };
+
+void tst_GraphDeletion::initTestCase()
+{
+    // What is freed is overwritten, so that a graph which is used after its end shows.
+    QVERIFY(mallopt(M_PERTURB, 20));
+}
 
 void tst_GraphDeletion::insideAWrite_data()
 {
