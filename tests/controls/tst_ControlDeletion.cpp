@@ -402,7 +402,7 @@ void tst_ControlDeletion::heldButtonGoesWithItsEditor_data()
     }
 }
 
-// The focus that the button loses with its window is told to the whole application.
+// The focus that the button loses with its editor is told to the whole application.
 void tst_ControlDeletion::heldButtonGoesWithItsEditor()
 {
     QFETCH(bool, bySpace);
@@ -410,22 +410,22 @@ void tst_ControlDeletion::heldButtonGoesWithItsEditor()
     TestHost host;
     host.addParameter(Parameter, 0, 1, 0);
     Destroyer destroyer;
-    auto window = std::make_unique<QWidget>();
-    auto* button = new Mortal<PushButtonController>(destroyer, window.get());
+    QWidget window;
+    auto* editor = new QWidget(&window);
+    auto* button = new Mortal<PushButtonController>(destroyer, editor);
     button->setCheckable(checkable);
     bind(*button, host);
-    window->show();
-    window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(window.get()));
-    focus(*button);
-    button->setFocusPolicy(Qt::NoFocus);
+    window.show();
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    button->setFocus();
     QVERIFY(button->hasFocus());
     if (bySpace)
         ControlTesting::key(*button, Qt::Key_Space);
     else
         ControlTesting::press(*button, {5, 5});
     QVERIFY(button->isDown());
-    window.reset();
+    delete editor;
     QCOMPARE(host.value(Parameter, 0), 0);
     QCOMPARE(host.writes().size(), std::size_t(checkable ? 0 : 2));
     QCOMPARE(destroyer.edits.open(), 0);
