@@ -56,8 +56,6 @@ public:
     std::size_t heard() const { return m_heard.load(std::memory_order_acquire); }
     /// The frames of a channel from the first one on that was not silent on either.
     std::vector<float> channel(int index) const;
-    /// Listens anew.
-    void clear();
 
 private:
     static int process(jack_nframes_t frames, void* device);
@@ -70,7 +68,5 @@ private:
     std::vector<std::vector<float>> m_samples;
     std::vector<float> m_given;
     std::size_t m_givenPosition = 0;
-    std::atomic<bool> m_listening = true;
-    std::atomic<bool> m_asleep = false;
     std::atomic<std::size_t> m_heard = 0;
 };
