@@ -47,6 +47,11 @@ public:
     JackDevice& operator=(const JackDevice&) = delete;
 
     bool isOpen() const { return m_client != nullptr; }
+    /// Gives the server another block size.
+    void changeBlock(int frames)
+    {
+        jack_set_buffer_size(m_client, static_cast<jack_nframes_t>(frames));
+    }
 
     /// Before anything is connected: what it gives out repeatedly, on channel n (from 1 on) an
     /// n-th of it.

@@ -58,6 +58,7 @@ private Q_SLOTS:
     void playsWhatComesIn();
     void saysWhatCannotBeOpened();
     void leavesADeviceThatDoesNotRespond();
+    void saysThatTheBlockSizeChanged();
     void saysThatItWasDisconnected();
 
 private:
@@ -186,6 +187,22 @@ void tst_RtAudioDevice::leavesADeviceThatDoesNotRespond()
     QVERIFY(m_device->start(player).isOk());
     QTRY_VERIFY_WITH_TIMEOUT(m_device->calls() > calls, 30000);
     QTRY_VERIFY_WITH_TIMEOUT(m_ears->channel(0).back() != 0.0F, 30000);
+}
+
+void tst_RtAudioDevice::saysThatTheBlockSizeChanged()
+{
+    Player player;
+    play(&player);
+    m_ears->changeBlock(2 * JackServer::block);
+    QTRY_COMPARE_WITH_TIMEOUT(m_device->status().error(),
+                              QStringLiteral("The sound device jack:ears has another block size "
+                                             "now; play again to use it."),
+                              30000);
+    m_device->close();
+    QVERIFY(m_device->open(settings(), 0).isOk());
+    QVERIFY(m_device->start(player).isOk());
+    QTRY_VERIFY_WITH_TIMEOUT(m_ears->channel(0).back() != 0.0F, 30000);
+    m_ears->changeBlock(JackServer::block);
 }
 
 // A new server is played on as if nothing had happened. Last, because the ears die with the server.
