@@ -134,9 +134,3 @@ int AudioFormat::bitsOf(int format)
         return 0;
     }
 }
-
-QString AudioFormat::reasonOf(SNDFILE* sound)
-{
-    const QString reason = QString::fromLocal8Bit(sf_strerror(sound)).simplified();
-    return reason.endsWith(QLatin1Char('.')) ? reason.chopped(1) : reason;
-}

@@ -35,8 +35,4 @@ Transfer transferOf(int format);
 /// Bits of a whole-number format, 16 for the companded ones, 0 for all others.
 int bitsOf(int format);
 
-/// The library's reason for the last failure of \a sound, or of opening where that is null, without
-/// a full stop.
-QString reasonOf(SNDFILE* sound);
-
 } // namespace AudioFormat

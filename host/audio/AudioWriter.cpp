@@ -87,7 +87,7 @@ Status AudioWriter::write(const AudioBlock& block)
     // Vorbis checks channels and rate only now.
     if (sf_error(m_sound.get()) == SF_ERR_UNRECOGNISED_FORMAT)
         return unsupported();
-    return errorOf(AudioFormat::reasonOf(m_sound.get()));
+    return encoderError();
 }
 
 sf_count_t AudioWriter::transfer(const AudioBlock& block)
@@ -135,7 +135,7 @@ Status AudioWriter::close()
     if (m_access->hasFailed())
         return errorOf(m_access->reason());
     if (error != SF_ERR_NO_ERROR)
-        return errorOf(QString::fromLocal8Bit(sf_error_number(error)).simplified());
+        return encoderError();
     // Nothing but the header would tell an empty file's format.
     if (m_access->size() == 0)
         return unsupported();
@@ -148,6 +148,11 @@ Status AudioWriter::close()
 Error AudioWriter::errorOf(const QString& reason) const
 {
     return {tr("The sound file %1 cannot be written: %2.").arg(m_name, reason)};
+}
+
+Error AudioWriter::encoderError() const
+{
+    return {tr("The sound file %1 cannot be written: its encoder failed.").arg(m_name)};
 }
 
 Error AudioWriter::unsupported() const

@@ -50,6 +50,7 @@ private:
     Status checkTarget() const;
     Status close();
     Error errorOf(const QString& reason) const;
+    Error encoderError() const;
     Error unsupported() const;
 
     QString m_name;

@@ -70,12 +70,15 @@ const AudioDeviceInfo* inputFor(const AudioDeviceInfo& output,
     return found == devices.end() ? nullptr : &*found;
 }
 
+// After that the library calls for no samples any more.
+constexpr const char* blockChanged = "buffer size has changed";
+
 // Warnings of failed transfers come from a device that was pulled out, again and again.
 void note(RtAudioError::Type type, const std::string& text)
 {
     const bool warning = type == RtAudioError::WARNING || type == RtAudioError::DEBUG_WARNING;
-    if (!warning || text.find("write error") != std::string::npos ||
-        text.find("read error") != std::string::npos)
+    const auto says = [&text](const char* words) { return text.find(words) != std::string::npos; };
+    if (!warning || says("write error") || says("read error") || says(blockChanged))
         keepError(text);
 }
 
@@ -261,6 +264,10 @@ std::int64_t RtAudioDevice::calls() const { return m_stream ? m_stream->calls() 
 Status RtAudioDevice::status() const
 {
     const QString kept = keptError();
+    if (kept.contains(QLatin1String(blockChanged))) {
+        return Error{tr("The sound device %1 has another block size now; play again to use it.")
+                         .arg(m_name)};
+    }
     if (!kept.isEmpty())
         return errorOf(kept);
     if (m_stream && !m_stream->system().isStreamRunning())

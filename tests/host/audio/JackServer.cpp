@@ -5,7 +5,6 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QThread>
 
 #include <algorithm>
 #include <csignal>
@@ -109,16 +108,6 @@ std::vector<float> JackDevice::channel(int index) const
     return {samples.begin(), samples.begin() + static_cast<std::ptrdiff_t>(heard())};
 }
 
-void JackDevice::clear()
-{
-    m_asleep = false;
-    m_listening = false;
-    while (!m_asleep)
-        QThread::msleep(1);
-    m_heard = 0;
-    m_listening = true;
-}
-
 int JackDevice::process(jack_nframes_t frames, void* user)
 {
     auto* device = static_cast<JackDevice*>(user);
@@ -134,10 +123,7 @@ int JackDevice::process(jack_nframes_t frames, void* user)
                           part;
     }
     device->m_givenPosition += frames;
-    if (device->m_listening)
-        device->hear(frames);
-    else
-        device->m_asleep = true;
+    device->hear(frames);
     return 0;
 }
 

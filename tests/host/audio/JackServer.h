@@ -47,6 +47,11 @@ public:
     JackDevice& operator=(const JackDevice&) = delete;
 
     bool isOpen() const { return m_client != nullptr; }
+    /// Gives the server another block size.
+    void changeBlock(int frames)
+    {
+        jack_set_buffer_size(m_client, static_cast<jack_nframes_t>(frames));
+    }
 
     /// Before anything is connected: what it gives out repeatedly, on channel n (from 1 on) an
     /// n-th of it.
@@ -56,8 +61,6 @@ public:
     std::size_t heard() const { return m_heard.load(std::memory_order_acquire); }
     /// The frames of a channel from the first one on that was not silent on either.
     std::vector<float> channel(int index) const;
-    /// Listens anew.
-    void clear();
 
 private:
     static int process(jack_nframes_t frames, void* device);
@@ -70,7 +73,5 @@ private:
     std::vector<std::vector<float>> m_samples;
     std::vector<float> m_given;
     std::size_t m_givenPosition = 0;
-    std::atomic<bool> m_listening = true;
-    std::atomic<bool> m_asleep = false;
     std::atomic<std::size_t> m_heard = 0;
 };

@@ -38,8 +38,6 @@ private Q_SLOTS:
     void takesTheDelayOut();
     void everyBandSoundsAtAnyRate_data();
     void everyBandSoundsAtAnyRate();
-    void lowRatesKeepTheLength_data();
-    void lowRatesKeepTheLength();
 
 private:
     QString path(const char* name) const { return m_folder->filePath(QLatin1String(name)); }
@@ -143,9 +141,12 @@ void tst_AudioRenderer::keepsTheLength_data()
     rows("wav", SF_FORMAT_WAV | SF_FORMAT_PCM_16);
     rows("flac", SF_FORMAT_FLAC | SF_FORMAT_PCM_16);
     rows("vorbis", SF_FORMAT_OGG | SF_FORMAT_VORBIS);
-    for (const int rate : {8000, 22050, 96000, 192000})
+    for (const int rate : {22050, 96000, 192000})
         QTest::addRow("%d Hz", rate)
             << int(SF_FORMAT_WAV | SF_FORMAT_PCM_16) << 5000 << rate << "o.flac";
+    for (const int frames : {0, 1, 100, 8192, 8193, 100000})
+        QTest::addRow("resampled %d", frames)
+            << int(SF_FORMAT_WAV | SF_FORMAT_PCM_16) << frames << 8000 << "o.wav";
 }
 
 void tst_AudioRenderer::keepsTheLength()
@@ -156,7 +157,9 @@ void tst_AudioRenderer::keepsTheLength()
     QFETCH(const QString, output);
     const auto count = static_cast<std::size_t>(frames) * 2;
     SoundFiles::write(path("in"), Sound{format, rate, 2, SoundFiles::noise(count)});
-    QCOMPARE(render(path("in"), m_folder->filePath(output)), QString());
+    // A shelf at 15 kHz, so that the equalizers run at a multiple of the lower rates.
+    QCOMPARE(render(path("in"), m_folder->filePath(output), {{22, 1150}, {23, 60}, {27, 1}}),
+             QString());
     const Sound result = SoundFiles::read(m_folder->filePath(output));
     QCOMPARE(result.rate, rate);
     QCOMPARE(result.channels, 2);
@@ -365,23 +368,6 @@ void tst_AudioRenderer::everyBandSoundsAtAnyRate()
         const double level = 20.0 * std::log10(std::abs(sum) / 0.001) - drive;
         COMPARE_NEAR(level, EngineTesting::drawnLevel(bands, values, frequency), 0.05);
     }
-}
-
-void tst_AudioRenderer::lowRatesKeepTheLength_data()
-{
-    QTest::addColumn<int>("frames");
-    for (const int frames : {0, 1, 100, 8192, 8193, 100000})
-        QTest::addRow("%d frames", frames) << frames;
-}
-
-void tst_AudioRenderer::lowRatesKeepTheLength()
-{
-    QFETCH(const int, frames);
-    const Sound sound{SF_FORMAT_WAV | SF_FORMAT_PCM_16, 8000, 2,
-                      SoundFiles::noise(2 * static_cast<std::size_t>(frames))};
-    SoundFiles::write(path("in.wav"), sound);
-    QCOMPARE(render(path("in.wav"), path("out.wav"), {{22, 1150}, {23, 60}, {27, 1}}), QString());
-    QCOMPARE(SoundFiles::read(path("out.wav")).frames(), static_cast<std::size_t>(frames));
 }
 
 QTEST_APPLESS_MAIN(tst_AudioRenderer)

@@ -58,6 +58,7 @@ private Q_SLOTS:
     void playsWhatComesIn();
     void saysWhatCannotBeOpened();
     void leavesADeviceThatDoesNotRespond();
+    void saysThatTheBlockSizeChanged();
     void saysThatItWasDisconnected();
 
 private:
@@ -182,9 +183,26 @@ void tst_RtAudioDevice::leavesADeviceThatDoesNotRespond()
              QStringLiteral("No sound device can be used while jack:ears is not responding."));
     m_server->thaw();
     QTRY_VERIFY_WITH_TIMEOUT(m_device->open(settings(), 0).isOk(), 30000);
-    m_ears->clear();
+    const std::int64_t calls = m_device->calls();
     QVERIFY(m_device->start(player).isOk());
-    QTRY_VERIFY_WITH_TIMEOUT(m_ears->heard() > 2000, 30000);
+    QTRY_VERIFY_WITH_TIMEOUT(m_device->calls() > calls, 30000);
+    QTRY_VERIFY_WITH_TIMEOUT(m_ears->channel(0).back() != 0.0F, 30000);
+}
+
+void tst_RtAudioDevice::saysThatTheBlockSizeChanged()
+{
+    Player player;
+    play(&player);
+    m_ears->changeBlock(2 * JackServer::block);
+    QTRY_COMPARE_WITH_TIMEOUT(m_device->status().error(),
+                              QStringLiteral("The sound device jack:ears has another block size "
+                                             "now; play again to use it."),
+                              30000);
+    m_device->close();
+    QVERIFY(m_device->open(settings(), 0).isOk());
+    QVERIFY(m_device->start(player).isOk());
+    QTRY_VERIFY_WITH_TIMEOUT(m_ears->channel(0).back() != 0.0F, 30000);
+    m_ears->changeBlock(JackServer::block);
 }
 
 // A new server is played on as if nothing had happened. Last, because the ears die with the server.
