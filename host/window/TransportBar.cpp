@@ -4,7 +4,7 @@
 #include "controls/PushButtonController.h"
 #include "host/audio/Transport.h"
 #include "host/model/MixerModel.h"
-#include "host/window/MixerLook.h"
+#include "host/window/MixerStyle.h"
 #include "widgets/SvgLabel.h"
 
 #include <QComboBox>
@@ -80,14 +80,14 @@ void TransportBar::retranslate()
 void TransportBar::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    MixerLook::drawPanel(painter, rect());
+    MixerStyle::drawPanel(painter, rect());
 }
 
-TransportBar::Button* TransportBar::addButton(const QString& symbol, const LiveTexts::Text& name)
+TransportBar::Button* TransportBar::addButton(const QString& symbol, const Retranslator::Text& name)
 {
     auto* button = new Button(this);
-    MixerLook::dressKey(button, QStringLiteral("key"));
-    button->setIconSvg(MixerLook::image(symbol));
+    MixerStyle::styleKey(button, QStringLiteral("key"));
+    button->setIconSvg(MixerStyle::image(symbol));
     m_texts.add([button, name] {
         button->setAccessibleName(name());
         button->setToolTip(name());
@@ -153,15 +153,15 @@ void TransportBar::show(const Transport* transport)
     const bool stalled = transport && transport->state() == Transport::State::Stalled;
     const bool error = stalled || (transport && transport->state() == Transport::State::Error);
     const bool loaded = transport && !transport->file().isEmpty();
-    MixerLook::enableKey(m_open, transport);
-    MixerLook::enableKey(m_play, loaded && !playing && !stalled);
-    MixerLook::enableKey(m_stop, playing || stalled);
+    MixerStyle::enableKey(m_open, transport);
+    MixerStyle::enableKey(m_play, loaded && !playing && !stalled);
+    MixerStyle::enableKey(m_stop, playing || stalled);
     m_position->setEnabled(loaded);
     m_file->setText(loaded ? QFileInfo(transport->file()).fileName() : tr("No file"));
     m_file->setToolTip(loaded ? plain(transport->file()) : QString());
-    m_lamp->setSvg(MixerLook::image(playing ? QStringLiteral("lamp_green")
-                                    : error ? QStringLiteral("lamp_red")
-                                            : QStringLiteral("lamp_off")));
+    m_lamp->setSvg(MixerStyle::image(playing ? QStringLiteral("lamp_green")
+                                     : error ? QStringLiteral("lamp_red")
+                                             : QStringLiteral("lamp_off")));
     m_status->setText(statusText(transport));
     m_status->setToolTip(error ? plain(transport->error()) : QString());
     showDevices(transport);

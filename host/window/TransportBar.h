@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "host/window/LiveTexts.h"
+#include "host/window/Retranslator.h"
 
 #include <QTimer>
 #include <QWidget>
@@ -36,7 +36,7 @@ protected:
 private:
     using Button = CommonController_MemAPI::PushButtonController;
 
-    Button* addButton(const QString& symbol, const LiveTexts::Text& name);
+    Button* addButton(const QString& symbol, const Retranslator::Text& name);
     void build();
     void listen();
     void show(const Transport* transport);
@@ -46,7 +46,7 @@ private:
     QString statusText(const Transport* transport) const;
 
     MixerModel& m_mixerModel;
-    LiveTexts m_texts;
+    Retranslator m_texts;
     Button* m_open = nullptr;
     Button* m_play = nullptr;
     Button* m_stop = nullptr;
