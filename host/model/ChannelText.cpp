@@ -12,17 +12,44 @@ constexpr QLatin1String mimeType("application/x-zolta-equalizer+json");
 constexpr QLatin1String channelKey("zolta-equalizer");
 constexpr qsizetype largestText = 1 << 16;
 
-QString errorOf(const QJsonValue& value, const Parameter& parameter, int* raw)
+enum class Problem { None, NotText, NotValue };
+
+struct Reading
 {
+    HostMemory::Values values;
+    Problem problem;
+    QString title; // of the parameter with the problem
+    QString text;  // its value
+};
+
+struct Texts
+{
+    Q_DECLARE_TR_FUNCTIONS(ChannelText)
+};
+
+void readValue(const QJsonValue& value, std::size_t index, Reading* reading)
+{
+    const Parameter& parameter = parameterTable[index];
+    reading->title = QLatin1String(parameter.title);
+    reading->text = value.toString();
+    const auto parsed = parseParameter(parameter, reading->text.toStdString());
     if (!value.isString())
-        return QCoreApplication::translate("ChannelText", "the value of \"%1\" is no text")
-            .arg(QLatin1String(parameter.title));
-    const auto parsed = parseParameter(parameter, value.toString().toStdString());
-    if (!parsed)
-        return QCoreApplication::translate("ChannelText", "\"%1\" is no value of \"%2\"")
-            .arg(value.toString(), QLatin1String(parameter.title));
-    *raw = *parsed;
-    return QString();
+        reading->problem = Problem::NotText;
+    else if (!parsed)
+        reading->problem = Problem::NotValue;
+    else
+        reading->values[index] = *parsed;
+}
+
+Reading read(const QJsonObject& object, const HostMemory::Values& values)
+{
+    Reading reading{values, Problem::None, {}, {}};
+    for (std::size_t i = 0; i < parameterCount && reading.problem == Problem::None; ++i) {
+        const QJsonValue value = object.value(QLatin1String(parameterTable[i].title));
+        if (!value.isUndefined())
+            readValue(value, i, &reading);
+    }
+    return reading;
 }
 
 QJsonObject objectIn(const QMimeData* data)
@@ -48,13 +75,16 @@ QJsonObject ChannelText::toJson(const HostMemory::Values& values)
 ChannelText::Content ChannelText::fromJson(const QJsonObject& object,
                                            const HostMemory::Values& values)
 {
-    Content content{values, QString()};
-    for (std::size_t i = 0; i < parameterCount && content.error.isEmpty(); ++i) {
-        const QJsonValue value = object.value(QLatin1String(parameterTable[i].title));
-        if (!value.isUndefined())
-            content.error = errorOf(value, parameterTable[i], &content.values[i]);
+    const Reading reading = read(object, values);
+    switch (reading.problem) {
+    case Problem::NotText:
+        return {values, Texts::tr("the value of \"%1\" must be text").arg(reading.title)};
+    case Problem::NotValue:
+        return {values,
+                Texts::tr("\"%1\" is not a value of \"%2\"").arg(reading.text, reading.title)};
+    default:
+        return {reading.values, QString()};
     }
-    return content;
 }
 
 std::unique_ptr<QMimeData> ChannelText::toMime(const HostMemory::Values& values)
@@ -72,11 +102,21 @@ bool ChannelText::canPaste(const QMimeData* data)
     return data && (data->hasFormat(mimeType) || data->hasText());
 }
 
-ChannelText::Content ChannelText::fromMime(const QMimeData* data, const HostMemory::Values& values)
+Result<HostMemory::Values> ChannelText::fromMime(const QMimeData* data,
+                                                 const HostMemory::Values& values)
 {
     const QJsonObject object = data ? objectIn(data) : QJsonObject();
     if (object.isEmpty())
-        return {values, QCoreApplication::translate(
-                            "ChannelText", "the clipboard holds no settings of an equalizer")};
-    return fromJson(object, values);
+        return Error{Texts::tr("Cannot paste: the clipboard holds no equalizer settings.")};
+    const Reading reading = read(object, values);
+    switch (reading.problem) {
+    case Problem::NotText:
+        return Error{
+            Texts::tr("Cannot paste: the value of \"%1\" must be text.").arg(reading.title)};
+    case Problem::NotValue:
+        return Error{Texts::tr("Cannot paste: \"%1\" is not a value of \"%2\".")
+                         .arg(reading.text, reading.title)};
+    default:
+        return reading.values;
+    }
 }

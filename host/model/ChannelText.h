@@ -2,6 +2,7 @@
 #pragma once
 
 #include "hosting/HostMemory.h"
+#include "hosting/Result.h"
 
 #include <QJsonObject>
 #include <QMimeData>
@@ -13,7 +14,7 @@
 /// keys are the parameters' English titles and whose values are their texts, {"Low gain": "+3.0"}.
 namespace ChannelText {
 
-/// What a text held, or why it does not count; an error is the end of a sentence.
+/// What a text held, or what is wrong with it, as the end of a sentence.
 struct Content
 {
     HostMemory::Values values;
@@ -31,6 +32,7 @@ Content fromJson(const QJsonObject& object, const HostMemory::Values& values);
 std::unique_ptr<QMimeData> toMime(const HostMemory::Values& values);
 /// Whether \a data has something to read; what it is shows when it is pasted.
 bool canPaste(const QMimeData* data);
-Content fromMime(const QMimeData* data, const HostMemory::Values& values);
+/// The same as fromJson(); the error is a sentence about pasting.
+Result<HostMemory::Values> fromMime(const QMimeData* data, const HostMemory::Values& values);
 
 } // namespace ChannelText

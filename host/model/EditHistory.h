@@ -80,7 +80,7 @@ public:
     EditHistory& operator=(const EditHistory&) = delete;
 
     QUndoStack& stack() { return m_stack; }
-    /// Forgets all steps.
+    /// Removes all steps.
     void clear() { m_stack.clear(); }
 
     /// Writes the changes' values without recording them.

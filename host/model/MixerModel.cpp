@@ -77,15 +77,15 @@ bool MixerModel::canPaste() const
     return ChannelText::canPaste(QGuiApplication::clipboard()->mimeData());
 }
 
-QString MixerModel::pasteFromClipboard(int channel)
+Status MixerModel::pasteFromClipboard(int channel)
 {
-    const ChannelText::Content content =
+    const Result<HostMemory::Values> values =
         ChannelText::fromMime(QGuiApplication::clipboard()->mimeData(), m_memory.values(channel));
-    if (!content.error.isEmpty())
-        return tr("Nothing is pasted: %1.").arg(content.error);
+    if (!values.isOk())
+        return values.status();
     const EditHistory::Step step(m_history, tr("Paste"));
-    m_memory.write(channel, content.values);
-    return QString();
+    m_memory.write(channel, values.value());
+    return {};
 }
 
 void MixerModel::feed(int channel, bool live)

@@ -4,6 +4,7 @@
 #include "host/model/ChannelCompare.h"
 #include "host/model/EditHistory.h"
 #include "hosting/ChangeListener.h"
+#include "hosting/Result.h"
 #include "parameters/ChannelValues.h"
 
 #include <QObject>
@@ -50,8 +51,8 @@ public:
 
     void copyToClipboard(int channel) const;
     bool canPaste() const;
-    /// Returns nothing, or why the clipboard's content is no use, as a sentence.
-    QString pasteFromClipboard(int channel);
+    /// Fails if the clipboard holds no equalizer settings.
+    Status pasteFromClipboard(int channel);
 
     /// Lets a channel's strip play the file, or with \a live what comes in, unless some strip does
     /// already. No step of the history.

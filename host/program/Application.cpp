@@ -134,7 +134,7 @@ int Application::runHeadless()
             error = printList();
     }
     if (error.isEmpty() && !m_commandLine.saveState.isEmpty())
-        error = session->saveState(m_commandLine.saveState);
+        error = session->saveState(m_commandLine.saveState).error();
     if (error.isEmpty() && !m_commandLine.screenshot.isEmpty())
         error = saveScreenshot(*session);
     return finished(error);
@@ -247,7 +247,8 @@ void Application::playMeters()
 
 QString Application::loadState(EditorSession& session)
 {
-    return m_commandLine.state.isEmpty() ? QString() : session.loadState(m_commandLine.state);
+    return m_commandLine.state.isEmpty() ? QString()
+                                         : session.loadState(m_commandLine.state).error();
 }
 
 void Application::applySettings()

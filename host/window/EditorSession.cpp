@@ -6,7 +6,6 @@
 #include "hosting/StateFile.h"
 #include "interfaces/IVaskEffectEditor2.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 
 #include <public.sdk/source/common/memorystream.h>
@@ -44,7 +43,7 @@ EditorSession::EditorSession(Mixer& mixer, const EditorSettings& settings, QWidg
 EditorSession::~EditorSession()
 {
     if (m_guard) {
-        keepMap();
+        saveMap();
         m_editor->setMemAPI(nullptr);
         delete m_editor;
     }
@@ -83,34 +82,32 @@ void EditorSession::setSliderMode(int mode)
     m_editor->setSliderEditMode(mode);
 }
 
-QString EditorSession::loadState(const QString& file)
+Status EditorSession::loadState(const QString& file)
 {
     Result<QByteArray> state = StateFile(file, m_editor->uid()).read();
     if (!state.isOk())
-        return state.error();
+        return state.status();
     const HostMemory::Values before = m_mixer.memory.values(m_settings.channel);
     const EditHistory::Step step(m_mixer.mixerModel.history(),
-                                 QCoreApplication::translate("EditorSession", "Load %1")
-                                     .arg(QFileInfo(file).completeBaseName()));
+                                 tr("Load %1").arg(QFileInfo(file).completeBaseName()));
     MemoryStream stream(state.value().data(), state.value().size());
     if (m_editor->getVstComponent()->setState(&stream) == Steinberg::kResultOk)
-        return QString();
+        return {};
     m_mixer.memory.write(m_settings.channel, before);
-    return QStringLiteral("The plug-in did not take the state of %1.").arg(file);
+    return Error{tr("The plug-in did not accept the state of %1.").arg(file)};
 }
 
-QString EditorSession::saveState(const QString& file) const
+Status EditorSession::saveState(const QString& file) const
 {
     MemoryStream stream;
     const Steinberg::tresult result = m_editor->getVstComponent()->getState(&stream);
     if (result != Steinberg::kResultOk || stream.getSize() != stateSize)
-        return QStringLiteral("The state file %1 is not written: the plug-in gave no state.")
-            .arg(file);
-    const QByteArray state(stream.getData(), stateSize);
-    return StateFile(file, m_editor->uid()).write(state).error();
+        return Error{
+            tr("The state file %1 cannot be written: the plug-in gave no state.").arg(file)};
+    return StateFile(file, m_editor->uid()).write(QByteArray(stream.getData(), stateSize));
 }
 
-void EditorSession::keepMap()
+void EditorSession::saveMap()
 {
     m_mixer.settings.keep(m_settings.channel, m_editor->getEditorSettings());
 }

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "hosting/Result.h"
+
+#include <QCoreApplication>
 #include <QImage>
 #include <QPointer>
 #include <QString>
@@ -26,9 +29,11 @@ struct EditorSettings
 ///
 /// The editor is the only child of \a stage and decides the stage's size. It begins with the
 /// settings map that the mixer keeps for its channel and leaves its own there at the end. Mixer and
-/// stage must outlive the session. Errors are sentences; an empty text means success.
+/// stage must outlive the session.
 class EditorSession
 {
+    Q_DECLARE_TR_FUNCTIONS(EditorSession)
+
 public:
     /// Null if the plug-in makes no editor for the channel.
     static std::unique_ptr<EditorSession> open(Mixer& mixer, const EditorSettings& settings,
@@ -46,15 +51,15 @@ public:
 
     /// Loads the channel's settings from \a file through the editor's component, as one step of
     /// the mixer's history; changes nothing if the file is not sound.
-    QString loadState(const QString& file);
-    QString saveState(const QString& file) const;
+    Status loadState(const QString& file);
+    Status saveState(const QString& file) const;
 
-    /// Keeps the editor's settings map now, before the end.
-    void keepMap();
+    /// Saves the editor's settings map in the mixer now, before the end.
+    void saveMap();
     /// Gives the editor the keyboard focus.
     void takeFocus();
 
-    /// The editor alone, as it looks at its scale, one picture point a pixel.
+    /// The editor alone at its scale, one point of the picture for each pixel.
     QImage picture() const;
 
 private:

@@ -41,7 +41,7 @@ EditorToolBar::EditorToolBar(EditorSession& session, ChannelCompare& compare, QW
     addStereo();
     addSampleRate();
     addModes();
-    dressExtension();
+    styleExtension();
 }
 
 void EditorToolBar::setStereo(bool stereo)
@@ -154,8 +154,8 @@ void EditorToolBar::addModes()
     addWidget(sliders);
 }
 
-// The key to what has no room on the bar. Its own picture is as dark as the bar is.
-void EditorToolBar::dressExtension()
+// The button for what has no room on the bar. Its own picture is too dark for the bar.
+void EditorToolBar::styleExtension()
 {
     auto* key = findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
     if (!key)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "host/window/LiveTexts.h"
+#include "host/window/Retranslator.h"
 
 #include <QToolBar>
 
@@ -43,11 +43,11 @@ private:
     void addStereo();
     void addSampleRate();
     void addModes();
-    void dressExtension();
+    void styleExtension();
 
     EditorSession& m_session;
     ChannelCompare& m_compare;
-    LiveTexts m_texts;
+    Retranslator m_texts;
     QSpinBox* m_zoom = nullptr;
     QComboBox* m_stereo = nullptr;
     QAction* m_chooseA = nullptr;

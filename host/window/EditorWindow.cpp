@@ -3,8 +3,8 @@
 
 #include "host/audio/AudioSession.h"
 #include "host/files/FactoryPresets.h"
+#include "host/window/EditMenu.h"
 #include "host/window/EditorToolBar.h"
-#include "host/window/HistoryMenu.h"
 #include "host/window/LanguageMenu.h"
 #include "host/window/Mixer.h"
 #include "host/window/ParameterListView.h"
@@ -12,13 +12,10 @@
 #include "host/window/ResponseView.h"
 #include "host/window/WindowPanels.h"
 
-#include <QClipboard>
 #include <QCoreApplication>
 #include <QDockWidget>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QGuiApplication>
-#include <QInputDialog>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
@@ -67,7 +64,8 @@ void EditorWindow::setMeasured(bool measured) { m_panels->setShown(m_measured, m
 
 void EditorWindow::loadPreset(const QString& name)
 {
-    report(m_session->loadState(m_presets->folder().fileOf(name)), tr("Loaded %1.").arg(name));
+    report(m_session->loadState(m_presets->folder().fileOf(name)).error(),
+           tr("Loaded %1.").arg(name));
 }
 
 void EditorWindow::savePreset(const QString& name)
@@ -77,7 +75,7 @@ void EditorWindow::savePreset(const QString& name)
     if (error.isEmpty())
         error = folder.prepare();
     if (error.isEmpty())
-        error = m_session->saveState(folder.fileOf(name));
+        error = m_session->saveState(folder.fileOf(name)).error();
     report(error, tr("Saved %1.").arg(name));
 }
 
@@ -105,63 +103,63 @@ void EditorWindow::buildMenus()
 
 void EditorWindow::buildFileMenu(QMenu* menu)
 {
-    addItem(
-        menu, [] { return tr("&Load State..."); }, QKeySequence::Open, [this] { openStateFile(); });
-    addItem(
-        menu, [] { return tr("&Save State..."); }, QKeySequence::Save, [this] { saveStateFile(); });
+    m_texts.action(
+        menu, [] { return tr("&Load State..."); }, QKeySequence::Open, this,
+        [this] { openStateFile(); });
+    m_texts.action(
+        menu, [] { return tr("&Save State..."); }, QKeySequence::Save, this,
+        [this] { saveStateFile(); });
     menu->addSeparator();
-    addItem(
-        menu, [] { return tr("&Close"); }, QKeySequence::Close, [this] { close(); });
-    addItem(
-        menu, [] { return tr("&Quit"); }, QKeySequence::Quit, [this] { Q_EMIT quitWanted(); });
+    m_texts.action(
+        menu, [] { return tr("&Close"); }, QKeySequence::Close, this, [this] { close(); });
+    m_texts.action(
+        menu, [] { return tr("&Quit"); }, QKeySequence::Quit, this,
+        [this] { Q_EMIT quitWanted(); });
 }
 
 void EditorWindow::buildEditMenu(QMenu* menu)
 {
     ChannelCompare& compare = m_mixer.mixerModel.compare();
     const int channel = settings().channel;
-    addHistoryActions(menu, m_mixer.mixerModel.history(), m_texts);
+    const EditMenu::Texts texts{[] { return tr("&Copy Settings"); },
+                                [] { return tr("&Paste Settings"); },
+                                [] { return tr("&Reset to Defaults"); }};
+    const auto* edit = new EditMenu(
+        menu, m_mixer.mixerModel, [channel] { return channel; }, texts, m_texts);
+    connect(edit, &EditMenu::finished, this, &EditorWindow::showMessage);
     menu->addSeparator();
-    addItem(
-        menu, [] { return tr("&Copy Settings"); }, QKeySequence::Copy,
-        [this, channel] { m_mixer.mixerModel.copyToClipboard(channel); });
-    QAction* pasting = addItem(
-        menu, [] { return tr("&Paste Settings"); }, QKeySequence::Paste, [this] { paste(); });
-    const auto follow = [this, pasting] { pasting->setEnabled(m_mixer.mixerModel.canPaste()); };
-    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, pasting, follow);
-    follow();
-    addItem(
-        menu, [] { return tr("&Reset to Defaults"); }, QKeySequence(),
-        [this] { resetToDefaults(); });
-    menu->addSeparator();
-    addItem(
+    m_texts.action(
         menu, [] { return tr("S&witch between A and B"); }, QKeySequence(Qt::CTRL | Qt::Key_B),
-        [&compare, channel] { compare.choose(channel, !compare.isB(channel)); });
-    addItem(
-        menu, [] { return tr("Copy A &to B"); }, QKeySequence(),
+        this, [&compare, channel] { compare.choose(channel, !compare.isB(channel)); });
+    m_texts.action(
+        menu, [] { return tr("Copy A &to B"); }, QKeySequence(), this,
         [&compare, channel] { compare.copy(channel, true); });
-    addItem(
-        menu, [] { return tr("Copy B t&o A"); }, QKeySequence(),
+    m_texts.action(
+        menu, [] { return tr("Copy B t&o A"); }, QKeySequence(), this,
         [&compare, channel] { compare.copy(channel, false); });
 }
 
 void EditorWindow::buildPresetMenu(QMenu* menu)
 {
-    m_presets = new PresetMenu(menu, PresetFolder(PresetFolder::standardFolder()), m_texts);
+    m_presets = new PresetMenu(
+        menu, PresetFolder(PresetFolder::standardFolder()),
+        [this] { return m_mixer.mixerModel.name(settings().channel); }, m_texts);
     connect(m_presets, &PresetMenu::factoryChosen, this, &EditorWindow::applyFactoryPreset);
     connect(m_presets, &PresetMenu::userChosen, this, &EditorWindow::loadPreset);
-    connect(m_presets, &PresetMenu::saveWanted, this, &EditorWindow::askForPresetName);
-    connect(m_presets, &PresetMenu::deleteWanted, this, &EditorWindow::askToDelete);
+    connect(m_presets, &PresetMenu::saveWanted, this, &EditorWindow::savePreset);
+    connect(m_presets, &PresetMenu::deleteWanted, this, &EditorWindow::deletePreset);
 }
 
 void EditorWindow::buildViewMenu(QMenu* menu)
 {
-    addItem(
-        menu, [] { return tr("Zoom &In"); }, QKeySequence::ZoomIn, [this] { m_bar->zoomBy(1); });
-    addItem(
-        menu, [] { return tr("Zoom &Out"); }, QKeySequence::ZoomOut, [this] { m_bar->zoomBy(-1); });
-    addItem(
-        menu, [] { return tr("&Actual Size"); }, QKeySequence(Qt::CTRL | Qt::Key_0),
+    m_texts.action(
+        menu, [] { return tr("Zoom &In"); }, QKeySequence::ZoomIn, this,
+        [this] { m_bar->zoomBy(1); });
+    m_texts.action(
+        menu, [] { return tr("Zoom &Out"); }, QKeySequence::ZoomOut, this,
+        [this] { m_bar->zoomBy(-1); });
+    m_texts.action(
+        menu, [] { return tr("&Actual Size"); }, QKeySequence(Qt::CTRL | Qt::Key_0), this,
         [this] { setScale(1.0); });
     menu->addSeparator();
     addPanelItem(
@@ -170,27 +168,17 @@ void EditorWindow::buildViewMenu(QMenu* menu)
     addPanelItem(
         menu, [] { return tr("&Parameters"); }, QKeySequence(Qt::CTRL | Qt::Key_L), m_parameters);
     addLanguageMenu(menu, m_mixer.language, m_texts);
-    addItem(
-        menu, [] { return tr("&Mixer"); }, QKeySequence(Qt::CTRL | Qt::Key_M),
+    m_texts.action(
+        menu, [] { return tr("&Mixer"); }, QKeySequence(Qt::CTRL | Qt::Key_M), this,
         [this] { Q_EMIT mixerWanted(); });
 }
 
-template <typename Slot>
-QAction* EditorWindow::addItem(QMenu* menu, const LiveTexts::Text& text, const QKeySequence& keys,
-                               Slot slot)
-{
-    QAction* action = m_texts.action(menu, text);
-    action->setShortcut(keys);
-    connect(action, &QAction::triggered, this, slot);
-    return action;
-}
-
 // The panel's own action follows it, but shows it without making room for it.
-void EditorWindow::addPanelItem(QMenu* menu, const LiveTexts::Text& text, const QKeySequence& keys,
-                                QDockWidget* panel)
+void EditorWindow::addPanelItem(QMenu* menu, const Retranslator::Text& text,
+                                const QKeySequence& keys, QDockWidget* panel)
 {
-    QAction* action =
-        addItem(menu, text, keys, [this, panel](bool shown) { m_panels->setShown(panel, shown); });
+    QAction* action = m_texts.action(
+        menu, text, keys, this, [this, panel](bool shown) { m_panels->setShown(panel, shown); });
     action->setCheckable(true);
     connect(panel->toggleViewAction(), &QAction::toggled, action, &QAction::setChecked);
 }
@@ -249,8 +237,7 @@ void EditorWindow::buildPanels()
     m_panels = std::make_unique<WindowPanels>(*this, *m_area, *m_stage);
 
     auto* table = new ParameterListView(m_mixer.memory, settings().channel, this);
-    connect(table, &ParameterListView::refused, this,
-            [this](const QString& reason) { statusBar()->showMessage(reason, messageTime); });
+    connect(table, &ParameterListView::refused, this, &EditorWindow::showMessage);
     m_parameters = m_panels->add(QStringLiteral("parameters"), table, Qt::RightDockWidgetArea);
     m_texts.add([this] { m_parameters->setWindowTitle(tr("Parameters")); });
 
@@ -319,7 +306,7 @@ void EditorWindow::openStateFile()
         QFileDialog::getOpenFileName(this, tr("Load State"), QString(),
                                      tr("States and presets (*.state *.vstpreset);;All files (*)"));
     if (!file.isEmpty())
-        report(m_session->loadState(file), tr("Loaded %1.").arg(file));
+        report(m_session->loadState(file).error(), tr("Loaded %1.").arg(file));
 }
 
 void EditorWindow::saveStateFile()
@@ -332,62 +319,18 @@ void EditorWindow::saveStateFile()
     if (QFileInfo(file).suffix().isEmpty())
         file += filter.contains(QLatin1String("vstpreset")) ? QLatin1String(".vstpreset")
                                                             : QLatin1String(".state");
-    report(m_session->saveState(file), tr("Saved %1.").arg(file));
+    report(m_session->saveState(file).error(), tr("Saved %1.").arg(file));
 }
 
-void EditorWindow::resetToDefaults()
+void EditorWindow::showMessage(const QString& message)
 {
-    const EditHistory::Step step(m_mixer.mixerModel.history(), tr("Reset"));
-    m_mixer.memory.reset(settings().channel);
-    statusBar()->showMessage(tr("Every parameter is at its default."), messageTime);
-}
-
-void EditorWindow::paste()
-{
-    const QString error = m_mixer.mixerModel.pasteFromClipboard(settings().channel);
-    statusBar()->showMessage(error.isEmpty() ? tr("Pasted.") : error, messageTime);
-}
-
-void EditorWindow::askForPresetName()
-{
-    const QString name = typedPresetName();
-    if (name.isEmpty())
-        return;
-    if (!m_presets->folder().contains(name) ||
-        QMessageBox::question(this, windowTitle(),
-                              tr("There is a preset %1. Replace it?").arg(name)) ==
-            QMessageBox::Yes)
-        savePreset(name);
-}
-
-// Asks until the name is a good one; empty if the user gives up.
-QString EditorWindow::typedPresetName()
-{
-    QString typed = m_mixer.mixerModel.name(settings().channel);
-    for (;;) {
-        bool accepted = false;
-        typed = QInputDialog::getText(this, tr("Save as Preset"), tr("Name of the preset"),
-                                      QLineEdit::Normal, typed, &accepted);
-        const QString error = PresetFolder::errorOfName(typed.simplified());
-        if (!accepted)
-            return QString();
-        if (error.isEmpty())
-            return typed.simplified();
-        QMessageBox::warning(this, windowTitle(), error);
-    }
-}
-
-void EditorWindow::askToDelete(const QString& name)
-{
-    if (QMessageBox::question(this, windowTitle(), tr("Delete the preset %1?").arg(name)) ==
-        QMessageBox::Yes)
-        deletePreset(name);
+    statusBar()->showMessage(message, messageTime);
 }
 
 void EditorWindow::report(const QString& error, const QString& success)
 {
     if (error.isEmpty())
-        statusBar()->showMessage(success, messageTime);
+        showMessage(success);
     else
         QMessageBox::warning(this, windowTitle(), error);
 }

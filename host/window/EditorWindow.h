@@ -2,7 +2,7 @@
 #pragma once
 
 #include "host/window/EditorSession.h"
-#include "host/window/LiveTexts.h"
+#include "host/window/Retranslator.h"
 
 #include <QMainWindow>
 
@@ -21,14 +21,14 @@ class WindowPanels;
 
 /// The window of one open editor: the editor, what it can be switched between, presets, the
 /// channel's A and B settings, and in panels around it a list of the channel's parameters, which
-/// can be edited, and the measured response. The window's geometry and state say where everything
+/// can be edited, and the measured response. The window's geometry and state hold where everything
 /// is.
 class EditorWindow : public QMainWindow
 {
     Q_OBJECT
 
 public:
-    /// Takes over the session and the stage that it plays on.
+    /// Owns the session and the stage that shows its editor.
     EditorWindow(Mixer& mixer, std::unique_ptr<QWidget> stage,
                  std::unique_ptr<EditorSession> session);
     ~EditorWindow() override;
@@ -40,7 +40,7 @@ public:
     /// Shows, below the editor, the response as an impulse measures it.
     void setMeasured(bool measured);
 
-    /// Presets. What goes wrong is said in a message.
+    /// Presets. Errors are shown in a message box.
     void loadPreset(const QString& name);
     void savePreset(const QString& name);
     void deletePreset(const QString& name);
@@ -67,9 +67,7 @@ private:
     void buildEditMenu(QMenu* menu);
     void buildPresetMenu(QMenu* menu);
     void buildViewMenu(QMenu* menu);
-    template <typename Slot>
-    QAction* addItem(QMenu* menu, const LiveTexts::Text& text, const QKeySequence& keys, Slot slot);
-    void addPanelItem(QMenu* menu, const LiveTexts::Text& text, const QKeySequence& keys,
+    void addPanelItem(QMenu* menu, const Retranslator::Text& text, const QKeySequence& keys,
                       QDockWidget* panel);
     void buildToolBar();
     void buildStatus();
@@ -81,15 +79,11 @@ private:
     void showTitle();
     void openStateFile();
     void saveStateFile();
-    void resetToDefaults();
-    void paste();
-    void askForPresetName();
-    QString typedPresetName();
-    void askToDelete(const QString& name);
+    void showMessage(const QString& message);
     void report(const QString& error, const QString& success);
 
     Mixer& m_mixer;
-    LiveTexts m_texts;
+    Retranslator m_texts;
     std::unique_ptr<EditorSession> m_session;
     QScrollArea* m_area = nullptr;
     QWidget* m_stage = nullptr;

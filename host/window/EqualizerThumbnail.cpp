@@ -3,7 +3,7 @@
 
 #include "equalizer/BandDesign.h"
 #include "host/model/MixerModel.h"
-#include "host/window/MixerLook.h"
+#include "host/window/MixerStyle.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -60,7 +60,7 @@ void EqualizerThumbnail::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF glass = QRectF(rect()).adjusted(0, 0, 0, -1);
-    MixerLook::drawWell(painter, glass, 3);
+    MixerStyle::drawWell(painter, glass, 3);
     const QRectF plot = glass.adjusted(2, 2, -2, -2);
     painter.setClipRect(plot);
     drawGrid(painter, plot);
@@ -85,7 +85,7 @@ QPolygonF EqualizerThumbnail::curve(const QRectF& plot) const
 void EqualizerThumbnail::drawCurve(QPainter& painter, const QRectF& plot) const
 {
     const bool on = m_mixerModel.memory().strip(m_channel, StripParameter::EqualizerOn) != 0;
-    const QColor color = on ? MixerLook::accent.lighter(125) : MixerLook::dimLetters.darker(150);
+    const QColor color = on ? MixerStyle::accent.lighter(125) : MixerStyle::dimLetters.darker(150);
     const QPolygonF line = curve(plot);
     QPolygonF area = line;
     area << QPointF(line.last().x(), plot.center().y())

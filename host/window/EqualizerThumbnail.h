@@ -20,7 +20,7 @@ public:
     EqualizerThumbnail(MixerModel& mixerModel, int channel, QWidget* parent = nullptr);
 
 Q_SIGNALS:
-    /// The user wants a closer look.
+    /// The user clicked it.
     void clicked();
 
 protected:

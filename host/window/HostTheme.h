@@ -9,5 +9,5 @@ class QWidget;
 /// editors, which bring a style of their own.
 void applyHostTheme();
 
-/// Dresses a tool bar, dock widget, table or list whose children are the mixer's own.
+/// Styles a tool bar, dock widget, table or list whose children are the mixer's own.
 void applyHostSheet(QWidget* widget);

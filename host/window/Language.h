@@ -7,7 +7,7 @@
 #include <array>
 #include <optional>
 
-/// What the program and its editors can speak. The texts are written in English; the others come
+/// The languages of the program and its editors. The texts are written in English; the others come
 /// from translations/.
 enum class Language { English, German, Japanese };
 
@@ -21,7 +21,7 @@ std::optional<Language> languageOf(const QString& code);
 QString nameOf(Language language);
 
 /// Switches the whole program to a language. Every window, and so every editor, is sent a
-/// QEvent::LanguageChange and says its texts anew. The texts that are Qt's own ("Cancel") follow
+/// QEvent::LanguageChange and sets its texts again. The texts that are Qt's own ("Cancel") follow
 /// where Qt's translations are installed. Needs an application object; English at first.
 class LanguageSwitch
 {

@@ -2,13 +2,13 @@
 #include "host/window/LanguageMenu.h"
 
 #include "host/window/Language.h"
-#include "host/window/LiveTexts.h"
+#include "host/window/Retranslator.h"
 
 #include <QActionGroup>
 #include <QCoreApplication>
 #include <QMenu>
 
-void addLanguageMenu(QMenu* parent, LanguageSwitch& choice, LiveTexts& texts)
+void addLanguageMenu(QMenu* parent, LanguageSwitch& choice, Retranslator& texts)
 {
     QMenu* menu =
         texts.menu(parent, [] { return QCoreApplication::translate("LanguageMenu", "&Language"); });

@@ -158,7 +158,7 @@ void MixerSession::collectWindows()
     m_data.mixerGeometry = m_window->saveGeometry();
     m_data.editors.clear();
     for (EditorWindow* editor : m_window->editors()) {
-        editor->session().keepMap();
+        editor->session().saveMap();
         const EditorSettings& settings = editor->settings();
         m_data.editors.push_back({settings.channel, settings.stereo, settings.scale, false,
                                   editor->saveGeometry(), editor->saveState()});

@@ -7,7 +7,7 @@
 #include "controls/TextEditController.h"
 #include "host/model/MixerModel.h"
 #include "host/window/EqualizerThumbnail.h"
-#include "host/window/MixerLook.h"
+#include "host/window/MixerStyle.h"
 #include "host/window/StripMeters.h"
 #include "hosting/HostModel.h"
 #include "widgets/ChannelNameEdit.h"
@@ -119,7 +119,7 @@ void MixerStrip::setSelected(bool selected)
     update();
 }
 
-void MixerStrip::takeMeters(const unsigned int* words, unsigned int count)
+void MixerStrip::showMeters(const unsigned int* words, unsigned int count)
 {
     if (count < HostModel::meterWordCount)
         return;
@@ -147,7 +147,7 @@ void MixerStrip::mousePressEvent(QMouseEvent* event)
     QWidget::mousePressEvent(event);
 }
 
-// A field that is resized forgets the margin that its name keeps.
+// Resizing the field resets the margin that its name needs.
 void MixerStrip::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
@@ -158,17 +158,17 @@ void MixerStrip::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    MixerLook::drawPanel(painter, rect());
+    MixerStyle::drawPanel(painter, rect());
     painter.fillRect(QRectF(1, 1, width() - 2, 3),
-                     m_selected ? MixerLook::accent : QColor(0x10, 0x12, 0x14));
+                     m_selected ? MixerStyle::accent : QColor(0x10, 0x12, 0x14));
     for (const QRect& well : {namePlace, levelPlace, meterPlace.adjusted(-2, -2, 2, 2)})
-        MixerLook::drawWell(painter, well, 3);
+        MixerStyle::drawWell(painter, well, 3);
     drawScale(painter);
     QFont font = painter.font();
     font.setPixelSize(11);
     font.setBold(true);
     painter.setFont(font);
-    painter.setPen(m_selected ? MixerLook::letters : MixerLook::dimLetters);
+    painter.setPen(m_selected ? MixerStyle::letters : MixerStyle::dimLetters);
     painter.drawText(numberPlace, Qt::AlignCenter,
                      isPair() ? QStringLiteral("%1 + %2").arg(m_channel).arg(partnerOf(m_channel))
                               : QString::number(m_channel));
@@ -207,9 +207,9 @@ void MixerStrip::showName()
 void MixerStrip::buildSource()
 {
     auto* source = new PullDownButtonController(this);
-    MixerLook::dressKey(source, QStringLiteral("wide"));
-    source->setButtonSvg(MixerLook::image(QStringLiteral("choice_up")));
-    source->setPushButtonSvg(MixerLook::image(QStringLiteral("choice_dw")));
+    MixerStyle::styleKey(source, QStringLiteral("wide"));
+    source->setButtonSvg(MixerStyle::image(QStringLiteral("choice_up")));
+    source->setPushButtonSvg(MixerStyle::image(QStringLiteral("choice_dw")));
     source->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     source->setTextLeftMargin(7);
     source->setGeometry(sourcePlace);
@@ -226,8 +226,8 @@ void MixerStrip::buildWidth()
     const char* symbols[] = {"symbol_mono", "symbol_stereo"};
     for (int i = 0; i < 2; ++i) {
         auto* key = new PushButtonController(group);
-        MixerLook::dressKey(key, QStringLiteral("key"), QStringLiteral("blue"));
-        key->setIconSvg(MixerLook::image(QLatin1String(symbols[i])));
+        MixerStyle::styleKey(key, QStringLiteral("key"), QStringLiteral("blue"));
+        key->setIconSvg(MixerStyle::image(QLatin1String(symbols[i])));
         key->move(i * (rightColumn - margin), 0);
         m_texts.add([this, key, i] {
             const QString text = i == 0 ? tr("%1 mono") : tr("%1 stereo");
@@ -267,9 +267,9 @@ void MixerStrip::buildFader()
 {
     auto* fader = new FaderController(this);
     fader->setGeometry(faderPlace);
-    fader->setBackgroundSvg(MixerLook::image(QStringLiteral("fader_groove")));
-    fader->setKnobSvg(MixerLook::image(QStringLiteral("fader_cap")));
-    fader->setShadowSvg(MixerLook::image(QStringLiteral("fader_shadow")));
+    fader->setBackgroundSvg(MixerStyle::image(QStringLiteral("fader_groove")));
+    fader->setKnobSvg(MixerStyle::image(QStringLiteral("fader_cap")));
+    fader->setShadowSvg(MixerStyle::image(QStringLiteral("fader_shadow")));
     fader->setEnableDoubleClick(true);
     fader->setOperationType(FaderController::Relative);
     fader->setFocusPolicy(Qt::StrongFocus);
@@ -307,7 +307,7 @@ void MixerStrip::bind(AbstractController* control, StripParameter parameter, int
 MixerStrip::Key* MixerStrip::addKey(const QPoint& place, const QString& color)
 {
     auto* key = new Key(this);
-    MixerLook::dressKey(key, QStringLiteral("key"), color);
+    MixerStyle::styleKey(key, QStringLiteral("key"), color);
     key->move(place);
     return key;
 }
@@ -346,7 +346,7 @@ void MixerStrip::drawScale(QPainter& painter) const
     QFont font = painter.font();
     font.setPixelSize(9);
     painter.setFont(font);
-    painter.setPen(MixerLook::dimLetters);
+    painter.setPen(MixerStyle::dimLetters);
     const double travel = faderPlace.height() - capHeight;
     for (const ScaleMark& mark : scale) {
         const double y = faderPlace.top() + capHeight / 2.0 +
@@ -362,7 +362,7 @@ void MixerStrip::drawFocus(QPainter& painter) const
     if (!focused || focused == m_name || !isAncestorOf(focused))
         return;
     const QRect place(focused->mapTo(this, QPoint()), focused->size());
-    painter.setPen(QPen(MixerLook::accent, 1));
+    painter.setPen(QPen(MixerStyle::accent, 1));
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(QRectF(place).adjusted(-2.5, -2.5, 2.5, 2.5), 4, 4);
 }

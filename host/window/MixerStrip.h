@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "host/window/LiveTexts.h"
+#include "host/window/Retranslator.h"
 #include "parameters/StripTable.h"
 
 #include <QWidget>
@@ -41,8 +41,8 @@ public:
     /// Marks the strip that the window's menus act on.
     void setSelected(bool selected);
     /// Shows a reading of the meters, laid out as HostModel says.
-    void takeMeters(const unsigned int* words, unsigned int count);
-    /// Says its texts anew: in another language, or because the channel's name or width changed.
+    void showMeters(const unsigned int* words, unsigned int count);
+    /// Sets its texts again: in another language, or because the channel's name or width changed.
     void retranslate();
 
 Q_SIGNALS:
@@ -78,7 +78,7 @@ private:
     MixerModel& m_mixerModel;
     int m_channel;
     bool m_selected = false;
-    LiveTexts m_texts;
+    Retranslator m_texts;
     ChannelNameEdit* m_name = nullptr;
     StripMeters* m_meters = nullptr;
     bool m_shownAsPair = false;

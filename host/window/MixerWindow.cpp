@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/window/MixerWindow.h"
 
+#include "host/window/EditMenu.h"
 #include "host/window/EditorWindow.h"
-#include "host/window/HistoryMenu.h"
-#include "host/window/HostTheme.h"
 #include "host/window/LanguageMenu.h"
 #include "host/window/Mixer.h"
 #include "host/window/MixerStrip.h"
 #include "host/window/TransportBar.h"
 
 #include <QApplication>
-#include <QClipboard>
 #include <QHBoxLayout>
 #include <QInputDialog>
 #include <QMenuBar>
@@ -219,7 +217,7 @@ void MixerWindow::closeEvent(QCloseEvent* event)
 void MixerWindow::notifyMeterDbUpdated(unsigned int* values, unsigned int count)
 {
     for (MixerStrip* strip : std::as_const(m_strips))
-        strip->takeMeters(values, count);
+        strip->showMeters(values, count);
 }
 
 void MixerWindow::windowCloses()
@@ -240,26 +238,13 @@ void MixerWindow::rename()
         m_mixer.mixerModel.rename(m_selected, name);
 }
 
-void MixerWindow::paste()
-{
-    const QString error = m_mixer.mixerModel.pasteFromClipboard(m_selected);
-    if (!error.isEmpty())
-        statusBar()->showMessage(error, messageTime);
-}
-
-void MixerWindow::resetToDefaults()
-{
-    const EditHistory::Step step(m_mixer.mixerModel.history(), tr("Reset"));
-    m_mixer.memory.reset(m_selected);
-}
-
 void MixerWindow::buildMenus()
 {
     QMenu* file = m_texts.menu(menuBar(), [] { return tr("&File"); });
-    addItem(
-        file, [] { return tr("&Close"); }, QKeySequence::Close, [this] { close(); });
-    addItem(
-        file, [] { return tr("&Quit"); }, QKeySequence::Quit, [this] { quit(); });
+    m_texts.action(
+        file, [] { return tr("&Close"); }, QKeySequence::Close, this, [this] { close(); });
+    m_texts.action(
+        file, [] { return tr("&Quit"); }, QKeySequence::Quit, this, [this] { quit(); });
     buildEditMenu();
     buildChannelMenu();
     addLanguageMenu(m_texts.menu(menuBar(), [] { return tr("&View"); }), m_mixer.language, m_texts);
@@ -268,37 +253,24 @@ void MixerWindow::buildMenus()
 void MixerWindow::buildEditMenu()
 {
     QMenu* menu = m_texts.menu(menuBar(), [] { return tr("&Edit"); });
-    addHistoryActions(menu, m_mixer.mixerModel.history(), m_texts);
-    menu->addSeparator();
-    addItem(
-        menu, [] { return tr("&Copy Equalizer"); }, QKeySequence::Copy,
-        [this] { m_mixer.mixerModel.copyToClipboard(m_selected); });
-    QAction* pasting = addItem(
-        menu, [] { return tr("&Paste Equalizer"); }, QKeySequence::Paste, [this] { paste(); });
-    const auto follow = [this, pasting] { pasting->setEnabled(m_mixer.mixerModel.canPaste()); };
-    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, pasting, follow);
-    follow();
-    addItem(
-        menu, [] { return tr("R&eset Equalizer"); }, QKeySequence(), [this] { resetToDefaults(); });
+    const EditMenu::Texts texts{[] { return tr("&Copy Equalizer"); },
+                                [] { return tr("&Paste Equalizer"); },
+                                [] { return tr("R&eset Equalizer"); }};
+    const auto* edit = new EditMenu(
+        menu, m_mixer.mixerModel, [this] { return m_selected; }, texts, m_texts);
+    connect(edit, &EditMenu::finished, this,
+            [this](const QString& message) { statusBar()->showMessage(message, messageTime); });
 }
 
 void MixerWindow::buildChannelMenu()
 {
     QMenu* menu = m_texts.menu(menuBar(), [] { return tr("&Channel"); });
-    addItem(
-        menu, [] { return tr("&Open Editor"); }, QKeySequence(Qt::CTRL | Qt::Key_E),
+    m_texts.action(
+        menu, [] { return tr("&Open Editor"); }, QKeySequence(Qt::CTRL | Qt::Key_E), this,
         [this] { editChannel(m_selected, m_mixer.mixerModel.isPair(m_selected)); });
-    addItem(
-        menu, [] { return tr("&Rename..."); }, QKeySequence(Qt::Key_F2), [this] { rename(); });
-}
-
-QAction* MixerWindow::addItem(QMenu* menu, const LiveTexts::Text& text, const QKeySequence& keys,
-                              const std::function<void()>& act)
-{
-    QAction* action = m_texts.action(menu, text);
-    action->setShortcut(keys);
-    connect(action, &QAction::triggered, this, act);
-    return action;
+    m_texts.action(
+        menu, [] { return tr("&Rename..."); }, QKeySequence(Qt::Key_F2), this,
+        [this] { rename(); });
 }
 
 QWidget* MixerWindow::buildStrips()

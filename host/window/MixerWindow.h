@@ -2,7 +2,7 @@
 #pragma once
 
 #include "host/window/EditorSession.h"
-#include "host/window/LiveTexts.h"
+#include "host/window/Retranslator.h"
 #include "interfaces/IMeterObserver.h"
 
 #include <QHash>
@@ -11,7 +11,6 @@
 #include <QPointer>
 
 #include <array>
-#include <functional>
 
 class EditorWindow;
 class MixerStrip;
@@ -63,19 +62,15 @@ private:
     void joinEditors(int first);
     void windowCloses();
     void rename();
-    void paste();
-    void resetToDefaults();
     void buildMenus();
     void buildEditMenu();
     void buildChannelMenu();
-    QAction* addItem(QMenu* menu, const LiveTexts::Text& text, const QKeySequence& keys,
-                     const std::function<void()>& act);
     QWidget* buildStrips();
     void chooseSize();
 
     Mixer& m_mixer;
     EditorSettings m_settings;
-    LiveTexts m_texts;
+    Retranslator m_texts;
     QHash<int, QPointer<EditorWindow>> m_editors;
     QList<MixerStrip*> m_strips;
     std::array<bool, 4> m_pairs{};

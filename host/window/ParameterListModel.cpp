@@ -31,6 +31,23 @@ bool isChoice(const Parameter& parameter)
            parameter.kind != ParameterKind::Decibels;
 }
 
+// All values of a choice; of a range its ends, the last one with the unit.
+QStringList valueTexts(const Parameter& parameter)
+{
+    const int step = isChoice(parameter) ? 1 : parameter.maximum - parameter.minimum;
+    QStringList texts;
+    for (int value = parameter.minimum; value <= parameter.maximum; value += step)
+        texts << textOf(parameter, value);
+    if (*parameter.unit)
+        texts.last() += QLatin1Char(' ') + QLatin1String(parameter.unit);
+    return texts;
+}
+
+QString allButLast(const QStringList& texts)
+{
+    return texts.mid(0, texts.size() - 1).join(QLatin1String(", "));
+}
+
 // The colours that the editor gives its six bands; grey for the levels and the drive.
 QColor bandColor(int row)
 {
@@ -47,7 +64,7 @@ int alignmentOf(int column)
     return int(Qt::AlignVCenter | (number ? Qt::AlignRight : Qt::AlignLeft));
 }
 
-// What people come for stands out; what they look up now and then stays back.
+// Titles and values stand out; the other columns are dim.
 QVariant colorOf(int column)
 {
     const bool main =
@@ -133,9 +150,7 @@ bool ParameterListModel::setData(const QModelIndex& index, const QVariant& value
     const unsigned short id = parameterId(static_cast<std::size_t>(index.row()));
     int raw = 0;
     if (m_memory.stringToValue(id, channel(), typed.toUtf8().constData(), &raw) < 0) {
-        const Parameter& parameter = parameterAt(index);
-        Q_EMIT refused(tr("\"%1\" is no value of %2: type %3.")
-                           .arg(typed, titleOf(parameter), possibleValues(parameter)));
+        Q_EMIT refused(errorOf(typed, parameterAt(index)));
         return false;
     }
     return m_memory.setValue(id, channel(), raw, 0, 0, 1) >= 0;
@@ -168,16 +183,19 @@ void ParameterListModel::retranslate()
 
 QString ParameterListModel::possibleValues(const Parameter& parameter)
 {
-    const QString first = textOf(parameter, parameter.minimum);
-    const QString last = textOf(parameter, parameter.maximum);
-    if (!isChoice(parameter))
-        return tr("%1 to %2")
-            .arg(first,
-                 last + QLatin1String(*parameter.unit ? " " : "") + QLatin1String(parameter.unit));
-    QStringList others;
-    for (int value = parameter.minimum; value < parameter.maximum; ++value)
-        others << textOf(parameter, value);
-    return tr("%1 or %2").arg(others.join(QLatin1String(", ")), last);
+    const QStringList values = valueTexts(parameter);
+    return isChoice(parameter) ? tr("%1 or %2").arg(allButLast(values), values.last())
+                               : tr("%1 to %2").arg(values.first(), values.last());
+}
+
+QString ParameterListModel::errorOf(const QString& typed, const Parameter& parameter)
+{
+    const QStringList values = valueTexts(parameter);
+    const QString title = titleOf(parameter);
+    return isChoice(parameter) ? tr("\"%1\" is not a value of %2: type %3 or %4.")
+                                     .arg(typed, title, allButLast(values), values.last())
+                               : tr("\"%1\" is not a value of %2: type a value from %3 to %4.")
+                                     .arg(typed, title, values.first(), values.last());
 }
 
 QVariant ParameterListModel::text(const QModelIndex& index) const

@@ -12,7 +12,7 @@ struct Parameter;
 /// parameterTable.
 ///
 /// Values are edited as text, the way an editor's text fields do it: the memory parses what was
-/// typed. A text that says nothing is refused and changes nothing. The memory must outlive it.
+/// typed. A text that is not a value is refused and changes nothing. The memory must outlive it.
 class ParameterListModel : public QAbstractTableModel, public IPrmObserver
 {
     Q_OBJECT
@@ -43,6 +43,7 @@ Q_SIGNALS:
 
 private:
     static QString possibleValues(const Parameter& parameter);
+    static QString errorOf(const QString& typed, const Parameter& parameter);
     QVariant text(const QModelIndex& index) const;
     QString valueText(std::size_t parameter) const;
     unsigned short channel() const { return static_cast<unsigned short>(m_channel); }

@@ -15,11 +15,11 @@ public:
     /// \a memory must outlive it.
     ParameterListView(HostMemory& memory, int channel, QWidget* parent = nullptr);
 
-    /// As large as it takes to see everything.
+    /// Large enough for every row and column.
     QSize sizeHint() const override;
 
 Q_SIGNALS:
-    /// A text that was typed is no value; \a reason is a sentence.
+    /// A text that was typed is not a value; \a reason is a sentence.
     void refused(const QString& reason);
 
 protected:

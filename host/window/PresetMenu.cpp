@@ -4,24 +4,28 @@
 #include "host/files/FactoryPresets.h"
 
 #include <QCoreApplication>
+#include <QInputDialog>
 #include <QMenu>
+#include <QMessageBox>
 
-PresetMenu::PresetMenu(QMenu* menu, PresetFolder folder, LiveTexts& texts)
+PresetMenu::PresetMenu(QMenu* menu, PresetFolder folder, Retranslator::Text suggestion,
+                       Retranslator& texts)
     : QObject(menu)
     , m_menu(menu)
     , m_folder(std::move(folder))
+    , m_suggestion(std::move(suggestion))
 {
     fillFactory(texts);
     menu->addSeparator();
     QAction* save = texts.action(menu, [] { return tr("&Save as Preset..."); });
-    connect(save, &QAction::triggered, this, &PresetMenu::saveWanted);
+    connect(save, &QAction::triggered, this, &PresetMenu::askForName);
     m_deletion = texts.menu(menu, [] { return tr("&Delete"); });
     menu->addSeparator();
     fillUser();
     connect(menu, &QMenu::aboutToShow, this, &PresetMenu::fillUser);
 }
 
-void PresetMenu::fillFactory(LiveTexts& texts)
+void PresetMenu::fillFactory(Retranslator& texts)
 {
     QMenu* factory = texts.menu(m_menu, [] { return tr("&Factory"); });
     factory->setToolTipsVisible(true);
@@ -50,9 +54,46 @@ void PresetMenu::fillUser()
         connect(choose, &QAction::triggered, this, [this, name] { Q_EMIT userChosen(name); });
         m_users << choose;
         QAction* remove = m_deletion->addAction(shown);
-        connect(remove, &QAction::triggered, this, [this, name] { Q_EMIT deleteWanted(name); });
+        connect(remove, &QAction::triggered, this, [this, name] { askToDelete(name); });
     }
     m_deletion->setEnabled(!m_users.isEmpty());
+}
+
+void PresetMenu::askForName()
+{
+    const QString name = typedName();
+    if (name.isEmpty())
+        return;
+    if (!m_folder.contains(name) ||
+        QMessageBox::question(m_menu->parentWidget(), tr("Save as Preset"),
+                              tr("A preset named %1 already exists. Replace it?").arg(name)) ==
+            QMessageBox::Yes)
+        Q_EMIT saveWanted(name);
+}
+
+// Asks until the name is a good one; empty if the user gives up.
+QString PresetMenu::typedName()
+{
+    QString typed = m_suggestion();
+    for (;;) {
+        bool accepted = false;
+        typed =
+            QInputDialog::getText(m_menu->parentWidget(), tr("Save as Preset"),
+                                  tr("Name of the preset"), QLineEdit::Normal, typed, &accepted);
+        if (!accepted)
+            return QString();
+        const QString error = PresetFolder::errorOfName(typed.simplified());
+        if (error.isEmpty())
+            return typed.simplified();
+        QMessageBox::warning(m_menu->parentWidget(), tr("Save as Preset"), error);
+    }
+}
+
+void PresetMenu::askToDelete(const QString& name)
+{
+    if (QMessageBox::question(m_menu->parentWidget(), tr("Delete Preset"),
+                              tr("Delete the preset %1?").arg(name)) == QMessageBox::Yes)
+        Q_EMIT deleteWanted(name);
 }
 
 #include "moc_PresetMenu.cpp"

@@ -5,7 +5,7 @@
 #include "equalizer/BandDesign.h"
 #include "equalizer/PlotAxes.h"
 #include "host/model/MixerModel.h"
-#include "host/window/MixerLook.h"
+#include "host/window/MixerStyle.h"
 
 #include <QEvent>
 #include <QPainter>
@@ -52,7 +52,7 @@ ResponseView::ResponseView(MixerModel& mixerModel, int channel, QWidget* parent)
     setSampleRate(48000);
     m_delay.setSingleShot(true);
     m_delay.setInterval(delay);
-    m_delay.callOnTimeout(this, &ResponseView::look);
+    m_delay.callOnTimeout(this, &ResponseView::measure);
     connect(&mixerModel, &MixerModel::channelChanged, this, [this](int changed) {
         if (isVisible() && (changed == m_channel || changed == m_mixerModel.leaderOf(m_channel)))
             m_delay.start();
@@ -68,10 +68,10 @@ void ResponseView::setSampleRate(int hertz)
         m_frequencies.push_back(
             std::min(top, BandDesign::MinimumFrequency * std::pow(2.0, i / pointsPerOctave)));
     if (isVisible())
-        look();
+        measure();
 }
 
-void ResponseView::look()
+void ResponseView::measure()
 {
     setBands(m_bands, m_mixerModel.memory().values(m_channel));
     const EqualizerResponse response = m_bands.response();
@@ -121,15 +121,15 @@ void ResponseView::changeEvent(QEvent* event)
     }
 }
 
-void ResponseView::showEvent(QShowEvent*) { look(); }
+void ResponseView::showEvent(QShowEvent*) { measure(); }
 
 void ResponseView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setFont(smallFont(this));
-    MixerLook::drawPanel(painter, rect());
-    MixerLook::drawWell(painter, QRectF(rect()).adjusted(8, legendHeight, -8, -9), 4);
+    MixerStyle::drawPanel(painter, rect());
+    MixerStyle::drawWell(painter, QRectF(rect()).adjusted(8, legendHeight, -8, -9), 4);
     drawLegend(painter);
     painter.translate(0, legendHeight);
     const PlotAxes axes(width(), height() - legendHeight, range());
@@ -139,7 +139,7 @@ void ResponseView::paintEvent(QPaintEvent*)
     drawPoints(painter, axes);
 }
 
-// What is boosted is in the picture, and cuts as far.
+// All boosts are in the picture, and cuts as far down.
 double ResponseView::range() const
 {
     double boost = 0.0;
@@ -151,34 +151,34 @@ double ResponseView::range() const
     return 48.0;
 }
 
-// The verdict is what counts: the legend has the room that it leaves.
+// The legend gets the room that the verdict leaves.
 void ResponseView::drawLegend(QPainter& painter) const
 {
     const QFontMetrics metrics(painter.font());
     const QRect line(16, 0, width() - 32, legendHeight);
-    const QString said = metrics.elidedText(verdict(), Qt::ElideRight, line.width());
+    const QString shown = metrics.elidedText(verdict(), Qt::ElideRight, line.width());
     const bool alarming = isOn() && largestDifference() > tolerated;
-    painter.setPen(alarming ? QColor(0xff, 0xb0, 0x30) : MixerLook::dimLetters);
-    painter.drawText(line, Qt::AlignRight | Qt::AlignVCenter, said);
+    painter.setPen(alarming ? QColor(0xff, 0xb0, 0x30) : MixerStyle::dimLetters);
+    painter.drawText(line, Qt::AlignRight | Qt::AlignVCenter, shown);
 
     const double middle = legendHeight / 2.0;
     int x = line.left();
-    const int end = line.right() - metrics.horizontalAdvance(said) - legendGap;
+    const int end = line.right() - metrics.horizontalAdvance(shown) - legendGap;
     const auto entry = [&](const QString& text, const auto& drawSample) {
         const int width = sampleWidth + metrics.horizontalAdvance(text);
         if (x + width > end)
             return;
         drawSample();
-        painter.setPen(MixerLook::letters);
+        painter.setPen(MixerStyle::letters);
         painter.drawText(QRect(x + sampleWidth, 0, width, legendHeight),
                          Qt::AlignLeft | Qt::AlignVCenter, text);
         x += width + legendGap;
     };
     entry(tr("Drawn"), [&] {
-        painter.setPen(QPen(MixerLook::accent, 2));
+        painter.setPen(QPen(MixerStyle::accent, 2));
         painter.drawLine(QPointF(x, middle), QPointF(x + 18, middle));
     });
-    entry(tr("Measured in the sound"), [&] {
+    entry(tr("Measured"), [&] {
         painter.setPen(Qt::NoPen);
         painter.setBrush(Qt::white);
         for (const int step : {3, 10, 17})
@@ -191,7 +191,7 @@ void ResponseView::drawGrid(QPainter& painter, const PlotAxes& axes) const
     const QColor thin(255, 255, 255, 20);
     const QColor strong(255, 255, 255, 50);
     const auto text = [&painter](double x, double y, int flags, const QString& label) {
-        painter.setPen(MixerLook::dimLetters);
+        painter.setPen(MixerStyle::dimLetters);
         painter.drawText(QRectF(x - 40, y - 8, 80, 16), flags | Qt::AlignVCenter, label);
     };
     for (int step = -4; step <= 4; ++step) {
@@ -220,7 +220,7 @@ void ResponseView::drawLine(QPainter& painter, const PlotAxes& axes) const
         const double level = response.levels(axes.frequency(x), m_bands.sampleRate()).total;
         line << QPointF(x, axes.y(std::clamp(level, -farthest, farthest)));
     }
-    painter.setPen(QPen(isOn() ? MixerLook::accent : MixerLook::dimLetters.darker(150), 2));
+    painter.setPen(QPen(isOn() ? MixerStyle::accent : MixerStyle::dimLetters.darker(150), 2));
     painter.setBrush(Qt::NoBrush);
     painter.drawPolyline(line);
 }

@@ -35,9 +35,9 @@ public:
     const std::vector<double>& frequencies() const { return m_frequencies; }
     const std::vector<double>& drawn() const { return m_drawn; }
     const std::vector<double>& measured() const { return m_measured; }
-    /// In dB, among the points above -100 dB; below it there is nothing to be heard.
+    /// In dB, among the points above -100 dB; below that nothing can be heard.
     double largestDifference() const;
-    /// The line that says it.
+    /// The sentence about it.
     QString verdict() const;
 
     QSize sizeHint() const override;
@@ -48,7 +48,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void look();
+    void measure();
     bool isOn() const;
     double range() const;
     void drawLegend(QPainter& painter) const;

@@ -4,7 +4,7 @@
 #include "controls/PushButtonController.h"
 #include "host/audio/AudioSession.h"
 #include "host/model/MixerModel.h"
-#include "host/window/MixerLook.h"
+#include "host/window/MixerStyle.h"
 #include "widgets/SvgLabel.h"
 
 #include <QComboBox>
@@ -78,14 +78,14 @@ void TransportBar::retranslate()
 void TransportBar::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    MixerLook::drawPanel(painter, rect());
+    MixerStyle::drawPanel(painter, rect());
 }
 
-TransportBar::Button* TransportBar::addButton(const QString& symbol, const LiveTexts::Text& name)
+TransportBar::Button* TransportBar::addButton(const QString& symbol, const Retranslator::Text& name)
 {
     auto* button = new Button(this);
-    MixerLook::dressKey(button, QStringLiteral("key"));
-    button->setIconSvg(MixerLook::image(symbol));
+    MixerStyle::styleKey(button, QStringLiteral("key"));
+    button->setIconSvg(MixerStyle::image(symbol));
     m_texts.add([button, name] {
         button->setAccessibleName(name());
         button->setToolTip(name());
@@ -166,15 +166,15 @@ void TransportBar::showSession(const AudioSession* transport)
     const bool stopped = !transport || transport->state() == AudioSession::State::Stopped;
     const bool error = transport && !transport->error().isEmpty();
     const bool loaded = transport && !transport->file().isEmpty();
-    MixerLook::enableKey(m_open, transport);
-    MixerLook::enableKey(m_play, loaded && stopped);
-    MixerLook::enableKey(m_stop, !stopped);
+    MixerStyle::enableKey(m_open, transport);
+    MixerStyle::enableKey(m_play, loaded && stopped);
+    MixerStyle::enableKey(m_stop, !stopped);
     m_position->setEnabled(loaded);
     m_file->setText(loaded ? QFileInfo(transport->file()).fileName() : tr("No file"));
     m_file->setToolTip(loaded ? plain(transport->file()) : QString());
-    m_lamp->setSvg(MixerLook::image(error     ? QStringLiteral("lamp_red")
-                                    : stopped ? QStringLiteral("lamp_off")
-                                              : QStringLiteral("lamp_green")));
+    m_lamp->setSvg(MixerStyle::image(error     ? QStringLiteral("lamp_red")
+                                     : stopped ? QStringLiteral("lamp_off")
+                                               : QStringLiteral("lamp_green")));
     m_status->setText(statusText(transport));
     m_status->setToolTip(error ? plain(transport->error()) : QString());
     showDevices(transport);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "host/window/LiveTexts.h"
+#include "host/window/Retranslator.h"
 
 #include <QWidget>
 
@@ -35,7 +35,7 @@ protected:
 private:
     using Button = CommonController_MemAPI::PushButtonController;
 
-    Button* addButton(const QString& symbol, const LiveTexts::Text& name);
+    Button* addButton(const QString& symbol, const Retranslator::Text& name);
     void build();
     void layOut();
     void connectControls();
@@ -47,7 +47,7 @@ private:
     QString statusText(const AudioSession* transport) const;
 
     MixerModel& m_mixerModel;
-    LiveTexts m_texts;
+    Retranslator m_texts;
     Button* m_open = nullptr;
     Button* m_play = nullptr;
     Button* m_stop = nullptr;

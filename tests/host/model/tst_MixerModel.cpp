@@ -259,7 +259,7 @@ void tst_MixerModel::pasteIsAStep()
     history().clear();
     m_mixerModel->copyToClipboard(2);
     QVERIFY(m_mixerModel->canPaste());
-    QCOMPARE(m_mixerModel->pasteFromClipboard(6), QString());
+    QCOMPARE(m_mixerModel->pasteFromClipboard(6).error(), QString());
     QCOMPARE(memory().values(6), memory().values(2));
     QCOMPARE(history().stack().count(), 1);
     QCOMPARE(history().stack().undoText(), QStringLiteral("Paste"));
@@ -281,7 +281,7 @@ void tst_MixerModel::typedClipboardIsUnderstood()
     put(0, middle2Gain, 12);
     QApplication::clipboard()->setText(QStringLiteral(
         "{\"zolta-equalizer\": {\"Low gain\": \"4 dB\", \"Flux\": 3, \"Low frequency\": \"1k\"}}"));
-    QCOMPARE(m_mixerModel->pasteFromClipboard(0), QString());
+    QCOMPARE(m_mixerModel->pasteFromClipboard(0).error(), QString());
     QCOMPARE(gain(), 40);
     QCOMPARE(memory().values(0)[1], 680); // 20 Hz times 10^(680 / 400) is 1002 Hz
     QCOMPARE(memory().values(0)[middle2Gain], 12);
@@ -291,15 +291,15 @@ void tst_MixerModel::wrongClipboard_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("reason");
-    const QString none = QStringLiteral("the clipboard holds no settings of an equalizer");
+    const QString none = QStringLiteral("the clipboard holds no equalizer settings");
     QTest::newRow("empty") << QString() << none;
     QTest::newRow("prose") << QStringLiteral("zolta-equalizer") << none;
     QTest::newRow("other object") << QStringLiteral("{\"a\": 1}") << none;
     QTest::newRow("list") << QStringLiteral("[1]") << none;
     QTest::newRow("wrong type") << QStringLiteral("{\"zolta-equalizer\": {\"Low gain\": 3}}")
-                                << QStringLiteral("the value of \"Low gain\" is no text");
+                                << QStringLiteral("the value of \"Low gain\" must be text");
     QTest::newRow("wrong text") << QStringLiteral("{\"zolta-equalizer\": {\"Low gain\": \"x\"}}")
-                                << QStringLiteral("\"x\" is no value of \"Low gain\"");
+                                << QStringLiteral("\"x\" is not a value of \"Low gain\"");
 }
 
 void tst_MixerModel::wrongClipboard()
@@ -307,8 +307,8 @@ void tst_MixerModel::wrongClipboard()
     QFETCH(const QString, text);
     QFETCH(const QString, reason);
     QApplication::clipboard()->setText(text);
-    QCOMPARE(m_mixerModel->pasteFromClipboard(0),
-             QStringLiteral("Nothing is pasted: %1.").arg(reason));
+    QCOMPARE(m_mixerModel->pasteFromClipboard(0).error(),
+             QStringLiteral("Cannot paste: %1.").arg(reason));
     QCOMPARE(memory().values(0), HostMemory().values(0));
     QCOMPARE(history().stack().count(), 0);
 }

@@ -209,7 +209,8 @@ void tst_EditorWindow::nonsenseIsExplained()
     QVERIFY(
         !model->setData(model->index(2, ParameterListModel::ValueColumn), QStringLiteral("loud")));
     QCOMPARE(window->statusBar()->currentMessage(),
-             QStringLiteral("\"loud\" is no value of Low gain: type -20.0 to +20.0 dB."));
+             QStringLiteral("\"loud\" is not a value of Low gain: type a value from "
+                            "-20.0 to +20.0 dB."));
     QCOMPARE(m_mixer.memory.values(0)[2], 0);
 }
 

@@ -302,7 +302,7 @@ void tst_MixerSession::damagedFileIsKeptAside_data()
     row("level", session("\"channels\": [{\"strip\": {\"level\": \"loud\"}}]"),
         "channels[0].strip.level is \"loud\", which is no value of it");
     row("equalizer", session("\"channels\": [{\"equalizer\": {\"Low gain\": 3}}]"),
-        "channels[0].equalizer is no equalizer: the value of \"Low gain\" is no text");
+        "channels[0].equalizer is no equalizer: the value of \"Low gain\" must be text");
     row("chosen", session("\"channels\": [{\"compare\": {\"chosen\": \"C\"}}]"),
         "channels[0].compare.chosen is neither A nor B");
     row("other", session("\"channels\": [{\"compare\": {\"other\": true}}]"),

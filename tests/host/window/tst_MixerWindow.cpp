@@ -590,7 +590,7 @@ void tst_MixerWindow::pasteOfNonsenseIsExplained()
     QApplication::clipboard()->setText(QStringLiteral("nonsense"));
     action(m_window.get(), QStringLiteral("Paste Equalizer"))->trigger();
     QCOMPARE(m_window->statusBar()->currentMessage(),
-             QStringLiteral("Nothing is pasted: the clipboard holds no settings of an equalizer."));
+             QStringLiteral("Cannot paste: the clipboard holds no equalizer settings."));
 }
 
 void tst_MixerWindow::pasteFollowsTheClipboard()

@@ -1,53 +1,52 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/window/LiveTexts.h"
+#include "host/window/Retranslator.h"
 
-#include <QAction>
 #include <QComboBox>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 
-void LiveTexts::add(std::function<void()> say)
+void Retranslator::add(std::function<void()> set)
 {
-    say();
-    m_says.push_back(std::move(say));
+    set();
+    m_setters.push_back(std::move(set));
 }
 
-void LiveTexts::retranslate() const
+void Retranslator::retranslate() const
 {
-    for (const std::function<void()>& say : m_says)
-        say();
+    for (const std::function<void()>& set : m_setters)
+        set();
 }
 
-QMenu* LiveTexts::menu(QMenuBar* bar, const Text& text)
+QMenu* Retranslator::menu(QMenuBar* bar, const Text& text)
 {
     QMenu* menu = bar->addMenu(QString());
     add([menu, text] { menu->setTitle(text()); });
     return menu;
 }
 
-QMenu* LiveTexts::menu(QMenu* parent, const Text& text)
+QMenu* Retranslator::menu(QMenu* parent, const Text& text)
 {
     QMenu* menu = parent->addMenu(QString());
     add([menu, text] { menu->setTitle(text()); });
     return menu;
 }
 
-QAction* LiveTexts::action(QMenu* menu, const Text& text)
+QAction* Retranslator::action(QMenu* menu, const Text& text)
 {
     QAction* action = menu->addAction(QString());
     add([action, text] { action->setText(text()); });
     return action;
 }
 
-QLabel* LiveTexts::label(QWidget* parent, const Text& text)
+QLabel* Retranslator::label(QWidget* parent, const Text& text)
 {
     auto* label = new QLabel(parent);
     add([label, text] { label->setText(text()); });
     return label;
 }
 
-QComboBox* LiveTexts::choice(QWidget* parent, const std::function<QStringList()>& items)
+QComboBox* Retranslator::choice(QWidget* parent, const std::function<QStringList()>& items)
 {
     auto* box = new QComboBox(parent);
     box->setSizeAdjustPolicy(QComboBox::AdjustToContents);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/window/MixerLook.h"
+#include "host/window/MixerStyle.h"
 
 #include "controls/PushButtonController.h"
 
@@ -28,22 +28,22 @@ void glow(PushButtonController* key, const QString& shape, const QString& color)
 {
     const QString name = shape + QLatin1Char('_') + color;
     key->setCheckable(true);
-    key->setOnButtonSvg(MixerLook::image(name + QLatin1String("_up")));
-    key->setOnPushButtonSvg(MixerLook::image(name + QLatin1String("_dw")));
+    key->setOnButtonSvg(MixerStyle::image(name + QLatin1String("_up")));
+    key->setOnPushButtonSvg(MixerStyle::image(name + QLatin1String("_dw")));
     const bool bright = color == QLatin1String("amber") || color == QLatin1String("white");
     const QColor lit = bright ? QColor(0x10, 0x12, 0x14) : QColor(Qt::white);
     QObject::connect(key, &QAbstractButton::toggled, key,
-                     [key, lit](bool on) { setLetters(key, on ? lit : MixerLook::letters); });
+                     [key, lit](bool on) { setLetters(key, on ? lit : MixerStyle::letters); });
 }
 
 } // namespace
 
-QString MixerLook::image(const QString& name)
+QString MixerStyle::image(const QString& name)
 {
     return QStringLiteral(":/image/mixer/%1.svg").arg(name);
 }
 
-void MixerLook::drawPanel(QPainter& painter, const QRectF& rect)
+void MixerStyle::drawPanel(QPainter& painter, const QRectF& rect)
 {
     QLinearGradient face(rect.topLeft(), rect.bottomLeft());
     face.setColorAt(0, QColor(0x2a, 0x2e, 0x34));
@@ -57,7 +57,7 @@ void MixerLook::drawPanel(QPainter& painter, const QRectF& rect)
     painter.fillRect(QRectF(rect.left(), rect.bottom() - 1, rect.width(), 1), dark);
 }
 
-void MixerLook::drawWell(QPainter& painter, const QRectF& rect, double radius)
+void MixerStyle::drawWell(QPainter& painter, const QRectF& rect, double radius)
 {
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(0x3b, 0x40, 0x47));
@@ -72,13 +72,13 @@ void MixerLook::drawWell(QPainter& painter, const QRectF& rect, double radius)
     painter.drawRoundedRect(inner, radius - 1, radius - 1);
 }
 
-void MixerLook::enableKey(PushButtonController* key, bool enabled)
+void MixerStyle::enableKey(PushButtonController* key, bool enabled)
 {
     key->setEnabled(enabled);
     key->setOpacity(enabled ? 1.0 : disabledOpacity);
 }
 
-void MixerLook::dressKey(PushButtonController* key, const QString& shape, const QString& color)
+void MixerStyle::styleKey(PushButtonController* key, const QString& shape, const QString& color)
 {
     key->setFixedSize(shape == QLatin1String("wide") ? wideWidth : keyWidth, keyHeight);
     key->setButtonSvg(image(shape + QLatin1String("_up")));

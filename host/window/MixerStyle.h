@@ -11,8 +11,8 @@ namespace CommonController_MemAPI {
 class PushButtonController;
 }
 
-/// What the mixer's parts look alike by.
-namespace MixerLook {
+/// The colours, pictures and drawing that the mixer's parts share.
+namespace MixerStyle {
 
 inline constexpr QColor letters{0xd7, 0xdc, 0xe1};
 inline constexpr QColor dimLetters{0x8a, 0x91, 0x99};
@@ -31,7 +31,7 @@ void enableKey(CommonController_MemAPI::PushButtonController* key, bool enabled)
 
 /// Gives a key its size, its pictures ("key" or "wide") and, when it has one, the colour that it
 /// glows in while it is on ("blue", "red", "amber", "white"), which makes it checkable.
-void dressKey(CommonController_MemAPI::PushButtonController* key, const QString& shape,
+void styleKey(CommonController_MemAPI::PushButtonController* key, const QString& shape,
               const QString& color = QString());
 
-} // namespace MixerLook
+} // namespace MixerStyle
