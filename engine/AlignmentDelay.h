@@ -16,7 +16,7 @@ public:
     /// In Hz; a switching under way is over at once.
     void setSampleRate(double hertz);
     void set(bool on) { m_share.moveTo(on); }
-    /// Forgets what was heard, and is off.
+    /// Clears the samples held back, and is off.
     void reset();
 
     /// Runs \a block in place.

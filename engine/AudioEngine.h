@@ -28,7 +28,7 @@ public:
     /// In Hz, above 0; a new rate resets.
     void setSampleRate(double hertz);
     double sampleRate() const { return m_sampleRate; }
-    /// Forgets the samples heard so far and the levels; what is published is in force at once.
+    /// Clears the samples so far and the levels; what is published is in force at once.
     void reset();
 
     /// The GUI thread's: the raw values of a channel, 0 to channelCount - 1.

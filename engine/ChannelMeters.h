@@ -22,13 +22,13 @@ class PeakLevel
 public:
     static constexpr double releasePerSecond = 20.0; // dB
 
-    /// Takes in a block that stands for \a seconds and whose samples reach \a peak (0 and above; 1
+    /// Follows a block that stands for \a seconds and whose samples reach \a peak (0 and above; 1
     /// is full scale). A NaN peak counts as the highest level.
     void update(double peak, double seconds);
 
     /// In tenths of a dB, MeterLevels::lowest to MeterLevels::highest.
     int tenths() const;
-    /// Takes over a level that was measured elsewhere.
+    /// Applies a level that was measured elsewhere.
     void setTenths(int tenths) { m_level = tenths / 10.0; }
 
 private:

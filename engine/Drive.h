@@ -29,7 +29,7 @@ public:
     void setSampleRate(double hertz);
     void set(bool on);
     bool isWanted() const { return m_wanted; }
-    /// Forgets the samples heard so far; a switching under way is over at once.
+    /// Clears what is left of the samples so far; a switching under way is over at once.
     void reset();
 
     /// Runs \a block in place.

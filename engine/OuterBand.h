@@ -23,9 +23,9 @@ public:
 
     explicit OuterBand(Side side);
 
-    /// Takes a setting over: with \a atOnce from silence, otherwise faded in.
+    /// Applies a setting: with \a atOnce from silence, otherwise faded in.
     void set(const Band& band, double sampleRate, bool atOnce);
-    /// Forgets the samples heard so far; changes that are under way are over at once.
+    /// Clears what is left of the samples so far; changes that are under way are over at once.
     void reset();
 
     /// Runs \a block in place, with the changes under way.

@@ -26,8 +26,26 @@ HostMemory::StripValues stripDefaults()
 // What an id stands for in a channel: a parameter of the equalizer, or one of the strip.
 struct HostMemory::Place
 {
-    const Parameter* entry; // null for one of the strip
-    StripParameter strip;
+    Place(Channel& channel, const Parameter& parameter, std::size_t index)
+        : entry(&parameter)
+        , minimum(parameter.minimum)
+        , maximum(parameter.maximum)
+        , defaultValue(parameter.defaultValue)
+        , value(&channel.values[index])
+        , observers(&channel.observers[index])
+    {}
+
+    Place(Channel& channel, StripParameter parameter, std::size_t index)
+        : strip(parameter)
+        , minimum(stripTable[index].minimum)
+        , maximum(stripTable[index].maximum)
+        , defaultValue(stripTable[index].defaultValue)
+        , value(&channel.strip[index])
+        , observers(&channel.observers[parameterCount + index])
+    {}
+
+    const Parameter* entry = nullptr; // null for one of the strip
+    StripParameter strip{};
     int minimum;
     int maximum;
     int defaultValue;
@@ -169,30 +187,13 @@ std::optional<HostMemory::Place> HostMemory::find(unsigned short parameter, unsi
 {
     if (ch >= channelCount)
         return std::nullopt;
-    Channel& channel = m_channels[ch];
     const std::size_t index = findParameterById(parameter);
-    if (index < parameterCount) {
-        const Parameter& entry = parameterTable[index];
-        return Place{&entry,
-                     {},
-                     entry.minimum,
-                     entry.maximum,
-                     entry.defaultValue,
-                     &channel.values[index],
-                     &channel.observers[index]};
-    }
+    if (index < parameterCount)
+        return Place(m_channels[ch], parameterTable[index], index);
     const auto strip = findStripParameter(parameter);
     if (!strip)
         return std::nullopt;
-    const auto position = static_cast<std::size_t>(*strip);
-    const StripEntry& entry = stripEntry(*strip);
-    return Place{nullptr,
-                 *strip,
-                 entry.minimum,
-                 entry.maximum,
-                 entry.defaultValue,
-                 &channel.strip[position],
-                 &channel.observers[parameterCount + position]};
+    return Place(m_channels[ch], *strip, static_cast<std::size_t>(*strip));
 }
 
 void HostMemory::notify(const Place& place, unsigned short parameter, unsigned short ch)

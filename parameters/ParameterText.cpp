@@ -229,16 +229,6 @@ std::string formatQuality(int value)
     return text;
 }
 
-std::string formatDecibels(int value)
-{
-    const int tenths = std::abs(value);
-    std::string text(value > 0 ? "+" : value < 0 ? "-" : "");
-    text += std::to_string(tenths / 10);
-    text += '.';
-    text += std::to_string(tenths % 10);
-    return text;
-}
-
 std::string joined(std::span<const std::string_view> choices)
 {
     std::string result(choices.front());
@@ -261,7 +251,7 @@ std::optional<std::string> formatParameter(const Parameter& parameter, int value
     case ParameterKind::Quality:
         return formatQuality(value);
     case ParameterKind::Decibels:
-        return formatDecibels(value);
+        return formatTenths(value);
     default:
         return std::string(choicesOf(parameter.kind)[static_cast<std::size_t>(value)]);
     }
@@ -279,6 +269,16 @@ std::optional<int> parseParameter(const Parameter& parameter, std::string_view t
     default:
         return parseChoice(parameter.kind, text);
     }
+}
+
+std::string formatTenths(int tenths)
+{
+    const int size = std::abs(tenths);
+    std::string text(tenths > 0 ? "+" : tenths < 0 ? "-" : "");
+    text += std::to_string(size / 10);
+    text += '.';
+    text += std::to_string(size % 10);
+    return text;
 }
 
 std::string describeValues(const Parameter& parameter)

@@ -25,5 +25,8 @@ std::optional<std::string> formatParameter(const Parameter& parameter, int value
 /// characters) is no value.
 std::optional<int> parseParameter(const Parameter& parameter, std::string_view text);
 
+/// Tenths of a dB as "+3.0", "0.0" or "-12.5".
+std::string formatTenths(int tenths);
+
 /// What may be typed, for a message: "20 to 20k Hz", "Off or On".
 std::string describeValues(const Parameter& parameter);

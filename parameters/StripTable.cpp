@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "parameters/StripTable.h"
 
+#include "parameters/ParameterText.h"
+
 #include <QtGlobal>
 
 #include <algorithm>
 #include <cctype>
 #include <charconv>
 #include <cmath>
-#include <cstdlib>
 #include <span>
 
 namespace {
@@ -54,16 +55,7 @@ std::string lowered(std::string_view text)
 
 std::string formatLevel(int position)
 {
-    if (position == 0)
-        return std::string(silence);
-    const int tenths = stripLevelTenths(position);
-    const int size = std::abs(tenths);
-    const char* sign = tenths < 0 ? "-" : tenths > 0 ? "+" : "";
-    std::string text = sign;
-    text += std::to_string(size / 10);
-    text += '.';
-    text += std::to_string(size % 10);
-    return text;
+    return position == 0 ? std::string(silence) : formatTenths(stripLevelTenths(position));
 }
 
 int nearestPosition(double tenths)

@@ -15,7 +15,7 @@
 #include <span>
 #include <vector>
 
-/// Fails the running test unless |actual - expected| <= tolerance; what is no number fails.
+/// Fails the running test unless |actual - expected| <= tolerance; NaN fails.
 #define COMPARE_NEAR(actual, expected, tolerance)                                                  \
     do {                                                                                           \
         const double a_ = (actual);                                                                \

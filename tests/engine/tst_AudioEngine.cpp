@@ -22,7 +22,7 @@ private Q_SLOTS:
     void metersReadTheirPoints();
     void metersFallInSilence();
     void metersClampAndPack();
-    void resetForgets();
+    void resetClearsTheSignal();
     void threadsMeet();
 
 private:
@@ -197,7 +197,7 @@ void tst_AudioEngine::metersClampAndPack()
     QCOMPARE(mixer->levels(1), (MeterLevels{MeterLevels::lowest, MeterLevels::lowest}));
 }
 
-void tst_AudioEngine::resetForgets()
+void tst_AudioEngine::resetClearsTheSignal()
 {
     const auto mixer = engine();
     mixer->publish(0, valuesFrom(QStringLiteral("3=60 7=60 27=1")));

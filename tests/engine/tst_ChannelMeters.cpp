@@ -46,7 +46,7 @@ void tst_ChannelMeters::readsTenthsOfDecibels_data()
     QTest::newRow("smallest") << std::numeric_limits<double>::denorm_min() << -1270;
     QTest::newRow("too loud") << 1e9 << 1270;
     QTest::newRow("infinite") << std::numeric_limits<double>::infinity() << 1270;
-    QTest::newRow("no number") << std::numeric_limits<double>::quiet_NaN() << 1270;
+    QTest::newRow("NaN") << std::numeric_limits<double>::quiet_NaN() << 1270;
 }
 
 void tst_ChannelMeters::readsTenthsOfDecibels()

@@ -21,7 +21,7 @@ private Q_SLOTS:
     void levelsMultiply_data();
     void levelsMultiply();
     void changesArePickedUp();
-    void forgets();
+    void resetClearsTheSignal();
     void firstSettingsAreInForceAtOnce();
     void aNewRateStartsAfresh();
     void blocksDoNotMatter_data();
@@ -176,7 +176,7 @@ void tst_ChannelProcessor::changesArePickedUp()
     QVERIFY(std::abs(gain(in, out, 1000.0, 48000) - drawnLevel(bands, values, 1000.0)) < 0.005);
 }
 
-void tst_ChannelProcessor::forgets()
+void tst_ChannelProcessor::resetClearsTheSignal()
 {
     ChannelProcessor processor;
     processor.setValues(valuesFrom(QStringLiteral("3=60 7=60 11=-60 23=60")));

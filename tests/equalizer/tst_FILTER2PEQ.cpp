@@ -85,7 +85,7 @@ private Q_SLOTS:
     void boostRecoversTheCutInput_data() { addBands(); }
     void boostRecoversTheCutInput();
     void calculatingDoesNotAdvance();
-    void clearDelayForgetsTheSamples();
+    void clearDelayClearsTheSamples();
     void anyArgumentsAreSafe_data();
     void anyArgumentsAreSafe();
 };
@@ -385,7 +385,7 @@ void tst_FILTER2PEQ::calculatingDoesNotAdvance()
     COMPARE_WITHIN(band.cal_cut() + band.coefficients()[2] * 0.5, once, 1e-16);
 }
 
-void tst_FILTER2PEQ::clearDelayForgetsTheSamples()
+void tst_FILTER2PEQ::clearDelayClearsTheSamples()
 {
     FILTER2PEQ band;
     band.setCoefBPF_C(1000.0, 44100.0, 2.0, 9.0, true);

@@ -96,12 +96,12 @@ private Q_SLOTS:
 
     void firstDesignFadesInAfterSilence();
     void clearTakesEffectAtOnce();
-    void clearForgetsTheSamples();
+    void clearClearsTheSamples();
     void changeCoefStartsTheFade();
     void fadeIsLogistic();
     void designDuringAFadeWaits();
     void fadedOutSetKeepsItsDelayLine();
-    void clearDelayForgetsTheSamples();
+    void clearDelayClearsTheSamples();
     void sampleRateSetsTheFadeLength_data();
     void sampleRateSetsTheFadeLength();
     void orderConstructorNeverFades();
@@ -540,7 +540,7 @@ void tst_VEQ_Filter::clearTakesEffectAtOnce()
     QCOMPARE(filter.cal(1.0), 2.0);
 }
 
-void tst_VEQ_Filter::clearForgetsTheSamples()
+void tst_VEQ_Filter::clearClearsTheSamples()
 {
     const Section delay = {0.0, 1.0, 0.0, 0.0, 0.0};
     VEQ_Filter filter;
@@ -625,7 +625,7 @@ void tst_VEQ_Filter::fadedOutSetKeepsItsDelayLine()
     COMPARE_WITHIN(filter.cal(0.0), 6.0 * fadeWeight(1, 10), 1e-14);
 }
 
-void tst_VEQ_Filter::clearDelayForgetsTheSamples()
+void tst_VEQ_Filter::clearDelayClearsTheSamples()
 {
     const Section echo = {1.0, 0.5, 0.25, 0.5, 0.25};
     VEQ_Filter filter;

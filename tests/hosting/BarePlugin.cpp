@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A plug-in with the right identifier that is no effect at all.
+// A plug-in with the right identifier that is not an effect.
 #include <QObject>
 #include <QtPlugin>
 
