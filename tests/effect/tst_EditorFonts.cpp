@@ -35,8 +35,6 @@ private Q_SLOTS:
     void placeholderBecomesTheFamily();
     void otherFamilyKeepsItsFont_data();
     void otherFamilyKeepsItsFont();
-    void weightIsMapped_data();
-    void weightIsMapped();
     void attributesAreKept_data();
     void attributesAreKept();
     void childrenAreStyledBeforeTheirParent();
@@ -132,64 +130,55 @@ void tst_EditorFonts::otherFamilyKeepsItsFont()
     QCOMPARE(label.font(), font);
 }
 
-void tst_EditorFonts::weightIsMapped_data()
-{
-    QTest::addColumn<int>("before");
-    QTest::addColumn<int>("after");
-    QTest::newRow("1") << 1 << 400;
-    QTest::newRow("400") << 400 << 400;
-    QTest::newRow("500") << 500 << 400;
-    QTest::newRow("501") << 501 << 700;
-    QTest::newRow("600") << 600 << 700;
-    QTest::newRow("1000") << 1000 << 700;
-}
-
-void tst_EditorFonts::weightIsMapped()
-{
-    QFETCH(int, before);
-    for (const char* family : {"M+ 1c regular", "M+ 1c medium", "M+ 1c bold"}) {
-        QLabel label;
-        QFont font = placeholder(family, 9);
-        font.setWeight(QFont::Weight(before));
-        label.setFont(font);
-        styleFonts(&label);
-        QTEST(int(label.font().weight()), "after");
-    }
-}
-
 void tst_EditorFonts::attributesAreKept_data()
 {
+    QTest::addColumn<int>("weight");
+    QTest::addColumn<int>("mapped");
     QTest::addColumn<int>("style");
     QTest::addColumn<bool>("underline");
     QTest::addColumn<bool>("strikeOut");
     QTest::addColumn<bool>("kerning");
-    QTest::newRow("plain") << int(QFont::StyleNormal) << false << false << true;
-    QTest::newRow("italic") << int(QFont::StyleItalic) << false << false << true;
-    QTest::newRow("oblique") << int(QFont::StyleOblique) << false << false << true;
-    QTest::newRow("underline") << int(QFont::StyleNormal) << true << false << true;
-    QTest::newRow("strike-out") << int(QFont::StyleNormal) << false << true << true;
-    QTest::newRow("no kerning") << int(QFont::StyleNormal) << false << false << false;
+    const auto row = [](const char* name, int weight, int mapped, QFont::Style style,
+                        bool underline = false, bool strikeOut = false, bool kerning = true) {
+        QTest::newRow(name) << weight << mapped << int(style) << underline << strikeOut << kerning;
+    };
+    row("1", 1, 400, QFont::StyleNormal);
+    row("400", 400, 400, QFont::StyleNormal);
+    row("500", 500, 400, QFont::StyleNormal);
+    row("501", 501, 700, QFont::StyleNormal);
+    row("1000", 1000, 700, QFont::StyleNormal);
+    row("italic", 400, 400, QFont::StyleItalic);
+    row("oblique", 600, 700, QFont::StyleOblique);
+    row("underline", 400, 400, QFont::StyleNormal, true);
+    row("strike-out", 400, 400, QFont::StyleNormal, false, true);
+    row("no kerning", 400, 400, QFont::StyleNormal, false, false, false);
 }
 
+// All but the weight, of which there are two.
 void tst_EditorFonts::attributesAreKept()
 {
+    QFETCH(int, weight);
     QFETCH(int, style);
-    QLabel label;
-    QFont font = placeholder("M+ 1c medium", 9);
-    font.setStyle(QFont::Style(style));
     QFETCH(bool, underline);
-    font.setUnderline(underline);
     QFETCH(bool, strikeOut);
-    font.setStrikeOut(strikeOut);
     QFETCH(bool, kerning);
-    font.setKerning(kerning);
-    label.setFont(font);
-    styleFonts(&label);
-    QCOMPARE(label.font().family(), QLatin1String("M+ 1c"));
-    QCOMPARE(label.font().italic(), style != QFont::StyleNormal);
-    QCOMPARE(label.font().underline(), underline);
-    QCOMPARE(label.font().strikeOut(), strikeOut);
-    QCOMPARE(label.font().kerning(), kerning);
+    for (const char* family : {"M+ 1c regular", "M+ 1c medium", "M+ 1c bold"}) {
+        QLabel label;
+        QFont font = placeholder(family, 9);
+        font.setWeight(QFont::Weight(weight));
+        font.setStyle(QFont::Style(style));
+        font.setUnderline(underline);
+        font.setStrikeOut(strikeOut);
+        font.setKerning(kerning);
+        label.setFont(font);
+        styleFonts(&label);
+        QCOMPARE(label.font().family(), QLatin1String("M+ 1c"));
+        QTEST(int(label.font().weight()), "mapped");
+        QCOMPARE(label.font().italic(), style != QFont::StyleNormal);
+        QCOMPARE(label.font().underline(), underline);
+        QCOMPARE(label.font().strikeOut(), strikeOut);
+        QCOMPARE(label.font().kerning(), kerning);
+    }
 }
 
 // A child that inherits a placeholder only finds it while its parent has not been converted.
