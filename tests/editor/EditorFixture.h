@@ -89,6 +89,14 @@ public:
         return cast;
     }
     bool isShown(const char* name) const { return !widget(name)->isHidden(); }
+    /// A digit for each widget: 1 shown, 0 hidden.
+    QByteArray shown(std::initializer_list<QByteArray> names) const
+    {
+        QByteArray digits;
+        for (const QByteArray& name : names)
+            digits += isShown(name) ? '1' : '0';
+        return digits;
+    }
     QString svg(const char* name) const { return widget<SvgLabel>(name)->svg(); }
     ZoltaEqualizerGraph* graph() const { return editor->findChild<ZoltaEqualizerGraph*>(); }
 
@@ -115,6 +123,15 @@ public:
 inline AbstractController* controller(QWidget* widget)
 {
     return dynamic_cast<AbstractController*>(widget);
+}
+
+/// The numbers of the parameters that were written, in order.
+inline QList<int> numbers(const std::vector<TestHost::Write>& writes)
+{
+    QList<int> list;
+    for (const TestHost::Write& write : writes)
+        list.append(write.name.mid(int(qstrlen("fx_rackfx_prm_"))).toInt());
+    return list;
 }
 
 using Timers = QList<QAbstractEventDispatcher::TimerInfo>;

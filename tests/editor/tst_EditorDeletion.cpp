@@ -95,14 +95,6 @@ void perform(Action action, EditorFixture& fixture, Deleter& deleter)
     }
 }
 
-QList<int> numbers(const std::vector<TestHost::Write>& writes)
-{
-    QList<int> list;
-    for (const TestHost::Write& write : writes)
-        list.append(write.name.mid(int(qstrlen("fx_rackfx_prm_"))).toInt());
-    return list;
-}
-
 } // namespace
 
 void tst_EditorDeletion::byTheHost_data()

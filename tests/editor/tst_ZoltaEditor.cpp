@@ -80,49 +80,34 @@ QStringList slotNames()
     return names;
 }
 
-/// Whether the pair of pictures shows drive, clean, or something in between.
-QString lamps(const EditorFixture& fixture)
+/// Which of the lamps are lit: drive, clean, or something in between.
+QByteArray lamps(const EditorFixture& fixture)
 {
-    QString shown;
-    for (const char* name : {"DriveOffLed", "DriveOnLed", "CleanOffLed", "CleanOnLed"})
-        shown += fixture.isShown(name) ? QLatin1Char('1') : QLatin1Char('0');
-    return shown;
+    return fixture.shown({"DriveOffLed", "DriveOnLed", "CleanOffLed", "CleanOnLed"});
 }
 
-const QString DriveLamps = QStringLiteral("0110");
-const QString CleanLamps = QStringLiteral("1001");
+const QByteArray DriveLamps = "0110";
+const QByteArray CleanLamps = "1001";
 
 /// Whether the gain of "Low" or "High" can be set, as its three widgets say.
-QString gain(const EditorFixture& fixture, const QByteArray& band)
+QByteArray gain(const EditorFixture& fixture, const QByteArray& band)
 {
-    QString shown;
-    for (const char* name : {"GainKnob", "GainKnobDisable", "GainTextEdit"})
-        shown += fixture.isShown(band + name) ? QLatin1Char('1') : QLatin1Char('0');
-    return shown;
+    return fixture.shown({band + "GainKnob", band + "GainKnobDisable", band + "GainTextEdit"});
 }
 
-const QString WithGain = QStringLiteral("101");
-const QString WithoutGain = QStringLiteral("010");
+const QByteArray WithGain = "101";
+const QByteArray WithoutGain = "010";
 
-const QList<const char*> MeterPlaces = {"LedStereoMeterArea",          "InputStereoMeterBackground",
-                                        "OutputStereoMeterBackground", "LedMonoMeterArea",
-                                        "InputMonoMeterBackground",    "OutputMonoMeterBackground"};
-
-QString meterPlaces(const EditorFixture& fixture)
+QByteArray meterPlaces(const EditorFixture& fixture)
 {
-    QString shown;
-    for (const char* name : MeterPlaces)
-        shown += fixture.isShown(name) ? QLatin1Char('1') : QLatin1Char('0');
-    return shown;
+    return fixture.shown({"LedStereoMeterArea", "InputStereoMeterBackground",
+                          "OutputStereoMeterBackground", "LedMonoMeterArea",
+                          "InputMonoMeterBackground", "OutputMonoMeterBackground"});
 }
 
-QList<int> numbers(const std::vector<TestHost::Write>& writes)
-{
-    QList<int> list;
-    for (const TestHost::Write& write : writes)
-        list.append(write.name.mid(int(qstrlen("fx_rackfx_prm_"))).toInt());
-    return list;
-}
+const QByteArray StereoMeters = "111000";
+const QByteArray MonoMeters = "000111";
+const QByteArray NoMeters = "000000";
 
 /// Gives every parameter of channel 4 a value other than its default, and binds it.
 void unflatten(EditorFixture& fixture)
@@ -196,7 +181,7 @@ void tst_ZoltaEditor::asConstructed()
     QCOMPARE(lamps(fixture), DriveLamps);
     QCOMPARE(gain(fixture, "Low"), WithGain);
     QCOMPARE(gain(fixture, "High"), WithGain);
-    QCOMPARE(meterPlaces(fixture), QStringLiteral("111000"));
+    QCOMPARE(meterPlaces(fixture), StereoMeters);
 }
 
 void tst_ZoltaEditor::everyParameterReachesItsControls_data()
@@ -396,11 +381,11 @@ void tst_ZoltaEditor::channelsMakeStereoOrMono()
     QFETCH(bool, stereo);
     EditorFixture fixture;
     fixture.editor->setCh(ch, ch2);
-    QCOMPARE(meterPlaces(fixture), QStringLiteral("000000"));
+    QCOMPARE(meterPlaces(fixture), NoMeters);
     fixture.bind();
-    QCOMPARE(meterPlaces(fixture), stereo ? QStringLiteral("111000") : QStringLiteral("000111"));
+    QCOMPARE(meterPlaces(fixture), stereo ? StereoMeters : MonoMeters);
     fixture.editor->setMemAPI(nullptr);
-    QCOMPARE(meterPlaces(fixture), QStringLiteral("000000"));
+    QCOMPARE(meterPlaces(fixture), NoMeters);
 }
 
 void tst_ZoltaEditor::lampsFollowTheSwitch()
