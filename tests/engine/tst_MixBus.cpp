@@ -23,6 +23,7 @@ private Q_SLOTS:
     void equalizes();
     void blocksMakeNoDifference();
     void gainChangesWithinTheRampsLength();
+    void gainTurnsBackFromWhereItIs();
     void newRouteComesInOnceTheOldOneIsOut();
     void driveHoldsTheOthersBack();
     void driveOfASilentStripHoldsNobodyBack();
@@ -203,6 +204,19 @@ void tst_MixBus::gainChangesWithinTheRampsLength()
     QVERIFY(heard[rampLength - 2] > 0.25F);
     QCOMPARE(Samples(heard.begin() + rampLength - 1, heard.end()), Samples(521, 0.25F));
     QVERIFY(std::is_sorted(heard.rbegin(), heard.rend()));
+}
+
+void tst_MixBus::gainTurnsBackFromWhereItIs()
+{
+    setStrip(0, file(0));
+    m_bus->prepare(rate, false);
+    setStrip(0, file(0, true, true, 0.0));
+    QCOMPARE(play({Samples(rampLength / 2, 0.5F)})[0].back(), 0.25F);
+    setStrip(0, file(0));
+    const Samples heard = play({Samples(rampLength, 0.5F)})[0];
+    QVERIFY(heard[0] >= 0.25F && heard[0] < 0.251F);
+    QVERIFY(std::is_sorted(heard.begin(), heard.end()));
+    QCOMPARE(heard.back(), 0.5F);
 }
 
 void tst_MixBus::newRouteComesInOnceTheOldOneIsOut()
