@@ -364,6 +364,8 @@ void tst_ButtonGroupController::buttonBeyondTheRangeWritesNothing()
     group.buttons.at(2)->click();
     QCOMPARE(group.host.count(TestHost::Operation::SetValue), 0);
     QCOMPARE(group.ledger.begun, 0);
+    group.buttons.at(1)->click(); // the last of the range
+    QCOMPARE(group.value(), 1);
 }
 
 void tst_ButtonGroupController::hostsUpdateIsNotWrittenBack()
