@@ -9,8 +9,6 @@
 #include <QAccessible>
 #include <QCoreApplication>
 #include <QKeyEvent>
-#include <QMetaMethod>
-#include <QMetaProperty>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QStringList>
@@ -23,8 +21,8 @@
 #include <memory>
 #include <utility>
 
-/// What the tests of the controls share: events as a user's hand makes them, a ledger of the edits,
-/// and the meta-object as text.
+/// What the tests of the controls share: events as a user's hand makes them and a ledger of the
+/// edits.
 namespace ControlTesting {
 
 using CommonController_MemAPI::AbstractController;
@@ -155,9 +153,9 @@ void interrupt(const QString& how, std::unique_ptr<QWidget>& parent, QPointer<Co
     else if (how.endsWith(QLatin1String("hidden")))
         target.hide();
     else if (how == QLatin1String("rebound"))
-        bind(*control, host, Parameter, 3);
+        bind(dynamic_cast<AbstractController&>(*control), host, Parameter, 3);
     else if (how == QLatin1String("unbound"))
-        unbind(*control);
+        unbind(dynamic_cast<AbstractController&>(*control));
     else if (how == QLatin1String("destroyed"))
         delete control.data();
     else if (how == QLatin1String("parent destroyed"))
@@ -218,62 +216,6 @@ private:
 
     static inline QList<std::pair<const QObject*, QVariant>> s_values;
 };
-
-// Meta-object --------------------------------------------------------------------------------
-
-/// The properties that the class itself has, in order: "type name = default", the default as the
-/// object \a fresh gives it; "!" follows where one is not readable, writable and designable, or has
-/// a notify signal.
-inline QStringList propertiesOf(const QMetaObject& type, const QObject& fresh)
-{
-    QStringList lines;
-    for (int i = type.propertyOffset(); i < type.propertyCount(); ++i) {
-        const QMetaProperty property = type.property(i);
-        const bool usual = property.isReadable() && property.isWritable() &&
-                           property.isDesignable() && property.isStored() &&
-                           !property.hasNotifySignal();
-        const QVariant value = property.read(&fresh);
-        const bool isNumber = property.isEnumType() || property.isFlagType();
-        const QString text = isNumber ? QString::number(value.toInt()) : value.toString();
-        lines << QStringLiteral("%1 %2 = %3%4")
-                     .arg(QString::fromLatin1(property.typeName()),
-                          QString::fromLatin1(property.name()), text,
-                          usual ? QString() : QStringLiteral(" !"));
-    }
-    return lines;
-}
-
-/// The signals and slots that the class itself has, in order: "signal name(types)".
-inline QStringList methodsOf(const QMetaObject& type)
-{
-    QStringList lines;
-    for (int i = type.methodOffset(); i < type.methodCount(); ++i) {
-        const QMetaMethod method = type.method(i);
-        QString kind = QStringLiteral("method");
-        if (method.methodType() == QMetaMethod::Signal)
-            kind = QStringLiteral("signal");
-        else if (method.methodType() == QMetaMethod::Slot)
-            kind = method.access() == QMetaMethod::Public ? QStringLiteral("public slot")
-                                                          : QStringLiteral("private slot");
-        lines << kind + QLatin1Char(' ') + QString::fromLatin1(method.methodSignature());
-    }
-    return lines;
-}
-
-/// The enumerations that the class itself has, in order: "name key=value ...".
-inline QStringList enumsOf(const QMetaObject& type)
-{
-    QStringList lines;
-    for (int i = type.enumeratorOffset(); i < type.enumeratorCount(); ++i) {
-        const QMetaEnum list = type.enumerator(i);
-        QString line = QString::fromLatin1(list.name());
-        for (int k = 0; k < list.keyCount(); ++k)
-            line +=
-                QStringLiteral(" %1=%2").arg(QString::fromLatin1(list.key(k))).arg(list.value(k));
-        lines << line;
-    }
-    return lines;
-}
 
 // Virtual functions --------------------------------------------------------------------------
 

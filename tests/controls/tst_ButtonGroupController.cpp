@@ -84,7 +84,6 @@ class tst_ButtonGroupController : public TestObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void metaObject();
     void paintsNothing();
 
     void threeButtonsHaveTheRangeZeroToThree();
@@ -122,26 +121,6 @@ private Q_SLOTS:
     void accessible();
     void valueIsAnnouncedOnce();
 };
-
-void tst_ButtonGroupController::metaObject()
-{
-    const ButtonGroupController group;
-    const QMetaObject& meta = ButtonGroupController::staticMetaObject;
-    QCOMPARE(meta.className(), "CommonController_MemAPI::ButtonGroupController");
-    QCOMPARE(meta.superClass()->className(), "QGroupBox");
-    QCOMPARE(ownProperties(group, meta),
-             QStringList({QStringLiteral("bool enableDefaultSet = false")}));
-    QVERIFY(arePlain(meta));
-    const QStringList methods = {
-        QStringLiteral("signal valueChanged(int)"),
-        QStringLiteral("signal modifiersChange(AbstractController*,Qt::KeyboardModifiers)"),
-        QStringLiteral("signal childAdded(QObject*)"),
-        QStringLiteral("private slot valueChangedRequest()"),
-        QStringLiteral("private slot addChild(QObject*)"),
-        QStringLiteral("private slot updateChild()"),
-        QStringLiteral("private slot updateButton(bool)")};
-    QCOMPARE(ownMethods(meta), methods);
-}
 
 void tst_ButtonGroupController::paintsNothing()
 {
@@ -385,6 +364,8 @@ void tst_ButtonGroupController::buttonBeyondTheRangeWritesNothing()
     group.buttons.at(2)->click();
     QCOMPARE(group.host.count(TestHost::Operation::SetValue), 0);
     QCOMPARE(group.ledger.begun, 0);
+    group.buttons.at(1)->click(); // the last of the range
+    QCOMPARE(group.value(), 1);
 }
 
 void tst_ButtonGroupController::hostsUpdateIsNotWrittenBack()

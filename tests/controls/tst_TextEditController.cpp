@@ -95,9 +95,7 @@ class tst_TextEditController : public TestObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void metaObject();
     void settersActOnChange();
-    void focusesOnClick();
 
     void editTextLeavesThePostfixOut_data();
     void editTextLeavesThePostfixOut();
@@ -135,19 +133,9 @@ private Q_SLOTS:
     void drag_data();
     void drag();
     void fineDragReanchors();
-    void controlClickResetsAndStartsNoDrag();
-    void otherButtonsDoNothing();
-    void everyDragEndsOnce_data();
-    void everyDragEndsOnce();
-    void wheel_data();
-    void wheel();
-    void fineWheelAndReversal();
-    void keys_data();
-    void keys();
     void leftAndRightAreSwallowed();
     void unusedKeysGoToTheWindow();
     void modifiersAreReported();
-    void disabledDoesNotReact();
     void widestRangeDoesNotOverflow();
     void oneValueRangeDoesNotCrash();
     void everyFailureIsSurvived();
@@ -161,35 +149,6 @@ private Q_SLOTS:
     void editorAnnouncesItselfWithTheFieldsName();
     void valueChangesAreAnnounced();
 };
-
-void tst_TextEditController::metaObject()
-{
-    const TextEditController field;
-    const QMetaObject& type = TextEditController::staticMetaObject;
-    QCOMPARE(QByteArray(type.className()),
-             QByteArray("CommonController_MemAPI::TextEditController"));
-    QCOMPARE(QByteArray(type.superClass()->className()), QByteArray("QWidget"));
-    const QStringList properties = {QStringLiteral("QString string = "),
-                                    QStringLiteral("QString postfix = "),
-                                    QStringLiteral("bool expandUnit = false"),
-                                    QStringLiteral("QFlags<Qt::AlignmentFlag> alignment = 129"),
-                                    QStringLiteral("bool textTrim = false"),
-                                    QStringLiteral("int textLeftMargin = 0"),
-                                    QStringLiteral("int textRightMargin = 0"),
-                                    QStringLiteral("int textMaxLength = 10")};
-    QCOMPARE(propertiesOf(type, field), properties);
-    const QStringList methods = {
-        QStringLiteral("signal valueChanged(int)"),
-        QStringLiteral("signal modifiersChange(AbstractController*,Qt::KeyboardModifiers)"),
-        QStringLiteral("signal drag(bool)"),
-        QStringLiteral("signal textEdit(bool)"),
-        QStringLiteral("private slot valueChangedRequest()"),
-        QStringLiteral("public slot edit()"),
-        QStringLiteral("public slot editFinish()"),
-        QStringLiteral("public slot editCancel()")};
-    QCOMPARE(methodsOf(type), methods);
-    QCOMPARE(enumsOf(type), QStringList());
-}
 
 void tst_TextEditController::settersActOnChange()
 {
@@ -213,11 +172,6 @@ void tst_TextEditController::settersActOnChange()
     QCOMPARE(changes, (QList<QVariantList>{{7}}));
     field.setTextMaxLength(-4);
     QCOMPARE(field.textMaxLength(), 0);
-}
-
-void tst_TextEditController::focusesOnClick()
-{
-    QCOMPARE(TextEditController().focusPolicy(), Qt::ClickFocus);
 }
 
 void tst_TextEditController::editTextLeavesThePostfixOut_data()
@@ -691,116 +645,6 @@ void tst_TextEditController::fineDragReanchors()
     QCOMPARE(f.value(), 135);
 }
 
-void tst_TextEditController::controlClickResetsAndStartsNoDrag()
-{
-    Fixture f;
-    f.host.setSilently(Parameter, 0, 7);
-    QSignalSpy modifiers(f.field.data(), &TextEditController::modifiersChange);
-    press(*f.field, {20, 5}, Qt::ControlModifier);
-    moveTo(*f.field, {40, 5}, Qt::ControlModifier);
-    release(*f.field, {40, 5}, Qt::ControlModifier);
-    QCOMPARE(f.value(), 100);
-    QVERIFY(f.drags.isEmpty());
-    QCOMPARE(f.ledger.begun, 1);
-    QCOMPARE(f.ledger.ended, 1);
-    QCOMPARE(modifiers.count(), 1);
-}
-
-void tst_TextEditController::otherButtonsDoNothing()
-{
-    Fixture f;
-    press(*f.field, {20, 5}, {}, Qt::RightButton);
-    moveTo(*f.field, {40, 5}, {}, Qt::RightButton);
-    release(*f.field, {40, 5}, {}, Qt::RightButton);
-    QCOMPARE(f.value(), 100);
-    QCOMPARE(f.ledger.begun, 0);
-}
-
-void tst_TextEditController::everyDragEndsOnce_data()
-{
-    QTest::addColumn<QString>("how");
-    for (const QString& how : Interruptions)
-        QTest::addRow("%s", qPrintable(how)) << how;
-}
-
-void tst_TextEditController::everyDragEndsOnce()
-{
-    QFETCH(QString, how);
-    Fixture f;
-    f.window->show();
-    press(*f.field, {20, 5});
-    moveTo(*f.field, {40, 5});
-    interrupt(how, f.window, f.field, f.host);
-    const bool again = how == QLatin1String("pressed again");
-    QCOMPARE(f.drags, again ? (QList<bool>{true, false, true}) : (QList<bool>{true, false}));
-    QCOMPARE(f.ledger.open(), again ? 1 : 0);
-    if (f.field) {
-        moveTo(*f.field, {60, 5});
-        release(*f.field, {60, 5});
-    }
-    QCOMPARE(f.drags.count(true), f.drags.count(false));
-    QCOMPARE(f.ledger.open(), 0);
-    QCOMPARE(f.ledger.begun, again ? 2 : 1);
-    QCOMPARE(f.value(), again ? 160 : 120);
-    f.window.reset();
-    QCOMPARE(f.host.observerCount(), 0);
-}
-
-void tst_TextEditController::wheel_data()
-{
-    QTest::addColumn<QPoint>("angle");
-    QTest::addColumn<bool>("inverted");
-    QTest::addColumn<int>("value");
-    QTest::newRow("away") << QPoint(0, 120) << false << 101;
-    QTest::newRow("towards") << QPoint(0, -240) << false << 98;
-    QTest::newRow("sideways") << QPoint(240, -120) << false << 102;
-    QTest::newRow("away, inverted by the system") << QPoint(0, -120) << true << 101;
-    QTest::newRow("less than a notch") << QPoint(0, -119) << false << 100;
-}
-
-void tst_TextEditController::wheel()
-{
-    QFETCH(QPoint, angle);
-    QFETCH(bool, inverted);
-    Fixture f;
-    QVERIFY(ControlTesting::wheel(*f.field, angle, {}, inverted));
-    QTEST(f.value(), "value");
-    QCOMPARE(f.ledger.begun, 1);
-    QCOMPARE(f.ledger.ended, 1);
-}
-
-void tst_TextEditController::fineWheelAndReversal()
-{
-    Fixture f;
-    for (int i = 0; i < 3; ++i)
-        ControlTesting::wheel(*f.field, {0, 120}, Qt::ShiftModifier);
-    QCOMPARE(f.value(), 101);
-    ControlTesting::wheel(*f.field, {0, 100});
-    ControlTesting::wheel(*f.field, {0, -60});
-    ControlTesting::wheel(*f.field, {0, -60});
-    QCOMPARE(f.value(), 100);
-}
-
-void tst_TextEditController::keys_data()
-{
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("value");
-    QTest::newRow("Up") << int(Qt::Key_Up) << 101;
-    QTest::newRow("Down") << int(Qt::Key_Down) << 99;
-    QTest::newRow("Page Up") << int(Qt::Key_PageUp) << 110;
-    QTest::newRow("Page Down") << int(Qt::Key_PageDown) << 90;
-}
-
-void tst_TextEditController::keys()
-{
-    QFETCH(int, key);
-    Fixture f;
-    QVERIFY(ControlTesting::key(*f.field, Qt::Key(key)));
-    QTEST(f.value(), "value");
-    QCOMPARE(f.ledger.begun, 1);
-    QCOMPARE(f.ledger.ended, 1);
-}
-
 void tst_TextEditController::leftAndRightAreSwallowed()
 {
     Fixture f;
@@ -838,19 +682,6 @@ void tst_TextEditController::modifiersAreReported()
     ControlTesting::wheel(*f.field, {0, 120}, Qt::AltModifier);
     QCOMPARE(modifiers.count(), 3);
     QCOMPARE(modifiers[2][0].value<AbstractController*>(), f.field.data());
-}
-
-void tst_TextEditController::disabledDoesNotReact()
-{
-    Fixture f;
-    f.field->setEnabled(false);
-    f.host.setSilently(Parameter, 0, 7);
-    doubleClick(*f.field, {20, 5});
-    doubleClick(*f.field, {20, 5}, Qt::ControlModifier);
-    ControlTesting::wheel(*f.field, {0, 120});
-    key(*f.field, Qt::Key_Up);
-    QCOMPARE(f.value(), 7);
-    QCOMPARE(f.ledger.begun, 0);
 }
 
 void tst_TextEditController::widestRangeDoesNotOverflow()
