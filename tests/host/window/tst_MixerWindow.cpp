@@ -98,7 +98,9 @@ private Q_SLOTS:
     void editorOfASecondChannelClosesForThePair();
     void firstEditorTakesTheSecondsPlace();
     void widthChosenInTheEditorIsAStep();
+    void metersShowWhatLeavesTheFader_data();
     void metersShowWhatLeavesTheFader();
+    void metersKnowTheOtherStrips();
     void peaksStayForAWhile();
     void metersRunWhileSomethingShows();
     void copyAndPasteThroughTheMenu();
@@ -120,6 +122,7 @@ private:
     {
         return m_mixer->memory.strip(channel, parameter);
     }
+    static void activate(QWidget* window);
     void sendMeters(int channel, int send, int returned);
     int meterOf(int channel) const
     {
@@ -177,6 +180,12 @@ QAction* tst_MixerWindow::action(const QMainWindow* window, const QString& text)
             return found;
     }
     qFatal("no action %s", qPrintable(text));
+}
+
+void tst_MixerWindow::activate(QWidget* window)
+{
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window));
 }
 
 void tst_MixerWindow::sendMeters(int channel, int send, int returned)
@@ -315,8 +324,7 @@ void tst_MixerWindow::undoKeysInEveryWindow()
                       Qt::LeftButton);
     for (QMainWindow* window :
          {static_cast<QMainWindow*>(m_window.get()), static_cast<QMainWindow*>(editor)}) {
-        window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(window));
+        activate(window);
         QTest::keyClick(window, Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(value(0, StripParameter::Mute), 0);
         QTest::keyClick(window, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
@@ -330,12 +338,6 @@ void tst_MixerWindow::knobDragInTheEditorIsOneStep()
     EditorWindow* editor = m_window->openEditor(0, true);
     QVERIFY(QTest::qWaitForWindowExposed(editor));
     auto* knob = editor->findChild<QWidget*>(QStringLiteral("m_pMiddle2GainKnob"));
-    if (!knob) {
-        for (QWidget* widget : editor->findChildren<QWidget*>()) {
-            if (widget->objectName().contains(QStringLiteral("Gain")))
-                qInfo() << widget->objectName();
-        }
-    }
     QVERIFY(knob);
     const QPoint middle = knob->rect().center();
     for (int drag = 1; drag <= 2; ++drag) {
@@ -367,8 +369,7 @@ void tst_MixerWindow::doubleClickRenames()
 {
     auto* name = strip(4)->findChild<ChannelNameEdit*>();
     QCOMPARE(name->text(), QStringLiteral("Channel 4"));
-    m_window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    activate(m_window.get());
     QTest::mouseDClick(name, Qt::LeftButton);
     QTest::keyClicks(name, QStringLiteral("Bass"));
     QTest::keyClick(name, Qt::Key_Return);
@@ -414,8 +415,7 @@ void tst_MixerWindow::namesFollowTheChannel()
 
 void tst_MixerWindow::tabVisitsTheControls()
 {
-    m_window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    activate(m_window.get());
     QStringList visited;
     for (int i = 0; i < 12; ++i) {
         QTest::keyClick(m_window.get(), Qt::Key_Tab);
@@ -431,8 +431,7 @@ void tst_MixerWindow::tabVisitsTheControls()
 
 void tst_MixerWindow::focusMarksTheStrip()
 {
-    m_window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    activate(m_window.get());
     QCOMPARE(m_window->selectedChannel(), 0);
     strip(4)->findChild<FaderController*>()->setFocus();
     QCOMPARE(m_window->selectedChannel(), 4);
@@ -465,15 +464,13 @@ void tst_MixerWindow::clickOnAControlMarksTheStrip()
 
 void tst_MixerWindow::focusThatComesBackMarksNothing()
 {
-    m_window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    activate(m_window.get());
     strip(4)->findChild<FaderController*>()->setFocus();
     QTest::mouseClick(named<QAbstractButton>(strip(6), QStringLiteral("Mute of Channel 6")),
                       Qt::LeftButton);
     EditorWindow* editor = m_window->openEditor(0, true);
     QVERIFY(QTest::qWaitForWindowActive(editor));
-    m_window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    activate(m_window.get());
     QVERIFY(strip(4)->findChild<FaderController*>()->hasFocus());
     QCOMPARE(m_window->selectedChannel(), 6);
 }
@@ -559,30 +556,44 @@ void tst_MixerWindow::widthChosenInTheEditorIsAStep()
     QCOMPARE(stack().count(), 1);
 }
 
+void tst_MixerWindow::metersShowWhatLeavesTheFader_data()
+{
+    using Writes = std::vector<std::pair<StripParameter, int>>;
+    QTest::addColumn<Writes>("writes"); // to the first strip
+    QTest::addColumn<int>("send");
+    QTest::addColumn<int>("returned");
+    QTest::addColumn<int>("shown");
+    QTest::newRow("0 dB") << Writes{} << -100 << -200 << -200;
+    QTest::newRow("+4 dB") << Writes{{StripParameter::Level, 340}} << -100 << -200 << -160;
+    QTest::newRow("+4 dB, past the equalizer")
+        << Writes{{StripParameter::Level, 340}, {StripParameter::EqualizerOn, 0}} << -100 << -200
+        << -60;
+    QTest::newRow("fader down") << Writes{{StripParameter::Level, 0}} << 0 << 0 << -1270;
+    QTest::newRow("muted") << Writes{{StripParameter::Mute, 1}} << 0 << 0 << -1270;
+    QTest::newRow("silence") << Writes{} << -1270 << -1270 << -1270;
+}
+
 void tst_MixerWindow::metersShowWhatLeavesTheFader()
 {
-    sendMeters(0, -100, -200);
-    QCOMPARE(meterOf(0), -200);
-    m_mixer->memory.setStrip(0, StripParameter::Level, 340);
-    sendMeters(0, -100, -200);
-    QCOMPARE(meterOf(0), -160);
-    m_mixer->memory.setStrip(0, StripParameter::EqualizerOn, 0);
-    sendMeters(0, -100, -200);
-    QCOMPARE(meterOf(0), -60);
-    m_mixer->memory.setStrip(0, StripParameter::Level, 0);
-    sendMeters(0, 0, 0);
-    QCOMPARE(meterOf(0), -1270);
-    m_mixer->memory.setStrip(0, StripParameter::Level, unityLevel);
+    using Writes = std::vector<std::pair<StripParameter, int>>;
+    QFETCH(const Writes, writes);
+    QFETCH(const int, send);
+    QFETCH(const int, returned);
+    for (const auto& [parameter, value] : writes)
+        m_mixer->memory.setStrip(0, parameter, value);
+    sendMeters(0, send, returned);
+    QTEST(meterOf(0), "shown");
+}
+
+void tst_MixerWindow::metersKnowTheOtherStrips()
+{
     m_mixer->memory.setStrip(2, StripParameter::Solo, 1);
     sendMeters(0, 0, 0);
     QCOMPARE(meterOf(0), -1270);
     m_mixer->memory.setStrip(2, StripParameter::Solo, 0);
-    sendMeters(0, -1270, -1270);
-    QCOMPARE(meterOf(0), -1270);
     sendMeters(1, -30, -30); // the pair's other side
     const auto bars = strip(0)->findChildren<MeterController*>();
     QVERIFY(std::any_of(bars.begin(), bars.end(), [](auto* m) { return m->value() == -30; }));
-    QCOMPARE(stack().count(), 6);
 }
 
 void tst_MixerWindow::peaksStayForAWhile()
