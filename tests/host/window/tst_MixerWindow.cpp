@@ -13,6 +13,7 @@
 #include "host/window/MixerWindow.h"
 #include "host/window/StripMeters.h"
 #include "host/window/TransportBar.h"
+#include "tests/host/window/WindowTesting.h"
 #include "tests/support/TestObject.h"
 #include "widgets/ChannelNameEdit.h"
 
@@ -27,6 +28,7 @@
 #include <QTimer>
 
 using namespace CommonController_MemAPI;
+using namespace WindowTesting;
 
 namespace {
 
@@ -114,9 +116,7 @@ private Q_SLOTS:
     void longFileNameIsElided();
 
 private:
-    MixerStrip* strip(int channel) const;
-    template <typename Widget> Widget* named(const QWidget* parent, const QString& name) const;
-    QAction* action(const QMainWindow* window, const QString& text) const;
+    MixerStrip* strip(int channel) const { return stripOf(m_window.get(), channel); }
     QUndoStack& stack() { return m_mixer->mixerModel.history().stack(); }
     int value(int channel, StripParameter parameter) const
     {
@@ -152,34 +152,6 @@ void tst_MixerWindow::cleanup()
 {
     m_window.reset();
     m_mixer.reset();
-}
-
-MixerStrip* tst_MixerWindow::strip(int channel) const
-{
-    for (MixerStrip* found : m_window->findChildren<MixerStrip*>()) {
-        if (found->channel() == channel)
-            return found;
-    }
-    qFatal("no strip %d", channel);
-}
-
-template <typename Widget>
-Widget* tst_MixerWindow::named(const QWidget* parent, const QString& name) const
-{
-    for (Widget* widget : parent->findChildren<Widget*>()) {
-        if (widget->accessibleName() == name)
-            return widget;
-    }
-    qFatal("no widget %s", qPrintable(name));
-}
-
-QAction* tst_MixerWindow::action(const QMainWindow* window, const QString& text) const
-{
-    for (QAction* found : window->findChildren<QAction*>()) {
-        if (found->text().remove(QLatin1Char('&')).startsWith(text))
-            return found;
-    }
-    qFatal("no action %s", qPrintable(text));
 }
 
 void tst_MixerWindow::activate(QWidget* window)
@@ -270,9 +242,9 @@ void tst_MixerWindow::faderDragIsOneStep()
     QCOMPARE(value(0, StripParameter::Level), 200);
     QCOMPARE(strip(0)->findChild<TextEditController*>()->string(), QStringLiteral("-10.0"));
     QCOMPARE(stack().count(), 1);
-    action(m_window.get(), QStringLiteral("Undo Level"))->trigger();
+    actionOf(m_window.get(), QStringLiteral("Undo Level"))->trigger();
     QCOMPARE(value(0, StripParameter::Level), unityLevel);
-    action(m_window.get(), QStringLiteral("Redo Level"))->trigger();
+    actionOf(m_window.get(), QStringLiteral("Redo Level"))->trigger();
     QCOMPARE(value(0, StripParameter::Level), 200);
 }
 
@@ -314,11 +286,11 @@ void tst_MixerWindow::undoKeysInEveryWindow()
     EditorWindow* editor = m_window->openEditor(0, true);
     const std::vector<const QMainWindow*> windows = {m_window.get(), editor};
     for (const QMainWindow* window : windows) {
-        QCOMPARE(action(window, QStringLiteral("Undo"))->shortcut(),
+        QCOMPARE(actionOf(window, QStringLiteral("Undo"))->shortcut(),
                  QKeySequence(QStringLiteral("Ctrl+Z")));
-        QCOMPARE(action(window, QStringLiteral("Redo"))->shortcut(),
+        QCOMPARE(actionOf(window, QStringLiteral("Redo"))->shortcut(),
                  QKeySequence(QStringLiteral("Ctrl+Shift+Z")));
-        QVERIFY(!action(window, QStringLiteral("Undo"))->isEnabled());
+        QVERIFY(!actionOf(window, QStringLiteral("Undo"))->isEnabled());
     }
     QTest::mouseClick(named<QAbstractButton>(strip(0), QStringLiteral("Mute of Channel 0")),
                       Qt::LeftButton);
@@ -349,8 +321,8 @@ void tst_MixerWindow::knobDragInTheEditorIsOneStep()
     }
     QCOMPARE(stack().undoText(), QStringLiteral("Middle 2 gain"));
     QVERIFY(m_mixer->memory.values(0)[10] > 0);
-    action(editor, QStringLiteral("Undo Middle 2 gain"))->trigger();
-    action(editor, QStringLiteral("Undo Middle 2 gain"))->trigger();
+    actionOf(editor, QStringLiteral("Undo Middle 2 gain"))->trigger();
+    actionOf(editor, QStringLiteral("Undo Middle 2 gain"))->trigger();
     QCOMPARE(m_mixer->memory.values(0), HostMemory().values(0));
 }
 
@@ -359,10 +331,10 @@ void tst_MixerWindow::undoReachesEveryWindow()
     EditorWindow* editor = m_window->openEditor(2, true);
     m_mixer->memory.setValue(middle2Gain, 2, 50, 0, 0, 1);
     const QImage curved = strip(2)->findChild<EqualizerThumbnail*>()->grab().toImage();
-    action(m_window.get(), QStringLiteral("Undo"))->trigger();
+    actionOf(m_window.get(), QStringLiteral("Undo"))->trigger();
     QVERIFY(strip(2)->findChild<EqualizerThumbnail*>()->grab().toImage() != curved);
-    QVERIFY(!action(editor, QStringLiteral("Undo"))->isEnabled());
-    QVERIFY(action(editor, QStringLiteral("Redo Middle 2 gain"))->isEnabled());
+    QVERIFY(!actionOf(editor, QStringLiteral("Undo"))->isEnabled());
+    QVERIFY(actionOf(editor, QStringLiteral("Redo Middle 2 gain"))->isEnabled());
 }
 
 void tst_MixerWindow::doubleClickRenames()
@@ -458,7 +430,7 @@ void tst_MixerWindow::clickOnAControlMarksTheStrip()
     m_mixer->memory.setValue(middle2Gain, 0, 50, 0, 0, 1);
     QTest::mousePress(named<QWidget>(strip(6), control), Qt::RightButton);
     QCOMPARE(m_window->selectedChannel(), 6);
-    action(m_window.get(), QStringLiteral("Reset Equalizer"))->trigger();
+    actionOf(m_window.get(), QStringLiteral("Reset Equalizer"))->trigger();
     QCOMPARE(m_mixer->memory.values(0)[10], 50);
 }
 
@@ -620,11 +592,11 @@ void tst_MixerWindow::metersRunWhileSomethingShows()
 void tst_MixerWindow::copyAndPasteThroughTheMenu()
 {
     m_mixer->memory.setValue(middle2Gain, 0, 50, 0, 0, 1);
-    action(m_window.get(), QStringLiteral("Copy Equalizer"))->trigger();
+    actionOf(m_window.get(), QStringLiteral("Copy Equalizer"))->trigger();
     QTest::mouseClick(strip(4), Qt::LeftButton, {}, QPoint(3, 300));
-    action(m_window.get(), QStringLiteral("Paste Equalizer"))->trigger();
+    actionOf(m_window.get(), QStringLiteral("Paste Equalizer"))->trigger();
     QCOMPARE(m_mixer->memory.values(4), m_mixer->memory.values(0));
-    action(m_window.get(), QStringLiteral("Reset Equalizer"))->trigger();
+    actionOf(m_window.get(), QStringLiteral("Reset Equalizer"))->trigger();
     QCOMPARE(m_mixer->memory.values(4), HostMemory().values(4));
     QCOMPARE(stack().undoText(), QStringLiteral("Reset"));
     stack().undo();
@@ -634,7 +606,7 @@ void tst_MixerWindow::copyAndPasteThroughTheMenu()
 void tst_MixerWindow::pasteOfNonsenseIsExplained()
 {
     QApplication::clipboard()->setText(QStringLiteral("nonsense"));
-    action(m_window.get(), QStringLiteral("Paste Equalizer"))->trigger();
+    actionOf(m_window.get(), QStringLiteral("Paste Equalizer"))->trigger();
     QCOMPARE(m_window->statusBar()->currentMessage(),
              QStringLiteral("Cannot paste: the clipboard holds no equalizer settings."));
 }
@@ -642,8 +614,8 @@ void tst_MixerWindow::pasteOfNonsenseIsExplained()
 void tst_MixerWindow::pasteFollowsTheClipboard()
 {
     const EditorWindow* editor = m_window->openEditor(0, true);
-    const QAction* inMixer = action(m_window.get(), QStringLiteral("Paste Equalizer"));
-    const QAction* inEditor = action(editor, QStringLiteral("Paste Settings"));
+    const QAction* inMixer = actionOf(m_window.get(), QStringLiteral("Paste Equalizer"));
+    const QAction* inEditor = actionOf(editor, QStringLiteral("Paste Settings"));
     QApplication::clipboard()->setImage(QImage(2, 2, QImage::Format_RGB32));
     QVERIFY(!inMixer->isEnabled() && !inEditor->isEnabled());
     m_mixer->mixerModel.copyToClipboard(0);
@@ -655,19 +627,19 @@ void tst_MixerWindow::pasteFollowsTheClipboard()
 void tst_MixerWindow::compareInTheEditorWindow()
 {
     EditorWindow* editor = m_window->openEditor(0, true);
-    QAction* a = action(editor, QStringLiteral("A"));
-    QAction* b = action(editor, QStringLiteral("B"));
+    QAction* a = actionOf(editor, QStringLiteral("A"));
+    QAction* b = actionOf(editor, QStringLiteral("B"));
     QVERIFY(a->isCheckable() && a->isChecked());
     m_mixer->memory.setValue(middle2Gain, 0, 50, 0, 0, 1);
     b->trigger();
     QVERIFY(b->isChecked());
     QCOMPARE(m_mixer->memory.values(0)[10], 0);
-    action(editor, QStringLiteral("Copy A to B"))->trigger();
+    actionOf(editor, QStringLiteral("Copy A to B"))->trigger();
     QCOMPARE(m_mixer->memory.values(0)[10], 50);
-    action(editor, QStringLiteral("Switch between A and B"))->trigger();
+    actionOf(editor, QStringLiteral("Switch between A and B"))->trigger();
     QVERIFY(a->isChecked());
     for (int i = 0; i < 3; ++i)
-        action(editor, QStringLiteral("Undo"))->trigger();
+        actionOf(editor, QStringLiteral("Undo"))->trigger();
     QVERIFY(a->isChecked());
     QCOMPARE(m_mixer->memory.values(0)[10], 50);
 }
