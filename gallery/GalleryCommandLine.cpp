@@ -28,7 +28,7 @@ QString readErrors(const QCommandLineParser& parser, GalleryCommandLine& result)
     if (parser.isSet(sheetOption) && result.sheet.isEmpty())
         return QStringLiteral("--sheet takes the name of a file.");
     if (!parser.positionalArguments().isEmpty())
-        return QStringLiteral("\"%1\" is no option.")
+        return QStringLiteral("Unknown option \"%1\".")
             .arg(parser.positionalArguments().constFirst());
     return parser.isSet(scaleOption) ? scaleError(parser.value(scaleOption), &result.scale)
                                      : QString();
@@ -60,5 +60,5 @@ QString GalleryCommandLine::helpText()
         "                         0.5 to 4 (1)\n"
         "  --help                 show this\n"
         "\n"
-        "Exit codes: 0 done, 1 the picture cannot be written, 2 the command line is at error.\n");
+        "Exit codes: 0 done, 1 the picture cannot be written, 2 usage error.\n");
 }

@@ -14,7 +14,7 @@
 namespace {
 
 constexpr int margin = 16;
-constexpr QRgb mixerModel = 0xFF16191C;
+constexpr QRgb ground = 0xFF16191C;
 
 /// An empty picture of \a size pixels of the screen.
 QImage emptyPicture(QSize size, double ratio)
@@ -24,7 +24,7 @@ QImage emptyPicture(QSize size, double ratio)
                        static_cast<int>(std::ceil(pixels.height()))),
                  QImage::Format_RGB32);
     image.setDevicePixelRatio(ratio);
-    image.fill(mixerModel);
+    image.fill(ground);
     return image;
 }
 
@@ -66,7 +66,7 @@ GallerySheet::GallerySheet(HostMemory& memory, QWidget* parent)
     : QWidget(parent)
 {
     QPalette colors = palette();
-    colors.setColor(QPalette::Window, mixerModel);
+    colors.setColor(QPalette::Window, ground);
     setPalette(colors);
     setAutoFillBackground(true);
 

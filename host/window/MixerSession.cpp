@@ -12,7 +12,7 @@
 #include <array>
 #include <utility>
 
-MixerSession::MixerSession(Mixer& mixer, Reporter reporter)
+MixerSession::MixerSession(Mixer& mixer, Reporter reporter, int saveDelay)
     : m_mixer(mixer)
     , m_reporter(std::move(reporter))
     , m_timer(this)

@@ -24,11 +24,9 @@ public:
     /// Gets an error of saving; whether to end nevertheless.
     using Asker = std::function<bool(const QString&)>;
 
-    /// A change is saved after so many milliseconds without another one.
-    static constexpr int saveDelay = 20000;
-
-    /// \a mixer must outlive it. The errors of saving go to \a reporter.
-    explicit MixerSession(Mixer& mixer, Reporter reporter = {});
+    /// \a mixer must outlive it. The errors of saving go to \a reporter. A change is saved after
+    /// \a saveDelay milliseconds without another one.
+    explicit MixerSession(Mixer& mixer, Reporter reporter = {}, int saveDelay = 20000);
 
     /// Is asked, instead of the reporter, when the last window or the program cannot be closed
     /// without losing something; without an asker, they close.

@@ -17,7 +17,6 @@ namespace MixerStyle {
 inline constexpr QColor letters{0xd7, 0xdc, 0xe1};
 inline constexpr QColor dimLetters{0x8a, 0x91, 0x99};
 inline constexpr QColor accent{0x03, 0x94, 0xd0};
-inline constexpr QColor well{0x0b, 0x0d, 0x10};
 
 /// The resource of a picture, by its name without ".svg".
 QString image(const QString& name);

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/window/ResponseView.h"
 
-#include "engine/MeasuredResponse.h"
-#include "equalizer/BandDesign.h"
 #include "equalizer/PlotAxes.h"
 #include "host/model/MixerModel.h"
 #include "host/window/MixerStyle.h"
@@ -15,11 +13,8 @@
 
 namespace {
 
-constexpr int delay = 30; // ms, so that a drag is followed but not held up
-constexpr double pointsPerOctave = 10.0;
-constexpr double faintest = -100.0; // dB
-constexpr double finest = 0.0001;   // dB
-constexpr double tolerated = 0.01;  // dB
+constexpr double finest = 0.0001;  // dB
+constexpr double tolerated = 0.01; // dB
 constexpr int smallestWidth = 240;
 constexpr int legendHeight = 30;
 constexpr int legendGap = 20;
@@ -42,7 +37,7 @@ QString labelOf(double frequency)
 
 } // namespace
 
-ResponseView::ResponseView(MixerModel& mixerModel, int channel, QWidget* parent)
+ResponseView::ResponseView(MixerModel& mixerModel, int channel, QWidget* parent, int delay)
     : QWidget(parent)
     , m_mixerModel(mixerModel)
     , m_channel(channel)
@@ -61,25 +56,15 @@ ResponseView::ResponseView(MixerModel& mixerModel, int channel, QWidget* parent)
 
 void ResponseView::setSampleRate(int hertz)
 {
-    m_bands.setSampleRate(hertz);
-    const double top = std::min(BandDesign::MaximumFrequency, 0.45 * hertz);
-    m_frequencies.clear();
-    for (int i = 0; m_frequencies.empty() || m_frequencies.back() < top; ++i)
-        m_frequencies.push_back(
-            std::min(top, BandDesign::MinimumFrequency * std::pow(2.0, i / pointsPerOctave)));
+    m_comparison.setSampleRate(hertz);
     if (isVisible())
         measure();
 }
 
 void ResponseView::measure()
 {
-    setBands(m_bands, m_mixerModel.memory().values(m_channel));
-    const EqualizerResponse response = m_bands.response();
-    m_drawn.clear();
-    for (const double frequency : m_frequencies)
-        m_drawn.push_back(response.levels(frequency, m_bands.sampleRate()).total);
-    m_measured = measuredResponse(m_mixerModel.soundingValues(m_channel), m_bands.sampleRate(),
-                                  m_frequencies);
+    m_comparison.measure(m_mixerModel.memory().values(m_channel),
+                         m_mixerModel.soundingValues(m_channel));
     setAccessibleDescription(verdict());
     update();
 }
@@ -90,21 +75,11 @@ bool ResponseView::isOn() const
                                        StripParameter::EqualizerOn) != 0;
 }
 
-double ResponseView::largestDifference() const
-{
-    double largest = 0.0;
-    for (std::size_t i = 0; i < m_measured.size(); ++i) {
-        if (m_drawn[i] > faintest || m_measured[i] > faintest)
-            largest = std::max(largest, std::abs(m_measured[i] - m_drawn[i]));
-    }
-    return largest;
-}
-
 QString ResponseView::verdict() const
 {
     if (!isOn())
         return tr("The equalizer is off");
-    const double difference = largestDifference();
+    const double difference = m_comparison.largestDifference();
     const QString text = difference < finest ? QStringLiteral("< %1").arg(finest)
                                              : QString::number(difference, 'f', 4);
     return tr("Largest difference: %1 dB").arg(text);
@@ -143,7 +118,7 @@ void ResponseView::paintEvent(QPaintEvent*)
 double ResponseView::range() const
 {
     double boost = 0.0;
-    for (const double level : m_drawn)
+    for (const double level : m_comparison.drawn())
         boost = std::max(boost, level);
     for (const double range : {12.0, 24.0})
         if (boost <= range)
@@ -157,7 +132,7 @@ void ResponseView::drawLegend(QPainter& painter) const
     const QFontMetrics metrics(painter.font());
     const QRect line(16, 0, width() - 32, legendHeight);
     const QString shown = metrics.elidedText(verdict(), Qt::ElideRight, line.width());
-    const bool alarming = isOn() && largestDifference() > tolerated;
+    const bool alarming = isOn() && m_comparison.largestDifference() > tolerated;
     painter.setPen(alarming ? QColor(0xff, 0xb0, 0x30) : MixerStyle::dimLetters);
     painter.drawText(line, Qt::AlignRight | Qt::AlignVCenter, shown);
 
@@ -213,11 +188,12 @@ void ResponseView::drawGrid(QPainter& painter, const PlotAxes& axes) const
 
 void ResponseView::drawLine(QPainter& painter, const PlotAxes& axes) const
 {
-    const EqualizerResponse response = m_bands.response();
+    const EqualizerBands& bands = m_comparison.bands();
+    const EqualizerResponse response = bands.response();
     const double farthest = 1.2 * axes.range();
     QPolygonF line;
     for (double x = axes.left(); x <= axes.right(); x += 1.0) {
-        const double level = response.levels(axes.frequency(x), m_bands.sampleRate()).total;
+        const double level = response.levels(axes.frequency(x), bands.sampleRate()).total;
         line << QPointF(x, axes.y(std::clamp(level, -farthest, farthest)));
     }
     painter.setPen(QPen(isOn() ? MixerStyle::accent : MixerStyle::dimLetters.darker(150), 2));
@@ -229,9 +205,11 @@ void ResponseView::drawPoints(QPainter& painter, const PlotAxes& axes) const
 {
     painter.setPen(Qt::NoPen);
     painter.setBrush(Qt::white);
-    for (std::size_t i = 0; i < m_measured.size(); ++i)
-        painter.drawEllipse(QPointF(axes.x(m_frequencies[i]), axes.y(m_measured[i])), pointRadius,
-                            pointRadius);
+    const std::vector<double>& levels = m_comparison.measured();
+    for (std::size_t i = 0; i < levels.size(); ++i) {
+        const QPointF point(axes.x(m_comparison.frequencies()[i]), axes.y(levels[i]));
+        painter.drawEllipse(point, pointRadius, pointRadius);
+    }
 }
 
 #include "moc_ResponseView.cpp"

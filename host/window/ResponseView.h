@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "equalizer/EqualizerBands.h"
+#include "host/model/ResponseComparison.h"
 
 #include <QTimer>
 #include <QWidget>
-
-#include <vector>
 
 class MixerModel;
 class PlotAxes;
@@ -24,21 +22,12 @@ class ResponseView : public QWidget
 public:
     static constexpr int viewHeight = 232;
 
-    /// \a mixerModel must outlive it.
-    ResponseView(MixerModel& mixerModel, int channel, QWidget* parent = nullptr);
+    /// \a mixerModel must outlive it. It measures so many milliseconds after the last of several
+    /// writes, so that a drag is followed but not held up.
+    ResponseView(MixerModel& mixerModel, int channel, QWidget* parent = nullptr, int delay = 30);
 
     /// In Hz.
     void setSampleRate(int hertz);
-
-    /// Where the points are, in Hz: a tenth of an octave from one to the next, up to 20 kHz or 0.45
-    /// of the rate. The levels there, in dB.
-    const std::vector<double>& frequencies() const { return m_frequencies; }
-    const std::vector<double>& drawn() const { return m_drawn; }
-    const std::vector<double>& measured() const { return m_measured; }
-    /// In dB, among the points above -100 dB; below that nothing can be heard.
-    double largestDifference() const;
-    /// The sentence about it.
-    QString verdict() const;
 
     QSize sizeHint() const override;
 
@@ -50,6 +39,7 @@ protected:
 private:
     void measure();
     bool isOn() const;
+    QString verdict() const;
     double range() const;
     void drawLegend(QPainter& painter) const;
     void drawGrid(QPainter& painter, const PlotAxes& axes) const;
@@ -58,9 +48,6 @@ private:
 
     MixerModel& m_mixerModel;
     int m_channel;
-    EqualizerBands m_bands;
-    std::vector<double> m_frequencies;
-    std::vector<double> m_drawn;
-    std::vector<double> m_measured;
+    ResponseComparison m_comparison;
     QTimer m_delay;
 };

@@ -60,7 +60,7 @@ void tst_GalleryCommandLine::refuses_data()
     row("--scale nan", "--scale takes a factor from 0.5 to 4, not \"nan\".");
     row("--scale two", "--scale takes a factor from 0.5 to 4, not \"two\".");
     row("--sheet \"\"", "--sheet takes the name of a file.");
-    row("sheet.png", "\"sheet.png\" is no option.");
+    row("sheet.png", "Unknown option \"sheet.png\".");
 }
 
 void tst_GalleryCommandLine::refuses()

@@ -36,8 +36,8 @@ private Q_SLOTS:
     void dragThatComesBackLeavesNothing();
     void shiftDuringADragDoesNotSplitIt();
     void wheelBurstIsOneStep();
-    void wheelAfterAPauseIsANewStep();
-    void wheelOnTwoParametersIsTwoSteps();
+    void wheelBurstsEnd_data();
+    void wheelBurstsEnd();
     void keysAreOneStep();
     void clickIsOneStep();
     void typedValueIsOneStep();
@@ -48,8 +48,7 @@ private Q_SLOTS:
     void unchangedWriteIsNoStep();
     void writesOutsideOfGesturesStandAlone();
     void effectFollowsItsStep();
-    void undoTellsTheControls();
-    void newEditForgetsWhatWasUndone();
+    void newEditDropsWhatWasUndone();
 
 private:
     template <typename Control> Control* control(unsigned short parameter, const QRect& place);
@@ -133,6 +132,7 @@ void tst_EditHistory::aDragIsOneStep()
     QCOMPARE(undoText(), QStringLiteral("Middle 2 gain"));
     m_history->stack().undo();
     QCOMPARE(value(middle2Gain), 0);
+    QCOMPARE(text->string(), QStringLiteral("0.0")); // the controls follow
     m_history->stack().redo();
     QCOMPARE(value(middle2Gain), after);
 }
@@ -207,23 +207,28 @@ void tst_EditHistory::wheelBurstIsOneStep()
     QCOMPARE(value(stripId(StripParameter::Level)), unityLevel);
 }
 
-void tst_EditHistory::wheelAfterAPauseIsANewStep()
+void tst_EditHistory::wheelBurstsEnd_data()
 {
-    auto* fader = control<FaderController>(stripId(StripParameter::Level), QRect(0, 0, 40, 200));
-    turnWheel(fader, 1, 10'000);
-    turnWheel(fader, 1, 10'000 + GestureWatch::maxPause);
-    turnWheel(fader, 1, 10'001 + 2 * GestureWatch::maxPause);
-    QCOMPARE(m_history->stack().count(), 2);
+    using Turns = QList<std::pair<unsigned short, quint64>>;
+    QTest::addColumn<Turns>("turns"); // of which parameter, when
+    QTest::addColumn<int>("steps");
+    constexpr unsigned short level = stripId(StripParameter::Level);
+    constexpr quint64 pause = GestureWatch::maxPause;
+    QTest::newRow("after a pause")
+        << Turns{{level, 10'000}, {level, 10'000 + pause}, {level, 10'001 + 2 * pause}} << 2;
+    QTest::newRow("at another parameter")
+        << Turns{{level, 10'000}, {lowGain, 10'100}, {level, 10'200}} << 3;
 }
 
-void tst_EditHistory::wheelOnTwoParametersIsTwoSteps()
+void tst_EditHistory::wheelBurstsEnd()
 {
+    using Turns = QList<std::pair<unsigned short, quint64>>;
+    QFETCH(const Turns, turns);
     auto* level = control<FaderController>(stripId(StripParameter::Level), QRect(0, 0, 40, 200));
     auto* gain = control<FaderController>(lowGain, QRect(50, 0, 40, 200));
-    turnWheel(level, 1, 10'000);
-    turnWheel(gain, 1, 10'100);
-    turnWheel(level, 1, 10'200);
-    QCOMPARE(m_history->stack().count(), 3);
+    for (const auto& [parameter, time] : turns)
+        turnWheel(parameter == lowGain ? gain : level, 1, time);
+    QTEST(m_history->stack().count(), "steps");
 }
 
 void tst_EditHistory::keysAreOneStep()
@@ -363,15 +368,7 @@ void tst_EditHistory::effectFollowsItsStep()
     QCOMPARE(calls, (QList<bool>{false, true}));
 }
 
-void tst_EditHistory::undoTellsTheControls()
-{
-    auto* text = control<TextEditController>(lowGain, QRect(0, 0, 80, 200));
-    drag(text, 150, 100);
-    m_history->stack().undo();
-    QCOMPARE(text->string(), QStringLiteral("0.0"));
-}
-
-void tst_EditHistory::newEditForgetsWhatWasUndone()
+void tst_EditHistory::newEditDropsWhatWasUndone()
 {
     auto* text = control<TextEditController>(lowGain, QRect(0, 0, 80, 200));
     drag(text, 150, 100);

@@ -161,7 +161,7 @@ void tst_EditorSession::survivesAnEditorThatIsGone()
     QTest::ignoreMessage(QtWarningMsg, "The host deleted the editor without detaching it");
     m_stage.reset();
     session.reset();
-    m_mixer.memory = HostMemory(); // forgets the observers that the dead editor left behind
+    m_mixer.memory = HostMemory(); // without the observers that the dead editor left behind
 }
 
 void tst_EditorSession::savesAndLoadsBack_data()
@@ -201,17 +201,13 @@ void tst_EditorSession::loadsOnlyItsOwnChannel()
     m_mixer.memory.reset(1);
 }
 
+// What else can be wrong with a file is up to StateFile.
 void tst_EditorSession::badFilesChangeNothing_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     using namespace StateBytes;
     QTest::newRow("empty") << QByteArray();
-    QTest::newRow("truncated") << state(0.9F).chopped(1);
-    QTest::newRow("oversized") << state(0.9F) + 'x';
-    QTest::newRow("foreign") << "9999" + state(0.9F).mid(4);
     QTest::newRow("nan at the end") << stateWith(26, QByteArray::fromHex("7fc00000"));
-    QTest::newRow("out of range at the end") << stateWith(26, bigEndianFloat(1.001F));
-    QTest::newRow("truncated preset") << presetOf(state(0.9F)).chopped(1);
     QTest::newRow("foreign preset") << presetOf(state(0.9F), QByteArray(32, 'A'));
 }
 

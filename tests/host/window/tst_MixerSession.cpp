@@ -15,6 +15,8 @@
 
 #include <functional>
 
+using Change = std::function<void(Mixer&, MixerWindow&, EditorWindow*)>;
+
 class tst_MixerSession : public TestObject
 {
     Q_OBJECT
@@ -28,8 +30,9 @@ private Q_SLOTS:
     void historyIsEmptyAfterwards();
     void lastWindowSaves();
     void quitSavesWhatIsOpen();
-    void editIsSavedAfterAWhile();
-    void windowsPlaceIsSavedAfterAWhile();
+    void changesAreSavedAfterAWhile_data();
+    void changesAreSavedAfterAWhile();
+    void aChangeIsNotSavedAtOnce();
     void damagedFileIsKeptAside_data();
     void damagedFileIsKeptAside();
     void secondDamagedFileTakesAnotherName();
@@ -238,42 +241,51 @@ void tst_MixerSession::quitSavesWhatIsOpen()
     QCOMPARE(saved()[QStringLiteral("editors")].toArray().size(), 2);
 }
 
-void tst_MixerSession::editIsSavedAfterAWhile()
+void tst_MixerSession::changesAreSavedAfterAWhile_data()
 {
-    MixerWindow window(*m_mixer, EditorSettings());
-    MixerSession session(*m_mixer);
-    session.open(m_file);
-    session.restoreWindows(window);
-    const auto* timer = session.findChild<QTimer*>();
-    QVERIFY(timer && !timer->isActive());
-    m_mixer->memory.setStrip(0, StripParameter::Mute, 1);
-    QVERIFY(timer->isActive());
-    QCOMPARE(timer->interval(), MixerSession::saveDelay);
-    QVERIFY(session.save());
-    QVERIFY(!timer->isActive());
+    QTest::addColumn<Change>("change");
+    const auto row = [](const char* name, const Change& change) { QTest::newRow(name) << change; };
+    row("edit", [](Mixer& mixer, MixerWindow&, EditorWindow*) {
+        mixer.memory.setStrip(0, StripParameter::Mute, 1);
+    });
+    row("editor opened",
+        [](Mixer&, MixerWindow& window, EditorWindow*) { window.openEditor(4, true); });
+    row("editor moved", [](Mixer&, MixerWindow&, EditorWindow* editor) {
+        editor->move(editor->pos() + QPoint(5, 5));
+    });
+    row("window resized", [](Mixer&, MixerWindow& window, EditorWindow*) {
+        window.resize(window.size() - QSize(5, 5));
+    });
+    row("editor closed", [](Mixer&, MixerWindow&, EditorWindow* editor) { editor->close(); });
 }
 
-void tst_MixerSession::windowsPlaceIsSavedAfterAWhile()
+void tst_MixerSession::changesAreSavedAfterAWhile()
 {
+    QFETCH(const Change, change);
     MixerWindow window(*m_mixer, EditorSettings());
-    MixerSession session(*m_mixer);
+    MixerSession session(*m_mixer, {}, 0);
     session.open(m_file);
     session.restoreWindows(window);
     window.show();
-    const auto* timer = session.findChild<QTimer*>();
-    const auto startsTimer = [&](const std::function<void()>& act) {
-        QCoreApplication::processEvents();
-        session.save();
-        act();
-        QCoreApplication::processEvents();
-        return timer->isActive();
-    };
-    QVERIFY(!startsTimer([] {}));
-    EditorWindow* editor = nullptr;
-    QVERIFY(startsTimer([&] { editor = window.openEditor(2, true); }));
-    QVERIFY(startsTimer([&] { editor->move(editor->pos() + QPoint(5, 5)); }));
-    QVERIFY(startsTimer([&] { window.resize(window.size() - QSize(5, 5)); }));
-    QVERIFY(startsTimer([&] { editor->close(); }));
+    EditorWindow* editor = window.openEditor(2, true);
+    QTRY_VERIFY(QFile::exists(m_file));
+    QCoreApplication::processEvents();
+    QVERIFY(QFile::remove(m_file));
+    QCoreApplication::processEvents();
+    QVERIFY(!QFile::exists(m_file)); // nothing has changed
+    change(*m_mixer, window, editor);
+    QTRY_VERIFY(QFile::exists(m_file));
+}
+
+void tst_MixerSession::aChangeIsNotSavedAtOnce()
+{
+    MixerWindow window(*m_mixer, EditorSettings());
+    MixerSession session(*m_mixer);
+    session.open(m_file);
+    session.restoreWindows(window);
+    m_mixer->memory.setStrip(0, StripParameter::Mute, 1);
+    QCoreApplication::processEvents();
+    QVERIFY(!QFile::exists(m_file));
 }
 
 void tst_MixerSession::damagedFileIsKeptAside_data()

@@ -14,6 +14,7 @@
 #include "host/window/MixerWindow.h"
 #include "host/window/StripMeters.h"
 #include "tests/host/audio/FakeDevice.h"
+#include "tests/host/window/WindowTesting.h"
 #include "tests/support/TestObject.h"
 #include "widgets/ChannelNameEdit.h"
 
@@ -27,6 +28,7 @@
 #include <QTimer>
 
 using namespace CommonController_MemAPI;
+using namespace WindowTesting;
 
 namespace {
 
@@ -67,7 +69,9 @@ private Q_SLOTS:
     void editorOfASecondChannelClosesForThePair();
     void firstEditorTakesTheSecondsPlace();
     void widthChosenInTheEditorIsAStep();
+    void metersShowWhatLeavesTheFader_data();
     void metersShowWhatLeavesTheFader();
+    void metersKnowTheOtherStrips();
     void peaksStayForAWhile();
     void metersRunWhileSomethingShows();
     void copyAndPasteThroughTheMenu();
@@ -77,14 +81,13 @@ private Q_SLOTS:
     void editorSaysWhetherAudioPlays();
 
 private:
-    MixerStrip* strip(int channel) const;
-    template <typename Widget> Widget* named(const QWidget* parent, const QString& name) const;
-    QAction* action(const QMainWindow* window, const QString& text) const;
+    MixerStrip* strip(int channel) const { return stripOf(m_window.get(), channel); }
     QUndoStack& stack() { return m_mixer->mixerModel.history().stack(); }
     int value(int channel, StripParameter parameter) const
     {
         return m_mixer->memory.strip(channel, parameter);
     }
+    static void activate(QWidget* window);
     void sendMeters(int channel, int send, int returned);
     int meterOf(int channel) const
     {
@@ -116,32 +119,10 @@ void tst_MixerWindow::cleanup()
     m_mixer.reset();
 }
 
-MixerStrip* tst_MixerWindow::strip(int channel) const
+void tst_MixerWindow::activate(QWidget* window)
 {
-    for (MixerStrip* found : m_window->findChildren<MixerStrip*>()) {
-        if (found->channel() == channel)
-            return found;
-    }
-    qFatal("no strip %d", channel);
-}
-
-template <typename Widget>
-Widget* tst_MixerWindow::named(const QWidget* parent, const QString& name) const
-{
-    for (Widget* widget : parent->findChildren<Widget*>()) {
-        if (widget->accessibleName() == name)
-            return widget;
-    }
-    qFatal("no widget %s", qPrintable(name));
-}
-
-QAction* tst_MixerWindow::action(const QMainWindow* window, const QString& text) const
-{
-    for (QAction* found : window->findChildren<QAction*>()) {
-        if (found->text().remove(QLatin1Char('&')).startsWith(text))
-            return found;
-    }
-    qFatal("no action %s", qPrintable(text));
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window));
 }
 
 void tst_MixerWindow::sendMeters(int channel, int send, int returned)
@@ -226,9 +207,9 @@ void tst_MixerWindow::faderDragIsOneStep()
     QCOMPARE(value(0, StripParameter::Level), 200);
     QCOMPARE(strip(0)->findChild<TextEditController*>()->string(), QStringLiteral("-10.0"));
     QCOMPARE(stack().count(), 1);
-    action(m_window.get(), QStringLiteral("Undo Level"))->trigger();
+    actionOf(m_window.get(), QStringLiteral("Undo Level"))->trigger();
     QCOMPARE(value(0, StripParameter::Level), unityLevel);
-    action(m_window.get(), QStringLiteral("Redo Level"))->trigger();
+    actionOf(m_window.get(), QStringLiteral("Redo Level"))->trigger();
     QCOMPARE(value(0, StripParameter::Level), 200);
 }
 
@@ -270,18 +251,17 @@ void tst_MixerWindow::undoKeysInEveryWindow()
     EditorWindow* editor = m_window->openEditor(0, true);
     const std::vector<const QMainWindow*> windows = {m_window.get(), editor};
     for (const QMainWindow* window : windows) {
-        QCOMPARE(action(window, QStringLiteral("Undo"))->shortcut(),
+        QCOMPARE(actionOf(window, QStringLiteral("Undo"))->shortcut(),
                  QKeySequence(QStringLiteral("Ctrl+Z")));
-        QCOMPARE(action(window, QStringLiteral("Redo"))->shortcut(),
+        QCOMPARE(actionOf(window, QStringLiteral("Redo"))->shortcut(),
                  QKeySequence(QStringLiteral("Ctrl+Shift+Z")));
-        QVERIFY(!action(window, QStringLiteral("Undo"))->isEnabled());
+        QVERIFY(!actionOf(window, QStringLiteral("Undo"))->isEnabled());
     }
     QTest::mouseClick(named<QAbstractButton>(strip(0), QStringLiteral("Mute of Channel 0")),
                       Qt::LeftButton);
     for (QMainWindow* window :
          {static_cast<QMainWindow*>(m_window.get()), static_cast<QMainWindow*>(editor)}) {
-        window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(window));
+        activate(window);
         QTest::keyClick(window, Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(value(0, StripParameter::Mute), 0);
         QTest::keyClick(window, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
@@ -295,12 +275,6 @@ void tst_MixerWindow::knobDragInTheEditorIsOneStep()
     EditorWindow* editor = m_window->openEditor(0, true);
     QVERIFY(QTest::qWaitForWindowExposed(editor));
     auto* knob = editor->findChild<QWidget*>(QStringLiteral("m_pMiddle2GainKnob"));
-    if (!knob) {
-        for (QWidget* widget : editor->findChildren<QWidget*>()) {
-            if (widget->objectName().contains(QStringLiteral("Gain")))
-                qInfo() << widget->objectName();
-        }
-    }
     QVERIFY(knob);
     const QPoint middle = knob->rect().center();
     for (int drag = 1; drag <= 2; ++drag) {
@@ -312,8 +286,8 @@ void tst_MixerWindow::knobDragInTheEditorIsOneStep()
     }
     QCOMPARE(stack().undoText(), QStringLiteral("Middle 2 gain"));
     QVERIFY(m_mixer->memory.values(0)[10] > 0);
-    action(editor, QStringLiteral("Undo Middle 2 gain"))->trigger();
-    action(editor, QStringLiteral("Undo Middle 2 gain"))->trigger();
+    actionOf(editor, QStringLiteral("Undo Middle 2 gain"))->trigger();
+    actionOf(editor, QStringLiteral("Undo Middle 2 gain"))->trigger();
     QCOMPARE(m_mixer->memory.values(0), HostMemory().values(0));
 }
 
@@ -322,18 +296,17 @@ void tst_MixerWindow::undoReachesEveryWindow()
     EditorWindow* editor = m_window->openEditor(2, true);
     m_mixer->memory.setValue(middle2Gain, 2, 50, 0, 0, 1);
     const QImage curved = strip(2)->findChild<EqualizerThumbnail*>()->grab().toImage();
-    action(m_window.get(), QStringLiteral("Undo"))->trigger();
+    actionOf(m_window.get(), QStringLiteral("Undo"))->trigger();
     QVERIFY(strip(2)->findChild<EqualizerThumbnail*>()->grab().toImage() != curved);
-    QVERIFY(!action(editor, QStringLiteral("Undo"))->isEnabled());
-    QVERIFY(action(editor, QStringLiteral("Redo Middle 2 gain"))->isEnabled());
+    QVERIFY(!actionOf(editor, QStringLiteral("Undo"))->isEnabled());
+    QVERIFY(actionOf(editor, QStringLiteral("Redo Middle 2 gain"))->isEnabled());
 }
 
 void tst_MixerWindow::doubleClickRenames()
 {
     auto* name = strip(4)->findChild<ChannelNameEdit*>();
     QCOMPARE(name->text(), QStringLiteral("Channel 4"));
-    m_window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    activate(m_window.get());
     QTest::mouseDClick(name, Qt::LeftButton);
     QTest::keyClicks(name, QStringLiteral("Bass"));
     QTest::keyClick(name, Qt::Key_Return);
@@ -379,8 +352,7 @@ void tst_MixerWindow::namesFollowTheChannel()
 
 void tst_MixerWindow::tabVisitsTheControls()
 {
-    m_window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    activate(m_window.get());
     QStringList visited;
     for (int i = 0; i < 12; ++i) {
         QTest::keyClick(m_window.get(), Qt::Key_Tab);
@@ -396,8 +368,7 @@ void tst_MixerWindow::tabVisitsTheControls()
 
 void tst_MixerWindow::focusMarksTheStrip()
 {
-    m_window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    activate(m_window.get());
     QCOMPARE(m_window->selectedChannel(), 0);
     strip(4)->findChild<FaderController*>()->setFocus();
     QCOMPARE(m_window->selectedChannel(), 4);
@@ -424,21 +395,19 @@ void tst_MixerWindow::clickOnAControlMarksTheStrip()
     m_mixer->memory.setValue(middle2Gain, 0, 50, 0, 0, 1);
     QTest::mousePress(named<QWidget>(strip(6), control), Qt::RightButton);
     QCOMPARE(m_window->selectedChannel(), 6);
-    action(m_window.get(), QStringLiteral("Reset Equalizer"))->trigger();
+    actionOf(m_window.get(), QStringLiteral("Reset Equalizer"))->trigger();
     QCOMPARE(m_mixer->memory.values(0)[10], 50);
 }
 
 void tst_MixerWindow::focusThatComesBackMarksNothing()
 {
-    m_window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    activate(m_window.get());
     strip(4)->findChild<FaderController*>()->setFocus();
     QTest::mouseClick(named<QAbstractButton>(strip(6), QStringLiteral("Mute of Channel 6")),
                       Qt::LeftButton);
     EditorWindow* editor = m_window->openEditor(0, true);
     QVERIFY(QTest::qWaitForWindowActive(editor));
-    m_window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    activate(m_window.get());
     QVERIFY(strip(4)->findChild<FaderController*>()->hasFocus());
     QCOMPARE(m_window->selectedChannel(), 6);
 }
@@ -524,30 +493,44 @@ void tst_MixerWindow::widthChosenInTheEditorIsAStep()
     QCOMPARE(stack().count(), 1);
 }
 
+void tst_MixerWindow::metersShowWhatLeavesTheFader_data()
+{
+    using Writes = std::vector<std::pair<StripParameter, int>>;
+    QTest::addColumn<Writes>("writes"); // to the first strip
+    QTest::addColumn<int>("send");
+    QTest::addColumn<int>("returned");
+    QTest::addColumn<int>("shown");
+    QTest::newRow("0 dB") << Writes{} << -100 << -200 << -200;
+    QTest::newRow("+4 dB") << Writes{{StripParameter::Level, 340}} << -100 << -200 << -160;
+    QTest::newRow("+4 dB, past the equalizer")
+        << Writes{{StripParameter::Level, 340}, {StripParameter::EqualizerOn, 0}} << -100 << -200
+        << -60;
+    QTest::newRow("fader down") << Writes{{StripParameter::Level, 0}} << 0 << 0 << -1270;
+    QTest::newRow("muted") << Writes{{StripParameter::Mute, 1}} << 0 << 0 << -1270;
+    QTest::newRow("silence") << Writes{} << -1270 << -1270 << -1270;
+}
+
 void tst_MixerWindow::metersShowWhatLeavesTheFader()
 {
-    sendMeters(0, -100, -200);
-    QCOMPARE(meterOf(0), -200);
-    m_mixer->memory.setStrip(0, StripParameter::Level, 340);
-    sendMeters(0, -100, -200);
-    QCOMPARE(meterOf(0), -160);
-    m_mixer->memory.setStrip(0, StripParameter::EqualizerOn, 0);
-    sendMeters(0, -100, -200);
-    QCOMPARE(meterOf(0), -60);
-    m_mixer->memory.setStrip(0, StripParameter::Level, 0);
-    sendMeters(0, 0, 0);
-    QCOMPARE(meterOf(0), -1270);
-    m_mixer->memory.setStrip(0, StripParameter::Level, unityLevel);
+    using Writes = std::vector<std::pair<StripParameter, int>>;
+    QFETCH(const Writes, writes);
+    QFETCH(const int, send);
+    QFETCH(const int, returned);
+    for (const auto& [parameter, value] : writes)
+        m_mixer->memory.setStrip(0, parameter, value);
+    sendMeters(0, send, returned);
+    QTEST(meterOf(0), "shown");
+}
+
+void tst_MixerWindow::metersKnowTheOtherStrips()
+{
     m_mixer->memory.setStrip(2, StripParameter::Solo, 1);
     sendMeters(0, 0, 0);
     QCOMPARE(meterOf(0), -1270);
     m_mixer->memory.setStrip(2, StripParameter::Solo, 0);
-    sendMeters(0, -1270, -1270);
-    QCOMPARE(meterOf(0), -1270);
     sendMeters(1, -30, -30); // the pair's other side
     const auto bars = strip(0)->findChildren<MeterController*>();
     QVERIFY(std::any_of(bars.begin(), bars.end(), [](auto* m) { return m->value() == -30; }));
-    QCOMPARE(stack().count(), 6);
 }
 
 void tst_MixerWindow::peaksStayForAWhile()
@@ -574,11 +557,11 @@ void tst_MixerWindow::metersRunWhileSomethingShows()
 void tst_MixerWindow::copyAndPasteThroughTheMenu()
 {
     m_mixer->memory.setValue(middle2Gain, 0, 50, 0, 0, 1);
-    action(m_window.get(), QStringLiteral("Copy Equalizer"))->trigger();
+    actionOf(m_window.get(), QStringLiteral("Copy Equalizer"))->trigger();
     QTest::mouseClick(strip(4), Qt::LeftButton, {}, QPoint(3, 300));
-    action(m_window.get(), QStringLiteral("Paste Equalizer"))->trigger();
+    actionOf(m_window.get(), QStringLiteral("Paste Equalizer"))->trigger();
     QCOMPARE(m_mixer->memory.values(4), m_mixer->memory.values(0));
-    action(m_window.get(), QStringLiteral("Reset Equalizer"))->trigger();
+    actionOf(m_window.get(), QStringLiteral("Reset Equalizer"))->trigger();
     QCOMPARE(m_mixer->memory.values(4), HostMemory().values(4));
     QCOMPARE(stack().undoText(), QStringLiteral("Reset"));
     stack().undo();
@@ -588,7 +571,7 @@ void tst_MixerWindow::copyAndPasteThroughTheMenu()
 void tst_MixerWindow::pasteOfNonsenseIsExplained()
 {
     QApplication::clipboard()->setText(QStringLiteral("nonsense"));
-    action(m_window.get(), QStringLiteral("Paste Equalizer"))->trigger();
+    actionOf(m_window.get(), QStringLiteral("Paste Equalizer"))->trigger();
     QCOMPARE(m_window->statusBar()->currentMessage(),
              QStringLiteral("Cannot paste: the clipboard holds no equalizer settings."));
 }
@@ -596,8 +579,8 @@ void tst_MixerWindow::pasteOfNonsenseIsExplained()
 void tst_MixerWindow::pasteFollowsTheClipboard()
 {
     const EditorWindow* editor = m_window->openEditor(0, true);
-    const QAction* inMixer = action(m_window.get(), QStringLiteral("Paste Equalizer"));
-    const QAction* inEditor = action(editor, QStringLiteral("Paste Settings"));
+    const QAction* inMixer = actionOf(m_window.get(), QStringLiteral("Paste Equalizer"));
+    const QAction* inEditor = actionOf(editor, QStringLiteral("Paste Settings"));
     QApplication::clipboard()->setImage(QImage(2, 2, QImage::Format_RGB32));
     QVERIFY(!inMixer->isEnabled() && !inEditor->isEnabled());
     m_mixer->mixerModel.copyToClipboard(0);
@@ -609,19 +592,19 @@ void tst_MixerWindow::pasteFollowsTheClipboard()
 void tst_MixerWindow::compareInTheEditorWindow()
 {
     EditorWindow* editor = m_window->openEditor(0, true);
-    QAction* a = action(editor, QStringLiteral("A"));
-    QAction* b = action(editor, QStringLiteral("B"));
+    QAction* a = actionOf(editor, QStringLiteral("A"));
+    QAction* b = actionOf(editor, QStringLiteral("B"));
     QVERIFY(a->isCheckable() && a->isChecked());
     m_mixer->memory.setValue(middle2Gain, 0, 50, 0, 0, 1);
     b->trigger();
     QVERIFY(b->isChecked());
     QCOMPARE(m_mixer->memory.values(0)[10], 0);
-    action(editor, QStringLiteral("Copy A to B"))->trigger();
+    actionOf(editor, QStringLiteral("Copy A to B"))->trigger();
     QCOMPARE(m_mixer->memory.values(0)[10], 50);
-    action(editor, QStringLiteral("Switch between A and B"))->trigger();
+    actionOf(editor, QStringLiteral("Switch between A and B"))->trigger();
     QVERIFY(a->isChecked());
     for (int i = 0; i < 3; ++i)
-        action(editor, QStringLiteral("Undo"))->trigger();
+        actionOf(editor, QStringLiteral("Undo"))->trigger();
     QVERIFY(a->isChecked());
     QCOMPARE(m_mixer->memory.values(0)[10], 50);
 }
