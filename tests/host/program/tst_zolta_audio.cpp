@@ -20,8 +20,6 @@ private Q_SLOTS:
     void listsDevices();
     void playsBesideTheWindows();
     void playsLive();
-    void refusesArguments_data();
-    void refusesArguments();
     void saysThatTheFileIsMissing();
     void missingDeviceLeavesTheWindows();
     void vanishingDeviceLeavesTheWindows();
@@ -123,34 +121,6 @@ void tst_zolta_audio::playsLive()
     QVERIFY(std::abs(m_device->channel(0)[9999] - 0.9976312F) < 1e-4F);
     QVERIFY(std::abs(m_device->channel(1)[9999] - 0.4988156F) < 1e-4F);
     QCOMPARE(errors(), QString());
-}
-
-void tst_zolta_audio::refusesArguments_data()
-{
-    QTest::addColumn<QString>("words");
-    QTest::addColumn<QString>("expected");
-    const auto row = [](const char* words, const char* expected) {
-        QTest::newRow(words) << QString::fromLatin1(words) << QString::fromLatin1(expected);
-    };
-    row("--device x", "--device is for --audio or --live only.");
-    row("--loop", "--loop is for --audio or --live only.");
-    row("--live --loop", "--loop is for --audio only.");
-    row("--audio in.wav --live", "--audio and --live do not go together.");
-    row("--audio in.wav --list", "--audio and --list do not go together.");
-    row("--live --render in.wav out.wav", "--live and --render do not go together.");
-    row("--live --block 15", "--block takes a number of frames from 16 to 8192, not \"15\".");
-    row("--live --rate 44.1k",
-        "--rate takes a sampling rate from 1000 to 768000 Hz, not \"44.1k\".");
-}
-
-void tst_zolta_audio::refusesArguments()
-{
-    QFETCH(const QString, words);
-    QFETCH(const QString, expected);
-    start(words.split(QLatin1Char(' ')));
-    QVERIFY(m_program->waitForFinished());
-    QCOMPARE(m_program->exitCode(), 2);
-    QCOMPARE(errors(), QStringLiteral("zolta-host: %1\n").arg(expected));
 }
 
 void tst_zolta_audio::saysThatTheFileIsMissing()

@@ -13,6 +13,8 @@
 
 #include <csignal>
 
+#include <sys/stat.h>
+
 class tst_zolta_host : public TestObject
 {
     Q_OBJECT
@@ -34,8 +36,10 @@ private Q_SLOTS:
     void refusesPlugins();
     void refusesStates_data();
     void refusesStates();
-    void refusesArguments_data();
+    void refusesAPipeAsState();
     void refusesArguments();
+    void refusesNamesThatAreNotText();
+    void speaksTheLanguageAskedFor();
     void saysWhatCannotBeWritten_data();
     void saysWhatCannotBeWritten();
     void picturesShowMetersOnDemand();
@@ -312,6 +316,19 @@ void tst_zolta_host::doesEverythingInOneRun()
     QCOMPARE(QImage(path(QStringLiteral("all.png"))).size(), QSize(400, 240));
 }
 
+void tst_zolta_host::speaksTheLanguageAskedFor()
+{
+    const auto errorIn = [this](const char* language) {
+        const QString nowhere = path(QStringLiteral("nowhere.json"));
+        return runWithPlugin({QStringLiteral("--language"), QLatin1String(language),
+                              QStringLiteral("--list"), QStringLiteral("--session"), nowhere})
+            .errors;
+    };
+    QVERIFY(!errorIn("en").isEmpty());
+    QVERIFY(errorIn("de") != errorIn("en"));
+    QVERIFY(errorIn("ja") != errorIn("en"));
+}
+
 void tst_zolta_host::saysThatThereIsNoDisplay()
 {
     const ProgramResult result = runWithPlugin({});
@@ -382,27 +399,39 @@ void tst_zolta_host::refusesStates()
     QCOMPARE(contentOf(kept), QByteArray("kept"));
 }
 
-void tst_zolta_host::refusesArguments_data()
+// Nobody writes to it: reading would never end.
+void tst_zolta_host::refusesAPipeAsState()
 {
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("channel") << QStringList{QStringLiteral("--channel"), QStringLiteral("8")}
-                             << "--channel takes a channel from 0 to 7, not \"8\".";
-    QTest::newRow("value") << QStringList{QStringLiteral("--set"),
-                                          QStringLiteral("fx_rackfx_prm_3=x")}
-                           << "--set fx_rackfx_prm_3: \"x\" is no value of Low gain (-20.0 to "
-                              "+20.0 dB).";
-    QTest::newRow("unknown") << QStringList{QStringLiteral("--loud")} << "Unknown option 'loud'.";
+    const QString pipe = path(QStringLiteral("pipe"));
+    QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    const ProgramResult result =
+        runWithPlugin({QStringLiteral("--state"), pipe, QStringLiteral("--list")});
+    QCOMPARE(result.code, 1);
+    QCOMPARE(result.errors, QStringLiteral("zolta-host: %1 is not a regular file.\n").arg(pipe));
 }
 
 void tst_zolta_host::refusesArguments()
 {
-    QFETCH(const QStringList, arguments);
-    QFETCH(const QString, expected);
-    const ProgramResult result = runWithPlugin(arguments + QStringList{QStringLiteral("--list")});
+    const ProgramResult result =
+        runWithPlugin({QStringLiteral("--loud"), QStringLiteral("--list")});
     QCOMPARE(result.code, 2);
     QCOMPARE(result.output, QString());
-    QCOMPARE(result.errors, QStringLiteral("zolta-host: %1\n").arg(expected));
+    QCOMPARE(result.errors, QStringLiteral("zolta-host: Unknown option 'loud'.\n"));
+}
+
+// As text, the name would be another file's.
+void tst_zolta_host::refusesNamesThatAreNotText()
+{
+    const QString other = write(QStringLiteral("a\ufffd"), "another file");
+    const QStringList words = {QStringLiteral("-c"),
+                               QStringLiteral("exec \"$0\" --save-state \"$(printf 'a\\377')\""),
+                               QStringLiteral(HOST_PROGRAM)};
+    const ProgramResult result =
+        ProgramRunner(QStringLiteral("/bin/sh"), m_folder.path()).run(words);
+    QCOMPARE(result.code, 2);
+    QCOMPARE(result.errors, QStringLiteral("zolta-host: The argument \"a\ufffd\" is not valid "
+                                           "UTF-8. Rename the file, or use another one.\n"));
+    QCOMPARE(contentOf(other), QByteArray("another file"));
 }
 
 void tst_zolta_host::saysWhatCannotBeWritten_data()
@@ -411,18 +440,10 @@ void tst_zolta_host::saysWhatCannotBeWritten_data()
     QTest::addColumn<QString>("file");
     QTest::addColumn<QString>("expected");
     const QString nowhere = path(QStringLiteral("no/folder/file"));
-    QTest::newRow("state into no folder")
-        << "--save-state" << nowhere
-        << QStringLiteral("The state file %1 cannot be written: No such file or directory.")
-               .arg(nowhere);
-    QTest::newRow("picture into no folder")
-        << "--screenshot" << nowhere
-        << QStringLiteral("The picture %1 cannot be written: No such file or directory.")
-               .arg(nowhere);
-    QTest::newRow("picture onto a device")
-        << "--screenshot"
-        << "/dev/full"
-        << "The picture /dev/full cannot be written: it is no ordinary file.";
+    const QString expected =
+        QStringLiteral("The file %1 cannot be written: No such file or directory.").arg(nowhere);
+    QTest::newRow("state") << "--save-state" << nowhere << expected;
+    QTest::newRow("picture") << "--screenshot" << nowhere << expected;
 }
 
 void tst_zolta_host::saysWhatCannotBeWritten()
@@ -482,7 +503,7 @@ void tst_zolta_host::windowsSayThatSettingsAreDamaged()
     const QString file = write(QStringLiteral("zolta/editors.json"), "damaged");
     const QString errors = runWindows().errors;
     QVERIFY2(errors.contains(
-                 QStringLiteral("zolta-host: The editors' settings in %1 are damaged and ignored: ")
+                 QStringLiteral("zolta-host: The editors' settings in %1 are damaged and ignored. ")
                      .arg(file)),
              qPrintable(errors));
     QVERIFY(!QFile::exists(file));
@@ -530,9 +551,11 @@ void tst_zolta_host::headlessRunsLeaveABadSessionAlone_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("reason");
-    QTest::newRow("damaged") << QByteArray("{}") << "it is no session";
+    QTest::newRow("damaged") << QByteArray("{}")
+                             << "The session %1 is damaged. It is not a session file.";
     QTest::newRow("later") << QByteArray("{\"zolta-session\": 2}")
-                           << "it is a session of version 2, which this program does not know";
+                           << "The session %1 cannot be read. It has version 2, which this program "
+                              "does not know.";
 }
 
 void tst_zolta_host::headlessRunsLeaveABadSessionAlone()
@@ -544,8 +567,7 @@ void tst_zolta_host::headlessRunsLeaveABadSessionAlone()
         runWithPlugin({QStringLiteral("--list"), QStringLiteral("--session"), file});
     QCOMPARE(result.code, 1);
     QCOMPARE(result.output, QString());
-    QCOMPARE(result.errors,
-             QStringLiteral("zolta-host: The session %1 cannot be read: %2.\n").arg(file, reason));
+    QCOMPARE(result.errors, QStringLiteral("zolta-host: %1\n").arg(reason.arg(file)));
     QCOMPARE(contentOf(file), bytes);
     QVERIFY(!QFile::exists(file + QStringLiteral(".damaged")));
 }
@@ -566,8 +588,7 @@ void tst_zolta_host::windowsKeepADamagedSessionAside()
     QVERIFY(QDir(m_folder.path()).mkpath(QStringLiteral("zolta-host")));
     const QString file = write(QStringLiteral("zolta-host/session.json"), "damaged");
     const QString errors = runWindows().errors;
-    QVERIFY2(errors.contains(
-                 QStringLiteral("zolta-host: The session %1 is damaged and not used: ").arg(file)),
+    QVERIFY2(errors.contains(QStringLiteral("zolta-host: The session %1 is damaged. ").arg(file)),
              qPrintable(errors));
     QVERIFY(!QFile::exists(file));
     QCOMPARE(contentOf(file + QStringLiteral(".damaged")), QByteArray("damaged"));
@@ -608,8 +629,8 @@ void tst_zolta_host::secondProgramSavesNothing()
     QProcess second;
     startWindows(&second, arguments("-6"));
     QCOMPARE(end(&second, SIGTERM),
-             QStringLiteral("zolta-host: Another program has the session %1 open. What is changed "
-                            "here will not be saved.")
+             QStringLiteral("zolta-host: Another program has the session %1 open, as its lock file "
+                            "%1.lock says. Changes made here will not be saved.")
                  .arg(file));
     QVERIFY(!QFile::exists(file));
     QCOMPARE(end(&first, SIGTERM), QString());
