@@ -21,12 +21,9 @@ private Q_SLOTS:
     void readingWritesNothing();
     void withoutAFileMapsLastForTheRun();
     void writesOnlyChanges();
-    void aMapCanBecomeEmpty();
-    void leavesNothingBesideTheFile();
     void damagedFilesAreIgnoredAndKeptAside_data();
     void damagedFilesAreIgnoredAndKeptAside();
     void keepsEveryDamagedFile();
-    void startsAfreshAfterDamage();
     void whatCannotBeReadIsLeftAlone();
     void laterVersionsAreLeftAlone();
     void saysWhatCannotBeWritten();
@@ -68,16 +65,23 @@ void tst_SettingsFile::standsWithTheUsersSettings()
 
 void tst_SettingsFile::keepsMapsForTheNextRun()
 {
+    const SettingsFile::Map one{{QStringLiteral("GraphZoom"), 3}};
+    const SettingsFile::Map two{{QStringLiteral("GraphZoom"), 6}, {QStringLiteral("Other"), true}};
     SettingsFile first;
     QCOMPARE(first.open(path()).error(), QString());
-    first.keep(0, {{QStringLiteral("GraphZoom"), 3}});
-    first.keep(7, {{QStringLiteral("GraphZoom"), 6}, {QStringLiteral("Other"), true}});
+    first.keep(0, one);
+    first.keep(6, one);
+    first.keep(6, {});
+    first.keep(7, two);
     SettingsFile second;
     QCOMPARE(second.open(path()).error(), QString());
-    QCOMPARE(second.map(0), (SettingsFile::Map{{QStringLiteral("GraphZoom"), 3}}));
-    QCOMPARE(second.map(7), (SettingsFile::Map{{QStringLiteral("GraphZoom"), 6},
-                                               {QStringLiteral("Other"), true}}));
+    QCOMPARE(second.map(0), one);
     QCOMPARE(second.map(1), SettingsFile::Map());
+    QCOMPARE(second.map(6), SettingsFile::Map());
+    QCOMPARE(second.map(7), two);
+    QCOMPARE(
+        QFileInfo(path()).dir().entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+        QStringList(QStringLiteral("editors.json")));
 }
 
 void tst_SettingsFile::keepsEveryKindOfValue_data()
@@ -131,27 +135,6 @@ void tst_SettingsFile::writesOnlyChanges()
     QVERIFY(QFile::exists(path()));
 }
 
-void tst_SettingsFile::aMapCanBecomeEmpty()
-{
-    SettingsFile first;
-    QVERIFY(first.open(path()).isOk());
-    first.keep(1, {{QStringLiteral("GraphZoom"), 1}});
-    first.keep(1, {});
-    SettingsFile second;
-    QCOMPARE(second.open(path()).error(), QString());
-    QCOMPARE(second.map(1), SettingsFile::Map());
-}
-
-void tst_SettingsFile::leavesNothingBesideTheFile()
-{
-    SettingsFile settings;
-    QVERIFY(settings.open(path()).isOk());
-    for (int i = 0; i < 10; ++i)
-        settings.keep(1, {{QStringLiteral("GraphZoom"), i}});
-    QCOMPARE(QFileInfo(path()).dir().entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
-             QStringList(QStringLiteral("editors.json")));
-}
-
 void tst_SettingsFile::damagedFilesAreIgnoredAndKeptAside_data()
 {
     QTest::addColumn<QByteArray>("bytes");
@@ -193,6 +176,10 @@ void tst_SettingsFile::damagedFilesAreIgnoredAndKeptAside()
         QCOMPARE(settings.map(channel), SettingsFile::Map());
     QVERIFY(!QFile::exists(path()));
     QCOMPARE(contentOf(path() + QStringLiteral(".damaged")), bytes);
+    settings.keep(3, {{QStringLiteral("GraphZoom"), 5}});
+    SettingsFile next;
+    QCOMPARE(next.open(path()).error(), QString());
+    QCOMPARE(next.map(3).value(QStringLiteral("GraphZoom")), QVariant(5));
 }
 
 void tst_SettingsFile::keepsEveryDamagedFile()
@@ -204,17 +191,6 @@ void tst_SettingsFile::keepsEveryDamagedFile()
     QCOMPARE(contentOf(path() + QStringLiteral(".damaged")), QByteArray("first"));
     QCOMPARE(contentOf(path() + QStringLiteral(".damaged-2")), QByteArray("second"));
     QCOMPARE(contentOf(path() + QStringLiteral(".damaged-3")), QByteArray("third"));
-}
-
-void tst_SettingsFile::startsAfreshAfterDamage()
-{
-    write("damaged");
-    SettingsFile first;
-    QVERIFY(!first.open(path()).isOk());
-    first.keep(3, {{QStringLiteral("GraphZoom"), 5}});
-    SettingsFile second;
-    QCOMPARE(second.open(path()).error(), QString());
-    QCOMPARE(second.map(3).value(QStringLiteral("GraphZoom")), QVariant(5));
 }
 
 void tst_SettingsFile::whatCannotBeReadIsLeftAlone()
