@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-class tst_CommandLine : public TestObject
+class tst_CommandLineParser : public TestObject
 {
     Q_OBJECT
 
@@ -28,7 +28,7 @@ private:
 };
 
 // Words separated by "|".
-Result<CommandLine> tst_CommandLine::parse(const QString& words)
+Result<CommandLine> tst_CommandLineParser::parse(const QString& words)
 {
     QStringList arguments(QStringLiteral("zolta-host"));
     if (!words.isEmpty())
@@ -36,7 +36,7 @@ Result<CommandLine> tst_CommandLine::parse(const QString& words)
     return CommandLineParser::parse(arguments);
 }
 
-void tst_CommandLine::startsWithDefaults()
+void tst_CommandLineParser::startsWithDefaults()
 {
     const CommandLine line = parse(QString()).value();
     QCOMPARE(line.plugin, QString());
@@ -49,7 +49,7 @@ void tst_CommandLine::startsWithDefaults()
     QCOMPARE(line.language, Language::English);
 }
 
-void tst_CommandLine::readsEveryOption()
+void tst_CommandLineParser::readsEveryOption()
 {
     const Result<CommandLine> parsed = parse(QStringLiteral(
         "--plugin|p.so|--channel|5|--mono|--scale|1.5|--sample-rate|96000|--session|s.json|"
@@ -89,7 +89,7 @@ void tst_CommandLine::readsEveryOption()
     QVERIFY(rendering.render.forceFloat);
 }
 
-void tst_CommandLine::takesValuesAfterEquals()
+void tst_CommandLineParser::takesValuesAfterEquals()
 {
     const CommandLine line =
         parse(QStringLiteral("--channel=7|--set=fx_rackfx_prm_2=@100")).value();
@@ -98,7 +98,7 @@ void tst_CommandLine::takesValuesAfterEquals()
     QCOMPARE(line.settings[0].value, 100);
 }
 
-void tst_CommandLine::settingsKeepTheirOrder()
+void tst_CommandLineParser::settingsKeepTheirOrder()
 {
     const CommandLine line =
         parse(QStringLiteral("--set|fx_rackfx_prm_27=Drive|--set|fx_rackfx_prm_1=@0|"
@@ -112,7 +112,7 @@ void tst_CommandLine::settingsKeepTheirOrder()
     QCOMPARE(line.editor.channel, 4); // of an option that counts once, the last value
 }
 
-void tst_CommandLine::knowsWhatIsHeadless_data()
+void tst_CommandLineParser::knowsWhatIsHeadless_data()
 {
     QTest::addColumn<QString>("words");
     QTest::addColumn<bool>("headless");
@@ -135,7 +135,7 @@ void tst_CommandLine::knowsWhatIsHeadless_data()
     row("--render|a.wav|b.wav", true, false);
 }
 
-void tst_CommandLine::knowsWhatIsHeadless()
+void tst_CommandLineParser::knowsWhatIsHeadless()
 {
     QFETCH(const QString, words);
     const Result<CommandLine> line = parse(words);
@@ -144,7 +144,7 @@ void tst_CommandLine::knowsWhatIsHeadless()
     QTEST(line.value().showsMeters(), "meters");
 }
 
-void tst_CommandLine::acceptsTheEndsOfRanges_data()
+void tst_CommandLineParser::acceptsTheEndsOfRanges_data()
 {
     QTest::addColumn<QString>("words");
     for (const char* words :
@@ -155,13 +155,13 @@ void tst_CommandLine::acceptsTheEndsOfRanges_data()
         QTest::newRow(words) << QString::fromLatin1(words);
 }
 
-void tst_CommandLine::acceptsTheEndsOfRanges()
+void tst_CommandLineParser::acceptsTheEndsOfRanges()
 {
     QFETCH(const QString, words);
     QCOMPARE(parse(words).error(), QString());
 }
 
-void tst_CommandLine::refuses_data()
+void tst_CommandLineParser::refuses_data()
 {
     QTest::addColumn<QString>("words");
     QTest::addColumn<QString>("expected");
@@ -234,19 +234,19 @@ void tst_CommandLine::refuses_data()
         "channel of the file gets the same settings.");
 }
 
-void tst_CommandLine::refuses()
+void tst_CommandLineParser::refuses()
 {
     QFETCH(const QString, words);
     QTEST(parse(words).error(), "expected");
 }
 
-void tst_CommandLine::helpCountsBeforeErrors()
+void tst_CommandLineParser::helpCountsBeforeErrors()
 {
     const Result<CommandLine> line = parse(QStringLiteral("--help|--channel|8|more"));
     QVERIFY(line.isOk() && line.value().help);
 }
 
-void tst_CommandLine::helpNamesEveryOption()
+void tst_CommandLineParser::helpNamesEveryOption()
 {
     const QStringList lines = CommandLineParser::helpText().split(QLatin1Char('\n'));
     const auto hasLine = [&lines](const QString& start) {
@@ -267,6 +267,6 @@ void tst_CommandLine::helpNamesEveryOption()
         QVERIFY2(line.size() <= 90, qPrintable(line));
 }
 
-QTEST_APPLESS_MAIN(tst_CommandLine)
+QTEST_APPLESS_MAIN(tst_CommandLineParser)
 
-#include "tst_CommandLine.moc"
+#include "tst_CommandLineParser.moc"
