@@ -5,7 +5,6 @@
 
 #include <QCoreApplication>
 #include <QCryptographicHash>
-#include <QDir>
 #include <QFile>
 
 #include <algorithm>
@@ -24,20 +23,17 @@ using std::filesystem::path;
 Error cannotWrite(const QString& file, int number)
 {
     return {QCoreApplication::translate("OutputFile", "The file %1 cannot be written: %2.")
-                .arg(QDir::toNativeSeparators(file), qt_error_string(number))};
+                .arg(file, qt_error_string(number))};
 }
 
 Error notRegular(const QString& file, bool isFolder)
 {
     const QString sentence =
-        isFolder
-            ? QCoreApplication::translate("OutputFile",
-                                          "%1 cannot be written because it is a folder. Choose "
-                                          "another name.")
-            : QCoreApplication::translate("OutputFile",
-                                          "%1 cannot be written because it is not a regular file. "
-                                          "Choose another name.");
-    return {sentence.arg(QDir::toNativeSeparators(file))};
+        isFolder ? QCoreApplication::translate("OutputFile",
+                                               "The file %1 cannot be written: it is a folder.")
+                 : QCoreApplication::translate(
+                       "OutputFile", "The file %1 cannot be written: it is not an ordinary file.");
+    return {sentence.arg(file)};
 }
 
 // Where links lead, also where there is no file yet; nothing where they lead nowhere.

@@ -16,8 +16,8 @@ QString freeNameBeside(const QString& file)
 
 } // namespace
 
-QString setDamagedFileAside(const QString& file)
+std::optional<QString> setDamagedFileAside(const QString& file)
 {
     const QString name = freeNameBeside(file);
-    return QFile::rename(file, name) ? name : QString();
+    return QFile::rename(file, name) ? std::optional(name) : std::nullopt;
 }

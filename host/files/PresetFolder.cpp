@@ -2,7 +2,6 @@
 #include "host/files/PresetFolder.h"
 
 #include <QCollator>
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -57,37 +56,33 @@ QString PresetFolder::fileOf(const QString& name) const
     return m_folder + QLatin1Char('/') + name + suffix;
 }
 
-QString PresetFolder::errorOfName(const QString& name)
+Status PresetFolder::checkName(const QString& name)
 {
     if (name.trimmed().isEmpty())
-        return QCoreApplication::translate("PresetFolder", "A preset needs a name.");
+        return Error{tr("A preset needs a name.")};
     if (name.size() > maxNameLength)
-        return QCoreApplication::translate("PresetFolder",
-                                           "A preset's name has at most %1 letters.")
-            .arg(maxNameLength);
+        return Error{tr("A preset's name can have up to %1 characters.").arg(maxNameLength)};
     const QList<uint> letters = name.toUcs4();
     if (name.startsWith(QLatin1Char('.')) ||
         std::any_of(letters.begin(), letters.end(), isForbidden))
-        return QCoreApplication::translate(
-                   "PresetFolder", "A preset's name does not begin with a full stop and holds "
-                                   "none of these: %1")
-            .arg(forbidden);
-    return QString();
+        return Error{tr("A preset's name cannot begin with a full stop or contain any of these: %1")
+                         .arg(forbidden)};
+    return Status();
 }
 
-QString PresetFolder::prepare() const
+Status PresetFolder::prepare() const
 {
     if (QDir().mkpath(m_folder))
-        return QString();
-    return QCoreApplication::translate("PresetFolder", "The presets' folder %1 cannot be made.")
-        .arg(QDir::toNativeSeparators(m_folder));
+        return Status();
+    return Error{tr("The presets' folder %1 cannot be made. Check whether its parent folder can be "
+                    "written.")
+                     .arg(QDir::toNativeSeparators(m_folder))};
 }
 
-QString PresetFolder::remove(const QString& name) const
+Status PresetFolder::remove(const QString& name) const
 {
     QFile file(fileOf(name));
     if (file.remove())
-        return QString();
-    return QCoreApplication::translate("PresetFolder", "The preset %1 cannot be deleted: %2.")
-        .arg(name, file.errorString());
+        return Status();
+    return Error{tr("The preset %1 cannot be deleted: %2.").arg(name, file.errorString())};
 }

@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "hosting/Result.h"
+
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 
 /// The user's own presets: files "<name>.vstpreset" in one folder, which is made when the first one
-/// is saved. Errors are sentences; an empty text means success.
+/// is saved.
 class PresetFolder
 {
+    Q_DECLARE_TR_FUNCTIONS(PresetFolder)
+
 public:
     /// The folder in the user's data.
     static QString standardFolder();
@@ -20,11 +25,11 @@ public:
     /// The file of a preset, whether it exists or not.
     QString fileOf(const QString& name) const;
 
-    /// Why no preset can be called so: a file could not.
-    static QString errorOfName(const QString& name);
+    /// Whether a preset, and so a file, can have this name.
+    static Status checkName(const QString& name);
     /// Makes the folder.
-    QString prepare() const;
-    QString remove(const QString& name) const;
+    Status prepare() const;
+    Status remove(const QString& name) const;
 
 private:
     QString m_folder;

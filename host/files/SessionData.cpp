@@ -3,6 +3,7 @@
 
 #include "host/model/ChannelText.h"
 
+#include <QCoreApplication>
 #include <QJsonArray>
 
 namespace {
@@ -63,24 +64,25 @@ QJsonObject toJson(const SessionData::Editor& editor)
 // Reads values and keeps the first error; after one, nothing is read any more.
 class Reader
 {
-public:
-    const QString& error() const { return m_error; }
-    bool isSound() const { return m_error.isEmpty(); }
+    Q_DECLARE_TR_FUNCTIONS(SessionData)
 
-    void refuse(const QString& path, const QString& reason)
+public:
+    const Status& status() const { return m_status; }
+
+    void fail(const QString& sentence)
     {
-        if (isSound())
-            m_error = path + QLatin1Char(' ') + reason;
+        if (m_status.isOk())
+            m_status = Error{sentence};
     }
 
     // Whether there is something to read, of the right type.
     bool has(const QJsonValue& value, QJsonValue::Type type, const QString& path)
     {
-        if (!isSound() || value.isUndefined())
+        if (!m_status.isOk() || value.isUndefined())
             return false;
         if (value.type() == type)
             return true;
-        refuse(path, typeError(type));
+        fail(typeError(type).arg(path));
         return false;
     }
 
@@ -91,10 +93,9 @@ public:
             return;
         *out = value.toDouble();
         if (*out < minimum || *out > maximum)
-            refuse(path, QStringLiteral("is %1, which is not between %2 and %3")
-                             .arg(*out)
-                             .arg(minimum)
-                             .arg(maximum));
+            fail(tr("%1 is %2, but must be between %3 and %4.")
+                     .arg(path, QString::number(*out), QString::number(minimum),
+                          QString::number(maximum)));
     }
 
     void bytes(const QJsonValue& value, const QString& path, QByteArray* out)
@@ -109,7 +110,7 @@ public:
             return;
         const ChannelText::Content content = ChannelText::fromJson(value.toObject(), *out);
         if (!content.error.isEmpty())
-            return refuse(path, QStringLiteral("is no equalizer: ") + content.error);
+            return fail(tr("%1 cannot be read: %2.").arg(path, content.error));
         *out = content.values;
     }
 
@@ -126,9 +127,7 @@ public:
             const auto parsed =
                 parseStrip(static_cast<StripParameter>(i), text.toString().toStdString());
             if (!parsed)
-                return refuse(
-                    entry,
-                    QStringLiteral("is \"%1\", which is no value of it").arg(text.toString()));
+                return fail(tr("%1 cannot be set to \"%2\".").arg(entry, text.toString()));
             (*out)[i] = *parsed;
         }
     }
@@ -138,19 +137,19 @@ private:
     {
         switch (type) {
         case QJsonValue::Bool:
-            return QStringLiteral("is no truth value");
+            return tr("%1 must be true or false.");
         case QJsonValue::Double:
-            return QStringLiteral("is no number");
+            return tr("%1 must be a number.");
         case QJsonValue::String:
-            return QStringLiteral("is no text");
+            return tr("%1 must be text.");
         case QJsonValue::Array:
-            return QStringLiteral("is no list");
+            return tr("%1 must be a list.");
         default:
-            return QStringLiteral("is no object");
+            return tr("%1 must be an object.");
         }
     }
 
-    QString m_error;
+    Status m_status;
 };
 
 void readCompare(Reader& reader, const QJsonValue& value, const QString& path,
@@ -162,7 +161,7 @@ void readCompare(Reader& reader, const QJsonValue& value, const QString& path,
     if (reader.has(value[chosenKey], QJsonValue::String, chosenPath)) {
         const QString chosen = value[chosenKey].toString();
         if (chosen != QLatin1String("A") && chosen != QLatin1String("B"))
-            reader.refuse(chosenPath, QStringLiteral("is neither A nor B"));
+            reader.fail(Reader::tr("%1 must be A or B.").arg(chosenPath));
         out->isB = chosen == QLatin1String("B");
     }
     reader.equalizer(value[otherKey], path + QLatin1String(".other"), &out->other);
@@ -188,9 +187,9 @@ void readChannels(Reader& reader, const QJsonValue& value, SessionData* out)
         return;
     const QJsonArray list = value.toArray();
     if (list.size() > channelCount)
-        return reader.refuse(
-            channelsKey,
-            QStringLiteral("are %1, where the mixer has %2").arg(list.size()).arg(channelCount));
+        return reader.fail(
+            Reader::tr("%1 has %2 entries, but the mixer has %3 channels.")
+                .arg(channelsKey, QString::number(list.size()), QString::number(channelCount)));
     for (int i = 0; i < list.size(); ++i)
         readChannel(reader, list[i], QStringLiteral("channels[%1]").arg(i),
                     &out->channels[static_cast<std::size_t>(i)]);
@@ -257,13 +256,13 @@ QJsonObject SessionData::toJson(const QJsonObject& base) const
 
 bool SessionData::isLater(const QJsonObject& root) { return root[versionKey].toDouble() > version; }
 
-QString SessionData::read(const QJsonObject& root)
+Status SessionData::read(const QJsonObject& root)
 {
     if (!root[versionKey].isDouble())
-        return QStringLiteral("it is no session");
+        return Error{Reader::tr("It is not a session file.")};
     if (root[versionKey].toDouble() != version)
-        return QStringLiteral("it is a session of version %1, which this program does not know")
-            .arg(root[versionKey].toDouble());
+        return Error{Reader::tr("It has version %1, which this program does not know.")
+                         .arg(root[versionKey].toDouble())};
     Reader reader;
     readChannels(reader, root[channelsKey], this);
     if (reader.has(root[mixerKey], QJsonValue::Object, mixerKey))
@@ -273,5 +272,5 @@ QString SessionData::read(const QJsonObject& root)
         for (int i = 0; i < open.size(); ++i)
             readEditor(reader, open[i], QStringLiteral("editors[%1]").arg(i), this);
     }
-    return reader.error();
+    return reader.status();
 }

@@ -4,6 +4,7 @@
 #include "host/files/SettingsFile.h"
 #include "host/model/ChannelCompare.h"
 #include "hosting/HostMemory.h"
+#include "hosting/Result.h"
 
 #include <QByteArray>
 #include <QJsonObject>
@@ -46,9 +47,9 @@ struct SessionData
     /// As JSON, over \a base: what \a base holds that this program does not know stays.
     QJsonObject toJson(const QJsonObject& base) const;
     /// Reads what \a root says over this; what it does not say stays as it is, and what this
-    /// program does not know is ignored. Returns nothing, or what is wrong as the end of a
-    /// sentence that names its place ("channels[3].strip.level is no text"); this is void then.
-    QString read(const QJsonObject& root);
+    /// program does not know is ignored. An error names its place in the file
+    /// ("channels[3].strip.level must be text."); this is void then.
+    Status read(const QJsonObject& root);
     /// Whether a later version of this program wrote \a root, which is no damage.
     static bool isLater(const QJsonObject& root);
 };

@@ -4,82 +4,75 @@
 #include "host/files/DamagedFile.h"
 #include "hosting/OutputFile.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QStandardPaths>
 
+#include <cerrno>
 #include <utility>
+
+#include <fcntl.h>
 
 namespace {
 
-constexpr qint64 largestFile = 4 << 20;
+constexpr qint64 maxFileSize = 4 << 20;
 
 QString shown(const QString& file) { return QDir::toNativeSeparators(file); }
 
-QString leftAlone(const QString& file, const QString& reason)
-{
-    return QCoreApplication::translate(
-               "SessionFile", "The session %1 cannot be read: %2. It is left alone, and nothing "
-                              "will be saved.")
-        .arg(shown(file), reason);
-}
+QString lockFileOf(const QString& file) { return file + QLatin1String(".lock"); }
 
-QString openElsewhere(const QString& file)
-{
-    return QCoreApplication::translate(
-               "SessionFile", "Another program has the session %1 open. What is changed here will "
-                              "not be saved.")
-        .arg(shown(file));
-}
-
-enum class ErrorKind { None, Unreadable, Later, Damaged };
+enum class Outcome { Read, Unreadable, Later, Damaged };
 
 struct Content
 {
+    Outcome outcome = Outcome::Read;
+    QString error;
     QJsonObject root;
     SessionData data;
-    ErrorKind error = ErrorKind::None;
-    QString reason; // the end of a sentence
-
-    Content& refuse(ErrorKind kind, const QString& why)
-    {
-        error = kind;
-        reason = why;
-        return *this;
-    }
 };
 
-Content parse(const QByteArray& bytes, const SessionData& before)
+Content failed(Outcome outcome, const QString& error) { return {outcome, error, {}, {}}; }
+
+Content damaged(const QString& file, const QString& reason)
 {
-    Content content{{}, before, ErrorKind::None, {}};
+    return failed(Outcome::Damaged,
+                  SessionFile::tr("The session %1 is damaged. %2").arg(shown(file), reason));
+}
+
+Content parse(const QString& file, const QByteArray& bytes, const SessionData& before)
+{
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
     if (document.isNull())
-        return content.refuse(
-            ErrorKind::Damaged,
-            QStringLiteral("%1 at byte %2").arg(error.errorString()).arg(error.offset));
-    content.root = document.object();
-    const QString reason = content.data.read(content.root);
-    if (reason.isEmpty())
+        return damaged(file, SessionFile::tr("It is not valid JSON: %1 at byte %2.")
+                                 .arg(error.errorString(), QString::number(error.offset)));
+    Content content{Outcome::Read, {}, document.object(), before};
+    const Status status = content.data.read(content.root);
+    if (status.isOk())
         return content;
-    return content.refuse(
-        SessionData::isLater(content.root) ? ErrorKind::Later : ErrorKind::Damaged, reason);
+    if (SessionData::isLater(content.root))
+        return failed(
+            Outcome::Later,
+            SessionFile::tr("The session %1 cannot be read. %2").arg(shown(file), status.error()));
+    return damaged(file, status.error());
 }
 
 Content contentOf(const QString& file, const SessionData& before)
 {
-    Content content;
     QFile input(file);
     if (QFileInfo::exists(file) && !QFileInfo(file).isFile())
-        return content.refuse(ErrorKind::Unreadable, QStringLiteral("it is no file"));
+        return failed(Outcome::Unreadable,
+                      SessionFile::tr("The session %1 cannot be read because it is not a regular "
+                                      "file.")
+                          .arg(shown(file)));
     if (!input.open(QIODevice::ReadOnly))
-        return content.refuse(ErrorKind::Unreadable, input.errorString());
-    if (input.size() > largestFile)
-        return content.refuse(ErrorKind::Damaged, QStringLiteral("it is too long"));
-    return parse(input.readAll(), before);
+        return failed(Outcome::Unreadable, SessionFile::tr("The session %1 cannot be read: %2.")
+                                               .arg(shown(file), input.errorString()));
+    if (input.size() > maxFileSize)
+        return damaged(file, SessionFile::tr("It is too long."));
+    return parse(file, input.readAll(), before);
 }
 
 } // namespace
@@ -90,68 +83,77 @@ QString SessionFile::standardFile()
            QLatin1String("/session.json");
 }
 
-QString SessionFile::read(const QString& file, SessionData* data)
+SessionFile::~SessionFile()
 {
-    const Content content = contentOf(file, *data);
-    if (content.error != ErrorKind::None)
-        return QCoreApplication::translate("SessionFile", "The session %1 cannot be read: %2.")
-            .arg(shown(file), content.reason);
-    *data = content.data;
-    return QString();
+    if (m_lock && m_lock->isOpen())
+        m_lock->remove();
 }
 
-QString SessionFile::open(const QString& file, SessionData* data)
+Result<SessionData> SessionFile::read(const QString& file)
 {
-    m_file = file;
-    const bool taken = isTaken();
+    Content content = contentOf(file, SessionData());
+    if (content.outcome != Outcome::Read)
+        return Error{content.error};
+    return std::move(content.data);
+}
+
+Status SessionFile::open(const QString& file, SessionData* data)
+{
+    lock(file);
+    const bool taken = isLockedElsewhere();
     const Content content =
-        QFileInfo::exists(file) ? contentOf(file, *data) : Content{{}, *data, ErrorKind::None, {}};
-    if (content.error == ErrorKind::Damaged && !taken)
-        return setAside(content.reason);
-    if (taken || content.error != ErrorKind::None)
-        m_file.clear();
-    if (content.error != ErrorKind::None)
-        return leftAlone(file, content.reason);
+        QFileInfo::exists(file) ? contentOf(file, *data) : Content{Outcome::Read, {}, {}, *data};
+    if (content.outcome == Outcome::Damaged && !taken)
+        return setAside(file, content.error);
+    if (content.outcome != Outcome::Read)
+        return Error{tr("%1 It is left alone, and nothing will be saved.").arg(content.error)};
     *data = content.data;
     m_root = content.root;
-    return taken ? openElsewhere(file) : QString();
+    (taken ? m_taken : m_file) = file;
+    if (!taken)
+        return Status();
+    return Error{tr("Another program has the session %1 open, as its lock file %2 says. Changes "
+                    "made here will not be saved.")
+                     .arg(shown(file), shown(lockFileOf(file)))};
+}
+
+void SessionFile::saveAnyway()
+{
+    if (isTaken())
+        m_file = std::exchange(m_taken, QString());
 }
 
 // A folder that takes no lock file does not take the session either, which saving will say.
-bool SessionFile::isTaken()
+void SessionFile::lock(const QString& file)
 {
-    if (QFileInfo(m_file).isDir())
-        return false;
-    QDir().mkpath(QFileInfo(m_file).path());
-    m_lock = std::make_unique<QLockFile>(m_file + QLatin1String(".lock"));
-    m_lock->setStaleLockTime(0); // it is held as long as the program runs
-    return !m_lock->tryLock() && m_lock->error() == QLockFile::LockFailedError;
+    if (QFileInfo(file).isDir())
+        return;
+    QDir().mkpath(QFileInfo(file).path());
+    const std::string name = QFile::encodeName(lockFileOf(file)).toStdString();
+    m_lock = std::make_unique<LockedFile>(name, O_RDONLY | O_CREAT);
 }
 
-QString SessionFile::save(const SessionData& data)
+bool SessionFile::isLockedElsewhere() const { return m_lock && m_lock->error() == EWOULDBLOCK; }
+
+Status SessionFile::save(const SessionData& data)
 {
     const QJsonObject root = data.toJson(m_root);
     if (m_file.isEmpty() || (root == m_root && QFileInfo::exists(m_file)))
-        return QString();
+        return Status();
     QDir().mkpath(QFileInfo(m_file).path());
     const Status written = writeFile(m_file, QJsonDocument(root).toJson());
     if (!written.isOk())
-        return written.error();
+        return Error{tr("The session cannot be saved. %1").arg(written.error())};
     m_root = root;
-    return QString();
+    return Status();
 }
 
-QString SessionFile::setAside(const QString& reason)
+Status SessionFile::setAside(const QString& file, const QString& damage)
 {
-    const QString name = setDamagedFileAside(m_file);
-    if (!name.isEmpty())
-        return QCoreApplication::translate(
-                   "SessionFile", "The session %1 is damaged and not used: %2. The file is kept "
-                                  "as %3.")
-            .arg(shown(m_file), reason, shown(name));
-    const QString file = std::exchange(m_file, QString());
-    return QCoreApplication::translate(
-               "SessionFile", "The session %1 is damaged and not used: %2. The file cannot be "
-                              "renamed, so nothing will be saved.")
-        .arg(shown(file), reason);
+    const std::optional<QString> name = setDamagedFileAside(file);
+    if (!name)
+        return Error{tr("%1 It cannot be renamed, so it is left alone, and nothing will be saved.")
+                         .arg(damage)};
+    m_file = file;
+    return Error{tr("%1 It is not used, and the file is kept as %2.").arg(damage, shown(*name))};
 }

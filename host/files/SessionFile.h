@@ -2,41 +2,57 @@
 #pragma once
 
 #include "host/files/SessionData.h"
+#include "hosting/LockedFile.h"
+#include "hosting/Result.h"
 
+#include <QCoreApplication>
 #include <QJsonObject>
-#include <QLockFile>
 #include <QString>
 
 #include <memory>
 
-/// A session in a JSON file. Errors are sentences; an empty text means success.
+/// A session in a JSON file.
 class SessionFile
 {
+    Q_DECLARE_TR_FUNCTIONS(SessionFile)
+
 public:
     /// The file in the user's data.
     static QString standardFile();
 
-    /// Reads \a file over \a data and leaves it alone, whatever is wrong with it; then \a data
-    /// stays as it is.
-    static QString read(const QString& file, SessionData* data);
+    SessionFile() = default;
+    /// Removes the lock file.
+    ~SessionFile();
+    SessionFile(const SessionFile&) = delete;
+    SessionFile& operator=(const SessionFile&) = delete;
+
+    /// Reads \a file and leaves it alone, whatever is wrong with it.
+    static Result<SessionData> read(const QString& file);
     /// Reads \a file over \a data and saves there from now on. A file that does not exist changes
     /// nothing and is made when something is saved. A damaged one changes nothing and is put aside
     /// under another name; where that is not possible, or the file cannot be read or is a later
-    /// version's, or another program has it open, it is left alone and nothing is ever saved. Until
-    /// the end of this object, a lock file beside \a file says that it is open.
-    QString open(const QString& file, SessionData* data);
+    /// version's, or another program has it open, it is left alone and nothing is saved, which the
+    /// error says. Until the end of this object, a lock file beside \a file says that it is open; a
+    /// lock file that no running program holds does not count.
+    Status open(const QString& file, SessionData* data);
+    /// Whether open() read a session that another program has open.
+    bool isTaken() const { return !m_taken.isEmpty(); }
+    /// Saves there nevertheless from now on.
+    void saveAnyway();
     /// Replaces the file, at once or not at all, keeping what it held that this program does not
     /// know. Does nothing without a file, or when nothing has changed.
-    QString save(const SessionData& data);
+    Status save(const SessionData& data);
 
     /// Whether there was no session to read.
     bool isNew() const { return m_root.isEmpty(); }
 
 private:
-    bool isTaken();
-    QString setAside(const QString& reason);
+    void lock(const QString& file);
+    bool isLockedElsewhere() const;
+    Status setAside(const QString& file, const QString& damage);
 
-    QString m_file;
+    QString m_file;     // empty: nothing is saved
+    QString m_taken;    // empty: no other program has it
     QJsonObject m_root; // as in the file
-    std::unique_ptr<QLockFile> m_lock;
+    std::unique_ptr<LockedFile> m_lock;
 };

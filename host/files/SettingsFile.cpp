@@ -5,7 +5,6 @@
 #include "hosting/OutputFile.h"
 #include "parameters/ParameterTable.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -20,20 +19,13 @@
 namespace {
 
 constexpr int version = 1;
-constexpr qint64 largestFile = 1 << 20;
+constexpr qint64 maxFileSize = 1 << 20;
 constexpr QLatin1String versionKey("version");
 constexpr QLatin1String channelsKey("channels");
 
 using Maps = QMap<int, SettingsFile::Map>;
 
-struct Parsed
-{
-    Maps maps;
-    QString error; // the end of a sentence
-    bool isLater = false;
-};
-
-Parsed bad(const QString& error, bool isLater = false) { return {{}, error, isLater}; }
+QString shown(const QString& file) { return QDir::toNativeSeparators(file); }
 
 std::optional<int> channelOf(const QString& key)
 {
@@ -43,31 +35,37 @@ std::optional<int> channelOf(const QString& key)
                                                                 : std::nullopt;
 }
 
-Parsed parseChannels(const QJsonObject& channels)
+Result<Maps> parseChannels(const QJsonObject& channels)
 {
-    Parsed result;
+    Maps maps;
     for (auto it = channels.begin(); it != channels.end(); ++it) {
         const std::optional<int> channel = channelOf(it.key());
         if (!channel || !it.value().isObject())
-            return bad(QStringLiteral("it holds no settings of a channel \"%1\"").arg(it.key()));
-        result.maps[*channel] = it.value().toObject().toVariantMap();
+            return Error{SettingsFile::tr("\"%1\" is not a channel with settings.").arg(it.key())};
+        maps[*channel] = it.value().toObject().toVariantMap();
     }
-    return result;
+    return maps;
 }
 
-Parsed parse(const QByteArray& bytes)
+Result<Maps> parse(const QJsonObject& root)
 {
+    if (root.value(versionKey).toInt() != version)
+        return Error{SettingsFile::tr("It is not a settings file of version %1.").arg(version)};
+    if (!root.value(channelsKey).isObject())
+        return Error{SettingsFile::tr("It has no channels.")};
+    return parseChannels(root.value(channelsKey).toObject());
+}
+
+Result<QJsonObject> parseJson(const QByteArray& bytes)
+{
+    if (bytes.size() > maxFileSize)
+        return Error{SettingsFile::tr("It is too long.")};
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
     if (document.isNull())
-        return bad(QStringLiteral("%1 at byte %2").arg(error.errorString()).arg(error.offset));
-    const QJsonObject root = document.object();
-    if (root.value(versionKey).toInt() != version)
-        return bad(QStringLiteral("it is no settings file of version %1").arg(version),
-                   root.value(versionKey).toInt() > version);
-    if (!root.value(channelsKey).isObject())
-        return bad(QStringLiteral("it holds no channels"));
-    return parseChannels(root.value(channelsKey).toObject());
+        return Error{SettingsFile::tr("It is not valid JSON: %1 at byte %2.")
+                         .arg(error.errorString(), QString::number(error.offset))};
+    return document.object();
 }
 
 } // namespace
@@ -78,22 +76,39 @@ QString SettingsFile::standardFile()
            QLatin1String("/zolta/editors.json");
 }
 
-QString SettingsFile::open(const QString& file)
+Status SettingsFile::open(const QString& file)
 {
-    m_file = file;
+    m_file.clear();
     m_maps.clear();
     QFile input(file);
-    if (!input.exists())
-        return QString();
-    if (!input.open(QIODevice::ReadOnly))
-        return leaveAlone(input.errorString());
-    if (input.size() > largestFile)
-        return setAside(QStringLiteral("it is too long"));
-    Parsed parsed = parse(input.readAll());
-    if (parsed.isLater)
-        return leaveAlone(parsed.error);
-    m_maps = std::move(parsed.maps);
-    return parsed.error.isEmpty() ? QString() : setAside(parsed.error);
+    if (input.exists() && !QFileInfo(file).isFile())
+        return Error{tr("The editors' settings in %1 cannot be read because it is not a regular "
+                        "file. No settings will be saved.")
+                         .arg(shown(file))};
+    if (input.exists() && !input.open(QIODevice::ReadOnly))
+        return Error{tr("The editors' settings in %1 cannot be read: %2. No settings will be "
+                        "saved.")
+                         .arg(shown(file), input.errorString())};
+    m_file = file;
+    return input.isOpen() ? read(input.read(maxFileSize + 1)) : Status();
+}
+
+Status SettingsFile::read(const QByteArray& bytes)
+{
+    const Result<QJsonObject> root = parseJson(bytes);
+    if (!root.isOk())
+        return setAside(root.error());
+    if (root.value().value(versionKey).toInt() > version) {
+        const QString file = std::exchange(m_file, QString());
+        return Error{tr("The editors' settings in %1 were saved by a later version of this "
+                        "program. They are left alone, and no settings will be saved.")
+                         .arg(shown(file))};
+    }
+    const Result<Maps> maps = parse(root.value());
+    if (!maps.isOk())
+        return setAside(maps.error());
+    m_maps = maps.value();
+    return Status();
 }
 
 void SettingsFile::keep(int channel, const Map& map)
@@ -106,28 +121,20 @@ void SettingsFile::keep(int channel, const Map& map)
     QDir().mkpath(QFileInfo(m_file).path());
     const Status written = writeFile(m_file, bytes());
     if (!written.isOk() && m_reporter)
-        m_reporter(written.error());
+        m_reporter(tr("The editors' settings cannot be saved. %1").arg(written.error()));
 }
 
-QString SettingsFile::leaveAlone(const QString& reason)
+Status SettingsFile::setAside(const QString& reason)
 {
-    return QCoreApplication::translate("SettingsFile",
-                                       "The editors' settings in %1 cannot be read: %2.")
-        .arg(std::exchange(m_file, QString()), reason);
-}
-
-QString SettingsFile::setAside(const QString& reason)
-{
-    const QString name = setDamagedFileAside(m_file);
-    if (!name.isEmpty())
-        return QCoreApplication::translate(
-                   "SettingsFile", "The editors' settings in %1 are damaged and ignored: %2. The "
-                                   "file is kept as %3.")
-            .arg(m_file, reason, name);
-    return QCoreApplication::translate(
-               "SettingsFile", "The editors' settings in %1 are damaged and ignored: %2. The file "
-                               "cannot be renamed, so nothing is kept.")
-        .arg(std::exchange(m_file, QString()), reason);
+    const std::optional<QString> name = setDamagedFileAside(m_file);
+    if (name)
+        return Error{tr("The editors' settings in %1 are damaged and ignored. %2 The file is kept "
+                        "as %3.")
+                         .arg(shown(m_file), reason, shown(*name))};
+    const QString file = std::exchange(m_file, QString());
+    return Error{tr("The editors' settings in %1 are damaged and ignored. %2 The file cannot be "
+                    "renamed, so no settings will be saved.")
+                     .arg(shown(file), reason)};
 }
 
 QByteArray SettingsFile::bytes() const

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "hosting/Result.h"
+
+#include <QCoreApplication>
 #include <QMap>
 #include <QString>
 #include <QVariant>
@@ -10,10 +13,11 @@
 /// What editors want to find again when they are opened the next time: one map a channel, kept in
 /// one JSON file. Without a file the maps are kept for the run.
 ///
-/// The maps hold what JSON can say: truth values, numbers, texts, lists and maps. Errors are
-/// sentences.
+/// The maps hold what JSON can say: truth values, numbers, texts, lists and maps.
 class SettingsFile
 {
+    Q_DECLARE_TR_FUNCTIONS(SettingsFile)
+
 public:
     using Map = QMap<QString, QVariant>;
     using Reporter = std::function<void(const QString&)>;
@@ -25,8 +29,7 @@ public:
     /// something is to be kept. A damaged one is ignored and put aside under another name; where
     /// that is not possible, or the file cannot be read or is a later version's, it is left alone
     /// and nothing is written.
-    /// Returns nothing, or what went wrong.
-    QString open(const QString& file);
+    Status open(const QString& file);
 
     /// Gets the errors of keep(), which is called where nobody could return them.
     void setReporter(Reporter reporter) { m_reporter = std::move(reporter); }
@@ -37,8 +40,8 @@ public:
     void keep(int channel, const Map& map);
 
 private:
-    QString leaveAlone(const QString& reason);
-    QString setAside(const QString& reason);
+    Status read(const QByteArray& bytes);
+    Status setAside(const QString& reason);
     QByteArray bytes() const;
 
     QString m_file;

@@ -2,14 +2,13 @@
 #include "host/model/ResponseComparison.h"
 
 #include "engine/MeasuredResponse.h"
+#include "equalizer/BandDesign.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
 
-constexpr double lowest = 20.0;
-constexpr double highest = 20000.0;
 constexpr double pointsPerOctave = 10.0;
 constexpr double faintest = -100.0; // dB
 
@@ -18,12 +17,13 @@ constexpr double faintest = -100.0; // dB
 void ResponseComparison::setSampleRate(int hertz)
 {
     m_bands.setSampleRate(hertz);
-    const double top = std::min(highest, 0.45 * hertz);
+    const double top = std::min(BandDesign::MaximumFrequency, 0.45 * hertz);
     m_frequencies.clear();
     m_drawn.clear();
     m_measured.clear();
     for (int i = 0; m_frequencies.empty() || m_frequencies.back() < top; ++i)
-        m_frequencies.push_back(std::min(top, lowest * std::pow(2.0, i / pointsPerOctave)));
+        m_frequencies.push_back(
+            std::min(top, BandDesign::MinimumFrequency * std::pow(2.0, i / pointsPerOctave)));
 }
 
 void ResponseComparison::measure(const ChannelValues& drawn, const ChannelValues& heard)

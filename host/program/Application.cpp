@@ -2,7 +2,7 @@
 #include "host/program/Application.h"
 
 #include "host/meters/MixerMeters.h"
-#include "host/program/QuitSignals.h"
+#include "host/program/EndingSignals.h"
 #include "host/window/EditorWindow.h"
 #include "host/window/HostTheme.h"
 #include "host/window/MixerSession.h"
@@ -18,18 +18,11 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 
 namespace {
 
-// The result of a step that says what went wrong: the exit code, after the complaint.
-int finished(const QString& error)
-{
-    if (error.isEmpty())
-        return ExitDone;
-    printError(error);
-    return ExitError;
-}
+// For an error that is a sentence, and empty where there is none.
+Status statusOf(const QString& error) { return error.isEmpty() ? Status() : Status(Error{error}); }
 
 QByteArray listLine(std::size_t index, int value)
 {
@@ -45,9 +38,9 @@ QByteArray listLine(std::size_t index, int value)
     return fields.join('\t') + '\n';
 }
 
-QString noEditor(int channel)
+Error noEditor(int channel)
 {
-    return QStringLiteral("The plug-in makes no editor for channel %1.").arg(channel);
+    return {Application::tr("The plug-in has no editor for channel %1.").arg(channel)};
 }
 
 bool isShown(const QWidget& window, const QString& sentence)
@@ -58,19 +51,30 @@ bool isShown(const QWidget& window, const QString& sentence)
     });
 }
 
-// Programs that a desktop starts have no standard error stream that anybody reads.
-void warn(QWidget& window, const QString& sentence)
+// Nothing where the sentence is shown already.
+QMessageBox* showWarning(QWidget& window, const QString& sentence)
 {
-    if (sentence.isEmpty())
-        return;
     printError(sentence);
     if (isShown(window, sentence))
-        return;
+        return nullptr;
     auto* box = new QMessageBox(QMessageBox::Warning, window.windowTitle(), sentence,
                                 QMessageBox::Ok, &window);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setModal(false);
     box->show();
+    return box;
+}
+
+// Programs that a desktop starts have no standard error stream that anybody reads.
+QMessageBox* warn(QWidget& window, const Status& status)
+{
+    return status.isOk() ? nullptr : showWarning(window, status.error());
+}
+
+void offerToSaveAnyway(QMessageBox* box, MixerSession& session)
+{
+    const auto* save = box->addButton(Application::tr("Save Anyway"), QMessageBox::YesRole);
+    QObject::connect(save, &QPushButton::clicked, &session, &MixerSession::saveAnyway);
 }
 
 bool endsUnsaved(QWidget& window, const QString& error)
@@ -79,8 +83,7 @@ bool endsUnsaved(QWidget& window, const QString& error)
     QMessageBox box(QMessageBox::Warning, window.windowTitle(), error, QMessageBox::Cancel,
                     &window);
     const auto* quit =
-        box.addButton(QCoreApplication::translate("Application", "Quit Without Saving"),
-                      QMessageBox::DestructiveRole);
+        box.addButton(Application::tr("Quit Without Saving"), QMessageBox::DestructiveRole);
     box.exec();
     return box.clickedButton() == quit;
 }
@@ -92,6 +95,14 @@ void printError(const QString& sentence)
     std::fprintf(stderr, "zolta-host: %s\n", sentence.toLocal8Bit().constData());
 }
 
+int exitCodeOf(const Status& status)
+{
+    if (status.isOk())
+        return ExitDone;
+    printError(status.error());
+    return ExitError;
+}
+
 Application::Application(CommandLine commandLine, const QString& programFolder)
     : m_commandLine(std::move(commandLine))
     , m_programFolder(programFolder)
@@ -99,23 +110,24 @@ Application::Application(CommandLine commandLine, const QString& programFolder)
 
 int Application::run()
 {
+    m_mixer.language.choose(m_commandLine.language);
     const QString file = m_commandLine.plugin.isEmpty() ? EditorLibrary::fileBeside(m_programFolder)
                                                         : m_commandLine.plugin;
-    if (const Status loaded = m_mixer.library.load(file); !loaded.isOk())
-        return finished(loaded.error());
+    const Status loaded = m_mixer.library.load(file);
+    if (!loaded.isOk())
+        return exitCodeOf(loaded);
     applyHostTheme();
-    m_mixer.language.choose(m_commandLine.language);
     m_mixer.meters.setEnabled(m_commandLine.showsMeters());
-    return m_commandLine.headless() ? runHeadless() : runWindows();
+    return m_commandLine.headless() ? exitCodeOf(runHeadless()) : runWindows();
 }
 
-int Application::runHeadless()
+Status Application::runHeadless()
 {
     MixerSession mixerSession(m_mixer);
     if (!m_commandLine.session.isEmpty()) {
-        const QString damage = mixerSession.read(m_commandLine.session);
-        if (!damage.isEmpty())
-            return finished(damage);
+        const Status read = statusOf(mixerSession.read(m_commandLine.session));
+        if (!read.isOk())
+            return read;
     }
     chooseChannel();
     QWidget stage;
@@ -123,50 +135,52 @@ int Application::runHeadless()
     const EditorSettings& settings = m_commandLine.editor;
     const auto session = EditorSession::open(m_mixer, settings, &stage);
     if (!session)
-        return finished(noEditor(settings.channel));
+        return noEditor(settings.channel);
     stage.show();
+    return runCommands(*session);
+}
 
-    QString error = loadState(*session);
-    if (error.isEmpty()) {
-        applySettings();
+Status Application::runCommands(EditorSession& session)
+{
+    Status status = applyArguments(session);
+    if (status.isOk())
         playMeters();
-        if (m_commandLine.list)
-            error = printList();
-    }
-    if (error.isEmpty() && !m_commandLine.saveState.isEmpty())
-        error = session->saveState(m_commandLine.saveState).error();
-    if (error.isEmpty() && !m_commandLine.screenshot.isEmpty())
-        error = saveScreenshot(*session);
-    return finished(error);
+    if (status.isOk() && m_commandLine.list)
+        status = printList();
+    if (status.isOk() && !m_commandLine.saveState.isEmpty())
+        status = session.saveState(m_commandLine.saveState);
+    if (status.isOk() && !m_commandLine.screenshot.isEmpty())
+        status = saveScreenshot(session);
+    return status;
 }
 
 int Application::runWindows()
 {
-    const QuitSignals quitSignals;
-    QString error = openAudio();
-    if (!error.isEmpty())
-        return finished(error);
+    const EndingSignals endingSignals;
+    const Status opened = openAudio();
+    if (!opened.isOk())
+        return exitCodeOf(opened);
     MixerWindow mixerWindow(m_mixer, m_commandLine.editor);
-    const auto warning = [&mixerWindow](const QString& text) { warn(mixerWindow, text); };
-    m_mixer.settings.setReporter(warning);
-    MixerSession session(m_mixer, warning);
-    session.setAsker(
-        [&mixerWindow](const QString& text) { return endsUnsaved(mixerWindow, text); });
-    const QStringList damages = {m_mixer.settings.open(SettingsFile::standardFile()),
-                                 session.open(sessionFile())};
+    const auto report = [&](const QString& text) { showWarning(mixerWindow, text); };
+    m_mixer.settings.setReporter(report);
+    MixerSession session(m_mixer, report);
+    session.setAsker([&](const QString& text) { return endsUnsaved(mixerWindow, text); });
+    const Status settings = m_mixer.settings.open(SettingsFile::standardFile());
+    const Status restored = statusOf(session.open(sessionFile()));
     chooseChannel();
     mixerWindow.show();
-    for (const QString& damage : damages)
-        warn(mixerWindow, damage);
+    warn(mixerWindow, settings);
+    QMessageBox* box = warn(mixerWindow, restored);
+    if (box && session.isTaken())
+        offerToSaveAnyway(box, session);
     session.restoreWindows(mixerWindow);
-    if (session.isNew() || m_commandLine.wantsEditor) {
-        error = openEditor(mixerWindow);
-        if (!error.isEmpty())
-            return finished(error);
-    }
+    const bool opensEditor = session.isNew() || m_commandLine.wantsEditor;
+    const Status editor = opensEditor ? openEditor(mixerWindow) : Status();
+    if (!editor.isOk())
+        return exitCodeOf(editor);
     m_mixer.mixerModel.history().clear();
     connectAudio(mixerWindow);
-    QObject::connect(&quitSignals, &QuitSignals::arrived, &mixerWindow, [&] {
+    QObject::connect(&endingSignals, &EndingSignals::arrived, &mixerWindow, [&] {
         session.setAsker({}); // nobody might be there any more
         mixerWindow.quit();
         QApplication::exit(ExitDone);
@@ -184,42 +198,39 @@ void Application::chooseChannel()
     editor.channel = m_mixer.mixerModel.leaderOf(editor.channel);
 }
 
-QString Application::openEditor(MixerWindow& mixerWindow)
+Status Application::openEditor(MixerWindow& mixerWindow)
 {
     const EditorSettings& settings = m_commandLine.editor;
     EditorWindow* editor = mixerWindow.openEditor(settings.channel, settings.stereo);
     if (!editor)
         return noEditor(settings.channel);
-    const QString error = loadState(editor->session());
-    if (error.isEmpty())
-        applySettings();
-    return error;
+    return applyArguments(editor->session());
 }
 
 // The editor draws the curve for the rate that is heard, unless it was given another one.
-QString Application::openAudio()
+Status Application::openAudio()
 {
     if (!m_commandLine.plays())
-        return QString();
+        return Status();
     const CommandLine::Audio& audio = m_commandLine.audio;
     m_audio.setDevice(audio.device);
     m_audio.setLooping(audio.loop);
     if (!audio.file.isEmpty()) {
         const Status opened = m_audio.openFile(audio.file);
         if (!opened.isOk())
-            return opened.error();
+            return opened;
     }
     const int rate = m_audio.expectedRate();
     if (!m_commandLine.sampleRateGiven && rate > 0)
         m_commandLine.editor.sampleRate = rate;
-    return QString();
+    return Status();
 }
 
 // Without a device everything but the sound works on.
 void Application::connectAudio(MixerWindow& mixerWindow)
 {
     QObject::connect(&m_audio, &AudioSession::failed, &mixerWindow,
-                     [&mixerWindow](const QString& sentence) { warn(mixerWindow, sentence); });
+                     [&mixerWindow](const QString& text) { showWarning(mixerWindow, text); });
     QObject::connect(&m_audio, &AudioSession::starting, &m_publisher, &SettingsPublisher::publish);
     QObject::connect(&m_audio, &AudioSession::fileOpened, &mixerWindow, [this, &mixerWindow] {
         m_mixer.mixerModel.feed(mixerWindow.selectedChannel(), false);
@@ -245,20 +256,20 @@ void Application::playMeters()
         m_mixer.meters.advance(1.0 / ticks);
 }
 
-QString Application::loadState(EditorSession& session)
+Status Application::applyArguments(EditorSession& session)
 {
-    return m_commandLine.state.isEmpty() ? QString()
-                                         : session.loadState(m_commandLine.state).error();
-}
-
-void Application::applySettings()
-{
+    if (!m_commandLine.state.isEmpty()) {
+        const Status loaded = session.loadState(m_commandLine.state);
+        if (!loaded.isOk())
+            return loaded;
+    }
     const auto channel = static_cast<unsigned short>(m_commandLine.editor.channel);
     for (const CommandLine::Setting& setting : m_commandLine.settings)
         m_mixer.memory.setValue(parameterId(setting.parameter), channel, setting.value, 0, 0, 1);
+    return Status();
 }
 
-QString Application::printList() const
+Status Application::printList() const
 {
     const HostMemory::Values& values = m_mixer.memory.values(m_commandLine.editor.channel);
     QByteArray lines;
@@ -266,15 +277,14 @@ QString Application::printList() const
         lines += listLine(i, values[i]);
     const auto size = static_cast<std::size_t>(lines.size());
     if (std::fwrite(lines.constData(), 1, size, stdout) == size && std::fflush(stdout) == 0)
-        return QString();
-    return QStringLiteral("The list cannot be printed: %1.")
-        .arg(QString::fromLocal8Bit(std::strerror(errno)));
+        return Status();
+    return Error{Application::tr("The list cannot be printed: %1.").arg(qt_error_string(errno))};
 }
 
-QString Application::saveScreenshot(const EditorSession& session) const
+Status Application::saveScreenshot(const EditorSession& session) const
 {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     session.picture().save(&buffer, "PNG");
-    return writeFile(m_commandLine.screenshot, buffer.data()).error();
+    return writeFile(m_commandLine.screenshot, buffer.data());
 }

@@ -7,11 +7,14 @@
 #include "host/model/SettingsPublisher.h"
 #include "host/program/CommandLine.h"
 #include "host/window/Mixer.h"
+#include "hosting/Result.h"
 
+#include <QCoreApplication>
 #include <QWidget>
 
 #include <memory>
 
+class MixerSession;
 class MixerWindow;
 
 /// Exit codes of the program.
@@ -20,9 +23,14 @@ enum ExitCode { ExitDone = 0, ExitError = 1, ExitUsage = 2 };
 /// Writes "zolta-host: " and \a sentence to the standard error stream.
 void printError(const QString& sentence);
 
+/// The exit code after \a status, which is printed where it is an error.
+int exitCodeOf(const Status& status);
+
 /// The program once its arguments are understood. Needs a QApplication.
 class Application
 {
+    Q_DECLARE_TR_FUNCTIONS(Application)
+
 public:
     Application(CommandLine commandLine, const QString& programFolder);
 
@@ -30,18 +38,18 @@ public:
     int run();
 
 private:
-    int runHeadless();
+    Status runHeadless();
+    Status runCommands(EditorSession& session);
     int runWindows();
-    QString openAudio();
+    Status openAudio();
     void connectAudio(MixerWindow& mixerWindow);
     void chooseChannel();
-    QString openEditor(MixerWindow& mixerWindow);
+    Status openEditor(MixerWindow& mixerWindow);
     QString sessionFile() const;
     void playMeters();
-    QString loadState(EditorSession& session);
-    void applySettings();
-    QString printList() const;
-    QString saveScreenshot(const EditorSession& session) const;
+    Status applyArguments(EditorSession& session);
+    Status printList() const;
+    Status saveScreenshot(const EditorSession& session) const;
 
     CommandLine m_commandLine;
     QString m_programFolder;

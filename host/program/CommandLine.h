@@ -5,8 +5,8 @@
 #include "host/window/EditorSession.h"
 #include "host/window/Language.h"
 
+#include <QCoreApplication>
 #include <QString>
-#include <QStringList>
 
 #include <cstddef>
 #include <optional>
@@ -15,6 +15,9 @@
 /// What the program was asked to do.
 struct CommandLine
 {
+    Q_DECLARE_TR_FUNCTIONS(CommandLine)
+
+public:
     /// One "--set": the value is inside the parameter's range.
     struct Setting
     {
@@ -54,7 +57,6 @@ struct CommandLine
     Audio audio;
     bool devices = false;         ///< "--devices"
     bool sampleRateGiven = false; ///< whether "--sample-rate" was
-    QString error; ///< why the arguments make no sense, as a sentence; the rest is void then
 
     /// Whether the program does its work and ends, without a window.
     bool headless() const;
@@ -62,8 +64,4 @@ struct CommandLine
     bool renders() const { return !render.input.isEmpty(); }
     bool plays() const { return !audio.file.isEmpty() || audio.device.live; }
     bool showsMeters() const { return meters.value_or(!headless()); }
-
-    /// \a arguments begin with the program's name.
-    static CommandLine parse(const QStringList& arguments);
-    static QString helpText();
 };

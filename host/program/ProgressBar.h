@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QString>
-
 #include <chrono>
 #include <optional>
 
@@ -19,9 +17,6 @@ public:
 
     /// \a done runs from 0 to 1; -1 where that is not known. Cheap enough to be called often.
     void show(double done);
-
-    /// The line for \a done.
-    static QString line(double done);
 
 private:
     using Clock = std::chrono::steady_clock;

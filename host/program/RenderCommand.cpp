@@ -6,7 +6,8 @@
 #include "host/files/SessionFile.h"
 #include "host/program/Application.h"
 #include "host/program/ChannelSettings.h"
-#include "host/program/Interruption.h"
+#include "host/program/CommandLine.h"
+#include "host/program/EndingSignals.h"
 #include "host/program/ProgressBar.h"
 
 namespace {
@@ -15,65 +16,67 @@ void warnAbout(const AudioReader::Damage& damage, const QString& file)
 {
     if (damage.count == 0)
         return;
-    printError(
-        QStringLiteral("Warning: %1 samples of %2 are no numbers or larger than %3 and count "
-                       "as 0; the first is in frame %4 of channel %5.")
-            .arg(QString::number(damage.count), file, QString::number(ChannelProcessor::loudest),
-                 QString::number(damage.frame), QString::number(damage.channel)));
+    printError(CommandLine::tr("Warning: %1 samples of %2 are NaN or larger than %3 and count "
+                               "as 0; the first is in frame %4 of channel %5.")
+                   .arg(QString::number(damage.count), file,
+                        QString::number(ChannelProcessor::loudest), QString::number(damage.frame),
+                        QString::number(damage.channel)));
 }
 
 void warnAboutClipping(std::int64_t clipped, const QString& file)
 {
     if (clipped > 0)
-        printError(QStringLiteral("Warning: %1 samples of %2 are clipped; a lower output level or "
-                                  "--float avoids that.")
+        printError(CommandLine::tr("Warning: %1 samples of %2 are clipped; a lower output level or "
+                                   "--float avoids that.")
                        .arg(QString::number(clipped), file));
 }
 
-QString readJob(const CommandLine& commandLine, AudioRenderer::Job* job)
+Result<AudioRenderer::Job> readJob(const CommandLine& commandLine)
 {
-    job->input = commandLine.render.input;
-    job->output = commandLine.render.output;
-    job->forceFloat = commandLine.render.forceFloat;
-    SessionData session;
-    QString error;
-    if (!commandLine.session.isEmpty())
-        error = SessionFile::read(commandLine.session, &session);
-    job->values = session.heardBy(commandLine.editor.channel).equalizer;
-    if (error.isEmpty() && !commandLine.state.isEmpty())
-        error = ChannelSettings::load(commandLine.state, &job->values).error();
-    ChannelSettings::apply(commandLine.settings, &job->values);
-    return error;
+    AudioRenderer::Job job;
+    job.input = commandLine.render.input;
+    job.output = commandLine.render.output;
+    job.forceFloat = commandLine.render.forceFloat;
+    const Result<SessionData> session =
+        commandLine.session.isEmpty() ? SessionData() : SessionFile::read(commandLine.session);
+    if (!session.isOk())
+        return Error{session.error()};
+    job.values = session.value().heardBy(commandLine.editor.channel).equalizer;
+    if (!commandLine.state.isEmpty()) {
+        const Status loaded = ChannelSettings::load(commandLine.state, &job.values);
+        if (!loaded.isOk())
+            return Error{loaded.error()};
+    }
+    ChannelSettings::apply(commandLine.settings, &job.values);
+    return job;
 }
 
-QString runWithBar(AudioRenderer* renderer)
+Status render(const AudioRenderer::Job& job)
 {
-    ProgressBar bar;
-    const Status result = renderer->run([&bar](double done) {
-        bar.show(done);
-        return !Interruption::isWanted();
-    });
-    return result.error();
+    const EndingSignals signalsNoted;
+    AudioRenderer renderer(job);
+    const Status rendered = [&renderer] {
+        ProgressBar bar;
+        return renderer.run([&bar](double done) {
+            bar.show(done);
+            return !EndingSignals::hasArrived();
+        });
+    }();
+    warnAbout(renderer.damage(), job.input);
+    if (!rendered.isOk())
+        return rendered;
+    if (!renderer.wasEnded())
+        warnAboutClipping(renderer.clipped(), job.output);
+    return Status();
 }
 
 } // namespace
 
 int renderCommand(const CommandLine& commandLine)
 {
-    AudioRenderer::Job job;
-    QString error = readJob(commandLine, &job);
-    if (error.isEmpty()) {
-        const Interruption interruption;
-        AudioRenderer renderer(job);
-        error = runWithBar(&renderer);
-        warnAbout(renderer.damage(), job.input);
-        if (error.isEmpty() && !renderer.wasEnded())
-            warnAboutClipping(renderer.clipped(), job.output);
-    }
-    if (Interruption::isWanted())
-        Interruption::obey();
-    if (error.isEmpty())
-        return ExitDone;
-    printError(error);
-    return ExitError;
+    const Result<AudioRenderer::Job> job = readJob(commandLine);
+    const Status rendered = job.isOk() ? render(job.value()) : job.status();
+    if (EndingSignals::hasArrived())
+        EndingSignals::endProgram();
+    return exitCodeOf(rendered);
 }

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/audio/AudioDevices.h"
 #include "host/program/Application.h"
-#include "host/program/CommandLine.h"
+#include "host/program/CommandLineParser.h"
 #include "host/program/RenderCommand.h"
 #include "host/program/StartUp.h"
+#include "host/window/Language.h"
 
 #include <QApplication>
 
@@ -11,55 +12,66 @@
 
 namespace {
 
-QStringList textsOf(int argc, char* argv[])
-{
-    QStringList texts;
-    for (int i = 0; i < argc; ++i)
-        texts << QString::fromLocal8Bit(argv[i]);
-    return texts;
-}
-
-int refuse(const QString& sentence)
+int usageError(const QString& sentence)
 {
     printError(sentence);
     return ExitUsage;
+}
+
+int helpCommand()
+{
+    std::fputs(CommandLineParser::helpText().toUtf8().constData(), stdout);
+    return ExitDone;
 }
 
 int devicesCommand()
 {
     const std::vector<AudioDeviceInfo> devices = AudioDevices::list();
     if (devices.empty())
-        printError(QStringLiteral("There is no sound device."));
+        printError(CommandLine::tr("There is no sound device."));
     std::fputs(AudioDevices::table(devices).constData(), stdout);
     return ExitDone;
+}
+
+// What needs neither a display nor the editor.
+int runCommand(const CommandLine& commandLine, int* argc, char* argv[])
+{
+    const QCoreApplication application(*argc, argv);
+    LanguageSwitch language;
+    language.choose(commandLine.language);
+    if (commandLine.help)
+        return helpCommand();
+    return commandLine.devices ? devicesCommand() : renderCommand(commandLine);
+}
+
+int runEditor(const CommandLine& commandLine, int* argc, char* argv[])
+{
+    if (commandLine.headless())
+        chooseNoDisplay();
+    if (!canShowWindows())
+        return usageError(CommandLine::tr(
+            "There is no display to open a window on (DISPLAY and WAYLAND_DISPLAY are not set). "
+            "Without one, use --list, --save-state FILE, --screenshot FILE.png, --render IN OUT or "
+            "--help."));
+    const QString folder = programFolder();
+    chooseFonts(folder);
+    const QApplication application(*argc, argv);
+    return Application(commandLine, folder).run();
 }
 
 } // namespace
 
 int main(int argc, char* argv[])
 {
-    const CommandLine commandLine = CommandLine::parse(textsOf(argc, argv));
-    if (commandLine.help) {
-        std::fputs(CommandLine::helpText().toUtf8().constData(), stdout);
-        return ExitDone;
-    }
-    if (!commandLine.error.isEmpty())
-        return refuse(commandLine.error);
-    if (commandLine.devices)
-        return devicesCommand();
-    if (commandLine.renders())
-        return renderCommand(commandLine);
-    if (commandLine.headless())
-        chooseNoDisplay();
-    if (!canShowWindows())
-        return refuse(QStringLiteral(
-            "There is no display to open a window on (DISPLAY and WAYLAND_DISPLAY are not set). "
-            "Without one, use --list, --save-state FILE, --screenshot FILE.png, --render IN OUT or "
-            "--help."));
-
-    const QString folder = programFolder();
-    chooseFonts(folder);
+    const Result<QStringList> arguments = CommandLineParser::decode(argc, argv);
+    if (!arguments.isOk())
+        return usageError(arguments.error());
+    const Result<CommandLine> parsed = CommandLineParser::parse(arguments.value());
+    if (!parsed.isOk())
+        return usageError(parsed.error());
+    const CommandLine& commandLine = parsed.value();
     int applicationArgc = 1;
-    QApplication application(applicationArgc, argv);
-    return Application(commandLine, folder).run();
+    const bool alone = commandLine.help || commandLine.devices || commandLine.renders();
+    return alone ? runCommand(commandLine, &applicationArgc, argv)
+                 : runEditor(commandLine, &applicationArgc, argv);
 }

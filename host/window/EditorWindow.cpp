@@ -71,9 +71,9 @@ void EditorWindow::loadPreset(const QString& name)
 void EditorWindow::savePreset(const QString& name)
 {
     const PresetFolder& folder = m_presets->folder();
-    QString error = PresetFolder::errorOfName(name);
+    QString error = PresetFolder::checkName(name).error();
     if (error.isEmpty())
-        error = folder.prepare();
+        error = folder.prepare().error();
     if (error.isEmpty())
         error = m_session->saveState(folder.fileOf(name)).error();
     report(error, tr("Saved %1.").arg(name));
@@ -81,7 +81,7 @@ void EditorWindow::savePreset(const QString& name)
 
 void EditorWindow::deletePreset(const QString& name)
 {
-    report(m_presets->folder().remove(name), tr("Deleted %1.").arg(name));
+    report(m_presets->folder().remove(name).error(), tr("Deleted %1.").arg(name));
 }
 
 void EditorWindow::applyFactoryPreset(int index)

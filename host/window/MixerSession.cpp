@@ -24,16 +24,18 @@ MixerSession::MixerSession(Mixer& mixer, Reporter reporter, int saveDelay)
 
 QString MixerSession::open(const QString& file)
 {
-    const QString error = m_file.open(file, &m_data);
+    const Status opened = m_file.open(file, &m_data);
     restore();
-    return error;
+    return opened.error();
 }
 
 QString MixerSession::read(const QString& file)
 {
-    const QString error = SessionFile::read(file, &m_data);
+    Result<SessionData> data = SessionFile::read(file);
+    if (data.isOk())
+        m_data = std::move(data.value());
     restore();
-    return error;
+    return data.error();
 }
 
 bool MixerSession::restoreWindows(MixerWindow& window)
@@ -42,7 +44,7 @@ bool MixerSession::restoreWindows(MixerWindow& window)
     connect(&window, &MixerWindow::ending, this, &MixerSession::end);
     connect(qGuiApp, &QGuiApplication::commitDataRequest, this, &MixerSession::save);
     connect(&m_mixer.mixerModel.history().stack(), &QUndoStack::indexChanged, this,
-            [this] { m_timer.start(); });
+            &MixerSession::saveLater);
     qGuiApp->installEventFilter(this);
     window.restoreGeometry(m_data.mixerGeometry);
     bool opened = false;
@@ -76,10 +78,17 @@ bool MixerSession::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::Show)
         m_ended = false;
     if (!m_ended)
-        m_timer.start();
+        saveLater();
     const bool refused = event->type() == QEvent::Close && staysOpen();
     event->setAccepted(!refused);
     return refused;
+}
+
+// A timer that is running is not started again: further changes would put saving off for ever.
+void MixerSession::saveLater()
+{
+    if (!m_timer.isActive())
+        m_timer.start();
 }
 
 QString MixerSession::write()
@@ -88,7 +97,7 @@ QString MixerSession::write()
     collectWindows();
     for (int ch = 0; ch < channelCount; ++ch)
         collect(ch);
-    return m_file.save(m_data);
+    return m_file.save(m_data).error();
 }
 
 bool MixerSession::saveAtEnd()

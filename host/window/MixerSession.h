@@ -24,9 +24,9 @@ public:
     /// Gets an error of saving; whether to end nevertheless.
     using Asker = std::function<bool(const QString&)>;
 
-    /// \a mixer must outlive it. The errors of saving go to \a reporter. A change is saved after
-    /// \a saveDelay milliseconds without another one.
-    explicit MixerSession(Mixer& mixer, Reporter reporter = {}, int saveDelay = 20000);
+    /// \a mixer must outlive it. The errors of saving go to \a reporter. A change is saved at most
+    /// \a saveDelay milliseconds later, whatever changes meanwhile.
+    explicit MixerSession(Mixer& mixer, Reporter reporter = {}, int saveDelay = 10000);
 
     /// Is asked, instead of the reporter, when the last window or the program cannot be closed
     /// without losing something; without an asker, they close.
@@ -37,6 +37,10 @@ public:
     QString open(const QString& file);
     /// The same, but leaves \a file alone whatever is wrong with it and never saves. It must exist.
     QString read(const QString& file);
+    /// Whether another program has the session open, so that nothing is saved.
+    bool isTaken() const { return m_file.isTaken(); }
+    /// Saves it nevertheless from now on.
+    void saveAnyway() { m_file.saveAnyway(); }
     /// Whether there was no session to bring back: nobody has chosen yet what is open.
     bool isNew() const { return m_file.isNew(); }
     /// Puts \a window where it was and opens the editors that were open; saves from now on, also
@@ -50,6 +54,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void saveLater();
     QString write();
     bool saveAtEnd();
     void end();

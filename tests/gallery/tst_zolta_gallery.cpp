@@ -87,9 +87,9 @@ void tst_zolta_gallery::saysWhatCannotBeWritten()
 {
     const ProgramResult result = run({QStringLiteral("--sheet"), m_folder.path()});
     QCOMPARE(result.code, 1);
-    QCOMPARE(result.errors, QStringLiteral("zolta-gallery: %1 cannot be written because it is a "
-                                           "folder. Choose another name.\n")
-                                .arg(m_folder.path()));
+    QCOMPARE(result.errors,
+             QStringLiteral("zolta-gallery: The file %1 cannot be written: it is a folder.\n")
+                 .arg(m_folder.path()));
 }
 
 void tst_zolta_gallery::helpGoesToStandardOutput()

@@ -285,11 +285,9 @@ void tst_StateFile::failedWritesSayWhy()
         StateFile(nowhere).write(state()).error(),
         QStringLiteral("The file %1 cannot be written: No such file or directory.").arg(nowhere));
     QCOMPARE(StateFile(s_folder.path()).write(state()).error(),
-             QStringLiteral("%1 cannot be written because it is a folder. Choose another name.")
-                 .arg(s_folder.path()));
+             QStringLiteral("The file %1 cannot be written: it is a folder.").arg(s_folder.path()));
     QCOMPARE(StateFile(QStringLiteral("/dev/full")).write(state()).error(),
-             QStringLiteral("/dev/full cannot be written because it is not a regular file. Choose "
-                            "another name."));
+             QStringLiteral("The file /dev/full cannot be written: it is not an ordinary file."));
 }
 
 // A limit on the size of files stands in for a disk that is full after some bytes.

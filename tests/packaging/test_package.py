@@ -101,13 +101,18 @@ class PackageTest(unittest.TestCase):
     def test_completion(self):
         self.assertEqual(self.complete("--scr"), ["--screenshot"])
         self.assertEqual(self.complete("--render"), ["--render"])
+        self.assertEqual(self.complete("--mono", "--scr"), ["--screenshot"])
         self.assertEqual(self.complete("--language", ""), ["en", "de", "ja"])
+        self.assertEqual(self.complete("--channel", ""), list("01234567"))
+        self.assertEqual(self.complete("--device", ""), [])
         self.assertIn("fx_rackfx_prm_27=", self.complete("--set", "fx_rackfx_prm_2"))
         sounds = self.root / "sounds"
         sounds.mkdir()
         for name in ("a.wav", "b.txt", "c.flac"):
             (sounds / name).touch()
         self.assertEqual(self.complete("--state", f"{sounds}/b"), [f"{sounds}/b.txt"])
+        for words in (["--audio", f"{sounds}/"], ["--render", "in.wav", f"{sounds}/"]):
+            self.assertEqual(sorted(self.complete(*words)), [f"{sounds}/a.wav", f"{sounds}/c.flac"])
 
     def test_desktop_entry_and_icon(self):
         entry = (self.root / "usr/share/applications/zolta-host.desktop").read_text()

@@ -17,9 +17,9 @@ from pathlib import Path
 SAME_EVERYWHERE = re.compile(r"-?\d+|dB|Hz|:/.*|")
 PLACE = re.compile(r"%\d")
 
-# The editor's lettering, for as long as no form is found to read it from.
-LETTERING = {"ZOOM", "DRIVE", "CLEAN", "INPUT", "OUTPUT", "PEAK", "FLAT", "Q", "F", "G", "IN",
-             "OUT"}
+# Every room whose texts somebody may read or hear, forms and accessible names included.
+ROOMS = ("component", "controls", "daw", "editor", "effect", "graph", "host", "hosting",
+         "parameters", "plugin", "widgets")
 
 
 def messages_of(file):
@@ -30,14 +30,12 @@ def messages_of(file):
 
 
 def wanted_texts(lupdate, root):
-    forms = sorted((root / "editor").rglob("*.ui"))
-    rooms = [root / name for name in ("parameters", "hosting", "host")]
+    rooms = [root / name for name in ROOMS if (root / name).is_dir()]
     with tempfile.TemporaryDirectory() as folder:
         file = Path(folder) / "all.ts"
-        command = [lupdate, "-silent", *rooms, *forms, "-ts", file]
+        command = [lupdate, "-silent", "-extensions", "cpp,h,ui", *rooms, "-ts", file]
         subprocess.run(command, check=True, stderr=subprocess.DEVNULL)
         texts = {key for key, _ in messages_of(file)}
-    texts |= {("ZoltaEditor", text) for text in LETTERING}
     return {key for key in texts if not SAME_EVERYWHERE.fullmatch(key[1])}
 
 

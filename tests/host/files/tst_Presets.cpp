@@ -295,7 +295,7 @@ void tst_Presets::wrongNames()
         box->accept();
     });
     m_editor->savePreset(name);
-    QCOMPARE(said, PresetFolder::errorOfName(name));
+    QCOMPARE(said, PresetFolder::checkName(name).error());
     QVERIFY(!said.isEmpty());
     QCOMPARE(m_folder.names(), QStringList());
 }
@@ -314,7 +314,7 @@ void tst_Presets::badFilesAreExplained()
 {
     QFETCH(const QByteArray, bytes);
     QFETCH(const QString, reason);
-    QCOMPARE(m_folder.prepare(), QString());
+    QVERIFY(m_folder.prepare().isOk());
     QFile file(fileOf(QStringLiteral("Bad")));
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write(bytes);

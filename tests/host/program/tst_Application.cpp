@@ -2,6 +2,7 @@
 // Runs the program with windows inside the test, to see what it shows.
 #include "host/files/SessionFile.h"
 #include "host/program/Application.h"
+#include "host/program/CommandLineParser.h"
 #include "host/window/EditorWindow.h"
 #include "host/window/MixerWindow.h"
 #include "tests/support/TestObject.h"
@@ -21,8 +22,9 @@ class tst_Application : public TestObject
 private Q_SLOTS:
     void initTestCase();
     void showsNoMessageWithoutAnError();
-    void showsThatTheSessionIsDamaged();
-    void showsThatTheEditorsSettingsAreDamaged();
+    void showsWhatIsDamaged_data();
+    void showsWhatIsDamaged();
+    void savesATakenSessionOnDemand();
     void editorIsForAStrip_data();
     void editorIsForAStrip();
     void asksWhenTheSessionCannotBeSavedAtTheEnd();
@@ -74,7 +76,7 @@ int tst_Application::run(const QStringList& arguments, const std::function<void(
     });
     const QStringList plugin = {QStringLiteral("zolta-host"), QStringLiteral("--plugin"),
                                 QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")};
-    return Application(CommandLine::parse(plugin + arguments), QString()).run();
+    return Application(CommandLineParser::parse(plugin + arguments).value(), QString()).run();
 }
 
 QStringList tst_Application::messages(const QStringList& arguments) const
@@ -103,22 +105,53 @@ void tst_Application::showsNoMessageWithoutAnError()
              QStringList());
 }
 
-void tst_Application::showsThatTheSessionIsDamaged()
+void tst_Application::showsWhatIsDamaged_data()
 {
-    const QString file = write(QStringLiteral("session.json"), "damaged");
-    QCOMPARE(messages({QStringLiteral("--session"), file}),
-             QStringList(QStringLiteral("The session %1 is damaged and not used: illegal value at "
-                                        "byte 1. The file is kept as %1.damaged.")
-                             .arg(file)));
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("session") << "session.json"
+                             << "The session %1 is damaged. It is not valid JSON: illegal value at "
+                                "byte 1. It is not used, and the file is kept as %1.damaged.";
+    QTest::newRow("settings") << "zolta/editors.json"
+                              << "The editors' settings in %1 are damaged and ignored. It is not "
+                                 "valid JSON: illegal value at byte 1. The file is kept as "
+                                 "%1.damaged.";
 }
 
-void tst_Application::showsThatTheEditorsSettingsAreDamaged()
+void tst_Application::showsWhatIsDamaged()
 {
-    const QString file = write(QStringLiteral("zolta/editors.json"), "damaged");
-    QCOMPARE(messages({}),
-             QStringList(QStringLiteral("The editors' settings in %1 are damaged and ignored: "
-                                        "illegal value at byte 1. The file is kept as %1.damaged.")
-                             .arg(file)));
+    QFETCH(const QString, name);
+    QFETCH(const QString, expected);
+    const QString file = write(name, "damaged");
+    const QString session = m_folder.filePath(QStringLiteral("session.json"));
+    QCOMPARE(messages({QStringLiteral("--session"), session}), QStringList(expected.arg(file)));
+}
+
+void tst_Application::savesATakenSessionOnDemand()
+{
+    const QString file = m_folder.filePath(QStringLiteral("taken.json"));
+    SessionData data;
+    SessionFile other;
+    QVERIFY(other.open(file, &data).isOk());
+    QStringList texts;
+    const auto act = [&](bool anyway) {
+        for (const QMessageBox* box : shownWindows<QMessageBox>()) {
+            texts << box->text();
+            QAbstractButton* save = buttonOf(box, QMessageBox::YesRole);
+            QVERIFY(save);
+            if (anyway)
+                save->click();
+        }
+    };
+    const QStringList arguments = {QStringLiteral("--session"), file};
+    QCOMPARE(run(arguments, [&] { act(false); }), 0);
+    QCOMPARE(texts, QStringList(QStringLiteral("Another program has the session %1 open, as its "
+                                               "lock file %1.lock says. Changes made here will not "
+                                               "be saved.")
+                                    .arg(file)));
+    QVERIFY(!QFile::exists(file));
+    QCOMPARE(run(arguments, [&] { act(true); }), 0);
+    QVERIFY(QFile::exists(file));
 }
 
 void tst_Application::editorIsForAStrip_data()
@@ -157,8 +190,9 @@ void tst_Application::editorIsForAStrip()
     QCOMPARE(opened.size(), 1);
     QCOMPARE(opened[0].channel, channel);
     QTEST(opened[0].stereo, "stereo");
-    SessionData saved;
-    QCOMPARE(SessionFile::read(file, &saved), QString());
+    const Result<SessionData> read = SessionFile::read(file);
+    QVERIFY2(read.isOk(), qPrintable(read.error()));
+    const SessionData& saved = read.value();
     QStringList widths;
     for (const std::size_t first : {0U, 4U}) {
         const int stereo =
@@ -185,7 +219,9 @@ void tst_Application::asksWhenTheSessionCannotBeSavedAtTheEnd()
         return question;
     };
     const QString expected =
-        QStringLiteral("The file %1 cannot be written: Not a directory.").arg(file);
+        QStringLiteral("The session cannot be saved. The file %1 cannot be written: Not a "
+                       "directory.")
+            .arg(file);
     run({QStringLiteral("--session"), file}, [&] {
         auto* mixer = shownWindows<MixerWindow>().value(0);
         QVERIFY(mixer);

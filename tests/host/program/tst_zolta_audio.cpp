@@ -20,14 +20,13 @@ private Q_SLOTS:
     void listsDevices();
     void playsBesideTheWindows();
     void playsLive();
-    void refusesArguments_data();
-    void refusesArguments();
     void saysThatTheFileIsMissing();
     void missingDeviceLeavesTheWindows();
     void vanishingDeviceLeavesTheWindows();
 
 private:
     void start(const QStringList& arguments);
+    bool runsUntilTerminated();
     QString errors();
     QString path(const char* name) const { return m_folder.filePath(QLatin1String(name)); }
 
@@ -79,6 +78,14 @@ void tst_zolta_audio::start(const QStringList& arguments)
     m_program->start(QStringLiteral(HOST_PROGRAM), arguments);
 }
 
+// A program that an error has ended would not end well any more.
+bool tst_zolta_audio::runsUntilTerminated()
+{
+    m_program->terminate();
+    return m_program->waitForFinished() && m_program->exitStatus() == QProcess::NormalExit &&
+           m_program->exitCode() == 0;
+}
+
 QString tst_zolta_audio::errors()
 {
     m_errors += QString::fromUtf8(m_program->readAllStandardError());
@@ -125,34 +132,6 @@ void tst_zolta_audio::playsLive()
     QCOMPARE(errors(), QString());
 }
 
-void tst_zolta_audio::refusesArguments_data()
-{
-    QTest::addColumn<QString>("words");
-    QTest::addColumn<QString>("expected");
-    const auto row = [](const char* words, const char* expected) {
-        QTest::newRow(words) << QString::fromLatin1(words) << QString::fromLatin1(expected);
-    };
-    row("--device x", "--device is for --audio or --live only.");
-    row("--loop", "--loop is for --audio or --live only.");
-    row("--live --loop", "--loop is for --audio only.");
-    row("--audio in.wav --live", "--audio and --live do not go together.");
-    row("--audio in.wav --list", "--audio and --list do not go together.");
-    row("--live --render in.wav out.wav", "--live and --render do not go together.");
-    row("--live --block 15", "--block takes a number of frames from 16 to 8192, not \"15\".");
-    row("--live --rate 44.1k",
-        "--rate takes a sampling rate from 1000 to 768000 Hz, not \"44.1k\".");
-}
-
-void tst_zolta_audio::refusesArguments()
-{
-    QFETCH(const QString, words);
-    QFETCH(const QString, expected);
-    start(words.split(QLatin1Char(' ')));
-    QVERIFY(m_program->waitForFinished());
-    QCOMPARE(m_program->exitCode(), 2);
-    QCOMPARE(errors(), QStringLiteral("zolta-host: %1\n").arg(expected));
-}
-
 void tst_zolta_audio::saysThatTheFileIsMissing()
 {
     start({QStringLiteral("--audio"), QStringLiteral("nowhere.wav")});
@@ -169,7 +148,7 @@ void tst_zolta_audio::missingDeviceLeavesTheWindows()
     const QString expected = QStringLiteral(
         "zolta-host: There is no sound device \"nothing\"; --devices shows them all.\n");
     QTRY_COMPARE_WITH_TIMEOUT(errors(), expected, 30000);
-    QVERIFY(!m_program->waitForFinished(500));
+    QVERIFY(runsUntilTerminated());
 }
 
 // Last: the server is gone afterwards.
@@ -182,7 +161,7 @@ void tst_zolta_audio::vanishingDeviceLeavesTheWindows()
     QTRY_VERIFY2_WITH_TIMEOUT(errors().endsWith(QLatin1String(
                                   "zolta-host: The sound device jack:ears was disconnected.\n")),
                               qPrintable(m_errors), 30000);
-    QVERIFY(!m_program->waitForFinished(500));
+    QVERIFY(runsUntilTerminated());
 }
 
 QTEST_GUILESS_MAIN(tst_zolta_audio)

@@ -307,13 +307,13 @@ void tst_EditorSession::mapIsReadAgainByTheNextRun()
     Mixer first;
     QCOMPARE(first.library.load(QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")).error(),
              QString());
-    QCOMPARE(first.settings.open(file), QString());
+    QCOMPARE(first.settings.open(file).error(), QString());
     m_stage = std::make_unique<QWidget>();
     auto session = EditorSession::open(first, {}, m_stage.get());
     editor()->setProperty("settings", QVariantMap{{QStringLiteral("GraphZoom"), 2}});
     session.reset();
     SettingsFile next;
-    QCOMPARE(next.open(file), QString());
+    QCOMPARE(next.open(file).error(), QString());
     QCOMPARE(next.map(0), (SettingsFile::Map{{QStringLiteral("GraphZoom"), 2}}));
 }
 

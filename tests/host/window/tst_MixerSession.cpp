@@ -300,39 +300,42 @@ void tst_MixerSession::damagedFileIsKeptAside_data()
     };
     row("empty", "", "illegal value at byte 0");
     row("cut", "{\"zolta-session\": 1, \"chan", "at byte");
-    row("no session", "{}", "it is no session");
-    row("list", "[]", "it is no session");
-    row("version 0", "{\"zolta-session\": 0}", "it is a session of version 0");
-    row("channels", session("\"channels\": 3"), "channels is no list");
+    row("no session", "{}", "It is not a session file.");
+    row("list", "[]", "It is not a session file.");
+    row("version 0", "{\"zolta-session\": 0}",
+        "It has version 0, which this program does not know.");
+    row("channels", session("\"channels\": 3"), "channels must be a list.");
     row("nine channels", session("\"channels\": [{},{},{},{},{},{},{},{},{}]"),
-        "channels are 9, where the mixer has 8");
-    row("channel", session("\"channels\": [{}, []]"), "channels[1] is no object");
-    row("name", session("\"channels\": [{\"name\": 3}]"), "channels[0].name is no text");
-    row("strip", session("\"channels\": [{\"strip\": \"x\"}]"), "channels[0].strip is no object");
+        "channels has 9 entries, but the mixer has 8 channels.");
+    row("channel", session("\"channels\": [{}, []]"), "channels[1] must be an object.");
+    row("name", session("\"channels\": [{\"name\": 3}]"), "channels[0].name must be text.");
+    row("strip", session("\"channels\": [{\"strip\": \"x\"}]"),
+        "channels[0].strip must be an object.");
     row("level type", session("\"channels\": [{},{},{},{\"strip\": {\"level\": -3.5}}]"),
-        "channels[3].strip.level is no text");
+        "channels[3].strip.level must be text.");
     row("level", session("\"channels\": [{\"strip\": {\"level\": \"loud\"}}]"),
-        "channels[0].strip.level is \"loud\", which is no value of it");
+        "channels[0].strip.level cannot be set to \"loud\".");
     row("equalizer", session("\"channels\": [{\"equalizer\": {\"Low gain\": 3}}]"),
-        "channels[0].equalizer is no equalizer: the value of \"Low gain\" must be text");
+        "channels[0].equalizer cannot be read: the value of \"Low gain\" must be text.");
     row("chosen", session("\"channels\": [{\"compare\": {\"chosen\": \"C\"}}]"),
-        "channels[0].compare.chosen is neither A nor B");
+        "channels[0].compare.chosen must be A or B.");
     row("other", session("\"channels\": [{\"compare\": {\"other\": true}}]"),
-        "channels[0].compare.other is no object");
-    row("map", session("\"channels\": [{\"editor\": [1]}]"), "channels[0].editor is no object");
-    row("geometry", session("\"mixer\": {\"geometry\": [1, 2]}"), "mixer.geometry is no text");
-    row("editor", session("\"editors\": [4]"), "editors[0] is no object");
+        "channels[0].compare.other must be an object.");
+    row("map", session("\"channels\": [{\"editor\": [1]}]"),
+        "channels[0].editor must be an object.");
+    row("geometry", session("\"mixer\": {\"geometry\": [1, 2]}"), "mixer.geometry must be text.");
+    row("editor", session("\"editors\": [4]"), "editors[0] must be an object.");
     row("channel of an editor", session("\"editors\": [{\"channel\": 8}]"),
-        "editors[0].channel is 8, which is not between 0 and 7");
+        "editors[0].channel is 8, but must be between 0 and 7.");
     row("stereo", session("\"editors\": [{\"channel\": 1, \"stereo\": 1}]"),
-        "editors[0].stereo is no truth value");
+        "editors[0].stereo must be true or false.");
     row("measured", session("\"editors\": [{\"measured\": 1}]"),
-        "editors[0].measured is no truth value");
+        "editors[0].measured must be true or false.");
     row("geometry of an editor", session("\"editors\": [{\"geometry\": 1}]"),
-        "editors[0].geometry is no text");
-    row("state", session("\"editors\": [{\"state\": {}}]"), "editors[0].state is no text");
+        "editors[0].geometry must be text.");
+    row("state", session("\"editors\": [{\"state\": {}}]"), "editors[0].state must be text.");
     row("scale", session("\"editors\": [{\"scale\": 100}]"),
-        "editors[0].scale is 100, which is not between 0.5 and 4");
+        "editors[0].scale is 100, but must be between 0.5 and 4.");
 }
 
 void tst_MixerSession::damagedFileIsKeptAside()
@@ -342,9 +345,10 @@ void tst_MixerSession::damagedFileIsKeptAside()
     write(m_file, bytes);
     MixerSession session(*m_mixer);
     const QString error = session.open(m_file);
-    QVERIFY2(error.startsWith(QStringLiteral("The session %1 is damaged and not used: ")
-                                  .arg(QDir::toNativeSeparators(m_file))),
-             qPrintable(error));
+    QVERIFY2(
+        error.startsWith(
+            QStringLiteral("The session %1 is damaged. ").arg(QDir::toNativeSeparators(m_file))),
+        qPrintable(error));
     QVERIFY2(error.contains(reason), qPrintable(error));
     QVERIFY(!QFile::exists(m_file));
     QCOMPARE(content(m_file + QStringLiteral(".damaged")), bytes);
@@ -392,8 +396,8 @@ void tst_MixerSession::laterVersionIsLeftAlone()
     write(m_file, bytes);
     MixerSession session(*m_mixer);
     QCOMPARE(session.open(m_file),
-             QStringLiteral("The session %1 cannot be read: it is a session of version 2, which "
-                            "this program does not know. It is left alone, and nothing will be "
+             QStringLiteral("The session %1 cannot be read. It has version 2, which this "
+                            "program does not know. It is left alone, and nothing will be "
                             "saved.")
                  .arg(QDir::toNativeSeparators(m_file)));
     m_mixer->mixerModel.setName(0, QStringLiteral("New"));
@@ -409,7 +413,9 @@ void tst_MixerSession::readingChangesNoFile()
              "a file that is not there");
     write(m_file, "damaged");
     QCOMPARE(session.read(m_file),
-             QStringLiteral("The session %1 cannot be read: illegal value at byte 1.").arg(m_file));
+             QStringLiteral("The session %1 is damaged. It is not valid JSON: illegal value at "
+                            "byte 1.")
+                 .arg(m_file));
     QVERIFY(session.save());
     QCOMPARE(content(m_file), QByteArray("damaged"));
     write(m_file, "{\"zolta-session\": 1, \"channels\": [{\"name\": \"Read\"}]}");
@@ -431,10 +437,11 @@ void tst_MixerSession::sessionOfAnotherProgramIsNotSaved()
 
     Mixer other;
     MixerSession second(other);
-    QCOMPARE(second.open(m_file),
-             QStringLiteral("Another program has the session %1 open. What is changed here will "
-                            "not be saved.")
-                 .arg(QDir::toNativeSeparators(m_file)));
+    QCOMPARE(
+        second.open(m_file),
+        QStringLiteral("Another program has the session %1 open, as its lock file %1.lock says. "
+                       "Changes made here will not be saved.")
+            .arg(QDir::toNativeSeparators(m_file)));
     QVERIFY(!second.isNew());
     QCOMPARE(other.mixerModel.name(0), QStringLiteral("First"));
     other.mixerModel.setName(0, QStringLiteral("Second"));
@@ -456,7 +463,7 @@ void tst_MixerSession::damageIsLeftToTheProgramThatWasFirst()
     write(m_file, "damaged");
     Mixer other;
     MixerSession second(other);
-    QVERIFY(second.open(m_file).contains(QStringLiteral("cannot be read: illegal value")));
+    QVERIFY(second.open(m_file).contains(QStringLiteral("It is left alone")));
     QVERIFY(second.save());
     QCOMPARE(content(m_file), QByteArray("damaged"));
 }

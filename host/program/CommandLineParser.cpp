@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/program/CommandLineParser.h"
+
+#include "host/audio/AudioFormat.h"
+#include "host/program/OptionTable.h"
+
+#include <QCommandLineParser>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int helpColumn = 25;
+constexpr int helpWidth = 90;
+
+Status first(Status earlier, const Status& later) { return earlier.isOk() ? later : earlier; }
+
+QString dashed(const char* option) { return QLatin1String("--") + QLatin1String(option); }
+
+void addOptions(QCommandLineParser* parser)
+{
+    for (const OptionGroup& group : optionGroups()) {
+        for (const Option& option : group.options)
+            parser->addOption(QCommandLineOption(QLatin1String(option.name), QString(),
+                                                 QLatin1String(option.argument)));
+    }
+}
+
+Status apply(const QCommandLineParser& parser, const Option& option, CommandLine* line)
+{
+    if (!*option.argument)
+        return option.set(option, QString(), line);
+    const QStringList values = parser.values(QLatin1String(option.name));
+    if (!option.repeatable)
+        return option.set(option, values.constLast(), line);
+    Status status;
+    for (const QString& value : values)
+        status = first(status, option.set(option, value, line));
+    return status;
+}
+
+Status checkCombination(const QCommandLineParser& parser, const Option& option)
+{
+    const auto isSet = [&parser](const char* name) { return parser.isSet(QLatin1String(name)); };
+    const auto excluded = std::find_if(option.excludes.begin(), option.excludes.end(), isSet);
+    if (excluded != option.excludes.end())
+        return Error{CommandLine::tr("%1 cannot be combined with %2.")
+                         .arg(dashed(option.name), dashed(*excluded))};
+    if (option.needs.empty() || std::any_of(option.needs.begin(), option.needs.end(), isSet))
+        return Status();
+    if (option.needs.size() == 1)
+        return Error{CommandLine::tr("%1 can only be used with %2.")
+                         .arg(dashed(option.name), dashed(option.needs[0]))};
+    return Error{CommandLine::tr("%1 can only be used with %2 or %3.")
+                     .arg(dashed(option.name), dashed(option.needs[0]), dashed(option.needs[1]))};
+}
+
+Status checkRender(const CommandLine& line, bool channelGiven)
+{
+    const CommandLine::Render& render = line.render;
+    if (render.output.isEmpty())
+        return Error{CommandLine::tr("--render must be followed by the names of two files, IN and "
+                                     "OUT.")};
+    if (!AudioFormat::canWrite(render.output))
+        return Error{CommandLine::tr("The name of the file to render must end in .wav, .flac or "
+                                     ".ogg, unlike \"%1\".")
+                         .arg(render.output)};
+    if (render.forceFloat && !render.output.endsWith(QLatin1String(".wav"), Qt::CaseInsensitive))
+        return Error{CommandLine::tr("--float can only be used for a file whose name ends in "
+                                     ".wav, unlike \"%1\".")
+                         .arg(render.output)};
+    if (channelGiven && line.session.isEmpty())
+        return Error{CommandLine::tr("--render can only be combined with --channel where --session "
+                                     "is given, too: every channel of the file gets the same "
+                                     "settings.")};
+    return Status();
+}
+
+Status readFurther(const QCommandLineParser& parser, CommandLine* line)
+{
+    QStringList further = parser.positionalArguments();
+    if (line->renders() && !further.isEmpty())
+        line->render.output = further.takeFirst();
+    if (!further.isEmpty())
+        return Error{CommandLine::tr("Unknown option '%1'.").arg(further.constFirst())};
+    return line->renders() ? checkRender(*line, parser.isSet(QStringLiteral("channel"))) : Status();
+}
+
+Status readOptions(const QCommandLineParser& parser, CommandLine* line)
+{
+    Status values;
+    Status combinations;
+    for (const OptionGroup& group : optionGroups()) {
+        for (const Option& option : group.options) {
+            if (!parser.isSet(QLatin1String(option.name)))
+                continue;
+            values = first(values, apply(parser, option, line));
+            combinations = first(combinations, checkCombination(parser, option));
+        }
+    }
+    return first(values, combinations);
+}
+
+// Words into lines that fit into the help's second column.
+QString wrapped(const QString& text)
+{
+    const QString margin = QLatin1Char('\n') + QString(helpColumn, QLatin1Char(' '));
+    QString lines;
+    qsizetype column = helpColumn;
+    for (const QString& word : text.split(QLatin1Char(' '))) {
+        const bool fits = column + 1 + word.size() <= helpWidth;
+        if (!lines.isEmpty())
+            lines += fits ? QStringLiteral(" ") : margin;
+        column = (fits ? column + 1 : helpColumn) + word.size();
+        lines += word;
+    }
+    return lines;
+}
+
+QString helpLine(const Option& option)
+{
+    QString left = QLatin1String("  ") + dashed(option.name);
+    if (*option.argument)
+        left += QLatin1Char(' ') + QLatin1String(option.argument);
+    return left.leftJustified(helpColumn) + wrapped(CommandLine::tr(option.help)) +
+           QLatin1Char('\n');
+}
+
+} // namespace
+
+Result<QStringList> CommandLineParser::decode(int argc, const char* const argv[])
+{
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i) {
+        arguments << QString::fromUtf8(argv[i]);
+        if (i > 0 && arguments.constLast().toUtf8() != argv[i])
+            return Error{CommandLine::tr("The argument \"%1\" is not valid UTF-8. Rename the file, "
+                                         "or use another one.")
+                             .arg(arguments.constLast())};
+    }
+    return arguments;
+}
+
+Result<CommandLine> CommandLineParser::parse(const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    addOptions(&parser);
+    if (!parser.parse(arguments))
+        return Error{parser.errorText()};
+    CommandLine line;
+    Status status = readOptions(parser, &line);
+    status = first(status, readFurther(parser, &line));
+    if (!status.isOk() && !line.help)
+        return Error{status.error()};
+    return line;
+}
+
+QString CommandLineParser::helpText()
+{
+    QString text = CommandLine::tr("Usage: zolta-host [options]\n"
+                                   "A mixer with 8 channels that opens the channel equalizer's "
+                                   "editor.\n");
+    for (const OptionGroup& group : optionGroups()) {
+        text += QLatin1Char('\n');
+        if (*group.title)
+            text += CommandLine::tr(group.title) + QLatin1Char('\n');
+        for (const Option& option : group.options)
+            text += helpLine(option);
+    }
+    return text + QLatin1Char('\n') +
+           CommandLine::tr("Exit codes: 0 done, 1 a file or the plug-in has an error, 2 usage "
+                           "error.\n");
+}

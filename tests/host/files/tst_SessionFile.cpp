@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/files/SessionFile.h"
+#include "tests/support/TestObject.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+
+#include <memory>
+
+class tst_SessionFile : public TestObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void lockThatNobodyHoldsDoesNotCount_data();
+    void lockThatNobodyHoldsDoesNotCount();
+    void takenSessionIsSavedOnDemand();
+    void damageOfATakenSessionIsNeverSaved();
+
+private:
+    QString lock() const { return m_file + QLatin1String(".lock"); }
+    static void put(const QString& file, const QByteArray& bytes);
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QString m_file;
+};
+
+void tst_SessionFile::init()
+{
+    TestObject::init();
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_file = m_folder->filePath(QStringLiteral("session.json"));
+}
+
+void tst_SessionFile::put(const QString& file, const QByteArray& bytes)
+{
+    QFile output(file);
+    QVERIFY(output.open(QIODevice::WriteOnly) && output.write(bytes) == bytes.size());
+}
+
+void tst_SessionFile::lockThatNobodyHoldsDoesNotCount_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("empty") << QByteArray("");
+    QTest::newRow("noise") << QByteArray("noise\0", 6);
+    QTest::newRow("another machine's") << QByteArray("4711\nprogram\nmachine\n");
+    QTest::newRow("folder") << QByteArray();
+}
+
+void tst_SessionFile::lockThatNobodyHoldsDoesNotCount()
+{
+    QFETCH(const QByteArray, bytes);
+    if (bytes.isNull())
+        QVERIFY(QDir().mkdir(lock()));
+    else
+        put(lock(), bytes);
+    SessionData data;
+    SessionFile session;
+    QCOMPARE(session.open(m_file, &data).error(), QString());
+    QVERIFY(!session.isTaken());
+    QVERIFY(session.save(data).isOk());
+    QVERIFY(QFile::exists(m_file));
+}
+
+void tst_SessionFile::takenSessionIsSavedOnDemand()
+{
+    auto first = std::make_unique<SessionFile>();
+    SessionData data;
+    QVERIFY(first->open(m_file, &data).isOk());
+    SessionFile second;
+    QVERIFY(second.open(m_file, &data).error().contains(lock()));
+    QVERIFY(second.isTaken());
+    QVERIFY(second.save(data).isOk());
+    QVERIFY(!QFile::exists(m_file));
+    second.saveAnyway();
+    QVERIFY(!second.isTaken());
+    QVERIFY(second.save(data).isOk());
+    QVERIFY(QFile::exists(m_file));
+    QVERIFY(QFile::exists(lock()));
+    first.reset();
+    QVERIFY(!QFile::exists(lock()));
+}
+
+void tst_SessionFile::damageOfATakenSessionIsNeverSaved()
+{
+    SessionData data;
+    SessionFile first;
+    QVERIFY(first.open(m_file, &data).isOk());
+    put(m_file, "damaged");
+    SessionFile second;
+    QVERIFY(!second.open(m_file, &data).isOk());
+    second.saveAnyway();
+    QVERIFY(second.save(data).isOk());
+    QFile file(m_file);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), QByteArray("damaged"));
+}
+
+QTEST_GUILESS_MAIN(tst_SessionFile)
+
+#include "tst_SessionFile.moc"

@@ -1,0 +1,272 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/program/CommandLineParser.h"
+#include "host/program/OptionTable.h"
+#include "tests/support/TestObject.h"
+
+#include <algorithm>
+
+class tst_CommandLineParser : public TestObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void startsWithDefaults();
+    void readsEveryOption();
+    void takesValuesAfterEquals();
+    void settingsKeepTheirOrder();
+    void knowsWhatIsHeadless_data();
+    void knowsWhatIsHeadless();
+    void acceptsTheEndsOfRanges_data();
+    void acceptsTheEndsOfRanges();
+    void refuses_data();
+    void refuses();
+    void helpCountsBeforeErrors();
+    void helpNamesEveryOption();
+
+private:
+    static Result<CommandLine> parse(const QString& words);
+};
+
+// Words separated by "|".
+Result<CommandLine> tst_CommandLineParser::parse(const QString& words)
+{
+    QStringList arguments(QStringLiteral("zolta-host"));
+    if (!words.isEmpty())
+        arguments += words.split(QLatin1Char('|'));
+    return CommandLineParser::parse(arguments);
+}
+
+void tst_CommandLineParser::startsWithDefaults()
+{
+    const CommandLine line = parse(QString()).value();
+    QCOMPARE(line.plugin, QString());
+    QCOMPARE(line.editor.channel, 0);
+    QVERIFY(line.editor.stereo);
+    QCOMPARE(line.editor.scale, 1.0);
+    QCOMPARE(line.editor.sampleRate, 48000);
+    QVERIFY(!line.sampleRateGiven && !line.wantsEditor && !line.plays());
+    QVERIFY(line.settings.empty());
+    QCOMPARE(line.language, Language::English);
+}
+
+void tst_CommandLineParser::readsEveryOption()
+{
+    const Result<CommandLine> parsed = parse(QStringLiteral(
+        "--plugin|p.so|--channel|5|--mono|--scale|1.5|--sample-rate|96000|--session|s.json|"
+        "--state|in.state|--set|fx_rackfx_prm_3=+3 dB|--meters|off|--language|ja|--list|"
+        "--save-state|out.vstpreset|--screenshot|a.png"));
+    QCOMPARE(parsed.error(), QString());
+    const CommandLine& line = parsed.value();
+    QCOMPARE(line.plugin, QStringLiteral("p.so"));
+    QCOMPARE(line.editor.channel, 5);
+    QVERIFY(!line.editor.stereo && line.wantsEditor && line.list && !line.help);
+    QCOMPARE(line.editor.scale, 1.5);
+    QCOMPARE(line.editor.sampleRate, 96000);
+    QVERIFY(line.sampleRateGiven);
+    QCOMPARE(line.session, QStringLiteral("s.json"));
+    QCOMPARE(line.state, QStringLiteral("in.state"));
+    QCOMPARE(line.settings.size(), 1U);
+    QCOMPARE(line.settings[0].parameter, 2U);
+    QCOMPARE(line.settings[0].value, 30);
+    QCOMPARE(line.saveState, QStringLiteral("out.vstpreset"));
+    QCOMPARE(line.screenshot, QStringLiteral("a.png"));
+    QCOMPARE(line.meters, std::optional(false));
+    QCOMPARE(line.language, Language::Japanese);
+
+    const CommandLine playing =
+        parse(QStringLiteral("--audio|in.wav|--loop|--device|ears|--rate|96000|--block|64"))
+            .value();
+    QCOMPARE(playing.audio.file, QStringLiteral("in.wav"));
+    QVERIFY(playing.audio.loop && playing.plays() && !playing.audio.device.live);
+    QCOMPARE(playing.audio.device.device, QStringLiteral("ears"));
+    QCOMPARE(playing.audio.device.rate, 96000);
+    QCOMPARE(playing.audio.device.block, 64);
+    QVERIFY(parse(QStringLiteral("--live")).value().audio.device.live);
+
+    const CommandLine rendering = parse(QStringLiteral("--render|in.ogg|out.wav|--float")).value();
+    QCOMPARE(rendering.render.input, QStringLiteral("in.ogg"));
+    QCOMPARE(rendering.render.output, QStringLiteral("out.wav"));
+    QVERIFY(rendering.render.forceFloat);
+}
+
+void tst_CommandLineParser::takesValuesAfterEquals()
+{
+    const CommandLine line =
+        parse(QStringLiteral("--channel=7|--set=fx_rackfx_prm_2=@100")).value();
+    QCOMPARE(line.editor.channel, 7);
+    QCOMPARE(line.settings[0].parameter, 1U);
+    QCOMPARE(line.settings[0].value, 100);
+}
+
+void tst_CommandLineParser::settingsKeepTheirOrder()
+{
+    const CommandLine line =
+        parse(QStringLiteral("--set|fx_rackfx_prm_27=Drive|--set|fx_rackfx_prm_1=@0|"
+                             "--set|fx_rackfx_prm_27=@0|--channel|3|--channel|4"))
+            .value();
+    const auto is = [&line](std::size_t i, std::size_t parameter, int value) {
+        return line.settings[i].parameter == parameter && line.settings[i].value == value;
+    };
+    QCOMPARE(line.settings.size(), 3U);
+    QVERIFY(is(0, 26, 1) && is(1, 0, 0) && is(2, 26, 0));
+    QCOMPARE(line.editor.channel, 4); // of an option that counts once, the last value
+}
+
+void tst_CommandLineParser::knowsWhatIsHeadless_data()
+{
+    QTest::addColumn<QString>("words");
+    QTest::addColumn<bool>("headless");
+    QTest::addColumn<bool>("meters");
+    const auto row = [](const char* words, bool headless, bool meters) {
+        QTest::newRow(words) << QString::fromLatin1(words) << headless << meters;
+    };
+    row("", false, true);
+    row("--meters|off", false, false);
+    row("--meters|on", false, true);
+    row("--state|a", false, true);
+    row("--set|fx_rackfx_prm_3=1", false, true);
+    row("--list", true, false);
+    row("--list|--meters|off", true, false);
+    row("--save-state|a", true, false);
+    row("--screenshot|a.png", true, false);
+    row("--screenshot|a.png|--meters|on", true, true);
+    row("--help", true, false);
+    row("--devices", true, false);
+    row("--render|a.wav|b.wav", true, false);
+}
+
+void tst_CommandLineParser::knowsWhatIsHeadless()
+{
+    QFETCH(const QString, words);
+    const Result<CommandLine> line = parse(words);
+    QCOMPARE(line.error(), QString());
+    QTEST(line.value().headless(), "headless");
+    QTEST(line.value().showsMeters(), "meters");
+}
+
+void tst_CommandLineParser::acceptsTheEndsOfRanges_data()
+{
+    QTest::addColumn<QString>("words");
+    for (const char* words :
+         {"--channel|0", "--channel|7", "--scale|0.5", "--scale|4", "--sample-rate|1000",
+          "--sample-rate|768000", "--set|fx_rackfx_prm_3=@-200", "--set|fx_rackfx_prm_3=@200",
+          "--set|fx_rackfx_prm_2=@1200", "--set|fx_rackfx_prm_2=99k", "--live|--block|16",
+          "--live|--block|8192", "--live|--rate|1000", "--live|--rate|768000"})
+        QTest::newRow(words) << QString::fromLatin1(words);
+}
+
+void tst_CommandLineParser::acceptsTheEndsOfRanges()
+{
+    QFETCH(const QString, words);
+    QCOMPARE(parse(words).error(), QString());
+}
+
+void tst_CommandLineParser::refuses_data()
+{
+    QTest::addColumn<QString>("words");
+    QTest::addColumn<QString>("expected");
+    const auto row = [](const QByteArray& words, const QByteArray& expected) {
+        QTest::newRow(words.constData())
+            << QString::fromLatin1(words) << QString::fromLatin1(expected);
+    };
+    const auto value = [&row](const char* option, const char* range,
+                              std::initializer_list<const char*> values) {
+        for (const char* text : values)
+            row(QByteArray(option) + '|' + text,
+                QByteArray(option) + " must be " + range + ", not \"" + text + "\".");
+    };
+    value("--channel", "a whole number from 0 to 7", {"8", "-1", "two", "1.0", "", "99999999999"});
+    value("--scale", "a number from 0.5 to 4", {"0.49", "4.01", "nan", "inf", "150%"});
+    value("--sample-rate", "a whole number from 1000 to 768000", {"999", "768001", "44.1k"});
+    row("--live|--rate|44.1k", "--rate must be a whole number from 1000 to 768000, not \"44.1k\".");
+    row("--live|--block|15", "--block must be a whole number from 16 to 8192, not \"15\".");
+    value("--set", "NAME=TEXT or NAME=@N", {"fx_rackfx_prm_3", "=3"});
+    row("--set|gain=3", "--set: there is no parameter \"gain\". See --list for all of them.");
+    for (const char* text : {"loud", ""})
+        row(QByteArray("--set|fx_rackfx_prm_2=") + text,
+            QByteArray("--set fx_rackfx_prm_2: \"") + text +
+                "\" is not a value of Low frequency (20 to 20k Hz).");
+    row("--set|fx_rackfx_prm_3==3",
+        "--set fx_rackfx_prm_3: \"=3\" is not a value of Low gain (-20.0 to +20.0 dB).");
+    row("--set|fx_rackfx_prm_2=@1201",
+        "--set fx_rackfx_prm_2: \"@1201\" is not a raw value of Low frequency (@0 to @1200).");
+    row("--set|fx_rackfx_prm_3=@x",
+        "--set fx_rackfx_prm_3: \"@x\" is not a raw value of Low gain (@-200 to @200).");
+    for (const char* text : {"fr", ""})
+        row(QByteArray("--language|") + text,
+            QByteArray("--language must be one of these: en, de, ja. It cannot be \"") + text +
+                "\".");
+    for (const char* text : {"yes", ""})
+        row(QByteArray("--meters|") + text,
+            QByteArray("--meters must be one of these: on, off. It cannot be \"") + text + "\".");
+    for (const QByteArray option :
+         {"plugin", "state", "save-state", "screenshot", "session", "audio", "render"})
+        row("--" + option + "|", "--" + option + " must be the name of a file.");
+    row("--channel", "Missing value after '--channel'.");
+    row("--loud", "Unknown option 'loud'.");
+    row("something", "Unknown option 'something'.");
+    row("--list=yes", "Unexpected value after '--list'.");
+    for (const QByteArray option : {"device|x", "rate|48000", "block|64"})
+        row("--" + option,
+            "--" + option.split('|')[0] + " can only be used with --audio or --live.");
+    row("--loop", "--loop can only be used with --audio.");
+    row("--live|--loop", "--loop can only be used with --audio.");
+    row("--float", "--float can only be used with --render.");
+    row("--audio|in.wav|--live", "--audio cannot be combined with --live.");
+    for (const QByteArray option : {"list", "devices", "save-state|a", "screenshot|a.png"}) {
+        const QByteArray name = option.split('|')[0];
+        row("--audio|in.wav|--" + option, "--audio cannot be combined with --" + name + ".");
+        row("--live|--" + option, "--live cannot be combined with --" + name + ".");
+    }
+    row("--live|--render|in.wav|out.wav", "--live cannot be combined with --render.");
+    for (const QByteArray option : {"list", "devices", "mono", "save-state|a", "screenshot|a.png",
+                                    "plugin|a.so", "sample-rate|48000", "meters|on", "scale|2"})
+        row("--render|in.wav|out.wav|--" + option,
+            "--render cannot be combined with --" + option.split('|')[0] + ".");
+    row("--render|in.wav", "--render must be followed by the names of two files, IN and OUT.");
+    row("--render|in.wav|out.wav|more", "Unknown option 'more'.");
+    row("--render|in.wav|out.mp3", "The name of the file to render must end in .wav, .flac or "
+                                   ".ogg, unlike \"out.mp3\".");
+    row("--render|in.wav|out.flac|--float", "--float can only be used for a file whose name ends "
+                                            "in .wav, unlike \"out.flac\".");
+    row("--render|in.wav|out.wav|--channel|1",
+        "--render can only be combined with --channel where --session is given, too: every "
+        "channel of the file gets the same settings.");
+}
+
+void tst_CommandLineParser::refuses()
+{
+    QFETCH(const QString, words);
+    QTEST(parse(words).error(), "expected");
+}
+
+void tst_CommandLineParser::helpCountsBeforeErrors()
+{
+    const Result<CommandLine> line = parse(QStringLiteral("--help|--channel|8|more"));
+    QVERIFY(line.isOk() && line.value().help);
+}
+
+void tst_CommandLineParser::helpNamesEveryOption()
+{
+    const QStringList lines = CommandLineParser::helpText().split(QLatin1Char('\n'));
+    const auto hasLine = [&lines](const QString& start) {
+        return std::any_of(lines.begin(), lines.end(),
+                           [&](const QString& line) { return line.startsWith(start); });
+    };
+    int count = 0;
+    for (const OptionGroup& group : optionGroups()) {
+        for (const Option& option : group.options) {
+            QVERIFY2(hasLine(QStringLiteral("  --%1 %2")
+                                 .arg(QLatin1String(option.name), QLatin1String(option.argument))),
+                     option.name);
+            ++count;
+        }
+    }
+    QCOMPARE(count, 23);
+    for (const QString& line : lines)
+        QVERIFY2(line.size() <= 90, qPrintable(line));
+}
+
+QTEST_APPLESS_MAIN(tst_CommandLineParser)
+
+#include "tst_CommandLineParser.moc"
