@@ -41,7 +41,8 @@ public:
     }
 
 private:
-    static constexpr unsigned char Pattern = 0xeb;
+    /// Every bool is true and no pointer is an address.
+    static constexpr unsigned char Pattern = 0x01;
     static inline std::span<unsigned char> s_remains;
 };
 

@@ -14,13 +14,13 @@ constexpr QPoint WindowPlace(60, 40);
 constexpr QPoint GraphPlace(31, 17);
 
 /// The X server's own pointer and keyboard.
-class MixerModel
+class ServerInput
 {
 public:
-    explicit MixerModel(const QWidget* graph)
+    explicit ServerInput(const QWidget* graph)
         : m_graph(graph)
     {}
-    ~MixerModel()
+    ~ServerInput()
     {
         xdotool(
             {"mouseup", "1", "mouseup", "3", "keyup", "shift", "keyup", "ctrl", "keyup", "alt"});
@@ -52,7 +52,7 @@ private:
 struct WindowFixture : GraphFixture
 {
     WindowFixture()
-        : mixerModel(graph)
+        : input(graph)
     {
         graph->move(GraphPlace);
         editor.setWindowFlags(Qt::X11BypassWindowManagerHint);
@@ -69,7 +69,7 @@ struct WindowFixture : GraphFixture
     int gain(int band) const { return host.value(gainName(band), 0); }
     int rawQuality(int band) const { return host.value(qualityName(band), 0); }
 
-    MixerModel mixerModel;
+    ServerInput input;
 };
 
 /// The grabbed band shows in what a drag would change.
@@ -122,15 +122,15 @@ void tst_GraphWindow::dragMovesABand()
     const QPointF handle = f.graph->getTargetPoint(targetOf(3));
     const QPointF moved = handle + QPointF(31, -19);
     if (!key.isEmpty())
-        f.mixerModel.keyDown(key);
-    f.mixerModel.moveTo(handle.toPoint());
-    f.mixerModel.press();
+        f.input.keyDown(key);
+    f.input.moveTo(handle.toPoint());
+    f.input.press();
     QTRY_VERIFY(isGrabbed(f.graph));
-    f.mixerModel.moveTo(handle.toPoint() + QPoint(31, -19));
+    f.input.moveTo(handle.toPoint() + QPoint(31, -19));
     QTRY_COMPARE(f.frequency(3), frequency ? f.frequencyAt(moved) : 700);
     QTRY_COMPARE(f.gain(3), gain ? f.gainAt(moved) : 40);
     QTRY_COMPARE(f.rawQuality(3), 250 + quality);
-    f.mixerModel.release();
+    f.input.release();
     QTRY_VERIFY(!isGrabbed(f.graph));
 }
 
@@ -140,20 +140,20 @@ void tst_GraphWindow::disabledDuringADrag()
     f.setBand(1, 200, 0);
     f.setBand(4, 1000, 0);
     QVERIFY(f.isExposed());
-    f.mixerModel.moveTo(f.graph->getTargetPoint(targetOf(1)).toPoint());
-    f.mixerModel.press();
+    f.input.moveTo(f.graph->getTargetPoint(targetOf(1)).toPoint());
+    f.input.press();
     QTRY_VERIFY(isGrabbed(f.graph));
     f.graph->setEnabled(false);
-    f.mixerModel.moveTo({200, 60});
-    f.mixerModel.release();
+    f.input.moveTo({200, 60});
+    f.input.release();
     QTRY_COMPARE(QGuiApplication::mouseButtons(), Qt::NoButton);
     f.graph->setEnabled(true);
 
     // The next click grabs the band it hits.
-    f.mixerModel.moveTo(f.graph->getTargetPoint(targetOf(4)).toPoint());
-    f.mixerModel.press();
+    f.input.moveTo(f.graph->getTargetPoint(targetOf(4)).toPoint());
+    f.input.press();
     QTRY_VERIFY(isGrabbed(f.graph));
-    f.mixerModel.moveTo({580, 70});
+    f.input.moveTo({580, 70});
     QTRY_VERIFY(f.gain(4) > 0);
     QCOMPARE(f.frequency(1), 200);
     QCOMPARE(f.gain(1), 0);
@@ -164,13 +164,13 @@ void tst_GraphWindow::dragGoesOnOutsideTheWindow()
     WindowFixture f;
     f.solo(2);
     QVERIFY(f.isExposed());
-    f.mixerModel.moveTo({300, 80});
-    f.mixerModel.press();
+    f.input.moveTo({300, 80});
+    f.input.press();
     QTRY_VERIFY(isGrabbed(f.graph));
-    f.mixerModel.moveTo(f.graph->mapFromGlobal(QPoint(0, 0)));
+    f.input.moveTo(f.graph->mapFromGlobal(QPoint(0, 0)));
     QTRY_COMPARE(f.frequency(2), 0);
     QTRY_COMPARE(f.gain(2), 200);
-    f.mixerModel.moveTo(f.graph->mapFromGlobal(QPoint(1200, 900)));
+    f.input.moveTo(f.graph->mapFromGlobal(QPoint(1200, 900)));
     QTRY_COMPARE(f.frequency(2), 1200);
     QTRY_COMPARE(f.gain(2), -200);
 }
