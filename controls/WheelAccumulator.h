@@ -27,9 +27,6 @@ public:
     /// Adds \a delta and takes the multiples of \a divisor out, towards 0.
     std::int64_t take(int delta, int divisor);
 
-    /// What is left, with its sign.
-    int remainder() const { return m_remainder; }
-
 private:
     int m_remainder = 0;
 };

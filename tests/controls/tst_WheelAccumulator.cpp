@@ -21,6 +21,17 @@ QWheelEvent turned(QPoint angle, Qt::KeyboardModifiers modifiers = {}, bool inve
     return {{}, {}, {}, angle, Qt::NoButton, modifiers, Qt::NoScrollPhase, inverted};
 }
 
+/// Whether \a wheel has \a remainder left: one step comes with just what is missing, none with
+/// less.
+bool keeps(const WheelAccumulator& wheel, int remainder, int divisor = 120)
+{
+    const int sign = remainder < 0 ? -1 : 1;
+    WheelAccumulator enough = wheel;
+    WheelAccumulator tooLittle = wheel;
+    return enough.take(sign * divisor - remainder, divisor) == sign &&
+           tooLittle.take(sign * (divisor - 1) - remainder, divisor) == 0;
+}
+
 } // namespace
 
 class tst_WheelAccumulator : public TestObject
@@ -88,7 +99,8 @@ void tst_WheelAccumulator::keepsTheRemainder()
     QFETCH(int, steps);
     WheelAccumulator wheel;
     QCOMPARE(wheel.take(delta, divisor), std::int64_t{steps});
-    QTEST(wheel.remainder(), "remainder");
+    QFETCH(int, remainder);
+    QVERIFY(keeps(wheel, remainder, divisor));
 }
 
 void tst_WheelAccumulator::discardsTheRemainderOnReversal()
@@ -96,9 +108,9 @@ void tst_WheelAccumulator::discardsTheRemainderOnReversal()
     WheelAccumulator wheel;
     wheel.take(100, 120);
     QCOMPARE(wheel.take(-30, 120), std::int64_t{0});
-    QCOMPARE(wheel.remainder(), -30);
+    QVERIFY(keeps(wheel, -30));
     QCOMPARE(wheel.take(119, 120), std::int64_t{0});
-    QCOMPARE(wheel.remainder(), 119);
+    QVERIFY(keeps(wheel, 119));
 }
 
 void tst_WheelAccumulator::keepsTheRemainderOnNoMovement()
@@ -106,7 +118,7 @@ void tst_WheelAccumulator::keepsTheRemainderOnNoMovement()
     WheelAccumulator wheel;
     wheel.take(-100, 120);
     QCOMPARE(wheel.take(0, 120), std::int64_t{0});
-    QCOMPARE(wheel.remainder(), -100);
+    QVERIFY(keeps(wheel, -100));
 }
 
 void tst_WheelAccumulator::addsUpFineMovements()
@@ -116,7 +128,7 @@ void tst_WheelAccumulator::addsUpFineMovements()
     for (int i = 0; i < 48; ++i)
         steps += wheel.take(15, 120);
     QCOMPARE(steps, std::int64_t{6});
-    QCOMPARE(wheel.remainder(), 0);
+    QVERIFY(keeps(wheel, 0));
 }
 
 void tst_WheelAccumulator::makesSteps_data()
