@@ -2,6 +2,7 @@
 #include "editor/ZoltaEditor.h"
 
 #include "component/ZoltaComponent.h"
+#include "controls/WheelAccumulator.h"
 #include "editor/AccessibleNames.h"
 #include "editor/EditorTraversal.h"
 #include "editor/FocusMark.h"
@@ -16,15 +17,13 @@
 #include <QPointer>
 #include <QWheelEvent>
 
-#include <cstdlib>
-
 using CommonController_MemAPI::AbstractController;
 using CommonController_MemAPI::TextEditController;
+using CommonController_MemAPI::WheelAccumulator;
 
 namespace {
 
 constexpr QRect EqualizerGraphRect(94, 22, 679, 192);
-constexpr int WheelNotch = 120;
 
 const QString GraphZoomKey = QStringLiteral("GraphZoom");
 // Reserved for the spectrum display, which is not offered: neither written nor read.
@@ -35,13 +34,6 @@ bool hasGain(int type) { return (type & ~1) == 2; }
 int secondChannel(int ch, int ch2)
 {
     return ch2 == ch && ch2 >= 0 ? static_cast<int>(static_cast<unsigned int>(ch) + 1) : ch2;
-}
-
-int wheelDelta(const QWheelEvent& event)
-{
-    const QPoint angle = event.angleDelta();
-    const int delta = std::abs(angle.x()) > std::abs(angle.y()) ? angle.x() : angle.y();
-    return event.inverted() ? -delta : delta;
 }
 
 } // namespace
@@ -317,10 +309,10 @@ void ZoltaEditor::resetParameter(const EqualizerParameter& parameter)
 
 void ZoltaEditor::switchByWheel(const QWheelEvent& event)
 {
-    const int delta = wheelDelta(event);
-    if (delta >= WheelNotch)
+    const int delta = WheelAccumulator::delta(event);
+    if (delta >= WheelAccumulator::Notch)
         m_ui->m_pDriveCleanSwitch->setOn();
-    else if (delta <= -WheelNotch)
+    else if (delta <= -WheelAccumulator::Notch)
         m_ui->m_pDriveCleanSwitch->setOff();
 }
 

@@ -82,7 +82,7 @@ QString PresetMenu::typedName()
                                   tr("Name of the preset"), QLineEdit::Normal, typed, &accepted);
         if (!accepted)
             return QString();
-        const QString error = PresetFolder::errorOfName(typed.simplified());
+        const QString error = PresetFolder::checkName(typed.simplified()).error();
         if (error.isEmpty())
             return typed.simplified();
         QMessageBox::warning(m_menu->parentWidget(), tr("Save as Preset"), error);
