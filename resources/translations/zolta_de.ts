@@ -8,6 +8,18 @@
         <source>Quit Without Saving</source>
         <translation>Beenden, ohne zu sichern</translation>
     </message>
+    <message>
+        <source>The plug-in has no editor for channel %1.</source>
+        <translation>Das Plug-in hat keinen Editor für Kanal %1.</translation>
+    </message>
+    <message>
+        <source>Save Anyway</source>
+        <translation>Trotzdem sichern</translation>
+    </message>
+    <message>
+        <source>The list cannot be printed: %1.</source>
+        <translation>Die Liste lässt sich nicht ausgeben: %1.</translation>
+    </message>
 </context>
 <context>
     <name>EditorToolBar</name>
@@ -108,7 +120,7 @@
     </message>
     <message>
         <source>&amp;Reset to Defaults</source>
-        <translation>&amp;Auf Vorgaben zurücksetzen</translation>
+        <translation>Auf &amp;Vorgaben zurücksetzen</translation>
     </message>
     <message>
         <source>&amp;Close</source>
@@ -175,10 +187,6 @@
         <translation>%1 ist gespeichert.</translation>
     </message>
     <message>
-        <source>Every parameter is at its default.</source>
-        <translation>Alle Parameter stehen auf ihren Vorgaben.</translation>
-    </message>
-    <message>
         <source>&amp;Copy Settings</source>
         <translation>Einstellungen &amp;kopieren</translation>
     </message>
@@ -203,40 +211,20 @@
         <translation>B n&amp;ach A kopieren</translation>
     </message>
     <message>
-        <source>Delete the preset %1?</source>
-        <translation>Preset %1 löschen?</translation>
-    </message>
-    <message>
         <source>Deleted %1.</source>
         <translation>%1 gelöscht.</translation>
-    </message>
-    <message>
-        <source>Name of the preset</source>
-        <translation>Name des Presets</translation>
     </message>
     <message>
         <source>No audio</source>
         <translation>Kein Ton</translation>
     </message>
     <message>
-        <source>Pasted.</source>
-        <translation>Eingefügt.</translation>
-    </message>
-    <message>
-        <source>Reset</source>
-        <translation>Zurücksetzen</translation>
-    </message>
-    <message>
         <source>S&amp;witch between A and B</source>
-        <translation>Zwischen A und B &amp;wechseln</translation>
+        <translation>Zwischen A und B wech&amp;seln</translation>
     </message>
     <message>
-        <source>Save as Preset</source>
-        <translation>Als Preset speichern</translation>
-    </message>
-    <message>
-        <source>There is a preset %1. Replace it?</source>
-        <translation>Es gibt ein Preset %1. Ersetzen?</translation>
+        <source>Parameters</source>
+        <translation>Parameter</translation>
     </message>
 </context>
 <context>
@@ -307,10 +295,6 @@
     <message>
         <source>Rename</source>
         <translation>Umbenennen</translation>
-    </message>
-    <message>
-        <source>Reset</source>
-        <translation>Zurücksetzen</translation>
     </message>
 </context>
 <context>
@@ -421,7 +405,7 @@
     </message>
     <message>
         <source>Clean/drive</source>
-        <translation>Klar/Drive</translation>
+        <translation>Clean/Drive</translation>
     </message>
     <message>
         <source>Equalizer on</source>
@@ -471,10 +455,6 @@
         <translation>Name</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is no value of %2: type %3.</source>
-        <translation>&quot;%1&quot; ist kein Wert für &quot;%2&quot;: möglich ist %3.</translation>
-    </message>
-    <message>
         <source>%1 to %2</source>
         <translation>%1 bis %2</translation>
     </message>
@@ -482,12 +462,20 @@
         <source>%1 or %2</source>
         <translation>%1 oder %2</translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; is not a value of %2: type %3 or %4.</source>
+        <translation>&quot;%1&quot; ist kein Wert für &quot;%2&quot;: möglich ist %3 oder %4.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a value of %2: type a value from %3 to %4.</source>
+        <translation>&quot;%1&quot; ist kein Wert für &quot;%2&quot;: möglich ist ein Wert von %3 bis %4.</translation>
+    </message>
 </context>
 <context>
     <name>ZoltaEditor</name>
     <message>
         <source>CLEAN</source>
-        <translation>KLAR</translation>
+        <translation>CLEAN</translation>
     </message>
     <message>
         <source>DRIVE</source>
@@ -533,6 +521,158 @@
         <source>ZOOM</source>
         <translation>LUPE</translation>
     </message>
+    <message>
+        <source>Low type</source>
+        <translation>Tiefen: Typ</translation>
+    </message>
+    <message>
+        <source>Low frequency</source>
+        <translation>Tiefen: Frequenz</translation>
+    </message>
+    <message>
+        <source>Low gain</source>
+        <translation>Tiefen: Gain</translation>
+    </message>
+    <message>
+        <source>Low band on</source>
+        <translation>Tiefenband an</translation>
+    </message>
+    <message>
+        <source>Middle 1 quality</source>
+        <translation>Mitten 1: Güte</translation>
+    </message>
+    <message>
+        <source>Middle 1 frequency</source>
+        <translation>Mitten 1: Frequenz</translation>
+    </message>
+    <message>
+        <source>Middle 1 gain</source>
+        <translation>Mitten 1: Gain</translation>
+    </message>
+    <message>
+        <source>Middle 1 band on</source>
+        <translation>Mittenband 1 an</translation>
+    </message>
+    <message>
+        <source>Middle 2 quality</source>
+        <translation>Mitten 2: Güte</translation>
+    </message>
+    <message>
+        <source>Middle 2 frequency</source>
+        <translation>Mitten 2: Frequenz</translation>
+    </message>
+    <message>
+        <source>Middle 2 gain</source>
+        <translation>Mitten 2: Gain</translation>
+    </message>
+    <message>
+        <source>Middle 2 band on</source>
+        <translation>Mittenband 2 an</translation>
+    </message>
+    <message>
+        <source>Middle 3 quality</source>
+        <translation>Mitten 3: Güte</translation>
+    </message>
+    <message>
+        <source>Middle 3 frequency</source>
+        <translation>Mitten 3: Frequenz</translation>
+    </message>
+    <message>
+        <source>Middle 3 gain</source>
+        <translation>Mitten 3: Gain</translation>
+    </message>
+    <message>
+        <source>Middle 3 band on</source>
+        <translation>Mittenband 3 an</translation>
+    </message>
+    <message>
+        <source>Middle 4 quality</source>
+        <translation>Mitten 4: Güte</translation>
+    </message>
+    <message>
+        <source>Middle 4 frequency</source>
+        <translation>Mitten 4: Frequenz</translation>
+    </message>
+    <message>
+        <source>Middle 4 gain</source>
+        <translation>Mitten 4: Gain</translation>
+    </message>
+    <message>
+        <source>Middle 4 band on</source>
+        <translation>Mittenband 4 an</translation>
+    </message>
+    <message>
+        <source>High type</source>
+        <translation>Höhen: Typ</translation>
+    </message>
+    <message>
+        <source>High frequency</source>
+        <translation>Höhen: Frequenz</translation>
+    </message>
+    <message>
+        <source>High gain</source>
+        <translation>Höhen: Gain</translation>
+    </message>
+    <message>
+        <source>High band on</source>
+        <translation>Höhenband an</translation>
+    </message>
+    <message>
+        <source>Input level</source>
+        <translation>Eingangspegel</translation>
+    </message>
+    <message>
+        <source>Output level</source>
+        <translation>Ausgangspegel</translation>
+    </message>
+    <message>
+        <source>Drive</source>
+        <translation>Drive</translation>
+    </message>
+    <message>
+        <source>About Zolta</source>
+        <translation>Über Zolta</translation>
+    </message>
+    <message>
+        <source>Zoom the curve in</source>
+        <translation>Kurve vergrößern</translation>
+    </message>
+    <message>
+        <source>Zoom the curve out</source>
+        <translation>Kurve verkleinern</translation>
+    </message>
+    <message>
+        <source>Spectrum</source>
+        <translation>Spektrum</translation>
+    </message>
+    <message>
+        <source>Flat</source>
+        <translation>Linear</translation>
+    </message>
+    <message>
+        <source>Input meter, left</source>
+        <translation>Pegelanzeige Eingang, links</translation>
+    </message>
+    <message>
+        <source>Input meter, right</source>
+        <translation>Pegelanzeige Eingang, rechts</translation>
+    </message>
+    <message>
+        <source>Input meter</source>
+        <translation>Pegelanzeige Eingang</translation>
+    </message>
+    <message>
+        <source>Output meter, left</source>
+        <translation>Pegelanzeige Ausgang, links</translation>
+    </message>
+    <message>
+        <source>Output meter, right</source>
+        <translation>Pegelanzeige Ausgang, rechts</translation>
+    </message>
+    <message>
+        <source>Output meter</source>
+        <translation>Pegelanzeige Ausgang</translation>
+    </message>
 </context>
 <context>
     <name>ChannelCompare</name>
@@ -548,16 +688,24 @@
 <context>
     <name>ChannelText</name>
     <message>
-        <source>the value of &quot;%1&quot; is no text</source>
-        <translation>der Wert von &quot;%1&quot; ist kein Text</translation>
+        <source>the value of &quot;%1&quot; must be text</source>
+        <translation>der Wert von &quot;%1&quot; muss ein Text sein</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is no value of &quot;%2&quot;</source>
-        <translation>&quot;%1&quot; ist kein Wert von &quot;%2&quot;</translation>
+        <source>&quot;%1&quot; is not a value of &quot;%2&quot;</source>
+        <translation>&quot;%1&quot; ist kein Wert für &quot;%2&quot;</translation>
     </message>
     <message>
-        <source>the clipboard holds no settings of an equalizer</source>
-        <translation>die Zwischenablage enthält keine Einstellungen eines Equalizers</translation>
+        <source>Cannot paste: the clipboard holds no equalizer settings.</source>
+        <translation>Einfügen nicht möglich: Die Zwischenablage enthält keine Equalizer-Einstellungen.</translation>
+    </message>
+    <message>
+        <source>Cannot paste: the value of &quot;%1&quot; must be text.</source>
+        <translation>Einfügen nicht möglich: Der Wert von &quot;%1&quot; muss ein Text sein.</translation>
+    </message>
+    <message>
+        <source>Cannot paste: &quot;%1&quot; is not a value of &quot;%2&quot;.</source>
+        <translation>Einfügen nicht möglich: &quot;%1&quot; ist kein Wert für &quot;%2&quot;.</translation>
     </message>
 </context>
 <context>
@@ -565,10 +713,6 @@
     <message>
         <source>Channel %1</source>
         <translation>Kanal %1</translation>
-    </message>
-    <message>
-        <source>Nothing is pasted: %1.</source>
-        <translation>Nichts eingefügt: %1.</translation>
     </message>
     <message>
         <source>Paste</source>
@@ -591,6 +735,14 @@
     <message>
         <source>Load %1</source>
         <translation>%1 laden</translation>
+    </message>
+    <message>
+        <source>The plug-in did not accept the state of %1.</source>
+        <translation>Das Plug-in hat den Zustand aus %1 nicht angenommen.</translation>
+    </message>
+    <message>
+        <source>The state file %1 cannot be written: the plug-in gave no state.</source>
+        <translation>Die Zustandsdatei %1 lässt sich nicht schreiben: Das Plug-in hat keinen Zustand geliefert.</translation>
     </message>
 </context>
 <context>
@@ -717,7 +869,15 @@
     </message>
 </context>
 <context>
-    <name>HistoryMenu</name>
+    <name>EditMenu</name>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Undo %1</source>
+        <translation>&amp;Rückgängig: %1</translation>
+    </message>
     <message>
         <source>&amp;Redo</source>
         <translation>&amp;Wiederholen</translation>
@@ -727,12 +887,16 @@
         <translation>&amp;Wiederholen: %1</translation>
     </message>
     <message>
-        <source>&amp;Undo</source>
-        <translation>&amp;Rückgängig</translation>
+        <source>Pasted.</source>
+        <translation>Eingefügt.</translation>
     </message>
     <message>
-        <source>&amp;Undo %1</source>
-        <translation>&amp;Rückgängig: %1</translation>
+        <source>Reset</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Every parameter is at its default.</source>
+        <translation>Alle Parameter stehen auf ihren Vorgaben.</translation>
     </message>
 </context>
 <context>
@@ -829,20 +993,20 @@
         <translation>Ein Preset braucht einen Namen.</translation>
     </message>
     <message>
-        <source>A preset's name has at most %1 letters.</source>
+        <source>The preset %1 cannot be deleted: %2.</source>
+        <translation>Das Preset %1 lässt sich nicht löschen: %2.</translation>
+    </message>
+    <message>
+        <source>A preset's name can have up to %1 characters.</source>
         <translation>Der Name eines Presets hat höchstens %1 Zeichen.</translation>
     </message>
     <message>
-        <source>A preset's name does not begin with a full stop and holds none of these: %1</source>
-        <translation>Der Name eines Presets beginnt nicht mit einem Punkt und enthält keines dieser Zeichen: %1</translation>
+        <source>A preset's name cannot begin with a full stop or contain any of these: %1</source>
+        <translation>Der Name eines Presets darf nicht mit einem Punkt beginnen und keines dieser Zeichen enthalten: %1</translation>
     </message>
     <message>
-        <source>The presets' folder %1 cannot be made.</source>
-        <translation>Der Ordner %1 für die Presets lässt sich nicht anlegen.</translation>
-    </message>
-    <message>
-        <source>The preset %1 cannot be deleted: %2.</source>
-        <translation>Das Preset %1 lässt sich nicht löschen: %2.</translation>
+        <source>The presets' folder %1 cannot be made. Check whether its parent folder can be written.</source>
+        <translation>Der Ordner %1 für die Presets lässt sich nicht anlegen. Ist der übergeordnete Ordner beschreibbar?</translation>
     </message>
 </context>
 <context>
@@ -858,6 +1022,26 @@
     <message>
         <source>&amp;Save as Preset...</source>
         <translation>Als Preset &amp;speichern ...</translation>
+    </message>
+    <message>
+        <source>Save as Preset</source>
+        <translation>Als Preset speichern</translation>
+    </message>
+    <message>
+        <source>A preset named %1 already exists. Replace it?</source>
+        <translation>Ein Preset mit dem Namen %1 gibt es schon. Ersetzen?</translation>
+    </message>
+    <message>
+        <source>Name of the preset</source>
+        <translation>Name des Presets</translation>
+    </message>
+    <message>
+        <source>Delete Preset</source>
+        <translation>Preset löschen</translation>
+    </message>
+    <message>
+        <source>Delete the preset %1?</source>
+        <translation>Preset %1 löschen?</translation>
     </message>
 </context>
 <context>
@@ -875,54 +1059,102 @@
         <translation>Gezeichnet</translation>
     </message>
     <message>
-        <source>Measured in the sound</source>
-        <translation>Im Klang gemessen</translation>
+        <source>Measured</source>
+        <translation>Gemessen</translation>
     </message>
 </context>
 <context>
     <name>SessionFile</name>
     <message>
-        <source>Another program has the session %1 open. What is changed here will not be saved.</source>
-        <translation>Ein anderes Programm hat die Sitzung %1 geöffnet. Was hier geändert wird, wird nicht gesichert.</translation>
-    </message>
-    <message>
         <source>The session %1 cannot be read: %2.</source>
         <translation>Die Sitzung %1 lässt sich nicht lesen: %2.</translation>
     </message>
     <message>
-        <source>The session %1 cannot be read: %2. It is left alone, and nothing will be saved.</source>
-        <translation>Die Sitzung %1 lässt sich nicht lesen: %2. Sie bleibt, wie sie ist, und nichts wird gesichert.</translation>
+        <source>The session %1 is damaged. %2</source>
+        <translation>Die Sitzung %1 ist beschädigt. %2</translation>
     </message>
     <message>
-        <source>The session %1 cannot be saved: %2.</source>
-        <translation>Die Sitzung %1 lässt sich nicht sichern: %2.</translation>
+        <source>It is not valid JSON: %1 at byte %2.</source>
+        <translation>Die Datei ist kein gültiges JSON: %1 bei Byte %2.</translation>
     </message>
     <message>
-        <source>The session %1 is damaged and not used: %2. The file is kept as %3.</source>
-        <translation>Die Sitzung %1 ist beschädigt und wird nicht verwendet: %2. Die Datei bleibt als %3 erhalten.</translation>
+        <source>The session %1 cannot be read. %2</source>
+        <translation>Die Sitzung %1 lässt sich nicht lesen. %2</translation>
     </message>
     <message>
-        <source>The session %1 is damaged and not used: %2. The file cannot be renamed, so nothing will be saved.</source>
-        <translation>Die Sitzung %1 ist beschädigt und wird nicht verwendet: %2. Die Datei lässt sich nicht umbenennen, deshalb wird nichts gesichert.</translation>
+        <source>The session %1 cannot be read because it is not a regular file.</source>
+        <translation>Die Sitzung %1 lässt sich nicht lesen, weil sie keine gewöhnliche Datei ist.</translation>
+    </message>
+    <message>
+        <source>It is too long.</source>
+        <translation>Die Datei ist zu lang.</translation>
+    </message>
+    <message>
+        <source>%1 It is left alone, and nothing will be saved.</source>
+        <translation>%1 Die Datei bleibt, wie sie ist, und nichts wird gesichert.</translation>
+    </message>
+    <message>
+        <source>Another program has the session %1 open, as its lock file %2 says. Changes made here will not be saved.</source>
+        <translation>Ein anderes Programm hat die Sitzung %1 geöffnet, wie ihre Sperrdatei %2 angibt. Was hier geändert wird, wird nicht gesichert.</translation>
+    </message>
+    <message>
+        <source>The session cannot be saved. %1</source>
+        <translation>Die Sitzung lässt sich nicht sichern. %1</translation>
+    </message>
+    <message>
+        <source>%1 It cannot be renamed, so it is left alone, and nothing will be saved.</source>
+        <translation>%1 Die Datei lässt sich nicht umbenennen; sie bleibt deshalb, wie sie ist, und nichts wird gesichert.</translation>
+    </message>
+    <message>
+        <source>%1 It is not used, and the file is kept as %2.</source>
+        <translation>%1 Die Sitzung wird nicht verwendet, und die Datei bleibt als %2 erhalten.</translation>
     </message>
 </context>
 <context>
     <name>SettingsFile</name>
     <message>
-        <source>The editors' settings in %1 cannot be read: %2.</source>
-        <translation>Die Einstellungen der Editoren in %1 lassen sich nicht lesen: %2.</translation>
+        <source>&quot;%1&quot; is not a channel with settings.</source>
+        <translation>&quot;%1&quot; ist kein Kanal mit Einstellungen.</translation>
     </message>
     <message>
-        <source>The editors' settings in %1 cannot be written: %2.</source>
-        <translation>Die Einstellungen der Editoren in %1 lassen sich nicht sichern: %2.</translation>
+        <source>It is not a settings file of version %1.</source>
+        <translation>Die Datei ist keine Einstellungsdatei der Version %1.</translation>
     </message>
     <message>
-        <source>The editors' settings in %1 are damaged and ignored: %2. The file is kept as %3.</source>
-        <translation>Die Einstellungen der Editoren in %1 sind beschädigt und werden nicht verwendet: %2. Die Datei bleibt als %3 erhalten.</translation>
+        <source>It has no channels.</source>
+        <translation>Die Datei enthält keine Kanäle.</translation>
     </message>
     <message>
-        <source>The editors' settings in %1 are damaged and ignored: %2. The file cannot be renamed, so nothing is kept.</source>
-        <translation>Die Einstellungen der Editoren in %1 sind beschädigt und werden nicht verwendet: %2. Die Datei lässt sich nicht umbenennen, deshalb wird nichts gesichert.</translation>
+        <source>It is too long.</source>
+        <translation>Die Datei ist zu lang.</translation>
+    </message>
+    <message>
+        <source>It is not valid JSON: %1 at byte %2.</source>
+        <translation>Die Datei ist kein gültiges JSON: %1 bei Byte %2.</translation>
+    </message>
+    <message>
+        <source>The editors' settings in %1 cannot be read because it is not a regular file. No settings will be saved.</source>
+        <translation>Die Einstellungen der Editoren in %1 lassen sich nicht lesen, weil das keine gewöhnliche Datei ist. Es werden keine Einstellungen gesichert.</translation>
+    </message>
+    <message>
+        <source>The editors' settings in %1 cannot be read: %2. No settings will be saved.</source>
+        <translation>Die Einstellungen der Editoren in %1 lassen sich nicht lesen: %2. Es werden keine Einstellungen gesichert.</translation>
+    </message>
+    <message>
+        <source>The editors' settings in %1 were saved by a later version of this program. They are left alone, and no settings will be saved.</source>
+        <translation>Die Einstellungen der Editoren in %1 wurden von einer neueren Version dieses Programms gesichert. Sie bleiben, wie sie sind, und es werden keine Einstellungen gesichert.</translation>
+    </message>
+    <message>
+        <source>The editors' settings cannot be saved. %1</source>
+        <translation>Die Einstellungen der Editoren lassen sich nicht sichern. %1</translation>
+    </message>
+    <message>
+        <source>The editors' settings in %1 are damaged and ignored. %2 The file is kept as %3.</source>
+        <translation>Die Einstellungen der Editoren in %1 sind beschädigt und werden nicht verwendet. %2 Die Datei bleibt als %3 erhalten.</translation>
+    </message>
+    <message>
+        <source>The editors' settings in %1 are damaged and ignored. %2 The file cannot be renamed, so no settings will be saved.</source>
+        <translation>Die Einstellungen der Editoren in %1 sind beschädigt und werden nicht verwendet. %2 Die Datei lässt sich nicht umbenennen, deshalb werden keine Einstellungen gesichert.</translation>
     </message>
 </context>
 <context>
@@ -945,7 +1177,7 @@
     </message>
     <message>
         <source>Open sound file</source>
-        <translation>Klangdatei öffnen</translation>
+        <translation>Audiodatei öffnen</translation>
     </message>
     <message>
         <source>Output device</source>
@@ -965,11 +1197,587 @@
     </message>
     <message>
         <source>Sound files (*.wav *.flac *.ogg *.aif *.aiff *.mp3);;All files (*)</source>
-        <translation>Klangdateien (*.wav *.flac *.ogg *.aif *.aiff *.mp3);;Alle Dateien (*)</translation>
+        <translation>Audiodateien (*.wav *.flac *.ogg *.aif *.aiff *.mp3);;Alle Dateien (*)</translation>
     </message>
     <message>
         <source>Stop</source>
         <translation>Anhalten</translation>
+    </message>
+</context>
+<context>
+    <name>AudioDevices</name>
+    <message>
+        <source>There is no sound device to play on.</source>
+        <translation>Es gibt kein Audiogerät für die Wiedergabe.</translation>
+    </message>
+    <message>
+        <source>There is no sound device &quot;%1&quot;; --devices shows them all.</source>
+        <translation>Es gibt kein Audiogerät &quot;%1&quot;; --devices zeigt alle.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; may mean several sound devices: %2.</source>
+        <translation>&quot;%1&quot; trifft auf mehrere Audiogeräte zu: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>AudioReader</name>
+    <message>
+        <source>The sound file %1 cannot be read: it is a folder.</source>
+        <translation>Die Audiodatei %1 lässt sich nicht lesen: Sie ist ein Ordner.</translation>
+    </message>
+    <message>
+        <source>The sound file %1 cannot be read: it is no ordinary file.</source>
+        <translation>Die Audiodatei %1 lässt sich nicht lesen: Sie ist keine gewöhnliche Datei.</translation>
+    </message>
+    <message>
+        <source>The sound file %1 cannot be read: it is longer than its header can say.</source>
+        <translation>Die Audiodatei %1 lässt sich nicht lesen: Sie ist länger, als ihr Header angeben kann.</translation>
+    </message>
+    <message>
+        <source>The sound file %1 cannot be read: it is cut short: its header promises %2 bytes of samples, it holds %3.</source>
+        <translation>Die Audiodatei %1 lässt sich nicht lesen: Sie ist abgeschnitten und enthält statt der im Header angegebenen %2 nur %3 Bytes an Samples.</translation>
+    </message>
+    <message>
+        <source>The file %1 is not a sound file that can be read.</source>
+        <translation>Die Datei %1 ist keine lesbare Audiodatei.</translation>
+    </message>
+    <message>
+        <source>The sound file %1 cannot be read: it is cut short: its last page is missing.</source>
+        <translation>Die Audiodatei %1 lässt sich nicht lesen: Sie ist abgeschnitten, ihre letzte Seite fehlt.</translation>
+    </message>
+    <message>
+        <source>The sound file %1 cannot be read: it is cut short: it ends after %2 of %3 frames.</source>
+        <translation>Die Audiodatei %1 lässt sich nicht lesen: Sie ist abgeschnitten und endet nach %2 von %3 Frames.</translation>
+    </message>
+    <message>
+        <source>The sound file %1 cannot be read: it is damaged.</source>
+        <translation>Die Audiodatei %1 lässt sich nicht lesen: Sie ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>The sound file %1 cannot be read: %2.</source>
+        <translation>Die Audiodatei %1 lässt sich nicht lesen: %2.</translation>
+    </message>
+    <message>
+        <source>The sound file %1 cannot be read: it holds several streams one after the other.</source>
+        <translation>Die Audiodatei %1 lässt sich nicht lesen: Sie enthält mehrere Streams hintereinander.</translation>
+    </message>
+    <message>
+        <source>The sound file %1 cannot be read: it is damaged at byte %2.</source>
+        <translation>Die Audiodatei %1 lässt sich nicht lesen: Sie ist bei Byte %2 beschädigt.</translation>
+    </message>
+</context>
+<context>
+    <name>AudioRenderer</name>
+    <message>
+        <source>The sound file %1 cannot be written: it is the one to be read.</source>
+        <translation>Die Audiodatei %1 lässt sich nicht schreiben: Aus ihr soll gelesen werden.</translation>
+    </message>
+</context>
+<context>
+    <name>AudioSession</name>
+    <message>
+        <source>There is no sound file to play.</source>
+        <translation>Es gibt keine Audiodatei zum Abspielen.</translation>
+    </message>
+    <message>
+        <source>The sound device %1 is not responding.</source>
+        <translation>Das Audiogerät %1 antwortet nicht.</translation>
+    </message>
+</context>
+<context>
+    <name>AudioWriter</name>
+    <message>
+        <source>The sound file %1 cannot be written: it is a folder.</source>
+        <translation>Die Audiodatei %1 lässt sich nicht schreiben: Sie ist ein Ordner.</translation>
+    </message>
+    <message>
+        <source>The sound file %1 cannot be written: it is no ordinary file.</source>
+        <translation>Die Audiodatei %1 lässt sich nicht schreiben: Sie ist keine gewöhnliche Datei.</translation>
+    </message>
+    <message>
+        <source>The sound file %1 cannot be written: %2.</source>
+        <translation>Die Audiodatei %1 lässt sich nicht schreiben: %2.</translation>
+    </message>
+    <message>
+        <source>The sound file %1 cannot be written: its encoder failed.</source>
+        <translation>Die Audiodatei %1 lässt sich nicht schreiben: Der Encoder ist gescheitert.</translation>
+    </message>
+    <message>
+        <source>The sound file %1 cannot be written: its format does not take %2 channels at %3 Hz.</source>
+        <translation>Die Audiodatei %1 lässt sich nicht schreiben: Ihr Format lässt %2 Kanäle bei %3 Hz nicht zu.</translation>
+    </message>
+</context>
+<context>
+    <name>CommandLine</name>
+    <message>
+        <source>%1 cannot be combined with %2.</source>
+        <translation>%1 lässt sich nicht mit %2 kombinieren.</translation>
+    </message>
+    <message>
+        <source>%1 can only be used with %2.</source>
+        <translation>%1 geht nur zusammen mit %2.</translation>
+    </message>
+    <message>
+        <source>%1 can only be used with %2 or %3.</source>
+        <translation>%1 geht nur zusammen mit %2 oder %3.</translation>
+    </message>
+    <message>
+        <source>--render must be followed by the names of two files, IN and OUT.</source>
+        <translation>Auf --render müssen die Namen zweier Dateien folgen, IN und OUT.</translation>
+    </message>
+    <message>
+        <source>The name of the file to render must end in .wav, .flac or .ogg, unlike &quot;%1&quot;.</source>
+        <translation>Der Name der Ausgabedatei muss auf .wav, .flac oder .ogg enden, anders als &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>--float can only be used for a file whose name ends in .wav, unlike &quot;%1&quot;.</source>
+        <translation>--float geht nur für eine Datei, deren Name auf .wav endet, anders als &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>--render can only be combined with --channel where --session is given, too: every channel of the file gets the same settings.</source>
+        <translation>--render lässt sich mit --channel nur kombinieren, wenn auch --session angegeben ist: Jeder Kanal der Datei bekommt dieselben Einstellungen.</translation>
+    </message>
+    <message>
+        <source>Unknown option '%1'.</source>
+        <translation>Unbekannte Option &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>The argument &quot;%1&quot; is not valid UTF-8. Rename the file, or use another one.</source>
+        <translation>Das Argument &quot;%1&quot; ist kein gültiges UTF-8. Die Datei umbenennen oder eine andere verwenden.</translation>
+    </message>
+    <message>
+        <source>Usage: zolta-host [options]
+A mixer with 8 channels that opens the channel equalizer's editor.
+</source>
+        <translation>Aufruf: zolta-host [Optionen]
+Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
+</translation>
+    </message>
+    <message>
+        <source>Exit codes: 0 done, 1 a file or the plug-in has an error, 2 usage error.
+</source>
+        <translation>Rückgabewerte: 0 erledigt, 1 Fehler in einer Datei oder im Plug-in, 2 Fehler im Aufruf.
+</translation>
+    </message>
+    <message>
+        <source>There is no sound device.</source>
+        <translation>Es gibt kein Audiogerät.</translation>
+    </message>
+    <message>
+        <source>There is no display to open a window on (DISPLAY and WAYLAND_DISPLAY are not set). Without one, use --list, --save-state FILE, --screenshot FILE.png, --render IN OUT or --help.</source>
+        <translation>Es gibt keine Anzeige, auf der sich ein Fenster öffnen lässt (weder DISPLAY noch WAYLAND_DISPLAY ist gesetzt). Ohne Anzeige gehen --list, --save-state FILE, --screenshot FILE.png, --render IN OUT oder --help.</translation>
+    </message>
+    <message>
+        <source>the editor's library (default: ../lib/zolta/libZolta.so, seen from this program)</source>
+        <translation>die Bibliothek des Editors (Vorgabe: ../lib/zolta/libZolta.so, von diesem Programm aus gesehen)</translation>
+    </message>
+    <message>
+        <source>the channel to open (default: 0)</source>
+        <translation>der Kanal, der geöffnet wird (Vorgabe: 0)</translation>
+    </message>
+    <message>
+        <source>the channel alone instead of its stereo pair</source>
+        <translation>nur der Kanal statt seines Stereopaars</translation>
+    </message>
+    <message>
+        <source>zoom, 0.5 to 4 (default: 1)</source>
+        <translation>Vergrößerung, 0.5 bis 4 (Vorgabe: 1)</translation>
+    </message>
+    <message>
+        <source>sampling rate of the curve, 1000 to 768000 (default: 48000)</source>
+        <translation>Abtastrate der Kurve, 1000 bis 768000 (Vorgabe: 48000)</translation>
+    </message>
+    <message>
+        <source>the session to restore and to save at the end (default: in windows, the one in the user's data; without a window, none, and it is only read)</source>
+        <translation>die Sitzung, die geladen und am Ende gesichert wird (Vorgabe: mit Fenstern die in den Benutzerdaten, ohne Fenster keine; ohne Fenster wird sie nur gelesen)</translation>
+    </message>
+    <message>
+        <source>load the channel's settings: a state of 116 bytes or a .vstpreset</source>
+        <translation>die Einstellungen des Kanals laden: ein Zustand von 116 Bytes oder ein .vstpreset</translation>
+    </message>
+    <message>
+        <source>set a parameter as if TEXT were typed, or with NAME=@N to the raw integer N; repeatable, after --state</source>
+        <translation>einen Parameter setzen, als wäre TEXT eingetippt, oder mit NAME=@N auf den ganzzahligen Rohwert N; wiederholbar, wirkt nach --state</translation>
+    </message>
+    <message>
+        <source>English, German or Japanese (default: en)</source>
+        <translation>Englisch, Deutsch oder Japanisch (Vorgabe: en)</translation>
+    </message>
+    <message>
+        <source>whether a built-in signal runs through the equalizer and moves the meters (default: on in windows, otherwise off; a picture then shows them after one second)</source>
+        <translation>ob ein eingebautes Signal durch den Equalizer läuft und die Pegelanzeigen bewegt (Vorgabe: on mit Fenstern, sonst off; mit on zeigt ein Bild sie nach einer Sekunde)</translation>
+    </message>
+    <message>
+        <source>play a WAV, FLAC or OGG file through the channel's equalizer</source>
+        <translation>eine WAV-, FLAC- oder OGG-Datei durch den Equalizer des Kanals abspielen</translation>
+    </message>
+    <message>
+        <source>repeat it</source>
+        <translation>die Wiedergabe wiederholen</translation>
+    </message>
+    <message>
+        <source>play the sound device's inputs instead</source>
+        <translation>stattdessen die Eingänge des Audiogeräts wiedergeben</translation>
+    </message>
+    <message>
+        <source>the sound device, or a part of its name (default: the system's default device)</source>
+        <translation>das Audiogerät oder ein Teil seines Namens (Vorgabe: das Standardgerät des Systems)</translation>
+    </message>
+    <message>
+        <source>the device's sampling rate (default: the file's, if the device has it)</source>
+        <translation>Abtastrate des Geräts (Vorgabe: die der Datei, wenn das Gerät sie hat)</translation>
+    </message>
+    <message>
+        <source>the device's block, 16 to 8192 (default: device default)</source>
+        <translation>Blockgröße des Geräts, 16 bis 8192 (Vorgabe: die des Geräts)</translation>
+    </message>
+    <message>
+        <source>These do their work without a window and end, in this order:</source>
+        <translation>Diese Optionen arbeiten ohne Fenster in dieser Reihenfolge, danach endet das Programm:</translation>
+    </message>
+    <message>
+        <source>show this</source>
+        <translation>diese Hilfe zeigen</translation>
+    </message>
+    <message>
+        <source>print the channel's parameters: name, id, minimum, maximum, default, raw value and text, separated by tabs</source>
+        <translation>die Parameter des Kanals ausgeben: Name, Nummer, Minimum, Maximum, Vorgabe, Rohwert und Text, durch Tabulatoren getrennt</translation>
+    </message>
+    <message>
+        <source>write the channel's settings, as a preset if FILE ends in .vstpreset</source>
+        <translation>die Einstellungen des Kanals schreiben, als Preset, wenn FILE auf .vstpreset endet</translation>
+    </message>
+    <message>
+        <source>write a picture of the editor</source>
+        <translation>ein Bild des Editors schreiben</translation>
+    </message>
+    <message>
+        <source>These do their work alone, without an editor:</source>
+        <translation>Diese Optionen arbeiten für sich allein, ohne Editor:</translation>
+    </message>
+    <message>
+        <source>print the sound devices: name, outputs, inputs, preferred rate in Hz and remarks, separated by tabs</source>
+        <translation>die Audiogeräte ausgeben: Name, Ausgänge, Eingänge, bevorzugte Abtastrate in Hz und Bemerkungen, durch Tabulatoren getrennt</translation>
+    </message>
+    <message>
+        <source>send a WAV, FLAC or OGG file through the channel's equalizer into a new one whose name ends in .wav, .flac or .ogg; the settings are those of --channel in --session, then --state, then --set</source>
+        <translation>eine WAV-, FLAC- oder OGG-Datei durch den Equalizer des Kanals in eine neue schicken, deren Name auf .wav, .flac oder .ogg endet; es gelten die Einstellungen von --channel in --session, dann --state, dann --set</translation>
+    </message>
+    <message>
+        <source>write 32-bit floats into a .wav file, whatever IN has</source>
+        <translation>32-Bit-Gleitkommawerte in eine .wav-Datei schreiben, gleich was IN enthält</translation>
+    </message>
+    <message>
+        <source>--%1 must be one of these: %2. It cannot be &quot;%3&quot;.</source>
+        <translation>--%1 muss einer dieser Werte sein: %2. &quot;%3&quot; ist nicht möglich.</translation>
+    </message>
+    <message>
+        <source>--set %1: &quot;@%2&quot; is not a raw value of %3 (@%4 to @%5).</source>
+        <translation>--set %1: &quot;@%2&quot; ist kein Rohwert für &quot;%3&quot; (@%4 bis @%5).</translation>
+    </message>
+    <message>
+        <source>--set %1: &quot;%2&quot; is not a value of %3 (%4).</source>
+        <translation>--set %1: &quot;%2&quot; ist kein Wert für &quot;%3&quot; (%4).</translation>
+    </message>
+    <message>
+        <source>--%1 must be the name of a file.</source>
+        <translation>--%1 muss der Name einer Datei sein.</translation>
+    </message>
+    <message>
+        <source>--%1 must be a whole number from %2 to %3, not &quot;%4&quot;.</source>
+        <translation>--%1 muss eine ganze Zahl von %2 bis %3 sein, nicht &quot;%4&quot;.</translation>
+    </message>
+    <message>
+        <source>--%1 must be a number from %2 to %3, not &quot;%4&quot;.</source>
+        <translation>--%1 muss eine Zahl von %2 bis %3 sein, nicht &quot;%4&quot;.</translation>
+    </message>
+    <message>
+        <source>--set must be NAME=TEXT or NAME=@N, not &quot;%1&quot;.</source>
+        <translation>--set muss NAME=TEXT oder NAME=@N sein, nicht &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>--set: there is no parameter &quot;%1&quot;. See --list for all of them.</source>
+        <translation>--set: Es gibt keinen Parameter &quot;%1&quot;. --list zeigt alle.</translation>
+    </message>
+    <message>
+        <source>Warning: %1 samples of %2 are NaN or larger than %3 and count as 0; the first is in frame %4 of channel %5.</source>
+        <translation>Warnung: %1 Samples von %2 sind NaN oder größer als %3 und zählen als 0; das erste steht in Frame %4 von Kanal %5.</translation>
+    </message>
+    <message>
+        <source>Warning: %1 samples of %2 are clipped; a lower output level or --float avoids that.</source>
+        <translation>Warnung: %1 Samples von %2 sind übersteuert; ein niedrigerer Ausgangspegel oder --float vermeidet das.</translation>
+    </message>
+</context>
+<context>
+    <name>CommonController_MemAPI</name>
+    <message>
+        <source>Parameter %1</source>
+        <translation>Parameter %1</translation>
+    </message>
+    <message>
+        <source>%1 dB</source>
+        <translation>%1 dB</translation>
+    </message>
+</context>
+<context>
+    <name>EditorLibrary</name>
+    <message>
+        <source>The plug-in %1 is a library, but not a Qt plug-in that this program can load.</source>
+        <translation>Das Plug-in %1 ist eine Bibliothek, aber kein Qt-Plug-in, das dieses Programm laden kann.</translation>
+    </message>
+    <message>
+        <source>The plug-in %1 is a Qt plug-in of another kind (%2, not %3).</source>
+        <translation>Das Plug-in %1 ist ein Qt-Plug-in anderer Art (%2 statt %3).</translation>
+    </message>
+    <message>
+        <source>The plug-in %1 cannot be loaded: %2.</source>
+        <translation>Das Plug-in %1 lässt sich nicht laden: %2.</translation>
+    </message>
+    <message>
+        <source>The plug-in %1 makes no channel effect.</source>
+        <translation>Das Plug-in %1 liefert keinen Kanaleffekt.</translation>
+    </message>
+    <message>
+        <source>The plug-in %1 is an effect of type %2; an equalizer is type %3.</source>
+        <translation>Das Plug-in %1 ist ein Effekt vom Typ %2; ein Equalizer hat den Typ %3.</translation>
+    </message>
+</context>
+<context>
+    <name>LibraryFile</name>
+    <message>
+        <source>The plug-in %1 does not exist.</source>
+        <translation>Das Plug-in %1 gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>The plug-in %1 is a folder, not a library.</source>
+        <translation>Das Plug-in %1 ist ein Ordner und keine Bibliothek.</translation>
+    </message>
+    <message>
+        <source>The plug-in %1 is not an ordinary file.</source>
+        <translation>Das Plug-in %1 ist keine gewöhnliche Datei.</translation>
+    </message>
+    <message>
+        <source>The plug-in %1 cannot be read: %2.</source>
+        <translation>Das Plug-in %1 lässt sich nicht lesen: %2.</translation>
+    </message>
+    <message>
+        <source>The plug-in %1 is not a library.</source>
+        <translation>Das Plug-in %1 ist keine Bibliothek.</translation>
+    </message>
+    <message>
+        <source>The plug-in %1 is a library that was cut short.</source>
+        <translation>Das Plug-in %1 ist eine abgeschnittene Bibliothek.</translation>
+    </message>
+</context>
+<context>
+    <name>OutputFile</name>
+    <message>
+        <source>The file %1 cannot be written: %2.</source>
+        <translation>Die Datei %1 lässt sich nicht schreiben: %2.</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be written: it is a folder.</source>
+        <translation>Die Datei %1 lässt sich nicht schreiben: Sie ist ein Ordner.</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be written: it is not an ordinary file.</source>
+        <translation>Die Datei %1 lässt sich nicht schreiben: Sie ist keine gewöhnliche Datei.</translation>
+    </message>
+</context>
+<context>
+    <name>RtAudioDevice</name>
+    <message>
+        <source>No sound device can be used while %1 is not responding.</source>
+        <translation>Solange %1 nicht antwortet, lässt sich kein Audiogerät verwenden.</translation>
+    </message>
+    <message>
+        <source>The sound device %1 cannot be used: it has no outputs.</source>
+        <translation>Das Audiogerät %1 lässt sich nicht verwenden: Es hat keine Ausgänge.</translation>
+    </message>
+    <message>
+        <source>The sound device %1 cannot be used: it does not run at %2 Hz.</source>
+        <translation>Das Audiogerät %1 lässt sich nicht verwenden: Es läuft nicht mit %2 Hz.</translation>
+    </message>
+    <message>
+        <source>The sound device %1 cannot be used: neither it nor the default device has inputs.</source>
+        <translation>Das Audiogerät %1 lässt sich nicht verwenden: Weder dieses noch das Standardgerät hat Eingänge.</translation>
+    </message>
+    <message>
+        <source>The sound device %1 has another block size now; play again to use it.</source>
+        <translation>Das Audiogerät %1 hat jetzt eine andere Blockgröße; die Wiedergabe neu starten, um sie zu übernehmen.</translation>
+    </message>
+    <message>
+        <source>The sound device %1 was disconnected.</source>
+        <translation>Das Audiogerät %1 wurde getrennt.</translation>
+    </message>
+    <message>
+        <source>The sound device %1 cannot be used (%2).</source>
+        <translation>Das Audiogerät %1 lässt sich nicht verwenden (%2).</translation>
+    </message>
+</context>
+<context>
+    <name>SessionData</name>
+    <message>
+        <source>%1 is %2, but must be between %3 and %4.</source>
+        <translation>%1 ist %2, muss aber zwischen %3 und %4 liegen.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2.</source>
+        <translation>%1 lässt sich nicht lesen: %2.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be set to &quot;%2&quot;.</source>
+        <translation>%1 lässt sich nicht auf &quot;%2&quot; setzen.</translation>
+    </message>
+    <message>
+        <source>%1 must be true or false.</source>
+        <translation>%1 muss true oder false sein.</translation>
+    </message>
+    <message>
+        <source>%1 must be a number.</source>
+        <translation>%1 muss eine Zahl sein.</translation>
+    </message>
+    <message>
+        <source>%1 must be text.</source>
+        <translation>%1 muss ein Text sein.</translation>
+    </message>
+    <message>
+        <source>%1 must be a list.</source>
+        <translation>%1 muss eine Liste sein.</translation>
+    </message>
+    <message>
+        <source>%1 must be an object.</source>
+        <translation>%1 muss ein Objekt sein.</translation>
+    </message>
+    <message>
+        <source>%1 must be A or B.</source>
+        <translation>%1 muss A oder B sein.</translation>
+    </message>
+    <message>
+        <source>%1 has %2 entries, but the mixer has %3 channels.</source>
+        <translation>%1 hat %2 Einträge, aber das Mischpult hat %3 Kanäle.</translation>
+    </message>
+    <message>
+        <source>It is not a session file.</source>
+        <translation>Die Datei ist keine Sitzungsdatei.</translation>
+    </message>
+    <message>
+        <source>It has version %1, which this program does not know.</source>
+        <translation>Die Datei hat die Version %1, die dieses Programm nicht kennt.</translation>
+    </message>
+</context>
+<context>
+    <name>StateFile</name>
+    <message>
+        <source>The state file %1 is empty.</source>
+        <translation>Die Zustandsdatei %1 ist leer.</translation>
+    </message>
+    <message>
+        <source>The state file %1 is too long: it holds more than a megabyte, where a state has %2 bytes.</source>
+        <translation>Die Zustandsdatei %1 ist zu lang: Sie enthält mehr als ein Megabyte, ein Zustand hat aber %2 Bytes.</translation>
+    </message>
+    <message>
+        <source>The state file %1 is neither an equalizer state nor a preset: it begins with the bytes %2.</source>
+        <translation>Die Zustandsdatei %1 ist weder der Zustand eines Equalizers noch ein Preset: Sie beginnt mit den Bytes %2.</translation>
+    </message>
+    <message>
+        <source>The state file %1 is cut short: it holds %2 of the %3 bytes of a state.</source>
+        <translation>Die Zustandsdatei %1 ist abgeschnitten: Sie enthält %2 der %3 Bytes eines Zustands.</translation>
+    </message>
+    <message>
+        <source>The state file %1 is too long: it holds %2 bytes, where a state has %3.</source>
+        <translation>Die Zustandsdatei %1 ist zu lang: Sie enthält %2 Bytes, ein Zustand hat aber %3.</translation>
+    </message>
+    <message>
+        <source>The state file %1 is a preset whose state is not an equalizer state: it begins with the bytes %2.</source>
+        <translation>Die Zustandsdatei %1 ist ein Preset, dessen Zustand nicht der eines Equalizers ist: Er beginnt mit den Bytes %2.</translation>
+    </message>
+    <message>
+        <source>The state file %1 is a preset cut short: it ends inside its header.</source>
+        <translation>Die Zustandsdatei %1 ist ein abgeschnittenes Preset: Sie endet mitten im Header.</translation>
+    </message>
+    <message>
+        <source>The state file %1 is a preset of the unknown format version %2.</source>
+        <translation>Die Zustandsdatei %1 ist ein Preset der unbekannten Formatversion %2.</translation>
+    </message>
+    <message>
+        <source>The state file %1 is a preset of another plug-in (class %2, not %3).</source>
+        <translation>Die Zustandsdatei %1 ist ein Preset eines anderen Plug-ins (Klasse %2 statt %3).</translation>
+    </message>
+    <message>
+        <source>The state file %1 is a preset cut short: its list of chunks is missing.</source>
+        <translation>Die Zustandsdatei %1 ist ein abgeschnittenes Preset: Ihre Chunk-Liste fehlt.</translation>
+    </message>
+    <message>
+        <source>The state file %1 is a damaged preset: its list of chunks is not where it should be.</source>
+        <translation>Die Zustandsdatei %1 ist ein beschädigtes Preset: Ihre Chunk-Liste steht nicht dort, wo sie stehen müsste.</translation>
+    </message>
+    <message>
+        <source>The state file %1 is a damaged preset: it claims %2 chunks.</source>
+        <translation>Die Zustandsdatei %1 ist ein beschädigtes Preset: Sie gibt %2 Chunks an.</translation>
+    </message>
+    <message>
+        <source>The state file %1 is a preset cut short: it ends inside its list of chunks.</source>
+        <translation>Die Zustandsdatei %1 ist ein abgeschnittenes Preset: Sie endet mitten in der Chunk-Liste.</translation>
+    </message>
+    <message>
+        <source>The state file %1 is a damaged preset: its chunk %2 lies outside the file.</source>
+        <translation>Die Zustandsdatei %1 ist ein beschädigtes Preset: Ihr Chunk %2 liegt außerhalb der Datei.</translation>
+    </message>
+    <message>
+        <source>The state file %1 is a preset without a state.</source>
+        <translation>Die Zustandsdatei %1 ist ein Preset ohne Zustand.</translation>
+    </message>
+    <message>
+        <source>The state file %1 is a preset whose state has %2 bytes instead of %3.</source>
+        <translation>Die Zustandsdatei %1 ist ein Preset, dessen Zustand %2 statt %3 Bytes hat.</translation>
+    </message>
+    <message>
+        <source>The state file %1 holds %2 for %3 (%4), where values lie between 0 and 1.</source>
+        <translation>Die Zustandsdatei %1 enthält %2 für %3 (%4), wo die Werte zwischen 0 und 1 liegen.</translation>
+    </message>
+    <message>
+        <source>The state file %1 is a folder.</source>
+        <translation>Die Zustandsdatei %1 ist ein Ordner.</translation>
+    </message>
+    <message>
+        <source>The state file %1 is not a regular file.</source>
+        <translation>Die Zustandsdatei %1 ist keine gewöhnliche Datei.</translation>
+    </message>
+    <message>
+        <source>The state file %1 cannot be read: %2.</source>
+        <translation>Die Zustandsdatei %1 lässt sich nicht lesen: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>ZoltaEqualizerGraph</name>
+    <message>
+        <source>Equalizer curve</source>
+        <translation>Equalizerkurve</translation>
+    </message>
+    <message>
+        <source>Low band</source>
+        <translation>Tiefenband</translation>
+    </message>
+    <message>
+        <source>Middle 1 band</source>
+        <translation>Mittenband 1</translation>
+    </message>
+    <message>
+        <source>Middle 2 band</source>
+        <translation>Mittenband 2</translation>
+    </message>
+    <message>
+        <source>Middle 3 band</source>
+        <translation>Mittenband 3</translation>
+    </message>
+    <message>
+        <source>Middle 4 band</source>
+        <translation>Mittenband 4</translation>
+    </message>
+    <message>
+        <source>High band</source>
+        <translation>Höhenband</translation>
     </message>
 </context>
 </TS>

@@ -8,6 +8,18 @@
         <source>Quit Without Saving</source>
         <translation>保存せずに終了</translation>
     </message>
+    <message>
+        <source>The plug-in has no editor for channel %1.</source>
+        <translation>このプラグインにはチャンネル %1 のエディターがありません。</translation>
+    </message>
+    <message>
+        <source>Save Anyway</source>
+        <translation>それでも保存</translation>
+    </message>
+    <message>
+        <source>The list cannot be printed: %1.</source>
+        <translation>一覧を出力できません: %1。</translation>
+    </message>
 </context>
 <context>
     <name>EditorToolBar</name>
@@ -41,11 +53,11 @@
     </message>
     <message>
         <source>Circular</source>
-        <translation>円運動</translation>
+        <translation>回転</translation>
     </message>
     <message>
         <source>Relative circular</source>
-        <translation>相対円運動</translation>
+        <translation>相対回転</translation>
     </message>
     <message>
         <source>Linear</source>
@@ -108,7 +120,7 @@
     </message>
     <message>
         <source>&amp;Reset to Defaults</source>
-        <translation>初期値に戻す(&amp;R)</translation>
+        <translation>初期値に戻す(&amp;D)</translation>
     </message>
     <message>
         <source>&amp;Close</source>
@@ -175,10 +187,6 @@
         <translation>%1 を保存しました。</translation>
     </message>
     <message>
-        <source>Every parameter is at its default.</source>
-        <translation>すべてのパラメーターを初期値に戻しました。</translation>
-    </message>
-    <message>
         <source>&amp;Copy Settings</source>
         <translation>設定をコピー(&amp;C)</translation>
     </message>
@@ -203,40 +211,20 @@
         <translation>B を A にコピー(&amp;O)</translation>
     </message>
     <message>
-        <source>Delete the preset %1?</source>
-        <translation>プリセット %1 を削除しますか?</translation>
-    </message>
-    <message>
         <source>Deleted %1.</source>
         <translation>%1 を削除しました。</translation>
-    </message>
-    <message>
-        <source>Name of the preset</source>
-        <translation>プリセットの名前</translation>
     </message>
     <message>
         <source>No audio</source>
         <translation>音声なし</translation>
     </message>
     <message>
-        <source>Pasted.</source>
-        <translation>貼り付けました。</translation>
-    </message>
-    <message>
-        <source>Reset</source>
-        <translation>リセット</translation>
-    </message>
-    <message>
         <source>S&amp;witch between A and B</source>
         <translation>A と B の切り替え(&amp;W)</translation>
     </message>
     <message>
-        <source>Save as Preset</source>
-        <translation>プリセットとして保存</translation>
-    </message>
-    <message>
-        <source>There is a preset %1. Replace it?</source>
-        <translation>プリセット %1 は既にあります。置き換えますか?</translation>
+        <source>Parameters</source>
+        <translation>パラメーター</translation>
     </message>
 </context>
 <context>
@@ -307,10 +295,6 @@
     <message>
         <source>Rename</source>
         <translation>名前の変更</translation>
-    </message>
-    <message>
-        <source>Reset</source>
-        <translation>リセット</translation>
     </message>
 </context>
 <context>
@@ -421,7 +405,7 @@
     </message>
     <message>
         <source>Clean/drive</source>
-        <translation>クリア/歪み</translation>
+        <translation>クリーン/ドライブ</translation>
     </message>
     <message>
         <source>Equalizer on</source>
@@ -471,10 +455,6 @@
         <translation>名前</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is no value of %2: type %3.</source>
-        <translation>「%1」は%2の値ではありません。入力できる値: %3</translation>
-    </message>
-    <message>
         <source>%1 to %2</source>
         <translation>%1 から %2</translation>
     </message>
@@ -482,16 +462,24 @@
         <source>%1 or %2</source>
         <translation>%1 または %2</translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; is not a value of %2: type %3 or %4.</source>
+        <translation>「%1」は%2の値ではありません。%3 または %4 を入力してください。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not a value of %2: type a value from %3 to %4.</source>
+        <translation>「%1」は%2の値ではありません。%3 から %4 までの値を入力してください。</translation>
+    </message>
 </context>
 <context>
     <name>ZoltaEditor</name>
     <message>
         <source>CLEAN</source>
-        <translation>クリア</translation>
+        <translation>CLEAN</translation>
     </message>
     <message>
         <source>DRIVE</source>
-        <translation>歪み</translation>
+        <translation>DRIVE</translation>
     </message>
     <message>
         <source>F</source>
@@ -507,7 +495,7 @@
     </message>
     <message>
         <source>IN</source>
-        <translation>入力</translation>
+        <translation>IN</translation>
     </message>
     <message>
         <source>INPUT</source>
@@ -515,7 +503,7 @@
     </message>
     <message>
         <source>OUT</source>
-        <translation>出力</translation>
+        <translation>OUT</translation>
     </message>
     <message>
         <source>OUTPUT</source>
@@ -533,6 +521,158 @@
         <source>ZOOM</source>
         <translation>ズーム</translation>
     </message>
+    <message>
+        <source>Low type</source>
+        <translation>ロー タイプ</translation>
+    </message>
+    <message>
+        <source>Low frequency</source>
+        <translation>ロー 周波数</translation>
+    </message>
+    <message>
+        <source>Low gain</source>
+        <translation>ロー ゲイン</translation>
+    </message>
+    <message>
+        <source>Low band on</source>
+        <translation>ロー バンド オン</translation>
+    </message>
+    <message>
+        <source>Middle 1 quality</source>
+        <translation>ミドル1 Q</translation>
+    </message>
+    <message>
+        <source>Middle 1 frequency</source>
+        <translation>ミドル1 周波数</translation>
+    </message>
+    <message>
+        <source>Middle 1 gain</source>
+        <translation>ミドル1 ゲイン</translation>
+    </message>
+    <message>
+        <source>Middle 1 band on</source>
+        <translation>ミドル1 バンド オン</translation>
+    </message>
+    <message>
+        <source>Middle 2 quality</source>
+        <translation>ミドル2 Q</translation>
+    </message>
+    <message>
+        <source>Middle 2 frequency</source>
+        <translation>ミドル2 周波数</translation>
+    </message>
+    <message>
+        <source>Middle 2 gain</source>
+        <translation>ミドル2 ゲイン</translation>
+    </message>
+    <message>
+        <source>Middle 2 band on</source>
+        <translation>ミドル2 バンド オン</translation>
+    </message>
+    <message>
+        <source>Middle 3 quality</source>
+        <translation>ミドル3 Q</translation>
+    </message>
+    <message>
+        <source>Middle 3 frequency</source>
+        <translation>ミドル3 周波数</translation>
+    </message>
+    <message>
+        <source>Middle 3 gain</source>
+        <translation>ミドル3 ゲイン</translation>
+    </message>
+    <message>
+        <source>Middle 3 band on</source>
+        <translation>ミドル3 バンド オン</translation>
+    </message>
+    <message>
+        <source>Middle 4 quality</source>
+        <translation>ミドル4 Q</translation>
+    </message>
+    <message>
+        <source>Middle 4 frequency</source>
+        <translation>ミドル4 周波数</translation>
+    </message>
+    <message>
+        <source>Middle 4 gain</source>
+        <translation>ミドル4 ゲイン</translation>
+    </message>
+    <message>
+        <source>Middle 4 band on</source>
+        <translation>ミドル4 バンド オン</translation>
+    </message>
+    <message>
+        <source>High type</source>
+        <translation>ハイ タイプ</translation>
+    </message>
+    <message>
+        <source>High frequency</source>
+        <translation>ハイ 周波数</translation>
+    </message>
+    <message>
+        <source>High gain</source>
+        <translation>ハイ ゲイン</translation>
+    </message>
+    <message>
+        <source>High band on</source>
+        <translation>ハイ バンド オン</translation>
+    </message>
+    <message>
+        <source>Input level</source>
+        <translation>入力レベル</translation>
+    </message>
+    <message>
+        <source>Output level</source>
+        <translation>出力レベル</translation>
+    </message>
+    <message>
+        <source>Drive</source>
+        <translation>ドライブ</translation>
+    </message>
+    <message>
+        <source>About Zolta</source>
+        <translation>Zolta について</translation>
+    </message>
+    <message>
+        <source>Zoom the curve in</source>
+        <translation>カーブを拡大</translation>
+    </message>
+    <message>
+        <source>Zoom the curve out</source>
+        <translation>カーブを縮小</translation>
+    </message>
+    <message>
+        <source>Spectrum</source>
+        <translation>スペクトラム</translation>
+    </message>
+    <message>
+        <source>Flat</source>
+        <translation>フラット</translation>
+    </message>
+    <message>
+        <source>Input meter, left</source>
+        <translation>入力メーター、左</translation>
+    </message>
+    <message>
+        <source>Input meter, right</source>
+        <translation>入力メーター、右</translation>
+    </message>
+    <message>
+        <source>Input meter</source>
+        <translation>入力メーター</translation>
+    </message>
+    <message>
+        <source>Output meter, left</source>
+        <translation>出力メーター、左</translation>
+    </message>
+    <message>
+        <source>Output meter, right</source>
+        <translation>出力メーター、右</translation>
+    </message>
+    <message>
+        <source>Output meter</source>
+        <translation>出力メーター</translation>
+    </message>
 </context>
 <context>
     <name>ChannelCompare</name>
@@ -548,16 +688,24 @@
 <context>
     <name>ChannelText</name>
     <message>
-        <source>the value of &quot;%1&quot; is no text</source>
-        <translation>「%1」の値がテキストではありません</translation>
+        <source>the value of &quot;%1&quot; must be text</source>
+        <translation>「%1」の値はテキストでなければなりません</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is no value of &quot;%2&quot;</source>
+        <source>&quot;%1&quot; is not a value of &quot;%2&quot;</source>
         <translation>「%1」は「%2」の値ではありません</translation>
     </message>
     <message>
-        <source>the clipboard holds no settings of an equalizer</source>
-        <translation>クリップボードにイコライザーの設定がありません</translation>
+        <source>Cannot paste: the clipboard holds no equalizer settings.</source>
+        <translation>貼り付けできません。クリップボードにイコライザーの設定がありません。</translation>
+    </message>
+    <message>
+        <source>Cannot paste: the value of &quot;%1&quot; must be text.</source>
+        <translation>貼り付けできません。「%1」の値はテキストでなければなりません。</translation>
+    </message>
+    <message>
+        <source>Cannot paste: &quot;%1&quot; is not a value of &quot;%2&quot;.</source>
+        <translation>貼り付けできません。「%1」は「%2」の値ではありません。</translation>
     </message>
 </context>
 <context>
@@ -565,10 +713,6 @@
     <message>
         <source>Channel %1</source>
         <translation>チャンネル %1</translation>
-    </message>
-    <message>
-        <source>Nothing is pasted: %1.</source>
-        <translation>貼り付けませんでした: %1。</translation>
     </message>
     <message>
         <source>Paste</source>
@@ -591,6 +735,14 @@
     <message>
         <source>Load %1</source>
         <translation>%1 の読み込み</translation>
+    </message>
+    <message>
+        <source>The plug-in did not accept the state of %1.</source>
+        <translation>プラグインが %1 のステートを受け付けませんでした。</translation>
+    </message>
+    <message>
+        <source>The state file %1 cannot be written: the plug-in gave no state.</source>
+        <translation>ステートファイル %1 に書き込めません。プラグインからステートを取得できませんでした。</translation>
     </message>
 </context>
 <context>
@@ -717,7 +869,15 @@
     </message>
 </context>
 <context>
-    <name>HistoryMenu</name>
+    <name>EditMenu</name>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>元に戻す(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Undo %1</source>
+        <translation>元に戻す(&amp;U): %1</translation>
+    </message>
     <message>
         <source>&amp;Redo</source>
         <translation>やり直す(&amp;R)</translation>
@@ -727,12 +887,16 @@
         <translation>やり直す(&amp;R): %1</translation>
     </message>
     <message>
-        <source>&amp;Undo</source>
-        <translation>元に戻す(&amp;U)</translation>
+        <source>Pasted.</source>
+        <translation>貼り付けました。</translation>
     </message>
     <message>
-        <source>&amp;Undo %1</source>
-        <translation>元に戻す(&amp;U): %1</translation>
+        <source>Reset</source>
+        <translation>リセット</translation>
+    </message>
+    <message>
+        <source>Every parameter is at its default.</source>
+        <translation>すべてのパラメーターを初期値に戻しました。</translation>
     </message>
 </context>
 <context>
@@ -829,20 +993,20 @@
         <translation>プリセットには名前が必要です。</translation>
     </message>
     <message>
-        <source>A preset's name has at most %1 letters.</source>
+        <source>The preset %1 cannot be deleted: %2.</source>
+        <translation>プリセット %1 を削除できません: %2。</translation>
+    </message>
+    <message>
+        <source>A preset's name can have up to %1 characters.</source>
         <translation>プリセットの名前は %1 文字までです。</translation>
     </message>
     <message>
-        <source>A preset's name does not begin with a full stop and holds none of these: %1</source>
+        <source>A preset's name cannot begin with a full stop or contain any of these: %1</source>
         <translation>プリセットの名前はピリオドで始められず、次の文字を含められません: %1</translation>
     </message>
     <message>
-        <source>The presets' folder %1 cannot be made.</source>
-        <translation>プリセットのフォルダー %1 を作成できません。</translation>
-    </message>
-    <message>
-        <source>The preset %1 cannot be deleted: %2.</source>
-        <translation>プリセット %1 を削除できません: %2。</translation>
+        <source>The presets' folder %1 cannot be made. Check whether its parent folder can be written.</source>
+        <translation>プリセットのフォルダー %1 を作成できません。上位のフォルダーに書き込めるか確認してください。</translation>
     </message>
 </context>
 <context>
@@ -858,6 +1022,26 @@
     <message>
         <source>&amp;Save as Preset...</source>
         <translation>プリセットとして保存(&amp;S)...</translation>
+    </message>
+    <message>
+        <source>Save as Preset</source>
+        <translation>プリセットとして保存</translation>
+    </message>
+    <message>
+        <source>A preset named %1 already exists. Replace it?</source>
+        <translation>プリセット %1 は既にあります。置き換えますか?</translation>
+    </message>
+    <message>
+        <source>Name of the preset</source>
+        <translation>プリセットの名前</translation>
+    </message>
+    <message>
+        <source>Delete Preset</source>
+        <translation>プリセットの削除</translation>
+    </message>
+    <message>
+        <source>Delete the preset %1?</source>
+        <translation>プリセット %1 を削除しますか?</translation>
     </message>
 </context>
 <context>
@@ -875,54 +1059,102 @@
         <translation>描かれた特性</translation>
     </message>
     <message>
-        <source>Measured in the sound</source>
-        <translation>音から測定した特性</translation>
+        <source>Measured</source>
+        <translation>測定した特性</translation>
     </message>
 </context>
 <context>
     <name>SessionFile</name>
     <message>
-        <source>Another program has the session %1 open. What is changed here will not be saved.</source>
-        <translation>セッション %1 は別のプログラムで開かれています。ここでの変更は保存しません。</translation>
-    </message>
-    <message>
         <source>The session %1 cannot be read: %2.</source>
         <translation>セッション %1 を読み込めません: %2。</translation>
     </message>
     <message>
-        <source>The session %1 cannot be read: %2. It is left alone, and nothing will be saved.</source>
-        <translation>セッション %1 を読み込めません: %2。ファイルはそのまま残し、保存は行いません。</translation>
+        <source>The session %1 is damaged. %2</source>
+        <translation>セッション %1 は壊れています。%2</translation>
     </message>
     <message>
-        <source>The session %1 cannot be saved: %2.</source>
-        <translation>セッション %1 を保存できません: %2。</translation>
+        <source>It is not valid JSON: %1 at byte %2.</source>
+        <translation>正しい JSON ではありません: %1 (%2 バイト目)。</translation>
     </message>
     <message>
-        <source>The session %1 is damaged and not used: %2. The file is kept as %3.</source>
-        <translation>セッション %1 は壊れているため使用しません: %2。ファイルは %3 として残します。</translation>
+        <source>The session %1 cannot be read. %2</source>
+        <translation>セッション %1 を読み込めません。%2</translation>
     </message>
     <message>
-        <source>The session %1 is damaged and not used: %2. The file cannot be renamed, so nothing will be saved.</source>
-        <translation>セッション %1 は壊れているため使用しません: %2。ファイル名を変更できないため、保存は行いません。</translation>
+        <source>The session %1 cannot be read because it is not a regular file.</source>
+        <translation>セッション %1 は通常のファイルではないため読み込めません。</translation>
+    </message>
+    <message>
+        <source>It is too long.</source>
+        <translation>ファイルが長すぎます。</translation>
+    </message>
+    <message>
+        <source>%1 It is left alone, and nothing will be saved.</source>
+        <translation>%1ファイルはそのまま残し、保存は行いません。</translation>
+    </message>
+    <message>
+        <source>Another program has the session %1 open, as its lock file %2 says. Changes made here will not be saved.</source>
+        <translation>ロックファイル %2 によると、セッション %1 は別のプログラムで開かれています。ここでの変更は保存しません。</translation>
+    </message>
+    <message>
+        <source>The session cannot be saved. %1</source>
+        <translation>セッションを保存できません。%1</translation>
+    </message>
+    <message>
+        <source>%1 It cannot be renamed, so it is left alone, and nothing will be saved.</source>
+        <translation>%1ファイル名を変更できないためファイルはそのまま残し、保存は行いません。</translation>
+    </message>
+    <message>
+        <source>%1 It is not used, and the file is kept as %2.</source>
+        <translation>%1このセッションは使用せず、ファイルは %2 として残します。</translation>
     </message>
 </context>
 <context>
     <name>SettingsFile</name>
     <message>
-        <source>The editors' settings in %1 cannot be read: %2.</source>
-        <translation>エディターの設定 %1 を読み込めません: %2。</translation>
+        <source>&quot;%1&quot; is not a channel with settings.</source>
+        <translation>「%1」は設定を持つチャンネルではありません。</translation>
     </message>
     <message>
-        <source>The editors' settings in %1 cannot be written: %2.</source>
-        <translation>エディターの設定 %1 を保存できません: %2。</translation>
+        <source>It is not a settings file of version %1.</source>
+        <translation>バージョン %1 の設定ファイルではありません。</translation>
     </message>
     <message>
-        <source>The editors' settings in %1 are damaged and ignored: %2. The file is kept as %3.</source>
-        <translation>エディターの設定 %1 は壊れているため使用しません: %2。ファイルは %3 として残します。</translation>
+        <source>It has no channels.</source>
+        <translation>ファイルにチャンネルがありません。</translation>
     </message>
     <message>
-        <source>The editors' settings in %1 are damaged and ignored: %2. The file cannot be renamed, so nothing is kept.</source>
-        <translation>エディターの設定 %1 は壊れているため使用しません: %2。ファイル名を変更できないため、保存は行いません。</translation>
+        <source>It is too long.</source>
+        <translation>ファイルが長すぎます。</translation>
+    </message>
+    <message>
+        <source>It is not valid JSON: %1 at byte %2.</source>
+        <translation>正しい JSON ではありません: %1 (%2 バイト目)。</translation>
+    </message>
+    <message>
+        <source>The editors' settings in %1 cannot be read because it is not a regular file. No settings will be saved.</source>
+        <translation>エディターの設定 %1 は通常のファイルではないため読み込めません。設定は保存しません。</translation>
+    </message>
+    <message>
+        <source>The editors' settings in %1 cannot be read: %2. No settings will be saved.</source>
+        <translation>エディターの設定 %1 を読み込めません: %2。設定は保存しません。</translation>
+    </message>
+    <message>
+        <source>The editors' settings in %1 were saved by a later version of this program. They are left alone, and no settings will be saved.</source>
+        <translation>エディターの設定 %1 は、このプログラムの新しいバージョンで保存されています。ファイルはそのまま残し、設定は保存しません。</translation>
+    </message>
+    <message>
+        <source>The editors' settings cannot be saved. %1</source>
+        <translation>エディターの設定を保存できません。%1</translation>
+    </message>
+    <message>
+        <source>The editors' settings in %1 are damaged and ignored. %2 The file is kept as %3.</source>
+        <translation>エディターの設定 %1 は壊れているため使用しません。%2ファイルは %3 として残します。</translation>
+    </message>
+    <message>
+        <source>The editors' settings in %1 are damaged and ignored. %2 The file cannot be renamed, so no settings will be saved.</source>
+        <translation>エディターの設定 %1 は壊れているため使用しません。%2ファイル名を変更できないため、設定は保存しません。</translation>
     </message>
 </context>
 <context>
@@ -970,6 +1202,582 @@
     <message>
         <source>Stop</source>
         <translation>停止</translation>
+    </message>
+</context>
+<context>
+    <name>AudioDevices</name>
+    <message>
+        <source>There is no sound device to play on.</source>
+        <translation>再生に使えるオーディオデバイスがありません。</translation>
+    </message>
+    <message>
+        <source>There is no sound device &quot;%1&quot;; --devices shows them all.</source>
+        <translation>オーディオデバイス「%1」はありません。--devices ですべて表示できます。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; may mean several sound devices: %2.</source>
+        <translation>「%1」に当てはまるオーディオデバイスが複数あります: %2。</translation>
+    </message>
+</context>
+<context>
+    <name>AudioReader</name>
+    <message>
+        <source>The sound file %1 cannot be read: it is a folder.</source>
+        <translation>音声ファイル %1 を読み込めません。フォルダーです。</translation>
+    </message>
+    <message>
+        <source>The sound file %1 cannot be read: it is no ordinary file.</source>
+        <translation>音声ファイル %1 を読み込めません。通常のファイルではありません。</translation>
+    </message>
+    <message>
+        <source>The sound file %1 cannot be read: it is longer than its header can say.</source>
+        <translation>音声ファイル %1 を読み込めません。ヘッダーで表せる長さを超えています。</translation>
+    </message>
+    <message>
+        <source>The sound file %1 cannot be read: it is cut short: its header promises %2 bytes of samples, it holds %3.</source>
+        <translation>音声ファイル %1 を読み込めません。途中で切れています (ヘッダーではサンプルが %2 バイトですが、実際は %3 バイトです)。</translation>
+    </message>
+    <message>
+        <source>The file %1 is not a sound file that can be read.</source>
+        <translation>ファイル %1 は、読み込める音声ファイルではありません。</translation>
+    </message>
+    <message>
+        <source>The sound file %1 cannot be read: it is cut short: its last page is missing.</source>
+        <translation>音声ファイル %1 を読み込めません。途中で切れていて、最後のページがありません。</translation>
+    </message>
+    <message>
+        <source>The sound file %1 cannot be read: it is cut short: it ends after %2 of %3 frames.</source>
+        <translation>音声ファイル %1 を読み込めません。途中で切れています (%3 フレームのうち %2 フレームまで)。</translation>
+    </message>
+    <message>
+        <source>The sound file %1 cannot be read: it is damaged.</source>
+        <translation>音声ファイル %1 を読み込めません。壊れています。</translation>
+    </message>
+    <message>
+        <source>The sound file %1 cannot be read: %2.</source>
+        <translation>音声ファイル %1 を読み込めません: %2。</translation>
+    </message>
+    <message>
+        <source>The sound file %1 cannot be read: it holds several streams one after the other.</source>
+        <translation>音声ファイル %1 を読み込めません。複数のストリームが連続して入っています。</translation>
+    </message>
+    <message>
+        <source>The sound file %1 cannot be read: it is damaged at byte %2.</source>
+        <translation>音声ファイル %1 を読み込めません。%2 バイト目で壊れています。</translation>
+    </message>
+</context>
+<context>
+    <name>AudioRenderer</name>
+    <message>
+        <source>The sound file %1 cannot be written: it is the one to be read.</source>
+        <translation>音声ファイル %1 に書き込めません。読み込み元のファイルです。</translation>
+    </message>
+</context>
+<context>
+    <name>AudioSession</name>
+    <message>
+        <source>There is no sound file to play.</source>
+        <translation>再生する音声ファイルがありません。</translation>
+    </message>
+    <message>
+        <source>The sound device %1 is not responding.</source>
+        <translation>オーディオデバイス %1 が応答しません。</translation>
+    </message>
+</context>
+<context>
+    <name>AudioWriter</name>
+    <message>
+        <source>The sound file %1 cannot be written: it is a folder.</source>
+        <translation>音声ファイル %1 に書き込めません。フォルダーです。</translation>
+    </message>
+    <message>
+        <source>The sound file %1 cannot be written: it is no ordinary file.</source>
+        <translation>音声ファイル %1 に書き込めません。通常のファイルではありません。</translation>
+    </message>
+    <message>
+        <source>The sound file %1 cannot be written: %2.</source>
+        <translation>音声ファイル %1 に書き込めません: %2。</translation>
+    </message>
+    <message>
+        <source>The sound file %1 cannot be written: its encoder failed.</source>
+        <translation>音声ファイル %1 に書き込めません。エンコーダーでエラーが発生しました。</translation>
+    </message>
+    <message>
+        <source>The sound file %1 cannot be written: its format does not take %2 channels at %3 Hz.</source>
+        <translation>音声ファイル %1 に書き込めません。この形式は %3 Hz の %2 チャンネルに対応していません。</translation>
+    </message>
+</context>
+<context>
+    <name>CommandLine</name>
+    <message>
+        <source>%1 cannot be combined with %2.</source>
+        <translation>%1 と %2 は同時に使えません。</translation>
+    </message>
+    <message>
+        <source>%1 can only be used with %2.</source>
+        <translation>%1 は %2 と一緒にしか使えません。</translation>
+    </message>
+    <message>
+        <source>%1 can only be used with %2 or %3.</source>
+        <translation>%1 は %2 または %3 と一緒にしか使えません。</translation>
+    </message>
+    <message>
+        <source>--render must be followed by the names of two files, IN and OUT.</source>
+        <translation>--render の後には IN と OUT の 2 つのファイル名を指定してください。</translation>
+    </message>
+    <message>
+        <source>The name of the file to render must end in .wav, .flac or .ogg, unlike &quot;%1&quot;.</source>
+        <translation>書き出すファイルの名前は「%1」と違い、.wav、.flac、.ogg のいずれかで終わる必要があります。</translation>
+    </message>
+    <message>
+        <source>--float can only be used for a file whose name ends in .wav, unlike &quot;%1&quot;.</source>
+        <translation>--float は名前が .wav で終わるファイルにしか使えません。「%1」には使えません。</translation>
+    </message>
+    <message>
+        <source>--render can only be combined with --channel where --session is given, too: every channel of the file gets the same settings.</source>
+        <translation>--render と --channel を同時に使うには --session も必要です。ファイルのすべてのチャンネルに同じ設定が使われます。</translation>
+    </message>
+    <message>
+        <source>Unknown option '%1'.</source>
+        <translation>オプション「%1」はありません。</translation>
+    </message>
+    <message>
+        <source>The argument &quot;%1&quot; is not valid UTF-8. Rename the file, or use another one.</source>
+        <translation>引数「%1」は正しい UTF-8 ではありません。ファイルの名前を変更するか、別のファイルを使ってください。</translation>
+    </message>
+    <message>
+        <source>Usage: zolta-host [options]
+A mixer with 8 channels that opens the channel equalizer's editor.
+</source>
+        <translation>使い方: zolta-host [オプション]
+チャンネルイコライザーのエディターを開く 8 チャンネルのミキサー。
+</translation>
+    </message>
+    <message>
+        <source>Exit codes: 0 done, 1 a file or the plug-in has an error, 2 usage error.
+</source>
+        <translation>終了コード: 0 正常終了、1 ファイルまたはプラグインのエラー、2 使い方の誤り。
+</translation>
+    </message>
+    <message>
+        <source>There is no sound device.</source>
+        <translation>オーディオデバイスがありません。</translation>
+    </message>
+    <message>
+        <source>There is no display to open a window on (DISPLAY and WAYLAND_DISPLAY are not set). Without one, use --list, --save-state FILE, --screenshot FILE.png, --render IN OUT or --help.</source>
+        <translation>ウィンドウを開くディスプレイがありません (DISPLAY も WAYLAND_DISPLAY も設定されていません)。ディスプレイなしでは --list、--save-state FILE、--screenshot FILE.png、--render IN OUT、--help を使ってください。</translation>
+    </message>
+    <message>
+        <source>the editor's library (default: ../lib/zolta/libZolta.so, seen from this program)</source>
+        <translation>エディターのライブラリー (既定値: このプログラムから見て ../lib/zolta/libZolta.so)</translation>
+    </message>
+    <message>
+        <source>the channel to open (default: 0)</source>
+        <translation>開くチャンネル (既定値: 0)</translation>
+    </message>
+    <message>
+        <source>the channel alone instead of its stereo pair</source>
+        <translation>ステレオペアではなくチャンネル単独</translation>
+    </message>
+    <message>
+        <source>zoom, 0.5 to 4 (default: 1)</source>
+        <translation>表示倍率、0.5 から 4 (既定値: 1)</translation>
+    </message>
+    <message>
+        <source>sampling rate of the curve, 1000 to 768000 (default: 48000)</source>
+        <translation>カーブのサンプリング周波数、1000 から 768000 (既定値: 48000)</translation>
+    </message>
+    <message>
+        <source>the session to restore and to save at the end (default: in windows, the one in the user's data; without a window, none, and it is only read)</source>
+        <translation>復元し、終了時に保存するセッション (既定値: ウィンドウありではユーザーデータのもの、ウィンドウなしではなし。ウィンドウなしでは読み込むだけ)</translation>
+    </message>
+    <message>
+        <source>load the channel's settings: a state of 116 bytes or a .vstpreset</source>
+        <translation>チャンネルの設定を読み込む (116 バイトのステートまたは .vstpreset)</translation>
+    </message>
+    <message>
+        <source>set a parameter as if TEXT were typed, or with NAME=@N to the raw integer N; repeatable, after --state</source>
+        <translation>TEXT を入力したときと同じようにパラメーターを設定。NAME=@N では内部値の整数 N に設定。繰り返し可、--state の後に適用</translation>
+    </message>
+    <message>
+        <source>English, German or Japanese (default: en)</source>
+        <translation>英語、ドイツ語、日本語 (既定値: en)</translation>
+    </message>
+    <message>
+        <source>whether a built-in signal runs through the equalizer and moves the meters (default: on in windows, otherwise off; a picture then shows them after one second)</source>
+        <translation>内蔵の信号をイコライザーに通してメーターを動かすかどうか (既定値: ウィンドウありでは on、それ以外では off。on のとき画像には 1 秒後のメーターが写る)</translation>
+    </message>
+    <message>
+        <source>play a WAV, FLAC or OGG file through the channel's equalizer</source>
+        <translation>WAV、FLAC、OGG ファイルをチャンネルのイコライザーを通して再生</translation>
+    </message>
+    <message>
+        <source>repeat it</source>
+        <translation>再生を繰り返す</translation>
+    </message>
+    <message>
+        <source>play the sound device's inputs instead</source>
+        <translation>代わりにオーディオデバイスの入力を再生</translation>
+    </message>
+    <message>
+        <source>the sound device, or a part of its name (default: the system's default device)</source>
+        <translation>オーディオデバイスまたはその名前の一部 (既定値: システムの既定のデバイス)</translation>
+    </message>
+    <message>
+        <source>the device's sampling rate (default: the file's, if the device has it)</source>
+        <translation>デバイスのサンプリング周波数 (既定値: デバイスが対応していればファイルと同じ)</translation>
+    </message>
+    <message>
+        <source>the device's block, 16 to 8192 (default: device default)</source>
+        <translation>デバイスのブロックサイズ、16 から 8192 (既定値: デバイスの既定値)</translation>
+    </message>
+    <message>
+        <source>These do their work without a window and end, in this order:</source>
+        <translation>ウィンドウを開かず次の順に実行して終了するオプション:</translation>
+    </message>
+    <message>
+        <source>show this</source>
+        <translation>このヘルプを表示</translation>
+    </message>
+    <message>
+        <source>print the channel's parameters: name, id, minimum, maximum, default, raw value and text, separated by tabs</source>
+        <translation>チャンネルのパラメーターを出力 (名前、ID、最小値、最大値、初期値、内部値、テキストのタブ区切り)</translation>
+    </message>
+    <message>
+        <source>write the channel's settings, as a preset if FILE ends in .vstpreset</source>
+        <translation>チャンネルの設定を書き出す。FILE が .vstpreset で終わる場合はプリセットとして書き出す</translation>
+    </message>
+    <message>
+        <source>write a picture of the editor</source>
+        <translation>エディターの画像を書き出す</translation>
+    </message>
+    <message>
+        <source>These do their work alone, without an editor:</source>
+        <translation>エディターを使わず単独で実行するオプション:</translation>
+    </message>
+    <message>
+        <source>print the sound devices: name, outputs, inputs, preferred rate in Hz and remarks, separated by tabs</source>
+        <translation>オーディオデバイスを出力 (名前、出力数、入力数、推奨サンプリング周波数 (Hz)、備考のタブ区切り)</translation>
+    </message>
+    <message>
+        <source>send a WAV, FLAC or OGG file through the channel's equalizer into a new one whose name ends in .wav, .flac or .ogg; the settings are those of --channel in --session, then --state, then --set</source>
+        <translation>WAV、FLAC、OGG ファイルをチャンネルのイコライザーに通し、名前が .wav、.flac、.ogg で終わる新しいファイルに書き出す。設定は --session の --channel のもの、次に --state、次に --set の順に適用</translation>
+    </message>
+    <message>
+        <source>write 32-bit floats into a .wav file, whatever IN has</source>
+        <translation>IN の形式に関係なく .wav ファイルに 32 ビット浮動小数点で書き出す</translation>
+    </message>
+    <message>
+        <source>--%1 must be one of these: %2. It cannot be &quot;%3&quot;.</source>
+        <translation>--%1 には次のいずれかを指定してください: %2。「%3」は指定できません。</translation>
+    </message>
+    <message>
+        <source>--set %1: &quot;@%2&quot; is not a raw value of %3 (@%4 to @%5).</source>
+        <translation>--set %1: 「@%2」は%3の内部値ではありません (@%4 から @%5)。</translation>
+    </message>
+    <message>
+        <source>--set %1: &quot;%2&quot; is not a value of %3 (%4).</source>
+        <translation>--set %1: 「%2」は%3の値ではありません (%4)。</translation>
+    </message>
+    <message>
+        <source>--%1 must be the name of a file.</source>
+        <translation>--%1 にはファイル名を指定してください。</translation>
+    </message>
+    <message>
+        <source>--%1 must be a whole number from %2 to %3, not &quot;%4&quot;.</source>
+        <translation>--%1 には「%4」ではなく %2 から %3 までの整数を指定してください。</translation>
+    </message>
+    <message>
+        <source>--%1 must be a number from %2 to %3, not &quot;%4&quot;.</source>
+        <translation>--%1 には「%4」ではなく %2 から %3 までの数値を指定してください。</translation>
+    </message>
+    <message>
+        <source>--set must be NAME=TEXT or NAME=@N, not &quot;%1&quot;.</source>
+        <translation>--set には「%1」ではなく NAME=TEXT または NAME=@N を指定してください。</translation>
+    </message>
+    <message>
+        <source>--set: there is no parameter &quot;%1&quot;. See --list for all of them.</source>
+        <translation>--set: パラメーター「%1」はありません。--list ですべて表示できます。</translation>
+    </message>
+    <message>
+        <source>Warning: %1 samples of %2 are NaN or larger than %3 and count as 0; the first is in frame %4 of channel %5.</source>
+        <translation>警告: %2 の %1 個のサンプルは NaN または %3 より大きいため 0 とみなします。最初のものはチャンネル %5 のフレーム %4 にあります。</translation>
+    </message>
+    <message>
+        <source>Warning: %1 samples of %2 are clipped; a lower output level or --float avoids that.</source>
+        <translation>警告: %2 の %1 個のサンプルがクリップしました。出力レベルを下げるか --float を使うと避けられます。</translation>
+    </message>
+</context>
+<context>
+    <name>CommonController_MemAPI</name>
+    <message>
+        <source>Parameter %1</source>
+        <translation>パラメーター %1</translation>
+    </message>
+    <message>
+        <source>%1 dB</source>
+        <translation>%1 dB</translation>
+    </message>
+</context>
+<context>
+    <name>EditorLibrary</name>
+    <message>
+        <source>The plug-in %1 is a library, but not a Qt plug-in that this program can load.</source>
+        <translation>プラグイン %1 はライブラリーですが、このプログラムで読み込める Qt プラグインではありません。</translation>
+    </message>
+    <message>
+        <source>The plug-in %1 is a Qt plug-in of another kind (%2, not %3).</source>
+        <translation>プラグイン %1 は別の種類の Qt プラグインです (%3 ではなく %2)。</translation>
+    </message>
+    <message>
+        <source>The plug-in %1 cannot be loaded: %2.</source>
+        <translation>プラグイン %1 を読み込めません: %2。</translation>
+    </message>
+    <message>
+        <source>The plug-in %1 makes no channel effect.</source>
+        <translation>プラグイン %1 にはチャンネルエフェクトがありません。</translation>
+    </message>
+    <message>
+        <source>The plug-in %1 is an effect of type %2; an equalizer is type %3.</source>
+        <translation>プラグイン %1 はタイプ %2 のエフェクトです。イコライザーはタイプ %3 です。</translation>
+    </message>
+</context>
+<context>
+    <name>LibraryFile</name>
+    <message>
+        <source>The plug-in %1 does not exist.</source>
+        <translation>プラグイン %1 はありません。</translation>
+    </message>
+    <message>
+        <source>The plug-in %1 is a folder, not a library.</source>
+        <translation>プラグイン %1 はライブラリーではなくフォルダーです。</translation>
+    </message>
+    <message>
+        <source>The plug-in %1 is not an ordinary file.</source>
+        <translation>プラグイン %1 は通常のファイルではありません。</translation>
+    </message>
+    <message>
+        <source>The plug-in %1 cannot be read: %2.</source>
+        <translation>プラグイン %1 を読み込めません: %2。</translation>
+    </message>
+    <message>
+        <source>The plug-in %1 is not a library.</source>
+        <translation>プラグイン %1 はライブラリーではありません。</translation>
+    </message>
+    <message>
+        <source>The plug-in %1 is a library that was cut short.</source>
+        <translation>プラグイン %1 は途中で切れたライブラリーです。</translation>
+    </message>
+</context>
+<context>
+    <name>OutputFile</name>
+    <message>
+        <source>The file %1 cannot be written: %2.</source>
+        <translation>ファイル %1 に書き込めません: %2。</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be written: it is a folder.</source>
+        <translation>ファイル %1 に書き込めません。フォルダーです。</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be written: it is not an ordinary file.</source>
+        <translation>ファイル %1 に書き込めません。通常のファイルではありません。</translation>
+    </message>
+</context>
+<context>
+    <name>RtAudioDevice</name>
+    <message>
+        <source>No sound device can be used while %1 is not responding.</source>
+        <translation>%1 が応答しない間は、オーディオデバイスを使用できません。</translation>
+    </message>
+    <message>
+        <source>The sound device %1 cannot be used: it has no outputs.</source>
+        <translation>オーディオデバイス %1 を使用できません。出力がありません。</translation>
+    </message>
+    <message>
+        <source>The sound device %1 cannot be used: it does not run at %2 Hz.</source>
+        <translation>オーディオデバイス %1 を使用できません。%2 Hz に対応していません。</translation>
+    </message>
+    <message>
+        <source>The sound device %1 cannot be used: neither it nor the default device has inputs.</source>
+        <translation>オーディオデバイス %1 を使用できません。このデバイスにも既定のデバイスにも入力がありません。</translation>
+    </message>
+    <message>
+        <source>The sound device %1 has another block size now; play again to use it.</source>
+        <translation>オーディオデバイス %1 のブロックサイズが変わりました。もう一度再生すると新しいサイズを使用します。</translation>
+    </message>
+    <message>
+        <source>The sound device %1 was disconnected.</source>
+        <translation>オーディオデバイス %1 の接続が切れました。</translation>
+    </message>
+    <message>
+        <source>The sound device %1 cannot be used (%2).</source>
+        <translation>オーディオデバイス %1 を使用できません (%2)。</translation>
+    </message>
+</context>
+<context>
+    <name>SessionData</name>
+    <message>
+        <source>%1 is %2, but must be between %3 and %4.</source>
+        <translation>%1 は %2 ですが、%3 から %4 の間でなければなりません。</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2.</source>
+        <translation>%1 を読み込めません: %2。</translation>
+    </message>
+    <message>
+        <source>%1 cannot be set to &quot;%2&quot;.</source>
+        <translation>%1 を「%2」に設定できません。</translation>
+    </message>
+    <message>
+        <source>%1 must be true or false.</source>
+        <translation>%1 は true または false でなければなりません。</translation>
+    </message>
+    <message>
+        <source>%1 must be a number.</source>
+        <translation>%1 は数値でなければなりません。</translation>
+    </message>
+    <message>
+        <source>%1 must be text.</source>
+        <translation>%1 はテキストでなければなりません。</translation>
+    </message>
+    <message>
+        <source>%1 must be a list.</source>
+        <translation>%1 はリストでなければなりません。</translation>
+    </message>
+    <message>
+        <source>%1 must be an object.</source>
+        <translation>%1 はオブジェクトでなければなりません。</translation>
+    </message>
+    <message>
+        <source>%1 must be A or B.</source>
+        <translation>%1 は A または B でなければなりません。</translation>
+    </message>
+    <message>
+        <source>%1 has %2 entries, but the mixer has %3 channels.</source>
+        <translation>%1 の項目は %2 個ですが、ミキサーのチャンネルは %3 個です。</translation>
+    </message>
+    <message>
+        <source>It is not a session file.</source>
+        <translation>セッションファイルではありません。</translation>
+    </message>
+    <message>
+        <source>It has version %1, which this program does not know.</source>
+        <translation>ファイルのバージョン %1 は、このプログラムでは扱えません。</translation>
+    </message>
+</context>
+<context>
+    <name>StateFile</name>
+    <message>
+        <source>The state file %1 is empty.</source>
+        <translation>ステートファイル %1 は空です。</translation>
+    </message>
+    <message>
+        <source>The state file %1 is too long: it holds more than a megabyte, where a state has %2 bytes.</source>
+        <translation>ステートファイル %1 は長すぎます。ステートは %2 バイトですが、1 メガバイトを超えています。</translation>
+    </message>
+    <message>
+        <source>The state file %1 is neither an equalizer state nor a preset: it begins with the bytes %2.</source>
+        <translation>ステートファイル %1 はイコライザーのステートでもプリセットでもありません。先頭のバイトは %2 です。</translation>
+    </message>
+    <message>
+        <source>The state file %1 is cut short: it holds %2 of the %3 bytes of a state.</source>
+        <translation>ステートファイル %1 は途中で切れています。ステートの %3 バイトのうち %2 バイトしかありません。</translation>
+    </message>
+    <message>
+        <source>The state file %1 is too long: it holds %2 bytes, where a state has %3.</source>
+        <translation>ステートファイル %1 は長すぎます。ステートは %3 バイトですが、%2 バイトあります。</translation>
+    </message>
+    <message>
+        <source>The state file %1 is a preset whose state is not an equalizer state: it begins with the bytes %2.</source>
+        <translation>ステートファイル %1 はプリセットですが、ステートがイコライザーのものではありません。先頭のバイトは %2 です。</translation>
+    </message>
+    <message>
+        <source>The state file %1 is a preset cut short: it ends inside its header.</source>
+        <translation>ステートファイル %1 は途中で切れたプリセットです。ヘッダーの途中で終わっています。</translation>
+    </message>
+    <message>
+        <source>The state file %1 is a preset of the unknown format version %2.</source>
+        <translation>ステートファイル %1 は不明な形式バージョン %2 のプリセットです。</translation>
+    </message>
+    <message>
+        <source>The state file %1 is a preset of another plug-in (class %2, not %3).</source>
+        <translation>ステートファイル %1 は別のプラグインのプリセットです (クラスは %3 ではなく %2)。</translation>
+    </message>
+    <message>
+        <source>The state file %1 is a preset cut short: its list of chunks is missing.</source>
+        <translation>ステートファイル %1 は途中で切れたプリセットです。チャンクリストがありません。</translation>
+    </message>
+    <message>
+        <source>The state file %1 is a damaged preset: its list of chunks is not where it should be.</source>
+        <translation>ステートファイル %1 は壊れたプリセットです。チャンクリストが本来の位置にありません。</translation>
+    </message>
+    <message>
+        <source>The state file %1 is a damaged preset: it claims %2 chunks.</source>
+        <translation>ステートファイル %1 は壊れたプリセットです。チャンク数が %2 となっています。</translation>
+    </message>
+    <message>
+        <source>The state file %1 is a preset cut short: it ends inside its list of chunks.</source>
+        <translation>ステートファイル %1 は途中で切れたプリセットです。チャンクリストの途中で終わっています。</translation>
+    </message>
+    <message>
+        <source>The state file %1 is a damaged preset: its chunk %2 lies outside the file.</source>
+        <translation>ステートファイル %1 は壊れたプリセットです。チャンク %2 がファイルの範囲外にあります。</translation>
+    </message>
+    <message>
+        <source>The state file %1 is a preset without a state.</source>
+        <translation>ステートファイル %1 はステートのないプリセットです。</translation>
+    </message>
+    <message>
+        <source>The state file %1 is a preset whose state has %2 bytes instead of %3.</source>
+        <translation>ステートファイル %1 はプリセットですが、ステートが %3 バイトではなく %2 バイトです。</translation>
+    </message>
+    <message>
+        <source>The state file %1 holds %2 for %3 (%4), where values lie between 0 and 1.</source>
+        <translation>ステートファイル %1 では %3 (%4) の値が %2 ですが、値は 0 から 1 の間でなければなりません。</translation>
+    </message>
+    <message>
+        <source>The state file %1 is a folder.</source>
+        <translation>ステートファイル %1 はフォルダーです。</translation>
+    </message>
+    <message>
+        <source>The state file %1 is not a regular file.</source>
+        <translation>ステートファイル %1 は通常のファイルではありません。</translation>
+    </message>
+    <message>
+        <source>The state file %1 cannot be read: %2.</source>
+        <translation>ステートファイル %1 を読み込めません: %2。</translation>
+    </message>
+</context>
+<context>
+    <name>ZoltaEqualizerGraph</name>
+    <message>
+        <source>Equalizer curve</source>
+        <translation>イコライザーカーブ</translation>
+    </message>
+    <message>
+        <source>Low band</source>
+        <translation>ロー バンド</translation>
+    </message>
+    <message>
+        <source>Middle 1 band</source>
+        <translation>ミドル1 バンド</translation>
+    </message>
+    <message>
+        <source>Middle 2 band</source>
+        <translation>ミドル2 バンド</translation>
+    </message>
+    <message>
+        <source>Middle 3 band</source>
+        <translation>ミドル3 バンド</translation>
+    </message>
+    <message>
+        <source>Middle 4 band</source>
+        <translation>ミドル4 バンド</translation>
+    </message>
+    <message>
+        <source>High band</source>
+        <translation>ハイ バンド</translation>
     </message>
 </context>
 </TS>
