@@ -16,7 +16,7 @@ _zolta_host_options()
 _zolta_host()
 {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
-    local argument sounds='!*.@(wav|flac|ogg|WAV|FLAC|OGG)' words=
+    local argument sounds='\.(wav|flac|ogg)$' words=
     COMPREPLY=()
     compopt -o filenames 2>/dev/null
     argument=$(_zolta_host_argument "$previous")
@@ -25,7 +25,7 @@ _zolta_host()
     fi
     case $argument in
         SOUND | IN)
-            mapfile -t COMPREPLY < <(compgen -f -X "$sounds" -- "$current"; compgen -d -- "$current")
+            mapfile -t COMPREPLY < <(compgen -f -- "$current" | grep -iE "$sounds"; compgen -d -- "$current")
             ;;
         FILE*) mapfile -t COMPREPLY < <(compgen -f -- "$current") ;;
         *'|'*) words=${argument//|/ } ;;
