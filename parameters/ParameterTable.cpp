@@ -2,8 +2,7 @@
 #include "parameters/ParameterTable.h"
 
 #include "equalizer/EqualizerBands.h"
-
-#include <QtGlobal>
+#include "parameters/TranslationMark.h"
 
 #include <algorithm>
 

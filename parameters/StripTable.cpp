@@ -2,8 +2,7 @@
 #include "parameters/StripTable.h"
 
 #include "parameters/ParameterText.h"
-
-#include <QtGlobal>
+#include "parameters/TranslationMark.h"
 
 #include <algorithm>
 #include <cctype>

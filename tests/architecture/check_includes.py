@@ -37,8 +37,6 @@ BESIDE = ["gallery", "designer", "tests", "benchmarks", "fuzz"]
 # Rooms that know neither Qt nor the SDK, and those that know Qt alone.
 STANDARD_LIBRARY_ONLY = {"equalizer", "parameters", "engine"}
 QT_ONLY = {"widgets"}
-# A macro that marks texts for translation.
-ALLOWED = {("parameters", "QtGlobal")}
 
 INCLUDE = re.compile(r'^\s*#\s*include\s+(["<])([^">]+)[">]', re.M)
 GENERATED = re.compile(r"^(moc_|ui_|tst_)|\.moc$")
@@ -59,7 +57,7 @@ def problems_of(path, text):
         yield "does not begin with the licence line"
     for quote, name in INCLUDE.findall(text):
         if quote == "<":
-            plain = re.fullmatch(r"[a-z_0-9]+(\.h)?", name) or (room, name) in ALLOWED
+            plain = re.fullmatch(r"[a-z_0-9]+(\.h)?", name)
             if room in STANDARD_LIBRARY_ONLY and not plain:
                 yield f"includes <{name}>, but {room} knows only the standard library"
             if room in QT_ONLY and name.startswith(SDK):
