@@ -370,7 +370,8 @@ void tst_zolta_host::refusesAPipeAsState()
     QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
     const ProgramResult result = runWithPlugin("--list --state", pipe);
     QCOMPARE(result.code, 1);
-    QCOMPARE(result.errors, QStringLiteral("zolta-host: The state file %1 is not a regular file.\n").arg(pipe));
+    QCOMPARE(result.errors,
+             QStringLiteral("zolta-host: The state file %1 is not a regular file.\n").arg(pipe));
 }
 
 void tst_zolta_host::refusesArguments()
