@@ -63,16 +63,15 @@ Status checkRender(const CommandLine& line, bool channelGiven)
                                      "OUT.")};
     if (!AudioFormat::canWrite(render.output))
         return Error{CommandLine::tr("The name of the file to render must end in .wav, .flac or "
-                                     ".ogg, unlike \"%1\".")
+                                     ".ogg; \"%1\" does not.")
                          .arg(render.output)};
     if (render.forceFloat && !render.output.endsWith(QLatin1String(".wav"), Qt::CaseInsensitive))
         return Error{CommandLine::tr("--float can only be used for a file whose name ends in "
-                                     ".wav, unlike \"%1\".")
+                                     ".wav; \"%1\" does not.")
                          .arg(render.output)};
     if (channelGiven && line.session.isEmpty())
-        return Error{CommandLine::tr("--render can only be combined with --channel where --session "
-                                     "is given, too: every channel of the file gets the same "
-                                     "settings.")};
+        return Error{CommandLine::tr("--render with --channel also needs --session; without one, "
+                                     "all channels have the same settings.")};
     return Status();
 }
 
@@ -82,7 +81,7 @@ Status readFurther(const QCommandLineParser& parser, CommandLine* line)
     if (line->renders() && !further.isEmpty())
         line->render.output = further.takeFirst();
     if (!further.isEmpty())
-        return Error{CommandLine::tr("Unknown option '%1'.").arg(further.constFirst())};
+        return Error{CommandLine::tr("Unknown option \"%1\".").arg(further.constFirst())};
     return line->renders() ? checkRender(*line, parser.isSet(QStringLiteral("channel"))) : Status();
 }
 

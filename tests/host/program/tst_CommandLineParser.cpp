@@ -204,7 +204,7 @@ void tst_CommandLineParser::refuses_data()
         row("--" + option + "|", "--" + option + " must be the name of a file.");
     row("--channel", "Missing value after '--channel'.");
     row("--loud", "Unknown option 'loud'.");
-    row("something", "Unknown option 'something'.");
+    row("something", "Unknown option \"something\".");
     row("--list=yes", "Unexpected value after '--list'.");
     for (const QByteArray option : {"device|x", "rate|48000", "block|64"})
         row("--" + option,
@@ -224,14 +224,14 @@ void tst_CommandLineParser::refuses_data()
         row("--render|in.wav|out.wav|--" + option,
             "--render cannot be combined with --" + option.split('|')[0] + ".");
     row("--render|in.wav", "--render must be followed by the names of two files, IN and OUT.");
-    row("--render|in.wav|out.wav|more", "Unknown option 'more'.");
+    row("--render|in.wav|out.wav|more", "Unknown option \"more\".");
     row("--render|in.wav|out.mp3", "The name of the file to render must end in .wav, .flac or "
-                                   ".ogg, unlike \"out.mp3\".");
+                                   ".ogg; \"out.mp3\" does not.");
     row("--render|in.wav|out.flac|--float", "--float can only be used for a file whose name ends "
-                                            "in .wav, unlike \"out.flac\".");
+                                            "in .wav; \"out.flac\" does not.");
     row("--render|in.wav|out.wav|--channel|1",
-        "--render can only be combined with --channel where --session is given, too: every "
-        "channel of the file gets the same settings.");
+        "--render with --channel also needs --session; without one, all channels have the same "
+        "settings.");
 }
 
 void tst_CommandLineParser::refuses()

@@ -370,7 +370,8 @@ void tst_zolta_host::refusesAPipeAsState()
     QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
     const ProgramResult result = runWithPlugin("--list --state", pipe);
     QCOMPARE(result.code, 1);
-    QCOMPARE(result.errors, QStringLiteral("zolta-host: The state file %1 is not a regular file.\n").arg(pipe));
+    QCOMPARE(result.errors,
+             QStringLiteral("zolta-host: The state file %1 is not a regular file.\n").arg(pipe));
 }
 
 void tst_zolta_host::refusesArguments()
@@ -519,10 +520,11 @@ void tst_zolta_host::headlessRunsLeaveABadSessionAlone_data()
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("reason");
     QTest::newRow("damaged") << QByteArray("{}")
-                             << "The session %1 is damaged. It is not a session file.";
-    QTest::newRow("later") << QByteArray("{\"zolta-session\": 2}")
-                           << "The session %1 cannot be read. It has version 2, which this program "
-                              "does not know.";
+                             << "The session %1 is damaged. The file is not a session file.";
+    QTest::newRow("later")
+        << QByteArray("{\"zolta-session\": 2}")
+        << "The session %1 cannot be read. The file has version 2, which this program "
+           "does not know.";
 }
 
 void tst_zolta_host::headlessRunsLeaveABadSessionAlone()

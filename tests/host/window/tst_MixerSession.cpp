@@ -300,10 +300,10 @@ void tst_MixerSession::damagedFileIsKeptAside_data()
     };
     row("empty", "", "illegal value at byte 0");
     row("cut", "{\"zolta-session\": 1, \"chan", "at byte");
-    row("no session", "{}", "It is not a session file.");
-    row("list", "[]", "It is not a session file.");
+    row("no session", "{}", "The file is not a session file.");
+    row("list", "[]", "The file is not a session file.");
     row("version 0", "{\"zolta-session\": 0}",
-        "It has version 0, which this program does not know.");
+        "The file has version 0, which this program does not know.");
     row("channels", session("\"channels\": 3"), "channels must be a list.");
     row("nine channels", session("\"channels\": [{},{},{},{},{},{},{},{},{}]"),
         "channels has 9 entries, but the mixer has 8 channels.");
@@ -316,7 +316,7 @@ void tst_MixerSession::damagedFileIsKeptAside_data()
     row("level", session("\"channels\": [{\"strip\": {\"level\": \"loud\"}}]"),
         "channels[0].strip.level cannot be set to \"loud\".");
     row("equalizer", session("\"channels\": [{\"equalizer\": {\"Low gain\": 3}}]"),
-        "channels[0].equalizer cannot be read: the value of \"Low gain\" must be text.");
+        "channels[0].equalizer cannot be read. The value of \"Low gain\" must be text.");
     row("chosen", session("\"channels\": [{\"compare\": {\"chosen\": \"C\"}}]"),
         "channels[0].compare.chosen must be A or B.");
     row("other", session("\"channels\": [{\"compare\": {\"other\": true}}]"),
@@ -396,8 +396,8 @@ void tst_MixerSession::laterVersionIsLeftAlone()
     write(m_file, bytes);
     MixerSession session(*m_mixer);
     QCOMPARE(session.open(m_file).error(),
-             QStringLiteral("The session %1 cannot be read. It has version 2, which this "
-                            "program does not know. It is left alone, and nothing will be "
+             QStringLiteral("The session %1 cannot be read. The file has version 2, which this "
+                            "program does not know. The file is left alone, and nothing will be "
                             "saved.")
                  .arg(QDir::toNativeSeparators(m_file)));
     m_mixer->mixerModel.setName(0, QStringLiteral("New"));
@@ -414,7 +414,7 @@ void tst_MixerSession::readingChangesNoFile()
     write(m_file, "damaged");
     QCOMPARE(
         session.read(m_file).error(),
-        QStringLiteral("The session %1 is damaged. It is not valid JSON: illegal value at "
+        QStringLiteral("The session %1 is damaged. The file is not valid JSON: illegal value at "
                        "byte 1.")
             .arg(m_file));
     QVERIFY(session.save());
@@ -464,7 +464,7 @@ void tst_MixerSession::damageIsLeftToTheProgramThatWasFirst()
     write(m_file, "damaged");
     Mixer other;
     MixerSession second(other);
-    QVERIFY(second.open(m_file).error().contains(QStringLiteral("It is left alone")));
+    QVERIFY(second.open(m_file).error().contains(QStringLiteral("The file is left alone")));
     QVERIFY(second.save());
     QCOMPARE(content(m_file), QByteArray("damaged"));
 }
