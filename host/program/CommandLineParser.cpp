@@ -5,6 +5,7 @@
 #include "host/program/OptionTable.h"
 
 #include <QCommandLineParser>
+#include <QTextBoundaryFinder>
 
 #include <algorithm>
 
@@ -100,20 +101,51 @@ Status readOptions(const QCommandLineParser& parser, CommandLine* line)
     return first(values, combinations);
 }
 
-// Words into lines that fit into the help's second column.
+// Takes two columns of a terminal.
+bool isWide(QChar letter)
+{
+    const char16_t code = letter.unicode();
+    return (code >= 0x2e80 && code <= 0xd7a3) || (code >= 0xf900 && code <= 0xfaff) ||
+           (code >= 0xfe30 && code <= 0xfe6f) || (code >= 0xff00 && code <= 0xff60);
+}
+
+qsizetype columnsOf(const QString& text)
+{
+    return text.size() + std::count_if(text.begin(), text.end(), isWide);
+}
+
+// What stays together in a line: words with the space behind them, and single wide letters with
+// the punctuation that must not be parted from them.
+QStringList piecesOf(const QString& text)
+{
+    QStringList pieces;
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Line, text);
+    qsizetype start = 0;
+    for (qsizetype end = 1; end <= text.size(); ++end) {
+        finder.setPosition(end);
+        const QChar before = text[end - 1];
+        const bool isBreak = before.isSpace() || (isWide(before) && finder.isAtBoundary());
+        if (!isBreak && end < text.size())
+            continue;
+        pieces << text.mid(start, end - start);
+        start = end;
+    }
+    return pieces;
+}
+
+// Text in lines that fit into the help's second column.
 QString wrapped(const QString& text)
 {
-    const QString margin = QLatin1Char('\n') + QString(helpColumn, QLatin1Char(' '));
     QString lines;
-    qsizetype column = helpColumn;
-    for (const QString& word : text.split(QLatin1Char(' '))) {
-        const bool fits = column + 1 + word.size() <= helpWidth;
-        if (!lines.isEmpty())
-            lines += fits ? QStringLiteral(" ") : margin;
-        column = (fits ? column + 1 : helpColumn) + word.size();
-        lines += word;
+    QString line;
+    for (const QString& piece : piecesOf(text)) {
+        if (!line.isEmpty() && helpColumn + columnsOf((line + piece).trimmed()) > helpWidth) {
+            lines += line.trimmed() + QLatin1Char('\n') + QString(helpColumn, QLatin1Char(' '));
+            line.clear();
+        }
+        line += piece;
     }
-    return lines;
+    return lines + line;
 }
 
 QString helpLine(const Option& option)
@@ -152,6 +184,14 @@ Result<CommandLine> CommandLineParser::parse(const QStringList& arguments)
     if (!status.isOk() && !line.help)
         return Error{status.error()};
     return line;
+}
+
+Language CommandLineParser::languageIn(const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    addOptions(&parser);
+    static_cast<void>(parser.parse(arguments)); // the rest of them does not matter here
+    return languageOf(parser.value(QStringLiteral("language"))).value_or(Language::English);
 }
 
 QString CommandLineParser::helpText()

@@ -22,6 +22,9 @@ private Q_SLOTS:
     void refuses();
     void helpCountsBeforeErrors();
     void helpNamesEveryOption();
+    void helpFitsIntoTerminals_data();
+    void helpFitsIntoTerminals();
+    void findsTheLanguageAmongErrors();
 
 private:
     static Result<CommandLine> parse(const QString& words);
@@ -263,10 +266,44 @@ void tst_CommandLineParser::helpNamesEveryOption()
         }
     }
     QCOMPARE(count, 23);
-    for (const QString& line : lines)
-        QVERIFY2(line.size() <= 90, qPrintable(line));
 }
 
-QTEST_APPLESS_MAIN(tst_CommandLineParser)
+void tst_CommandLineParser::helpFitsIntoTerminals_data()
+{
+    QTest::addColumn<Language>("language");
+    for (const Language language : languages)
+        QTest::newRow(qPrintable(codeOf(language))) << language;
+}
+
+// Letters of Japanese take two columns of a terminal, and no line begins with a full stop.
+void tst_CommandLineParser::helpFitsIntoTerminals()
+{
+    QFETCH(const Language, language);
+    LanguageSwitch languageSwitch;
+    languageSwitch.choose(language);
+    const QString help = CommandLineParser::helpText();
+    QCOMPARE(help.contains(QStringLiteral(u"\u3001")), language == Language::Japanese);
+    for (const QString& line : help.split(QLatin1Char('\n'))) {
+        const auto wide = std::count_if(line.begin(), line.end(),
+                                        [](QChar letter) { return letter.unicode() >= 0x3000; });
+        QVERIFY2(line.size() + wide <= 90, qPrintable(line));
+        QVERIFY2(!line.trimmed().startsWith(QChar(0x3001)), qPrintable(line));
+        QVERIFY2(!line.trimmed().startsWith(QChar(0x3002)), qPrintable(line));
+        QVERIFY2(!line.endsWith(QLatin1Char(' ')), qPrintable(line));
+    }
+}
+
+void tst_CommandLineParser::findsTheLanguageAmongErrors()
+{
+    const auto languageIn = [](const char* words) {
+        return CommandLineParser::languageIn(QString::fromLatin1(words).split(QLatin1Char('|')));
+    };
+    QCOMPARE(languageIn("zolta-host|--loud|--channel|9|--language|ja|more"), Language::Japanese);
+    QCOMPARE(languageIn("zolta-host|--language|fr"), Language::English);
+    QCOMPARE(languageIn("zolta-host|--language"), Language::English);
+    QCOMPARE(languageIn("zolta-host|--loud"), Language::English);
+}
+
+QTEST_GUILESS_MAIN(tst_CommandLineParser)
 
 #include "tst_CommandLineParser.moc"

@@ -380,6 +380,8 @@ void tst_zolta_host::refusesArguments()
     QCOMPARE(result.code, 2);
     QCOMPARE(result.output, QString());
     QCOMPARE(result.errors, QStringLiteral("zolta-host: Unknown option 'loud'.\n"));
+    QCOMPARE(runWithPlugin("more --language de").errors,
+             QStringLiteral("zolta-host: Unbekannte Option \"more\".\n"));
 }
 
 // As text, the name would be another file's.
