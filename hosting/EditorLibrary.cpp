@@ -67,7 +67,7 @@ Status EditorLibrary::adopt(const QString& file)
     auto* channelEffect = qobject_cast<IVaskEffectChFx*>(root);
     if (!effect || !channelEffect) {
         m_loader.unload();
-        return Error{tr("The plug-in %1 makes no channel effect.").arg(file)};
+        return Error{tr("The plug-in %1 does not provide a channel effect.").arg(file)};
     }
     const int type = channelEffect->fxType();
     if (type != equalizerType) {

@@ -63,7 +63,7 @@ Status checkLibraryFile(const QString& file)
                 .arg(file)};
     if (!info.isFile())
         return Error{
-            QCoreApplication::translate("LibraryFile", "The plug-in %1 is not an ordinary file.")
+            QCoreApplication::translate("LibraryFile", "The plug-in %1 is not a regular file.")
                 .arg(file)};
     QFile library(file);
     if (!library.open(QIODevice::ReadOnly))

@@ -32,7 +32,7 @@ Error notRegular(const QString& file, bool isFolder)
         isFolder ? QCoreApplication::translate("OutputFile",
                                                "The file %1 cannot be written: it is a folder.")
                  : QCoreApplication::translate(
-                       "OutputFile", "The file %1 cannot be written: it is not an ordinary file.");
+                       "OutputFile", "The file %1 cannot be written: it is not a regular file.");
     return {sentence.arg(file)};
 }
 

@@ -208,8 +208,8 @@ Result<QByteArray> Decoder::checkedValues(const QByteArray& state) const
         if (value >= 0.0F && value <= 1.0F)
             continue;
         const Parameter& parameter = parameterTable[stateOrder[entry]];
-        return error(tr("The state file %1 holds %2 for %3 (%4), where values lie between 0 and "
-                        "1."),
+        return error(tr("The state file %1 holds %2 for %3 (%4), but values must lie between 0 "
+                        "and 1."),
                      QString::number(value), QLatin1String(parameter.name),
                      QCoreApplication::translate("Parameter", parameter.title));
     }

@@ -45,7 +45,7 @@ Status AudioReader::checkKind() const
     if (info.isDir())
         return Error{tr("The sound file %1 cannot be read: it is a folder.").arg(m_name)};
     if (info.exists() && !info.isFile())
-        return Error{tr("The sound file %1 cannot be read: it is no ordinary file.").arg(m_name)};
+        return Error{tr("The sound file %1 cannot be read: it is not a regular file.").arg(m_name)};
     return {};
 }
 
@@ -53,13 +53,13 @@ Status AudioReader::checkLength()
 {
     const SoundLength length = SoundLength::of(m_file);
     if (length.isTooLong()) {
-        return Error{tr("The sound file %1 cannot be read: it is longer than its header can say.")
+        return Error{tr("The sound file %1 cannot be read: it is longer than its header can state.")
                          .arg(m_name)};
     }
     if (length.isShort()) {
         return Error{
-            tr("The sound file %1 cannot be read: it is cut short: its header promises %2 "
-               "bytes of samples, it holds %3.")
+            tr("The sound file %1 cannot be read. It is cut short: its header promises %2 "
+               "bytes of samples, but it holds %3.")
                 .arg(m_name, QString::number(length.promised), QString::number(length.present))};
     }
     m_access->cover(length.offset, length.closed);
@@ -77,7 +77,7 @@ Status AudioReader::openSound()
     if ((m_info.format & SF_FORMAT_TYPEMASK) != SF_FORMAT_OGG)
         return {};
     if (!knowsLength()) {
-        return Error{tr("The sound file %1 cannot be read: it is cut short: its last page is "
+        return Error{tr("The sound file %1 cannot be read. It is cut short: its last page is "
                         "missing.")
                          .arg(m_name)};
     }
@@ -191,7 +191,7 @@ Status AudioReader::checkEnd() const
     if (m_access->hasFailed())
         return errorOf(m_access->reason());
     if (knowsLength() && m_position < m_info.frames) {
-        return Error{tr("The sound file %1 cannot be read: it is cut short: it ends after %2 of %3 "
+        return Error{tr("The sound file %1 cannot be read. It is cut short: it ends after %2 of %3 "
                         "frames.")
                          .arg(m_name, QString::number(m_position), QString::number(m_info.frames))};
     }

@@ -42,8 +42,8 @@ Status AudioRenderer::run(const Progress& progress)
 Status AudioRenderer::open()
 {
     if (isSameFile(m_job.input, m_job.output))
-        return Error{
-            tr("The sound file %1 cannot be written: it is the one to be read.").arg(m_job.output)};
+        return Error{tr("The sound file %1 cannot be written: it is also the input file.")
+                         .arg(m_job.output)};
     Status result = m_reader.open(m_job.input);
     if (result.isOk())
         result = m_writer.open(

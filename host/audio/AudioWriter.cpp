@@ -56,7 +56,7 @@ Status AudioWriter::checkTarget() const
         return Error{tr("The sound file %1 cannot be written: it is a folder.").arg(m_name)};
     if (old.exists() && !old.isFile()) {
         return Error{
-            tr("The sound file %1 cannot be written: it is no ordinary file.").arg(m_name)};
+            tr("The sound file %1 cannot be written: it is not a regular file.").arg(m_name)};
     }
     return {};
 }

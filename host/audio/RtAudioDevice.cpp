@@ -265,7 +265,8 @@ Status RtAudioDevice::status() const
 {
     const QString kept = keptError();
     if (kept.contains(QLatin1String(blockChanged))) {
-        return Error{tr("The sound device %1 has another block size now; play again to use it.")
+        return Error{tr("The sound device %1 has another block size now; stop and play again to "
+                        "use the new size.")
                          .arg(m_name)};
     }
     if (!kept.isEmpty())

@@ -74,9 +74,10 @@ Status PresetFolder::prepare() const
 {
     if (QDir().mkpath(m_folder))
         return Status();
-    return Error{tr("The presets' folder %1 cannot be made. Check whether its parent folder can be "
-                    "written.")
-                     .arg(QDir::toNativeSeparators(m_folder))};
+    return Error{
+        tr("The presets' folder %1 cannot be created. Check whether its parent folder can be "
+           "written.")
+            .arg(QDir::toNativeSeparators(m_folder))};
 }
 
 Status PresetFolder::remove(const QString& name) const

@@ -108,10 +108,10 @@ public:
     {
         if (!has(value, QJsonValue::Object, path))
             return;
-        const ChannelText::Content content = ChannelText::fromJson(value.toObject(), *out);
-        if (!content.error.isEmpty())
-            return fail(tr("%1 cannot be read: %2.").arg(path, content.error));
-        *out = content.values;
+        const Result<HostMemory::Values> values = ChannelText::fromJson(value.toObject(), *out);
+        if (!values.isOk())
+            return fail(tr("%1 cannot be read. %2").arg(path, values.error()));
+        *out = values.value();
     }
 
     void strip(const QJsonValue& value, const QString& path, HostMemory::StripValues* out)
@@ -259,9 +259,9 @@ bool SessionData::isLater(const QJsonObject& root) { return root[versionKey].toD
 Status SessionData::read(const QJsonObject& root)
 {
     if (!root[versionKey].isDouble())
-        return Error{Reader::tr("It is not a session file.")};
+        return Error{Reader::tr("The file is not a session file.")};
     if (root[versionKey].toDouble() != version)
-        return Error{Reader::tr("It has version %1, which this program does not know.")
+        return Error{Reader::tr("The file has version %1, which this program does not know.")
                          .arg(root[versionKey].toDouble())};
     Reader reader;
     readChannels(reader, root[channelsKey], this);

@@ -33,6 +33,12 @@ struct Content
     SessionData data;
 };
 
+QString joined(const QString& first, const QString& second)
+{
+    //: Two whole sentences, one after the other
+    return SessionFile::tr("%1 %2").arg(first, second);
+}
+
 Content failed(Outcome outcome, const QString& error) { return {outcome, error, {}, {}}; }
 
 Content damaged(const QString& file, const QString& reason)
@@ -46,7 +52,7 @@ Content parse(const QString& file, const QByteArray& bytes, const SessionData& b
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
     if (document.isNull())
-        return damaged(file, SessionFile::tr("It is not valid JSON: %1 at byte %2.")
+        return damaged(file, SessionFile::tr("The file is not valid JSON: %1 at byte %2.")
                                  .arg(error.errorString(), QString::number(error.offset)));
     Content content{Outcome::Read, {}, document.object(), before};
     const Status status = content.data.read(content.root);
@@ -71,7 +77,7 @@ Content contentOf(const QString& file, const SessionData& before)
         return failed(Outcome::Unreadable, SessionFile::tr("The session %1 cannot be read: %2.")
                                                .arg(shown(file), input.errorString()));
     if (input.size() > maxFileSize)
-        return damaged(file, SessionFile::tr("It is too long."));
+        return damaged(file, SessionFile::tr("The file is too long."));
     return parse(file, input.readAll(), before);
 }
 
@@ -106,7 +112,8 @@ Status SessionFile::open(const QString& file, SessionData* data)
     if (content.outcome == Outcome::Damaged && !taken)
         return setAside(file, content.error);
     if (content.outcome != Outcome::Read)
-        return Error{tr("%1 It is left alone, and nothing will be saved.").arg(content.error)};
+        return Error{
+            joined(content.error, tr("The file is left alone, and nothing will be saved."))};
     *data = content.data;
     m_root = content.root;
     (taken ? m_taken : m_file) = file;
@@ -152,8 +159,10 @@ Status SessionFile::setAside(const QString& file, const QString& damage)
 {
     const std::optional<QString> name = setDamagedFileAside(file);
     if (!name)
-        return Error{tr("%1 It cannot be renamed, so it is left alone, and nothing will be saved.")
-                         .arg(damage)};
+        return Error{joined(
+            damage, tr("The file cannot be renamed, so it is left alone, and nothing will be "
+                       "saved."))};
     m_file = file;
-    return Error{tr("%1 It is not used, and the file is kept as %2.").arg(damage, shown(*name))};
+    return Error{joined(
+        damage, tr("The session is not used, and the file is kept as %1.").arg(shown(*name)))};
 }

@@ -50,20 +50,21 @@ Result<Maps> parseChannels(const QJsonObject& channels)
 Result<Maps> parse(const QJsonObject& root)
 {
     if (root.value(versionKey).toInt() != version)
-        return Error{SettingsFile::tr("It is not a settings file of version %1.").arg(version)};
+        return Error{
+            SettingsFile::tr("The file is not a settings file of version %1.").arg(version)};
     if (!root.value(channelsKey).isObject())
-        return Error{SettingsFile::tr("It has no channels.")};
+        return Error{SettingsFile::tr("The file has no channels.")};
     return parseChannels(root.value(channelsKey).toObject());
 }
 
 Result<QJsonObject> parseJson(const QByteArray& bytes)
 {
     if (bytes.size() > maxFileSize)
-        return Error{SettingsFile::tr("It is too long.")};
+        return Error{SettingsFile::tr("The file is too long.")};
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
     if (document.isNull())
-        return Error{SettingsFile::tr("It is not valid JSON: %1 at byte %2.")
+        return Error{SettingsFile::tr("The file is not valid JSON: %1 at byte %2.")
                          .arg(error.errorString(), QString::number(error.offset))};
     return document.object();
 }
@@ -82,7 +83,7 @@ Status SettingsFile::open(const QString& file)
     m_maps.clear();
     QFile input(file);
     if (input.exists() && !QFileInfo(file).isFile())
-        return Error{tr("The editors' settings in %1 cannot be read because it is not a regular "
+        return Error{tr("The editors' settings in %1 cannot be read because %1 is not a regular "
                         "file. No settings will be saved.")
                          .arg(shown(file))};
     if (input.exists() && !input.open(QIODevice::ReadOnly))

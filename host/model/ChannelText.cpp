@@ -12,44 +12,21 @@ constexpr QLatin1String mimeType("application/x-zolta-equalizer+json");
 constexpr QLatin1String channelKey("zolta-equalizer");
 constexpr qsizetype largestText = 1 << 16;
 
-enum class Problem { None, NotText, NotValue };
-
-struct Reading
-{
-    HostMemory::Values values;
-    Problem problem;
-    QString title; // of the parameter with the problem
-    QString text;  // its value
-};
-
 struct Texts
 {
     Q_DECLARE_TR_FUNCTIONS(ChannelText)
 };
 
-void readValue(const QJsonValue& value, std::size_t index, Reading* reading)
+Result<int> readValue(const QJsonValue& value, const Parameter& parameter)
 {
-    const Parameter& parameter = parameterTable[index];
-    reading->title = QLatin1String(parameter.title);
-    reading->text = value.toString();
-    const auto parsed = parseParameter(parameter, reading->text.toStdString());
+    const QLatin1String title(parameter.title);
     if (!value.isString())
-        reading->problem = Problem::NotText;
-    else if (!parsed)
-        reading->problem = Problem::NotValue;
-    else
-        reading->values[index] = *parsed;
-}
-
-Reading read(const QJsonObject& object, const HostMemory::Values& values)
-{
-    Reading reading{values, Problem::None, {}, {}};
-    for (std::size_t i = 0; i < parameterCount && reading.problem == Problem::None; ++i) {
-        const QJsonValue value = object.value(QLatin1String(parameterTable[i].title));
-        if (!value.isUndefined())
-            readValue(value, i, &reading);
-    }
-    return reading;
+        return Error{Texts::tr("The value of \"%1\" must be text.").arg(title)};
+    const QString text = value.toString();
+    const auto parsed = parseParameter(parameter, text.toStdString());
+    if (!parsed)
+        return Error{Texts::tr("\"%1\" is not a value of \"%2\".").arg(text, title)};
+    return *parsed;
 }
 
 QJsonObject objectIn(const QMimeData* data)
@@ -72,19 +49,21 @@ QJsonObject ChannelText::toJson(const HostMemory::Values& values)
     return object;
 }
 
-ChannelText::Content ChannelText::fromJson(const QJsonObject& object,
-                                           const HostMemory::Values& values)
+Result<HostMemory::Values> ChannelText::fromJson(const QJsonObject& object,
+                                                 const HostMemory::Values& values)
 {
-    const Reading reading = read(object, values);
-    switch (reading.problem) {
-    case Problem::NotText:
-        return {values, Texts::tr("the value of \"%1\" must be text").arg(reading.title)};
-    case Problem::NotValue:
-        return {values,
-                Texts::tr("\"%1\" is not a value of \"%2\"").arg(reading.text, reading.title)};
-    default:
-        return {reading.values, QString()};
+    HostMemory::Values result = values;
+    for (std::size_t i = 0; i < parameterCount; ++i) {
+        const Parameter& parameter = parameterTable[i];
+        const QJsonValue value = object.value(QLatin1String(parameter.title));
+        if (value.isUndefined())
+            continue;
+        const Result<int> read = readValue(value, parameter);
+        if (!read.isOk())
+            return Error{read.error()};
+        result[i] = read.value();
     }
+    return result;
 }
 
 std::unique_ptr<QMimeData> ChannelText::toMime(const HostMemory::Values& values)
@@ -107,16 +86,9 @@ Result<HostMemory::Values> ChannelText::fromMime(const QMimeData* data,
 {
     const QJsonObject object = data ? objectIn(data) : QJsonObject();
     if (object.isEmpty())
-        return Error{Texts::tr("Cannot paste: the clipboard holds no equalizer settings.")};
-    const Reading reading = read(object, values);
-    switch (reading.problem) {
-    case Problem::NotText:
-        return Error{
-            Texts::tr("Cannot paste: the value of \"%1\" must be text.").arg(reading.title)};
-    case Problem::NotValue:
-        return Error{Texts::tr("Cannot paste: \"%1\" is not a value of \"%2\".")
-                         .arg(reading.text, reading.title)};
-    default:
-        return reading.values;
-    }
+        return Error{Texts::tr("Cannot paste. The clipboard holds no equalizer settings.")};
+    Result<HostMemory::Values> read = fromJson(object, values);
+    if (!read.isOk())
+        return Error{Texts::tr("Cannot paste. %1").arg(read.error())};
+    return read;
 }

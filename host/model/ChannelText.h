@@ -14,19 +14,12 @@
 /// keys are the parameters' English titles and whose values are their texts, {"Low gain": "+3.0"}.
 namespace ChannelText {
 
-/// What a text held, or what is wrong with it, as the end of a sentence.
-struct Content
-{
-    HostMemory::Values values;
-    QString error;
-};
-
 QJsonObject toJson(const HostMemory::Values& values);
 
 /// Reads \a object over \a values: a parameter that it does not name keeps its value. Names of no
-/// parameter are ignored, so that files of a later version can be read. A value that is no text, or
-/// no text of its parameter, is an error.
-Content fromJson(const QJsonObject& object, const HostMemory::Values& values);
+/// parameter are ignored, so that files of a later version can be read. A value that is not text,
+/// or not a text of its parameter, is an error.
+Result<HostMemory::Values> fromJson(const QJsonObject& object, const HostMemory::Values& values);
 
 /// For the clipboard: the object as text and under a type of its own.
 std::unique_ptr<QMimeData> toMime(const HostMemory::Values& values);

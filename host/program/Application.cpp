@@ -21,9 +21,6 @@
 
 namespace {
 
-// For an error that is a sentence, and empty where there is none.
-Status statusOf(const QString& error) { return error.isEmpty() ? Status() : Status(Error{error}); }
-
 QByteArray listLine(std::size_t index, int value)
 {
     const Parameter& parameter = parameterTable[index];
@@ -125,7 +122,7 @@ Status Application::runHeadless()
 {
     MixerSession mixerSession(m_mixer);
     if (!m_commandLine.session.isEmpty()) {
-        const Status read = statusOf(mixerSession.read(m_commandLine.session));
+        const Status read = mixerSession.read(m_commandLine.session);
         if (!read.isOk())
             return read;
     }
@@ -166,7 +163,7 @@ int Application::runWindows()
     MixerSession session(m_mixer, report);
     session.setAsker([&](const QString& text) { return endsUnsaved(mixerWindow, text); });
     const Status settings = m_mixer.settings.open(SettingsFile::standardFile());
-    const Status restored = statusOf(session.open(sessionFile()));
+    const Status restored = session.open(sessionFile());
     chooseChannel();
     mixerWindow.show();
     warn(mixerWindow, settings);

@@ -5,6 +5,7 @@
 #include "host/program/OptionTable.h"
 
 #include <QCommandLineParser>
+#include <QTextBoundaryFinder>
 
 #include <algorithm>
 
@@ -63,16 +64,15 @@ Status checkRender(const CommandLine& line, bool channelGiven)
                                      "OUT.")};
     if (!AudioFormat::canWrite(render.output))
         return Error{CommandLine::tr("The name of the file to render must end in .wav, .flac or "
-                                     ".ogg, unlike \"%1\".")
+                                     ".ogg; \"%1\" does not.")
                          .arg(render.output)};
     if (render.forceFloat && !render.output.endsWith(QLatin1String(".wav"), Qt::CaseInsensitive))
         return Error{CommandLine::tr("--float can only be used for a file whose name ends in "
-                                     ".wav, unlike \"%1\".")
+                                     ".wav; \"%1\" does not.")
                          .arg(render.output)};
     if (channelGiven && line.session.isEmpty())
-        return Error{CommandLine::tr("--render can only be combined with --channel where --session "
-                                     "is given, too: every channel of the file gets the same "
-                                     "settings.")};
+        return Error{CommandLine::tr("--render with --channel also needs --session; without one, "
+                                     "all channels have the same settings.")};
     return Status();
 }
 
@@ -82,7 +82,7 @@ Status readFurther(const QCommandLineParser& parser, CommandLine* line)
     if (line->renders() && !further.isEmpty())
         line->render.output = further.takeFirst();
     if (!further.isEmpty())
-        return Error{CommandLine::tr("Unknown option '%1'.").arg(further.constFirst())};
+        return Error{CommandLine::tr("Unknown option \"%1\".").arg(further.constFirst())};
     return line->renders() ? checkRender(*line, parser.isSet(QStringLiteral("channel"))) : Status();
 }
 
@@ -101,20 +101,51 @@ Status readOptions(const QCommandLineParser& parser, CommandLine* line)
     return first(values, combinations);
 }
 
-// Words into lines that fit into the help's second column.
+// Takes two columns of a terminal.
+bool isWide(QChar letter)
+{
+    const char16_t code = letter.unicode();
+    return (code >= 0x2e80 && code <= 0xd7a3) || (code >= 0xf900 && code <= 0xfaff) ||
+           (code >= 0xfe30 && code <= 0xfe6f) || (code >= 0xff00 && code <= 0xff60);
+}
+
+qsizetype columnsOf(const QString& text)
+{
+    return text.size() + std::count_if(text.begin(), text.end(), isWide);
+}
+
+// What stays together in a line: words with the space behind them, and single wide letters with
+// the punctuation that must not be parted from them.
+QStringList piecesOf(const QString& text)
+{
+    QStringList pieces;
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Line, text);
+    qsizetype start = 0;
+    for (qsizetype end = 1; end <= text.size(); ++end) {
+        finder.setPosition(end);
+        const QChar before = text[end - 1];
+        const bool isBreak = before.isSpace() || (isWide(before) && finder.isAtBoundary());
+        if (!isBreak && end < text.size())
+            continue;
+        pieces << text.mid(start, end - start);
+        start = end;
+    }
+    return pieces;
+}
+
+// Text in lines that fit into the help's second column.
 QString wrapped(const QString& text)
 {
-    const QString margin = QLatin1Char('\n') + QString(helpColumn, QLatin1Char(' '));
     QString lines;
-    qsizetype column = helpColumn;
-    for (const QString& word : text.split(QLatin1Char(' '))) {
-        const bool fits = column + 1 + word.size() <= helpWidth;
-        if (!lines.isEmpty())
-            lines += fits ? QStringLiteral(" ") : margin;
-        column = (fits ? column + 1 : helpColumn) + word.size();
-        lines += word;
+    QString line;
+    for (const QString& piece : piecesOf(text)) {
+        if (!line.isEmpty() && helpColumn + columnsOf((line + piece).trimmed()) > helpWidth) {
+            lines += line.trimmed() + QLatin1Char('\n') + QString(helpColumn, QLatin1Char(' '));
+            line.clear();
+        }
+        line += piece;
     }
-    return lines;
+    return lines + line;
 }
 
 QString helpLine(const Option& option)
@@ -153,6 +184,14 @@ Result<CommandLine> CommandLineParser::parse(const QStringList& arguments)
     if (!status.isOk() && !line.help)
         return Error{status.error()};
     return line;
+}
+
+Language CommandLineParser::languageIn(const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    addOptions(&parser);
+    static_cast<void>(parser.parse(arguments)); // the rest of them does not matter here
+    return languageOf(parser.value(QStringLiteral("language"))).value_or(Language::English);
 }
 
 QString CommandLineParser::helpText()

@@ -18,6 +18,10 @@ Result<QStringList> decode(int argc, const char* const argv[]);
 /// \a arguments begin with the program's name. Where help is asked for, nothing else counts.
 Result<CommandLine> parse(const QStringList& arguments);
 
+/// The language that \a arguments name, even where others of them are wrong: parsing again with its
+/// translators gives the error in that language. English where they name none.
+Language languageIn(const QStringList& arguments);
+
 /// What "--help" prints. In English, it is the source of the manual page and of the completion.
 QString helpText();
 

@@ -166,8 +166,9 @@ OptionGroup generalOptions()
           setSampleRate},
          {"session", "FILE",
           QT_TRANSLATE_NOOP("CommandLine", "the session to restore and to save at the end "
-                                           "(default: in windows, the one in the user's data; "
-                                           "without a window, none, and it is only read)"),
+                                           "(default: with a window, the one in the user's data; "
+                                           "without one, none; without a window a session is only "
+                                           "read)"),
           setSession},
          {"state", "FILE",
           QT_TRANSLATE_NOOP("CommandLine", "load the channel's settings: a state of 116 bytes or "
@@ -197,7 +198,7 @@ OptionGroup generalOptions()
                                            "equalizer"),
           setAudio,
           {"live", "list", "save-state", "screenshot", "render", "devices"}},
-         {"loop", "", QT_TRANSLATE_NOOP("CommandLine", "repeat it"), setLoop, {}, {"audio"}},
+         {"loop", "", QT_TRANSLATE_NOOP("CommandLine", "repeat the file"), setLoop, {}, {"audio"}},
          {"live",
           "",
           QT_TRANSLATE_NOOP("CommandLine", "play the sound device's inputs instead"),
@@ -219,8 +220,8 @@ OptionGroup generalOptions()
           {"audio", "live"}},
          {"block",
           "FRAMES",
-          QT_TRANSLATE_NOOP("CommandLine", "the device's block, 16 to 8192 (default: device "
-                                           "default)"),
+          QT_TRANSLATE_NOOP("CommandLine", "the device's block size, 16 to 8192 (default: the "
+                                           "device's own)"),
           setBlock,
           {},
           {"audio", "live"}}}};
@@ -229,9 +230,9 @@ OptionGroup generalOptions()
 OptionGroup editorCommands()
 {
     return {QT_TRANSLATE_NOOP("CommandLine",
-                              "These do their work without a window and end, in this "
-                              "order:"),
-            {{"help", "", QT_TRANSLATE_NOOP("CommandLine", "show this"), setHelp},
+                              "These are carried out in this order, without a window; then "
+                              "the program ends:"),
+            {{"help", "", QT_TRANSLATE_NOOP("CommandLine", "show this help"), setHelp},
              {"list", "",
               QT_TRANSLATE_NOOP("CommandLine", "print the channel's parameters: name, id, minimum, "
                                                "maximum, default, raw value and text, separated by "
@@ -264,8 +265,8 @@ OptionGroup soundCommands()
            "scale", "mono"}},
          {"float",
           "",
-          QT_TRANSLATE_NOOP("CommandLine", "write 32-bit floats into a .wav file, whatever IN "
-                                           "has"),
+          QT_TRANSLATE_NOOP("CommandLine", "write 32-bit floats into a .wav file, whatever the "
+                                           "format of IN"),
           setFloat,
           {},
           {"render"}}}};

@@ -16,8 +16,8 @@ void warnAbout(const AudioReader::Damage& damage, const QString& file)
 {
     if (damage.count == 0)
         return;
-    printError(CommandLine::tr("Warning: %1 samples of %2 are NaN or larger than %3 and count "
-                               "as 0; the first is in frame %4 of channel %5.")
+    printError(CommandLine::tr("Warning: Samples in %2 that are NaN or larger than %3 and count "
+                               "as 0: %1; the first is in frame %4 of channel %5.")
                    .arg(QString::number(damage.count), file,
                         QString::number(ChannelProcessor::loudest), QString::number(damage.frame),
                         QString::number(damage.channel)));
@@ -26,8 +26,8 @@ void warnAbout(const AudioReader::Damage& damage, const QString& file)
 void warnAboutClipping(std::int64_t clipped, const QString& file)
 {
     if (clipped > 0)
-        printError(CommandLine::tr("Warning: %1 samples of %2 are clipped; a lower output level or "
-                                   "--float avoids that.")
+        printError(CommandLine::tr("Warning: Clipped samples in %2: %1; a lower output level or "
+                                   "--float avoids clipping.")
                        .arg(QString::number(clipped), file));
 }
 

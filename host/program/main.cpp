@@ -12,10 +12,40 @@
 
 namespace {
 
+// The application object that translators need.
+class TranslatedApplication
+{
+public:
+    TranslatedApplication(Language language, int* argc, char* argv[])
+        : m_application(*argc, argv)
+    {
+        m_language.choose(language);
+    }
+
+private:
+    QCoreApplication m_application;
+    LanguageSwitch m_language;
+};
+
 int usageError(const QString& sentence)
 {
     printError(sentence);
     return ExitUsage;
+}
+
+int argumentError(const QStringList& arguments, int* argc, char* argv[])
+{
+    const TranslatedApplication application(CommandLineParser::languageIn(arguments), argc, argv);
+    return usageError(CommandLineParser::parse(arguments).error());
+}
+
+int displayError(const CommandLine& commandLine, int* argc, char* argv[])
+{
+    const TranslatedApplication application(commandLine.language, argc, argv);
+    return usageError(CommandLine::tr(
+        "There is no display to open a window on (DISPLAY and WAYLAND_DISPLAY are not set). "
+        "Without one, use --list, --save-state FILE, --screenshot FILE.png, --render IN OUT or "
+        "--help."));
 }
 
 int helpCommand()
@@ -36,9 +66,7 @@ int devicesCommand()
 // What needs neither a display nor the editor.
 int runCommand(const CommandLine& commandLine, int* argc, char* argv[])
 {
-    const QCoreApplication application(*argc, argv);
-    LanguageSwitch language;
-    language.choose(commandLine.language);
+    const TranslatedApplication application(commandLine.language, argc, argv);
     if (commandLine.help)
         return helpCommand();
     return commandLine.devices ? devicesCommand() : renderCommand(commandLine);
@@ -49,10 +77,7 @@ int runEditor(const CommandLine& commandLine, int* argc, char* argv[])
     if (commandLine.headless())
         chooseNoDisplay();
     if (!canShowWindows())
-        return usageError(CommandLine::tr(
-            "There is no display to open a window on (DISPLAY and WAYLAND_DISPLAY are not set). "
-            "Without one, use --list, --save-state FILE, --screenshot FILE.png, --render IN OUT or "
-            "--help."));
+        return displayError(commandLine, argc, argv);
     const QString folder = programFolder();
     chooseFonts(folder);
     const QApplication application(*argc, argv);
@@ -66,11 +91,11 @@ int main(int argc, char* argv[])
     const Result<QStringList> arguments = CommandLineParser::decode(argc, argv);
     if (!arguments.isOk())
         return usageError(arguments.error());
+    int applicationArgc = 1;
     const Result<CommandLine> parsed = CommandLineParser::parse(arguments.value());
     if (!parsed.isOk())
-        return usageError(parsed.error());
+        return argumentError(arguments.value(), &applicationArgc, argv);
     const CommandLine& commandLine = parsed.value();
-    int applicationArgc = 1;
     const bool alone = commandLine.help || commandLine.devices || commandLine.renders();
     return alone ? runCommand(commandLine, &applicationArgc, argv)
                  : runEditor(commandLine, &applicationArgc, argv);

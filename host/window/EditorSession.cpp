@@ -94,7 +94,7 @@ Status EditorSession::loadState(const QString& file)
     if (m_editor->getVstComponent()->setState(&stream) == Steinberg::kResultOk)
         return {};
     m_mixer.memory.write(m_settings.channel, before);
-    return Error{tr("The plug-in did not accept the state of %1.").arg(file)};
+    return Error{tr("The plug-in did not accept the state in %1.").arg(file)};
 }
 
 Status EditorSession::saveState(const QString& file) const

@@ -123,7 +123,7 @@ void EditorWindow::buildEditMenu(QMenu* menu)
     const int channel = settings().channel;
     const EditMenu::Texts texts{[] { return tr("&Copy Settings"); },
                                 [] { return tr("&Paste Settings"); },
-                                [] { return tr("&Reset to Defaults"); }};
+                                [] { return tr("Reset to &Defaults"); }};
     const auto* edit = new EditMenu(
         menu, m_mixer.mixerModel, [channel] { return channel; }, texts, m_texts);
     connect(edit, &EditMenu::finished, this, &EditorWindow::showMessage);

@@ -22,20 +22,20 @@ MixerSession::MixerSession(Mixer& mixer, Reporter reporter, int saveDelay)
     connect(&m_timer, &QTimer::timeout, this, &MixerSession::save);
 }
 
-QString MixerSession::open(const QString& file)
+Status MixerSession::open(const QString& file)
 {
     const Status opened = m_file.open(file, &m_data);
     restore();
-    return opened.error();
+    return opened;
 }
 
-QString MixerSession::read(const QString& file)
+Status MixerSession::read(const QString& file)
 {
     Result<SessionData> data = SessionFile::read(file);
     if (data.isOk())
         m_data = std::move(data.value());
     restore();
-    return data.error();
+    return data.status();
 }
 
 bool MixerSession::restoreWindows(MixerWindow& window)
@@ -63,10 +63,10 @@ bool MixerSession::restoreWindows(MixerWindow& window)
 
 bool MixerSession::save()
 {
-    const QString error = write();
-    if (!error.isEmpty() && m_reporter)
-        m_reporter(error);
-    return error.isEmpty();
+    const Status written = write();
+    if (!written.isOk() && m_reporter)
+        m_reporter(written.error());
+    return written.isOk();
 }
 
 bool MixerSession::eventFilter(QObject* watched, QEvent* event)
@@ -91,13 +91,13 @@ void MixerSession::saveLater()
         m_timer.start();
 }
 
-QString MixerSession::write()
+Status MixerSession::write()
 {
     m_timer.stop();
     collectWindows();
     for (int ch = 0; ch < channelCount; ++ch)
         collect(ch);
-    return m_file.save(m_data).error();
+    return m_file.save(m_data);
 }
 
 bool MixerSession::saveAtEnd()
@@ -105,8 +105,8 @@ bool MixerSession::saveAtEnd()
     const Asker asker = m_asker; // may be replaced while it asks
     if (!asker)
         save();
-    const QString error = asker ? write() : QString();
-    return error.isEmpty() || asker(error);
+    const Status written = asker ? write() : Status();
+    return written.isOk() || asker(written.error());
 }
 
 // The program is ending, of which the last window already told where it was it that closed.

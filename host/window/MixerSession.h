@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/files/SessionFile.h"
+#include "hosting/Result.h"
 
 #include <QObject>
 #include <QTimer>
@@ -32,11 +33,10 @@ public:
     /// without losing something; without an asker, they close.
     void setAsker(Asker asker) { m_asker = std::move(asker); }
 
-    /// Reads \a file into the mixer's memory, names, A and B settings and settings maps. Returns
-    /// nothing, or what went wrong as a sentence.
-    QString open(const QString& file);
+    /// Reads \a file into the mixer's memory, names, A and B settings and settings maps.
+    Status open(const QString& file);
     /// The same, but leaves \a file alone whatever is wrong with it and never saves. It must exist.
-    QString read(const QString& file);
+    Status read(const QString& file);
     /// Whether another program has the session open, so that nothing is saved.
     bool isTaken() const { return m_file.isTaken(); }
     /// Saves it nevertheless from now on.
@@ -55,7 +55,7 @@ protected:
 
 private:
     void saveLater();
-    QString write();
+    Status write();
     bool saveAtEnd();
     void end();
     bool staysOpen();

@@ -192,9 +192,9 @@ QString ParameterListModel::errorOf(const QString& typed, const Parameter& param
 {
     const QStringList values = valueTexts(parameter);
     const QString title = titleOf(parameter);
-    return isChoice(parameter) ? tr("\"%1\" is not a value of %2: type %3 or %4.")
+    return isChoice(parameter) ? tr("\"%1\" is not a value of %2: enter %3 or %4.")
                                      .arg(typed, title, allButLast(values), values.last())
-                               : tr("\"%1\" is not a value of %2: type a value from %3 to %4.")
+                               : tr("\"%1\" is not a value of %2: enter a value from %3 to %4.")
                                      .arg(typed, title, values.first(), values.last());
 }
 

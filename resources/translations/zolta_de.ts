@@ -119,7 +119,7 @@
         <translation>Zustand &amp;speichern ...</translation>
     </message>
     <message>
-        <source>&amp;Reset to Defaults</source>
+        <source>Reset to &amp;Defaults</source>
         <translation>Auf &amp;Vorgaben zurücksetzen</translation>
     </message>
     <message>
@@ -463,11 +463,11 @@
         <translation>%1 oder %2</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is not a value of %2: type %3 or %4.</source>
+        <source>&quot;%1&quot; is not a value of %2: enter %3 or %4.</source>
         <translation>&quot;%1&quot; ist kein Wert für &quot;%2&quot;: möglich ist %3 oder %4.</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is not a value of %2: type a value from %3 to %4.</source>
+        <source>&quot;%1&quot; is not a value of %2: enter a value from %3 to %4.</source>
         <translation>&quot;%1&quot; ist kein Wert für &quot;%2&quot;: möglich ist ein Wert von %3 bis %4.</translation>
     </message>
 </context>
@@ -688,24 +688,20 @@
 <context>
     <name>ChannelText</name>
     <message>
-        <source>the value of &quot;%1&quot; must be text</source>
-        <translation>der Wert von &quot;%1&quot; muss ein Text sein</translation>
+        <source>The value of &quot;%1&quot; must be text.</source>
+        <translation>Der Wert von &quot;%1&quot; muss ein Text sein.</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is not a value of &quot;%2&quot;</source>
-        <translation>&quot;%1&quot; ist kein Wert für &quot;%2&quot;</translation>
+        <source>&quot;%1&quot; is not a value of &quot;%2&quot;.</source>
+        <translation>&quot;%1&quot; ist kein Wert für &quot;%2&quot;.</translation>
     </message>
     <message>
-        <source>Cannot paste: the clipboard holds no equalizer settings.</source>
-        <translation>Einfügen nicht möglich: Die Zwischenablage enthält keine Equalizer-Einstellungen.</translation>
+        <source>Cannot paste. The clipboard holds no equalizer settings.</source>
+        <translation>Einfügen nicht möglich. Die Zwischenablage enthält keine Equalizer-Einstellungen.</translation>
     </message>
     <message>
-        <source>Cannot paste: the value of &quot;%1&quot; must be text.</source>
-        <translation>Einfügen nicht möglich: Der Wert von &quot;%1&quot; muss ein Text sein.</translation>
-    </message>
-    <message>
-        <source>Cannot paste: &quot;%1&quot; is not a value of &quot;%2&quot;.</source>
-        <translation>Einfügen nicht möglich: &quot;%1&quot; ist kein Wert für &quot;%2&quot;.</translation>
+        <source>Cannot paste. %1</source>
+        <translation>Einfügen nicht möglich. %1</translation>
     </message>
 </context>
 <context>
@@ -737,7 +733,7 @@
         <translation>%1 laden</translation>
     </message>
     <message>
-        <source>The plug-in did not accept the state of %1.</source>
+        <source>The plug-in did not accept the state in %1.</source>
         <translation>Das Plug-in hat den Zustand aus %1 nicht angenommen.</translation>
     </message>
     <message>
@@ -1005,7 +1001,7 @@
         <translation>Der Name eines Presets darf nicht mit einem Punkt beginnen und keines dieser Zeichen enthalten: %1</translation>
     </message>
     <message>
-        <source>The presets' folder %1 cannot be made. Check whether its parent folder can be written.</source>
+        <source>The presets' folder %1 cannot be created. Check whether its parent folder can be written.</source>
         <translation>Der Ordner %1 für die Presets lässt sich nicht anlegen. Ist der übergeordnete Ordner beschreibbar?</translation>
     </message>
 </context>
@@ -1074,7 +1070,7 @@
         <translation>Die Sitzung %1 ist beschädigt. %2</translation>
     </message>
     <message>
-        <source>It is not valid JSON: %1 at byte %2.</source>
+        <source>The file is not valid JSON: %1 at byte %2.</source>
         <translation>Die Datei ist kein gültiges JSON: %1 bei Byte %2.</translation>
     </message>
     <message>
@@ -1086,12 +1082,12 @@
         <translation>Die Sitzung %1 lässt sich nicht lesen, weil sie keine gewöhnliche Datei ist.</translation>
     </message>
     <message>
-        <source>It is too long.</source>
+        <source>The file is too long.</source>
         <translation>Die Datei ist zu lang.</translation>
     </message>
     <message>
-        <source>%1 It is left alone, and nothing will be saved.</source>
-        <translation>%1 Die Datei bleibt, wie sie ist, und nichts wird gesichert.</translation>
+        <source>The file is left alone, and nothing will be saved.</source>
+        <translation>Die Datei bleibt, wie sie ist, und nichts wird gesichert.</translation>
     </message>
     <message>
         <source>Another program has the session %1 open, as its lock file %2 says. Changes made here will not be saved.</source>
@@ -1102,12 +1098,16 @@
         <translation>Die Sitzung lässt sich nicht sichern. %1</translation>
     </message>
     <message>
-        <source>%1 It cannot be renamed, so it is left alone, and nothing will be saved.</source>
-        <translation>%1 Die Datei lässt sich nicht umbenennen; sie bleibt deshalb, wie sie ist, und nichts wird gesichert.</translation>
+        <source>The file cannot be renamed, so it is left alone, and nothing will be saved.</source>
+        <translation>Die Datei lässt sich nicht umbenennen; sie bleibt deshalb, wie sie ist, und nichts wird gesichert.</translation>
     </message>
     <message>
-        <source>%1 It is not used, and the file is kept as %2.</source>
-        <translation>%1 Die Sitzung wird nicht verwendet, und die Datei bleibt als %2 erhalten.</translation>
+        <source>The session is not used, and the file is kept as %1.</source>
+        <translation>Die Sitzung wird nicht verwendet, und die Datei bleibt als %1 erhalten.</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1 %2</translation>
     </message>
 </context>
 <context>
@@ -1117,24 +1117,24 @@
         <translation>&quot;%1&quot; ist kein Kanal mit Einstellungen.</translation>
     </message>
     <message>
-        <source>It is not a settings file of version %1.</source>
+        <source>The file is not a settings file of version %1.</source>
         <translation>Die Datei ist keine Einstellungsdatei der Version %1.</translation>
     </message>
     <message>
-        <source>It has no channels.</source>
+        <source>The file has no channels.</source>
         <translation>Die Datei enthält keine Kanäle.</translation>
     </message>
     <message>
-        <source>It is too long.</source>
+        <source>The file is too long.</source>
         <translation>Die Datei ist zu lang.</translation>
     </message>
     <message>
-        <source>It is not valid JSON: %1 at byte %2.</source>
+        <source>The file is not valid JSON: %1 at byte %2.</source>
         <translation>Die Datei ist kein gültiges JSON: %1 bei Byte %2.</translation>
     </message>
     <message>
-        <source>The editors' settings in %1 cannot be read because it is not a regular file. No settings will be saved.</source>
-        <translation>Die Einstellungen der Editoren in %1 lassen sich nicht lesen, weil das keine gewöhnliche Datei ist. Es werden keine Einstellungen gesichert.</translation>
+        <source>The editors' settings in %1 cannot be read because %1 is not a regular file. No settings will be saved.</source>
+        <translation>Die Einstellungen der Editoren in %1 lassen sich nicht lesen, weil %1 keine gewöhnliche Datei ist. Es werden keine Einstellungen gesichert.</translation>
     </message>
     <message>
         <source>The editors' settings in %1 cannot be read: %2. No settings will be saved.</source>
@@ -1226,28 +1226,28 @@
         <translation>Die Audiodatei %1 lässt sich nicht lesen: Sie ist ein Ordner.</translation>
     </message>
     <message>
-        <source>The sound file %1 cannot be read: it is no ordinary file.</source>
+        <source>The sound file %1 cannot be read: it is not a regular file.</source>
         <translation>Die Audiodatei %1 lässt sich nicht lesen: Sie ist keine gewöhnliche Datei.</translation>
     </message>
     <message>
-        <source>The sound file %1 cannot be read: it is longer than its header can say.</source>
+        <source>The sound file %1 cannot be read: it is longer than its header can state.</source>
         <translation>Die Audiodatei %1 lässt sich nicht lesen: Sie ist länger, als ihr Header angeben kann.</translation>
     </message>
     <message>
-        <source>The sound file %1 cannot be read: it is cut short: its header promises %2 bytes of samples, it holds %3.</source>
-        <translation>Die Audiodatei %1 lässt sich nicht lesen: Sie ist abgeschnitten und enthält statt der im Header angegebenen %2 nur %3 Bytes an Samples.</translation>
+        <source>The sound file %1 cannot be read. It is cut short: its header promises %2 bytes of samples, but it holds %3.</source>
+        <translation>Die Audiodatei %1 lässt sich nicht lesen. Sie ist abgeschnitten: Ihr Header gibt %2 Bytes an Samples an, sie enthält aber %3.</translation>
     </message>
     <message>
         <source>The file %1 is not a sound file that can be read.</source>
         <translation>Die Datei %1 ist keine lesbare Audiodatei.</translation>
     </message>
     <message>
-        <source>The sound file %1 cannot be read: it is cut short: its last page is missing.</source>
-        <translation>Die Audiodatei %1 lässt sich nicht lesen: Sie ist abgeschnitten, ihre letzte Seite fehlt.</translation>
+        <source>The sound file %1 cannot be read. It is cut short: its last page is missing.</source>
+        <translation>Die Audiodatei %1 lässt sich nicht lesen. Sie ist abgeschnitten: Ihre letzte Seite fehlt.</translation>
     </message>
     <message>
-        <source>The sound file %1 cannot be read: it is cut short: it ends after %2 of %3 frames.</source>
-        <translation>Die Audiodatei %1 lässt sich nicht lesen: Sie ist abgeschnitten und endet nach %2 von %3 Frames.</translation>
+        <source>The sound file %1 cannot be read. It is cut short: it ends after %2 of %3 frames.</source>
+        <translation>Die Audiodatei %1 lässt sich nicht lesen. Sie ist abgeschnitten: Sie endet nach %2 von %3 Frames.</translation>
     </message>
     <message>
         <source>The sound file %1 cannot be read: it is damaged.</source>
@@ -1269,8 +1269,8 @@
 <context>
     <name>AudioRenderer</name>
     <message>
-        <source>The sound file %1 cannot be written: it is the one to be read.</source>
-        <translation>Die Audiodatei %1 lässt sich nicht schreiben: Aus ihr soll gelesen werden.</translation>
+        <source>The sound file %1 cannot be written: it is also the input file.</source>
+        <translation>Die Audiodatei %1 lässt sich nicht schreiben: Sie ist auch die Eingabedatei.</translation>
     </message>
 </context>
 <context>
@@ -1291,7 +1291,7 @@
         <translation>Die Audiodatei %1 lässt sich nicht schreiben: Sie ist ein Ordner.</translation>
     </message>
     <message>
-        <source>The sound file %1 cannot be written: it is no ordinary file.</source>
+        <source>The sound file %1 cannot be written: it is not a regular file.</source>
         <translation>Die Audiodatei %1 lässt sich nicht schreiben: Sie ist keine gewöhnliche Datei.</translation>
     </message>
     <message>
@@ -1326,19 +1326,19 @@
         <translation>Auf --render müssen die Namen zweier Dateien folgen, IN und OUT.</translation>
     </message>
     <message>
-        <source>The name of the file to render must end in .wav, .flac or .ogg, unlike &quot;%1&quot;.</source>
-        <translation>Der Name der Ausgabedatei muss auf .wav, .flac oder .ogg enden, anders als &quot;%1&quot;.</translation>
+        <source>The name of the file to render must end in .wav, .flac or .ogg; &quot;%1&quot; does not.</source>
+        <translation>Der Name der Ausgabedatei muss auf .wav, .flac oder .ogg enden; &quot;%1&quot; tut das nicht.</translation>
     </message>
     <message>
-        <source>--float can only be used for a file whose name ends in .wav, unlike &quot;%1&quot;.</source>
-        <translation>--float geht nur für eine Datei, deren Name auf .wav endet, anders als &quot;%1&quot;.</translation>
+        <source>--float can only be used for a file whose name ends in .wav; &quot;%1&quot; does not.</source>
+        <translation>--float geht nur für eine Datei, deren Name auf .wav endet; &quot;%1&quot; tut das nicht.</translation>
     </message>
     <message>
-        <source>--render can only be combined with --channel where --session is given, too: every channel of the file gets the same settings.</source>
-        <translation>--render lässt sich mit --channel nur kombinieren, wenn auch --session angegeben ist: Jeder Kanal der Datei bekommt dieselben Einstellungen.</translation>
+        <source>--render with --channel also needs --session; without one, all channels have the same settings.</source>
+        <translation>--render mit --channel braucht auch --session; ohne Sitzung haben alle Kanäle dieselben Einstellungen.</translation>
     </message>
     <message>
-        <source>Unknown option '%1'.</source>
+        <source>Unknown option &quot;%1&quot;.</source>
         <translation>Unbekannte Option &quot;%1&quot;.</translation>
     </message>
     <message>
@@ -1388,8 +1388,8 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
         <translation>Abtastrate der Kurve, 1000 bis 768000 (Vorgabe: 48000)</translation>
     </message>
     <message>
-        <source>the session to restore and to save at the end (default: in windows, the one in the user's data; without a window, none, and it is only read)</source>
-        <translation>die Sitzung, die geladen und am Ende gesichert wird (Vorgabe: mit Fenstern die in den Benutzerdaten, ohne Fenster keine; ohne Fenster wird sie nur gelesen)</translation>
+        <source>the session to restore and to save at the end (default: with a window, the one in the user's data; without one, none; without a window a session is only read)</source>
+        <translation>die Sitzung, die geladen und am Ende gesichert wird (Vorgabe: mit Fenster die in den Benutzerdaten, ohne Fenster keine; ohne Fenster wird eine Sitzung nur gelesen)</translation>
     </message>
     <message>
         <source>load the channel's settings: a state of 116 bytes or a .vstpreset</source>
@@ -1412,8 +1412,8 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
         <translation>eine WAV-, FLAC- oder OGG-Datei durch den Equalizer des Kanals abspielen</translation>
     </message>
     <message>
-        <source>repeat it</source>
-        <translation>die Wiedergabe wiederholen</translation>
+        <source>repeat the file</source>
+        <translation>die Datei wiederholen</translation>
     </message>
     <message>
         <source>play the sound device's inputs instead</source>
@@ -1428,15 +1428,15 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
         <translation>Abtastrate des Geräts (Vorgabe: die der Datei, wenn das Gerät sie hat)</translation>
     </message>
     <message>
-        <source>the device's block, 16 to 8192 (default: device default)</source>
+        <source>the device's block size, 16 to 8192 (default: the device's own)</source>
         <translation>Blockgröße des Geräts, 16 bis 8192 (Vorgabe: die des Geräts)</translation>
     </message>
     <message>
-        <source>These do their work without a window and end, in this order:</source>
-        <translation>Diese Optionen arbeiten ohne Fenster in dieser Reihenfolge, danach endet das Programm:</translation>
+        <source>These are carried out in this order, without a window; then the program ends:</source>
+        <translation>Diese werden ohne Fenster in dieser Reihenfolge ausgeführt; dann endet das Programm:</translation>
     </message>
     <message>
-        <source>show this</source>
+        <source>show this help</source>
         <translation>diese Hilfe zeigen</translation>
     </message>
     <message>
@@ -1464,8 +1464,8 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
         <translation>eine WAV-, FLAC- oder OGG-Datei durch den Equalizer des Kanals in eine neue schicken, deren Name auf .wav, .flac oder .ogg endet; es gelten die Einstellungen von --channel in --session, dann --state, dann --set</translation>
     </message>
     <message>
-        <source>write 32-bit floats into a .wav file, whatever IN has</source>
-        <translation>32-Bit-Gleitkommawerte in eine .wav-Datei schreiben, gleich was IN enthält</translation>
+        <source>write 32-bit floats into a .wav file, whatever the format of IN</source>
+        <translation>32-Bit-Gleitkommawerte in eine .wav-Datei schreiben, gleich welches Format IN hat</translation>
     </message>
     <message>
         <source>--%1 must be one of these: %2. It cannot be &quot;%3&quot;.</source>
@@ -1500,12 +1500,12 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
         <translation>--set: Es gibt keinen Parameter &quot;%1&quot;. --list zeigt alle.</translation>
     </message>
     <message>
-        <source>Warning: %1 samples of %2 are NaN or larger than %3 and count as 0; the first is in frame %4 of channel %5.</source>
-        <translation>Warnung: %1 Samples von %2 sind NaN oder größer als %3 und zählen als 0; das erste steht in Frame %4 von Kanal %5.</translation>
+        <source>Warning: Samples in %2 that are NaN or larger than %3 and count as 0: %1; the first is in frame %4 of channel %5.</source>
+        <translation>Warnung: Samples in %2, die NaN oder größer als %3 sind und als 0 zählen: %1; das erste steht in Frame %4 von Kanal %5.</translation>
     </message>
     <message>
-        <source>Warning: %1 samples of %2 are clipped; a lower output level or --float avoids that.</source>
-        <translation>Warnung: %1 Samples von %2 sind übersteuert; ein niedrigerer Ausgangspegel oder --float vermeidet das.</translation>
+        <source>Warning: Clipped samples in %2: %1; a lower output level or --float avoids clipping.</source>
+        <translation>Warnung: Übersteuerte Samples in %2: %1; ein niedrigerer Ausgangspegel oder --float vermeidet das Übersteuern.</translation>
     </message>
 </context>
 <context>
@@ -1534,7 +1534,7 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
         <translation>Das Plug-in %1 lässt sich nicht laden: %2.</translation>
     </message>
     <message>
-        <source>The plug-in %1 makes no channel effect.</source>
+        <source>The plug-in %1 does not provide a channel effect.</source>
         <translation>Das Plug-in %1 liefert keinen Kanaleffekt.</translation>
     </message>
     <message>
@@ -1553,7 +1553,7 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
         <translation>Das Plug-in %1 ist ein Ordner und keine Bibliothek.</translation>
     </message>
     <message>
-        <source>The plug-in %1 is not an ordinary file.</source>
+        <source>The plug-in %1 is not a regular file.</source>
         <translation>Das Plug-in %1 ist keine gewöhnliche Datei.</translation>
     </message>
     <message>
@@ -1580,7 +1580,7 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
         <translation>Die Datei %1 lässt sich nicht schreiben: Sie ist ein Ordner.</translation>
     </message>
     <message>
-        <source>The file %1 cannot be written: it is not an ordinary file.</source>
+        <source>The file %1 cannot be written: it is not a regular file.</source>
         <translation>Die Datei %1 lässt sich nicht schreiben: Sie ist keine gewöhnliche Datei.</translation>
     </message>
 </context>
@@ -1603,8 +1603,8 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
         <translation>Das Audiogerät %1 lässt sich nicht verwenden: Weder dieses noch das Standardgerät hat Eingänge.</translation>
     </message>
     <message>
-        <source>The sound device %1 has another block size now; play again to use it.</source>
-        <translation>Das Audiogerät %1 hat jetzt eine andere Blockgröße; die Wiedergabe neu starten, um sie zu übernehmen.</translation>
+        <source>The sound device %1 has another block size now; stop and play again to use the new size.</source>
+        <translation>Das Audiogerät %1 hat jetzt eine andere Blockgröße; die Wiedergabe anhalten und neu starten, um sie zu übernehmen.</translation>
     </message>
     <message>
         <source>The sound device %1 was disconnected.</source>
@@ -1622,8 +1622,8 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
         <translation>%1 ist %2, muss aber zwischen %3 und %4 liegen.</translation>
     </message>
     <message>
-        <source>%1 cannot be read: %2.</source>
-        <translation>%1 lässt sich nicht lesen: %2.</translation>
+        <source>%1 cannot be read. %2</source>
+        <translation>%1 lässt sich nicht lesen. %2</translation>
     </message>
     <message>
         <source>%1 cannot be set to &quot;%2&quot;.</source>
@@ -1658,11 +1658,11 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
         <translation>%1 hat %2 Einträge, aber das Mischpult hat %3 Kanäle.</translation>
     </message>
     <message>
-        <source>It is not a session file.</source>
+        <source>The file is not a session file.</source>
         <translation>Die Datei ist keine Sitzungsdatei.</translation>
     </message>
     <message>
-        <source>It has version %1, which this program does not know.</source>
+        <source>The file has version %1, which this program does not know.</source>
         <translation>Die Datei hat die Version %1, die dieses Programm nicht kennt.</translation>
     </message>
 </context>
@@ -1733,8 +1733,8 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
         <translation>Die Zustandsdatei %1 ist ein Preset, dessen Zustand %2 statt %3 Bytes hat.</translation>
     </message>
     <message>
-        <source>The state file %1 holds %2 for %3 (%4), where values lie between 0 and 1.</source>
-        <translation>Die Zustandsdatei %1 enthält %2 für %3 (%4), wo die Werte zwischen 0 und 1 liegen.</translation>
+        <source>The state file %1 holds %2 for %3 (%4), but values must lie between 0 and 1.</source>
+        <translation>Die Zustandsdatei %1 enthält %2 für %3 (%4), aber Werte müssen zwischen 0 und 1 liegen.</translation>
     </message>
     <message>
         <source>The state file %1 is a folder.</source>

@@ -119,7 +119,7 @@
         <translation>ステートを保存(&amp;S)...</translation>
     </message>
     <message>
-        <source>&amp;Reset to Defaults</source>
+        <source>Reset to &amp;Defaults</source>
         <translation>初期値に戻す(&amp;D)</translation>
     </message>
     <message>
@@ -463,11 +463,11 @@
         <translation>%1 または %2</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is not a value of %2: type %3 or %4.</source>
+        <source>&quot;%1&quot; is not a value of %2: enter %3 or %4.</source>
         <translation>「%1」は%2の値ではありません。%3 または %4 を入力してください。</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is not a value of %2: type a value from %3 to %4.</source>
+        <source>&quot;%1&quot; is not a value of %2: enter a value from %3 to %4.</source>
         <translation>「%1」は%2の値ではありません。%3 から %4 までの値を入力してください。</translation>
     </message>
 </context>
@@ -688,24 +688,20 @@
 <context>
     <name>ChannelText</name>
     <message>
-        <source>the value of &quot;%1&quot; must be text</source>
-        <translation>「%1」の値はテキストでなければなりません</translation>
+        <source>The value of &quot;%1&quot; must be text.</source>
+        <translation>「%1」の値はテキストでなければなりません。</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is not a value of &quot;%2&quot;</source>
-        <translation>「%1」は「%2」の値ではありません</translation>
+        <source>&quot;%1&quot; is not a value of &quot;%2&quot;.</source>
+        <translation>「%1」は「%2」の値ではありません。</translation>
     </message>
     <message>
-        <source>Cannot paste: the clipboard holds no equalizer settings.</source>
+        <source>Cannot paste. The clipboard holds no equalizer settings.</source>
         <translation>貼り付けできません。クリップボードにイコライザーの設定がありません。</translation>
     </message>
     <message>
-        <source>Cannot paste: the value of &quot;%1&quot; must be text.</source>
-        <translation>貼り付けできません。「%1」の値はテキストでなければなりません。</translation>
-    </message>
-    <message>
-        <source>Cannot paste: &quot;%1&quot; is not a value of &quot;%2&quot;.</source>
-        <translation>貼り付けできません。「%1」は「%2」の値ではありません。</translation>
+        <source>Cannot paste. %1</source>
+        <translation>貼り付けできません。%1</translation>
     </message>
 </context>
 <context>
@@ -737,7 +733,7 @@
         <translation>%1 の読み込み</translation>
     </message>
     <message>
-        <source>The plug-in did not accept the state of %1.</source>
+        <source>The plug-in did not accept the state in %1.</source>
         <translation>プラグインが %1 のステートを受け付けませんでした。</translation>
     </message>
     <message>
@@ -1005,7 +1001,7 @@
         <translation>プリセットの名前はピリオドで始められず、次の文字を含められません: %1</translation>
     </message>
     <message>
-        <source>The presets' folder %1 cannot be made. Check whether its parent folder can be written.</source>
+        <source>The presets' folder %1 cannot be created. Check whether its parent folder can be written.</source>
         <translation>プリセットのフォルダー %1 を作成できません。上位のフォルダーに書き込めるか確認してください。</translation>
     </message>
 </context>
@@ -1074,8 +1070,8 @@
         <translation>セッション %1 は壊れています。%2</translation>
     </message>
     <message>
-        <source>It is not valid JSON: %1 at byte %2.</source>
-        <translation>正しい JSON ではありません: %1 (%2 バイト目)。</translation>
+        <source>The file is not valid JSON: %1 at byte %2.</source>
+        <translation>ファイルは正しい JSON ではありません: %1 (%2 バイト目)。</translation>
     </message>
     <message>
         <source>The session %1 cannot be read. %2</source>
@@ -1086,12 +1082,12 @@
         <translation>セッション %1 は通常のファイルではないため読み込めません。</translation>
     </message>
     <message>
-        <source>It is too long.</source>
+        <source>The file is too long.</source>
         <translation>ファイルが長すぎます。</translation>
     </message>
     <message>
-        <source>%1 It is left alone, and nothing will be saved.</source>
-        <translation>%1ファイルはそのまま残し、保存は行いません。</translation>
+        <source>The file is left alone, and nothing will be saved.</source>
+        <translation>ファイルはそのまま残し、保存は行いません。</translation>
     </message>
     <message>
         <source>Another program has the session %1 open, as its lock file %2 says. Changes made here will not be saved.</source>
@@ -1102,12 +1098,16 @@
         <translation>セッションを保存できません。%1</translation>
     </message>
     <message>
-        <source>%1 It cannot be renamed, so it is left alone, and nothing will be saved.</source>
-        <translation>%1ファイル名を変更できないためファイルはそのまま残し、保存は行いません。</translation>
+        <source>The file cannot be renamed, so it is left alone, and nothing will be saved.</source>
+        <translation>ファイル名を変更できないためファイルはそのまま残し、保存は行いません。</translation>
     </message>
     <message>
-        <source>%1 It is not used, and the file is kept as %2.</source>
-        <translation>%1このセッションは使用せず、ファイルは %2 として残します。</translation>
+        <source>The session is not used, and the file is kept as %1.</source>
+        <translation>このセッションは使用せず、ファイルは %1 として残します。</translation>
+    </message>
+    <message>
+        <source>%1 %2</source>
+        <translation>%1%2</translation>
     </message>
 </context>
 <context>
@@ -1117,24 +1117,24 @@
         <translation>「%1」は設定を持つチャンネルではありません。</translation>
     </message>
     <message>
-        <source>It is not a settings file of version %1.</source>
-        <translation>バージョン %1 の設定ファイルではありません。</translation>
+        <source>The file is not a settings file of version %1.</source>
+        <translation>ファイルはバージョン %1 の設定ファイルではありません。</translation>
     </message>
     <message>
-        <source>It has no channels.</source>
+        <source>The file has no channels.</source>
         <translation>ファイルにチャンネルがありません。</translation>
     </message>
     <message>
-        <source>It is too long.</source>
+        <source>The file is too long.</source>
         <translation>ファイルが長すぎます。</translation>
     </message>
     <message>
-        <source>It is not valid JSON: %1 at byte %2.</source>
-        <translation>正しい JSON ではありません: %1 (%2 バイト目)。</translation>
+        <source>The file is not valid JSON: %1 at byte %2.</source>
+        <translation>ファイルは正しい JSON ではありません: %1 (%2 バイト目)。</translation>
     </message>
     <message>
-        <source>The editors' settings in %1 cannot be read because it is not a regular file. No settings will be saved.</source>
-        <translation>エディターの設定 %1 は通常のファイルではないため読み込めません。設定は保存しません。</translation>
+        <source>The editors' settings in %1 cannot be read because %1 is not a regular file. No settings will be saved.</source>
+        <translation>エディターの設定 %1 を読み込めません。%1 は通常のファイルではありません。設定は保存しません。</translation>
     </message>
     <message>
         <source>The editors' settings in %1 cannot be read: %2. No settings will be saved.</source>
@@ -1226,28 +1226,28 @@
         <translation>音声ファイル %1 を読み込めません。フォルダーです。</translation>
     </message>
     <message>
-        <source>The sound file %1 cannot be read: it is no ordinary file.</source>
+        <source>The sound file %1 cannot be read: it is not a regular file.</source>
         <translation>音声ファイル %1 を読み込めません。通常のファイルではありません。</translation>
     </message>
     <message>
-        <source>The sound file %1 cannot be read: it is longer than its header can say.</source>
+        <source>The sound file %1 cannot be read: it is longer than its header can state.</source>
         <translation>音声ファイル %1 を読み込めません。ヘッダーで表せる長さを超えています。</translation>
     </message>
     <message>
-        <source>The sound file %1 cannot be read: it is cut short: its header promises %2 bytes of samples, it holds %3.</source>
-        <translation>音声ファイル %1 を読み込めません。途中で切れています (ヘッダーではサンプルが %2 バイトですが、実際は %3 バイトです)。</translation>
+        <source>The sound file %1 cannot be read. It is cut short: its header promises %2 bytes of samples, but it holds %3.</source>
+        <translation>音声ファイル %1 を読み込めません。途中で切れています。ヘッダーではサンプルが %2 バイトですが、実際は %3 バイトです。</translation>
     </message>
     <message>
         <source>The file %1 is not a sound file that can be read.</source>
         <translation>ファイル %1 は、読み込める音声ファイルではありません。</translation>
     </message>
     <message>
-        <source>The sound file %1 cannot be read: it is cut short: its last page is missing.</source>
+        <source>The sound file %1 cannot be read. It is cut short: its last page is missing.</source>
         <translation>音声ファイル %1 を読み込めません。途中で切れていて、最後のページがありません。</translation>
     </message>
     <message>
-        <source>The sound file %1 cannot be read: it is cut short: it ends after %2 of %3 frames.</source>
-        <translation>音声ファイル %1 を読み込めません。途中で切れています (%3 フレームのうち %2 フレームまで)。</translation>
+        <source>The sound file %1 cannot be read. It is cut short: it ends after %2 of %3 frames.</source>
+        <translation>音声ファイル %1 を読み込めません。途中で切れています。%3 フレームのうち %2 フレームしかありません。</translation>
     </message>
     <message>
         <source>The sound file %1 cannot be read: it is damaged.</source>
@@ -1269,8 +1269,8 @@
 <context>
     <name>AudioRenderer</name>
     <message>
-        <source>The sound file %1 cannot be written: it is the one to be read.</source>
-        <translation>音声ファイル %1 に書き込めません。読み込み元のファイルです。</translation>
+        <source>The sound file %1 cannot be written: it is also the input file.</source>
+        <translation>音声ファイル %1 に書き込めません。入力ファイルと同じファイルです。</translation>
     </message>
 </context>
 <context>
@@ -1291,7 +1291,7 @@
         <translation>音声ファイル %1 に書き込めません。フォルダーです。</translation>
     </message>
     <message>
-        <source>The sound file %1 cannot be written: it is no ordinary file.</source>
+        <source>The sound file %1 cannot be written: it is not a regular file.</source>
         <translation>音声ファイル %1 に書き込めません。通常のファイルではありません。</translation>
     </message>
     <message>
@@ -1326,19 +1326,19 @@
         <translation>--render の後には IN と OUT の 2 つのファイル名を指定してください。</translation>
     </message>
     <message>
-        <source>The name of the file to render must end in .wav, .flac or .ogg, unlike &quot;%1&quot;.</source>
-        <translation>書き出すファイルの名前は「%1」と違い、.wav、.flac、.ogg のいずれかで終わる必要があります。</translation>
+        <source>The name of the file to render must end in .wav, .flac or .ogg; &quot;%1&quot; does not.</source>
+        <translation>書き出すファイルの名前は .wav、.flac、.ogg のいずれかで終わる必要があります。「%1」は使えません。</translation>
     </message>
     <message>
-        <source>--float can only be used for a file whose name ends in .wav, unlike &quot;%1&quot;.</source>
+        <source>--float can only be used for a file whose name ends in .wav; &quot;%1&quot; does not.</source>
         <translation>--float は名前が .wav で終わるファイルにしか使えません。「%1」には使えません。</translation>
     </message>
     <message>
-        <source>--render can only be combined with --channel where --session is given, too: every channel of the file gets the same settings.</source>
-        <translation>--render と --channel を同時に使うには --session も必要です。ファイルのすべてのチャンネルに同じ設定が使われます。</translation>
+        <source>--render with --channel also needs --session; without one, all channels have the same settings.</source>
+        <translation>--render と --channel を同時に使うには --session も必要です。セッションがないと、すべてのチャンネルの設定は同じです。</translation>
     </message>
     <message>
-        <source>Unknown option '%1'.</source>
+        <source>Unknown option &quot;%1&quot;.</source>
         <translation>オプション「%1」はありません。</translation>
     </message>
     <message>
@@ -1388,8 +1388,8 @@ A mixer with 8 channels that opens the channel equalizer's editor.
         <translation>カーブのサンプリング周波数、1000 から 768000 (既定値: 48000)</translation>
     </message>
     <message>
-        <source>the session to restore and to save at the end (default: in windows, the one in the user's data; without a window, none, and it is only read)</source>
-        <translation>復元し、終了時に保存するセッション (既定値: ウィンドウありではユーザーデータのもの、ウィンドウなしではなし。ウィンドウなしでは読み込むだけ)</translation>
+        <source>the session to restore and to save at the end (default: with a window, the one in the user's data; without one, none; without a window a session is only read)</source>
+        <translation>復元し、終了時に保存するセッション (既定値: ウィンドウありではユーザーデータのもの、ウィンドウなしではなし。ウィンドウなしではセッションを読み込むだけ)</translation>
     </message>
     <message>
         <source>load the channel's settings: a state of 116 bytes or a .vstpreset</source>
@@ -1412,8 +1412,8 @@ A mixer with 8 channels that opens the channel equalizer's editor.
         <translation>WAV、FLAC、OGG ファイルをチャンネルのイコライザーを通して再生</translation>
     </message>
     <message>
-        <source>repeat it</source>
-        <translation>再生を繰り返す</translation>
+        <source>repeat the file</source>
+        <translation>ファイルを繰り返し再生</translation>
     </message>
     <message>
         <source>play the sound device's inputs instead</source>
@@ -1428,15 +1428,15 @@ A mixer with 8 channels that opens the channel equalizer's editor.
         <translation>デバイスのサンプリング周波数 (既定値: デバイスが対応していればファイルと同じ)</translation>
     </message>
     <message>
-        <source>the device's block, 16 to 8192 (default: device default)</source>
+        <source>the device's block size, 16 to 8192 (default: the device's own)</source>
         <translation>デバイスのブロックサイズ、16 から 8192 (既定値: デバイスの既定値)</translation>
     </message>
     <message>
-        <source>These do their work without a window and end, in this order:</source>
+        <source>These are carried out in this order, without a window; then the program ends:</source>
         <translation>ウィンドウを開かず次の順に実行して終了するオプション:</translation>
     </message>
     <message>
-        <source>show this</source>
+        <source>show this help</source>
         <translation>このヘルプを表示</translation>
     </message>
     <message>
@@ -1464,7 +1464,7 @@ A mixer with 8 channels that opens the channel equalizer's editor.
         <translation>WAV、FLAC、OGG ファイルをチャンネルのイコライザーに通し、名前が .wav、.flac、.ogg で終わる新しいファイルに書き出す。設定は --session の --channel のもの、次に --state、次に --set の順に適用</translation>
     </message>
     <message>
-        <source>write 32-bit floats into a .wav file, whatever IN has</source>
+        <source>write 32-bit floats into a .wav file, whatever the format of IN</source>
         <translation>IN の形式に関係なく .wav ファイルに 32 ビット浮動小数点で書き出す</translation>
     </message>
     <message>
@@ -1500,12 +1500,12 @@ A mixer with 8 channels that opens the channel equalizer's editor.
         <translation>--set: パラメーター「%1」はありません。--list ですべて表示できます。</translation>
     </message>
     <message>
-        <source>Warning: %1 samples of %2 are NaN or larger than %3 and count as 0; the first is in frame %4 of channel %5.</source>
-        <translation>警告: %2 の %1 個のサンプルは NaN または %3 より大きいため 0 とみなします。最初のものはチャンネル %5 のフレーム %4 にあります。</translation>
+        <source>Warning: Samples in %2 that are NaN or larger than %3 and count as 0: %1; the first is in frame %4 of channel %5.</source>
+        <translation>警告: %2 のサンプルのうち、NaN または %3 より大きいため 0 とみなすもの: %1 個。最初のものはチャンネル %5 のフレーム %4 にあります。</translation>
     </message>
     <message>
-        <source>Warning: %1 samples of %2 are clipped; a lower output level or --float avoids that.</source>
-        <translation>警告: %2 の %1 個のサンプルがクリップしました。出力レベルを下げるか --float を使うと避けられます。</translation>
+        <source>Warning: Clipped samples in %2: %1; a lower output level or --float avoids clipping.</source>
+        <translation>警告: %2 でクリップしたサンプル: %1 個。出力レベルを下げるか --float を使うとクリップを避けられます。</translation>
     </message>
 </context>
 <context>
@@ -1534,7 +1534,7 @@ A mixer with 8 channels that opens the channel equalizer's editor.
         <translation>プラグイン %1 を読み込めません: %2。</translation>
     </message>
     <message>
-        <source>The plug-in %1 makes no channel effect.</source>
+        <source>The plug-in %1 does not provide a channel effect.</source>
         <translation>プラグイン %1 にはチャンネルエフェクトがありません。</translation>
     </message>
     <message>
@@ -1553,7 +1553,7 @@ A mixer with 8 channels that opens the channel equalizer's editor.
         <translation>プラグイン %1 はライブラリーではなくフォルダーです。</translation>
     </message>
     <message>
-        <source>The plug-in %1 is not an ordinary file.</source>
+        <source>The plug-in %1 is not a regular file.</source>
         <translation>プラグイン %1 は通常のファイルではありません。</translation>
     </message>
     <message>
@@ -1580,7 +1580,7 @@ A mixer with 8 channels that opens the channel equalizer's editor.
         <translation>ファイル %1 に書き込めません。フォルダーです。</translation>
     </message>
     <message>
-        <source>The file %1 cannot be written: it is not an ordinary file.</source>
+        <source>The file %1 cannot be written: it is not a regular file.</source>
         <translation>ファイル %1 に書き込めません。通常のファイルではありません。</translation>
     </message>
 </context>
@@ -1603,8 +1603,8 @@ A mixer with 8 channels that opens the channel equalizer's editor.
         <translation>オーディオデバイス %1 を使用できません。このデバイスにも既定のデバイスにも入力がありません。</translation>
     </message>
     <message>
-        <source>The sound device %1 has another block size now; play again to use it.</source>
-        <translation>オーディオデバイス %1 のブロックサイズが変わりました。もう一度再生すると新しいサイズを使用します。</translation>
+        <source>The sound device %1 has another block size now; stop and play again to use the new size.</source>
+        <translation>オーディオデバイス %1 のブロックサイズが変わりました。再生を停止してもう一度再生すると、新しいサイズを使用します。</translation>
     </message>
     <message>
         <source>The sound device %1 was disconnected.</source>
@@ -1622,8 +1622,8 @@ A mixer with 8 channels that opens the channel equalizer's editor.
         <translation>%1 は %2 ですが、%3 から %4 の間でなければなりません。</translation>
     </message>
     <message>
-        <source>%1 cannot be read: %2.</source>
-        <translation>%1 を読み込めません: %2。</translation>
+        <source>%1 cannot be read. %2</source>
+        <translation>%1 を読み込めません。%2</translation>
     </message>
     <message>
         <source>%1 cannot be set to &quot;%2&quot;.</source>
@@ -1658,11 +1658,11 @@ A mixer with 8 channels that opens the channel equalizer's editor.
         <translation>%1 の項目は %2 個ですが、ミキサーのチャンネルは %3 個です。</translation>
     </message>
     <message>
-        <source>It is not a session file.</source>
-        <translation>セッションファイルではありません。</translation>
+        <source>The file is not a session file.</source>
+        <translation>ファイルはセッションファイルではありません。</translation>
     </message>
     <message>
-        <source>It has version %1, which this program does not know.</source>
+        <source>The file has version %1, which this program does not know.</source>
         <translation>ファイルのバージョン %1 は、このプログラムでは扱えません。</translation>
     </message>
 </context>
@@ -1733,7 +1733,7 @@ A mixer with 8 channels that opens the channel equalizer's editor.
         <translation>ステートファイル %1 はプリセットですが、ステートが %3 バイトではなく %2 バイトです。</translation>
     </message>
     <message>
-        <source>The state file %1 holds %2 for %3 (%4), where values lie between 0 and 1.</source>
+        <source>The state file %1 holds %2 for %3 (%4), but values must lie between 0 and 1.</source>
         <translation>ステートファイル %1 では %3 (%4) の値が %2 ですが、値は 0 から 1 の間でなければなりません。</translation>
     </message>
     <message>

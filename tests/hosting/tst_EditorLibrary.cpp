@@ -101,7 +101,8 @@ void tst_EditorLibrary::refuses_data()
     QTest::newRow("another kind of plug-in")
         << plugin("host_stand_in_other")
         << "is a Qt plug-in of another kind (org.example.other, not org.zolta.fx.effect).";
-    QTest::newRow("no effect") << plugin("host_bare_plugin") << "makes no channel effect.";
+    QTest::newRow("no effect") << plugin("host_bare_plugin")
+                               << "does not provide a channel effect.";
     QTest::newRow("another effect")
         << plugin("host_stand_in_type7") << "is an effect of type 7; an equalizer is type 8.";
 }
@@ -151,7 +152,7 @@ void tst_EditorLibrary::refusesAFolder()
     QCOMPARE(library.load(s_folder.path()).error(),
              QStringLiteral("The plug-in %1 is a folder, not a library.").arg(s_folder.path()));
     QCOMPARE(library.load(QStringLiteral("/dev/null")).error(),
-             QStringLiteral("The plug-in /dev/null is not an ordinary file."));
+             QStringLiteral("The plug-in /dev/null is not a regular file."));
 }
 
 void tst_EditorLibrary::refusalLeavesItUnloaded()

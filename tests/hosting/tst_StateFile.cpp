@@ -134,13 +134,13 @@ void tst_StateFile::saysWhatIsWrong_data()
     row("a foreign byte", "x",
         "is neither an equalizer state nor a preset: it begins with the bytes 78.");
     row("nan", stateWith(1, bigEndianFloat(nan)),
-        "holds nan for fx_rackfx_prm_3 (Low gain), where values lie between 0 and 1.");
+        "holds nan for fx_rackfx_prm_3 (Low gain), but values must lie between 0 and 1.");
     row("above 1", stateWith(26, bigEndianFloat(1.5F)),
-        "holds 1.5 for fx_rackfx_prm_27 (Clean/drive), where values lie between 0 and 1.");
+        "holds 1.5 for fx_rackfx_prm_27 (Clean/drive), but values must lie between 0 and 1.");
     row("below 0", stateWith(0, bigEndianFloat(-1.0F)),
-        "holds -1 for fx_rackfx_prm_4 (Low on), where values lie between 0 and 1.");
+        "holds -1 for fx_rackfx_prm_4 (Low on), but values must lie between 0 and 1.");
     row("infinity", stateWith(23, bigEndianFloat(infinity)),
-        "holds inf for fx_rackfx_prm_24 (High on), where values lie between 0 and 1.");
+        "holds inf for fx_rackfx_prm_24 (High on), but values must lie between 0 and 1.");
     row("preset: mark only", "VST3", "is a preset cut short: it ends inside its header.");
     row("preset: part of the mark", "VS", "is a preset cut short: it ends inside its header.");
     row("preset: another format", preset(state(), {{"Comp", 48, 116}}, 164, 1, classId, 2),
@@ -163,7 +163,7 @@ void tst_StateFile::saysWhatIsWrong_data()
     row("preset: foreign state", presetOf("0000" + state().mid(4)),
         "is a preset whose state is not an equalizer state: it begins with the bytes 30 30 30 30.");
     row("preset: nan", presetOf(stateWith(2, bigEndianFloat(nan))),
-        "holds nan for fx_rackfx_prm_2 (Low frequency), where values lie between 0 and 1.");
+        "holds nan for fx_rackfx_prm_2 (Low frequency), but values must lie between 0 and 1.");
 }
 
 void tst_StateFile::saysWhatIsWrong()
@@ -236,8 +236,8 @@ void tst_StateFile::everyEntryIsChecked()
         const QByteArray bytes = stateWith(entry, bigEndianFloat(2.0F));
         const Parameter& parameter = parameterTable[stateOrder[static_cast<std::size_t>(entry)]];
         QCOMPARE(decode(bytes).error(),
-                 QStringLiteral("The state file a file holds 2 for %1 (%2), where values lie "
-                                "between 0 and 1.")
+                 QStringLiteral("The state file a file holds 2 for %1 (%2), but values must "
+                                "lie between 0 and 1.")
                      .arg(QLatin1String(parameter.name), QLatin1String(parameter.title)));
     }
 }
@@ -287,7 +287,7 @@ void tst_StateFile::failedWritesSayWhy()
     QCOMPARE(StateFile(s_folder.path()).write(state()).error(),
              QStringLiteral("The file %1 cannot be written: it is a folder.").arg(s_folder.path()));
     QCOMPARE(StateFile(QStringLiteral("/dev/full")).write(state()).error(),
-             QStringLiteral("The file /dev/full cannot be written: it is not an ordinary file."));
+             QStringLiteral("The file /dev/full cannot be written: it is not a regular file."));
 }
 
 // A limit on the size of files stands in for a disk that is full after some bytes.

@@ -103,7 +103,7 @@ QString tst_AudioReader::errorOf(const QByteArray& bytes) const
     AudioReader reader;
     const QString file = SoundFiles::writeBytes(path("file"), bytes);
     return reader.open(file).error().remove(
-        QStringLiteral("The sound file %1 cannot be read: ").arg(file));
+        QStringLiteral("The sound file %1 cannot be read").arg(file));
 }
 
 // Interleaved again.
@@ -232,7 +232,7 @@ void tst_AudioReader::refuses_data()
     QTest::newRow("missing") << path("nowhere.wav") << "No such file or directory";
     QTest::newRow("folder") << m_folder.path() << "it is a folder";
     QTest::newRow("device") << "/dev/null"
-                            << "it is no ordinary file";
+                            << "it is not a regular file";
 }
 
 void tst_AudioReader::refuses()
@@ -250,14 +250,15 @@ void tst_AudioReader::refusesDamagedPages_data()
     const Sound sound{SF_FORMAT_OGG | SF_FORMAT_VORBIS, 48000, 2, SoundFiles::noise(200000)};
     const QByteArray ogg = bytesOf(sound);
     QTest::newRow("cut short") << ogg.left(ogg.size() * 3 / 4)
-                               << "it is cut short: its last page is missing";
-    QTest::newRow("chained") << ogg + ogg << "it holds several streams one after the other";
+                               << ". It is cut short: its last page is missing";
+    QTest::newRow("chained") << ogg + ogg << ": it holds several streams one after the other";
     const qsizetype page = firstPageOfSound(ogg);
     QByteArray damaged = ogg;
     damaged[page + 1000] = static_cast<char>(damaged[page + 1000] ^ 1);
-    QTest::newRow("damaged") << damaged << QStringLiteral("it is damaged at byte %1").arg(page);
+    QTest::newRow("damaged") << damaged << QStringLiteral(": it is damaged at byte %1").arg(page);
     damaged[page] = 'o';
-    QTest::newRow("out of step") << damaged << QStringLiteral("it is damaged at byte %1").arg(page);
+    QTest::newRow("out of step") << damaged
+                                 << QStringLiteral(": it is damaged at byte %1").arg(page);
 }
 
 // The library alone plays what it can of them.
@@ -289,7 +290,7 @@ void tst_AudioReader::noticesTheWrongEnd()
     QVERIFY(!read.empty() && read.size() < sound.samples.size());
     QCOMPARE(
         reader.status().error(),
-        QStringLiteral("The sound file %1 cannot be read: it is cut short: it ends after %2 of "
+        QStringLiteral("The sound file %1 cannot be read. It is cut short: it ends after %2 of "
                        "50000 frames.")
             .arg(file)
             .arg(read.size() / 2));
@@ -319,8 +320,8 @@ void tst_AudioReader::refusesWhatIsCutShort()
     QCOMPARE(errorOf(bytes), QString());
     for (const qsizetype present : {39999, 24000, 1}) {
         QCOMPARE(errorOf(bytes.left(header + present)),
-                 QStringLiteral("it is cut short: its header promises 40000 bytes of samples, it "
-                                "holds %1.")
+                 QStringLiteral(". It is cut short: its header promises 40000 bytes of samples, "
+                                "but it holds %1.")
                      .arg(present));
         QCOMPARE(framesAlone(path("file")), format == caf && present < 39999 ? -1 : present / 4);
     }
@@ -387,7 +388,7 @@ void tst_AudioReader::playsLongFilesThatAPipeLeftOpen()
     QVERIFY(file.resize(header + 5'000'000'000));
     QCOMPARE(AudioReader().open(file.fileName()).error(),
              QStringLiteral("The sound file %1 cannot be read: it is longer than its header can "
-                            "say.")
+                            "state.")
                  .arg(file.fileName()));
 }
 
@@ -449,9 +450,10 @@ void tst_AudioReader::missesNoPadding()
         bytes.chop(1);
     QCOMPARE(errorOf(bytes + '\0'), QString());
     QCOMPARE(errorOf(bytes), QString());
-    QCOMPARE(errorOf(bytes.chopped(1)),
-             QStringLiteral("it is cut short: its header promises 3001 bytes of samples, it holds "
-                            "3000."));
+    QCOMPARE(
+        errorOf(bytes.chopped(1)),
+        QStringLiteral(". It is cut short: its header promises 3001 bytes of samples, but it holds "
+                       "3000."));
 }
 
 void tst_AudioReader::readsFilesThatAnotherChunkFollows()

@@ -295,7 +295,7 @@ void tst_AudioRenderer::refusesItsOwnInput()
     for (const char* name : {"in.wav", "link.wav"}) {
         const QString other = path(name);
         QCOMPARE(render(file, other),
-                 QStringLiteral("The sound file %1 cannot be written: it is the one to be read.")
+                 QStringLiteral("The sound file %1 cannot be written: it is also the input file.")
                      .arg(other));
     }
     QCOMPARE(SoundFiles::bytesOf(file), before);

@@ -281,7 +281,7 @@ void tst_AudioSession::saysThatAFileWasCutShort()
     QVERIFY(m_session->play().isOk());
     m_device->call(20000);
     QVERIFY(errors.wait(30000));
-    QVERIFY(m_session->error().contains(QLatin1String("it is cut short")));
+    QVERIFY(m_session->error().contains(QLatin1String("It is cut short")));
     QCOMPARE(m_session->state(), AudioSession::State::Stopped);
 }
 

@@ -196,7 +196,7 @@ void tst_RtAudioDevice::saysThatTheBlockSizeChanged()
     m_ears->changeBlock(2 * JackServer::block);
     QTRY_COMPARE_WITH_TIMEOUT(m_device->status().error(),
                               QStringLiteral("The sound device jack:ears has another block size "
-                                             "now; play again to use it."),
+                                             "now; stop and play again to use the new size."),
                               30000);
     m_device->close();
     QVERIFY(m_device->open(settings(), 0).isOk());

@@ -142,24 +142,24 @@ void tst_SettingsFile::damagedFilesAreIgnoredAndKeptAside_data()
     const auto row = [](const char* name, const QByteArray& bytes, const char* reason) {
         QTest::newRow(name) << bytes << QString::fromLatin1(reason);
     };
-    row("empty", "", "It is not valid JSON: illegal value at byte 0.");
-    row("text", "hello", "It is not valid JSON: illegal value at byte 1.");
-    row("zeros", QByteArray(100, '\0'), "It is not valid JSON: illegal value at byte 1.");
+    row("empty", "", "The file is not valid JSON: illegal value at byte 0.");
+    row("text", "hello", "The file is not valid JSON: illegal value at byte 1.");
+    row("zeros", QByteArray(100, '\0'), "The file is not valid JSON: illegal value at byte 1.");
     row("cut short", R"({"version": 1, "channels": {"0": {"GraphZo)",
-        "It is not valid JSON: unterminated string at byte 43.");
-    row("no map", "[1, 2]", "It is not a settings file of version 1.");
-    row("no version", R"({"channels": {}})", "It is not a settings file of version 1.");
+        "The file is not valid JSON: unterminated string at byte 43.");
+    row("no map", "[1, 2]", "The file is not a settings file of version 1.");
+    row("no version", R"({"channels": {}})", "The file is not a settings file of version 1.");
     row("version 0", R"({"version": 0, "channels": {}})",
-        "It is not a settings file of version 1.");
-    row("no channels", R"({"version": 1})", "It has no channels.");
-    row("channels are a list", R"({"version": 1, "channels": []})", "It has no channels.");
+        "The file is not a settings file of version 1.");
+    row("no channels", R"({"version": 1})", "The file has no channels.");
+    row("channels are a list", R"({"version": 1, "channels": []})", "The file has no channels.");
     row("channel beyond", R"({"version": 1, "channels": {"0": {"GraphZoom": 1}, "8": {}}})",
         "\"8\" is not a channel with settings.");
     row("channel is no number", R"({"version": 1, "channels": {"one": {}}})",
         "\"one\" is not a channel with settings.");
     row("channel is no map", R"({"version": 1, "channels": {"1": 3}})",
         "\"1\" is not a channel with settings.");
-    row("too long", QByteArray((1 << 20) + 1, ' '), "It is too long.");
+    row("too long", QByteArray((1 << 20) + 1, ' '), "The file is too long.");
 }
 
 void tst_SettingsFile::damagedFilesAreIgnoredAndKeptAside()
@@ -199,7 +199,7 @@ void tst_SettingsFile::whatCannotBeReadIsLeftAlone()
     SettingsFile settings;
     const QString error = settings.open(path()).error();
     QVERIFY2(error.startsWith(
-                 QStringLiteral("The editors' settings in %1 cannot be read because it is not a "
+                 QStringLiteral("The editors' settings in %1 cannot be read because %1 is not a "
                                 "regular file.")
                      .arg(path())),
              qPrintable(error));

@@ -291,13 +291,13 @@ void tst_MixerModel::wrongClipboard_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("reason");
-    const QString none = QStringLiteral("the clipboard holds no equalizer settings");
+    const QString none = QStringLiteral("The clipboard holds no equalizer settings");
     QTest::newRow("empty") << QString() << none;
     QTest::newRow("prose") << QStringLiteral("zolta-equalizer") << none;
     QTest::newRow("other object") << QStringLiteral("{\"a\": 1}") << none;
     QTest::newRow("list") << QStringLiteral("[1]") << none;
     QTest::newRow("wrong type") << QStringLiteral("{\"zolta-equalizer\": {\"Low gain\": 3}}")
-                                << QStringLiteral("the value of \"Low gain\" must be text");
+                                << QStringLiteral("The value of \"Low gain\" must be text");
     QTest::newRow("wrong text") << QStringLiteral("{\"zolta-equalizer\": {\"Low gain\": \"x\"}}")
                                 << QStringLiteral("\"x\" is not a value of \"Low gain\"");
 }
@@ -308,7 +308,7 @@ void tst_MixerModel::wrongClipboard()
     QFETCH(const QString, reason);
     QApplication::clipboard()->setText(text);
     QCOMPARE(m_mixerModel->pasteFromClipboard(0).error(),
-             QStringLiteral("Cannot paste: %1.").arg(reason));
+             QStringLiteral("Cannot paste. %1.").arg(reason));
     QCOMPARE(memory().values(0), HostMemory().values(0));
     QCOMPARE(history().stack().count(), 0);
 }
@@ -322,8 +322,8 @@ void tst_MixerModel::everyValueComesBackFromText()
             HostMemory::Values values = start;
             values[i] = value;
             const auto content = ChannelText::fromJson(ChannelText::toJson(values), start);
-            QCOMPARE(content.error, QString());
-            QCOMPARE(content.values, values);
+            QCOMPARE(content.error(), QString());
+            QCOMPARE(content.value(), values);
         }
     }
 }

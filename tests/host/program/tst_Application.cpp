@@ -109,13 +109,15 @@ void tst_Application::showsWhatIsDamaged_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("session") << "session.json"
-                             << "The session %1 is damaged. It is not valid JSON: illegal value at "
-                                "byte 1. It is not used, and the file is kept as %1.damaged.";
-    QTest::newRow("settings") << "zolta/editors.json"
-                              << "The editors' settings in %1 are damaged and ignored. It is not "
-                                 "valid JSON: illegal value at byte 1. The file is kept as "
-                                 "%1.damaged.";
+    QTest::newRow("session")
+        << "session.json"
+        << "The session %1 is damaged. The file is not valid JSON: illegal value at "
+           "byte 1. The session is not used, and the file is kept as %1.damaged.";
+    QTest::newRow("settings")
+        << "zolta/editors.json"
+        << "The editors' settings in %1 are damaged and ignored. The file is not "
+           "valid JSON: illegal value at byte 1. The file is kept as "
+           "%1.damaged.";
 }
 
 void tst_Application::showsWhatIsDamaged()

@@ -22,6 +22,9 @@ private Q_SLOTS:
     void refuses();
     void helpCountsBeforeErrors();
     void helpNamesEveryOption();
+    void helpFitsIntoTerminals_data();
+    void helpFitsIntoTerminals();
+    void findsTheLanguageAmongErrors();
 
 private:
     static Result<CommandLine> parse(const QString& words);
@@ -204,7 +207,7 @@ void tst_CommandLineParser::refuses_data()
         row("--" + option + "|", "--" + option + " must be the name of a file.");
     row("--channel", "Missing value after '--channel'.");
     row("--loud", "Unknown option 'loud'.");
-    row("something", "Unknown option 'something'.");
+    row("something", "Unknown option \"something\".");
     row("--list=yes", "Unexpected value after '--list'.");
     for (const QByteArray option : {"device|x", "rate|48000", "block|64"})
         row("--" + option,
@@ -224,14 +227,14 @@ void tst_CommandLineParser::refuses_data()
         row("--render|in.wav|out.wav|--" + option,
             "--render cannot be combined with --" + option.split('|')[0] + ".");
     row("--render|in.wav", "--render must be followed by the names of two files, IN and OUT.");
-    row("--render|in.wav|out.wav|more", "Unknown option 'more'.");
+    row("--render|in.wav|out.wav|more", "Unknown option \"more\".");
     row("--render|in.wav|out.mp3", "The name of the file to render must end in .wav, .flac or "
-                                   ".ogg, unlike \"out.mp3\".");
+                                   ".ogg; \"out.mp3\" does not.");
     row("--render|in.wav|out.flac|--float", "--float can only be used for a file whose name ends "
-                                            "in .wav, unlike \"out.flac\".");
+                                            "in .wav; \"out.flac\" does not.");
     row("--render|in.wav|out.wav|--channel|1",
-        "--render can only be combined with --channel where --session is given, too: every "
-        "channel of the file gets the same settings.");
+        "--render with --channel also needs --session; without one, all channels have the same "
+        "settings.");
 }
 
 void tst_CommandLineParser::refuses()
@@ -263,10 +266,44 @@ void tst_CommandLineParser::helpNamesEveryOption()
         }
     }
     QCOMPARE(count, 23);
-    for (const QString& line : lines)
-        QVERIFY2(line.size() <= 90, qPrintable(line));
 }
 
-QTEST_APPLESS_MAIN(tst_CommandLineParser)
+void tst_CommandLineParser::helpFitsIntoTerminals_data()
+{
+    QTest::addColumn<Language>("language");
+    for (const Language language : languages)
+        QTest::newRow(qPrintable(codeOf(language))) << language;
+}
+
+// Letters of Japanese take two columns of a terminal, and no line begins with a full stop.
+void tst_CommandLineParser::helpFitsIntoTerminals()
+{
+    QFETCH(const Language, language);
+    LanguageSwitch languageSwitch;
+    languageSwitch.choose(language);
+    const QString help = CommandLineParser::helpText();
+    QCOMPARE(help.contains(QStringLiteral(u"\u3001")), language == Language::Japanese);
+    for (const QString& line : help.split(QLatin1Char('\n'))) {
+        const auto wide = std::count_if(line.begin(), line.end(),
+                                        [](QChar letter) { return letter.unicode() >= 0x3000; });
+        QVERIFY2(line.size() + wide <= 90, qPrintable(line));
+        QVERIFY2(!line.trimmed().startsWith(QChar(0x3001)), qPrintable(line));
+        QVERIFY2(!line.trimmed().startsWith(QChar(0x3002)), qPrintable(line));
+        QVERIFY2(!line.endsWith(QLatin1Char(' ')), qPrintable(line));
+    }
+}
+
+void tst_CommandLineParser::findsTheLanguageAmongErrors()
+{
+    const auto languageIn = [](const char* words) {
+        return CommandLineParser::languageIn(QString::fromLatin1(words).split(QLatin1Char('|')));
+    };
+    QCOMPARE(languageIn("zolta-host|--loud|--channel|9|--language|ja|more"), Language::Japanese);
+    QCOMPARE(languageIn("zolta-host|--language|fr"), Language::English);
+    QCOMPARE(languageIn("zolta-host|--language"), Language::English);
+    QCOMPARE(languageIn("zolta-host|--loud"), Language::English);
+}
+
+QTEST_GUILESS_MAIN(tst_CommandLineParser)
 
 #include "tst_CommandLineParser.moc"

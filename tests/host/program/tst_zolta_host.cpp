@@ -380,6 +380,8 @@ void tst_zolta_host::refusesArguments()
     QCOMPARE(result.code, 2);
     QCOMPARE(result.output, QString());
     QCOMPARE(result.errors, QStringLiteral("zolta-host: Unknown option 'loud'.\n"));
+    QCOMPARE(runWithPlugin("more --language de").errors,
+             QStringLiteral("zolta-host: Unbekannte Option \"more\".\n"));
 }
 
 // As text, the name would be another file's.
@@ -520,10 +522,11 @@ void tst_zolta_host::headlessRunsLeaveABadSessionAlone_data()
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("reason");
     QTest::newRow("damaged") << QByteArray("{}")
-                             << "The session %1 is damaged. It is not a session file.";
-    QTest::newRow("later") << QByteArray("{\"zolta-session\": 2}")
-                           << "The session %1 cannot be read. It has version 2, which this program "
-                              "does not know.";
+                             << "The session %1 is damaged. The file is not a session file.";
+    QTest::newRow("later")
+        << QByteArray("{\"zolta-session\": 2}")
+        << "The session %1 cannot be read. The file has version 2, which this program "
+           "does not know.";
 }
 
 void tst_zolta_host::headlessRunsLeaveABadSessionAlone()

@@ -176,7 +176,7 @@ void tst_zolta_render::saysWhatIsWrong_data()
     };
     row("nowhere.wav out.wav",
         "The sound file nowhere.wav cannot be read: No such file or directory.");
-    row("in.wav in.wav", "The sound file in.wav cannot be written: it is the one to be read.");
+    row("in.wav in.wav", "The sound file in.wav cannot be written: it is also the input file.");
     row("in.wav no/out.wav",
         "The sound file no/out.wav cannot be written: No such file or directory.");
     row("in.wav folder.wav", "The sound file folder.wav cannot be written: it is a folder.");
@@ -187,7 +187,7 @@ void tst_zolta_render::saysWhatIsWrong_data()
     row("in.wav out.wav --session nowhere.json",
         "The session nowhere.json cannot be read: No such file or directory.");
     row("in.wav out.wav --session bad.json",
-        "The session bad.json is damaged. It is not a session file.");
+        "The session bad.json is damaged. The file is not a session file.");
     row("many.wav out.flac",
         "The sound file out.flac cannot be written: its format does not take 20 channels at 48000 "
         "Hz.");
@@ -234,12 +234,12 @@ void tst_zolta_render::warnsAboutClippingAndDamage()
     const ProgramResult result =
         run({QStringLiteral("--render"), QStringLiteral("in.wav"), QStringLiteral("out.flac")});
     QCOMPARE(result.code, 0);
-    QCOMPARE(
-        result.errors,
-        QStringLiteral("zolta-host: Warning: 1 samples of in.wav are NaN or "
-                       "larger than 1e+15 and count as 0; the first is in frame 700 of channel 1.\n"
-                       "zolta-host: Warning: 1 samples of out.flac are clipped; a lower output "
-                       "level or --float avoids that.\n"));
+    QCOMPARE(result.errors,
+             QStringLiteral(
+                 "zolta-host: Warning: Samples in in.wav that are NaN or "
+                 "larger than 1e+15 and count as 0: 1; the first is in frame 700 of channel 1.\n"
+                 "zolta-host: Warning: Clipped samples in out.flac: 1; a lower output "
+                 "level or --float avoids clipping.\n"));
 }
 
 // Also where a name looks like a gap in a sentence.
@@ -251,12 +251,13 @@ void tst_zolta_render::namesFilesAsTheyAre()
     const ProgramResult result = run({QStringLiteral("--render"), QStringLiteral("in%1%2%3.wav"),
                                       QStringLiteral("out%1%2%3.flac")});
     QCOMPARE(result.code, 0);
-    QCOMPARE(result.errors,
-             QLatin1String("zolta-host: Warning: 1 samples of in%1%2%3.wav are NaN or "
-                           "larger than 1e+15 and count as 0; the first is in frame 7 of channel "
-                           "0.\n"
-                           "zolta-host: Warning: 99 samples of out%1%2%3.flac are clipped; a lower "
-                           "output level or --float avoids that.\n"));
+    QCOMPARE(
+        result.errors,
+        QLatin1String("zolta-host: Warning: Samples in in%1%2%3.wav that are NaN or "
+                      "larger than 1e+15 and count as 0: 1; the first is in frame 7 of channel "
+                      "0.\n"
+                      "zolta-host: Warning: Clipped samples in out%1%2%3.flac: 99; a lower "
+                      "output level or --float avoids clipping.\n"));
 }
 
 // A limit on the size of files stands in for a disk that is full.

@@ -180,7 +180,7 @@ void tst_EditorWindow::nonsenseIsExplained()
     QVERIFY(
         !model->setData(model->index(2, ParameterListModel::ValueColumn), QStringLiteral("loud")));
     QCOMPARE(window->statusBar()->currentMessage(),
-             QStringLiteral("\"loud\" is not a value of Low gain: type a value from "
+             QStringLiteral("\"loud\" is not a value of Low gain: enter a value from "
                             "-20.0 to +20.0 dB."));
     QCOMPARE(m_mixer.memory.values(0)[2], 0);
 }

@@ -107,7 +107,7 @@ void tst_MixerSession::write(const QString& file, const QByteArray& bytes) const
 void tst_MixerSession::missingFileChangesNothing()
 {
     MixerSession session(*m_mixer);
-    QCOMPARE(session.open(m_file), QString());
+    QCOMPARE(session.open(m_file).error(), QString());
     QVERIFY(!QFile::exists(m_file));
     QCOMPARE(m_mixer->memory.values(0), HostMemory().values(0));
     QVERIFY(session.save());
@@ -117,7 +117,7 @@ void tst_MixerSession::missingFileChangesNothing()
 void tst_MixerSession::everythingComesBack()
 {
     auto session = std::make_unique<MixerSession>(*m_mixer);
-    QCOMPARE(session->open(m_file), QString());
+    QCOMPARE(session->open(m_file).error(), QString());
     HostMemory::Values values[channelCount];
     for (int ch = 0; ch < channelCount; ++ch) {
         m_mixer->mixerModel.setName(ch, QStringLiteral("Name \"%1\" \u97f3").arg(ch));
@@ -139,7 +139,7 @@ void tst_MixerSession::everythingComesBack()
 
     Mixer fresh;
     MixerSession restored(fresh);
-    QCOMPARE(restored.open(m_file), QString());
+    QCOMPARE(restored.open(m_file).error(), QString());
     for (int ch = 0; ch < channelCount; ++ch) {
         QCOMPARE(fresh.mixerModel.name(ch), m_mixer->mixerModel.name(ch));
         QCOMPARE(fresh.memory.values(ch), m_mixer->memory.values(ch));
@@ -159,7 +159,7 @@ void tst_MixerSession::windowsComeBack()
     {
         MixerWindow window(*m_mixer, EditorSettings());
         MixerSession session(*m_mixer);
-        session.open(m_file);
+        QVERIFY(session.open(m_file).isOk());
         QVERIFY(!session.restoreWindows(window));
         window.show();
         window.resize(700, 410);
@@ -178,7 +178,7 @@ void tst_MixerSession::windowsComeBack()
     load(fresh);
     MixerWindow window(fresh, EditorSettings());
     MixerSession session(fresh);
-    QCOMPARE(session.open(m_file), QString());
+    QCOMPARE(session.open(m_file).error(), QString());
     window.show();
     QVERIFY(session.restoreWindows(window));
     QCOMPARE(window.size(), QSize(700, 410));
@@ -202,11 +202,11 @@ void tst_MixerSession::historyIsEmptyAfterwards()
 {
     m_mixer->memory.setStrip(2, StripParameter::Level, 111);
     auto session = std::make_unique<MixerSession>(*m_mixer);
-    session->open(m_file);
+    QVERIFY(session->open(m_file).isOk());
     QVERIFY(session->save());
     session.reset();
     MixerSession again(*m_mixer);
-    QCOMPARE(again.open(m_file), QString());
+    QCOMPARE(again.open(m_file).error(), QString());
     QCOMPARE(m_mixer->mixerModel.history().stack().count(), 0);
 }
 
@@ -214,7 +214,7 @@ void tst_MixerSession::lastWindowSaves()
 {
     MixerWindow window(*m_mixer, EditorSettings());
     MixerSession session(*m_mixer);
-    session.open(m_file);
+    QVERIFY(session.open(m_file).isOk());
     session.restoreWindows(window);
     window.show();
     EditorWindow* editor = window.openEditor(1, true);
@@ -231,7 +231,7 @@ void tst_MixerSession::quitSavesWhatIsOpen()
 {
     MixerWindow window(*m_mixer, EditorSettings());
     MixerSession session(*m_mixer);
-    session.open(m_file);
+    QVERIFY(session.open(m_file).isOk());
     session.restoreWindows(window);
     window.show();
     window.openEditor(1, true);
@@ -264,7 +264,7 @@ void tst_MixerSession::changesAreSavedAfterAWhile()
     QFETCH(const Change, change);
     MixerWindow window(*m_mixer, EditorSettings());
     MixerSession session(*m_mixer, {}, 0);
-    session.open(m_file);
+    QVERIFY(session.open(m_file).isOk());
     session.restoreWindows(window);
     window.show();
     EditorWindow* editor = window.openEditor(2, true);
@@ -281,7 +281,7 @@ void tst_MixerSession::aChangeIsNotSavedAtOnce()
 {
     MixerWindow window(*m_mixer, EditorSettings());
     MixerSession session(*m_mixer);
-    session.open(m_file);
+    QVERIFY(session.open(m_file).isOk());
     session.restoreWindows(window);
     m_mixer->memory.setStrip(0, StripParameter::Mute, 1);
     QCoreApplication::processEvents();
@@ -300,10 +300,10 @@ void tst_MixerSession::damagedFileIsKeptAside_data()
     };
     row("empty", "", "illegal value at byte 0");
     row("cut", "{\"zolta-session\": 1, \"chan", "at byte");
-    row("no session", "{}", "It is not a session file.");
-    row("list", "[]", "It is not a session file.");
+    row("no session", "{}", "The file is not a session file.");
+    row("list", "[]", "The file is not a session file.");
     row("version 0", "{\"zolta-session\": 0}",
-        "It has version 0, which this program does not know.");
+        "The file has version 0, which this program does not know.");
     row("channels", session("\"channels\": 3"), "channels must be a list.");
     row("nine channels", session("\"channels\": [{},{},{},{},{},{},{},{},{}]"),
         "channels has 9 entries, but the mixer has 8 channels.");
@@ -316,7 +316,7 @@ void tst_MixerSession::damagedFileIsKeptAside_data()
     row("level", session("\"channels\": [{\"strip\": {\"level\": \"loud\"}}]"),
         "channels[0].strip.level cannot be set to \"loud\".");
     row("equalizer", session("\"channels\": [{\"equalizer\": {\"Low gain\": 3}}]"),
-        "channels[0].equalizer cannot be read: the value of \"Low gain\" must be text.");
+        "channels[0].equalizer cannot be read. The value of \"Low gain\" must be text.");
     row("chosen", session("\"channels\": [{\"compare\": {\"chosen\": \"C\"}}]"),
         "channels[0].compare.chosen must be A or B.");
     row("other", session("\"channels\": [{\"compare\": {\"other\": true}}]"),
@@ -344,7 +344,7 @@ void tst_MixerSession::damagedFileIsKeptAside()
     QFETCH(const QString, reason);
     write(m_file, bytes);
     MixerSession session(*m_mixer);
-    const QString error = session.open(m_file);
+    const QString error = session.open(m_file).error();
     QVERIFY2(
         error.startsWith(
             QStringLiteral("The session %1 is damaged. ").arg(QDir::toNativeSeparators(m_file))),
@@ -364,7 +364,7 @@ void tst_MixerSession::secondDamagedFileTakesAnotherName()
     write(m_file + QStringLiteral(".damaged"), "first");
     write(m_file, "second");
     MixerSession session(*m_mixer);
-    QVERIFY(session.open(m_file).contains(QStringLiteral("session.json.damaged-2")));
+    QVERIFY(session.open(m_file).error().contains(QStringLiteral("session.json.damaged-2")));
     QCOMPARE(content(m_file + QStringLiteral(".damaged")), QByteArray("first"));
     QCOMPARE(content(m_file + QStringLiteral(".damaged-2")), QByteArray("second"));
 }
@@ -376,14 +376,14 @@ void tst_MixerSession::damagedFilesKeepOddNames()
     write(file + QStringLiteral(".damaged"), "first");
     write(file, "second");
     MixerSession session(*m_mixer);
-    QVERIFY(session.open(file).contains(QStringLiteral("100%1%2.json.damaged-2")));
+    QVERIFY(session.open(file).error().contains(QStringLiteral("100%1%2.json.damaged-2")));
     QCOMPARE(content(file + QStringLiteral(".damaged-2")), QByteArray("second"));
 }
 
 void tst_MixerSession::folderIsLeftAlone()
 {
     MixerSession session(*m_mixer);
-    QVERIFY(session.open(m_folder->path()).contains(QStringLiteral("cannot be read")));
+    QVERIFY(session.open(m_folder->path()).error().contains(QStringLiteral("cannot be read")));
     QVERIFY(session.save());
     QVERIFY(QFileInfo(m_folder->path()).isDir());
     QCOMPARE(QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
@@ -395,9 +395,9 @@ void tst_MixerSession::laterVersionIsLeftAlone()
     const QByteArray bytes = "{\"zolta-session\": 2, \"channels\": 8}";
     write(m_file, bytes);
     MixerSession session(*m_mixer);
-    QCOMPARE(session.open(m_file),
-             QStringLiteral("The session %1 cannot be read. It has version 2, which this "
-                            "program does not know. It is left alone, and nothing will be "
+    QCOMPARE(session.open(m_file).error(),
+             QStringLiteral("The session %1 cannot be read. The file has version 2, which this "
+                            "program does not know. The file is left alone, and nothing will be "
                             "saved.")
                  .arg(QDir::toNativeSeparators(m_file)));
     m_mixer->mixerModel.setName(0, QStringLiteral("New"));
@@ -409,18 +409,19 @@ void tst_MixerSession::laterVersionIsLeftAlone()
 void tst_MixerSession::readingChangesNoFile()
 {
     MixerSession session(*m_mixer);
-    QVERIFY2(session.read(m_file).contains(QStringLiteral("cannot be read: No such file")),
+    QVERIFY2(session.read(m_file).error().contains(QStringLiteral("cannot be read: No such file")),
              "a file that is not there");
     write(m_file, "damaged");
-    QCOMPARE(session.read(m_file),
-             QStringLiteral("The session %1 is damaged. It is not valid JSON: illegal value at "
-                            "byte 1.")
-                 .arg(m_file));
+    QCOMPARE(
+        session.read(m_file).error(),
+        QStringLiteral("The session %1 is damaged. The file is not valid JSON: illegal value at "
+                       "byte 1.")
+            .arg(m_file));
     QVERIFY(session.save());
     QCOMPARE(content(m_file), QByteArray("damaged"));
     write(m_file, "{\"zolta-session\": 1, \"channels\": [{\"name\": \"Read\"}]}");
     const QByteArray before = content(m_file);
-    QCOMPARE(session.read(m_file), QString());
+    QCOMPARE(session.read(m_file).error(), QString());
     QCOMPARE(m_mixer->mixerModel.name(0), QStringLiteral("Read"));
     m_mixer->mixerModel.setName(0, QStringLiteral("New"));
     QVERIFY(session.save());
@@ -430,7 +431,7 @@ void tst_MixerSession::readingChangesNoFile()
 void tst_MixerSession::sessionOfAnotherProgramIsNotSaved()
 {
     auto first = std::make_unique<MixerSession>(*m_mixer);
-    QCOMPARE(first->open(m_file), QString());
+    QCOMPARE(first->open(m_file).error(), QString());
     m_mixer->mixerModel.setName(0, QStringLiteral("First"));
     QVERIFY(first->save());
     const QByteArray before = content(m_file);
@@ -438,7 +439,7 @@ void tst_MixerSession::sessionOfAnotherProgramIsNotSaved()
     Mixer other;
     MixerSession second(other);
     QCOMPARE(
-        second.open(m_file),
+        second.open(m_file).error(),
         QStringLiteral("Another program has the session %1 open, as its lock file %1.lock says. "
                        "Changes made here will not be saved.")
             .arg(QDir::toNativeSeparators(m_file)));
@@ -450,7 +451,7 @@ void tst_MixerSession::sessionOfAnotherProgramIsNotSaved()
 
     first.reset();
     MixerSession third(other);
-    QCOMPARE(third.open(m_file), QString());
+    QCOMPARE(third.open(m_file).error(), QString());
     other.mixerModel.setName(0, QStringLiteral("Third"));
     QVERIFY(third.save());
     QVERIFY(content(m_file) != before);
@@ -459,11 +460,11 @@ void tst_MixerSession::sessionOfAnotherProgramIsNotSaved()
 void tst_MixerSession::damageIsLeftToTheProgramThatWasFirst()
 {
     MixerSession first(*m_mixer);
-    QCOMPARE(first.open(m_file), QString());
+    QCOMPARE(first.open(m_file).error(), QString());
     write(m_file, "damaged");
     Mixer other;
     MixerSession second(other);
-    QVERIFY(second.open(m_file).contains(QStringLiteral("It is left alone")));
+    QVERIFY(second.open(m_file).error().contains(QStringLiteral("The file is left alone")));
     QVERIFY(second.save());
     QCOMPARE(content(m_file), QByteArray("damaged"));
 }
@@ -473,7 +474,7 @@ void tst_MixerSession::missingKeysKeepDefaults()
     write(m_file, "{\"zolta-session\": 1, \"channels\": [{}, {\"equalizer\": {\"Low gain\": "
                   "\"+6.0\"}, \"strip\": {\"mute\": \"on\"}}]}");
     MixerSession session(*m_mixer);
-    QCOMPARE(session.open(m_file), QString());
+    QCOMPARE(session.open(m_file).error(), QString());
     HostMemory::Values expected = HostMemory().values(1);
     expected[2] = 60;
     QCOMPARE(m_mixer->memory.values(1), expected);
@@ -486,7 +487,7 @@ void tst_MixerSession::unknownKeysAreKept()
     write(m_file, "{\"zolta-session\": 1, \"colour\": \"red\", \"channels\": [{\"icon\": [1]}], "
                   "\"mixer\": {\"skin\": 3}}");
     MixerSession session(*m_mixer);
-    QCOMPARE(session.open(m_file), QString());
+    QCOMPARE(session.open(m_file).error(), QString());
     m_mixer->mixerModel.setName(0, QStringLiteral("New"));
     QVERIFY(session.save());
     QCOMPARE(saved()[QStringLiteral("colour")].toString(), QStringLiteral("red"));
@@ -501,7 +502,7 @@ void tst_MixerSession::failedWriteLeavesTheOldFile()
 {
     QString said;
     MixerSession session(*m_mixer, [&said](const QString& error) { said = error; });
-    session.open(m_file);
+    QVERIFY(session.open(m_file).isOk());
     QVERIFY(session.save());
     const QByteArray before = content(m_file);
     const QString folder = QFileInfo(m_file).path();
@@ -522,7 +523,7 @@ void tst_MixerSession::failedWriteAsksBeforeTheLastWindowCloses()
     MixerWindow window(*m_mixer, EditorSettings());
     QStringList said;
     MixerSession session(*m_mixer, [&said](const QString& error) { said << error; });
-    session.open(m_file);
+    QVERIFY(session.open(m_file).isOk());
     session.restoreWindows(window);
     window.show();
     QStringList asked;
@@ -553,7 +554,7 @@ void tst_MixerSession::failedWriteAsksBeforeTheProgramEnds()
     write(QFileInfo(m_file).path(), "a file in the folder's place");
     MixerWindow window(*m_mixer, EditorSettings());
     MixerSession session(*m_mixer);
-    session.open(m_file);
+    QVERIFY(session.open(m_file).isOk());
     session.restoreWindows(window);
     window.show();
     EditorWindow* editor = window.openEditor(1, true);
@@ -577,7 +578,7 @@ void tst_MixerSession::failedWriteAsksBeforeTheProgramEnds()
 void tst_MixerSession::unchangedSessionIsNotWritten()
 {
     MixerSession session(*m_mixer);
-    session.open(m_file);
+    QVERIFY(session.open(m_file).isOk());
     QVERIFY(session.save());
     write(m_file, "touched");
     QVERIFY(session.save());
@@ -603,7 +604,7 @@ void tst_MixerSession::earlierSessionsOpen()
     MixerWindow window(*m_mixer, EditorSettings());
     const QRect before = window.geometry();
     MixerSession session(*m_mixer);
-    QCOMPARE(session.open(m_file), QString());
+    QCOMPARE(session.open(m_file).error(), QString());
     QVERIFY(session.restoreWindows(window));
     QCOMPARE(window.geometry(), before);
     QCOMPARE(window.editors().size(), 2);
@@ -618,7 +619,7 @@ void tst_MixerSession::uselessGeometryIsIgnored()
     MixerWindow window(*m_mixer, EditorSettings());
     const QRect before = window.geometry();
     MixerSession session(*m_mixer);
-    QCOMPARE(session.open(m_file), QString());
+    QCOMPARE(session.open(m_file).error(), QString());
     QVERIFY(session.restoreWindows(window));
     QCOMPARE(window.geometry(), before);
     QVERIFY(

@@ -573,7 +573,7 @@ void tst_MixerWindow::pasteOfNonsenseIsExplained()
     QApplication::clipboard()->setText(QStringLiteral("nonsense"));
     actionOf(m_window.get(), QStringLiteral("Paste Equalizer"))->trigger();
     QCOMPARE(m_window->statusBar()->currentMessage(),
-             QStringLiteral("Cannot paste: the clipboard holds no equalizer settings."));
+             QStringLiteral("Cannot paste. The clipboard holds no equalizer settings."));
 }
 
 void tst_MixerWindow::pasteFollowsTheClipboard()

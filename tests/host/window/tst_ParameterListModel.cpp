@@ -150,7 +150,7 @@ void tst_ParameterListModel::refusesNonsense()
     QCOMPARE(changes.size(), 0);
     QCOMPARE(refusals.size(), 1);
     QCOMPARE(refusals[0][0].toString(),
-             QStringLiteral("\"loud\" is not a value of Low gain: type a value from "
+             QStringLiteral("\"loud\" is not a value of Low gain: enter a value from "
                             "-20.0 to +20.0 dB."));
     QCOMPARE(memory.values(4), HostMemory().values(4));
 }
