@@ -35,8 +35,9 @@ class MeterController : public QWidget, public AbstractController
     Q_PROPERTY(MeterType meterType READ meterType WRITE setMeterType)
 
 public:
-    /// Where the scale begins, in tenths of a dB below full.
-    enum MeterType { Minus600 = 0, Minus480 = 1, Minus225 = 2 };
+    /// Where the scale begins, in tenths of a dB below full. An int, because a property may be set
+    /// to any number.
+    enum MeterType : int { Minus600 = 0, Minus480 = 1, Minus225 = 2 };
     Q_ENUM(MeterType)
 
     explicit MeterController(QWidget* parent = nullptr);

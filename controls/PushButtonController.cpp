@@ -374,9 +374,11 @@ void PushButtonController::drawIcon(QPainter& painter)
 
 void PushButtonController::drawText(QPainter& painter) const
 {
-    const QRectF textRect = QRectF(rect()).adjusted(
-        scaledMargin(m_textLeftMargin, scale()), scaledMargin(m_textTopMargin, scale()),
-        -scaledMargin(m_textRightMargin, scale()), -scaledMargin(m_textBottomMargin, scale()));
+    const qreal right = scaledMargin(m_textRightMargin, scale());
+    const qreal bottom = scaledMargin(m_textBottomMargin, scale());
+    const QRectF textRect =
+        QRectF(rect()).adjusted(scaledMargin(m_textLeftMargin, scale()),
+                                scaledMargin(m_textTopMargin, scale()), -right, -bottom);
     painter.setPen(palette().color(QPalette::Text));
     painter.drawText(textRect, static_cast<int>(m_textAlignment), shownText());
 }
