@@ -137,7 +137,7 @@ uint32 PLUGIN_API EffectComponent::release()
 {
     const int32 left = --m_references;
     if (left == 0) {
-        this->~EffectComponent();
+        EffectComponent::~EffectComponent();
         ::operator delete(static_cast<void*>(this));
     }
     return static_cast<uint32>(left);

@@ -15,7 +15,7 @@ constexpr int watchInterval = 100; // ms
 } // namespace
 
 // The audio thread's side: a file's or the inputs' channels through the bus to the outputs.
-class AudioSession::Player : public AudioCallback
+class AudioSession::Player final : public AudioCallback
 {
 public:
     Player(MixBus& bus, FileStream& stream)
