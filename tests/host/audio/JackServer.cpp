@@ -74,9 +74,17 @@ void JackServer::kill()
     m_process.waitForFinished(patience);
 }
 
-void JackServer::freeze() { ::kill(static_cast<pid_t>(m_process.processId()), SIGSTOP); }
+void JackServer::freeze() { send(SIGSTOP); }
 
-void JackServer::thaw() { ::kill(static_cast<pid_t>(m_process.processId()), SIGCONT); }
+void JackServer::thaw() { send(SIGCONT); }
+
+// A server that does not run has the process number 0, which stands for the whole group of the
+// test.
+void JackServer::send(int signal)
+{
+    if (const qint64 process = m_process.processId(); process > 0)
+        ::kill(static_cast<pid_t>(process), signal);
+}
 
 JackDevice::JackDevice(const char* name)
     : m_client(openClient(name))

@@ -33,6 +33,7 @@ public:
     void thaw();
 
 private:
+    void send(int signal);
     QProcess m_process;
 };
 
