@@ -1,47 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "component/EffectComponent.h"
 
+#include "equalizer/StateValue.h"
 #include "interfaces/IMemAPI.h"
 #include "interfaces/IModelInfo.h"
 
-#include <QtEndian>
-
-#include <algorithm>
-#include <array>
-#include <bit>
-#include <cstdint>
 #include <cstring>
-#include <limits>
 #include <new>
 
 using namespace Steinberg;
 
 namespace {
 
-static_assert(std::numeric_limits<float>::is_iec559 && sizeof(float) == 4);
-
-using Word = std::array<unsigned char, 4>;
-
-// A NaN fails the first comparison, so that it becomes 0.
-float clampedToUnit(float value)
-{
-    if (!(value > 0.0f))
-        return 0.0f;
-    return value > 1.0f ? 1.0f : value;
-}
-
-// The bits travel as an integer: a float register need not keep those of every NaN.
-Word toBigEndian(float value)
-{
-    Word word;
-    qToBigEndian(std::bit_cast<std::uint32_t>(value), word.data());
-    return word;
-}
-
-float fromBigEndian(const Word& word)
-{
-    return std::bit_cast<float>(qFromBigEndian<std::uint32_t>(word.data()));
-}
+using StateValue::Word;
 
 tresult readWord(IBStream* stream, Word* word)
 {
@@ -56,29 +27,12 @@ tresult writeWord(IBStream* stream, Word word)
 
 } // namespace
 
-// A host parameter. Differences are formed in 64 bits: a range may be as wide as an int allows.
+// A host parameter.
 struct EffectComponent::Target
 {
     unsigned short parameter = 0;
     int minimum = 0;
     int maximum = 0;
-
-    float span() const { return static_cast<float>(std::int64_t{maximum} - minimum); }
-
-    float toUnit(int value) const
-    {
-        return clampedToUnit(static_cast<float>(std::int64_t{value} - minimum) / span());
-    }
-
-    // A wide span can round up on its way to float, hence the second clamp; minmax because the
-    // range is the host's word and may be upside down.
-    int fromUnit(float unit) const
-    {
-        const float steps = span() * unit;
-        const auto rounded = static_cast<std::int64_t>(static_cast<double>(steps) + 0.5);
-        const auto [lowest, highest] = std::minmax(minimum, maximum);
-        return static_cast<int>(std::clamp<std::int64_t>(minimum + rounded, lowest, highest));
-    }
 };
 
 // A setState() that is running. It learns when the component is freed meanwhile, and so do those
@@ -188,7 +142,7 @@ tresult PLUGIN_API EffectComponent::setState(IBStream* state)
         Word word;
         if (const tresult result = readWord(state, &word); result != kResultOk)
             return result;
-        restoreValue(name, fromBigEndian(word));
+        restoreValue(name, StateValue::fromWord(word));
         if (restore.isComponentFreed())
             return kResultFalse;
     }
@@ -206,7 +160,7 @@ tresult PLUGIN_API EffectComponent::getState(IBStream* state)
     if (!isBound())
         return kResultFalse;
     for (const char* name : getParameterList(nullptr)) {
-        const Word word = toBigEndian(normalizedValue(name));
+        const Word word = StateValue::toWord(normalizedValue(name));
         if (const tresult result = writeWord(state, word); result != kResultOk)
             return result;
     }
@@ -235,7 +189,7 @@ float EffectComponent::normalizedValue(const char* name) const
     if (!findTarget(name, &target) ||
         m_memAPI->getValue(target.parameter, static_cast<unsigned short>(m_ch), &value, 0) < 0)
         return 0.0f;
-    return target.toUnit(value);
+    return StateValue::toPlace(value, target.minimum, target.maximum);
 }
 
 void EffectComponent::restoreValue(const char* name, float normalized)
@@ -243,5 +197,6 @@ void EffectComponent::restoreValue(const char* name, float normalized)
     Target target;
     if (findTarget(name, &target))
         m_memAPI->setValue(target.parameter, static_cast<unsigned short>(m_ch),
-                           target.fromUnit(clampedToUnit(normalized)), 0, 0, 1);
+                           StateValue::fromPlace(normalized, target.minimum, target.maximum), 0, 0,
+                           1);
 }

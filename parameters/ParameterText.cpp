@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "parameters/ParameterText.h"
 
-#include "equalizer/BandDesign.h"
+#include "parameters/ParameterScale.h"
 
 #include <algorithm>
 #include <charconv>
-#include <cmath>
 #include <cstdlib>
 #include <limits>
 #include <span>
@@ -13,8 +12,6 @@
 
 namespace {
 
-constexpr double stepsPerDecade = 400.0;
-constexpr double stepsPerOctave = 100.0;
 constexpr int maxDigits = 9;
 constexpr std::size_t maxNumberLength = 64; // so that only an exponent can leave a double's range
 
@@ -114,37 +111,15 @@ std::optional<Quantity> quantityOf(std::string_view text)
     return Quantity{negative ? -number : number, folded({end, digits.data() + digits.size()})};
 }
 
-int frequencyStep(double hertz)
-{
-    const double inside =
-        std::clamp(hertz, BandDesign::MinimumFrequency, BandDesign::MaximumFrequency);
-    return static_cast<int>(
-        std::lround(stepsPerDecade * std::log10(inside / BandDesign::MinimumFrequency)));
-}
-
-int qualityStep(double quality)
-{
-    const double inside =
-        std::clamp(quality, BandDesign::MinimumQuality, BandDesign::MaximumQuality);
-    return static_cast<int>(
-        std::lround(stepsPerOctave * std::log2(inside / BandDesign::MinimumQuality)));
-}
-
-int decibelStep(double decibels)
-{
-    return static_cast<int>(std::lround(
-        10.0 * std::clamp(decibels, -BandDesign::MaximumGain, BandDesign::MaximumGain)));
-}
-
 std::optional<int> parseFrequency(std::string_view text)
 {
     const std::optional<Quantity> quantity = quantityOf(text);
     if (!quantity)
         return std::nullopt;
     if (quantity->unit.empty() || quantity->unit == "hz")
-        return frequencyStep(quantity->number);
+        return stepOf(ParameterKind::Frequency, quantity->number);
     if (quantity->unit == "k" || quantity->unit == "khz")
-        return frequencyStep(quantity->number * 1000.0);
+        return stepOf(ParameterKind::Frequency, quantity->number * 1000.0);
     return std::nullopt;
 }
 
@@ -153,7 +128,7 @@ std::optional<int> parseQuality(std::string_view text)
     const std::optional<Quantity> quantity = quantityOf(text);
     if (!quantity || !quantity->unit.empty())
         return std::nullopt;
-    return qualityStep(quantity->number);
+    return stepOf(ParameterKind::Quality, quantity->number);
 }
 
 std::optional<int> parseDecibels(std::string_view text)
@@ -161,7 +136,7 @@ std::optional<int> parseDecibels(std::string_view text)
     const std::optional<Quantity> quantity = quantityOf(text);
     if (!quantity || !(quantity->unit.empty() || quantity->unit == "db"))
         return std::nullopt;
-    return decibelStep(quantity->number);
+    return stepOf(ParameterKind::Decibels, quantity->number);
 }
 
 std::optional<int> indexIn(std::span<const std::string_view> choices, std::string_view text)
@@ -205,7 +180,7 @@ std::string frequencyText(double hertz)
 
 std::string formatFrequency(int value)
 {
-    const double hertz = BandDesign::MinimumFrequency * std::pow(10.0, value / stepsPerDecade);
+    const double hertz = numberOf(ParameterKind::Frequency, value);
     std::string text;
     for (int digits = 1; digits <= maxDigits; ++digits) {
         text = frequencyText(valueOf(printed(hertz, std::chars_format::scientific, digits - 1)));
@@ -217,7 +192,7 @@ std::string formatFrequency(int value)
 
 std::string formatQuality(int value)
 {
-    const double quality = BandDesign::MinimumQuality * std::exp2(value / stepsPerOctave);
+    const double quality = numberOf(ParameterKind::Quality, value);
     const int shown = quality < 9.995 ? 2 : 1;
     std::string text;
     for (int decimals = shown - 1; decimals <= maxDigits; ++decimals) {

@@ -2,7 +2,6 @@
 #include "host/window/EditorWindow.h"
 
 #include "host/audio/AudioSession.h"
-#include "host/files/FactoryPresets.h"
 #include "host/window/EditMenu.h"
 #include "host/window/EditorToolBar.h"
 #include "host/window/LanguageMenu.h"
@@ -11,6 +10,7 @@
 #include "host/window/PresetMenu.h"
 #include "host/window/ResponseView.h"
 #include "host/window/WindowPanels.h"
+#include "parameters/FactoryPresets.h"
 
 #include <QCoreApplication>
 #include <QDockWidget>

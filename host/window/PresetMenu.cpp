@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/window/PresetMenu.h"
 
-#include "host/files/FactoryPresets.h"
+#include "parameters/FactoryPresets.h"
 
 #include <QCoreApplication>
 #include <QInputDialog>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/files/FactoryPresets.h"
 #include "host/files/PresetFolder.h"
 #include "host/window/EditorWindow.h"
 #include "host/window/Mixer.h"
 #include "host/window/MixerWindow.h"
+#include "parameters/FactoryPresets.h"
 #include "parameters/ParameterText.h"
 #include "tests/support/TestObject.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "hosting/HostMemory.h"
+#include "parameters/ChannelValues.h"
 
 #include <span>
 #include <vector>
@@ -13,8 +13,8 @@ struct PresetSetting
     const char* text;
 };
 
-/// A preset that comes with the mixer. Parameters that it does not name are at their defaults;
-/// bands that it does not name are flat.
+/// A preset that comes with the equalizer, in the mixer and in workstations. Parameters that it
+/// does not name are at their defaults; bands that it does not name are flat. std only.
 struct FactoryPreset
 {
     const char* name; ///< in English; the translations' context is "FactoryPreset"
@@ -24,4 +24,4 @@ struct FactoryPreset
 
 std::span<const FactoryPreset> factoryPresets();
 
-HostMemory::Values valuesOf(const FactoryPreset& preset);
+ChannelValues valuesOf(const FactoryPreset& preset);

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/files/FactoryPresets.h"
+#include "parameters/FactoryPresets.h"
 
 #include "parameters/ParameterText.h"
-
-#include <QtGlobal>
+#include "parameters/TranslationMark.h"
 
 #include <algorithm>
+#include <cassert>
 #include <string_view>
 
 namespace {
@@ -185,12 +185,12 @@ std::span<const FactoryPreset> factoryPresets()
     return presets;
 }
 
-HostMemory::Values valuesOf(const FactoryPreset& preset)
+ChannelValues valuesOf(const FactoryPreset& preset)
 {
-    HostMemory::Values values = HostMemory().values(0);
+    ChannelValues values = defaultValues();
     for (const PresetSetting& setting : preset.settings) {
         const std::size_t index = indexOf(setting.title);
-        Q_ASSERT(index < parameterCount);
+        assert(index < parameterCount);
         values[index] = parseParameter(parameterTable[index], setting.text).value_or(values[index]);
     }
     return values;
