@@ -22,6 +22,9 @@ ROOMS = {
     "plugin": ["editor", "interfaces"],
     "parameters": ["equalizer"],
     "engine": ["parameters", "equalizer"],
+    "daw/processor": ["engine", "parameters", "equalizer"],
+    "daw/lv2": ["daw/processor", "engine", "parameters", "equalizer"],
+    "daw/vst3": ["daw/processor", "engine", "parameters", "equalizer"],
     "hosting": ["parameters", "component", "equalizer", "interfaces"],
     "host/audio": ["engine", "hosting", "parameters", "equalizer"],
     "host/model": ["host/audio", "hosting", "engine", "parameters", "equalizer"],
@@ -34,8 +37,10 @@ ROOMS = {
 }
 # Beside the house: they include what they need, and nothing includes them.
 BESIDE = ["gallery", "designer", "tests", "benchmarks", "fuzz"]
-# Rooms that know neither Qt nor the SDK, and those that know Qt alone.
-STANDARD_LIBRARY_ONLY = {"equalizer", "parameters", "engine"}
+# Rooms that know neither Qt nor the SDK, those that know a format's headers but not Qt, and those
+# that know Qt alone.
+STANDARD_LIBRARY_ONLY = {"equalizer", "parameters", "engine", "daw/processor"}
+FORMAT_HEADERS = {"daw/lv2": r"lv2/.+\.h", "daw/vst3": r"pluginterfaces/.+\.h"}
 QT_ONLY = {"widgets"}
 
 INCLUDE = re.compile(r'^\s*#\s*include\s+(["<])([^">]+)[">]', re.M)
@@ -60,6 +65,8 @@ def problems_of(path, text):
             plain = re.fullmatch(r"[a-z_0-9]+(\.h)?", name)
             if room in STANDARD_LIBRARY_ONLY and not plain:
                 yield f"includes <{name}>, but {room} knows only the standard library"
+            if room in FORMAT_HEADERS and not plain and not re.fullmatch(FORMAT_HEADERS[room], name):
+                yield f"includes <{name}>, but {room} knows no more than its format"
             if room in QT_ONLY and name.startswith(SDK):
                 yield f"includes <{name}>, but {room} knows only Qt"
         elif not GENERATED.search(name):

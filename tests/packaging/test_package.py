@@ -45,6 +45,8 @@ class PackageTest(unittest.TestCase):
         files = {str(path.relative_to(self.root)) for path in self.root.rglob("*")
                  if path.is_file()}
         for name in ("usr/bin/zolta-host", "usr/bin/zolta-gallery", "usr/lib/zolta/libZolta.so",
+                     "usr/lib/lv2/zolta.lv2/zolta.so", "usr/lib/lv2/zolta.lv2/manifest.ttl",
+                     "usr/lib/lv2/zolta.lv2/equalizer.ttl", "usr/lib/lv2/zolta.lv2/presets.ttl",
                      "usr/share/zolta/fonts/fonts.conf",
                      "usr/share/fontconfig/conf.avail/60-zolta-fonts.conf",
                      "usr/share/applications/zolta-host.desktop",

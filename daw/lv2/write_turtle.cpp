@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Writes what the bundle says about its plug-ins; the build runs it.
+//
+// Usage: write_turtle FOLDER LIBRARY VERSION
+#include "daw/lv2/Turtle.h"
+
+#include <fstream>
+#include <iostream>
+
+namespace {
+
+bool writeFile(const std::string& file, const std::string& text)
+{
+    std::ofstream stream(file, std::ios::binary);
+    stream << text << std::flush;
+    if (!stream)
+        std::cerr << "The file " << file << " cannot be written.\n";
+    return stream.good();
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    if (argc != 4) {
+        std::cerr << "Usage: write_turtle FOLDER LIBRARY VERSION\n";
+        return 2;
+    }
+    const std::string folder = std::string(argv[1]) + '/';
+    const bool written = writeFile(folder + "manifest.ttl", manifestTurtle(argv[2])) &&
+                         writeFile(folder + "equalizer.ttl", pluginsTurtle(argv[3])) &&
+                         writeFile(folder + "presets.ttl", presetsTurtle());
+    return written ? 0 : 1;
+}
