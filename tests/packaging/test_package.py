@@ -6,6 +6,7 @@ Usage: test_package.py BUILD_FOLDER
 """
 
 import os
+import re
 import subprocess
 import sys
 import tempfile
@@ -47,6 +48,7 @@ class PackageTest(unittest.TestCase):
         for name in ("usr/bin/zolta-host", "usr/bin/zolta-gallery", "usr/lib/zolta/libZolta.so",
                      "usr/lib/lv2/zolta.lv2/zolta.so", "usr/lib/lv2/zolta.lv2/manifest.ttl",
                      "usr/lib/lv2/zolta.lv2/equalizer.ttl", "usr/lib/lv2/zolta.lv2/presets.ttl",
+                     "usr/lib/vst3/zolta.vst3/Contents/Resources/moduleinfo.json",
                      "usr/share/zolta/fonts/fonts.conf",
                      "usr/share/fontconfig/conf.avail/60-zolta-fonts.conf",
                      "usr/share/applications/zolta-host.desktop",
@@ -54,6 +56,8 @@ class PackageTest(unittest.TestCase):
                      "usr/share/bash-completion/completions/zolta-host",
                      "usr/share/doc/zolta/copyright"):
             self.assertIn(name, files)
+        self.assertTrue(any(re.fullmatch(r"usr/lib/vst3/zolta.vst3/Contents/[\w]+-linux/zolta.so", name)
+                            for name in files))
         self.assertTrue(any(name.startswith("usr/share/man/man1/zolta-host.1") for name in files))
         self.assertTrue(any(name.endswith("/qt6/plugins/designer/zoltacontrols.so")
                             for name in files))
