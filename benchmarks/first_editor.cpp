@@ -4,7 +4,7 @@
 // attaching it to the host, and showing it until its first picture is painted.
 //
 // The clock starts in a host as it is when a user asks for an editor: a window with text is up.
-#include "host/program/StartUp.h"
+#include "hosting/StartUp.h"
 #include "host/window/EditorSession.h"
 #include "host/window/HostTheme.h"
 #include "host/window/Mixer.h"

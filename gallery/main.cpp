@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "gallery/GalleryCommandLine.h"
 #include "gallery/GallerySheet.h"
-#include "host/program/StartUp.h"
+#include "hosting/StartUp.h"
 #include "host/window/HostTheme.h"
 #include "hosting/OutputFile.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "host/model/GestureWatch.h"
+#include "hosting/GestureWatch.h"
 #include "hosting/ChangeListener.h"
 
 #include <QCoreApplication>

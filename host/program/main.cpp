@@ -3,7 +3,7 @@
 #include "host/program/Application.h"
 #include "host/program/CommandLineParser.h"
 #include "host/program/RenderCommand.h"
-#include "host/program/StartUp.h"
+#include "hosting/StartUp.h"
 #include "host/window/Language.h"
 
 #include <QApplication>

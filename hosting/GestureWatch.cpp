@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/model/GestureWatch.h"
+#include "hosting/GestureWatch.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>

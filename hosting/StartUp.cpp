@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/program/StartUp.h"
+#include "hosting/StartUp.h"
 
 #include <QDir>
 #include <QFile>
