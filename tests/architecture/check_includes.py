@@ -22,10 +22,6 @@ ROOMS = {
     "plugin": ["editor", "interfaces"],
     "parameters": ["equalizer"],
     "engine": ["parameters", "equalizer"],
-    "daw/processor": ["engine", "parameters", "equalizer"],
-    "daw/lv2": ["daw/processor", "engine", "parameters", "equalizer"],
-    "daw/vst3": ["daw/processor", "engine", "parameters", "equalizer"],
-    "hosting": ["parameters", "component", "equalizer", "interfaces"],
     "host/audio": ["engine", "hosting", "parameters", "equalizer"],
     "host/model": ["host/audio", "hosting", "engine", "parameters", "equalizer"],
     "host/meters": ["host/model", "hosting", "engine", "parameters", "equalizer"],
@@ -34,6 +30,11 @@ ROOMS = {
                     "parameters", "equalizer", "interfaces", "controls", "widgets"],
     "host/program": ["host/window", "host/files", "host/meters", "host/model", "host/audio",
                      "hosting", "engine", "parameters", "equalizer", "interfaces"],
+    "daw/window": ["parameters", "equalizer"],
+    "daw/processor": ["engine", "parameters", "equalizer"],
+    "daw/lv2": ["daw/processor", "daw/window", "engine", "parameters", "equalizer"],
+    "daw/vst3": ["daw/processor", "daw/window", "engine", "parameters", "equalizer"],
+    "daw/editor": ["daw/window", "hosting", "parameters", "equalizer", "interfaces"],
 }
 # Beside the house: they include what they need, and nothing includes them.
 BESIDE = ["gallery", "designer", "tests", "benchmarks", "fuzz"]

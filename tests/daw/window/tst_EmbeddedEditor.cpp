@@ -1,0 +1,324 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "daw/window/EmbeddedEditor.h"
+#include "parameters/ChannelValues.h"
+#include "parameters/ParameterTable.h"
+#include "tests/support/TestObject.h"
+
+#include <QDir>
+#include <QProcess>
+#include <QScreen>
+#include <QSet>
+#include <QTimer>
+
+#include <csignal>
+
+namespace {
+
+/// What a workstation hears of the user's edits: "begin 3", "3 = 40", "end 3".
+class Edits : public EditorListener
+{
+public:
+    void beginEdit(std::size_t parameter) override { add("begin %1", parameter); }
+    void edit(std::size_t parameter, int value) override
+    {
+        add("edit %1", parameter);
+        values[parameter] = value;
+    }
+    void endEdit(std::size_t parameter) override { add("end %1", parameter); }
+
+    QStringList texts;
+    ChannelValues values = defaultValues();
+
+private:
+    void add(const char* text, std::size_t parameter)
+    {
+        const QString entry = QString::fromLatin1(text).arg(parameter);
+        if (texts.isEmpty() || texts.last() != entry)
+            texts << entry;
+    }
+};
+
+/// The X server's own pointer and keyboard.
+void xdotool(const QByteArrayList& arguments)
+{
+    QStringList texts;
+    for (const QByteArray& argument : arguments)
+        texts << QString::fromLatin1(argument);
+    QCOMPARE(QProcess::execute(QStringLiteral("xdotool"), texts), 0);
+}
+
+/// The processes whose program is the editor's, as "/proc" lists them.
+QStringList editorProcesses()
+{
+    QStringList found;
+    for (const QString& entry : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {
+        const QFileInfo program(QLatin1String("/proc/%1/exe").arg(entry));
+        if (program.symLinkTarget() == QLatin1String(EDITOR_PROGRAM))
+            found << entry;
+    }
+    return found;
+}
+
+/// A workstation's window, with the editor's in it.
+struct Workstation
+{
+    explicit Workstation(const EmbeddedEditor::Options& chosen = withProgram())
+        : options(chosen)
+    {
+        window.setWindowFlags(Qt::X11BypassWindowManagerHint);
+        window.setGeometry(0, 0, options.width, options.height);
+        window.show();
+        options.parent = static_cast<std::uint32_t>(window.winId());
+        QObject::connect(&timer, &QTimer::timeout, &window, [this] { editor->relay(); });
+        reopen();
+        timer.start(5);
+    }
+
+    void reopen()
+    {
+        editor.reset();
+        editor = std::make_unique<EmbeddedEditor>(edits, options);
+        for (std::size_t parameter = 0; parameter < parameterCount; ++parameter)
+            editor->setValue(parameter, edits.values[parameter]);
+    }
+
+    static EmbeddedEditor::Options withProgram()
+    {
+        EmbeddedEditor::Options options;
+        options.program = EDITOR_PROGRAM;
+        return options;
+    }
+
+    /// The picture on the display where the window is.
+    QImage picture() const
+    {
+        return window.screen()->grabWindow(0, 0, 0, window.width(), window.height()).toImage();
+    }
+    /// Whether the editor is painted; its ground is lighter than the empty window's.
+    bool isShown() const { return picture().pixelColor(window.width() / 2, 4) != ground; }
+
+    static constexpr QColor ground{0x1e, 0x1e, 0x1e};
+    Edits edits;
+    QWidget window;
+    QTimer timer;
+    EmbeddedEditor::Options options;
+    std::unique_ptr<EmbeddedEditor> editor;
+};
+
+constexpr std::size_t lowGain = parameterIndex(0, EqualizerField::Gain);
+constexpr std::size_t highGain = parameterIndex(5, EqualizerField::Gain);
+// In the editor at scale 1.
+constexpr QRect outLeftBar(935, 150, 4, 300);
+constexpr QRect outRightBar(944, 150, 4, 300);
+
+QSet<QRgb> colorsOf(const QImage& image)
+{
+    QSet<QRgb> colors;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            colors.insert(image.pixel(x, y));
+    }
+    return colors;
+}
+
+/// Waits until three pictures in a row are alike.
+void settle(const Workstation& workstation)
+{
+    QImage last;
+    for (int alike = 0; alike < 3;) {
+        QTest::qWait(50);
+        const QImage now = workstation.picture();
+        alike = now == last ? alike + 1 : 0;
+        last = now;
+    }
+}
+
+QByteArray focusedWindow()
+{
+    QProcess process;
+    process.start(QStringLiteral("xdotool"), {QStringLiteral("getwindowfocus")});
+    process.waitForFinished();
+    return process.readAllStandardOutput().trimmed();
+}
+
+} // namespace
+
+class tst_EmbeddedEditor : public TestObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { QTRY_COMPARE(editorProcesses(), QStringList()); }
+
+    void theEditorIsShownWithTheValues()
+    {
+        Workstation flat;
+        QTRY_VERIFY(flat.isShown());
+        const QImage before = flat.picture();
+        flat.editor->setValue(lowGain, 60);
+        QTRY_VERIFY(flat.picture() != before);
+        flat.editor->setValue(lowGain, 0);
+        QTRY_COMPARE(flat.picture(), before);
+        QCOMPARE(flat.edits.texts, QStringList());
+    }
+
+    void metersMoveAndStayWithTheirSide()
+    {
+        Workstation workstation;
+        QTRY_VERIFY(workstation.isShown());
+        const QImage before = workstation.picture();
+        workstation.editor->setMeter(OutRight, -30);
+        QTRY_VERIFY(workstation.picture() != before);
+        settle(workstation);
+        const QImage after = workstation.picture();
+        QCOMPARE(after.copy(outLeftBar), before.copy(outLeftBar));
+        QVERIFY(after.copy(outRightBar) != before.copy(outRightBar));
+    }
+
+    void theCurveFollowsTheSampleRate()
+    {
+        Workstation workstation;
+        workstation.editor->setValue(highGain, 120);
+        workstation.editor->setSampleRate(192000);
+        QTRY_VERIFY(workstation.isShown());
+        settle(workstation);
+        const QImage before = workstation.picture();
+        workstation.editor->setSampleRate(44100);
+        QTRY_VERIFY(workstation.picture() != before);
+    }
+
+    void aDragInTheGraphIsOneGesture()
+    {
+        Workstation workstation;
+        QTRY_VERIFY(workstation.isShown());
+        xdotool({"mousemove", "262", "109", "mousedown", "1", "mousemove", "262", "80", "mousemove",
+                 "262", "70", "mouseup", "1"});
+        QTRY_COMPARE(workstation.edits.texts.count(QStringLiteral("end 2")), 1);
+        QCOMPARE(workstation.edits.texts.count(QStringLiteral("begin 2")), 1);
+        QVERIFY(workstation.edits.values[lowGain] > 0);
+    }
+
+    void theWheelOverAKnobIsAGesture()
+    {
+        Workstation workstation;
+        QTRY_VERIFY(workstation.isShown());
+        xdotool({"mousemove", "306", "455", "click", "4"});
+        const QStringList expected = {QStringLiteral("begin 2"), QStringLiteral("edit 2"),
+                                      QStringLiteral("end 2")};
+        QTRY_COMPARE(workstation.edits.texts, expected);
+    }
+
+    // The field has the keyboard while it is open, and the workstation before and after.
+    void whatIsTypedArrives()
+    {
+        Workstation workstation;
+        QTRY_VERIFY(workstation.isShown());
+        const QByteArray owner = QByteArray::number(workstation.window.winId());
+        xdotool({"windowfocus", "--sync", owner});
+        xdotool({"mousemove", "306", "491", "click", "--repeat", "2", "1"});
+        QTRY_VERIFY(focusedWindow() != owner);
+        xdotool({"key", "ctrl+a", "type", "6.5"});
+        xdotool({"key", "Return"});
+        QTRY_COMPARE(workstation.edits.values[lowGain], 65);
+        QTRY_COMPARE(focusedWindow(), owner);
+        QTRY_COMPARE(workstation.edits.texts.last(), QStringLiteral("end 2"));
+    }
+
+    void theWorkstationsValuesAreNoEdits()
+    {
+        Workstation workstation;
+        QTRY_VERIFY(workstation.isShown());
+        const QImage before = workstation.picture();
+        for (int gain = -200; gain <= 200; gain += 7)
+            workstation.editor->setValue(lowGain, gain);
+        QTRY_VERIFY(workstation.picture() != before);
+        settle(workstation);
+        QCOMPARE(workstation.edits.texts, QStringList());
+    }
+
+    void anotherSizeKeepsTheProportion()
+    {
+        Workstation workstation;
+        QTRY_VERIFY(workstation.isShown());
+        workstation.window.resize(1300, 560);
+        workstation.editor->resize(1300, 560);
+        QTRY_COMPARE(workstation.picture().pixelColor(20, 280), Workstation::ground);
+        QTRY_COMPARE(workstation.picture().pixelColor(1280, 280), Workstation::ground);
+        QTRY_VERIFY(workstation.isShown());
+        workstation.editor->resize(489, 280);
+        QTRY_VERIFY(workstation.picture().pixelColor(244, 2) != Workstation::ground);
+        QCOMPARE(workstation.editor->width(), 489);
+    }
+
+    void anEditorThatDiesComesBackWithAClick()
+    {
+        Workstation workstation;
+        workstation.editor->setValue(lowGain, 90);
+        QTRY_VERIFY(workstation.isShown());
+        settle(workstation);
+        const QImage before = workstation.picture();
+        xdotool({"mousemove", "398", "455", "mousedown", "1", "mousemove", "398", "420"});
+        QTRY_VERIFY(!workstation.edits.texts.isEmpty());
+        QCOMPARE(editorProcesses().size(), 1);
+        ::kill(editorProcesses().first().toInt(), SIGSEGV);
+        QTRY_VERIFY(!workstation.isShown());
+        QTRY_COMPARE(workstation.edits.texts.last(), QStringLiteral("end 6"));
+        workstation.editor->setValue(6, 0);
+        xdotool({"mouseup", "1", "mousemove", "20", "500", "click", "1"});
+        QTRY_VERIFY(workstation.isShown());
+        QTRY_COMPARE(workstation.picture(), before);
+    }
+
+    void anEditorThatHangsIsLeft()
+    {
+        auto workstation = std::make_unique<Workstation>();
+        QTRY_VERIFY(workstation->isShown());
+        ::kill(editorProcesses().first().toInt(), SIGSTOP);
+        for (int i = 0; i < 3000; ++i)
+            workstation->editor->setMeter(InLeft, -(i % 600));
+        workstation.reset();
+        QCOMPARE(editorProcesses(), QStringList());
+    }
+
+    void withoutTheProgramTheWindowSaysSo()
+    {
+        EmbeddedEditor::Options options;
+        options.program.clear();
+        Workstation workstation(options);
+        QTRY_VERIFY(colorsOf(workstation.picture()).size() > 1);
+        QVERIFY(workstation.editor->isOpen());
+    }
+
+    void withoutAParentNothingIsOpened()
+    {
+        Edits edits;
+        EmbeddedEditor::Options options;
+        options.parent = 0x7fffffff;
+        options.program = EDITOR_PROGRAM;
+        EmbeddedEditor editor(edits, options);
+        QVERIFY(!editor.isOpen());
+        editor.setValue(lowGain, 3);
+        editor.resize(10, 10);
+        editor.relay();
+    }
+
+    void openingAndClosingLeavesNothingBehind()
+    {
+        const auto descriptors = [] {
+            return QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::Files).size();
+        };
+        Workstation workstation;
+        QTRY_VERIFY(workstation.isShown());
+        const auto before = descriptors();
+        for (int i = 0; i < 5; ++i) {
+            workstation.reopen();
+            if (i % 2 == 0)
+                QTRY_VERIFY(workstation.isShown());
+        }
+        QCOMPARE(descriptors(), before);
+        QTRY_COMPARE(editorProcesses().size(), 1);
+    }
+};
+
+QTEST_MAIN(tst_EmbeddedEditor)
+#include "tst_EmbeddedEditor.moc"
