@@ -12,6 +12,8 @@
 
 inline constexpr const char* stereoUri = "urn:zolta:equalizer";
 inline constexpr const char* monoUri = "urn:zolta:equalizer-mono";
+/// The editor of both.
+inline constexpr const char* uiUri = "urn:zolta:equalizer#ui";
 
 enum class PortRole {
     AudioInput,

@@ -23,11 +23,14 @@ constexpr std::array<std::pair<const char*, std::size_t>, 2> plugins = {
 constexpr const char* prefixes = R"(@prefix doap: <http://usefulinc.com/ns/doap#> .
 @prefix foaf: <http://xmlns.com/foaf/0.1/> .
 @prefix lv2: <http://lv2plug.in/ns/lv2core#> .
+@prefix opts: <http://lv2plug.in/ns/ext/options#> .
+@prefix param: <http://lv2plug.in/ns/ext/parameters#> .
 @prefix pg: <http://lv2plug.in/ns/ext/port-groups#> .
 @prefix pprops: <http://lv2plug.in/ns/ext/port-props#> .
 @prefix pset: <http://lv2plug.in/ns/ext/presets#> .
 @prefix rdf: <http://www.w3.org/1999/02/22-rdf-syntax-ns#> .
 @prefix rdfs: <http://www.w3.org/2000/01/rdf-schema#> .
+@prefix ui: <http://lv2plug.in/ns/extensions/ui#> .
 @prefix units: <http://lv2plug.in/ns/extensions/units#> .
 
 )";
@@ -185,9 +188,34 @@ std::string plugin(const char* name, std::size_t channels, const std::string& ve
            "    lv2:minorVersion " +
            version.substr(0, dot) + " ;\n    lv2:microVersion " +
            version.substr(version.rfind('.') + 1) +
-           " ;\n    lv2:optionalFeature lv2:hardRTCapable ;\n    pg:mainInput " +
-           groupUri(group + "input") + " ;\n    pg:mainOutput " + groupUri(group + "output") +
-           " ;\n" + ports(channels);
+           " ;\n    lv2:optionalFeature lv2:hardRTCapable ;\n    ui:ui " + uri(uiUri) +
+           " ;\n    pg:mainInput " + groupUri(group + "input") + " ;\n    pg:mainOutput " +
+           groupUri(group + "output") + " ;\n" + ports(channels);
+}
+
+// Hosts tell an editor of the outputs that are listed here.
+std::string meterNotifications(const char* name, std::size_t channels)
+{
+    std::string text;
+    for (const Port& port : portsOf(channels)) {
+        if (port.isMeter())
+            text += " ;\n    ui:portNotification [ ui:plugin " + uri(name) + " ; lv2:symbol " +
+                    quoted(symbolOf(port, channels)) + " ; ui:protocol ui:floatProtocol ]";
+    }
+    return text;
+}
+
+std::string editorTurtle()
+{
+    std::string text = uri(uiUri) +
+                       "\n    a ui:X11UI ;\n"
+                       "    lv2:requiredFeature ui:parent , ui:idleInterface ;\n"
+                       "    lv2:optionalFeature ui:resize , ui:touch , opts:options ;\n"
+                       "    opts:supportedOption ui:scaleFactor , param:sampleRate ;\n"
+                       "    lv2:extensionData ui:idleInterface , ui:resize";
+    for (const auto& [name, channels] : plugins)
+        text += meterNotifications(name, channels);
+    return text + " .\n\n";
 }
 
 // "Vocal de-esser" as "vocal-de-esser".
@@ -218,9 +246,10 @@ std::string presetTurtle(const FactoryPreset& preset)
 
 } // namespace
 
-std::string manifestTurtle(const std::string& library)
+std::string manifestTurtle(const std::string& library, const std::string& uiLibrary)
 {
-    std::string text = prefixes;
+    std::string text = prefixes + uri(uiUri) + "\n    a ui:X11UI ;\n    ui:binary " +
+                       uri(uiLibrary) + " ;\n    rdfs:seeAlso " + uri(pluginsFile) + " .\n\n";
     for (const auto& [name, channels] : plugins)
         text += uri(name) + "\n    a lv2:Plugin ;\n    lv2:binary " + uri(library) +
                 " ;\n    rdfs:seeAlso " + uri(pluginsFile) + " .\n\n";
@@ -235,7 +264,7 @@ std::string pluginsTurtle(const std::string& version)
     std::string text = prefixes + groups();
     for (const auto& [name, channels] : plugins)
         text += plugin(name, channels, version);
-    return text;
+    return text + editorTurtle();
 }
 
 std::string presetsTurtle()
@@ -259,4 +288,9 @@ std::string portNumber(std::size_t index, int value)
     const auto end = std::to_chars(std::begin(buffer), std::end(buffer), static_cast<float>(number),
                                    std::chars_format::fixed);
     return {buffer, end.ptr};
+}
+
+float portValue(std::size_t index, int value)
+{
+    return std::strtof(portNumber(index, value).c_str(), nullptr);
 }

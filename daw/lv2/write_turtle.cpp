@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Writes what the bundle says about its plug-ins; the build runs it.
 //
-// Usage: write_turtle FOLDER LIBRARY VERSION
+// Usage: write_turtle FOLDER LIBRARY UI_LIBRARY VERSION
 #include "daw/lv2/Turtle.h"
 
 #include <fstream>
@@ -22,13 +22,13 @@ bool writeFile(const std::string& file, const std::string& text)
 
 int main(int argc, char* argv[])
 {
-    if (argc != 4) {
-        std::cerr << "Usage: write_turtle FOLDER LIBRARY VERSION\n";
+    if (argc != 5) {
+        std::cerr << "Usage: write_turtle FOLDER LIBRARY UI_LIBRARY VERSION\n";
         return 2;
     }
     const std::string folder = std::string(argv[1]) + '/';
-    const bool written = writeFile(folder + "manifest.ttl", manifestTurtle(argv[2])) &&
-                         writeFile(folder + "equalizer.ttl", pluginsTurtle(argv[3])) &&
+    const bool written = writeFile(folder + "manifest.ttl", manifestTurtle(argv[2], argv[3])) &&
+                         writeFile(folder + "equalizer.ttl", pluginsTurtle(argv[4])) &&
                          writeFile(folder + "presets.ttl", presetsTurtle());
     return written ? 0 : 1;
 }

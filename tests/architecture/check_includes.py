@@ -22,6 +22,7 @@ ROOMS = {
     "plugin": ["editor", "interfaces"],
     "parameters": ["equalizer"],
     "engine": ["parameters", "equalizer"],
+    "hosting": ["parameters", "component", "equalizer", "interfaces"],
     "host/audio": ["engine", "hosting", "parameters", "equalizer"],
     "host/model": ["host/audio", "hosting", "engine", "parameters", "equalizer"],
     "host/meters": ["host/model", "hosting", "engine", "parameters", "equalizer"],

@@ -46,7 +46,9 @@ class PackageTest(unittest.TestCase):
         files = {str(path.relative_to(self.root)) for path in self.root.rglob("*")
                  if path.is_file()}
         for name in ("usr/bin/zolta-host", "usr/bin/zolta-gallery", "usr/lib/zolta/libZolta.so",
-                     "usr/lib/lv2/zolta.lv2/zolta.so", "usr/lib/lv2/zolta.lv2/manifest.ttl",
+                     "usr/lib/lv2/zolta.lv2/zolta.so",
+                     "usr/lib/lv2/zolta.lv2/zolta_ui.so", "usr/lib/zolta/zolta-editor",
+                     "usr/lib/lv2/zolta.lv2/manifest.ttl",
                      "usr/lib/lv2/zolta.lv2/equalizer.ttl", "usr/lib/lv2/zolta.lv2/presets.ttl",
                      "usr/lib/vst3/zolta.vst3/Contents/Resources/moduleinfo.json",
                      "usr/share/zolta/fonts/fonts.conf",
