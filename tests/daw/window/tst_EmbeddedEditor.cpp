@@ -2,11 +2,11 @@
 #include "daw/window/EmbeddedEditor.h"
 #include "parameters/ChannelValues.h"
 #include "parameters/ParameterTable.h"
+#include "tests/daw/HostWindow.h"
 #include "tests/support/TestObject.h"
 
 #include <QDir>
 #include <QProcess>
-#include <QScreen>
 #include <QSet>
 #include <QTimer>
 
@@ -38,37 +38,14 @@ private:
     }
 };
 
-/// The X server's own pointer and keyboard.
-void xdotool(const QByteArrayList& arguments)
-{
-    QStringList texts;
-    for (const QByteArray& argument : arguments)
-        texts << QString::fromLatin1(argument);
-    QCOMPARE(QProcess::execute(QStringLiteral("xdotool"), texts), 0);
-}
-
-/// The processes whose program is the editor's, as "/proc" lists them.
-QStringList editorProcesses()
-{
-    QStringList found;
-    for (const QString& entry : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {
-        const QFileInfo program(QLatin1String("/proc/%1/exe").arg(entry));
-        if (program.symLinkTarget() == QLatin1String(EDITOR_PROGRAM))
-            found << entry;
-    }
-    return found;
-}
-
 /// A workstation's window, with the editor's in it.
 struct Workstation
 {
     explicit Workstation(const EmbeddedEditor::Options& chosen = withProgram())
         : options(chosen)
     {
-        window.setWindowFlags(Qt::X11BypassWindowManagerHint);
-        window.setGeometry(0, 0, options.width, options.height);
-        window.show();
-        options.parent = static_cast<std::uint32_t>(window.winId());
+        window.open(options.width, options.height);
+        options.parent = window.id();
         QObject::connect(&timer, &QTimer::timeout, &window, [this] { editor->relay(); });
         reopen();
         timer.start(5);
@@ -89,17 +66,11 @@ struct Workstation
         return options;
     }
 
-    /// The picture on the display where the window is.
-    QImage picture() const
-    {
-        return window.screen()->grabWindow(0, 0, 0, window.width(), window.height()).toImage();
-    }
-    /// Whether the editor is painted; its ground is lighter than the empty window's.
-    bool isShown() const { return picture().pixelColor(window.width() / 2, 4) != ground; }
+    QImage picture() const { return window.picture(); }
+    bool isShown() const { return window.isCovered(); }
 
-    static constexpr QColor ground{0x1e, 0x1e, 0x1e};
     Edits edits;
-    QWidget window;
+    HostWindow window;
     QTimer timer;
     EmbeddedEditor::Options options;
     std::unique_ptr<EmbeddedEditor> editor;
@@ -121,18 +92,6 @@ QSet<QRgb> colorsOf(const QImage& image)
     return colors;
 }
 
-/// Waits until three pictures in a row are alike.
-void settle(const Workstation& workstation)
-{
-    QImage last;
-    for (int alike = 0; alike < 3;) {
-        QTest::qWait(50);
-        const QImage now = workstation.picture();
-        alike = now == last ? alike + 1 : 0;
-        last = now;
-    }
-}
-
 QByteArray focusedWindow()
 {
     QProcess process;
@@ -148,7 +107,7 @@ class tst_EmbeddedEditor : public TestObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { QTRY_COMPARE(editorProcesses(), QStringList()); }
+    void cleanup() { QTRY_COMPARE(childrenRunning(EDITOR_PROGRAM), QStringList()); }
 
     void theEditorIsShownWithTheValues()
     {
@@ -169,7 +128,7 @@ private Q_SLOTS:
         const QImage before = workstation.picture();
         workstation.editor->setMeter(OutRight, -30);
         QTRY_VERIFY(workstation.picture() != before);
-        settle(workstation);
+        settle(workstation.window);
         const QImage after = workstation.picture();
         QCOMPARE(after.copy(outLeftBar), before.copy(outLeftBar));
         QVERIFY(after.copy(outRightBar) != before.copy(outRightBar));
@@ -181,7 +140,7 @@ private Q_SLOTS:
         workstation.editor->setValue(highGain, 120);
         workstation.editor->setSampleRate(192000);
         QTRY_VERIFY(workstation.isShown());
-        settle(workstation);
+        settle(workstation.window);
         const QImage before = workstation.picture();
         workstation.editor->setSampleRate(44100);
         QTRY_VERIFY(workstation.picture() != before);
@@ -213,7 +172,7 @@ private Q_SLOTS:
     {
         Workstation workstation;
         QTRY_VERIFY(workstation.isShown());
-        const QByteArray owner = QByteArray::number(workstation.window.winId());
+        const QByteArray owner = QByteArray::number(workstation.window.id());
         xdotool({"windowfocus", "--sync", owner});
         xdotool({"mousemove", "306", "491", "click", "--repeat", "2", "1"});
         QTRY_VERIFY(focusedWindow() != owner);
@@ -232,7 +191,7 @@ private Q_SLOTS:
         for (int gain = -200; gain <= 200; gain += 7)
             workstation.editor->setValue(lowGain, gain);
         QTRY_VERIFY(workstation.picture() != before);
-        settle(workstation);
+        settle(workstation.window);
         QCOMPARE(workstation.edits.texts, QStringList());
     }
 
@@ -242,11 +201,11 @@ private Q_SLOTS:
         QTRY_VERIFY(workstation.isShown());
         workstation.window.resize(1300, 560);
         workstation.editor->resize(1300, 560);
-        QTRY_COMPARE(workstation.picture().pixelColor(20, 280), Workstation::ground);
-        QTRY_COMPARE(workstation.picture().pixelColor(1280, 280), Workstation::ground);
+        QTRY_COMPARE(workstation.picture().pixelColor(20, 280), HostWindow::ground);
+        QTRY_COMPARE(workstation.picture().pixelColor(1280, 280), HostWindow::ground);
         QTRY_VERIFY(workstation.isShown());
         workstation.editor->resize(489, 280);
-        QTRY_VERIFY(workstation.picture().pixelColor(244, 2) != Workstation::ground);
+        QTRY_VERIFY(workstation.picture().pixelColor(244, 2) != HostWindow::ground);
         QCOMPARE(workstation.editor->width(), 489);
     }
 
@@ -255,12 +214,12 @@ private Q_SLOTS:
         Workstation workstation;
         workstation.editor->setValue(lowGain, 90);
         QTRY_VERIFY(workstation.isShown());
-        settle(workstation);
+        settle(workstation.window);
         const QImage before = workstation.picture();
         xdotool({"mousemove", "398", "455", "mousedown", "1", "mousemove", "398", "420"});
         QTRY_VERIFY(!workstation.edits.texts.isEmpty());
-        QCOMPARE(editorProcesses().size(), 1);
-        ::kill(editorProcesses().first().toInt(), SIGSEGV);
+        QCOMPARE(childrenRunning(EDITOR_PROGRAM).size(), 1);
+        ::kill(childrenRunning(EDITOR_PROGRAM).first().toInt(), SIGSEGV);
         QTRY_VERIFY(!workstation.isShown());
         QTRY_COMPARE(workstation.edits.texts.last(), QStringLiteral("end 6"));
         workstation.editor->setValue(6, 0);
@@ -273,11 +232,11 @@ private Q_SLOTS:
     {
         auto workstation = std::make_unique<Workstation>();
         QTRY_VERIFY(workstation->isShown());
-        ::kill(editorProcesses().first().toInt(), SIGSTOP);
+        ::kill(childrenRunning(EDITOR_PROGRAM).first().toInt(), SIGSTOP);
         for (int i = 0; i < 3000; ++i)
             workstation->editor->setMeter(InLeft, -(i % 600));
         workstation.reset();
-        QCOMPARE(editorProcesses(), QStringList());
+        QCOMPARE(childrenRunning(EDITOR_PROGRAM), QStringList());
     }
 
     void withoutTheProgramTheWindowSaysSo()
@@ -316,7 +275,7 @@ private Q_SLOTS:
                 QTRY_VERIFY(workstation.isShown());
         }
         QCOMPARE(descriptors(), before);
-        QTRY_COMPARE(editorProcesses().size(), 1);
+        QTRY_COMPARE(childrenRunning(EDITOR_PROGRAM).size(), 1);
     }
 };
 
