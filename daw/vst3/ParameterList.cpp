@@ -19,8 +19,9 @@ namespace {
 
 using ParameterList::Id;
 
-constexpr Id lastId = ParameterList::outputMeterId + 1;
-constexpr int32 extraCount = static_cast<int32>(lastId - ParameterList::programId + 1);
+constexpr int maxSampleRate = 1'000'000;
+constexpr int32 extraCount =
+    static_cast<int32>(ParameterList::lastId - ParameterList::programId + 1);
 constexpr int32 contiguous = static_cast<int32>(ParameterList::firstId + parameterCount);
 
 const Parameter* parameterOf(Id id)
@@ -39,7 +40,8 @@ std::string titleOf(Id id)
 {
     constexpr std::array<const char*, extraCount> extras = {
         "Program",           "Latency",           "Input meter left",
-        "Input meter right", "Output meter left", "Output meter right"};
+        "Input meter right", "Output meter left", "Output meter right",
+        "Sampling rate",     "Channels"};
     if (const Parameter* parameter = parameterOf(id))
         return parameter->title;
     return id == ParameterList::bypassId ? "Bypass" : extras[id - ParameterList::programId];
@@ -52,6 +54,8 @@ int32 flagsOf(Id id)
     if (id == ParameterList::programId)
         return ParameterInfo::kIsProgramChange | ParameterInfo::kIsList;
     const Parameter* parameter = parameterOf(id);
+    if (id >= ParameterList::sampleRateId)
+        return ParameterInfo::kIsReadOnly | ParameterInfo::kIsHidden;
     if (!parameter)
         return ParameterInfo::kIsReadOnly;
     const bool isList = isChoice(parameter->kind) && parameter->maximum > 1;
@@ -109,6 +113,10 @@ ParameterList::Range ParameterList::rangeOf(Id id)
         return {0, programCount() - 1, 0, true};
     if (id == latencyId)
         return {0, Drive::latency, 0, false};
+    if (id == sampleRateId)
+        return {0, maxSampleRate, 0, false};
+    if (id == channelCountId)
+        return {0, 2, 0, false};
     return {MeterLevels::lowest, MeterLevels::highest, MeterLevels::lowest, false};
 }
 
@@ -150,7 +158,7 @@ std::string ParameterList::textOf(Id id, int value)
         return value != 0 ? "On" : "Off";
     if (id == programId)
         return programName(value);
-    return id == latencyId ? std::to_string(value) : formatTenths(value) + "dB";
+    return rangeOf(id).minimum == 0 ? std::to_string(value) : formatTenths(value) + "dB";
 }
 
 std::optional<int> ParameterList::parse(Id id, std::string_view text)

@@ -11,8 +11,9 @@
 #include <string_view>
 
 /// The parameters that a VST 3 workstation sees: the bypass, the equalizer's 27 by the numbers in
-/// their names, a program for each factory preset, and what only the processor sets: the latency
-/// and the meters. Ids are in every session that uses the plug-in, so they never change.
+/// their names, a program for each factory preset, and what only the processor sets: the latency,
+/// the meters, and, hidden, what the editor must know of the sound. Ids are in every session that
+/// uses the plug-in, so they never change.
 namespace ParameterList {
 
 using Id = Steinberg::Vst::ParamID;
@@ -23,12 +24,18 @@ inline constexpr Id programId = 100;
 inline constexpr Id latencyId = 101;     ///< in samples
 inline constexpr Id inputMeterId = 102;  ///< of the left channel; the right one's follows
 inline constexpr Id outputMeterId = 104; ///< likewise; in tenths of a dB as MeterLevels
+inline constexpr Id sampleRateId = 106;  ///< in Hz; 0 before any sound
+inline constexpr Id channelCountId = 107;
+inline constexpr Id lastId = channelCountId;
 
 /// The place of an equalizer's parameter in parameterTable; parameterCount for any other id.
 constexpr std::size_t tableIndex(Id id)
 {
     return id >= firstId && id < firstId + parameterCount ? id - firstId : parameterCount;
 }
+
+/// The id of the parameter at a place in parameterTable.
+constexpr Id idOf(std::size_t tableIndex) { return firstId + static_cast<Id>(tableIndex); }
 
 /// How many there are, and the id of the one at \a index.
 Steinberg::int32 count();

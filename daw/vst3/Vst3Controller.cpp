@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 using namespace Steinberg;
 
@@ -137,6 +138,7 @@ tresult PLUGIN_API Vst3Controller::setParamNormalized(Vst::ParamID id, Vst::Para
         std::clamp(value, 0.0, 1.0);
     if (valueOf(id) == before)
         return kResultOk;
+    show(id);
     if (id == ParameterList::programId) {
         setValues(ParameterList::programValues(valueOf(id)));
         announce(Vst::kParamValuesChanged);
@@ -152,7 +154,11 @@ tresult PLUGIN_API Vst3Controller::setComponentHandler(Vst::IComponentHandler* h
     return kResultOk;
 }
 
-IPlugView* PLUGIN_API Vst3Controller::createView(FIDString) { return nullptr; }
+IPlugView* PLUGIN_API Vst3Controller::createView(FIDString name)
+{
+    const bool isEditor = name && std::strcmp(name, Vst::ViewType::kEditor) == 0;
+    return isEditor ? new Vst3View(*this) : nullptr;
+}
 
 int32 PLUGIN_API Vst3Controller::getUnitCount() { return ParameterList::unitCount(); }
 
@@ -242,6 +248,7 @@ void Vst3Controller::setValue(Vst::ParamID id, int value)
 {
     m_normalized[static_cast<std::size_t>(ParameterList::indexOf(id))] =
         ParameterList::normalizedOf(ParameterList::rangeOf(id), value);
+    show(id);
 }
 
 void Vst3Controller::setValues(const ChannelValues& values)
@@ -255,4 +262,52 @@ void Vst3Controller::announce(int32 flags)
     const IPtr<Vst::IComponentHandler> handler = m_handler;
     if (handler)
         handler->restartComponent(flags);
+}
+
+void Vst3Controller::beginEdit(std::size_t parameter)
+{
+    if (m_handler)
+        m_handler->beginEdit(ParameterList::idOf(parameter));
+}
+
+void Vst3Controller::edit(std::size_t parameter, int value)
+{
+    const Vst::ParamID id = ParameterList::idOf(parameter);
+    setValue(id, value);
+    if (m_handler)
+        m_handler->performEdit(id, getParamNormalized(id));
+}
+
+void Vst3Controller::endEdit(std::size_t parameter)
+{
+    if (m_handler)
+        m_handler->endEdit(ParameterList::idOf(parameter));
+}
+
+bool Vst3Controller::isStereo() const { return valueOf(ParameterList::channelCountId) != 1; }
+
+void Vst3Controller::editorOpened(EmbeddedEditor& editor)
+{
+    m_editors.push_back(&editor);
+    for (int32 index = 0; index < ParameterList::count(); ++index)
+        show(ParameterList::idAt(index), editor);
+}
+
+void Vst3Controller::editorClosed(EmbeddedEditor& editor) { std::erase(m_editors, &editor); }
+
+void Vst3Controller::show(Vst::ParamID id) const
+{
+    for (EmbeddedEditor* editor : m_editors)
+        show(id, *editor);
+}
+
+void Vst3Controller::show(Vst::ParamID id, EmbeddedEditor& editor) const
+{
+    const int value = valueOf(id);
+    if (const std::size_t parameter = ParameterList::tableIndex(id); parameter < parameterCount)
+        editor.setValue(parameter, value);
+    else if (id == ParameterList::sampleRateId)
+        editor.setSampleRate(value);
+    else if (id >= ParameterList::inputMeterId && id < ParameterList::sampleRateId)
+        editor.setMeter(static_cast<MeterPlace>(InLeft + id - ParameterList::inputMeterId), value);
 }

@@ -3,6 +3,7 @@
 
 #include "daw/vst3/ParameterList.h"
 #include "daw/vst3/RefCount.h"
+#include "daw/vst3/Vst3View.h"
 
 #include <pluginterfaces/base/smartpointer.h>
 
@@ -14,7 +15,8 @@
 /// The processor says through parameters what it has done; a new latency is announced from there,
 /// because workstations ask the processor at once.
 class Vst3Controller final : public Steinberg::Vst::IEditController,
-                             public Steinberg::Vst::IUnitInfo
+                             public Steinberg::Vst::IUnitInfo,
+                             private Vst3ViewOwner
 {
 public:
     Vst3Controller();
@@ -50,7 +52,7 @@ public:
                                                      Steinberg::Vst::ParamValue value) override;
     Steinberg::tresult PLUGIN_API
     setComponentHandler(Steinberg::Vst::IComponentHandler* handler) override;
-    /// There is no view yet; workstations show one of their own.
+    /// The editor; its program is started when the workstation has a window for it.
     Steinberg::IPlugView* PLUGIN_API createView(Steinberg::FIDString name) override;
 
     Steinberg::int32 PLUGIN_API getUnitCount() override;
@@ -85,15 +87,27 @@ public:
 private:
     ~Vst3Controller() = default;
 
+    void beginEdit(std::size_t parameter) override;
+    void edit(std::size_t parameter, int value) override;
+    void endEdit(std::size_t parameter) override;
+    bool isStereo() const override;
+    void editorOpened(EmbeddedEditor& editor) override;
+    void editorClosed(EmbeddedEditor& editor) override;
+    void hold() override { addRef(); }
+    void letGo() override { release(); }
+
     static bool isKnown(Steinberg::Vst::ParamID id);
     static bool isProgram(Steinberg::Vst::ProgramListID list, Steinberg::int32 program);
     int valueOf(Steinberg::Vst::ParamID id) const;
     void setValue(Steinberg::Vst::ParamID id, int value);
     void setValues(const ChannelValues& values);
     void announce(Steinberg::int32 flags);
+    void show(Steinberg::Vst::ParamID id, EmbeddedEditor& editor) const;
+    void show(Steinberg::Vst::ParamID id) const;
 
     RefCount m_references;
     Steinberg::IPtr<Steinberg::Vst::IComponentHandler> m_handler;
     std::vector<double> m_normalized; // by index in ParameterList
+    std::vector<EmbeddedEditor*> m_editors;
     Steinberg::Vst::UnitID m_selectedUnit = Steinberg::Vst::kRootUnitId;
 };

@@ -276,6 +276,8 @@ void Vst3Processor::publish(Vst::IParameterChanges* changes)
         m_inForce.publish(m_current);
     }
     tell(changes, ParameterList::latencyId, m_processor.latency());
+    tell(changes, ParameterList::sampleRateId, static_cast<int>(m_sampleRate));
+    tell(changes, ParameterList::channelCountId, static_cast<int>(m_processor.channelCount()));
     for (Vst::ParamID channel = 0; channel < m_processor.channelCount(); ++channel) {
         const MeterLevels levels = m_processor.levels(channel);
         tell(changes, ParameterList::inputMeterId + channel, levels.send);

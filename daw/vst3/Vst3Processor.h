@@ -2,6 +2,7 @@
 #pragma once
 
 #include "daw/processor/EqualizerProcessor.h"
+#include "daw/vst3/ParameterList.h"
 #include "daw/vst3/PointReader.h"
 #include "daw/vst3/RefCount.h"
 #include "engine/LatestValue.h"
@@ -110,5 +111,6 @@ private:
     Snapshot m_current;
     Snapshot m_published;
     int m_program = 0;
-    std::array<int, 5> m_told{}; // by id from latencyId on
+    // By id from latencyId on.
+    std::array<int, ParameterList::lastId - ParameterList::latencyId + 1> m_told{};
 };

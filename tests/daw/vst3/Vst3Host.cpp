@@ -65,11 +65,24 @@ Vst::IParamValueQueue* PLUGIN_API Changes::addParameterData(const Vst::ParamID& 
     return &queue;
 }
 
-tresult PLUGIN_API Handler::beginEdit(Vst::ParamID) { return kResultOk; }
+tresult PLUGIN_API Handler::beginEdit(Vst::ParamID id)
+{
+    edits.push_back("begin " + std::to_string(id));
+    return kResultOk;
+}
 
-tresult PLUGIN_API Handler::performEdit(Vst::ParamID, Vst::ParamValue) { return kResultOk; }
+tresult PLUGIN_API Handler::performEdit(Vst::ParamID id, Vst::ParamValue value)
+{
+    edits.push_back("perform " + std::to_string(id));
+    lastEdit = value;
+    return kResultOk;
+}
 
-tresult PLUGIN_API Handler::endEdit(Vst::ParamID) { return kResultOk; }
+tresult PLUGIN_API Handler::endEdit(Vst::ParamID id)
+{
+    edits.push_back("end " + std::to_string(id));
+    return kResultOk;
+}
 
 tresult PLUGIN_API Handler::restartComponent(int32 flags)
 {

@@ -86,6 +86,8 @@ public:
     Steinberg::tresult PLUGIN_API restartComponent(Steinberg::int32 flags) override;
 
     std::vector<Steinberg::int32> restarts;
+    std::vector<std::string> edits; ///< "begin 3", "perform 3", "end 3"
+    double lastEdit = -1.0;
 };
 
 /// The library of a bundle, loaded.

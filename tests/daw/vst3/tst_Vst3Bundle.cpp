@@ -154,7 +154,7 @@ void tst_Vst3Bundle::moduleInfoSaysTheSame()
 void tst_Vst3Bundle::parametersAreTheTables()
 {
     Plugin plugin(*m_module);
-    QCOMPARE(plugin.controller->getParameterCount(), 34);
+    QCOMPARE(plugin.controller->getParameterCount(), 36);
     Vst::ParameterInfo info;
     QCOMPARE(plugin.controller->getParameterInfo(0, info), kResultOk);
     QCOMPARE(info.id, bypass);
@@ -175,9 +175,13 @@ void tst_Vst3Bundle::parametersAreTheTables()
         plugin.controller->getParameterInfo(index, info);
         QCOMPARE(info.flags, int(Vst::ParameterInfo::kIsReadOnly));
     }
-    for (const int32 index : {-1, 34})
+    for (const int32 index : {34, 35}) {
+        plugin.controller->getParameterInfo(index, info);
+        QCOMPARE(info.flags, int(Vst::ParameterInfo::kIsReadOnly | Vst::ParameterInfo::kIsHidden));
+    }
+    for (const int32 index : {-1, 36})
         QCOMPARE(plugin.controller->getParameterInfo(index, info), kInvalidArgument);
-    for (const Vst::ParamID unknown : {28U, 99U, 106U, 0xFFFFFFFFU}) {
+    for (const Vst::ParamID unknown : {28U, 99U, 108U, 0xFFFFFFFFU}) {
         QCOMPARE(plugin.controller->setParamNormalized(unknown, 0.5), kInvalidArgument);
         QCOMPARE(plugin.text(unknown, 0.5), std::string("refused"));
         QCOMPARE(plugin.typed(unknown, "1"), -1.0);
