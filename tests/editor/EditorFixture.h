@@ -13,6 +13,7 @@
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QTimerEvent>
+#include <QtTest>
 
 #include <array>
 #include <memory>
@@ -61,6 +62,25 @@ inline constexpr std::array<ParameterControls, 27> AllParameters = {{
     {27, "DriveCleanSwitch", ParameterControls::Button},
 }};
 
+inline AbstractController* controller(QWidget* widget)
+{
+    return dynamic_cast<AbstractController*>(widget);
+}
+
+using Timers = QList<QAbstractEventDispatcher::TimerInfo>;
+
+inline Timers timersOf(QObject* object)
+{
+    return QAbstractEventDispatcher::instance()->registeredTimers(object);
+}
+
+/// The time of a timer is over.
+inline void fire(QObject* object, int timerId)
+{
+    QTimerEvent event(timerId);
+    QCoreApplication::sendEvent(object, &event);
+}
+
 /// An editor as a host makes it, with the host. Nothing is bound yet.
 class EditorFixture
 {
@@ -73,6 +93,11 @@ public:
     }
 
     void bind() { editor->setMemAPI(host.memory()); }
+    void bind(int ch, int ch2)
+    {
+        bind();
+        editor->setCh(ch, ch2);
+    }
 
     QWidget* find(const QString& name) const
     {
@@ -98,6 +123,7 @@ public:
         return digits;
     }
     QString svg(const char* name) const { return widget<SvgLabel>(name)->svg(); }
+    AbstractController* control(const char* name) const { return controller(widget(name)); }
     ZoltaEqualizerGraph* graph() const { return editor->findChild<ZoltaEqualizerGraph*>(); }
 
     QList<QWidget*> controls(const ParameterControls& parameter) const
@@ -116,14 +142,13 @@ public:
         return widget(parameter.kind == ParameterControls::Button ? stem : stem + "Area");
     }
 
+    /// Presses the flat button, and lets the time go by for which it is to be held.
+    void pressFlat() const { QTest::mousePress(widget("FlatButton"), Qt::LeftButton); }
+    void holdFlat() const { fire(editor.get(), timersOf(editor.get()).first().timerId); }
+
     TestHost host;
     std::unique_ptr<ZoltaEditor> editor;
 };
-
-inline AbstractController* controller(QWidget* widget)
-{
-    return dynamic_cast<AbstractController*>(widget);
-}
 
 /// The numbers of the parameters that were written, in order.
 inline QList<int> numbers(const std::vector<TestHost::Write>& writes)
@@ -132,18 +157,4 @@ inline QList<int> numbers(const std::vector<TestHost::Write>& writes)
     for (const TestHost::Write& write : writes)
         list.append(write.name.mid(int(qstrlen("fx_rackfx_prm_"))).toInt());
     return list;
-}
-
-using Timers = QList<QAbstractEventDispatcher::TimerInfo>;
-
-inline Timers timersOf(QObject* object)
-{
-    return QAbstractEventDispatcher::instance()->registeredTimers(object);
-}
-
-/// The time of a timer is over.
-inline void fire(QObject* object, int timerId)
-{
-    QTimerEvent event(timerId);
-    QCoreApplication::sendEvent(object, &event);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/controls/ControlTesting.h"
 #include "tests/editor/EditorFixture.h"
+#include "tests/support/DataTable.h"
 #include "tests/support/TestObject.h"
 #include "tests/support/TestStream.h"
 
@@ -76,15 +77,14 @@ void typeText(EditorFixture& fixture)
 
 void perform(Action action, EditorFixture& fixture, Deleter& deleter)
 {
-    QWidget* flat = fixture.widget("FlatButton");
     if (action == HoldFlat)
-        QTest::mousePress(flat, Qt::LeftButton);
+        fixture.pressFlat();
     fixture.host.resetLedger();
     deleter.arm();
     if (action == PressFlat) {
-        QTest::mousePress(flat, Qt::LeftButton);
+        fixture.pressFlat();
     } else if (action == HoldFlat) {
-        fire(fixture.editor.get(), timersOf(fixture.editor.get()).first().timerId);
+        fixture.holdFlat();
     } else if (action == TurnWheelOnSwitch) {
         ControlTesting::wheel(*fixture.widget("DriveCleanSwitch"), QPoint(0, 120));
     } else if (action == TypeText) {
@@ -139,8 +139,7 @@ void tst_EditorDeletion::byTheHost()
 
 void tst_EditorDeletion::byAListenerOfADrag_data()
 {
-    QTest::addColumn<QByteArray>("control");
-    QTest::addColumn<bool>("drag");
+    addColumns<QByteArray, bool>("control", "drag");
     for (const char* control : {"LowTypeKnob", "Middle2GainKnob", "Middle4GainTextEdit"}) {
         QTest::addRow("%s begins", control) << QByteArray(control) << true;
         QTest::addRow("%s ends", control) << QByteArray(control) << false;

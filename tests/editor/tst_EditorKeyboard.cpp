@@ -32,7 +32,6 @@ private Q_SLOTS:
     void tabSkipsWhatIsHidden();
     void focusPoliciesStay();
     void markFramesTheFocusedControl();
-    void markFollowsTheZoom();
     void markIgnoresClicks();
     void keysEditTheFocusedControl();
     void returnOpensTheTextField();
@@ -42,6 +41,7 @@ private Q_SLOTS:
 
 private:
     QStringList walk(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    /// Of the control, without its "m_p", or "handle" and its number.
     QString focusName() const;
     template <class Widget> Widget* child(const char* name) const
     {
@@ -82,7 +82,7 @@ QString tst_EditorKeyboard::focusName() const
     const QWidget* focus = QApplication::focusWidget();
     if (focus == graph)
         return QStringLiteral("handle %1").arg(graph->focusedHandle());
-    return focus ? focus->objectName() : QString();
+    return focus ? focus->objectName().mid(3) : QString();
 }
 
 QStringList tst_EditorKeyboard::walk(Qt::Key key, Qt::KeyboardModifiers modifiers)
@@ -99,26 +99,23 @@ QStringList tst_EditorKeyboard::walk(Qt::Key key, Qt::KeyboardModifiers modifier
 
 void tst_EditorKeyboard::tabVisitsEverything()
 {
-    QStringList expected = {
-        QStringLiteral("m_pZoomPlusButton"), QStringLiteral("m_pZoomMinusButton"),
-        QStringLiteral("m_pAboutButton"),    QStringLiteral("m_pDriveCleanSwitch"),
-        QStringLiteral("m_pInputKnob"),      QStringLiteral("m_pInputTextEdit"),
-        QStringLiteral("m_pOutputKnob"),     QStringLiteral("m_pOutputTextEdit"),
-        QStringLiteral("m_pFlatButton")};
-    const QStringList bands = {QStringLiteral("Low"),     QStringLiteral("Middle1"),
-                               QStringLiteral("Middle2"), QStringLiteral("Middle3"),
-                               QStringLiteral("Middle4"), QStringLiteral("High")};
-    for (int band = 0; band < bands.size(); ++band) {
-        const QString prefix = QStringLiteral("m_p") + bands[band];
-        if (band == 0 || band == 5)
-            expected << prefix + QStringLiteral("TypeKnob");
-        else
-            expected << prefix + QStringLiteral("QualityKnob")
-                     << prefix + QStringLiteral("QualityTextEdit");
-        expected << prefix + QStringLiteral("FrequencyKnob")
-                 << prefix + QStringLiteral("FrequencyTextEdit")
-                 << prefix + QStringLiteral("GainKnob") << prefix + QStringLiteral("GainTextEdit")
-                 << prefix + QStringLiteral("Button") << QStringLiteral("handle %1").arg(band + 1);
+    QStringList expected = {QStringLiteral("ZoomPlusButton"), QStringLiteral("ZoomMinusButton"),
+                            QStringLiteral("AboutButton"),    QStringLiteral("DriveCleanSwitch"),
+                            QStringLiteral("InputKnob"),      QStringLiteral("InputTextEdit"),
+                            QStringLiteral("OutputKnob"),     QStringLiteral("OutputTextEdit"),
+                            QStringLiteral("FlatButton")};
+    int handle = 0;
+    for (const char* band : {"Low", "Middle1", "Middle2", "Middle3", "Middle4", "High"}) {
+        const bool isOuter = ++handle == 1 || handle == 6;
+        const QStringList first = {QStringLiteral("QualityKnob"),
+                                   QStringLiteral("QualityTextEdit")};
+        for (const QString& control :
+             (isOuter ? QStringList{QStringLiteral("TypeKnob")} : first) +
+                 QStringList{QStringLiteral("FrequencyKnob"), QStringLiteral("FrequencyTextEdit"),
+                             QStringLiteral("GainKnob"), QStringLiteral("GainTextEdit"),
+                             QStringLiteral("Button")})
+            expected << QLatin1String(band) + control;
+        expected << QStringLiteral("handle %1").arg(handle);
     }
     QCOMPARE(walk(Qt::Key_Tab), expected);
 }
@@ -149,11 +146,11 @@ void tst_EditorKeyboard::tabSkipsWhatIsHidden()
     m_host->set("fx_rackfx_prm_1", 0, 0);
     m_host->set("fx_rackfx_prm_12", 0, 0);
     const QStringList names = walk(Qt::Key_Tab);
-    QVERIFY(!names.contains(QStringLiteral("m_pLowGainKnob")));
-    QVERIFY(!names.contains(QStringLiteral("m_pLowGainTextEdit")));
+    QVERIFY(!names.contains(QStringLiteral("LowGainKnob")));
+    QVERIFY(!names.contains(QStringLiteral("LowGainTextEdit")));
     QVERIFY(names.contains(QStringLiteral("handle 1")));
     QVERIFY(!names.contains(QStringLiteral("handle 3")));
-    QVERIFY(names.contains(QStringLiteral("m_pMiddle2Button")));
+    QVERIFY(names.contains(QStringLiteral("Middle2Button")));
 }
 
 void tst_EditorKeyboard::focusPoliciesStay()
@@ -167,26 +164,19 @@ void tst_EditorKeyboard::focusPoliciesStay()
 
 void tst_EditorKeyboard::markFramesTheFocusedControl()
 {
-    auto* mark = m_editor->findChild<FocusMark*>();
+    const auto* mark = m_editor->findChild<FocusMark*>();
     QVERIFY(!mark->isVisible());
     QTest::keyClick(m_editor, Qt::Key_Tab);
-    auto* plus = child<QWidget>("m_pZoomPlusButton");
-    QVERIFY(plus->hasFocus());
+    QVERIFY(child<QWidget>("m_pZoomPlusButton")->hasFocus());
     QVERIFY(mark->isVisible());
     QCOMPARE(mark->geometry(), QRect(818, 88, 30, 30));
-    const QImage picture = m_editor->grab().toImage();
-    const QColor line = picture.pixelColor(833, 88);
+    const QColor line = m_editor->grab().toImage().pixelColor(833, 88);
     QVERIFY(line.blue() > 150 && line.blue() > line.red() + 80);
-
     m_editor->setFocus();
     QVERIFY(!mark->isVisible());
-}
 
-void tst_EditorKeyboard::markFollowsTheZoom()
-{
-    auto* mark = m_editor->findChild<FocusMark*>();
-    QTest::keyClick(m_editor, Qt::Key_Tab);
     m_editor->setScale(2.0);
+    QTest::keyClick(m_editor, Qt::Key_Tab);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     QCOMPARE(mark->geometry(), QRect(1636, 240, 60, 60));
 }
@@ -212,7 +202,7 @@ void tst_EditorKeyboard::keysEditTheFocusedControl()
     m_editor->setFocus();
     for (int i = 0; i < 4; ++i)
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-    QCOMPARE(focusName(), QStringLiteral("m_pDriveCleanSwitch"));
+    QCOMPARE(focusName(), QStringLiteral("DriveCleanSwitch"));
     const int drive = m_host->value("fx_rackfx_prm_27", 0);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
     QCOMPARE(m_host->value("fx_rackfx_prm_27", 0), 1 - drive);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/controls/ControlTesting.h"
 #include "tests/editor/EditorFixture.h"
+#include "tests/support/DataTable.h"
 #include "tests/support/TestObject.h"
 
 #include <QApplication>
@@ -19,13 +20,17 @@ private Q_SLOTS:
     void anOperationMayAlwaysFail_data();
     void anOperationMayAlwaysFail();
     void detachingLeavesTheMetersThoughTheQueryFails();
-    void anEmptyModel();
-    void noModel();
+    void aModelOfNothing_data();
+    void aModelOfNothing();
     void channelsTheModelDoesNotHave_data();
     void channelsTheModelDoesNotHave();
     void rangesOfOneValue();
     void garbledTexts();
     void aThousandEditorsComeAndGo();
+
+private:
+    /// But for what the host itself refused to take back.
+    static void nothingStaysBehind(const TestHost& host);
 };
 
 namespace {
@@ -33,30 +38,24 @@ namespace {
 using Operation = TestHost::Operation;
 
 /// A short life of an editor that uses everything that calls the host.
-void session(TestHost& host)
+void session(EditorFixture& fixture)
 {
-    auto editor = std::make_unique<ZoltaEditor>();
-    editor->setModelInfo(host.model());
-    editor->initialize();
-    editor->setMemAPI(host.memory());
-    editor->setCh(2, 3);
-    const auto find = [&](const char* name) {
-        return editor->findChild<QWidget*>(QLatin1String(name));
-    };
-    QTest::mousePress(find("m_pFlatButton"), Qt::LeftButton);
-    fire(editor.get(), timersOf(editor.get()).first().timerId);
-    QTest::mouseRelease(find("m_pFlatButton"), Qt::LeftButton);
-    ControlTesting::wheel(*find("m_pDriveCleanSwitch"), QPoint(0, 120));
-    ControlTesting::press(*find("m_pMiddle1GainKnob"), QPointF(30, 10));
-    ControlTesting::moveTo(*find("m_pMiddle1GainKnob"), QPointF(50, 30));
-    ControlTesting::release(*find("m_pMiddle1GainKnob"), QPointF(50, 30));
-    ControlTesting::doubleClick(*find("m_pLowFrequencyKnob"), QPointF(30, 30));
-    host.set("fx_rackfx_prm_1", 2, 1);
-    host.setMeterDb("meter_oxa_rtn", 2, -100);
-    host.pushMetersDb();
-    editor->setMemAPI(nullptr);
-    editor->setMemAPI(host.memory());
-    host.pushMetersDb();
+    fixture.bind(2, 3);
+    fixture.pressFlat();
+    fixture.holdFlat();
+    QTest::mouseRelease(fixture.widget("FlatButton"), Qt::LeftButton);
+    ControlTesting::wheel(*fixture.widget("DriveCleanSwitch"), QPoint(0, 120));
+    ControlTesting::press(*fixture.widget("Middle1GainKnob"), QPointF(30, 10));
+    ControlTesting::moveTo(*fixture.widget("Middle1GainKnob"), QPointF(50, 30));
+    ControlTesting::release(*fixture.widget("Middle1GainKnob"), QPointF(50, 30));
+    ControlTesting::doubleClick(*fixture.widget("LowFrequencyKnob"), QPointF(30, 30));
+    fixture.host.set("fx_rackfx_prm_1", 2, 1);
+    fixture.host.setMeterDb("meter_oxa_rtn", 2, -100);
+    fixture.host.pushMetersDb();
+    fixture.editor->setMemAPI(nullptr);
+    fixture.bind();
+    fixture.host.pushMetersDb();
+    fixture.editor.reset();
 }
 
 /// The \a number-th editor on a host whose meters run and whose parameters change.
@@ -84,18 +83,22 @@ int failed(const TestHost& host, Operation operation)
 
 } // namespace
 
+void tst_ZoltaEditorErrors::nothingStaysBehind(const TestHost& host)
+{
+    QVERIFY(host.observerCount() <= failed(host, Operation::UnregisterObserver));
+    QVERIFY(host.meterObserverCount() <= failed(host, Operation::RemoveMeterObserver));
+}
+
 void tst_ZoltaEditorErrors::anyCallMayFailOnce()
 {
-    TestHost flawless;
+    EditorFixture flawless;
     session(flawless);
-    QVERIFY(flawless.callCount() > 500);
-    for (int n = 1; n <= flawless.callCount(); ++n) {
-        TestHost host;
-        host.failAnyCall(n);
-        session(host);
-        // What the host itself refused to take back stays behind; nothing else may.
-        QVERIFY(host.observerCount() <= failed(host, Operation::UnregisterObserver));
-        QVERIFY(host.meterObserverCount() <= failed(host, Operation::RemoveMeterObserver));
+    QVERIFY(flawless.host.callCount() > 500);
+    for (int n = 1; n <= flawless.host.callCount(); ++n) {
+        EditorFixture fixture;
+        fixture.host.failAnyCall(n);
+        session(fixture);
+        nothingStaysBehind(fixture.host);
     }
 }
 
@@ -109,11 +112,10 @@ void tst_ZoltaEditorErrors::anOperationMayAlwaysFail_data()
 void tst_ZoltaEditorErrors::anOperationMayAlwaysFail()
 {
     QFETCH(int, operation);
-    TestHost host;
-    host.failAll(Operation(operation));
-    session(host);
-    QVERIFY(host.observerCount() <= failed(host, Operation::UnregisterObserver));
-    QVERIFY(host.meterObserverCount() <= failed(host, Operation::RemoveMeterObserver));
+    EditorFixture fixture;
+    fixture.host.failAll(Operation(operation));
+    session(fixture);
+    nothingStaysBehind(fixture.host);
 }
 
 void tst_ZoltaEditorErrors::detachingLeavesTheMetersThoughTheQueryFails()
@@ -134,37 +136,35 @@ void tst_ZoltaEditorErrors::detachingLeavesTheMetersThoughTheQueryFails()
     QCOMPARE(fixture.host.meterObserverCount(), 0);
 }
 
-void tst_ZoltaEditorErrors::anEmptyModel()
+void tst_ZoltaEditorErrors::aModelOfNothing_data()
 {
+    QTest::addColumn<bool>("isMissing");
+    QTest::newRow("empty") << false;
+    QTest::newRow("missing") << true;
+}
+
+void tst_ZoltaEditorErrors::aModelOfNothing()
+{
+    QFETCH(bool, isMissing);
     EditorFixture fixture;
     for (const ParameterControls& parameter : AllParameters)
         fixture.host.removeParameter(TestHost::name(parameter.number));
-    fixture.bind();
+    if (isMissing)
+        fixture.editor->setModelInfo(nullptr);
+    fixture.bind(1, 2);
     for (const ParameterControls& parameter : AllParameters)
         QVERIFY(fixture.area(parameter)->isHidden());
-    QTest::mousePress(fixture.widget("FlatButton"), Qt::LeftButton);
-    fire(fixture.editor.get(), timersOf(fixture.editor.get()).first().timerId);
+    fixture.pressFlat();
+    fixture.holdFlat();
+    fixture.host.pushMetersDb();
     QCOMPARE(fixture.host.observerCount(), 0);
+    QCOMPARE(fixture.host.meterObserverCount(), 1);
     QVERIFY(!fixture.editor->grab().isNull());
-}
-
-void tst_ZoltaEditorErrors::noModel()
-{
-    TestHost host;
-    ZoltaEditor editor;
-    editor.initialize();
-    editor.setMemAPI(host.memory());
-    editor.setCh(1, 2);
-    host.pushMetersDb();
-    QCOMPARE(host.observerCount(), 0);
-    QCOMPARE(host.meterObserverCount(), 1);
-    QVERIFY(editor.findChild<QWidget*>(QStringLiteral("m_pDriveCleanSwitch"))->isHidden());
 }
 
 void tst_ZoltaEditorErrors::channelsTheModelDoesNotHave_data()
 {
-    QTest::addColumn<int>("ch");
-    QTest::addColumn<int>("ch2");
+    addColumns<int, int>("ch", "ch2");
     for (const int ch : {8, 1000, 32767, 32768, 65535, 65536, INT_MAX, -1, INT_MIN}) {
         QTest::addRow("%d alone", ch) << ch << -1;
         QTest::addRow("%d twice", ch) << ch << ch;
@@ -176,18 +176,17 @@ void tst_ZoltaEditorErrors::channelsTheModelDoesNotHave()
     QFETCH(int, ch);
     QFETCH(int, ch2);
     EditorFixture fixture;
-    fixture.bind();
-    fixture.editor->setCh(ch, ch2);
+    fixture.bind(ch, ch2);
     fixture.host.pushMetersDb();
     QVERIFY(!fixture.editor->grab().isNull());
     // The host knows channels by their low 16 bits.
     if ((ch & 0xFFFF) != 0) {
         QCOMPARE(fixture.host.observerCount(), 0);
-        QCOMPARE(controller(fixture.widget("LowGainTextEdit"))->string(), QString());
+        QCOMPARE(fixture.control("LowGainTextEdit")->string(), QString());
     }
-    QTest::mousePress(fixture.widget("FlatButton"), Qt::LeftButton);
+    fixture.pressFlat();
     fixture.editor->setCh(0, 1);
-    QVERIFY(!controller(fixture.widget("LowGainTextEdit"))->string().isEmpty());
+    QVERIFY(!fixture.control("LowGainTextEdit")->string().isEmpty());
 }
 
 void tst_ZoltaEditorErrors::rangesOfOneValue()
@@ -218,7 +217,7 @@ void tst_ZoltaEditorErrors::garbledTexts()
         [](const QByteArray&, unsigned short, int) { return QByteArray(1000, '\xFE'); });
     fixture.bind();
     QVERIFY(!fixture.editor->grab().isNull());
-    QVERIFY(controller(fixture.widget("InputTextEdit"))->string().size() <= 256);
+    QVERIFY(fixture.control("InputTextEdit")->string().size() <= 256);
 }
 
 void tst_ZoltaEditorErrors::aThousandEditorsComeAndGo()

@@ -28,7 +28,6 @@ private Q_SLOTS:
     void graphAndPanelLieOnTop();
     void everyTextAndPictureAsksTheTranslation();
     void aLiveEditorIsTranslated();
-    void everyPictureIsThere();
 
 private:
     QList<QStringList> m_rows;
@@ -366,18 +365,6 @@ void tst_ZoltaForm::aLiveEditorIsTranslated()
             QCOMPARE(qobject_cast<TextEditController*>(widget)->postfix(), bracketed);
         else
             QCOMPARE(settingsOf(widget), row[Settings]);
-    }
-}
-
-void tst_ZoltaForm::everyPictureIsThere()
-{
-    for (const QStringList& row : std::as_const(m_rows)) {
-        const QStringList settings = row[Settings].split(QLatin1Char(' '));
-        for (const QString& name : settings) {
-            if (name.contains(QLatin1Char('_')))
-                QVERIFY2(QFile::exists(QStringLiteral(":/image/zolta/%1.svg").arg(name)),
-                         qPrintable(name));
-        }
     }
 }
 

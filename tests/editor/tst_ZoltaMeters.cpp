@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editor/LedMeterSvgTable.h"
 #include "tests/editor/EditorFixture.h"
+#include "tests/support/DataTable.h"
 #include "tests/support/TestObject.h"
 
 #include <QApplication>
@@ -14,19 +15,16 @@ private Q_SLOTS:
     void picturesLightUpAboveTheirThreshold_data();
     void picturesLightUpAboveTheirThreshold();
     void silenceLeavesThePictureAlone();
-    void stereoFeedsEverything();
-    void monoUpdatesTheFirstChannelOnly();
+    void feeds_data();
+    void feeds();
     void wordsAreSixteenBitsWithASign();
-    void levelsAreIgnored();
-    void onlyTheFirstOfAPairCounts();
     void metersAreNotParameters();
     void shortArraysKeepTheLastLevels_data();
     void shortArraysKeepTheLastLevels();
-    void noArrayAtAll();
+    void noArrayAndNoDecibels();
     void unknownMetersKeepTheLastLevels();
     void channelsBeyondTheMeterKeepTheLastLevels();
     void levelsOutsideTheMetersRangeAreBroughtIntoIt();
-    void retranslatingKeepsTheLamps();
     void noLevelsAfterDetaching();
 };
 
@@ -34,13 +32,12 @@ namespace {
 
 QString picture(int lamps) { return QStringLiteral(":/image/zolta/meter_%1.svg").arg(lamps); }
 
+constexpr std::array MeterNames = {"InputMonoMeter",  "InputStereoMeterL",  "InputStereoMeterR",
+                                   "OutputMonoMeter", "OutputStereoMeterL", "OutputStereoMeterR"};
+
 struct Meters : EditorFixture
 {
-    explicit Meters(int ch = 2, int ch2 = 3)
-    {
-        bind();
-        editor->setCh(ch, ch2);
-    }
+    explicit Meters(int ch = 2, int ch2 = 3) { bind(ch, ch2); }
 
     void feed(int inL, int inR, int outL, int outR)
     {
@@ -50,11 +47,12 @@ struct Meters : EditorFixture
         host.setMeterDb("meter_oxa_rtn", 3, outR);
         host.pushMetersDb();
     }
-    int level(const char* name) const { return controller(widget(name))->value(); }
     QList<int> levels() const
     {
-        return {level("InputMonoMeter"),  level("InputStereoMeterL"),  level("InputStereoMeterR"),
-                level("OutputMonoMeter"), level("OutputStereoMeterL"), level("OutputStereoMeterR")};
+        QList<int> levels;
+        for (const char* name : MeterNames)
+            levels.append(control(name)->value());
+        return levels;
     }
     QStringList lamps() const
     {
@@ -77,8 +75,7 @@ void tst_ZoltaMeters::tableOfPictures()
 
 void tst_ZoltaMeters::picturesLightUpAboveTheirThreshold_data()
 {
-    QTest::addColumn<int>("level");
-    QTest::addColumn<int>("lamps");
+    addColumns<int, int>("level", "lamps");
 
     QTest::newRow("loudest") << 32767 << 11;
     QTest::newRow("0.1 dB") << 1 << 11;
@@ -110,69 +107,58 @@ void tst_ZoltaMeters::silenceLeavesThePictureAlone()
 {
     Meters meters;
     meters.feed(0, 0, -45, -45);
-    QCOMPARE(meters.svg("LedMonoMeter"), picture(9));
     meters.feed(0, 0, -1271, -32768);
-    QCOMPARE(meters.lamps(), QStringList({picture(9), picture(9), picture(9)}));
+    QCOMPARE(meters.lamps(), QStringList(3, picture(9)));
     meters.feed(0, 0, -1270, -1270);
-    QCOMPARE(meters.lamps(), QStringList({picture(0), picture(0), picture(0)}));
+    QCOMPARE(meters.lamps(), QStringList(3, picture(0)));
 }
 
-void tst_ZoltaMeters::stereoFeedsEverything()
+void tst_ZoltaMeters::feeds_data()
 {
-    Meters meters;
-    meters.feed(-600, -500, -40, -100);
-    QCOMPARE(meters.levels(), QList<int>({-600, -600, -500, -40, -40, -100}));
-    QCOMPARE(meters.lamps(), QStringList({picture(9), picture(9), picture(7)}));
+    addColumns<int, QList<int>, QStringList>("ch2", "levels", "lamps");
+    QTest::newRow("stereo") << 3 << QList<int>({-600, -600, -500, -40, -40, -100})
+                            << QStringList{picture(9), picture(9), picture(7)};
+    QTest::newRow("mono: the first channel only")
+        << -1 << QList<int>({-600, -600, -1270, -40, -40, -1270})
+        << QStringList{picture(9), picture(9), picture(0)};
 }
 
-void tst_ZoltaMeters::monoUpdatesTheFirstChannelOnly()
+// Only the first of a channel's two words counts. Retranslating keeps the lamps.
+void tst_ZoltaMeters::feeds()
 {
-    Meters meters(2, -1);
+    QFETCH(int, ch2);
+    Meters meters(2, ch2);
+    for (const char* name : {"meter_oxa_snd", "meter_oxa_rtn"}) {
+        meters.host.setMeterDb(name, 2, -1, 1);
+        meters.host.setMeterDb(name, 3, -1, 1);
+    }
     meters.feed(-600, -500, -40, -100);
-    QCOMPARE(meters.levels(), QList<int>({-600, -600, -1270, -40, -40, -1270}));
-    QCOMPARE(meters.lamps(), QStringList({picture(9), picture(9), picture(0)}));
+    QTEST(meters.levels(), "levels");
+    QTEST(meters.lamps(), "lamps");
+    QEvent languageChange(QEvent::LanguageChange);
+    QCoreApplication::sendEvent(meters.editor.get(), &languageChange);
+    QTEST(meters.lamps(), "lamps");
 }
 
 void tst_ZoltaMeters::wordsAreSixteenBitsWithASign()
 {
-    EditorFixture fixture;
-    fixture.bind();
-    fixture.editor->setCh(0, -1);
+    Meters meters;
     std::vector<unsigned int> words(64, 0x0000FDA8u);
-    words[4] = 0x7FFFFDA8u;
-    fixture.host.pushMetersDb(words);
-    QCOMPARE(controller(fixture.widget("InputMonoMeter"))->value(), -600);
-    QCOMPARE(controller(fixture.widget("OutputMonoMeter"))->value(), -600);
-}
-
-void tst_ZoltaMeters::levelsAreIgnored()
-{
-    Meters meters;
-    meters.host.pushMetersLvl(std::vector<unsigned int>(64, 0u));
-    QCOMPARE(meters.levels(), QList<int>(6, -1270));
-}
-
-void tst_ZoltaMeters::onlyTheFirstOfAPairCounts()
-{
-    Meters meters;
-    meters.host.setMeterDb("meter_oxa_snd", 2, -100, 1);
-    meters.host.setMeterDb("meter_oxa_rtn", 3, -100, 1);
-    meters.host.pushMetersDb();
-    QCOMPARE(meters.levels(), QList<int>(6, -1270));
+    words[8] = 0x7FFFFDA8u;
+    meters.host.pushMetersDb(words);
+    QCOMPARE(meters.levels(), QList<int>(6, -600));
 }
 
 void tst_ZoltaMeters::metersAreNotParameters()
 {
     const Meters meters;
-    for (const char* name : {"InputMonoMeter", "InputStereoMeterL", "InputStereoMeterR",
-                             "OutputMonoMeter", "OutputStereoMeterL", "OutputStereoMeterR"})
-        QVERIFY(!controller(meters.widget(name))->isBound());
+    for (const char* name : MeterNames)
+        QVERIFY(!meters.control(name)->isBound());
 }
 
 void tst_ZoltaMeters::shortArraysKeepTheLastLevels_data()
 {
-    QTest::addColumn<unsigned int>("count");
-    QTest::addColumn<QList<int>>("levels");
+    addColumns<unsigned int, QList<int>>("count", "levels");
 
     // With eight channels the input's words start at 4, the output's at 24.
     const int was = -77;
@@ -195,7 +181,7 @@ void tst_ZoltaMeters::shortArraysKeepTheLastLevels()
     QCOMPARE(meters.levels(), levels);
 }
 
-void tst_ZoltaMeters::noArrayAtAll()
+void tst_ZoltaMeters::noArrayAndNoDecibels()
 {
     Meters meters;
     meters.feed(-77, -77, -77, -77);
@@ -203,6 +189,7 @@ void tst_ZoltaMeters::noArrayAtAll()
     observer->notifyMeterDbUpdated(nullptr, 0);
     observer->notifyMeterDbUpdated(nullptr, 64);
     observer->notifyMeterLvlUpdated(nullptr, 64);
+    meters.host.pushMetersLvl(std::vector<unsigned int>(64, 0u));
     QCOMPARE(meters.levels(), QList<int>(6, -77));
 }
 
@@ -212,13 +199,14 @@ void tst_ZoltaMeters::unknownMetersKeepTheLastLevels()
     meters.feed(-77, -77, -77, -77);
     meters.host.removeMeter("meter_oxa_snd");
     meters.host.pushMetersDb(std::vector<unsigned int>(64, 0u));
-    QCOMPARE(meters.levels(), QList<int>({-77, -77, -77, 0, 0, 0}));
+    const QList<int> last = {-77, -77, -77, 0, 0, 0};
+    QCOMPARE(meters.levels(), last);
     meters.host.removeMeter("meter_oxa_rtn");
     meters.host.pushMetersDb(std::vector<unsigned int>(64, 0xFFFFFFFFu));
-    QCOMPARE(meters.levels(), QList<int>({-77, -77, -77, 0, 0, 0}));
+    QCOMPARE(meters.levels(), last);
     meters.editor->setModelInfo(nullptr);
     meters.host.pushMetersDb(std::vector<unsigned int>(64, 0xFFFFFFFFu));
-    QCOMPARE(meters.levels(), QList<int>({-77, -77, -77, 0, 0, 0}));
+    QCOMPARE(meters.levels(), last);
 }
 
 void tst_ZoltaMeters::channelsBeyondTheMeterKeepTheLastLevels()
@@ -242,16 +230,6 @@ void tst_ZoltaMeters::levelsOutsideTheMetersRangeAreBroughtIntoIt()
     Meters meters;
     meters.feed(32767, -32768, 32767, -32768);
     QCOMPARE(meters.levels(), QList<int>({8191, 8191, -1270, 8191, 8191, -1270}));
-}
-
-void tst_ZoltaMeters::retranslatingKeepsTheLamps()
-{
-    Meters meters;
-    meters.feed(0, 0, -40, -100);
-    const QStringList lamps = meters.lamps();
-    QEvent languageChange(QEvent::LanguageChange);
-    QCoreApplication::sendEvent(meters.editor.get(), &languageChange);
-    QCOMPARE(meters.lamps(), lamps);
 }
 
 void tst_ZoltaMeters::noLevelsAfterDetaching()

@@ -4,6 +4,7 @@
 #include "controls/FaderController.h"
 #include "controls/KnobController.h"
 #include "tests/effect/PlainEditor.h"
+#include "tests/support/DataTable.h"
 #include "tests/support/TestObject.h"
 
 #include <QApplication>
@@ -25,9 +26,7 @@ private Q_SLOTS:
 
 void tst_EditModes::modesReachEveryControl_data()
 {
-    QTest::addColumn<int>("hostMode");
-    QTest::addColumn<int>("knob");
-    QTest::addColumn<int>("fader");
+    addColumns<int, int, int>("hostMode", "knob", "fader");
     QTest::newRow("0") << 0 << 0 << 3;
     QTest::newRow("1") << 1 << 2 << 1;
     QTest::newRow("2") << 2 << 1 << 0;

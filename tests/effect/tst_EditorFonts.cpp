@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "effect/EditorFonts.h"
+#include "tests/support/DataTable.h"
 #include "tests/support/TestObject.h"
 
 #include <QApplication>
@@ -9,8 +10,6 @@
 #include <QRawFont>
 
 namespace {
-
-QFont placeholder(const char* family, int points) { return QFont(QLatin1String(family), points); }
 
 void styleFonts(QWidget* widget)
 {
@@ -30,21 +29,14 @@ private Q_SLOTS:
     void constants();
     void recognisesTheFamily_data();
     void recognisesTheFamily();
-
     void placeholderBecomesTheFamily_data();
     void placeholderBecomesTheFamily();
-    void otherFamilyKeepsItsFont_data();
     void otherFamilyKeepsItsFont();
     void attributesAreKept_data();
     void attributesAreKept();
-    void childrenAreStyledBeforeTheirParent();
     void wholeTreeIsStyled();
-
     void pointsBecomePixels_data();
     void pointsBecomePixels();
-    void pixelSizesStay();
-    void secondSizePassChangesNothing();
-    void parentIsSizedBeforeItsChildren();
     void wholeTreeIsSized();
 };
 
@@ -64,16 +56,15 @@ void tst_EditorFonts::constants()
 
 void tst_EditorFonts::recognisesTheFamily_data()
 {
-    QTest::addColumn<QString>("family");
-    QTest::addColumn<bool>("recognised");
-    QTest::newRow("the family") << QStringLiteral("M+ 1c") << true;
-    QTest::newRow("placeholder") << QStringLiteral("M+ 1c medium") << true;
-    QTest::newRow("longer word") << QStringLiteral("M+ 1cx") << true;
-    QTest::newRow("letter case") << QStringLiteral("m+ 1c") << false;
-    QTest::newRow("not at the start") << QStringLiteral("Rounded M+ 1c") << false;
-    QTest::newRow("plus is no quantifier") << QStringLiteral("MM 1c") << false;
-    QTest::newRow("shorter") << QStringLiteral("M+ 1") << false;
-    QTest::newRow("empty") << QString() << false;
+    addColumns<QString, bool>("family", "recognised");
+    QTest::newRow("the family") << "M+ 1c" << true;
+    QTest::newRow("placeholder") << "M+ 1c medium" << true;
+    QTest::newRow("longer word") << "M+ 1cx" << true;
+    QTest::newRow("letter case") << "m+ 1c" << false;
+    QTest::newRow("not at the start") << "Rounded M+ 1c" << false;
+    QTest::newRow("plus is no quantifier") << "MM 1c" << false;
+    QTest::newRow("shorter") << "M+ 1" << false;
+    QTest::newRow("empty") << "" << false;
 }
 
 void tst_EditorFonts::recognisesTheFamily()
@@ -84,22 +75,23 @@ void tst_EditorFonts::recognisesTheFamily()
 
 void tst_EditorFonts::placeholderBecomesTheFamily_data()
 {
-    QTest::addColumn<QByteArray>("family");
-    QTest::addColumn<QString>("style");
-    QTest::addColumn<QString>("face");
-    QTest::newRow("regular") << QByteArray("M+ 1c regular") << QStringLiteral("Normal")
-                             << QStringLiteral("Regular");
-    QTest::newRow("medium") << QByteArray("M+ 1c medium") << QStringLiteral("Medium")
-                            << QStringLiteral("Medium");
-    QTest::newRow("bold") << QByteArray("M+ 1c bold") << QStringLiteral("Bold")
-                          << QStringLiteral("Bold");
+    addColumns<QString, QString, QString>("family", "style", "face");
+    QTest::newRow("regular") << "M+ 1c regular"
+                             << "Normal"
+                             << "Regular";
+    QTest::newRow("medium") << "M+ 1c medium"
+                            << "Medium"
+                            << "Medium";
+    QTest::newRow("bold") << "M+ 1c bold"
+                          << "Bold"
+                          << "Bold";
 }
 
 void tst_EditorFonts::placeholderBecomesTheFamily()
 {
-    QFETCH(QByteArray, family);
+    QFETCH(QString, family);
     QLabel label;
-    label.setFont(placeholder(family.constData(), 9));
+    label.setFont(QFont(family, 9));
     styleFonts(&label);
     QCOMPARE(label.font().family(), QLatin1String("M+ 1c"));
     QTEST(label.font().styleName(), "style");
@@ -110,48 +102,33 @@ void tst_EditorFonts::placeholderBecomesTheFamily()
     QTEST(shown.styleName(), "face");
 }
 
-void tst_EditorFonts::otherFamilyKeepsItsFont_data()
-{
-    QTest::addColumn<QString>("family");
-    QTest::newRow("letter case differs") << QStringLiteral("M+ 1c Regular");
-    QTest::newRow("the family itself") << QStringLiteral("M+ 1c");
-    QTest::newRow("longer") << QStringLiteral("M+ 1c regular 2");
-    QTest::newRow("another") << QStringLiteral("DejaVu Sans");
-}
-
 void tst_EditorFonts::otherFamilyKeepsItsFont()
 {
-    QFETCH(QString, family);
-    QLabel label;
-    QFont font(family, 9, QFont::DemiBold, true);
-    font.setStyleStrategy(QFont::NoAntialias);
-    label.setFont(font);
-    styleFonts(&label);
-    QCOMPARE(label.font(), font);
+    for (const char* family : {"M+ 1c Regular", "M+ 1c", "M+ 1c regular 2", "DejaVu Sans"}) {
+        QLabel label;
+        QFont font(QLatin1String(family), 9, QFont::DemiBold, true);
+        font.setStyleStrategy(QFont::NoAntialias);
+        label.setFont(font);
+        styleFonts(&label);
+        QCOMPARE(label.font(), font);
+    }
 }
 
 void tst_EditorFonts::attributesAreKept_data()
 {
-    QTest::addColumn<int>("weight");
-    QTest::addColumn<int>("mapped");
-    QTest::addColumn<int>("style");
-    QTest::addColumn<bool>("underline");
-    QTest::addColumn<bool>("strikeOut");
-    QTest::addColumn<bool>("kerning");
-    const auto row = [](const char* name, int weight, int mapped, QFont::Style style,
-                        bool underline = false, bool strikeOut = false, bool kerning = true) {
-        QTest::newRow(name) << weight << mapped << int(style) << underline << strikeOut << kerning;
-    };
-    row("1", 1, 400, QFont::StyleNormal);
-    row("400", 400, 400, QFont::StyleNormal);
-    row("500", 500, 400, QFont::StyleNormal);
-    row("501", 501, 700, QFont::StyleNormal);
-    row("1000", 1000, 700, QFont::StyleNormal);
-    row("italic", 400, 400, QFont::StyleItalic);
-    row("oblique", 600, 700, QFont::StyleOblique);
-    row("underline", 400, 400, QFont::StyleNormal, true);
-    row("strike-out", 400, 400, QFont::StyleNormal, false, true);
-    row("no kerning", 400, 400, QFont::StyleNormal, false, false, false);
+    addColumns<int, int, int, bool, bool, bool>("weight", "mapped", "style", "underline",
+                                                "strikeOut", "kerning");
+    const int normal = QFont::StyleNormal;
+    QTest::newRow("1") << 1 << 400 << normal << false << false << true;
+    QTest::newRow("400") << 400 << 400 << normal << false << false << true;
+    QTest::newRow("500") << 500 << 400 << normal << false << false << true;
+    QTest::newRow("501") << 501 << 700 << normal << false << false << true;
+    QTest::newRow("1000") << 1000 << 700 << normal << false << false << true;
+    QTest::newRow("italic") << 400 << 400 << int(QFont::StyleItalic) << false << false << true;
+    QTest::newRow("oblique") << 600 << 700 << int(QFont::StyleOblique) << false << false << true;
+    QTest::newRow("underline") << 400 << 400 << normal << true << false << true;
+    QTest::newRow("strike-out") << 400 << 400 << normal << false << true << true;
+    QTest::newRow("no kerning") << 400 << 400 << normal << false << false << false;
 }
 
 // All but the weight, of which there are two.
@@ -164,7 +141,7 @@ void tst_EditorFonts::attributesAreKept()
     QFETCH(bool, kerning);
     for (const char* family : {"M+ 1c regular", "M+ 1c medium", "M+ 1c bold"}) {
         QLabel label;
-        QFont font = placeholder(family, 9);
+        QFont font(QLatin1String(family), 9);
         font.setWeight(QFont::Weight(weight));
         font.setStyle(QFont::Style(style));
         font.setUnderline(underline);
@@ -181,37 +158,27 @@ void tst_EditorFonts::attributesAreKept()
     }
 }
 
-// A child that inherits a placeholder only finds it while its parent has not been converted.
-void tst_EditorFonts::childrenAreStyledBeforeTheirParent()
-{
-    QWidget parent;
-    QLabel child(&parent);
-    parent.setFont(placeholder("M+ 1c bold", 9));
-    QVERIFY(!child.testAttribute(Qt::WA_SetFont));
-    styleFonts(&parent);
-    QVERIFY(child.testAttribute(Qt::WA_SetFont));
-    QCOMPARE(child.font().styleName(), QLatin1String("Bold"));
-}
-
+// Children before their parent: one that inherits a placeholder only finds it while its parent has
+// not been converted.
 void tst_EditorFonts::wholeTreeIsStyled()
 {
     QWidget top;
     new QObject(&top);
     auto* middle = new QWidget(&top);
-    auto* deep = new QLabel(middle);
+    auto* heir = new QLabel(middle);
     auto* window = new QLabel(middle, Qt::Window);
-    deep->setFont(placeholder("M+ 1c medium", 8));
-    window->setFont(placeholder("M+ 1c bold", 7));
+    middle->setFont(QFont(QStringLiteral("M+ 1c medium"), 8));
+    window->setFont(QFont(QStringLiteral("M+ 1c bold"), 7));
     styleFonts(&top);
-    QCOMPARE(deep->font().styleName(), QLatin1String("Medium"));
+    QVERIFY(heir->testAttribute(Qt::WA_SetFont));
+    QCOMPARE(heir->font().styleName(), QLatin1String("Medium"));
     QCOMPARE(window->font().styleName(), QLatin1String("Bold"));
     QVERIFY(!top.testAttribute(Qt::WA_SetFont));
 }
 
 void tst_EditorFonts::pointsBecomePixels_data()
 {
-    QTest::addColumn<int>("points");
-    QTest::addColumn<int>("pixels");
+    addColumns<int, int>("points", "pixels");
     QTest::newRow("1") << 1 << 1;
     QTest::newRow("8: 10.72") << 8 << 11;
     QTest::newRow("9: 12.06") << 9 << 12;
@@ -221,58 +188,32 @@ void tst_EditorFonts::pointsBecomePixels_data()
     QTest::newRow("100: 134") << 100 << 134;
 }
 
+// A second pass changes nothing.
 void tst_EditorFonts::pointsBecomePixels()
 {
     QFETCH(int, points);
     QLabel label;
-    label.setFont(placeholder("M+ 1c", points));
-    initializeFontSize(&label);
-    QTEST(label.font().pixelSize(), "pixels");
-    QCOMPARE(label.font().pointSize(), -1);
+    label.setFont(QFont(QStringLiteral("M+ 1c"), points));
+    for (int pass = 0; pass < 2; ++pass) {
+        initializeFontSize(&label);
+        QTEST(label.font().pixelSize(), "pixels");
+        QCOMPARE(label.font().pointSize(), -1);
+    }
 }
 
-void tst_EditorFonts::pixelSizesStay()
-{
-    QLabel label;
-    QFont font = placeholder("M+ 1c", 9);
-    font.setPixelSize(10);
-    label.setFont(font);
-    initializeFontSize(&label);
-    QCOMPARE(label.font(), font);
-}
-
-void tst_EditorFonts::secondSizePassChangesNothing()
-{
-    QLabel label;
-    label.setFont(placeholder("M+ 1c", 10));
-    initializeFontSize(&label);
-    initializeFontSize(&label);
-    QCOMPARE(label.font().pixelSize(), 13);
-}
-
-// A child that inherits its size has it in pixels once its parent has, and needs no font of its
-// own.
-void tst_EditorFonts::parentIsSizedBeforeItsChildren()
-{
-    QWidget parent;
-    QLabel child(&parent);
-    parent.setFont(placeholder("M+ 1c", 10));
-    initializeFontSize(&parent);
-    QCOMPARE(child.font().pixelSize(), 13);
-    QVERIFY(!child.testAttribute(Qt::WA_SetFont));
-}
-
+// Parents before their children: one that inherits its size needs no font of its own.
 void tst_EditorFonts::wholeTreeIsSized()
 {
     QWidget top;
     new QObject(&top);
     auto* middle = new QWidget(&top);
-    auto* deep = new QLabel(middle);
+    auto* heir = new QLabel(middle);
     auto* window = new QLabel(middle, Qt::Window);
-    deep->setFont(placeholder("M+ 1c", 20));
-    window->setFont(placeholder("M+ 1c", 30));
+    middle->setFont(QFont(QStringLiteral("M+ 1c"), 20));
+    window->setFont(QFont(QStringLiteral("M+ 1c"), 30));
     initializeFontSize(&top);
-    QCOMPARE(deep->font().pixelSize(), 27);
+    QCOMPARE(heir->font().pixelSize(), 27);
+    QVERIFY(!heir->testAttribute(Qt::WA_SetFont));
     QCOMPARE(window->font().pixelSize(), 40);
 }
 

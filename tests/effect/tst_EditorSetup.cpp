@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "effect/EditorSetup.h"
+#include "tests/support/DataTable.h"
 #include "tests/support/TestObject.h"
 
 #include <QApplication>
@@ -31,14 +32,11 @@ class tst_EditorSetup : public TestObject
 
 private Q_SLOTS:
     void styleReachesTheWholeTree();
-    void styleOfNoWidgetIsNothing();
 
     void disabledRoleIsInherited_data();
     void disabledRoleIsInherited();
     void disabledColourOfItsOwnStays();
     void otherGroupsAreNotInherited();
-    void mergedPaletteGoesOnDown();
-    void parentsOwnDisabledColourGoesOnDown();
 };
 
 void tst_EditorSetup::styleReachesTheWholeTree()
@@ -49,21 +47,15 @@ void tst_EditorSetup::styleReachesTheWholeTree()
     auto* middle = new QWidget(&top);
     auto* deep = new QWidget(middle);
     auto* menu = new QMenu(middle);
+    initializeStyle(nullptr, &style);
     initializeStyle(&top, &style);
     for (const QWidget* widget : {&top, middle, deep, static_cast<QWidget*>(menu)})
         QCOMPARE(widget->style(), &style);
 }
 
-void tst_EditorSetup::styleOfNoWidgetIsNothing()
-{
-    QProxyStyle style;
-    initializeStyle(nullptr, &style);
-}
-
 void tst_EditorSetup::disabledRoleIsInherited_data()
 {
-    QTest::addColumn<int>("role");
-    QTest::addColumn<bool>("inherited");
+    addColumns<int, bool>("role", "inherited");
     const QMetaEnum roles = QMetaEnum::fromType<QPalette::ColorRole>();
     for (int role = 0; role <= 18; ++role)
         QTest::newRow(roles.valueToKey(role)) << role << true;
@@ -86,16 +78,21 @@ void tst_EditorSetup::disabledRoleIsInherited()
     }
 }
 
+// And goes on down, as the colours that are inherited do.
 void tst_EditorSetup::disabledColourOfItsOwnStays()
 {
     QWidget parent;
     QWidget window(&parent, Qt::Window);
+    QWidget inner(&window, Qt::Window);
     QPalette own;
     own.setColor(QPalette::Disabled, QPalette::Text, Qt::cyan);
-    window.setPalette(own);
+    parent.setPalette(own);
+    own.setColor(QPalette::Disabled, QPalette::Text, Qt::green);
+    inner.setPalette(own);
     initializePalette(&parent, probePalette());
     QCOMPARE(window.palette().color(QPalette::Disabled, QPalette::Text), QColor(Qt::cyan));
-    QCOMPARE(window.palette().color(QPalette::Disabled, QPalette::Button), probe(QPalette::Button));
+    QCOMPARE(inner.palette().color(QPalette::Disabled, QPalette::Text), QColor(Qt::green));
+    QCOMPARE(inner.palette().color(QPalette::Disabled, QPalette::Button), probe(QPalette::Button));
 }
 
 void tst_EditorSetup::otherGroupsAreNotInherited()
@@ -111,26 +108,6 @@ void tst_EditorSetup::otherGroupsAreNotInherited()
             QVERIFY(!window.palette().isBrushSet(group, role));
         }
     }
-}
-
-void tst_EditorSetup::mergedPaletteGoesOnDown()
-{
-    QWidget parent;
-    QWidget window(&parent, Qt::Window);
-    QWidget inner(&window, Qt::Window);
-    initializePalette(&parent, probePalette());
-    QCOMPARE(inner.palette().color(QPalette::Disabled, QPalette::Base), probe(QPalette::Base));
-}
-
-void tst_EditorSetup::parentsOwnDisabledColourGoesOnDown()
-{
-    QWidget parent;
-    QWidget window(&parent, Qt::Window);
-    QPalette own;
-    own.setColor(QPalette::Disabled, QPalette::Text, Qt::cyan);
-    parent.setPalette(own);
-    initializePalette(&parent, probePalette());
-    QCOMPARE(window.palette().color(QPalette::Disabled, QPalette::Text), QColor(Qt::cyan));
 }
 
 ZOLTA_TEST_MAIN(tst_EditorSetup)

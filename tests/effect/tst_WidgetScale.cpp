@@ -15,59 +15,30 @@ class tst_WidgetScale : public TestObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void isOneOutsideAnyEditor();
-    void isTheEditorsForTheWholeTree();
     void isTheNearestEditors();
-    void followsTheEditor();
     void pullDownMenuHasItsButtons();
     void pullDownMenuWithoutAButtonHasItsParents();
 };
 
-void tst_WidgetScale::isOneOutsideAnyEditor()
-{
-    QCOMPARE(getWidgetScale(nullptr), 1.0);
-    QWidget window;
-    QWidget child(&window);
-    PlainEditor sibling(&window);
-    sibling.setScale(2.0);
-    QCOMPARE(getWidgetScale(&window), 1.0);
-    QCOMPARE(getWidgetScale(&child), 1.0);
-}
-
-void tst_WidgetScale::isTheEditorsForTheWholeTree()
-{
-    QWidget window;
-    PlainEditor editor(&window);
-    QScrollArea area(&editor);
-    auto* content = new QWidget;
-    area.setWidget(content);
-    QMenu menu(content);
-    editor.setScale(1.25);
-    QCOMPARE(getWidgetScale(&editor), 1.25);
-    QCOMPARE(getWidgetScale(content), 1.25);
-    QVERIFY(menu.isWindow());
-    QCOMPARE(getWidgetScale(&menu), 1.25);
-}
-
 void tst_WidgetScale::isTheNearestEditors()
 {
-    PlainEditor outer;
+    QWidget window;
+    QWidget child(&window);
+    PlainEditor outer(&window);
     PlainEditor inner(&outer);
-    QWidget child(&inner);
+    QScrollArea area(&inner);
+    area.setWidget(new QWidget);
+    QMenu menu(area.widget());
+    QCOMPARE(getWidgetScale(&menu), 1.0);
     outer.setScale(2.0);
-    inner.setScale(0.5);
-    QCOMPARE(getWidgetScale(&child), 0.5);
-}
-
-void tst_WidgetScale::followsTheEditor()
-{
-    PlainEditor editor;
-    QWidget child(&editor);
+    inner.setScale(1.25);
+    QCOMPARE(getWidgetScale(nullptr), 1.0);
+    QCOMPARE(getWidgetScale(&window), 1.0);
     QCOMPARE(getWidgetScale(&child), 1.0);
-    editor.setScale(0.25);
-    QCOMPARE(getWidgetScale(&child), 0.25);
-    editor.setScale(3.0);
-    QCOMPARE(getWidgetScale(&child), 3.0);
+    QCOMPARE(getWidgetScale(&outer), 2.0);
+    QCOMPARE(getWidgetScale(area.widget()), 1.25);
+    QVERIFY(menu.isWindow());
+    QCOMPARE(getWidgetScale(&menu), 1.25);
 }
 
 void tst_WidgetScale::pullDownMenuHasItsButtons()

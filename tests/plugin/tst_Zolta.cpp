@@ -2,6 +2,7 @@
 #include "interfaces/IVaskEffect.h"
 #include "interfaces/IVaskEffectChFx.h"
 #include "interfaces/IVaskEffectEditor2.h"
+#include "tests/support/DataTable.h"
 #include "tests/support/TestHost.h"
 #include "tests/support/TestObject.h"
 #include "tests/support/TestStream.h"
@@ -16,10 +17,10 @@
 #include <QStyle>
 
 #include <algorithm>
-#include <array>
 #include <memory>
 
 using Operation = TestHost::Operation;
+using Channels = std::vector<unsigned short>;
 
 /// The shared library as a mixer host meets it: loaded from its file.
 class tst_Zolta : public TestObject
@@ -32,14 +33,9 @@ private Q_SLOTS:
     void loaderReadsTheMetaData();
     void instanceIsOneAProcessAndComesBackAfterItsDeletion();
     void fxTypeIsTheSameThroughEitherInterface();
-
-    void createWithoutModelGivesNull();
-    void createForUnlistedChannelGivesNullAndNoWidget();
-    void createWithEmptyModelAsksForNoEntry();
-    void createFindsAChannelAnywhereInTheModel();
-    void createStopsAtTheMatchingEntry();
+    void createAsksForEntriesUpToTheMatchingOne_data();
+    void createAsksForEntriesUpToTheMatchingOne();
     void createGivesAnInitializedUnboundEditor();
-
     void settingsComeBackThroughTheComponent();
 
 private:
@@ -148,42 +144,33 @@ void tst_Zolta::fxTypeIsTheSameThroughEitherInterface()
     QCOMPARE(throughEffect->fxType(), 8);
 }
 
-void tst_Zolta::createWithoutModelGivesNull() { QVERIFY(!effect()->create(nullptr, 0, nullptr)); }
-
-void tst_Zolta::createForUnlistedChannelGivesNullAndNoWidget()
+void tst_Zolta::createAsksForEntriesUpToTheMatchingOne_data()
 {
+    addColumns<Channels, int, bool, int>("channels", "ch", "found", "asked");
+    QTest::newRow("empty model") << Channels() << 0 << false << 0;
+    QTest::newRow("first") << Channels{40, 7, 65535} << 40 << true << 1;
+    QTest::newRow("in the middle") << Channels{40, 7, 65535} << 7 << true << 2;
+    QTest::newRow("last") << Channels{40, 7, 65535} << 65535 << true << 3;
+    QTest::newRow("unlisted") << Channels{40, 7, 65535} << 8 << false << 3;
+}
+
+void tst_Zolta::createAsksForEntriesUpToTheMatchingOne()
+{
+    QFETCH(Channels, channels);
+    QFETCH(int, ch);
+    QFETCH(bool, found);
+    QFETCH(int, asked);
     TestHost host;
+    host.setChannels(channels);
     QWidget parent;
     const qsizetype widgets = QApplication::allWidgets().size();
-    QVERIFY(!effect()->create(&parent, 8, host.model()));
-    QCOMPARE(QApplication::allWidgets().size(), widgets);
-    QVERIFY(parent.children().isEmpty());
-    QCOMPARE(host.count(Operation::GetChannelEntry), 8);
-}
-
-void tst_Zolta::createWithEmptyModelAsksForNoEntry()
-{
-    TestHost host;
-    host.setChannels({});
-    QVERIFY(!effect()->create(nullptr, 0, host.model()));
+    QCOMPARE(effect()->create(&parent, static_cast<unsigned short>(ch), host.model()) != nullptr,
+             found);
+    QCOMPARE(QApplication::allWidgets().size() > widgets, found);
+    QCOMPARE(parent.children().size(), found ? 1 : 0);
     QCOMPARE(host.count(Operation::GetChannelCount), 1);
-    QCOMPARE(host.count(Operation::GetChannelEntry), 0);
-}
-
-void tst_Zolta::createFindsAChannelAnywhereInTheModel()
-{
-    TestHost host;
-    host.setChannels({40, 7, 65535});
-    for (const unsigned short ch : std::array<unsigned short, 3>{40, 7, 65535})
-        QVERIFY(makeEditor(host, ch));
-    QVERIFY(!effect()->create(nullptr, 8, host.model()));
-}
-
-void tst_Zolta::createStopsAtTheMatchingEntry()
-{
-    TestHost host;
-    QVERIFY(makeEditor(host, 2));
-    QCOMPARE(host.count(Operation::GetChannelEntry), 3);
+    QCOMPARE(host.count(Operation::GetChannelEntry), asked);
+    QVERIFY(!effect()->create(&parent, static_cast<unsigned short>(ch), nullptr));
 }
 
 void tst_Zolta::createGivesAnInitializedUnboundEditor()

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/support/DataTable.h"
 #include "tests/support/TestObject.h"
 
 #include <QDir>
@@ -13,6 +14,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <span>
 
 int qInitResources_Zolta();
 int qCleanupResources_Zolta();
@@ -95,26 +97,39 @@ QColor at(const QImage& image, double x, double y)
     return image.pixelColor(static_cast<int>(x * Scale), static_cast<int>(y * Scale));
 }
 
+/// That at an angle, clockwise from twelve, and a radius around the picture's centre.
+QColor around(const QImage& image, int degrees, double radius)
+{
+    const double centre = image.width() / 2.0 / Scale;
+    const double angle = degrees * M_PI / 180.0;
+    return at(image, centre + radius * std::sin(angle), centre - radius * std::cos(angle));
+}
+
 double brightness(const QColor& color)
 {
     return 0.299 * color.red() + 0.587 * color.green() + 0.114 * color.blue();
 }
 
+/// All pixels of an image that outlives the answer, premultiplied.
+std::span<const QRgb> pixelsOf(const QImage& image)
+{
+    return {reinterpret_cast<const QRgb*>(image.constBits()),
+            static_cast<std::size_t>(image.width()) * static_cast<std::size_t>(image.height())};
+}
+
 double meanBrightness(const QImage& image)
 {
     double sum = 0.0;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            sum += brightness(image.pixelColor(x, y));
+    for (const QRgb pixel : pixelsOf(image))
+        sum += brightness(pixel);
     return sum / (image.width() * image.height());
 }
 
 int largestDifference(const QImage& a, const QImage& b)
 {
     int largest = 0;
-    for (int y = 0; y < a.height(); ++y)
-        for (int x = 0; x < a.width(); ++x)
-            largest = std::max(largest, std::abs(qAlpha(a.pixel(x, y)) - qAlpha(b.pixel(x, y))));
+    for (std::size_t i = 0; i < pixelsOf(a).size(); ++i)
+        largest = std::max(largest, std::abs(qAlpha(pixelsOf(a)[i]) - qAlpha(pixelsOf(b)[i])));
     return largest;
 }
 
@@ -135,8 +150,7 @@ double brightestRow(const QImage& image)
 
 void addPictures()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QSize>("size");
+    addColumns<QString, QSize>("name", "size");
     for (const Pictures& group : allPictures()) {
         for (const QString& name : group.names)
             QTest::newRow(qPrintable(name)) << name << group.size;
@@ -145,12 +159,9 @@ void addPictures()
 
 void addBands()
 {
-    QTest::addColumn<QString>("button");
-    QTest::addColumn<QColor>("color");
-    QTest::addColumn<int>("centre");
+    addColumns<QString, QColor, int>("button", "color", "centre");
     for (const Band& band : Bands)
-        QTest::newRow(band.button)
-            << QString::fromLatin1(band.button) << QColor::fromRgb(band.color) << band.centre;
+        QTest::newRow(band.button) << band.button << QColor::fromRgb(band.color) << band.centre;
 }
 
 int hueDistance(const QColor& a, const QColor& b)
@@ -168,19 +179,15 @@ class tst_Pictures : public TestObject
 private Q_SLOTS:
     void theCollectionHoldsTheTablesNames();
     void theCollectionComesAndGoes();
-
     void pictureShowsSomething_data() { addPictures(); }
     void pictureShowsSomething();
     void fileIsWhatTheRendererDraws_data() { addPictures(); }
     void fileIsWhatTheRendererDraws();
-
     void backgroundIsOpaque();
-    void glassUnderTheGraphIsBlack();
     void columnCarriesItsBandsColor_data() { addBands(); }
     void columnCarriesItsBandsColor();
     void nothingIsEngravedUnderALabel_data();
     void nothingIsEngravedUnderALabel();
-
     void pointerStandsAtTwelve_data();
     void pointerStandsAtTwelve();
     void ringHasItsTicks_data();
@@ -189,7 +196,6 @@ private Q_SLOTS:
     void knobStaysWithinItsPicture();
     void disabledGainKnobIsDark();
     void capsDiffer();
-
     void pressedButtonIsDarker_data();
     void pressedButtonIsDarker();
     void lampOfABandGlows_data() { addBands(); }
@@ -200,11 +206,9 @@ private Q_SLOTS:
     void leverShowsItsPosition();
     void lampShowsItsState_data();
     void lampShowsItsState();
-
     void meterLightsItsCount_data();
     void meterLightsItsCount();
     void highIconMirrorsTheLowOne();
-    void logosAreWhite_data();
     void logosAreWhite();
 };
 
@@ -241,10 +245,10 @@ void tst_Pictures::pictureShowsSomething()
     QCOMPARE(renderer.viewBoxF(), QRectF(QPointF(), QSizeF(size)));
     const QImage image = render(name);
     QSet<QRgb> visible;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            if (qAlpha(image.pixel(x, y)) > 128)
-                visible.insert(image.pixel(x, y));
+    for (const QRgb pixel : pixelsOf(image)) {
+        if (qAlpha(pixel) > 128)
+            visible.insert(pixel);
+    }
     QVERIFY(!visible.isEmpty());
     if (!name.contains(QLatin1String("logo")) && !name.startsWith(QLatin1String("icon")) &&
         !name.startsWith(QLatin1String("back_meter")))
@@ -284,21 +288,15 @@ void tst_Pictures::fileIsWhatTheRendererDraws()
         QVERIFY(gradients.contains(i.next().captured(1)));
 }
 
+// And black where the graph is.
 void tst_Pictures::backgroundIsOpaque()
 {
     const QImage image = render(QStringLiteral("back_zolta"));
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            QCOMPARE(qAlpha(image.pixel(x, y)), 255);
-}
-
-void tst_Pictures::glassUnderTheGraphIsBlack()
-{
-    const QImage image = render(QStringLiteral("back_zolta"));
+    for (const QRgb pixel : pixelsOf(image))
+        QCOMPARE(qAlpha(pixel), 255);
     const QImage graph = image.copy(94 * Scale, 22 * Scale, 679 * Scale, 192 * Scale);
-    for (int y = 0; y < graph.height(); ++y)
-        for (int x = 0; x < graph.width(); ++x)
-            QVERIFY(brightness(graph.pixelColor(x, y)) < 20.0);
+    for (const QRgb pixel : pixelsOf(graph))
+        QVERIFY(brightness(pixel) < 20.0);
 }
 
 void tst_Pictures::columnCarriesItsBandsColor()
@@ -346,51 +344,37 @@ void tst_Pictures::nothingIsEngravedUnderALabel()
     QFETCH(QRect, label);
     const QImage image = render(QStringLiteral("back_zolta"))
                              .copy(QRect(label.topLeft() * Scale, label.size() * Scale));
-    double darkest = 255.0;
-    double lightest = 0.0;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x) {
-            const double value = brightness(image.pixelColor(x, y));
-            darkest = std::min(darkest, value);
-            lightest = std::max(lightest, value);
-        }
-    QVERIFY2(lightest - darkest < 16.0, qPrintable(QString::number(lightest - darkest)));
+    const auto [darkest, lightest] =
+        std::ranges::minmax(pixelsOf(image), {}, [](QRgb pixel) { return brightness(pixel); });
+    QCOMPARE_LT(brightness(lightest) - brightness(darkest), 16.0);
 }
 
 void tst_Pictures::pointerStandsAtTwelve_data()
 {
     QTest::addColumn<QString>("name");
     for (const char* name : {"knob_level", "knob_QLH", "knob_Q", "knob_F", "knob_G"})
-        QTest::newRow(name) << QString::fromLatin1(name);
+        QTest::newRow(name) << name;
 }
 
 void tst_Pictures::pointerStandsAtTwelve()
 {
     QFETCH(QString, name);
     const QImage image = renderOnPanel(name);
-    const double centre = image.width() / 2.0 / Scale;
-    const double radius = centre * 0.45;
-    const double top = brightness(at(image, centre, centre - radius));
-    for (int degrees = 30; degrees < 360; degrees += 30) {
-        const double angle = degrees * M_PI / 180.0;
-        const QColor there =
-            at(image, centre + radius * std::sin(angle), centre - radius * std::cos(angle));
-        QVERIFY2(brightness(there) < top - 60.0, qPrintable(QString::number(degrees)));
-    }
+    const double radius = 0.45 * image.width() / 2.0 / Scale;
+    const double top = brightness(around(image, 0, radius));
+    for (int degrees = 30; degrees < 360; degrees += 30)
+        QCOMPARE_LT(brightness(around(image, degrees, radius)), top - 60.0);
 }
 
 void tst_Pictures::ringHasItsTicks_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<double>("radius");
-    QTest::addColumn<QList<int>>("angles");
+    addColumns<QString, double, QList<int>>("name", "radius", "angles");
     const QList<int> full = {210, 240, 270, 300, 330, 0, 30, 60, 90, 120, 150};
-    QTest::newRow("level") << QStringLiteral("knob_level_back") << 35.5 << full;
-    QTest::newRow("Q") << QStringLiteral("knob_Q_back") << 28.0 << full;
-    QTest::newRow("F") << QStringLiteral("knob_F_back") << 28.0 << full;
-    QTest::newRow("G") << QStringLiteral("knob_G_back") << 28.0 << full;
-    QTest::newRow("type") << QStringLiteral("knob_QLH_back") << 25.0
-                          << QList<int>{300, 340, 20, 60};
+    QTest::newRow("level") << "knob_level_back" << 35.5 << full;
+    QTest::newRow("Q") << "knob_Q_back" << 28.0 << full;
+    QTest::newRow("F") << "knob_F_back" << 28.0 << full;
+    QTest::newRow("G") << "knob_G_back" << 28.0 << full;
+    QTest::newRow("type") << "knob_QLH_back" << 25.0 << QList<int>{300, 340, 20, 60};
 }
 
 void tst_Pictures::ringHasItsTicks()
@@ -399,13 +383,8 @@ void tst_Pictures::ringHasItsTicks()
     QFETCH(double, radius);
     QFETCH(QList<int>, angles);
     const QImage image = renderOnPanel(name);
-    const double centre = image.width() / 2.0 / Scale;
-    for (int degrees = 0; degrees < 360; degrees += 10) {
-        const double angle = degrees * M_PI / 180.0;
-        const QColor there =
-            at(image, centre + radius * std::sin(angle), centre - radius * std::cos(angle));
-        QCOMPARE(brightness(there) > 60.0, angles.contains(degrees));
-    }
+    for (int degrees = 0; degrees < 360; degrees += 10)
+        QCOMPARE(brightness(around(image, degrees, radius)) > 60.0, angles.contains(degrees));
 }
 
 void tst_Pictures::knobStaysWithinItsPicture_data()
@@ -460,7 +439,7 @@ void tst_Pictures::pressedButtonIsDarker_data()
     QTest::addColumn<QString>("name");
     for (const char* name : {"plus", "minus", "flat", "spectrum_off", "spectrum_on", "red",
                              "orange", "yellow", "green", "blue", "purple"})
-        QTest::newRow(name) << QString::fromLatin1(name);
+        QTest::newRow(name) << name;
 }
 
 void tst_Pictures::pressedButtonIsDarker()
@@ -520,10 +499,9 @@ void tst_Pictures::leverShowsItsPosition()
 
 void tst_Pictures::lampShowsItsState_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("hue");
-    QTest::newRow("drive is amber") << QStringLiteral("drive") << 35;
-    QTest::newRow("clean is green") << QStringLiteral("clean") << 138;
+    addColumns<QString, int>("name", "hue");
+    QTest::newRow("drive is amber") << "drive" << 35;
+    QTest::newRow("clean is green") << "clean" << 138;
 }
 
 void tst_Pictures::lampShowsItsState()
@@ -574,21 +552,13 @@ void tst_Pictures::highIconMirrorsTheLowOne()
     QVERIFY(largestDifference(low, high) > 128);
 }
 
-void tst_Pictures::logosAreWhite_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::newRow("product") << QStringLiteral("about_zolta_logo");
-    QTest::newRow("maker") << QStringLiteral("about_quenta_logo");
-}
-
 void tst_Pictures::logosAreWhite()
 {
-    QFETCH(QString, name);
-    const QImage image = render(name);
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            if (qAlpha(image.pixel(x, y)) == 255)
-                QCOMPARE(image.pixelColor(x, y), QColor(Qt::white));
+    for (const char* name : {"about_zolta_logo", "about_quenta_logo"}) {
+        const QImage image = render(QLatin1String(name));
+        for (const QRgb pixel : pixelsOf(image))
+            QVERIFY2(qAlpha(pixel) < 255 || QColor(pixel) == QColor(Qt::white), name);
+    }
 }
 
 QTEST_APPLESS_MAIN(tst_Pictures)

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "tests/support/DataTable.h"
 #include "tests/support/TestObject.h"
 #include "tests/widgets/SvgFiles.h"
 #include "widgets/SvgLabel.h"
@@ -10,13 +11,24 @@
 namespace {
 
 /// A label of 30 by 20 over a white ground that it does not paint itself.
-QImage shown(QWidget& label)
+class Label : public SvgLabel
 {
-    QImage image(label.size(), QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::white);
-    label.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
-    return image;
-}
+public:
+    explicit Label(const QString& path = {})
+    {
+        resize(30, 20);
+        setSvg(path);
+    }
+
+    QImage shown()
+    {
+        QImage image(size(), QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::white);
+        render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+        return image;
+    }
+    QColor colour() { return shown().pixelColor(15, 10); }
+};
 
 /// Counts the paint events that reach a widget.
 class PaintCounter : public QObject
@@ -55,9 +67,8 @@ private Q_SLOTS:
     void initTestCase();
     void isEmptyAtFirst();
     void stretchesThePicture();
-    void disabledWithoutADisabledImageKeepsTheNormalOne();
-    void disabledShowsTheDisabledImage();
-    void aDisabledImageAloneShowsNothing();
+    void showsOneOfItsPictures_data();
+    void showsOneOfItsPictures();
     void theSamePathLoadsOnce();
     void aBadPathLeavesTheLabelBlank();
     void opacity_data();
@@ -80,93 +91,76 @@ void tst_SvgLabel::initTestCase()
 
 void tst_SvgLabel::isEmptyAtFirst()
 {
-    SvgLabel label;
-    label.resize(30, 20);
+    const SvgLabel label;
     QCOMPARE(label.svg(), QString());
     QCOMPARE(label.disableSvg(), QString());
     QCOMPARE(label.opacity(), 1.0);
     QVERIFY(!label.windowFlags().testFlag(Qt::FramelessWindowHint));
-    QCOMPARE(shown(label).pixelColor(15, 10), QColor(Qt::white));
 }
 
 void tst_SvgLabel::stretchesThePicture()
 {
     const QString circle =
         m_files.picture("circle.svg", 10, 10, "<circle cx=\"5\" cy=\"5\" r=\"5\"/>");
-    SvgLabel label;
-    label.resize(30, 20);
-    label.setSvg(circle);
+    Label label(circle);
     QImage wanted(30, 20, QImage::Format_ARGB32_Premultiplied);
     wanted.fill(Qt::white);
     QPainter painter(&wanted);
     QSvgRenderer(circle).render(&painter, QRectF(0, 0, 30, 20));
     painter.end();
-    QCOMPARE(shown(label), wanted);
+    QCOMPARE(label.shown(), wanted);
 }
 
-void tst_SvgLabel::disabledWithoutADisabledImageKeepsTheNormalOne()
+void tst_SvgLabel::showsOneOfItsPictures_data()
 {
-    SvgLabel label;
-    label.resize(30, 20);
-    label.setSvg(m_red);
-    label.setEnabled(false);
-    QCOMPARE(shown(label).pixelColor(15, 10), Red);
-    label.setDisableSvg(m_files.missing());
-    QCOMPARE(shown(label).pixelColor(15, 10), Red);
+    addColumns<QString, QString, QColor, QColor>("svg", "disableSvg", "enabled", "disabled");
+    const QColor none = Qt::white;
+    QTest::newRow("neither") << QString() << QString() << none << none;
+    QTest::newRow("no disabled image") << m_red << QString() << Red << Red;
+    QTest::newRow("a bad disabled image") << m_red << m_files.missing() << Red << Red;
+    QTest::newRow("both") << m_red << m_blue << Red << Blue;
+    QTest::newRow("a disabled image alone") << QString() << m_blue << none << none;
 }
 
-void tst_SvgLabel::disabledShowsTheDisabledImage()
+void tst_SvgLabel::showsOneOfItsPictures()
 {
-    SvgLabel label;
-    label.resize(30, 20);
-    label.setSvg(m_red);
-    label.setDisableSvg(m_blue);
-    QCOMPARE(shown(label).pixelColor(15, 10), Red);
+    QFETCH(QString, svg);
+    QFETCH(QString, disableSvg);
+    Label label;
+    label.setSvg(svg);
+    label.setDisableSvg(disableSvg);
+    QTEST(label.colour(), "enabled");
     label.setEnabled(false);
-    QCOMPARE(shown(label).pixelColor(15, 10), Blue);
+    QTEST(label.colour(), "disabled");
     label.setEnabled(true);
-    QCOMPARE(shown(label).pixelColor(15, 10), Red);
-}
-
-void tst_SvgLabel::aDisabledImageAloneShowsNothing()
-{
-    SvgLabel label;
-    label.resize(30, 20);
-    label.setDisableSvg(m_blue);
-    label.setEnabled(false);
-    QCOMPARE(shown(label).pixelColor(15, 10), QColor(Qt::white));
+    QTEST(label.colour(), "enabled");
 }
 
 void tst_SvgLabel::theSamePathLoadsOnce()
 {
     const QString path = m_files.plain("once.svg", 10, 10, "#ff0000");
-    SvgLabel label;
-    label.resize(30, 20);
-    label.setSvg(path);
+    Label label(path);
     m_files.plain("once.svg", 10, 10, "#0000ff");
     label.setSvg(path);
-    QCOMPARE(shown(label).pixelColor(15, 10), Red);
+    QCOMPARE(label.colour(), Red);
     label.setSvg(QString());
     label.setSvg(path);
-    QCOMPARE(shown(label).pixelColor(15, 10), Blue);
+    QCOMPARE(label.colour(), Blue);
 }
 
 void tst_SvgLabel::aBadPathLeavesTheLabelBlank()
 {
-    SvgLabel label;
-    label.resize(30, 20);
-    label.setSvg(m_red);
+    Label label(m_red);
     label.setSvg(m_files.file("broken.svg", "<svg"));
-    QCOMPARE(shown(label).pixelColor(15, 10), QColor(Qt::white));
+    QCOMPARE(label.colour(), QColor(Qt::white));
     QVERIFY(label.svg().endsWith(QStringLiteral("broken.svg")));
     label.setSvg(m_red);
-    QCOMPARE(shown(label).pixelColor(15, 10), Red);
+    QCOMPARE(label.colour(), Red);
 }
 
 void tst_SvgLabel::opacity_data()
 {
-    QTest::addColumn<double>("opacity");
-    QTest::addColumn<int>("green");
+    addColumns<double, int>("opacity", "green");
     QTest::newRow("none") << 0.0 << 255;
     QTest::newRow("quarter") << 0.25 << 191;
     QTest::newRow("all") << 1.0 << 0;
@@ -178,35 +172,30 @@ void tst_SvgLabel::opacity()
 {
     QFETCH(double, opacity);
     QFETCH(int, green);
-    SvgLabel label;
-    label.resize(30, 20);
-    label.setSvg(m_red);
+    Label label(m_red);
     label.setOpacity(opacity);
     QCOMPARE(label.opacity(), opacity);
-    const QColor seen = shown(label).pixelColor(15, 10);
+    const QColor seen = label.colour();
     QCOMPARE(seen.red(), 255);
     QVERIFY(std::abs(seen.green() - green) <= 1);
 }
 
 void tst_SvgLabel::textGoesOnTop()
 {
-    SvgLabel label;
-    label.resize(30, 20);
-    label.setSvg(m_red);
+    Label label(m_red);
     label.setOpacity(0.5);
     QPixmap mark(4, 4);
     mark.fill(Qt::black);
     label.setPixmap(mark);
     label.setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    const QImage image = shown(label);
+    const QImage image = label.shown();
     QCOMPARE(image.pixelColor(1, 1), QColor(Qt::black));
     QVERIFY(image.pixelColor(20, 10) != QColor(Qt::black));
 }
 
 void tst_SvgLabel::repaintsWhenSomethingChanges()
 {
-    SvgLabel label;
-    label.resize(30, 20);
+    Label label;
     label.show();
     QVERIFY(QTest::qWaitForWindowExposed(&label));
     PaintCounter paints(label);
@@ -228,8 +217,7 @@ void tst_SvgLabel::repaintsWhenSomethingChanges()
 
 void tst_SvgLabel::animatedPicturesRepaint()
 {
-    SvgLabel label;
-    label.resize(30, 20);
+    Label label;
     label.setSvg(m_files.picture(
         "animated.svg", 10, 10,
         "<rect width=\"10\" height=\"10\"><animateColor attributeName=\"fill\" from=\"#ff0000\" "
