@@ -11,25 +11,15 @@ class tst_ChannelMeters : public TestObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void startsAtTheBottom();
     void readsTenthsOfDecibels_data();
     void readsTenthsOfDecibels();
-    void risesAtOnce();
-    void fallsTwentyDecibelsASecond_data();
     void fallsTwentyDecibelsASecond();
-    void stopsFallingAtTheSignal();
-    void stopsFallingAtTheBottom();
-    void comesBackFromNonsense();
+    void follows_data();
+    void follows();
     void findsThePeak_data();
     void findsThePeak();
     void metersAreApart();
 };
-
-void tst_ChannelMeters::startsAtTheBottom()
-{
-    QCOMPARE(PeakLevel().tenths(), -1270);
-    QCOMPARE(ChannelMeters().levels(), (MeterLevels{-1270, -1270}));
-}
 
 void tst_ChannelMeters::readsTenthsOfDecibels_data()
 {
@@ -57,59 +47,42 @@ void tst_ChannelMeters::readsTenthsOfDecibels()
     QTEST(level.tenths(), "expected");
 }
 
-void tst_ChannelMeters::risesAtOnce()
-{
-    PeakLevel level;
-    level.update(0.01, 0.001);
-    QCOMPARE(level.tenths(), -400);
-    level.update(1.0, 0.001);
-    QCOMPARE(level.tenths(), 0);
-}
-
-void tst_ChannelMeters::fallsTwentyDecibelsASecond_data()
-{
-    QTest::addColumn<int>("blocks");
-    QTest::newRow("in one block") << 1;
-    QTest::newRow("at 30 a second") << 30;
-    QTest::newRow("at 1000 a second") << 1000;
-}
-
 void tst_ChannelMeters::fallsTwentyDecibelsASecond()
 {
-    QFETCH(const int, blocks);
-    PeakLevel level;
-    level.update(1.0, 0.033);
-    for (int second = 1; second <= 3; ++second) {
-        for (int i = 0; i < blocks; ++i)
-            level.update(0.0, 1.0 / blocks);
-        QCOMPARE(level.tenths(), -200 * second);
+    for (const int blocks : {1, 30, 1000}) {
+        PeakLevel level;
+        level.update(1.0, 0.033);
+        for (int second = 1; second <= 3; ++second) {
+            for (int i = 0; i < blocks; ++i)
+                level.update(0.0, 1.0 / blocks);
+            QCOMPARE(level.tenths(), -200 * second);
+        }
     }
 }
 
-void tst_ChannelMeters::stopsFallingAtTheSignal()
+void tst_ChannelMeters::follows_data()
 {
-    PeakLevel level;
-    level.update(1.0, 0.033);
-    level.update(0.1, 0.5);
-    QCOMPARE(level.tenths(), -100);
-    level.update(0.1, 0.6);
-    QCOMPARE(level.tenths(), -200);
+    QTest::addColumn<double>("first");
+    QTest::addColumn<double>("second");
+    QTest::addColumn<double>("seconds");
+    QTest::addColumn<int>("expected");
+    QTest::newRow("rises at once") << 0.01 << 1.0 << 0.001 << 0;
+    QTest::newRow("falls") << 1.0 << 0.1 << 0.5 << -100;
+    QTest::newRow("stops at the signal") << 1.0 << 0.1 << 1.1 << -200;
+    QTest::newRow("stops at the bottom") << 1.0 << 0.0 << 1000.0 << -1270;
+    QTest::newRow("falls from NaN") << std::nan("") << 0.0 << 1.0 << 1070;
 }
 
-void tst_ChannelMeters::stopsFallingAtTheBottom()
+void tst_ChannelMeters::follows()
 {
+    QFETCH(const double, first);
+    QFETCH(const double, second);
+    QFETCH(const double, seconds);
     PeakLevel level;
-    level.update(1.0, 0.033);
-    level.update(0.0, 1000.0);
     QCOMPARE(level.tenths(), -1270);
-}
-
-void tst_ChannelMeters::comesBackFromNonsense()
-{
-    PeakLevel level;
-    level.update(std::numeric_limits<double>::quiet_NaN(), 0.033);
-    level.update(0.0, 1.0);
-    QCOMPARE(level.tenths(), 1070);
+    level.update(first, 0.001);
+    level.update(second, seconds);
+    QTEST(level.tenths(), "expected");
 }
 
 void tst_ChannelMeters::findsThePeak_data()
@@ -134,6 +107,7 @@ void tst_ChannelMeters::findsThePeak()
 void tst_ChannelMeters::metersAreApart()
 {
     ChannelMeters meters;
+    QCOMPARE(meters.levels(), (MeterLevels{-1270, -1270}));
     meters.takeSend(std::vector<double>{1.0}, 0.033);
     QCOMPARE(meters.levels(), (MeterLevels{0, -1270}));
     meters.takeReturn(std::vector<double>{-0.1}, 0.033);

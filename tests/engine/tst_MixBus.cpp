@@ -5,6 +5,8 @@
 #include "tests/support/TestObject.h"
 
 #include <memory>
+#include <mutex>
+#include <random>
 
 using namespace EngineTesting;
 
@@ -30,6 +32,7 @@ private Q_SLOTS:
     void prepareForgetsWhatWasHeard();
     void changesDoNotClick_data();
     void changesDoNotClick();
+    void trapsAreSet();
     void neitherAllocatesNorLocks();
 
 private:
@@ -313,22 +316,38 @@ void tst_MixBus::changesDoNotClick()
     QVERIFY2(peak < 0.001 * splice, qPrintable(QStringLiteral("%1 of %2").arg(peak).arg(splice)));
 }
 
+void tst_MixBus::trapsAreSet()
+{
+    const RealtimeTrap trap;
+    std::mutex mutex;
+    const std::lock_guard guard(mutex);
+    const auto block = std::make_unique<Block>(10);
+    const std::pair counted(trap.allocations() > 0, trap.locks());
+    QCOMPARE(counted, std::pair(true, 1));
+}
+
 // While everything that a strip has is moved.
 void tst_MixBus::neitherAllocatesNorLocks()
 {
     m_bus->prepare(rate, false);
+    std::minstd_rand generator(5);
     Samples left = tone(4096);
     Samples right = tone(4096);
     const std::array<const float*, 2> inputs = {left.data(), right.data()};
     const std::array<float*, 2> outputs = {left.data(), right.data()};
-    for (int round = 0; round < 40; ++round) {
-        Values values{};
-        for (std::size_t p = 0; p < values.size(); ++p)
-            values[p] = round % 2 != 0 ? parameterTable[p].maximum : parameterTable[p].minimum;
-        m_bus->publish(round % channelCount, values);
+    for (int round = 0; round < 100; ++round) {
+        for (int channel = 0; channel < channelCount; ++channel) {
+            Values values{};
+            std::transform(parameterTable.begin(), parameterTable.end(), values.begin(),
+                           [&](const Parameter& p) {
+                               return std::uniform_int_distribution(p.minimum,
+                                                                    p.maximum)(generator);
+                           });
+            m_bus->publish(channel, values);
+        }
         setStrip(static_cast<std::size_t>(round % channelCount),
-                 file(round % 3, round % 5 != 0, round % 2 != 0, round / 40.0));
-        for (const std::size_t frames : {16U, 256U, 1000U, 4096U}) {
+                 file(round % 3, round % 5 != 0, round % 2 != 0, round / 100.0));
+        for (const std::size_t frames : {16U, 256U, 1000U}) {
             const RealtimeTrap trap;
             m_bus->process(inputs, outputs, frames);
             QCOMPARE(std::pair(trap.allocations(), trap.locks()), std::pair(0, 0));

@@ -15,7 +15,6 @@ class tst_FilterBlocks : public TestObject
 private Q_SLOTS:
     void sectionRunsAsItsSamples_data();
     void sectionRunsAsItsSamples();
-    void sectionRunsOnAfterABlock();
     void settledOnlyWithoutAFade();
     void peakRunsAsItsSamples_data();
     void peakRunsAsItsSamples();
@@ -68,20 +67,6 @@ void tst_FilterBlocks::sectionRunsAsItsSamples()
     whole.cal(all.subspan(100, 900));
     whole.cal(all.subspan(1000));
     QCOMPARE(block, expected);
-}
-
-void tst_FilterBlocks::sectionRunsOnAfterABlock()
-{
-    VEQ_Filter single;
-    VEQ_Filter whole;
-    for (VEQ_Filter* filter : {&single, &whole}) {
-        filter->setCoefLPF(2, 500.0, Fs);
-        filter->clear();
-    }
-    std::vector<double> block = noise();
-    for (const double sample : block)
-        single.cal(sample);
-    whole.cal(std::span<double>(block));
     for (int i = 0; i < 100; ++i)
         QCOMPARE(whole.cal(0.0), single.cal(0.0));
 }

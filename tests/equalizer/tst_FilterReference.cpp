@@ -106,11 +106,9 @@ void tst_FilterReference::section()
 
     std::array<double, 5> c{};
     filter.getCoefDirect(c.data(), 5);
-    COMPARE_WITHIN(c[0], row.at("b0"), row.at("bound"));
-    COMPARE_WITHIN(c[1], row.at("b1"), row.at("bound"));
-    COMPARE_WITHIN(c[2], row.at("b2"), row.at("bound"));
-    COMPARE_WITHIN(c[3], row.at("a1"), row.at("bound"));
-    COMPARE_WITHIN(c[4], row.at("a2"), row.at("bound"));
+    constexpr std::array names = {"b0", "b1", "b2", "a1", "a2"};
+    for (std::size_t i = 0; i < names.size(); ++i)
+        COMPARE_WITHIN(c[i], row.at(names[i]), row.at("bound"));
 
     for (const double probe : Probes) {
         const double bound = at(row, "bound", probe) + LastSteps;

@@ -2,6 +2,9 @@
 #include "equalizer/PlotAxes.h"
 #include "tests/support/TestObject.h"
 
+#include <QPointF>
+#include <QRectF>
+
 #include <cmath>
 
 namespace {
@@ -15,42 +18,36 @@ class tst_PlotAxes : public TestObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void rectangleAtTheDesignSize();
-    void rectangleScalesWithTheHeight();
+    void rectangle_data();
+    void rectangle();
     void frequencies();
     void gains();
     void inverses();
     void edgesBelongToThePlot();
-    void nothingIsInsideAPlotWithoutRoom();
 };
 
-void tst_PlotAxes::rectangleAtTheDesignSize()
+void tst_PlotAxes::rectangle_data()
 {
-    const PlotAxes axes(679, 192, 12);
-    QCOMPARE(axes.unit(), 1.0);
-    QCOMPARE(axes.left(), 43.5);
-    QCOMPARE(axes.top(), 9.5);
-    QCOMPARE(axes.width(), 621.0);
-    QCOMPARE(axes.height(), 154.0);
-    QCOMPARE(axes.right(), 664.5);
-    QCOMPARE(axes.bottom(), 163.5);
-    QCOMPARE(axes.centre(), 86.5);
-    QCOMPARE(axes.range(), 12.0);
+    QTest::addColumn<double>("width");
+    QTest::addColumn<double>("height");
+    QTest::addColumn<QRectF>("plot");
+    QTest::newRow("design size") << 679.0 << 192.0 << QRectF(43.5, 9.5, 621.0, 154.0);
+    // The width gives way to the margins, which follow the height.
+    QTest::newRow("high") << 1000.0 << 384.0 << QRectF(87.0, 19.0, 884.0, 308.0);
+    QTest::newRow("low") << 500.0 << 96.0 << QRectF(21.75, 4.75, 471.0, 77.0);
 }
 
-void tst_PlotAxes::rectangleScalesWithTheHeight()
+void tst_PlotAxes::rectangle()
 {
-    // The width gives way to the margins, which follow the height.
-    const PlotAxes axes(1000, 384, 40);
-    QCOMPARE(axes.unit(), 2.0);
-    QCOMPARE(axes.left(), 87.0);
-    QCOMPARE(axes.top(), 19.0);
-    QCOMPARE(axes.width(), 884.0);
-    QCOMPARE(axes.height(), 308.0);
-    const PlotAxes odd(500, 96, 2);
-    QCOMPARE(odd.left(), 21.75);
-    QCOMPARE(odd.width(), 471.0);
-    QCOMPARE(odd.bottom(), 81.75);
+    QFETCH(const double, width);
+    QFETCH(const double, height);
+    QFETCH(const QRectF, plot);
+    const PlotAxes axes(width, height, 12);
+    QCOMPARE(axes.unit(), height / 192.0);
+    QCOMPARE(QRectF(axes.left(), axes.top(), axes.width(), axes.height()), plot);
+    QCOMPARE(QPointF(axes.right(), axes.bottom()), plot.bottomRight());
+    QCOMPARE(axes.centre(), plot.center().y());
+    QCOMPARE(axes.range(), 12.0);
 }
 
 void tst_PlotAxes::frequencies()
@@ -98,13 +95,9 @@ void tst_PlotAxes::edgesBelongToThePlot()
         QVERIFY(!axes.contains(x, 80));
     for (const double y : {9.4, 163.6})
         QVERIFY(!axes.contains(300, y));
-}
-
-void tst_PlotAxes::nothingIsInsideAPlotWithoutRoom()
-{
-    const PlotAxes narrow(30, 192, 12);
+    const PlotAxes withoutRoom(30, 192, 12);
     for (int x = -50; x < 100; ++x)
-        QVERIFY(!narrow.contains(x, 86));
+        QVERIFY(!withoutRoom.contains(x, 86));
 }
 
 QTEST_APPLESS_MAIN(tst_PlotAxes)

@@ -50,26 +50,14 @@ class tst_Response : public TestObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void allBandsOffIsFlat();
     void bandLevelsAreTheFilters();
     void totalIsTheSumOfTheEnabledBands_data();
     void totalIsTheSumOfTheEnabledBands();
-    void totalIsTheSampledEqualizer();
     void gainFactorIsTheBandsOwn();
     void clampedBandIsDrawnByItsGain();
     void silentHighPass();
     void silentMiddleProduct();
 };
-
-void tst_Response::allBandsOffIsFlat()
-{
-    const Equalizer equalizer(0);
-    for (const double f : {1.0, 20.0, 1000.0, 20000.0, 30000.0}) {
-        const EqualizerResponse::Levels levels = equalizer.response.levels(f, Fs);
-        QVERIFY(levels.total == 0.0);
-        QVERIFY((levels.band == std::array<double, 6>{}));
-    }
-}
 
 void tst_Response::bandLevelsAreTheFilters()
 {
@@ -94,7 +82,7 @@ void tst_Response::totalIsTheSumOfTheEnabledBands_data()
 {
     QTest::addColumn<unsigned>("enabled");
     for (unsigned enabled = 0; enabled < 64; ++enabled)
-        QTest::addRow("0x%02x", enabled) << enabled;
+        QTest::addRow("%s%02x", enabled == 0 ? "all bands off " : "", enabled) << enabled;
 }
 
 void tst_Response::totalIsTheSumOfTheEnabledBands()
@@ -111,33 +99,8 @@ void tst_Response::totalIsTheSumOfTheEnabledBands()
             COMPARE_WITHIN(levels.band[i], expected, 0.0);
             sum += expected;
         }
-        COMPARE_WITHIN(levels.total, sum, 1e-11);
+        COMPARE_WITHIN(levels.total, sum, enabled == 0 ? 0.0 : 1e-11);
     }
-}
-
-// An impulse sent through all six filters has the total as its spectrum.
-void tst_Response::totalIsTheSampledEqualizer()
-{
-    Equalizer equalizer(0x3f);
-    equalizer.low.clear();
-    equalizer.high.clear();
-    std::vector<double> response;
-    for (int n = 0; n < 30000; ++n) {
-        double x = equalizer.low.cal(n == 0 ? 1.0 : 0.0);
-        for (std::size_t i = 0; i < Middles.size(); ++i) {
-            FILTER2PEQ& band = equalizer.middle[i];
-            const double k = band.gainFactor();
-            const bool boost = Middles[i].gain >= 0.0;
-            const double y = boost ? x + k * band.cal_boost(x)
-                                   : (x - k * band.cal_cut()) / (1.0 + band.scaledGain());
-            band.dlyupdate_bpf(boost ? x : y);
-            x = y;
-        }
-        response.push_back(equalizer.high.cal(x));
-    }
-    for (const double f : {20.0, 80.0, 400.0, 790.0, 2500.0, 5600.0, 12500.0, 20000.0})
-        COMPARE_WITHIN(equalizer.response.levels(f, Fs).total,
-                       decibels(spectrumAt(response, f, Fs)), 1e-8);
 }
 
 void tst_Response::gainFactorIsTheBandsOwn()

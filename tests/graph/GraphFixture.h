@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
 
 /// An effect editor with nothing of its own.
 class GraphEditor : public EffectEditor
@@ -145,6 +146,29 @@ public:
     TestHost host;
     GraphEditor editor;
     ZoltaEqualizerGraph* graph;
+};
+
+/// Calls a function on every notification of one parameter.
+class Listener : public IPrmObserver
+{
+public:
+    Listener(TestHost& host, const QByteArray& name, std::function<void()> action)
+        : m_action(std::move(action))
+    {
+        host.memory()->registerObserver(host.id(name), 0, this);
+    }
+    int Update(unsigned short, unsigned short, int, const char*) override
+    {
+        m_action();
+        return 0;
+    }
+    int UpdateProperty(unsigned short, unsigned short, int, int, int, bool, const char*) override
+    {
+        return 0;
+    }
+
+private:
+    std::function<void()> m_action;
 };
 
 /// Whether two points are the same to a thousandth of a pixel.

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "tests/graph/AnalogModel.h"
 #include "tests/graph/GraphFixture.h"
+#include "tests/support/ImageDifference.h"
 
-#include <algorithm>
+#include <array>
 #include <functional>
 #include <vector>
 
@@ -24,45 +26,112 @@ inline QRgb colorAt(const QImage& picture, QPointF place)
                          static_cast<int>(std::floor(pixel.y())));
 }
 
-/// How much of a pixel of a picture on black is white, from 0 to 1, in the least of its channels;
-/// what the darkened colours of the bands leave there is less than a tenth and counts as nothing.
-inline double whiteness(QRgb pixel)
+/// What the graph shows in its plot, drawn by QPainter from the analog filters.
+struct PaintedGraph
 {
-    const int least = std::min({qRed(pixel), qGreen(pixel), qBlue(pixel)});
-    return std::max(0, least - 30) / 225.0;
-}
+    AnalogModel::Settings bands;
+    int edited = -1;  ///< a band, or negative
+    int focused = -1; ///< the band whose handle has the keyboard's focus, or negative
+    double rate = 44100.0;
 
-/// A drawn curve as the points between which it is straight, in the picture's pixels.
-class DrawnCurve
-{
-public:
-    /// \a level gives the level in dB at a frequency. The curve is followed in steps of 3 units of
-    /// the plot, whole pixels of the widget and at least one.
-    DrawnCurve(const Plot& plot, double ratio, const std::function<double(double)>& level)
+    const AnalogModel::BandSettings& band(int number) const
     {
-        const int step = std::max(static_cast<int>(3.0 * plot.u), 1);
-        for (int x = -step; x <= plot.width + step; x += step) {
-            const double f = 20.0 * std::pow(1000.0, x / plot.width);
-            m_points.push_back(QPointF(plot.left + x, plot.y(level(f))) * ratio);
-        }
+        return bands[static_cast<std::size_t>(number)];
+    }
+    /// Where a band's handle stands; its type is a known one.
+    QPointF handle(int number, const Plot& plot) const
+    {
+        const bool isPass = (number == 0 || number == 5) && band(number).type < 2;
+        return {plot.x(band(number).f), isPass ? plot.centre : plot.y(band(number).g)};
     }
 
-    /// The curve in white on black, drawn by QPainter and clipped to the plot.
-    QImage picture(const GraphFixture& f, double width) const
+    QImage picture(const GraphFixture& f) const
     {
         const double ratio = f.graph->devicePixelRatioF();
-        const QRectF plot = f.plot().rect();
         QImage image((QSizeF(f.graph->size()) * ratio).toSize(), QImage::Format_RGB32);
         image.fill(Qt::black);
         QPainter painter(&image);
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.setClipRect(QRectF(plot.topLeft() * ratio, plot.size() * ratio).toRect());
-        painter.setPen(
-            QPen(Qt::white, width * f.plot().u * ratio, Qt::SolidLine, Qt::FlatCap, Qt::BevelJoin));
-        painter.drawPolyline(m_points.data(), static_cast<int>(m_points.size()));
+        const Plot plot = f.plot();
+        painter.scale(ratio, ratio);
+        drawGrid(painter, plot);
+        const QRectF clip = plot.rect();
+        painter.resetTransform();
+        painter.setClipRect(QRectF(clip.topLeft() * ratio, clip.size() * ratio).toRect());
+        painter.scale(ratio, ratio);
+        drawCurves(painter, plot);
+        painter.setClipRect(clip);
+        drawHandles(painter, plot);
         return image;
     }
 
 private:
-    std::vector<QPointF> m_points;
+    static void drawGrid(QPainter& painter, const Plot& plot)
+    {
+        painter.setPen(QPen(FrameColor, plot.u));
+        const auto vertical = [&](double x) {
+            painter.drawLine(QLineF(x, plot.top, x, plot.bottom));
+        };
+        for (int row = 0; row <= 8; ++row) {
+            const double y = plot.top + plot.height * row / 8;
+            painter.drawLine(QLineF(plot.left, y, plot.right, y));
+        }
+        vertical(plot.left);
+        vertical(plot.right);
+        for (const double decade : {10.0, 100.0, 1000.0})
+            for (int digit = 1; digit < 10; ++digit)
+                if (digit * decade > 20)
+                    vertical(plot.x(digit * decade));
+        vertical(plot.x(10000));
+    }
+
+    /// In steps of 3 units of the plot, whole pixels of the widget and at least one.
+    static void drawCurve(QPainter& painter, const Plot& plot, const QPen& pen,
+                          const std::function<double(double)>& level)
+    {
+        QPolygonF points;
+        const int step = std::max(static_cast<int>(3.0 * plot.u), 1);
+        for (int x = -step; x <= plot.width + step; x += step)
+            points << QPointF(plot.left + x,
+                              plot.y(level(20.0 * std::pow(1000.0, x / plot.width))));
+        painter.setPen(pen);
+        painter.drawPolyline(points);
+    }
+
+    void drawCurves(QPainter& painter, const Plot& plot) const
+    {
+        const auto draw = [&](int number, const QColor& color, double width) {
+            if (number >= 0 && band(number).on)
+                drawCurve(painter, plot, QPen(color, width * plot.u), [&](double hz) {
+                    return AnalogModel::level(band(number), number, hz, rate);
+                });
+        };
+        for (int number = 0; number < 6; ++number)
+            if (number != edited)
+                draw(number, dimColor(number), 1.0);
+        drawCurve(painter, plot, QPen(Qt::white, 1.5 * plot.u),
+                  [&](double hz) { return AnalogModel::total(bands, hz, rate); });
+        if (edited >= 0)
+            draw(edited, fullColor(edited), 1.5);
+    }
+
+    void drawHandles(QPainter& painter, const Plot& plot) const
+    {
+        painter.setPen(Qt::NoPen);
+        const auto draw = [&](int number, const QColor& color) {
+            painter.setBrush(color);
+            if (band(number).on)
+                painter.drawEllipse(handle(number, plot), 3.0 * plot.u, 3.0 * plot.u);
+        };
+        for (int number = 0; number < 6; ++number)
+            if (number != edited)
+                draw(number, dimColor(number));
+        if (edited >= 0)
+            draw(edited, fullColor(edited));
+        if (focused < 0)
+            return;
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(fullColor(focused), 1.5 * plot.u));
+        painter.drawEllipse(handle(focused, plot), 5.5 * plot.u, 5.5 * plot.u);
+    }
 };

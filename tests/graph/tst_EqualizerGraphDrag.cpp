@@ -3,7 +3,6 @@
 #include "tests/graph/GraphMouse.h"
 #include "tests/support/TestObject.h"
 
-#include <functional>
 #include <limits>
 
 using Graph = ZoltaEqualizerGraph;
@@ -13,29 +12,6 @@ using Writes = std::vector<TestHost::Write>;
 namespace {
 
 const QPointF Middle(350, 90);
-
-/// Calls a function on every notification of one parameter.
-class Listener : public IPrmObserver
-{
-public:
-    Listener(TestHost& host, const QByteArray& name, std::function<void()> action)
-        : m_action(std::move(action))
-    {
-        host.memory()->registerObserver(host.id(name), 0, this);
-    }
-    int Update(unsigned short, unsigned short, int, const char*) override
-    {
-        m_action();
-        return 0;
-    }
-    int UpdateProperty(unsigned short, unsigned short, int, int, int, bool, const char*) override
-    {
-        return 0;
-    }
-
-private:
-    std::function<void()> m_action;
-};
 
 struct DragFixture : GraphFixture
 {
@@ -63,32 +39,24 @@ class tst_EqualizerGraphDrag : public TestObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void targetPointOfNoBand();
     void nearestHandle();
-    void equalDistancesGoToTheEarlierBand();
     void tieGoesToTheEarlierBand();
     void pressesThatGrabNothing_data();
     void pressesThatGrabNothing();
     void plotEdges();
     void farHandleIsOutOfReach();
     void unknownTypeIsGrabbedAtTheCorner();
-
     void dragModes_data();
     void dragModes();
-
     void dragFrequencyAndGain_data();
     void dragFrequencyAndGain();
-    void dragWritesWhatItsModeNames_data();
-    void dragWritesWhatItsModeNames();
     void dragIsClampedToTheRange();
     void positionsAreRounded();
     void setValueArguments();
-
     void qualityFollowsThePointer_data();
     void qualityFollowsThePointer();
     void qualityRoundsHalvesAwayFromZero();
     void qualityRangeIsTheHosts();
-    void qualityOfADisplayOfNoHeight();
 
     void modifierChangeOnlyReanchors();
     void bandSwitchedOffDuringDrag();
@@ -97,74 +65,54 @@ private Q_SLOTS:
     void grabOutlives();
     void grabEnds_data();
     void grabEnds();
-
-    void detachedDuringDrag();
     void graphWaitsForTheEcho();
-    void detachInsideSetValue();
-    void channelChangeInsideSetValue();
+    void rebindingInsideSetValue_data();
+    void rebindingInsideSetValue();
     void whatTheHostDoesNotTellIsNotWritten_data();
     void whatTheHostDoesNotTellIsNotWritten();
     void oddRanges();
     void resizeDuringDrag();
 };
 
-void tst_EqualizerGraphDrag::targetPointOfNoBand()
+void tst_EqualizerGraphDrag::nearestHandle()
 {
-    GraphFixture f;
+    DragFixture f;
+    std::array<QPointF, 6> handles;
+    for (int band = 0; band < 6; ++band) {
+        f.setBand(band, 100 + 200 * band, band % 2 ? 60 : -60);
+        handles[std::size_t(band)] = {f.plot().x(hertz(100 + 200 * band)),
+                                      f.plot().y(band % 2 ? 6 : -6)};
+    }
+    for (int x = 44; x <= 664; x += 5)
+        for (int y = 10; y <= 163; y += 3) {
+            // No point is in doubt: handles mirror each other in no row or column.
+            const auto nearest =
+                std::min_element(handles.begin(), handles.end(), [&](QPointF a, QPointF b) {
+                    return QLineF(a, QPointF(x, y)).length() < QLineF(b, QPointF(x, y)).length();
+                });
+            QCOMPARE(f.graph->getPointTarget(QPoint(x, y)),
+                     targetOf(static_cast<int>(nearest - handles.begin())));
+        }
     for (const int target : {0, -1, 7, 1000})
         QCOMPARE(f.graph->getTargetPoint(static_cast<Graph::EditTarget>(target)), QPointF(0, 0));
 }
 
-void tst_EqualizerGraphDrag::nearestHandle()
-{
-    DragFixture f;
-    for (int band = 0; band < 6; ++band)
-        f.setBand(band, 100 + 200 * band, band % 2 ? 60 : -60);
-    for (int x = 44; x <= 664; x += 5)
-        for (int y = 10; y <= 163; y += 3) {
-            int nearest = -1;
-            double best = 1e9;
-            for (int band = 0; band < 6; ++band) {
-                const QPointF handle(f.plot().x(hertz(100 + 200 * band)),
-                                     f.plot().y(band % 2 ? 6 : -6));
-                const double distance = QLineF(handle, QPointF(x, y)).length();
-                // No point is in doubt: handles mirror each other in no row or column.
-                if (distance < best - 1e-9) {
-                    best = distance;
-                    nearest = band;
-                }
-            }
-            QCOMPARE(f.graph->getPointTarget(QPoint(x, y)), targetOf(nearest));
-        }
-}
-
-void tst_EqualizerGraphDrag::equalDistancesGoToTheEarlierBand()
-{
-    // Two bands at the same frequency, above and below a point on the 0 dB line at y = 173.
-    DragFixture f(QSize(1358, 384));
-    f.solo(4);
-    f.set(onName(1), 1);
-    f.graph->setZoom(1);
-    f.setBand(4, 600, 100);
-    f.setBand(1, 600, -100);
-    QCOMPARE(f.graph->getPointTarget(QPoint(300, 173)), Graph::EditTargetMiddle1);
-    f.setBand(1, 600, -101);
-    QCOMPARE(f.graph->getPointTarget(QPoint(300, 173)), Graph::EditTargetMiddle4);
-}
-
 void tst_EqualizerGraphDrag::tieGoesToTheEarlierBand()
 {
-    for (int first = 0; first < 6; ++first)
-        for (int second = first + 1; second < 6; ++second) {
-            DragFixture f;
-            for (int band = 0; band < 6; ++band) {
-                f.set(onName(band), band == first || band == second ? 1 : 0);
-                f.setBand(band, 600, 0);
+    // All at one place, and two above and below a point on the 0 dB line at y = 173.
+    for (const int gain : {0, 100})
+        for (int first = 0; first < 6; ++first)
+            for (int second = first + 1; second < 6; ++second) {
+                DragFixture f(QSize(1358, 384));
+                f.graph->setZoom(1);
+                f.solo(first);
+                f.set(onName(second), 1);
+                f.setBand(first, 600, -gain);
+                f.setBand(second, 600, gain);
+                QCOMPARE(f.graph->getPointTarget(QPoint(300, 173)), targetOf(first));
+                f.setBand(first, 600, -gain - 1);
+                QCOMPARE(f.graph->getPointTarget(QPoint(300, 173)), targetOf(second));
             }
-            QCOMPARE(f.graph->getPointTarget(Middle.toPoint()), targetOf(first));
-            f.set(onName(first), 0);
-            QCOMPARE(f.graph->getPointTarget(Middle.toPoint()), targetOf(second));
-        }
 }
 
 void tst_EqualizerGraphDrag::pressesThatGrabNothing_data()
@@ -264,42 +212,34 @@ void tst_EqualizerGraphDrag::dragModes_data()
     QTest::addColumn<int>("modifiers");
     QTest::addColumn<int>("mode");
 
-    struct Row
-    {
-        const char* name;
-        Qt::KeyboardModifiers modifiers;
-        int shelf, pass, bell;
-    };
     constexpr int none = 0, quality = 1, frequency = 2, gain = 3, both = 4;
-    const std::vector<Row> rows = {
-        {"none", Qt::NoModifier, both, frequency, both},
-        {"shift", Qt::ShiftModifier, none, none, quality},
-        {"control", Qt::ControlModifier, gain, none, gain},
-        {"alt", Qt::AltModifier, frequency, frequency, frequency},
-        {"meta", Qt::MetaModifier, both, frequency, both},
-        {"keypad", Qt::KeypadModifier, both, frequency, both},
-        {"shift control", Qt::ShiftModifier | Qt::ControlModifier, both, frequency, both},
-        {"shift alt", Qt::ShiftModifier | Qt::AltModifier, both, frequency, both},
-        {"control alt", Qt::ControlModifier | Qt::AltModifier, both, frequency, both},
-        {"shift meta", Qt::ShiftModifier | Qt::MetaModifier, both, frequency, both},
-        {"shift control alt", Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier, both,
-         frequency, both},
-    };
-    const auto add = [&](const Row& row, int band, int type, int mode) {
+    const auto add = [&](const char* name, Qt::KeyboardModifiers modifiers, int band, int type,
+                         int mode) {
         for (const bool on : {true, false})
-            QTest::addRow("band %d type %d %s %s", band, type, row.name, on ? "on" : "off")
-                << band << type << on << static_cast<int>(row.modifiers) << (on ? mode : none);
+            QTest::addRow("band %d type %d %s %s", band, type, name, on ? "on" : "off")
+                << band << type << on << static_cast<int>(modifiers) << (on ? mode : none);
     };
-    for (const Row& row : rows) {
-        for (const int band : {0, 5}) {
-            for (const int type : {2, 3})
-                add(row, band, type, row.shelf);
-            for (const int type : {0, 1, 4, -1})
-                add(row, band, type, row.pass);
-        }
+    const auto row = [&](const char* name, Qt::KeyboardModifiers modifiers, int shelf, int pass,
+                         int bell) {
+        for (const int band : {0, 5})
+            for (const int type : {2, 3, 0, 1, 4, -1})
+                add(name, modifiers, band, type, type == 2 || type == 3 ? shelf : pass);
         for (int band = 1; band < 5; ++band)
-            add(row, band, -1, row.bell);
-    }
+            add(name, modifiers, band, -1, bell);
+    };
+    const Qt::KeyboardModifiers shift = Qt::ShiftModifier;
+    const Qt::KeyboardModifiers control = Qt::ControlModifier;
+    row("none", Qt::NoModifier, both, frequency, both);
+    row("shift", shift, none, none, quality);
+    row("control", control, gain, none, gain);
+    row("alt", Qt::AltModifier, frequency, frequency, frequency);
+    row("meta", Qt::MetaModifier, both, frequency, both);
+    row("keypad", Qt::KeypadModifier, both, frequency, both);
+    row("shift control", shift | control, both, frequency, both);
+    row("shift alt", shift | Qt::AltModifier, both, frequency, both);
+    row("control alt", control | Qt::AltModifier, both, frequency, both);
+    row("shift meta", shift | Qt::MetaModifier, both, frequency, both);
+    row("shift control alt", shift | control | Qt::AltModifier, both, frequency, both);
 }
 
 void tst_EqualizerGraphDrag::dragModes()
@@ -311,11 +251,25 @@ void tst_EqualizerGraphDrag::dragModes()
     QFETCH(int, mode);
     DragFixture f;
     f.solo(band);
+    f.setBand(band, 431, 37);
     if (band == 0 || band == 5)
         f.set(typeName(band), type);
-    f.mouse.press(Middle);
+    const QPointF handle = f.graph->getTargetPoint(targetOf(band));
+    const Qt::KeyboardModifiers held(modifiers);
+    f.mouse.press({300, 60}, held);
     f.set(onName(band), on ? 1 : 0);
-    QCOMPARE(static_cast<int>(f.graph->getDragMode(Qt::KeyboardModifiers(modifiers))), mode);
+    QCOMPARE(static_cast<int>(f.graph->getDragMode(held)), mode);
+
+    // It writes what the mode names.
+    f.mouse.move({340, 73}, held);
+    Writes expected;
+    if (mode == Graph::DragModeQuality)
+        expected.push_back({qualityName(band), 0, 250 - 12});
+    if (mode == Graph::DragModeFrequency || mode == Graph::DragModeFrequencyGain)
+        expected.push_back({frequencyName(band), 0, rawFrequencyAt(f.plot(), handle.x() + 40)});
+    if (mode == Graph::DragModeGain || mode == Graph::DragModeFrequencyGain)
+        expected.push_back({gainName(band), 0, rawGainAt(f.plot(), handle.y() + 13)});
+    QCOMPARE(f.host.writes(), expected);
 }
 
 void tst_EqualizerGraphDrag::dragFrequencyAndGain_data()
@@ -358,54 +312,6 @@ void tst_EqualizerGraphDrag::dragFrequencyAndGain()
         QVERIFY(std::abs(now.x() - to.x()) <= plot.width / 2400.0 + 1e-3);
         QVERIFY(std::abs(now.y() - to.y()) <= plot.height / 40.0 / plot.Z + 1e-3);
     }
-}
-
-void tst_EqualizerGraphDrag::dragWritesWhatItsModeNames_data()
-{
-    QTest::addColumn<int>("band");
-    QTest::addColumn<int>("type");
-    QTest::addColumn<int>("modifier");
-    QTest::addColumn<bool>("frequency");
-    QTest::addColumn<bool>("gain");
-    const auto add = [](const char* name, int band, int type, int modifier, bool frequency,
-                        bool gain) {
-        QTest::addRow("%s, band %d type %d", name, band, type)
-            << band << type << modifier << frequency << gain;
-    };
-    for (int band = 0; band < 6; ++band) {
-        add("alt", band, 3, Qt::AltModifier, true, false);
-        add("control", band, 3, Qt::ControlModifier, false, true);
-    }
-    for (const int band : {0, 5}) {
-        add("shift", band, 3, Qt::ShiftModifier, false, false);
-        for (const int type : {0, 1, 17}) {
-            add("plain", band, type, Qt::NoModifier, true, false);
-            add("control", band, type, Qt::ControlModifier, false, false);
-        }
-    }
-}
-
-void tst_EqualizerGraphDrag::dragWritesWhatItsModeNames()
-{
-    QFETCH(int, band);
-    QFETCH(int, type);
-    QFETCH(int, modifier);
-    QFETCH(bool, frequency);
-    QFETCH(bool, gain);
-    DragFixture f;
-    f.solo(band);
-    f.setBand(band, 431, 37);
-    if (band == 0 || band == 5)
-        f.set(typeName(band), type);
-    const QPointF handle = f.graph->getTargetPoint(targetOf(band));
-    f.mouse.press({300, 60}, Qt::KeyboardModifiers(modifier));
-    f.mouse.move({340, 73}, Qt::KeyboardModifiers(modifier));
-    Writes expected;
-    if (frequency)
-        expected.push_back({frequencyName(band), 0, rawFrequencyAt(f.plot(), handle.x() + 40)});
-    if (gain)
-        expected.push_back({gainName(band), 0, rawGainAt(f.plot(), handle.y() + 13)});
-    QCOMPARE(f.host.writes(), expected);
 }
 
 void tst_EqualizerGraphDrag::dragIsClampedToTheRange()
@@ -537,17 +443,6 @@ void tst_EqualizerGraphDrag::qualityRangeIsTheHosts()
     QCOMPARE(moved(105), 490);
 }
 
-void tst_EqualizerGraphDrag::qualityOfADisplayOfNoHeight()
-{
-    DragFixture f;
-    f.solo(2);
-    f.mouse.press({300, 90}, Qt::ShiftModifier);
-    f.graph->resize(679, 0);
-    f.mouse.move({300, 90}, Qt::ShiftModifier);
-    f.mouse.move({300, 80}, Qt::ShiftModifier);
-    QCOMPARE(f.host.count(Operation::SetValue), 0);
-}
-
 void tst_EqualizerGraphDrag::modifierChangeOnlyReanchors()
 {
     DragFixture f;
@@ -625,6 +520,12 @@ void tst_EqualizerGraphDrag::grabOutlives_data()
     });
     QTest::newRow("second press") << Step(
         [](DragFixture& f) { f.mouse.press(f.graph->getTargetPoint(targetOf(4))); });
+    QTest::newRow("detached and bound again") << Step([](DragFixture& f) {
+        f.graph->setMemAPI(nullptr);
+        f.mouse.move(Middle + QPointF(20, 20));
+        QCOMPARE(f.host.count(Operation::SetValue), 0);
+        f.bind();
+    });
     QTest::newRow("double click") << Step([](DragFixture& f) {
         f.mouse.release(Middle);
         f.mouse.doubleClick(f.graph->getTargetPoint(targetOf(1)));
@@ -686,18 +587,6 @@ void tst_EqualizerGraphDrag::grabEnds()
     QCOMPARE(f.host.writes().at(0).name, frequencyName(4));
 }
 
-void tst_EqualizerGraphDrag::detachedDuringDrag()
-{
-    DragFixture f;
-    f.mouse.press(Middle);
-    f.graph->setMemAPI(nullptr);
-    f.mouse.move(Middle + QPointF(20, 20));
-    QCOMPARE(f.host.count(Operation::SetValue), 0);
-    f.bind();
-    f.mouse.move(Middle + QPointF(40, 40));
-    QCOMPARE(f.host.count(Operation::SetValue), 2);
-}
-
 void tst_EqualizerGraphDrag::graphWaitsForTheEcho()
 {
     DragFixture f;
@@ -724,36 +613,38 @@ void tst_EqualizerGraphDrag::graphWaitsForTheEcho()
     QCOMPARE(f.picture(), before);
 }
 
-void tst_EqualizerGraphDrag::detachInsideSetValue()
+void tst_EqualizerGraphDrag::rebindingInsideSetValue_data()
 {
-    for (const auto& name : {frequencyName(2), gainName(2), qualityName(2)})
-        for (const auto modifier : {Qt::NoModifier, Qt::ShiftModifier}) {
-            DragFixture f;
-            f.solo(2);
-            Listener listener(f.host, name, [&] { f.graph->setMemAPI(nullptr); });
-            f.mouse.press(Middle, modifier);
-            f.mouse.move(Middle + QPointF(20, 20), modifier);
-            f.mouse.move(Middle + QPointF(40, 40), modifier);
-            f.mouse.release(Middle, modifier);
-            QCOMPARE(f.host.observerCount(),
-                     1 + (f.host.count(Operation::UnregisterObserver) == 0 ? 24 : 0));
-            // After the write of a frequency the gain is not written any more.
-            if (modifier == Qt::NoModifier && name == frequencyName(2))
-                QCOMPARE(f.host.count(Operation::SetValue), 1);
-        }
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<int>("modifier");
+    QTest::addColumn<Step>("rebind");
+    QTest::addColumn<int>("writes");
+    const Step detach = [](DragFixture& f) { f.graph->setMemAPI(nullptr); };
+    // After the write of a frequency the gain is not written any more.
+    QTest::newRow("frequency") << frequencyName(2) << int(Qt::NoModifier) << detach << 1;
+    QTest::newRow("gain") << gainName(2) << int(Qt::NoModifier) << detach << 2;
+    QTest::newRow("quality") << qualityName(2) << int(Qt::ShiftModifier) << detach << 1;
+    QTest::newRow("channel") << gainName(2) << int(Qt::NoModifier)
+                             << Step([](DragFixture& f) { f.graph->setCh(3); }) << 4;
 }
 
-void tst_EqualizerGraphDrag::channelChangeInsideSetValue()
+void tst_EqualizerGraphDrag::rebindingInsideSetValue()
 {
+    QFETCH(QByteArray, name);
+    QFETCH(int, modifier);
+    QFETCH(Step, rebind);
+    QFETCH(int, writes);
     DragFixture f;
     f.solo(2);
-    Listener listener(f.host, frequencyName(2), [&] { f.graph->setCh(3); });
-    f.mouse.press(Middle);
-    f.mouse.move(Middle + QPointF(20, 20));
-    f.mouse.move(Middle + QPointF(40, 40));
-    f.mouse.release(Middle);
-    QCOMPARE(f.host.observerCount(gainName(2), 3), 1);
-    QCOMPARE(f.host.observerCount(gainName(2), 0), 0);
+    Listener listener(f.host, name, [&] { rebind(f); });
+    const Qt::KeyboardModifiers modifiers(modifier);
+    f.mouse.press(Middle, modifiers);
+    f.mouse.move(Middle + QPointF(20, 20), modifiers);
+    f.mouse.move(Middle + QPointF(40, 40), modifiers);
+    f.mouse.release(Middle, modifiers);
+    QCOMPARE(f.host.count(Operation::SetValue), writes);
+    QCOMPARE(f.host.observerCount(gainName(2), 0), name == gainName(2) ? 1 : 0);
+    QCOMPARE(f.host.observerCount(gainName(2), 3), writes == 4 ? 1 : 0);
 }
 
 void tst_EqualizerGraphDrag::whatTheHostDoesNotTellIsNotWritten_data()
@@ -826,18 +717,23 @@ void tst_EqualizerGraphDrag::oddRanges()
 
 void tst_EqualizerGraphDrag::resizeDuringDrag()
 {
-    for (const QSize size : {QSize(0, 0), {1, 1}, {58, 192}, {679, 0}, {0, 192}, {2, 1000}}) {
-        DragFixture f;
-        f.solo(2);
-        f.mouse.press(Middle);
-        f.graph->resize(size);
-        f.mouse.move(Middle + QPointF(20, 20));
-        f.mouse.move(Middle);
-        for (const TestHost::Write& write : f.host.writes()) {
-            const auto [minimum, maximum] = f.host.range(write.name);
-            QVERIFY(write.value >= minimum && write.value <= maximum);
+    for (const auto modifier : {Qt::NoModifier, Qt::ShiftModifier})
+        for (const QSize size : {QSize(0, 0), {1, 1}, {58, 192}, {679, 0}, {0, 192}, {2, 1000}}) {
+            DragFixture f;
+            f.solo(2);
+            f.mouse.press(Middle, modifier);
+            f.graph->resize(size);
+            f.mouse.move(Middle + QPointF(20, 20), modifier);
+            f.mouse.move(Middle, modifier);
+            // Without a height there is no way of a quality.
+            QVERIFY(size.height() > 0 || modifier == Qt::NoModifier ||
+                    f.host.count(Operation::SetValue) == 0);
+            for (const TestHost::Write& write : f.host.writes()) {
+                const auto [minimum, maximum] = f.host.range(write.name);
+                QVERIFY(modifier == Qt::ShiftModifier ||
+                        (write.value >= minimum && write.value <= maximum));
+            }
         }
-    }
 }
 
 ZOLTA_TEST_MAIN(tst_EqualizerGraphDrag)

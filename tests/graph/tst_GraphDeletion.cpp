@@ -88,31 +88,6 @@ struct Session
 using Step = void (*)(Session&);
 using Victim = QObject* (*)(Session&);
 
-/// Deletes an object of the session on the first notification of a value.
-class Deleter : public IPrmObserver
-{
-public:
-    Deleter(Session& session, const QByteArray& name, Victim victim)
-        : m_session(session)
-        , m_victim(victim)
-    {
-        session.host.memory()->registerObserver(session.host.id(name), 0, this);
-    }
-    int Update(unsigned short, unsigned short, int, const char*) override
-    {
-        delete m_victim(m_session);
-        return 0;
-    }
-    int UpdateProperty(unsigned short, unsigned short, int, int, int, bool, const char*) override
-    {
-        return 0;
-    }
-
-private:
-    Session& m_session;
-    Victim m_victim;
-};
-
 /// Deletes an object of the session when its n-th announcement is made.
 class AnnouncementDeleter
 {
@@ -198,7 +173,7 @@ void tst_GraphDeletion::insideAWrite()
     QFETCH(Victim, victim);
     Session s;
     QVERIFY(QTest::qWaitForWindowActive(s.editor));
-    Deleter deleter(s, name, victim);
+    Listener deleter(s.host, name, [&] { delete victim(s); });
     write(s);
     QVERIFY(!s.graph);
     QVERIFY(DoomedGraph::bury());

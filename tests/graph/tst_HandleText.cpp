@@ -7,6 +7,8 @@
 #include <QLocale>
 #include <QTranslator>
 
+#include <array>
+
 namespace {
 
 /// Answers every text of one context with the text in brackets.
@@ -29,72 +31,52 @@ class tst_HandleText : public TestObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void frequency_data();
-    void frequency();
-    void gain_data();
-    void gain();
+    void frequencyAndGain_data();
+    void frequencyAndGain();
     void value_data();
     void value();
     void names();
-    void namesAreTranslated();
     void numbersAreTheSameInEveryLocale();
 };
 
-void tst_HandleText::frequency_data()
+void tst_HandleText::frequencyAndGain_data()
 {
-    QTest::addColumn<double>("hz");
     QTest::addColumn<QString>("text");
-    const auto row = [](double hz, const char* text) {
-        QTest::addRow("%.4f", hz) << hz << QString::fromLatin1(text);
+    QTest::addColumn<QString>("expected");
+    const auto hertz = [](double hz, const char* expected) {
+        QTest::addRow("%.4f Hz", hz) << HandleText::frequency(hz) << QString::fromLatin1(expected);
     };
-    row(20.0, "20.0 Hz");
-    row(20.04, "20.0 Hz");
-    row(20.06, "20.1 Hz");
-    row(80.0, "80.0 Hz");
-    row(99.94, "99.9 Hz");
-    row(99.96, "100 Hz");
-    row(100.4, "100 Hz");
-    row(440.0, "440 Hz");
-    row(999.4, "999 Hz");
-    row(999.6, "1.00 kHz");
-    row(1000.0, "1.00 kHz");
-    row(1250.0, "1.25 kHz");
-    row(9994.0, "9.99 kHz");
-    row(9996.0, "10.0 kHz");
-    row(12500.0, "12.5 kHz");
-    row(20000.0, "20.0 kHz");
-}
-
-void tst_HandleText::frequency()
-{
-    QFETCH(double, hz);
-    QFETCH(QString, text);
-    QCOMPARE(HandleText::frequency(hz), text);
-}
-
-void tst_HandleText::gain_data()
-{
-    QTest::addColumn<double>("db");
-    QTest::addColumn<QString>("text");
-    const auto row = [](double db, const char* text) {
-        QTest::addRow("%.4f", db) << db << QString::fromLatin1(text);
+    hertz(20.0, "20.0 Hz");
+    hertz(20.04, "20.0 Hz");
+    hertz(20.06, "20.1 Hz");
+    hertz(99.94, "99.9 Hz");
+    hertz(99.96, "100 Hz");
+    hertz(100.4, "100 Hz");
+    hertz(440.0, "440 Hz");
+    hertz(999.4, "999 Hz");
+    hertz(999.6, "1.00 kHz");
+    hertz(1000.0, "1.00 kHz");
+    hertz(1250.0, "1.25 kHz");
+    hertz(9994.0, "9.99 kHz");
+    hertz(9996.0, "10.0 kHz");
+    hertz(12500.0, "12.5 kHz");
+    hertz(20000.0, "20.0 kHz");
+    const auto decibels = [](double db, const char* expected) {
+        QTest::addRow("%.4f dB", db) << HandleText::gain(db) << QString::fromLatin1(expected);
     };
-    row(3.0, "+3.0 dB");
-    row(-3.0, "-3.0 dB");
-    row(20.0, "+20.0 dB");
-    row(-20.0, "-20.0 dB");
-    row(0.0, "+0.0 dB");
-    row(-0.0, "+0.0 dB");
-    row(-0.04, "+0.0 dB");
-    row(-0.06, "-0.1 dB");
-    row(9.96, "+10.0 dB");
+    decibels(3.0, "+3.0 dB");
+    decibels(-20.0, "-20.0 dB");
+    decibels(0.0, "+0.0 dB");
+    decibels(-0.0, "+0.0 dB");
+    decibels(-0.04, "+0.0 dB");
+    decibels(-0.06, "-0.1 dB");
+    decibels(9.96, "+10.0 dB");
 }
 
-void tst_HandleText::gain()
+void tst_HandleText::frequencyAndGain()
 {
-    QFETCH(double, db);
     QFETCH(QString, text);
-    QCOMPARE(HandleText::gain(db), text);
+    QTEST(text, "expected");
 }
 
 void tst_HandleText::value_data()
@@ -126,22 +108,15 @@ void tst_HandleText::value()
 
 void tst_HandleText::names()
 {
-    const QStringList expected = {QStringLiteral("Low band"),      QStringLiteral("Middle 1 band"),
-                                  QStringLiteral("Middle 2 band"), QStringLiteral("Middle 3 band"),
-                                  QStringLiteral("Middle 4 band"), QStringLiteral("High band")};
+    const std::array names = {"Low band",      "Middle 1 band", "Middle 2 band",
+                              "Middle 3 band", "Middle 4 band", "High band"};
     for (int band = 0; band < 6; ++band)
-        QCOMPARE(HandleText::name(band), expected[band]);
-    QVERIFY(HandleText::name(-1).isEmpty());
-    QVERIFY(HandleText::name(6).isEmpty());
-}
-
-void tst_HandleText::namesAreTranslated()
-{
+        QCOMPARE(HandleText::name(band), QLatin1String(names[std::size_t(band)]));
+    QVERIFY(HandleText::name(-1).isEmpty() && HandleText::name(6).isEmpty());
     Brackets translator;
     QCoreApplication::installTranslator(&translator);
     QCOMPARE(HandleText::name(2), QStringLiteral("[Middle 2 band]"));
     QCoreApplication::removeTranslator(&translator);
-    QCOMPARE(HandleText::name(2), QStringLiteral("Middle 2 band"));
 }
 
 void tst_HandleText::numbersAreTheSameInEveryLocale()
