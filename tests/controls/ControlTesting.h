@@ -32,7 +32,7 @@ constexpr Qt::KeyboardModifiers NoKeys = Qt::NoModifier;
 // Events -------------------------------------------------------------------------------------
 
 inline bool sendMouse(QWidget& widget, QEvent::Type type, QPointF point, Qt::MouseButton button,
-                      Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers)
+                      Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers = NoKeys)
 {
     QMouseEvent event(type, point, widget.mapToGlobal(point), button, buttons, modifiers);
     QCoreApplication::sendEvent(&widget, &event);

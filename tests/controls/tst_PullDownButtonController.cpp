@@ -101,7 +101,7 @@ void pick(Menu& menu, int index)
 {
     const QPoint position = itemPosition(menu, index);
     sendMouse(menu, QEvent::MouseButtonPress, position, Qt::LeftButton, Qt::LeftButton, {});
-    sendMouse(menu, QEvent::MouseButtonRelease, position, Qt::LeftButton, {}, {});
+    sendMouse(menu, QEvent::MouseButtonRelease, position, Qt::LeftButton, {});
 }
 
 std::function<void(Menu&)> picking(int index)
@@ -457,7 +457,7 @@ void tst_PullDownButtonController::releaseOfTheOpeningClickNeverPicks()
         fixture.elapsed = elapsed;
         const QPoint position = itemPosition(menu, 3);
         sendMouse(menu, QEvent::MouseMove, position, Qt::NoButton, Qt::LeftButton, {});
-        sendMouse(menu, QEvent::MouseButtonRelease, position, Qt::LeftButton, {}, {});
+        sendMouse(menu, QEvent::MouseButtonRelease, position, Qt::LeftButton, {});
     };
     QVERIFY(useMenu([&] { press(*fixture.button); },
                     [&](Menu& menu) {
