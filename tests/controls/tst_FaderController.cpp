@@ -290,7 +290,11 @@ void tst_FaderController::rampEndsWithTheDrag()
     press(*f.fader, {20, 10});
     release(*f.fader, {});
     f.ramp();
+    press(*f.fader, {20, 200}); // where the knob is, which starts no ramp
+    moveTo(*f.fader, {20, 10});
     QVERIFY(!f.rampsWithin(2 * FaderController::FirstRampDelay));
+    QCOMPARE(f.value(), 5);
+    release(*f.fader, {});
     press(*f.fader, {20, 10});
     QCOMPARE(f.value(), 10);
     f.fader->setOperationType(FaderController::Touch);
@@ -300,6 +304,7 @@ void tst_FaderController::rampEndsWithTheDrag()
     f.fader->setOperationType(FaderController::Ramp);
     f.ramp();
     QVERIFY(!f.rampsWithin(2 * FaderController::RampDelay)); // a range of one value is at its end
+    QCOMPARE(shown(*f.fader).pixelColor(20, 210), QColor(0, 0, 255));
 }
 
 void tst_FaderController::doubleClickResetsOnTheKnob()
