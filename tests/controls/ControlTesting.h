@@ -32,7 +32,7 @@ constexpr Qt::KeyboardModifiers NoKeys = Qt::NoModifier;
 // Events -------------------------------------------------------------------------------------
 
 inline bool sendMouse(QWidget& widget, QEvent::Type type, QPointF point, Qt::MouseButton button,
-                      Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers)
+                      Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers = NoKeys)
 {
     QMouseEvent event(type, point, widget.mapToGlobal(point), button, buttons, modifiers);
     QCoreApplication::sendEvent(&widget, &event);
@@ -83,9 +83,19 @@ inline bool key(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers = 
                 QEvent::Type type = QEvent::KeyPress)
 {
     QKeyEvent event(type, key, modifiers);
-    QCoreApplication::sendEvent(&widget, &event);
-    return event.isAccepted();
+    return QCoreApplication::sendEvent(&widget, &event) && event.isAccepted();
 }
+
+/// Takes the keys that its children leave.
+class Window : public QWidget
+{
+public:
+    QList<int> keys;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override { keys << event->key(); }
+    void keyReleaseEvent(QKeyEvent* event) override { keys << event->key(); }
+};
 
 // Host ---------------------------------------------------------------------------------------
 
@@ -106,32 +116,50 @@ struct Ledger
     int begun = 0;
     int ended = 0;
     int open() const { return begun - ended; }
+    /// Whether there were \a count edits, each begun and ended.
+    bool has(int count) const { return begun == count && ended == count; }
 };
 
 /// \a Control with its edits counted in a ledger that outlives it.
 template <class Control> class Ledgered : public Control
 {
 public:
-    explicit Ledgered(Ledger& ledger, QWidget* parent = nullptr)
-        : Control(parent)
+    /// \a arguments are the control's further ones.
+    template <class... Arguments>
+    explicit Ledgered(Ledger& ledger, QWidget* parent = nullptr, const Arguments&... arguments)
+        : Control(parent, arguments...)
         , m_ledger(ledger)
     {}
     ~Ledgered() override { this->closeEdits(); }
 
-    int paints = 0;
-
 protected:
     void beginEdit() override { ++m_ledger.begun; }
     void endEdit() override { ++m_ledger.ended; }
-    void paintEvent(QPaintEvent* event) override
-    {
-        ++paints;
-        Control::paintEvent(event);
-    }
 
 private:
     Ledger& m_ledger;
 };
+
+/// A move of a drag and the value after it; the first of a list is the press.
+struct Move
+{
+    QPointF to;
+    int value;
+    Qt::KeyboardModifiers modifiers = {};
+};
+using Moves = QList<Move>;
+
+inline void dragThrough(QWidget& control, const Moves& moves)
+{
+    for (qsizetype i = 0; i < moves.size(); ++i) {
+        if (i == 0)
+            press(control, moves[i].to, moves[i].modifiers);
+        else
+            moveTo(control, moves[i].to, moves[i].modifiers);
+        QCOMPARE(dynamic_cast<AbstractController&>(control).value(), moves[i].value);
+    }
+    release(control, moves.last().to);
+}
 
 /// What can come between the press and the release of a drag.
 inline const QStringList Interruptions = {
@@ -164,30 +192,6 @@ void interrupt(const QString& how, std::unique_ptr<QWidget>& parent, QPointer<Co
         press(*control, {20, 5});
 }
 
-/// Whether \a action has \a control repainted, which is in a larger window that is shown.
-template <class Control, class Action> bool repaints(Control& control, Action action)
-{
-    struct Sentinel : QWidget
-    {
-        using QWidget::QWidget;
-        bool painted = false;
-        void paintEvent(QPaintEvent*) override { painted = true; }
-    };
-    Sentinel sentinel(control.window());
-    sentinel.setGeometry(QRect(control.window()->rect().bottomRight(), QSize(1, 1)));
-    sentinel.show();
-    const auto settle = [&sentinel] {
-        sentinel.painted = false;
-        sentinel.update();
-        return QTest::qWaitFor([&sentinel] { return sentinel.painted; });
-    };
-    if (!settle() || !settle())
-        return false;
-    const int before = control.paints;
-    action();
-    return settle() && control.paints > before;
-}
-
 // Accessibility ------------------------------------------------------------------------------
 
 /// Collects the announcements of value changes while it lives.
@@ -203,8 +207,16 @@ public:
     Announcements(const Announcements&) = delete;
     Announcements& operator=(const Announcements&) = delete;
 
-    /// The object and its value, in order.
-    static QList<std::pair<const QObject*, QVariant>> values() { return s_values; }
+    /// Those of \a object, in order.
+    static QList<QVariant> values(const QObject& object)
+    {
+        QList<QVariant> values;
+        for (const auto& [source, value] : std::as_const(s_values)) {
+            if (source == &object)
+                values.append(value);
+        }
+        return values;
+    }
 
 private:
     static void note(QAccessibleEvent* event)

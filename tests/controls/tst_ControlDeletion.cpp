@@ -1,16 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Whoever hears of a user's change may destroy the control, or the editor that it stands in.
+// Whoever hears of a user's change may destroy the control, or the editor that it stands in; and
+// whatever the host is asked may fail.
 #include "controls/ButtonGroupController.h"
 #include "controls/FaderController.h"
 #include "controls/KnobController.h"
+#include "controls/PeakMeterController.h"
+#include "controls/PullDownButtonController.h"
 #include "controls/PushButtonController.h"
 #include "controls/TextEditController.h"
 #include "tests/controls/ControlTesting.h"
+#include "tests/support/Columns.h"
 #include "tests/support/TestObject.h"
 #include "tests/widgets/SvgFiles.h"
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QTimer>
 
 #include <functional>
 
@@ -142,6 +147,16 @@ const Step resetMember = [](QWidget& control) {
                           Qt::ControlModifier);
 };
 
+const Step pickNext = [](QWidget& control) {
+    QTimer::singleShot(0, [] {
+        for (const Qt::Key which : {Qt::Key_Down, Qt::Key_Return}) {
+            if (QWidget* menu = QApplication::activePopupWidget())
+                QTest::keyClick(menu, which);
+        }
+    });
+    ControlTesting::press(control, {5, 5}, Qt::AltModifier);
+};
+
 struct Use
 {
     const char* name;
@@ -195,6 +210,11 @@ QList<Use> usesOfButtons()
             {"held, unbound", {press({5, 5}, Alt), unbindIt}}};
 }
 
+QList<Use> usesOfPullDowns()
+{
+    return {{"chosen", {pickNext}}, {"assistive technology", {accessibleIncrease}}};
+}
+
 QList<Use> usesOfGroups() { return {{"click", {clickMember}}, {"Control-click", {resetMember}}}; }
 
 template <class Control> void report(Control& control, Destroyer& destroyer)
@@ -231,16 +251,81 @@ template <class Control, class Arrange> Make making(Arrange arrange)
             QObject::connect(control, &Control::sideChanged, qApp,
                              [&destroyer] { destroyer.at("sideChanged"); });
         }
+        if constexpr (requires { &Control::selected; }) {
+            QObject::connect(control, &Control::changed, qApp,
+                             [&destroyer] { destroyer.at("changed"); });
+            QObject::connect(control, &Control::selected, qApp,
+                             [&destroyer] { destroyer.at("selected"); });
+        }
         arrange(*control);
         return control;
     };
 }
 
+/// A control of 100 by 100 in an editor in a window, on a parameter of 0 to 300 between two other
+/// listeners of the host.
+struct Stage
+{
+    Stage(const Make& make, const char* place)
+        : destroyer{place, 0, {}, {}}
+        , editor(new QWidget(&window))
+        , control(make(destroyer, editor))
+    {
+        host.addParameter(Parameter, 0, 300, 100);
+        host.set(Parameter, 0, 20);
+        other->setObjectName(QStringLiteral("other"));
+        other->setFocusPolicy(Qt::StrongFocus);
+        window.setGeometry(200, 150, 200, 200); // away from the mouse pointer
+        editor->resize(100, 100);
+        control->resize(100, 100);
+    }
+    /// Binds the control and shows the window; whether it became active.
+    bool show()
+    {
+        window.show();
+        window.activateWindow();
+        if (!QTest::qWaitForWindowActive(&window))
+            return false;
+        other->setFocus();
+        host.memory()->registerObserver(host.id(Parameter), 0, &before);
+        bind(dynamic_cast<AbstractController&>(*control), host);
+        host.memory()->registerObserver(host.id(Parameter), 0, &after);
+        return true;
+    }
+    /// Uses the control, as long as there is one.
+    void play(const Use& use)
+    {
+        for (const Step& step : use.steps) {
+            if (control)
+                step(*control);
+        }
+        destroyer.victim = nullptr;
+    }
+    /// Whether nothing is left behind when the editor is gone.
+    bool isBalanced()
+    {
+        delete editor.data();
+        host.memory()->unregisterObserver(host.id(Parameter), 0, &before);
+        host.memory()->unregisterObserver(host.id(Parameter), 0, &after);
+        return destroyer.edits.open() == 0 && host.observerCount() == 0;
+    }
+
+    TestHost host;
+    Destroyer destroyer;
+    Listener before{destroyer, "before the control"};
+    Listener after{destroyer, "after the control"};
+    QWidget window;
+    QWidget* other = new QWidget(&window);
+    QPointer<QWidget> editor;
+    QPointer<QWidget> control;
+};
+
 const char* const Places[] = {"beginEdit",         "endEdit",      "before the control",
                               "after the control", "valueChanged", "modifiersChange",
                               "drag begins",       "drag ends",    "textEdit",
                               "pressed",           "released",     "clicked",
-                              "toggled",           "sideChanged"};
+                              "toggled",           "sideChanged",  "changed",
+                              "selected"};
 
 } // namespace
 
@@ -256,6 +341,8 @@ private Q_SLOTS:
     void heldButtonGoesWithItsEditor();
     void othersMayDestroyToo_data() { rows(); }
     void othersMayDestroyToo();
+    void everyHostCallMayFail_data() { rows({false}); }
+    void everyHostCallMayFail();
 
 private:
     struct Subject
@@ -264,11 +351,7 @@ private:
         Make make;
         QList<Use> uses;
     };
-    void rows();
-    /// Whether the place was reached \a count times; \a balanced if nothing is left behind.
-    bool run(const Subject& subject, const Use& use, const char* place, int count, bool wholeEditor,
-             bool& balanced);
-
+    void rows(std::initializer_list<bool> wholeEditors = {false, true});
     SvgFiles m_files;
     QList<Subject> m_subjects;
 };
@@ -305,6 +388,11 @@ void tst_ControlDeletion::initTestCase()
                                        PushButtonController::Off);
             }),
             usesOfButtons());
+    add("pull-down", making<PullDownButtonController>([](PullDownButtonController& button) {
+            button.setTextList({QStringLiteral("Low"), QStringLiteral("High")});
+        }),
+        usesOfPullDowns());
+    add("meter", making<PeakMeterController>([](PeakMeterController&) {}), {});
     add("group", making<ButtonGroupController>([](ButtonGroupController& group) {
             group.setEnableDefaultSet(true);
             for (int i = 0; i < 3; ++i) {
@@ -317,57 +405,16 @@ void tst_ControlDeletion::initTestCase()
         usesOfGroups());
 }
 
-void tst_ControlDeletion::rows()
+void tst_ControlDeletion::rows(std::initializer_list<bool> wholeEditors)
 {
     QTest::addColumn<int>("subject");
     QTest::addColumn<bool>("wholeEditor");
     for (int i = 0; i < m_subjects.size(); ++i) {
-        for (const bool wholeEditor : {false, true})
+        for (const bool wholeEditor : wholeEditors)
             QTest::addRow("%s%s", m_subjects[i].name.constData(),
                           wholeEditor ? ", with its editor" : "")
                 << i << wholeEditor;
     }
-}
-
-bool tst_ControlDeletion::run(const Subject& subject, const Use& use, const char* place, int count,
-                              bool wholeEditor, bool& balanced)
-{
-    TestHost host;
-    host.addParameter(Parameter, 0, 300, 100);
-    host.set(Parameter, 0, 20);
-    Destroyer destroyer{place, 0, {}, {}};
-    Listener before(destroyer, "before the control");
-    Listener after(destroyer, "after the control");
-    QWidget window;
-    window.resize(200, 200);
-    auto* other = new QWidget(&window);
-    other->setObjectName(QStringLiteral("other"));
-    other->setFocusPolicy(Qt::StrongFocus);
-    const QPointer<QWidget> editor = new QWidget(&window);
-    editor->resize(100, 100);
-    const QPointer<QWidget> control = subject.make(destroyer, editor);
-    control->resize(100, 100);
-    window.show();
-    window.activateWindow();
-    if (!QTest::qWaitForWindowActive(&window))
-        return false;
-    other->setFocus();
-    host.memory()->registerObserver(host.id(Parameter), 0, &before);
-    bind(dynamic_cast<AbstractController&>(*control), host);
-    host.memory()->registerObserver(host.id(Parameter), 0, &after);
-    destroyer.victim = wholeEditor ? editor : control;
-    destroyer.countdown = count;
-    for (const Step& step : use.steps) {
-        if (control)
-            step(*control);
-    }
-    const bool reached = destroyer.countdown <= 0;
-    destroyer.victim = nullptr;
-    delete editor.data();
-    host.memory()->unregisterObserver(host.id(Parameter), 0, &before);
-    host.memory()->unregisterObserver(host.id(Parameter), 0, &after);
-    balanced = destroyer.edits.open() == 0 && host.observerCount() == 0;
-    return reached;
 }
 
 void tst_ControlDeletion::anyListenerMayDestroy()
@@ -377,19 +424,23 @@ void tst_ControlDeletion::anyListenerMayDestroy()
     int times = 0;
     for (const Use& use : m_subjects[subject].uses) {
         for (const char* place : Places) {
-            bool balanced = false;
-            int count = 1;
-            for (; run(m_subjects[subject], use, place, count, wholeEditor, balanced); ++count) {
-                QVERIFY2(balanced,
+            bool isReached = true;
+            for (int count = 1; isReached; ++count) {
+                Stage stage(m_subjects[subject].make, place);
+                QVERIFY(stage.show());
+                stage.destroyer.victim = wholeEditor ? stage.editor : stage.control;
+                stage.destroyer.countdown = count;
+                stage.play(use);
+                isReached = stage.destroyer.countdown <= 0;
+                times += isReached ? 1 : 0;
+                QVERIFY2(stage.isBalanced(),
                          qPrintable(QStringLiteral("%1, %2, %3")
                                         .arg(QLatin1String(use.name), QLatin1String(place))
                                         .arg(count)));
-                ++times;
             }
-            QVERIFY2(balanced, use.name);
         }
     }
-    QVERIFY(times >= 10);
+    QVERIFY(times >= 3 * m_subjects[subject].uses.size());
 }
 
 void tst_ControlDeletion::heldButtonGoesWithItsEditor_data()
@@ -437,30 +488,63 @@ void tst_ControlDeletion::othersMayDestroyToo()
 {
     QFETCH(int, subject);
     QFETCH(bool, wholeEditor);
-    const QList<std::function<void(AbstractController&, TestHost&)>> changes = {
-        [](AbstractController&, TestHost& host) { host.set(Parameter, 0, 7); },
-        [](AbstractController&, TestHost& host) { host.notifyProperty(Parameter, 0); },
-        [](AbstractController& control, TestHost&) { control.setValue(8); },
-        [](AbstractController& control, TestHost&) { control.setNormalized(0.75f); },
-        [](AbstractController& control, TestHost&) { control.setString(QStringLiteral("9")); },
-        [](AbstractController& control, TestHost&) { control.editString(QStringLiteral("9")); },
-        [](AbstractController& control, TestHost& host) { bind(control, host, Parameter, 1); },
-        [](AbstractController& control, TestHost&) { unbind(control); }};
-    for (const auto& change : changes) {
-        TestHost host;
-        host.addParameter(Parameter, 0, 300, 100);
-        Destroyer destroyer{"valueChanged", 0, {}, {}};
-        const QPointer<QWidget> window = new QWidget;
-        const QPointer<QWidget> control = m_subjects[subject].make(destroyer, window);
-        auto& controller = dynamic_cast<AbstractController&>(*control);
-        bind(controller, host);
-        destroyer.victim = wholeEditor ? window : control;
-        destroyer.countdown = 1;
-        change(controller, host);
-        QVERIFY(!control);
-        delete window.data();
-        QCOMPARE(destroyer.edits.open(), 0);
-        QCOMPARE(host.observerCount(), 0);
+    struct Change
+    {
+        bool isBound;
+        std::function<void(AbstractController&, TestHost&)> make;
+    };
+    const QList<Change> changes = {
+        {true, [](auto&, TestHost& host) { host.set(Parameter, 0, 7); }},
+        {true, [](auto&, TestHost& host) { host.notifyProperty(Parameter, 0); }},
+        {true, [](auto& control, auto&) { control.setValue(8); }},
+        {true, [](auto& control, auto&) { control.setNormalized(0.75f); }},
+        {true, [](auto& control, auto&) { control.setString(QStringLiteral("9")); }},
+        {true, [](auto& control, auto&) { control.editString(QStringLiteral("9")); }},
+        {true, [](auto& control, TestHost& host) { bind(control, host, Parameter, 1); }},
+        {true, [](auto& control, auto&) { unbind(control); }},
+        {false, [](auto& control, TestHost& host) { bind(control, host); }},
+        {false, [](auto& control, auto&) { control.setMaximumValue(-2000); }},
+        {false, [](auto& control, auto&) { control.setString(QStringLiteral("9")); }}};
+    for (const Change& change : changes) {
+        Stage stage(m_subjects[subject].make, "valueChanged");
+        auto& controller = dynamic_cast<AbstractController&>(*stage.control);
+        if (change.isBound)
+            bind(controller, stage.host);
+        stage.destroyer.victim = wholeEditor ? stage.editor : stage.control;
+        stage.destroyer.countdown = 1;
+        change.make(controller, stage.host);
+        QVERIFY(!stage.control);
+        QVERIFY(stage.isBalanced());
+    }
+}
+
+void tst_ControlDeletion::everyHostCallMayFail()
+{
+    QFETCH(int, subject);
+    const Step fromOutside = [](QWidget& control) {
+        auto& controller = dynamic_cast<AbstractController&>(control);
+        IMemAPI* memory = controller.memAPI();
+        controller.setValue(33);
+        controller.setString(QStringLiteral("34"));
+        painted(control);
+        controller.setMemAPIValue(memory, controller.parameter(), 1, 0);
+        painted(control);
+        unbind(controller);
+    };
+    for (Use use : m_subjects[subject].uses + QList<Use>{{"from outside", {}}}) {
+        use.steps << fromOutside;
+        int calls = 1;
+        for (int n = 1; n <= calls; ++n) {
+            Stage stage(m_subjects[subject].make, "");
+            QVERIFY(stage.show());
+            stage.host.resetLedger();
+            stage.host.failAnyCall(n);
+            stage.play(use);
+            calls = stage.host.callCount();
+            stage.host.clearErrors();
+            delete stage.control;
+            QVERIFY2(stage.destroyer.edits.open() == 0, use.name);
+        }
     }
 }
 

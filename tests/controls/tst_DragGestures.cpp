@@ -4,12 +4,15 @@
 #include "controls/KnobController.h"
 #include "controls/TextEditController.h"
 #include "tests/controls/ControlTesting.h"
+#include "tests/support/Columns.h"
 #include "tests/support/TestObject.h"
 #include "tests/widgets/SvgFiles.h"
 
 #include <QApplication>
 
 #include <functional>
+#include <limits>
+#include <utility>
 
 using namespace CommonController_MemAPI;
 using namespace ControlTesting;
@@ -22,6 +25,7 @@ struct Book
     Ledger edits;
     QList<bool> drags;
     QList<std::pair<AbstractController*, Qt::KeyboardModifiers>> reports;
+    std::function<void()> atChange = [] {}; ///< what is done when the value changes
 };
 
 using Make = std::function<QWidget*(Book&, QWidget* parent)>;
@@ -36,6 +40,7 @@ struct Subject
     int pressed;  ///< the value after the press
     int moved;    ///< and after the move
     QPoint reset; ///< where a Control-click resets
+    int reports;  ///< of a drag with Alt held
 };
 
 template <class Control> Make making(std::function<void(Control&)> arrange)
@@ -47,6 +52,8 @@ template <class Control> Make making(std::function<void(Control&)> arrange)
                          [&book](AbstractController* which, Qt::KeyboardModifiers modifiers) {
                              book.reports.append({which, modifiers});
                          });
+        QObject::connect(control, qOverload<int>(&Control::valueChanged), qApp,
+                         [&book] { std::exchange(book.atChange, [] {})(); });
         arrange(*control);
         return control;
     };
@@ -65,16 +72,6 @@ Make fader(FaderController::OperationType type, const QString& picture)
         made.setKnobSvg(picture);
     });
 }
-
-/// Takes what its children leave.
-class Window : public QWidget
-{
-public:
-    QList<int> keys;
-
-protected:
-    void keyPressEvent(QKeyEvent* event) override { keys << event->key(); }
-};
 
 struct Fixture
 {
@@ -105,7 +102,10 @@ class tst_DragGestures : public TestObject
 
 private Q_SLOTS:
     void initTestCase();
-    void everyDragEndsOnce_data();
+    void everyDragEndsOnce_data()
+    {
+        interruptions(Interruptions + QStringList(QStringLiteral("released")));
+    }
     void everyDragEndsOnce();
     void controlClickResetsAndStartsNoDrag_data() { rows(); }
     void controlClickResetsAndStartsNoDrag();
@@ -125,9 +125,16 @@ private Q_SLOTS:
     void keys();
     void modifiersAreReported_data() { rows(); }
     void modifiersAreReported();
+    void listenersMayEndTheDrag_data() { interruptions(Interruptions.mid(0, 6)); }
+    void listenersMayEndTheDrag();
+    void oneValueRange_data() { rows(); }
+    void oneValueRange();
+    void widestRange_data() { rows(); }
+    void widestRange();
 
 private:
     void rows();
+    void interruptions(const QStringList& kinds);
     const Subject& row() const;
 
     SvgFiles m_files;
@@ -141,21 +148,29 @@ void tst_DragGestures::initTestCase()
     const QPoint at3(90, 50);
     const QPoint onKnob(50, 76);
     m_subjects = {
-        {"circular knob", knob(KnobController::Circular), at12, at3, 150, 240, at12},
-        {"relative circular knob", knob(KnobController::RelativeCircular), at12, at3, 50, 140,
-         at12},
-        {"linear knob", knob(KnobController::Linear), at12, {70, 10}, 50, 70, at12},
-        {"Touch", fader(FaderController::Touch, picture), onKnob, {50, 56}, 50, 125, onKnob},
-        {"Jump", fader(FaderController::Jump, picture), {50, 50}, {50, 30}, 150, 225, {9, 9}},
-        {"Ramp", fader(FaderController::Ramp, picture), {50, 50}, {50, 30}, 55, 55, onKnob},
-        {"Relative", fader(FaderController::Relative, picture), {9, 20}, {9, 0}, 50, 125, onKnob},
+        {"circular knob", knob(KnobController::Circular), at12, at3, 150, 240, at12, 1},
+        {"relative circular knob", knob(KnobController::RelativeCircular), at12, at3, 50, 140, at12,
+         1},
+        {"linear knob", knob(KnobController::Linear), at12, {70, 10}, 50, 70, at12, 1},
+        {"Touch", fader(FaderController::Touch, picture), onKnob, {50, 56}, 50, 125, onKnob, 1},
+        {"Jump", fader(FaderController::Jump, picture), {50, 50}, {50, 30}, 150, 225, {9, 9}, 2},
+        {"Ramp", fader(FaderController::Ramp, picture), {50, 50}, {50, 30}, 55, 55, onKnob, 1},
+        {"Relative",
+         fader(FaderController::Relative, picture),
+         {9, 20},
+         {9, 0},
+         50,
+         125,
+         onKnob,
+         1},
         {"text field",
          making<TextEditController>([](TextEditController&) {}),
          {20, 5},
          {40, 5},
          50,
          70,
-         {20, 5}}};
+         {20, 5},
+         1}};
 }
 
 void tst_DragGestures::rows()
@@ -171,12 +186,11 @@ const Subject& tst_DragGestures::row() const
     return m_subjects[subject];
 }
 
-void tst_DragGestures::everyDragEndsOnce_data()
+void tst_DragGestures::interruptions(const QStringList& kinds)
 {
-    QTest::addColumn<int>("subject");
-    QTest::addColumn<QString>("how");
+    addColumns<int, QString>("subject", "how");
     for (int i = 0; i < m_subjects.size(); ++i) {
-        for (const QString& how : Interruptions + QStringList(QStringLiteral("released")))
+        for (const QString& how : kinds)
             QTest::addRow("%s, %s", m_subjects[i].name, qPrintable(how)) << i << how;
     }
 }
@@ -280,10 +294,7 @@ void tst_DragGestures::moveWithoutButtonOrMovementDoesNothing()
 
 void tst_DragGestures::wheel_data()
 {
-    QTest::addColumn<int>("subject");
-    QTest::addColumn<QPoint>("angle");
-    QTest::addColumn<bool>("inverted");
-    QTest::addColumn<int>("value");
+    addColumns<int, QPoint, bool, int>("subject", "angle", "inverted", "value");
     for (int i = 0; i < m_subjects.size(); ++i) {
         const auto add = [&](const char* name, QPoint angle, bool inverted, int value) {
             QTest::addRow("%s, %s", m_subjects[i].name, name) << i << angle << inverted << value;
@@ -303,8 +314,7 @@ void tst_DragGestures::wheel()
     Fixture f(row());
     QVERIFY(ControlTesting::wheel(*f.control, angle, {}, inverted));
     QTEST(f.value(), "value");
-    QCOMPARE(f.book.edits.begun, 1);
-    QCOMPARE(f.book.edits.ended, 1);
+    QVERIFY(f.book.edits.has(1));
 }
 
 void tst_DragGestures::wheelRemainders()
@@ -342,8 +352,7 @@ void tst_DragGestures::keys()
         Fixture f(row());
         QVERIFY(key(*f.control, which));
         QCOMPARE(f.value(), value);
-        QCOMPARE(f.book.edits.begun, 1);
-        QCOMPARE(f.book.edits.ended, 1);
+        QVERIFY(f.book.edits.has(1));
         key(*f.control, Qt::Key_Space);
         key(*f.control, Qt::Key_A);
         QCOMPARE(static_cast<Window*>(f.window.get())->keys,
@@ -366,6 +375,64 @@ void tst_DragGestures::modifiersAreReported()
     f.host.setSilently(Parameter, 0, 300);
     key(*f.control, Qt::Key_Up, Qt::AltModifier); // no change at the end
     QCOMPARE(f.book.reports.size(), 2);
+
+    Fixture dragged(row());
+    press(*dragged.control, row().from, Qt::AltModifier);
+    moveTo(*dragged.control, row().to, Qt::AltModifier);
+    QCOMPARE(dragged.book.reports.size(), row().reports);
+}
+
+// A drag that its own value ends, at the press or at the first move.
+void tst_DragGestures::listenersMayEndTheDrag()
+{
+    QFETCH(QString, how);
+    Fixture f(row());
+    f.book.atChange = [&] { interrupt(how, f.window, f.control, f.host); };
+    press(*f.control, row().from);
+    moveTo(*f.control, row().to);
+    moveTo(*f.control, row().from);
+    QCOMPARE(f.book.edits.open(), 0);
+    QCOMPARE(f.host.writes().size(), std::size_t(1));
+    release(*f.control, row().from);
+    QVERIFY(f.book.edits.has(1));
+    QVERIFY(f.book.drags.isEmpty() || f.book.drags == (QList<bool>{true, false}));
+}
+
+void tst_DragGestures::oneValueRange()
+{
+    Fixture f(row());
+    f.host.setRange(Parameter, 5, 5);
+    f.host.setSilently(Parameter, 0, 5);
+    press(*f.control, row().from, Qt::AltModifier);
+    moveTo(*f.control, row().to, Qt::AltModifier);
+    release(*f.control, row().to);
+    press(*f.control, row().reset, Qt::ControlModifier);
+    release(*f.control, row().reset);
+    ControlTesting::wheel(*f.control, {0, 120}, Qt::AltModifier);
+    key(*f.control, Qt::Key_PageUp, Qt::AltModifier);
+    painted(*f.control);
+    QCOMPARE(f.value(), 5);
+    QVERIFY(f.book.reports.isEmpty());
+    QCOMPARE(f.book.edits.open(), 0);
+}
+
+void tst_DragGestures::widestRange()
+{
+    constexpr int smallest = std::numeric_limits<int>::min();
+    constexpr int largest = std::numeric_limits<int>::max();
+    Fixture f(row());
+    f.host.setRange(Parameter, smallest, largest);
+    for (const int end : {smallest, largest}) {
+        f.host.setSilently(Parameter, 0, end == smallest ? smallest + 1 : largest - 1);
+        key(*f.control, end == smallest ? Qt::Key_PageDown : Qt::Key_PageUp);
+        key(*f.control, end == smallest ? Qt::Key_Down : Qt::Key_Up);
+        ControlTesting::wheel(*f.control, {0, end});
+        QCOMPARE(f.value(), end);
+    }
+    press(*f.control, row().from);
+    moveTo(*f.control, row().to);
+    release(*f.control, row().to);
+    painted(*f.control);
 }
 
 ZOLTA_TEST_MAIN(tst_DragGestures)

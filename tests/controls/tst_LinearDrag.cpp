@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/LinearDrag.h"
+#include "tests/support/Columns.h"
 #include "tests/support/TestObject.h"
 
 #include <limits>
@@ -32,9 +33,7 @@ private Q_SLOTS:
 
 void tst_LinearDrag::pixelsPerStep_data()
 {
-    QTest::addColumn<int>("minimum");
-    QTest::addColumn<int>("maximum");
-    QTest::addColumn<int>("pixels");
+    addColumns<int, int, int>("minimum", "maximum", "pixels");
     QTest::newRow("0..1, lowered to 20") << 0 << 1 << 20;
     QTest::newRow("0..5, lowered to 20") << 0 << 5 << 20;
     QTest::newRow("0..9") << 0 << 9 << 20;
@@ -58,8 +57,7 @@ void tst_LinearDrag::pixelsPerStep()
 
 void tst_LinearDrag::raisesRightAndUp_data()
 {
-    QTest::addColumn<QPoint>("by");
-    QTest::addColumn<int>("value");
+    addColumns<QPoint, int>("by", "value");
     QTest::newRow("right") << QPoint(40, 0) << 52;
     QTest::newRow("up") << QPoint(0, -40) << 52;
     QTest::newRow("left") << QPoint(-40, 0) << 48;

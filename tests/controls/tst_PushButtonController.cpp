@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/PushButtonController.h"
 #include "tests/controls/ButtonTesting.h"
+#include "tests/support/Columns.h"
 #include "tests/support/TestObject.h"
 #include "tests/widgets/SvgFiles.h"
 
@@ -9,8 +10,6 @@
 
 #include <QSvgRenderer>
 
-#include <cmath>
-#include <functional>
 #include <limits>
 #include <memory>
 
@@ -30,19 +29,39 @@ constexpr Trigger Off = PushButtonController::Off;
 constexpr int Switch = 4; // 0..1, default 1
 constexpr int Type = 1;   // 0..3, default 3
 
-struct CountedButton : Counted<PushButtonController>
+struct CountedButton : Ledgered<PushButtonController>
 {
-    using Counted::Counted;
+    using Ledgered::Ledgered;
     using PushButtonController::isHovered;
     using PushButtonController::isInside;
 };
 
-/// A button of 40 x 30 pixels and the ledger of its gestures.
+/// A button of 40 x 30 pixels on a parameter that is at its minimum, and the ledger of its edits.
 struct Fixture
 {
-    Fixture() { button.resize(40, 30); }
-
+    explicit Fixture(bool checkable, int number = Switch)
+    {
+        host.setSilently(TestHost::name(number), 0, 0);
+        button.resize(40, 30);
+        button.setCheckable(checkable);
+        bind(button, host, number);
+        host.resetLedger();
+    }
     int value(int number = Switch) const { return host.value(TestHost::name(number), 0); }
+    void set(int value) { host.set(TestHost::name(Switch), 0, value); }
+    /// Sets all of \a trigger, which setCheckTrigger() may take two steps for.
+    void setTrigger(Trigger trigger)
+    {
+        button.setCheckTrigger(trigger);
+        button.setCheckTrigger(trigger);
+    }
+    /// What was written since the last question.
+    QList<int> take()
+    {
+        const QList<int> values = written(host);
+        host.resetLedger();
+        return values;
+    }
 
     Ledger ledger;
     TestHost host;
@@ -52,75 +71,16 @@ struct Fixture
 struct SwitchFixture : Fixture
 {
     SwitchFixture()
-    {
-        host.setSilently(TestHost::name(Switch), 0, 0);
-        button.setCheckable(true);
-        bind(button, host, Switch);
-        host.resetLedger();
-    }
+        : Fixture(true)
+    {}
 };
 
 struct MomentaryFixture : Fixture
 {
     MomentaryFixture()
-    {
-        host.setSilently(TestHost::name(Switch), 0, 0);
-        bind(button, host, Switch);
-        host.resetLedger();
-    }
+        : Fixture(false)
+    {}
 };
-
-QList<int> written(const TestHost& host)
-{
-    QList<int> values;
-    for (const TestHost::Write& write : host.writes())
-        values.append(write.value);
-    return values;
-}
-
-/// Has \a action run when \a button emits the signal called \a name.
-void connectTo(const QString& name, PushButtonController* button, const QObject* context,
-               const std::function<void()>& action)
-{
-    if (name == QLatin1String("pressed"))
-        QObject::connect(button, &QAbstractButton::pressed, context, action);
-    else if (name == QLatin1String("released"))
-        QObject::connect(button, &QAbstractButton::released, context, action);
-    else if (name == QLatin1String("clicked"))
-        QObject::connect(button, &QAbstractButton::clicked, context, action);
-    else if (name == QLatin1String("sideChanged"))
-        QObject::connect(button, &PushButtonController::sideChanged, context, action);
-    else if (name == QLatin1String("modifiersChange"))
-        QObject::connect(button, &PushButtonController::modifiersChange, context, action);
-    else
-        QObject::connect(button, qOverload<int>(&PushButtonController::valueChanged), context,
-                         action);
-}
-
-/// A button's life: it is bound, used in every way, bound elsewhere, held, and destroyed while
-/// held.
-void liveThrough(TestHost& host, Ledger& ledger)
-{
-    CountedButton button(ledger);
-    button.resize(40, 30);
-    button.setCheckable(true);
-    bind(button, host, Switch);
-    click(button, Qt::ShiftModifier);
-    button.setCheckTrigger(Press | On | Off);
-    click(button);
-    button.setOn();
-    button.setOff();
-    host.set(TestHost::name(Switch), 0, 1);
-    button.setCheckable(false);
-    click(button);
-    press(button);
-    bind(button, host, Type);
-    press(button);
-    button.setEnabled(false);
-    button.setEnabled(true);
-    rendered(button);
-    press(button);
-}
 
 /// A direct rendering of the picture at \a path into \a rect of an empty canvas of 40 x 30.
 QImage direct(const QString& path, const QRectF& rect, double opacity = 1.0)
@@ -142,19 +102,11 @@ class tst_PushButtonController : public TestObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void settersClampAndStore();
-    void brokenPicturesKeepTheirPath();
-
     void checkTriggerKeepsOneEdgeAndADirection_data();
     void checkTriggerKeepsOneEdgeAndADirection();
     void defaultTriggerTogglesOnReleaseBothWays();
-    void defaultFlagsThenPressLeavesPressAndOff();
-    void noFlagsLeavePressAndOff();
 
-    void clickWritesTheOtherEnd();
     void pressTriggerWritesAtOnce();
-    void pressTriggerIgnoresWhereTheReleaseIs();
-    void releaseOutsideDoesNotToggle();
     void forbiddenClickIsClickedWithoutAChange_data();
     void forbiddenClickIsClickedWithoutAChange();
     void onOnlyIsSwitchedOffByProgramAndHost();
@@ -164,18 +116,14 @@ private Q_SLOTS:
     void hostsUpdateIsNotWrittenBack();
     void setOnAndSetOffWriteOnce_data();
     void setOnAndSetOffWriteOnce();
-    void setOnNeedsAnEnabledSwitch();
     void checkedButtonOfAnExclusiveSetStaysOn();
-    void unboundSwitchKeepsItsOwnValue();
 
-    void momentaryHoldsTheMaximum();
     void momentaryLetsGoWhileDraggedOff();
     void momentaryLetsGo_data();
     void momentaryLetsGo();
     void momentaryLetsGoOfTheOldParameter();
     void momentaryStaysReleasedUntilTheNextPress();
     void momentaryLetsGoWhenItBecomesASwitch();
-    void heldSwitchWritesNothingWhenDestroyed();
     void focusPolicyKeepsItHeld();
 
     void rightClickNeverChangesTheValue_data();
@@ -184,15 +132,8 @@ private Q_SLOTS:
     void disabledButtonIgnoresTheMouse();
 
     void modifiersAreReportedWithAChange();
-    void modifiersOfTheLastClickCountForSetOn();
 
     void pointerInsideAndOutside();
-
-    void deletionInside_data();
-    void deletionInside();
-    void failingHost_data();
-    void failingHost();
-    void everyFailureLeavesGesturesBalanced();
 
     void layers_data();
     void layers();
@@ -205,52 +146,14 @@ private Q_SLOTS:
     void shadowIsBlurredByTheScaledRadius();
     void textLiesInItsMargins();
     void textHasThePalettesColourOfTheState();
-    void repaintsOnlyForAChange();
 
     void accessibleSwitch();
     void accessibleMomentary();
-    void accessibleName();
-    void valueIsAnnouncedOnce();
 };
-
-void tst_PushButtonController::settersClampAndStore()
-{
-    PushButtonController button;
-    button.setShadowBlur(-1.0);
-    QCOMPARE(button.shadowBlur(), 0.0);
-    button.setButtonDisableOpacity(1.5);
-    QCOMPARE(button.buttonDisableOpacity(), 1.0);
-    button.setButtonDisableOpacity(-0.5);
-    QCOMPARE(button.buttonDisableOpacity(), 0.0);
-    button.setOpacity(-3.0);
-    QCOMPARE(button.opacity(), 0.0);
-    button.setOpacity(3.0);
-    QCOMPARE(button.opacity(), 1.0);
-    for (const char* property : {"shadowBlur", "buttonDisableOpacity", "opacity"}) {
-        QVERIFY(button.setProperty(property, 0.25));
-        QVERIFY(button.setProperty(property, std::nan("")));
-        QCOMPARE(button.property(property).toDouble(), 0.0);
-    }
-}
-
-void tst_PushButtonController::brokenPicturesKeepTheirPath()
-{
-    const SvgFiles files;
-    PushButtonController button;
-    button.resize(40, 30);
-    const QString broken = files.file("broken.svg", "<svg");
-    button.setButtonSvg(files.missing());
-    button.setShadowSvg(broken);
-    QCOMPARE(button.buttonSvg(), files.missing());
-    QCOMPARE(button.shadowSvg(), broken);
-    QVERIFY(inkBounds(rendered(button)).isNull());
-}
 
 void tst_PushButtonController::checkTriggerKeepsOneEdgeAndADirection_data()
 {
-    QTest::addColumn<Trigger>("old");
-    QTest::addColumn<Trigger>("set");
-    QTest::addColumn<Trigger>("kept");
+    addColumns<Trigger, Trigger, Trigger>("old", "set", "kept");
     QTest::newRow("press joins release")
         << (Release | On | Off) << (Press | Release | On | Off) << (Press | On | Off);
     QTest::newRow("release joins press")
@@ -262,6 +165,8 @@ void tst_PushButtonController::checkTriggerKeepsOneEdgeAndADirection_data()
     QTest::newRow("no direction after off") << (Release | Off) << Release << (Release | On);
     QTest::newRow("both directions with the edge")
         << (Release | On | Off) << Trigger(49) << (Press | On | Off);
+    QTest::newRow("default flags, then press") << (Release | On | Off) << Press << (Press | Off);
+    QTest::newRow("default flags, then none") << (Release | On | Off) << Trigger() << (Press | Off);
     QTest::newRow("unknown bits go")
         << (Release | On | Off) << (Trigger(0xff00) | Release | On) << (Release | On);
 }
@@ -281,42 +186,22 @@ void tst_PushButtonController::defaultTriggerTogglesOnReleaseBothWays()
 {
     SwitchFixture fixture;
     QCOMPARE(fixture.button.checkTrigger(), Release | On | Off);
+    fixture.host.setRange(TestHost::name(Switch), -4, 9);
+    fixture.set(-4);
     press(fixture.button);
-    QCOMPARE(fixture.value(), 0);
+    QCOMPARE(fixture.value(), -4);
     release(fixture.button);
-    QCOMPARE(fixture.value(), 1);
+    QCOMPARE(fixture.value(), 9);
     QVERIFY(fixture.button.isChecked());
     click(fixture.button);
-    QCOMPARE(fixture.value(), 0);
+    QCOMPARE(fixture.take(), (QList<int>{9, -4}));
     QVERIFY(!fixture.button.isChecked());
-}
-
-void tst_PushButtonController::defaultFlagsThenPressLeavesPressAndOff()
-{
-    PushButtonController button;
-    button.setCheckTrigger(Press);
-    QCOMPARE(button.checkTrigger(), Press | Off);
-}
-
-void tst_PushButtonController::noFlagsLeavePressAndOff()
-{
-    PushButtonController button;
-    button.setCheckTrigger({});
-    QCOMPARE(button.checkTrigger(), Press | Off);
-}
-
-void tst_PushButtonController::clickWritesTheOtherEnd()
-{
-    SwitchFixture fixture;
-    fixture.host.setRange(TestHost::name(Switch), -4, 9);
-    fixture.host.set(TestHost::name(Switch), 0, -4);
-    click(fixture.button);
-    QCOMPARE(fixture.value(), 9);
-    click(fixture.button);
-    QCOMPARE(fixture.value(), -4);
-    QCOMPARE(written(fixture.host), QList<int>({9, -4}));
-    QCOMPARE(fixture.ledger.begun, 2);
-    QVERIFY(fixture.ledger.isBalanced());
+    QVERIFY(fixture.ledger.has(2));
+    press(fixture.button);
+    drag(fixture.button, Outside);
+    sendMouse(fixture.button, QEvent::MouseButtonRelease, Outside, Qt::LeftButton, {});
+    QVERIFY(!fixture.button.isChecked() && !fixture.button.isDown());
+    QVERIFY(fixture.take().isEmpty());
 }
 
 void tst_PushButtonController::pressTriggerWritesAtOnce()
@@ -329,43 +214,19 @@ void tst_PushButtonController::pressTriggerWritesAtOnce()
     QCOMPARE(fixture.value(), 1);
     QVERIFY(fixture.button.isChecked());
     QVERIFY(fixture.button.isDown());
-    release(fixture.button);
+    // Wherever the release is.
+    sendMouse(fixture.button, QEvent::MouseButtonRelease, Outside, Qt::LeftButton, {});
     QCOMPARE(written(fixture.host), QList<int>({1}));
     QVERIFY(!fixture.button.isDown());
     QCOMPARE(clicked.count(), 1);
     QCOMPARE(clicked.first().first().toBool(), true);
     QCOMPARE(released.count(), 1);
-    QCOMPARE(fixture.ledger.begun, 1);
-    QVERIFY(fixture.ledger.isBalanced());
-}
-
-void tst_PushButtonController::pressTriggerIgnoresWhereTheReleaseIs()
-{
-    SwitchFixture fixture;
-    fixture.button.setCheckTrigger(Press | On | Off);
-    QSignalSpy clicked(&fixture.button, &QAbstractButton::clicked);
-    press(fixture.button);
-    drag(fixture.button, Outside);
-    sendMouse(fixture.button, QEvent::MouseButtonRelease, Outside, Qt::LeftButton, {});
-    QCOMPARE(clicked.count(), 1);
-    QCOMPARE(written(fixture.host), QList<int>({1}));
-}
-
-void tst_PushButtonController::releaseOutsideDoesNotToggle()
-{
-    SwitchFixture fixture;
-    press(fixture.button);
-    drag(fixture.button, Outside);
-    sendMouse(fixture.button, QEvent::MouseButtonRelease, Outside, Qt::LeftButton, {});
-    QVERIFY(!fixture.button.isChecked());
-    QVERIFY(!fixture.button.isDown());
-    QVERIFY(written(fixture.host).isEmpty());
+    QVERIFY(fixture.ledger.has(1));
 }
 
 void tst_PushButtonController::forbiddenClickIsClickedWithoutAChange_data()
 {
-    QTest::addColumn<Trigger>("trigger");
-    QTest::addColumn<int>("start");
+    addColumns<Trigger, int>("trigger", "start");
     QTest::newRow("release, on only") << (Release | On) << 1;
     QTest::newRow("release, off only") << (Release | Off) << 0;
     QTest::newRow("press, on only") << (Press | On) << 1;
@@ -377,10 +238,8 @@ void tst_PushButtonController::forbiddenClickIsClickedWithoutAChange()
     QFETCH(Trigger, trigger);
     QFETCH(int, start);
     SwitchFixture fixture;
-    fixture.host.set(TestHost::name(Switch), 0, start);
-    fixture.button.setCheckTrigger(trigger);
-    fixture.button.setCheckTrigger(trigger);
-    QCOMPARE(fixture.button.checkTrigger(), trigger);
+    fixture.set(start);
+    fixture.setTrigger(trigger);
     QSignalSpy clicked(&fixture.button, &QAbstractButton::clicked);
     QSignalSpy released(&fixture.button, &QAbstractButton::released);
     click(fixture.button);
@@ -390,7 +249,7 @@ void tst_PushButtonController::forbiddenClickIsClickedWithoutAChange()
     QCOMPARE(fixture.button.isChecked(), start == 1);
     QVERIFY(!fixture.button.isDown());
     QVERIFY(written(fixture.host).isEmpty());
-    QCOMPARE(fixture.ledger.begun, 0);
+    QVERIFY(fixture.ledger.has(0));
 }
 
 void tst_PushButtonController::onOnlyIsSwitchedOffByProgramAndHost()
@@ -407,14 +266,13 @@ void tst_PushButtonController::onOnlyIsSwitchedOffByProgramAndHost()
     QVERIFY(!fixture.button.isChecked());
     click(fixture.button);
     QVERIFY(fixture.button.isChecked());
-    fixture.host.set(TestHost::name(Switch), 0, 0);
+    fixture.set(0);
     QVERIFY(!fixture.button.isChecked());
 }
 
 void tst_PushButtonController::clickByProgramObeysTheTrigger_data()
 {
-    QTest::addColumn<Trigger>("trigger");
-    QTest::addColumn<QList<int>>("writes");
+    addColumns<Trigger, QList<int>>("trigger", "writes");
     QTest::newRow("release") << (Release | On | Off) << QList<int>({1, 0});
     QTest::newRow("press") << (Press | On | Off) << QList<int>({1, 0});
     QTest::newRow("on only") << (Release | On) << QList<int>({1});
@@ -430,14 +288,12 @@ void tst_PushButtonController::clickByProgramObeysTheTrigger()
     fixture.button.click();
     QTEST(written(fixture.host), "writes");
     QCOMPARE(fixture.button.isChecked(), fixture.value() == 1);
-    QVERIFY(fixture.ledger.isBalanced());
+    QCOMPARE(fixture.ledger.open(), 0);
 }
 
 void tst_PushButtonController::anyValueButTheMinimumIsOn()
 {
-    Fixture fixture;
-    fixture.button.setCheckable(true);
-    bind(fixture.button, fixture.host, Type);
+    Fixture fixture(true, Type);
     for (int value = 0; value <= 3; ++value) {
         fixture.host.set(TestHost::name(Type), 0, value);
         QCOMPARE(fixture.button.isChecked(), value != 0);
@@ -454,13 +310,13 @@ void tst_PushButtonController::hostsUpdateIsNotWrittenBack()
     SwitchFixture fixture;
     QSignalSpy toggled(&fixture.button, &QAbstractButton::toggled);
     QSignalSpy changed(&fixture.button, qOverload<int>(&PushButtonController::valueChanged));
-    fixture.host.set(TestHost::name(Switch), 0, 1);
-    fixture.host.set(TestHost::name(Switch), 0, 0);
+    fixture.set(1);
+    fixture.set(0);
     QCOMPARE(toggled.count(), 2);
     QCOMPARE(changed.count(), 2);
     QCOMPARE(changed.last().first().toInt(), 0);
     QVERIFY(written(fixture.host).isEmpty());
-    QCOMPARE(fixture.ledger.begun, 0);
+    QVERIFY(fixture.ledger.has(0));
 }
 
 void tst_PushButtonController::setOnAndSetOffWriteOnce_data()
@@ -478,7 +334,13 @@ void tst_PushButtonController::setOnAndSetOffWriteOnce()
     SwitchFixture fixture;
     fixture.button.setCheckTrigger(trigger);
     fixture.button.setOff();
-    QCOMPARE(fixture.ledger.begun, 0);
+    fixture.button.setEnabled(false);
+    fixture.button.setOn();
+    fixture.button.setEnabled(true);
+    fixture.button.setCheckable(false);
+    fixture.button.setOn();
+    fixture.button.setCheckable(true);
+    QVERIFY(fixture.ledger.has(0));
     fixture.button.setOn();
     fixture.button.setOn();
     QCOMPARE(written(fixture.host), QList<int>({1}));
@@ -487,20 +349,7 @@ void tst_PushButtonController::setOnAndSetOffWriteOnce()
     fixture.button.setOff();
     QCOMPARE(written(fixture.host), QList<int>({1, 0}));
     QVERIFY(!fixture.button.isChecked());
-    QCOMPARE(fixture.ledger.begun, 2);
-    QVERIFY(fixture.ledger.isBalanced());
-}
-
-void tst_PushButtonController::setOnNeedsAnEnabledSwitch()
-{
-    SwitchFixture fixture;
-    fixture.button.setEnabled(false);
-    fixture.button.setOn();
-    fixture.button.setEnabled(true);
-    fixture.button.setCheckable(false);
-    fixture.button.setOn();
-    QVERIFY(!fixture.button.isChecked());
-    QVERIFY(written(fixture.host).isEmpty());
+    QVERIFY(fixture.ledger.has(2));
 }
 
 void tst_PushButtonController::checkedButtonOfAnExclusiveSetStaysOn()
@@ -523,32 +372,7 @@ void tst_PushButtonController::checkedButtonOfAnExclusiveSetStaysOn()
     click(second);
     QVERIFY(!first.isChecked());
     QCOMPARE(second.value(), 1);
-    QVERIFY(ledger.isBalanced());
-}
-
-void tst_PushButtonController::unboundSwitchKeepsItsOwnValue()
-{
-    Fixture fixture;
-    fixture.button.setCheckable(true);
-    QSignalSpy changed(&fixture.button, qOverload<int>(&PushButtonController::valueChanged));
-    click(fixture.button);
-    QCOMPARE(fixture.button.value(), 1);
-    fixture.button.setValue(0);
-    QVERIFY(!fixture.button.isChecked());
-    QCOMPARE(changed.count(), 2);
-    QCOMPARE(fixture.host.callCount(), 0);
-}
-
-void tst_PushButtonController::momentaryHoldsTheMaximum()
-{
-    MomentaryFixture fixture;
-    press(fixture.button);
-    QCOMPARE(fixture.value(), 1);
-    release(fixture.button);
-    QCOMPARE(fixture.value(), 0);
-    QCOMPARE(written(fixture.host), QList<int>({1, 0}));
-    QCOMPARE(fixture.ledger.begun, 2);
-    QVERIFY(fixture.ledger.isBalanced());
+    QCOMPARE(ledger.open(), 0);
 }
 
 void tst_PushButtonController::momentaryLetsGoWhileDraggedOff()
@@ -560,8 +384,8 @@ void tst_PushButtonController::momentaryLetsGoWhileDraggedOff()
     drag(fixture.button, QPoint(3, 3));
     QCOMPARE(fixture.value(), 1);
     release(fixture.button);
-    QCOMPARE(written(fixture.host), QList<int>({1, 0, 1, 0}));
-    QVERIFY(fixture.ledger.isBalanced());
+    QCOMPARE(fixture.take(), (QList<int>{1, 0, 1, 0}));
+    QVERIFY(fixture.ledger.has(4));
 }
 
 void tst_PushButtonController::momentaryLetsGo_data()
@@ -569,7 +393,7 @@ void tst_PushButtonController::momentaryLetsGo_data()
     QTest::addColumn<QString>("how");
     for (const char* how : {"disabled", "parent disabled", "hidden", "window hidden", "unbound",
                             "channel changed", "focus moved", "destroyed"})
-        QTest::newRow(how) << QString::fromLatin1(how);
+        QTest::newRow(how) << how;
 }
 
 void tst_PushButtonController::momentaryLetsGo()
@@ -610,7 +434,7 @@ void tst_PushButtonController::momentaryLetsGo()
 
     QCOMPARE(host.value(TestHost::name(Switch), 0), 0);
     QCOMPARE(written(host), QList<int>({1, 0}));
-    QVERIFY(ledger.isBalanced());
+    QCOMPARE(ledger.open(), 0);
     if (how == QLatin1String("destroyed")) {
         QCOMPARE(host.observerCount(), 0);
         return;
@@ -659,21 +483,7 @@ void tst_PushButtonController::momentaryLetsGoWhenItBecomesASwitch()
     fixture.button.setCheckable(true);
     fixture.button.setMemAPIValue(nullptr, 0, 0, 0);
     QCOMPARE(fixture.value(), 0);
-    QVERIFY(fixture.ledger.isBalanced());
-}
-
-void tst_PushButtonController::heldSwitchWritesNothingWhenDestroyed()
-{
-    TestHost host;
-    Ledger ledger;
-    auto button = std::make_unique<CountedButton>(ledger);
-    button->resize(40, 30);
-    button->setCheckable(true);
-    bind(*button, host, Switch);
-    press(*button);
-    button.reset();
-    QVERIFY(written(host).isEmpty());
-    QCOMPARE(host.observerCount(), 0);
+    QCOMPARE(fixture.ledger.open(), 0);
 }
 
 void tst_PushButtonController::focusPolicyKeepsItHeld()
@@ -690,8 +500,7 @@ void tst_PushButtonController::focusPolicyKeepsItHeld()
 
 void tst_PushButtonController::rightClickNeverChangesTheValue_data()
 {
-    QTest::addColumn<bool>("checkable");
-    QTest::addColumn<Trigger>("trigger");
+    addColumns<bool, Trigger>("checkable", "trigger");
     QTest::newRow("momentary") << false << (Release | On | Off);
     QTest::newRow("release") << true << (Release | On | Off);
     QTest::newRow("press") << true << (Press | On | Off);
@@ -707,7 +516,7 @@ void tst_PushButtonController::rightClickNeverChangesTheValue()
     QSignalSpy clicked(&fixture.button, &QAbstractButton::clicked);
     const QPoint center = fixture.button.rect().center();
     QVERIFY(!sendMouse(fixture.button, QEvent::MouseButtonPress, center, Qt::RightButton,
-                       Qt::RightButton));
+                       Qt::RightButton, {}));
     QVERIFY(!fixture.button.isDown());
     QVERIFY(!sendMouse(fixture.button, QEvent::MouseButtonRelease, center, Qt::RightButton, {}));
     QVERIFY(written(fixture.host).isEmpty());
@@ -718,11 +527,13 @@ void tst_PushButtonController::leftWhileRightIsHeldDoesNotGoDown()
 {
     MomentaryFixture fixture;
     const QPoint center = fixture.button.rect().center();
-    sendMouse(fixture.button, QEvent::MouseButtonPress, center, Qt::RightButton, Qt::RightButton);
+    sendMouse(fixture.button, QEvent::MouseButtonPress, center, Qt::RightButton, Qt::RightButton,
+              {});
     sendMouse(fixture.button, QEvent::MouseButtonPress, center, Qt::LeftButton,
-              Qt::LeftButton | Qt::RightButton);
+              Qt::LeftButton | Qt::RightButton, {});
     QVERIFY(!fixture.button.isDown());
-    sendMouse(fixture.button, QEvent::MouseButtonRelease, center, Qt::LeftButton, Qt::RightButton);
+    sendMouse(fixture.button, QEvent::MouseButtonRelease, center, Qt::LeftButton, Qt::RightButton,
+              {});
     sendMouse(fixture.button, QEvent::MouseButtonRelease, center, Qt::RightButton, {});
     QVERIFY(written(fixture.host).isEmpty());
 }
@@ -750,27 +561,17 @@ void tst_PushButtonController::modifiersAreReportedWithAChange()
     QCOMPARE(spy.first().at(0).value<AbstractController*>(),
              static_cast<AbstractController*>(&fixture.button));
     QCOMPARE(spy.first().at(1).value<Qt::KeyboardModifiers>(), Qt::ShiftModifier | Qt::AltModifier);
+    fixture.button.setOn(); // those of the last click count
+    QCOMPARE(spy.count(), 2);
     // A host that does not take the value: nothing changed.
     fixture.host.failAll(TestHost::Operation::SetValue);
     click(fixture.button, Qt::ShiftModifier);
-    QCOMPARE(spy.count(), 1);
-}
-
-void tst_PushButtonController::modifiersOfTheLastClickCountForSetOn()
-{
-    SwitchFixture fixture;
-    QSignalSpy spy(&fixture.button, &PushButtonController::modifiersChange);
-    fixture.button.setOn();
-    QCOMPARE(spy.count(), 0);
-    click(fixture.button, Qt::ControlModifier);
-    QCOMPARE(spy.count(), 1);
-    fixture.button.setOn();
     QCOMPARE(spy.count(), 2);
 }
 
 void tst_PushButtonController::pointerInsideAndOutside()
 {
-    Fixture fixture;
+    MomentaryFixture fixture;
     CountedButton& button = fixture.button;
     QSignalSpy spy(&button, &PushButtonController::sideChanged);
     QEnterEvent enter(QPointF(3, 3), QPointF(3, 3), QPointF(3, 3));
@@ -800,108 +601,13 @@ void tst_PushButtonController::pointerInsideAndOutside()
     QCOMPARE(spy.count(), 6);
 }
 
-void tst_PushButtonController::deletionInside_data()
-{
-    QTest::addColumn<QString>("signal");
-    QTest::addColumn<bool>("checkable");
-    QTest::addColumn<Trigger>("trigger");
-    const auto row = [](const char* name, const char* signal, bool checkable, Trigger trigger) {
-        QTest::newRow(name) << QString::fromLatin1(signal) << checkable << trigger;
-    };
-    const Trigger byRelease = Release | On | Off;
-    const Trigger byPress = Press | On | Off;
-    row("pressed", "pressed", false, byRelease);
-    row("pressed, press", "pressed", true, byPress);
-    row("released", "released", false, byRelease);
-    row("released, press", "released", true, byPress);
-    row("clicked", "clicked", false, byRelease);
-    row("clicked, press", "clicked", true, byPress);
-    row("clicked, forbidden", "clicked", true, Release | Off);
-    row("valueChanged", "valueChanged", false, byRelease);
-    row("valueChanged, switch", "valueChanged", true, byRelease);
-    row("valueChanged, press", "valueChanged", true, byPress);
-    row("modifiersChange", "modifiersChange", true, byRelease);
-    row("modifiersChange, press", "modifiersChange", true, byPress);
-    row("sideChanged", "sideChanged", false, byRelease);
-}
-
-void tst_PushButtonController::deletionInside()
-{
-    QFETCH(QString, signal);
-    QFETCH(bool, checkable);
-    QFETCH(Trigger, trigger);
-    TestHost host;
-    Ledger ledger;
-    host.setSilently(TestHost::name(Switch), 0, 0);
-    const QPointer<CountedButton> button = new CountedButton(ledger);
-    button->resize(40, 30);
-    button->setCheckable(checkable);
-    button->setCheckTrigger(trigger);
-    button->setCheckTrigger(trigger);
-    bind(*button, host, Switch);
-    const QObject context;
-    connectTo(signal, button, &context, [button] { delete button; });
-    click(*button, Qt::ShiftModifier);
-    QVERIFY(!button);
-    QVERIFY(ledger.isBalanced());
-    QCOMPARE(host.observerCount(), 0);
-    if (!checkable)
-        QCOMPARE(host.value(TestHost::name(Switch), 0), 0);
-}
-
-void tst_PushButtonController::failingHost_data()
-{
-    using Operation = TestHost::Operation;
-    QTest::addColumn<int>("operation");
-    QTest::newRow("getValue") << int(Operation::GetValue);
-    QTest::newRow("setValue") << int(Operation::SetValue);
-    QTest::newRow("getRange") << int(Operation::GetRange);
-    QTest::newRow("registerObserver") << int(Operation::RegisterObserver);
-    QTest::newRow("unregisterObserver") << int(Operation::UnregisterObserver);
-}
-
-void tst_PushButtonController::failingHost()
-{
-    QFETCH(int, operation);
-    TestHost host;
-    Ledger ledger;
-    host.failAll(TestHost::Operation(operation));
-    if (operation == int(TestHost::Operation::UnregisterObserver))
-        host.setNotifying(false); // it would go on telling what is gone
-    liveThrough(host, ledger);
-    QVERIFY(ledger.begun > 0);
-    QVERIFY(ledger.isBalanced());
-}
-
-void tst_PushButtonController::everyFailureLeavesGesturesBalanced()
-{
-    int failures = 0;
-    for (int n = 1;; ++n) {
-        TestHost host;
-        Ledger ledger;
-        host.failAnyCall(n);
-        liveThrough(host, ledger);
-        QVERIFY2(ledger.isBalanced(), qPrintable(QString::number(n)));
-        if (host.callCount() < n)
-            break;
-        ++failures;
-    }
-    QVERIFY(failures > 50);
-}
-
 void tst_PushButtonController::layers_data()
 {
-    QTest::addColumn<bool>("checkable");
-    QTest::addColumn<bool>("on");
-    QTest::addColumn<bool>("down");
-    QTest::addColumn<bool>("inside");
-    QTest::addColumn<QString>("buttonLayer");
-    QTest::addColumn<QString>("iconLayer");
-    QTest::addColumn<QString>("shadowLayer");
+    addColumns<bool, bool, bool, bool, QString, QString, QString>(
+        "checkable", "on", "down", "inside", "buttonLayer", "iconLayer", "shadowLayer");
     const auto row = [](const char* name, bool checkable, bool on, bool down, bool inside,
                         const char* button, const char* icon, const char* shadow) {
-        QTest::newRow(name) << checkable << on << down << inside << QString::fromLatin1(button)
-                            << QString::fromLatin1(icon) << QString::fromLatin1(shadow);
+        QTest::newRow(name) << checkable << on << down << inside << button << icon << shadow;
     };
     row("up", false, false, false, false, "buttonSvg", "iconSvg", "shadowSvg");
     row("held", false, false, true, true, "pushButtonSvg", "onIconSvg", "pushShadowSvg");
@@ -976,10 +682,7 @@ void tst_PushButtonController::missingOnPicturesLeaveTheOffOnes()
 
 void tst_PushButtonController::placement_data()
 {
-    QTest::addColumn<Qt::Alignment>("alignment");
-    QTest::addColumn<double>("scale");
-    QTest::addColumn<bool>("rightToLeft");
-    QTest::addColumn<QRectF>("rect");
+    addColumns<Qt::Alignment, double, bool, QRectF>("alignment", "scale", "rightToLeft", "rect");
     QTest::newRow("centre") << Qt::Alignment(Qt::AlignCenter) << 1.0 << false
                             << QRectF(15, 12, 10, 6);
     QTest::newRow("centre, 2") << Qt::Alignment(Qt::AlignCenter) << 2.0 << false
@@ -1128,46 +831,6 @@ void tst_PushButtonController::textHasThePalettesColourOfTheState()
     QCOMPARE(rendered(button).pixelColor(30, 20), QColor(60, 50, 40));
 }
 
-void tst_PushButtonController::repaintsOnlyForAChange()
-{
-    class Watched : public PushButtonController
-    {
-    public:
-        int paints = 0;
-
-    protected:
-        void paintEvent(QPaintEvent* event) override
-        {
-            ++paints;
-            PushButtonController::paintEvent(event);
-        }
-    };
-    const SvgFiles files;
-    Watched button;
-    button.resize(40, 30);
-    button.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&button));
-    const auto repaints = [&](const std::function<void()>& change) {
-        QCoreApplication::sendPostedEvents();
-        button.paints = 0;
-        change();
-        QCoreApplication::sendPostedEvents();
-        return button.paints;
-    };
-    const QString picture = files.plain("plain", 20, 12, "#204060");
-    QCOMPARE(repaints([&] { button.setButtonSvg(picture); }), 1);
-    QCOMPARE(repaints([&] { button.setButtonSvg(picture); }), 0);
-    QCOMPARE(repaints([&] { button.setOpacity(0.5); }), 1);
-    QCOMPARE(repaints([&] { button.setOpacity(0.5); }), 0);
-    QCOMPARE(repaints([&] { button.setTextTopMargin(3); }), 1);
-    QCOMPARE(repaints([&] { button.setTextTopMargin(3); }), 0);
-    QCOMPARE(repaints([&] { button.setScale(1.5); }), 1);
-    QCOMPARE(repaints([&] { button.setScale(1.5); }), 0);
-    QCOMPARE(repaints([&] { button.setValue(1); }), 1);
-    QCOMPARE(repaints([&] { button.setValue(1); }), 0);
-    QCOMPARE(repaints([&] { button.setEnabled(false); }), 1);
-}
-
 void tst_PushButtonController::accessibleSwitch()
 {
     SwitchFixture fixture;
@@ -1181,9 +844,6 @@ void tst_PushButtonController::accessibleSwitch()
     QVERIFY(!interface->state().checked);
     QVERIFY(!interface->textInterface());
     QCOMPARE(interface->text(QAccessible::Value), QStringLiteral("Clean"));
-    QCOMPARE(interface->valueInterface()->currentValue().toInt(), 0);
-    QCOMPARE(interface->valueInterface()->minimumValue().toInt(), 0);
-    QCOMPARE(interface->valueInterface()->maximumValue().toInt(), 1);
 
     QAccessibleActionInterface* actions = interface->actionInterface();
     QCOMPARE(actions->actionNames(), QStringList({QAccessibleActionInterface::toggleAction(),
@@ -1196,7 +856,12 @@ void tst_PushButtonController::accessibleSwitch()
     QCOMPARE(fixture.value(), 0);
     interface->valueInterface()->setCurrentValue(1);
     QCOMPARE(fixture.value(), 1);
-    QVERIFY(fixture.ledger.isBalanced());
+    QCOMPARE(fixture.ledger.open(), 0);
+
+    fixture.button.setText(QStringLiteral("Low"));
+    QCOMPARE(interface->text(QAccessible::Name), QStringLiteral("Low"));
+    fixture.button.setAccessibleName(QStringLiteral("Low band"));
+    QCOMPARE(interface->text(QAccessible::Name), QStringLiteral("Low band"));
 
     fixture.button.setEnabled(false);
     QVERIFY(interface->state().disabled);
@@ -1222,31 +887,6 @@ void tst_PushButtonController::accessibleMomentary()
     QCOMPARE(written(fixture.host), QList<int>({1, 0}));
     press(fixture.button);
     QVERIFY(interface->state().pressed);
-}
-
-void tst_PushButtonController::accessibleName()
-{
-    SwitchFixture fixture;
-    QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&fixture.button);
-    const QString number = QString::number(fixture.host.id(TestHost::name(Switch)));
-    QVERIFY(interface->text(QAccessible::Name).contains(number));
-    fixture.button.setText(QStringLiteral("Low"));
-    QCOMPARE(interface->text(QAccessible::Name), QStringLiteral("Low"));
-    fixture.button.setAccessibleName(QStringLiteral("Low band"));
-    QCOMPARE(interface->text(QAccessible::Name), QStringLiteral("Low band"));
-}
-
-void tst_PushButtonController::valueIsAnnouncedOnce()
-{
-    SwitchFixture fixture;
-    const Announcements announcements;
-    fixture.host.set(TestHost::name(Switch), 0, 1);
-    QVERIFY(announcements.values(fixture.button).isEmpty()); // nobody sees it
-    fixture.button.show();
-    fixture.host.set(TestHost::name(Switch), 0, 0);
-    QCOMPARE(announcements.values(fixture.button), QList<QVariant>({0}));
-    click(fixture.button);
-    QCOMPARE(announcements.values(fixture.button), QList<QVariant>({0, 1}));
 }
 
 ZOLTA_TEST_MAIN(tst_PushButtonController)

@@ -2,6 +2,7 @@
 #include "controls/RoundGainReductionMeterController.h"
 #include "controls/RoundMeterController.h"
 #include "tests/controls/MeterTesting.h"
+#include "tests/support/Columns.h"
 #include "tests/support/TestObject.h"
 
 #include <QApplication>
@@ -133,8 +134,7 @@ void tst_RoundMeters::lampGrowsWhenLit()
 
 void tst_RoundMeters::theBarReachesItsLevel_data()
 {
-    QTest::addColumn<int>("value");
-    QTest::addColumn<int>("segments");
+    addColumns<int, int>("value", "segments");
     QTest::newRow("-60.0") << -600 << 1;
     QTest::newRow("-30.0") << -300 << 16;
     QTest::newRow("-18.0") << -180 << 24;
@@ -178,8 +178,7 @@ void tst_RoundMeters::shortBarsStayInsideTheTrack()
 
 void tst_RoundMeters::theEndKeepsItsOutline_data()
 {
-    QTest::addColumn<double>("ratio");
-    QTest::addColumn<double>("scale");
+    addColumns<double, double>("ratio", "scale");
     for (const double ratio : {1.0, 1.25, 1.5, 2.0}) {
         for (const double scale : {1.0, 1.3, 2.0})
             QTest::addRow("%g at %g", scale, ratio) << ratio << scale;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/UnitText.h"
+#include "tests/support/Columns.h"
 #include "tests/support/TestObject.h"
 
 using CommonController_MemAPI::unitExpanded;
@@ -15,11 +16,9 @@ private Q_SLOTS:
 
 void tst_UnitText::multipliesTheLetterOut_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("expanded");
+    addColumns<QString, QString>("text", "expanded");
     const auto row = [](const char* text, const char* expanded) {
-        QTest::newRow(*text ? text : "empty")
-            << QString::fromLatin1(text) << QString::fromLatin1(expanded);
+        QTest::newRow(*text ? text : "empty") << text << expanded;
     };
     row("1.5k", "1500");
     row("1.5K", "1500");
@@ -39,7 +38,8 @@ void tst_UnitText::multipliesTheLetterOut_data()
     row("1500", "1500");
     row("1.5 kHz", "1.5 kHz");
     row("1.5k ", "1.5k ");
-    QTest::newRow("Kelvin sign") << QStringLiteral("1\u212A") << QStringLiteral("1\u212A");
+    QTest::newRow("Kelvin sign") << "1\u212A"
+                                 << "1\u212A";
 }
 
 void tst_UnitText::multipliesTheLetterOut()

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/WheelAccumulator.h"
+#include "tests/support/Columns.h"
 #include "tests/support/TestObject.h"
 
 #include <QApplication>
@@ -54,8 +55,7 @@ private Q_SLOTS:
 
 void tst_WheelAccumulator::readsTheLargerComponent_data()
 {
-    QTest::addColumn<QPoint>("angle");
-    QTest::addColumn<int>("delta");
+    addColumns<QPoint, int>("angle", "delta");
     QTest::newRow("vertical") << QPoint(0, 120) << 120;
     QTest::newRow("horizontal") << QPoint(-120, 0) << -120;
     QTest::newRow("more x") << QPoint(-30, 20) << -30;
@@ -80,10 +80,7 @@ void tst_WheelAccumulator::followsTheWheelWhereTheSystemInvertsIt()
 
 void tst_WheelAccumulator::keepsTheRemainder_data()
 {
-    QTest::addColumn<int>("delta");
-    QTest::addColumn<int>("divisor");
-    QTest::addColumn<int>("steps");
-    QTest::addColumn<int>("remainder");
+    addColumns<int, int, int, int>("delta", "divisor", "steps", "remainder");
     QTest::newRow("less") << 119 << 120 << 0 << 119;
     QTest::newRow("just") << 120 << 120 << 1 << 0;
     QTest::newRow("more") << 250 << 120 << 2 << 10;
@@ -133,10 +130,7 @@ void tst_WheelAccumulator::addsUpFineMovements()
 
 void tst_WheelAccumulator::makesSteps_data()
 {
-    QTest::addColumn<int>("notches");
-    QTest::addColumn<int>("valueStep");
-    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
-    QTest::addColumn<int>("steps");
+    addColumns<int, int, Qt::KeyboardModifiers, int>("notches", "valueStep", "modifiers", "steps");
     const Qt::KeyboardModifiers none;
     const Qt::KeyboardModifiers shift = Qt::ShiftModifier;
     QTest::newRow("one") << 3 << 1 << none << 3;

@@ -14,6 +14,7 @@
 #include <QDesignerWidgetBoxInterface>
 #include <QExtensionManager>
 #include <QFile>
+#include <QMetaProperty>
 
 #include <memory>
 
@@ -78,47 +79,33 @@ void tst_DesignerForms::savesAFormToTheLetter()
 
 void tst_DesignerForms::offersEveryPropertyForEditing_data()
 {
-    QTest::addColumn<QStringList>("properties");
-    const auto row = [](const char* name, const char* properties) {
-        QTest::newRow(name) << QString::fromLatin1(properties).split(QLatin1Char(' '));
-    };
-    row("knob", "startAngle spanAngle inside outside thick shadowBlur knobDisableOpacity knobSvg "
-                "shadowSvg backgroundSvg knobType operationType valueChangeStep");
-    row("fader", "orientation shadowBlur knobDisableOpacity knobSvg shadowSvg backgroundSvg "
-                 "enableDoubleClick reverse operationType");
-    row("textEdit", "string postfix expandUnit alignment textTrim textLeftMargin textRightMargin "
-                    "textMaxLength");
-    row("pushButton", "shadowBlur buttonDisableOpacity buttonSvg pushButtonSvg shadowSvg "
-                      "pushShadowSvg iconSvg onIconSvg onButtonSvg onPushButtonSvg textLeftMargin "
-                      "textRightMargin textTopMargin textBottomMargin svgAlignment textAlignment "
-                      "opacity checkTrigger");
-    row("pullDownButton", "buttonSvg checkTrigger textList emptyText invisibleText autoPullDown "
-                          "indexWidth indexMargin indexOrigin");
-    row("buttonGroup", "enableDefaultSet");
-    row("meter", "meterLeftMargin meterRightMargin meterTopMargin meterBottomMargin "
-                 "meterOverMargin meterOverHeight meterType");
-    row("peakMeter", "meterType meterPeakHeight");
-    row("roundMeter", "meterType meterWidth meterOverWidth meterOverBackgroundWidth "
-                      "meterOverBackgroundHeight");
-    row("gainReductionMeter", "meterType meterWidth");
-    row("svgLabel", "svg disableSvgRenderer opacity");
-    row("channelNameEdit", "defaultName elideMargin");
+    QTest::addColumn<QString>("name");
+    for (const char* name :
+         {"knob", "fader", "textEdit", "pushButton", "pullDownButton", "buttonGroup", "meter",
+          "peakMeter", "roundMeter", "gainReductionMeter", "svgLabel", "channelNameEdit"})
+        QTest::newRow(name) << name;
 }
 
 void tst_DesignerForms::offersEveryPropertyForEditing()
 {
-    QFETCH(QStringList, properties);
+    QFETCH(QString, name);
     const auto window = openForm();
-    QObject* widget = window->findChild<QWidget*>(QString::fromLatin1(QTest::currentDataTag()));
+    QObject* widget = window->findChild<QWidget*>(name);
     QVERIFY(widget);
     const auto* sheet =
         qt_extension<QDesignerPropertySheetExtension*>(m_designer->extensionManager(), widget);
     QVERIFY(sheet);
-    for (const QString& property : properties) {
-        const int index = sheet->indexOf(property);
-        QVERIFY2(index >= 0, qPrintable(property));
-        QVERIFY2(sheet->isVisible(index) && sheet->isEnabled(index), qPrintable(property));
+    int ownProperties = 0;
+    const QMetaObject* type = widget->metaObject();
+    for (; type->className()[0] != 'Q'; type = type->superClass()) {
+        for (int i = type->propertyOffset(); i < type->propertyCount(); ++i, ++ownProperties) {
+            const char* property = type->property(i).name();
+            const int index = sheet->indexOf(QString::fromLatin1(property));
+            QVERIFY2(index >= 0, property);
+            QVERIFY2(sheet->isVisible(index) && sheet->isEnabled(index), property);
+        }
     }
+    QVERIFY(ownProperties > 0);
 }
 
 void tst_DesignerForms::savesEdits()
