@@ -3,6 +3,7 @@
 
 #include "controls/AbstractController.h"
 #include "controls/ControlAccessible.h"
+#include "tests/support/AnnouncementListener.h"
 #include "tests/support/TestHost.h"
 
 #include <QAccessible>
@@ -178,20 +179,11 @@ inline QStringList ownMethods(const QMetaObject& meta)
 class Announcements
 {
 public:
-    Announcements()
-    {
-        s_list.clear();
-        CommonController_MemAPI::setAnnouncer(note);
-    }
-    ~Announcements() { CommonController_MemAPI::setAnnouncer(nullptr); }
-    Announcements(const Announcements&) = delete;
-    Announcements& operator=(const Announcements&) = delete;
-
     /// Those of \a object, in order.
     QList<QVariant> values(const QObject& object) const
     {
         QList<QVariant> values;
-        for (const auto& [source, value] : std::as_const(s_list)) {
+        for (const auto& [source, value] : std::as_const(m_list)) {
             if (source == &object)
                 values.append(value);
         }
@@ -199,14 +191,15 @@ public:
     }
 
 private:
-    static void note(QAccessibleEvent* event)
+    void note(QAccessibleEvent* event)
     {
         if (event->type() == QAccessible::ValueChanged)
-            s_list.append(
+            m_list.append(
                 {event->object(), static_cast<QAccessibleValueChangeEvent*>(event)->value()});
     }
 
-    static inline QList<std::pair<const QObject*, QVariant>> s_list;
+    QList<std::pair<const QObject*, QVariant>> m_list;
+    AnnouncementListener m_listener{[this](QAccessibleEvent* event) { note(event); }};
 };
 
 } // namespace ButtonTesting

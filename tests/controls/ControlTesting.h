@@ -4,6 +4,7 @@
 #include "controls/AbstractController.h"
 #include "controls/ControlAccessible.h"
 #include "interfaces/IMemAPI.h"
+#include "tests/support/AnnouncementListener.h"
 #include "tests/support/TestHost.h"
 
 #include <QAccessible>
@@ -194,27 +195,19 @@ template <class Control, class Action> bool repaints(Control& control, Action ac
 class Announcements
 {
 public:
-    Announcements()
-    {
-        s_values.clear();
-        CommonController_MemAPI::setAnnouncer(note);
-    }
-    ~Announcements() { CommonController_MemAPI::setAnnouncer(nullptr); }
-    Announcements(const Announcements&) = delete;
-    Announcements& operator=(const Announcements&) = delete;
-
     /// The object and its value, in order.
-    static QList<std::pair<const QObject*, QVariant>> values() { return s_values; }
+    QList<std::pair<const QObject*, QVariant>> values() const { return m_values; }
 
 private:
-    static void note(QAccessibleEvent* event)
+    void note(QAccessibleEvent* event)
     {
         if (event->type() == QAccessible::ValueChanged)
-            s_values.append(
+            m_values.append(
                 {event->object(), static_cast<QAccessibleValueChangeEvent*>(event)->value()});
     }
 
-    static inline QList<std::pair<const QObject*, QVariant>> s_values;
+    QList<std::pair<const QObject*, QVariant>> m_values;
+    AnnouncementListener m_listener{[this](QAccessibleEvent* event) { note(event); }};
 };
 
 // Virtual functions --------------------------------------------------------------------------
