@@ -30,9 +30,7 @@ private Q_SLOTS:
     void listFollowsSettings();
     void loadsStateBeforeSettings();
     void savesAndLoadsBitForBit();
-    void savesWhatListShows();
     void screenshotHasTheEditorsSize();
-    void screenshotShowsTheSettings();
     void saysThatThereIsNoDisplay();
     void refusesAMissingPlugin();
     void refusesABadState();
@@ -46,7 +44,6 @@ private Q_SLOTS:
     void headlessRunsListWhatIsHeardOfAChannel();
     void signalsEndAsTheLastWindowDoes_data();
     void signalsEndAsTheLastWindowDoes();
-    void secondProgramSavesNothing();
     void sessionOfAProgramThatCrashedIsFree();
 
 private:
@@ -211,18 +208,6 @@ void tst_zolta_host::savesAndLoadsBitForBit()
     QCOMPARE(stateIn(TestFiles::read(path(second))), stateIn(TestFiles::read(path(first))));
 }
 
-void tst_zolta_host::savesWhatListShows()
-{
-    const ProgramResult result =
-        runWithPlugin("--set fx_rackfx_prm_4=off --set fx_rackfx_prm_3=+20 "
-                      "--set fx_rackfx_prm_2=@300 --save-state relative.state");
-    QCOMPARE(result.code, 0);
-    QCOMPARE(result.output, QString());
-    const QByteArray bytes = TestFiles::read(path(u"relative.state"_s));
-    QCOMPARE(bytes.size(), 116);
-    QCOMPARE(bytes.left(16).toHex(' '), "32 36 32 30 00 00 00 00 3f 80 00 00 3e 80 00 00"_ba);
-}
-
 void tst_zolta_host::screenshotHasTheEditorsSize()
 {
     const QString file = path(u"shot.png"_s);
@@ -234,17 +219,6 @@ void tst_zolta_host::screenshotHasTheEditorsSize()
         QCOMPARE(result.errors, QString());
         QCOMPARE(QImage(file).size(), size);
     }
-}
-
-void tst_zolta_host::screenshotShowsTheSettings()
-{
-    const QString file = path(u"settings.png"_s);
-    const ProgramResult result =
-        runWithPlugin("--set fx_rackfx_prm_3=+20 --set fx_rackfx_prm_7=-20 --screenshot", file);
-    QCOMPARE(result.code, 0);
-    const QImage picture(file);
-    QCOMPARE(picture.pixelColor(int(2.5 * 400 / 27), 3), QColor(0x03, 0x94, 0xD0));
-    QCOMPARE(picture.pixelColor(int(6.5 * 400 / 27), 236), QColor(0x2a, 0x2e, 0x34));
 }
 
 void tst_zolta_host::speaksTheLanguageAskedFor()
@@ -417,26 +391,6 @@ void tst_zolta_host::signalsEndAsTheLastWindowDoes()
     const QJsonObject saved = QJsonDocument::fromJson(TestFiles::read(file)).object();
     QCOMPARE(saved[u"editors"_s].toArray().size(), 1);
     QVERIFY(!QFile::exists(file + u".lock"_s));
-}
-
-void tst_zolta_host::secondProgramSavesNothing()
-{
-    const QString file = path(u"shared.json"_s);
-    const auto arguments = [&file](const char* gain) {
-        return QStringList{u"--session"_s, file, u"--set"_s,
-                           u"fx_rackfx_prm_3="_s + QLatin1String(gain)};
-    };
-    QProcess first;
-    startWindows(&first, arguments("+6"));
-    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(file + u".lock"_s), 60000);
-    QProcess second;
-    startWindows(&second, arguments("-6"));
-    QCOMPARE(end(&second, SIGTERM),
-             u"zolta-host: Another program has the session %1 open, as its lock file "
-             "%1.lock says. Changes made here will not be saved."_s.arg(file));
-    QVERIFY(!QFile::exists(file));
-    QCOMPARE(end(&first, SIGTERM), QString());
-    QCOMPARE(lowGainIn(file), u"+6.0"_s);
 }
 
 void tst_zolta_host::sessionOfAProgramThatCrashedIsFree()

@@ -63,7 +63,6 @@ private Q_SLOTS:
     void readingChangesNoFile();
     void missingKeysKeepDefaults();
     void unknownKeysAreKept();
-    void failedWriteLeavesTheOldFile();
     void failedWriteAsksBeforeTheLastWindowCloses();
     void failedWriteAsksBeforeTheProgramEnds();
     void unchangedSessionIsNotWritten();
@@ -409,26 +408,6 @@ void tst_MixerSession::unknownKeysAreKept()
     QCOMPARE(first[u"icon"_s].toArray(), QJsonArray{1});
     QCOMPARE(first[u"name"_s].toString(), u"New"_s);
     QCOMPARE(saved()[u"mixer"_s][u"skin"_s].toInt(), 3);
-}
-
-// The file is written beside the old one first; where that does not work, the old one stays whole.
-void tst_MixerSession::failedWriteLeavesTheOldFile()
-{
-    QString said;
-    MixerSession session(*m_mixer, [&said](const QString& error) { said = error; });
-    QVERIFY(session.open(m_file).isOk());
-    QVERIFY(session.save());
-    const QByteArray before = TestFiles::read(m_file);
-    const QString folder = QFileInfo(m_file).path();
-    const QString moved = m_folder->filePath(u"moved"_s);
-    QVERIFY(QDir().rename(folder, moved));
-    TestFiles::write(folder, "a file in the folder's place");
-    m_mixer->mixerModel.setName(0, u"Changed"_s);
-    QVERIFY(!session.save());
-    QVERIFY2(said.contains(u"cannot be written"_s), qPrintable(said));
-    QCOMPARE(TestFiles::read(moved + u"/session.json"_s), before);
-    QCOMPARE(TestFiles::read(folder), "a file in the folder's place"_ba);
-    QVERIFY(QFile::remove(folder) && QDir().rename(moved, folder));
 }
 
 void tst_MixerSession::failedWriteAsksBeforeTheLastWindowCloses()
