@@ -451,8 +451,6 @@ void tst_HostMemory::handsOutMeters()
     QCOMPARE(m_log, (QStringList{u"a: fffffda8 0 5"_s, u"c: 1"_s}));
 }
 
-Q_DECLARE_METATYPE(std::function<void(tst_HostMemory&)>)
-
 QTEST_APPLESS_MAIN(tst_HostMemory)
 
 #include "tst_HostMemory.moc"

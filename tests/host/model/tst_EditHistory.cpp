@@ -30,7 +30,6 @@ class tst_EditHistory : public TestObject
 
 private Q_SLOTS:
     void init();
-    void cleanup();
     void aDragIsOneStep();
     void dragOfTwoParametersIsOneStep();
     void dragThatComesBackLeavesNothing();
@@ -65,19 +64,14 @@ private:
 void tst_EditHistory::init()
 {
     TestObject::init();
+    m_window.reset();
+    m_history.reset();
     m_memory = std::make_unique<HostMemory>();
     m_history = std::make_unique<EditHistory>(*m_memory);
     m_window = std::make_unique<QWidget>();
     m_window->resize(300, 300);
     m_window->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
-}
-
-void tst_EditHistory::cleanup()
-{
-    m_window.reset();
-    m_history.reset();
-    m_memory.reset();
 }
 
 template <typename Control>

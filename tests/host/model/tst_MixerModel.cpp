@@ -25,7 +25,6 @@ class tst_MixerModel : public TestObject
 
 private Q_SLOTS:
     void init();
-    void cleanup();
     void namesAreKept();
     void renamingIsAStep();
     void leaderOfAPair();
@@ -60,14 +59,9 @@ private:
 void tst_MixerModel::init()
 {
     TestObject::init();
+    m_mixerModel.reset();
     m_memory = std::make_unique<HostMemory>();
     m_mixerModel = std::make_unique<MixerModel>(*m_memory);
-}
-
-void tst_MixerModel::cleanup()
-{
-    m_mixerModel.reset();
-    m_memory.reset();
 }
 
 void tst_MixerModel::put(int channel, std::size_t parameter, int value)
