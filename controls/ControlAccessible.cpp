@@ -45,12 +45,6 @@ QAccessibleInterface* makeAccessible(const QString& className, QObject* object)
     return entry.make(static_cast<QWidget*>(object));
 }
 
-Announcer& currentAnnouncer()
-{
-    static Announcer announcer = nullptr;
-    return announcer;
-}
-
 /// Names as Qt finds them for any widget.
 class WidgetName final : public QAccessibleWidget
 {
@@ -146,16 +140,10 @@ QString controlName(QWidget* control, const AbstractController& controller)
 
 void announceValue(QWidget* control, int value)
 {
-    const Announcer announcer = currentAnnouncer();
-    if (!announcer && !QAccessible::isActive())
+    if (!QAccessible::isActive())
         return;
     QAccessibleValueChangeEvent event(control, value);
-    if (announcer)
-        announcer(&event);
-    else
-        QAccessible::updateAccessibility(&event);
+    QAccessible::updateAccessibility(&event);
 }
-
-void setAnnouncer(Announcer announcer) { currentAnnouncer() = announcer; }
 
 } // namespace CommonController_MemAPI

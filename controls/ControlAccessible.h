@@ -58,10 +58,4 @@ QString controlName(QWidget* control, const AbstractController& controller);
 /// Tells assistive technology, if any is listening, that \a control now has \a value.
 void announceValue(QWidget* control, int value);
 
-/// Sends all announcements to \a announcer instead, whether or not anyone is listening; null
-/// restores the usual way. For tests: on a platform without a screen nobody ever listens, and Qt
-/// hands events to no one.
-using Announcer = void (*)(QAccessibleEvent* event);
-void setAnnouncer(Announcer announcer);
-
 } // namespace CommonController_MemAPI

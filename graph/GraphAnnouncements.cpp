@@ -4,6 +4,7 @@
 #include "equalizer/EqualizerBands.h"
 #include "graph/HandleText.h"
 
+#include <QAccessible>
 #include <QPointer>
 #include <QWidget>
 
@@ -11,21 +12,10 @@
 
 namespace {
 
-GraphAnnouncements::Announcer& currentAnnouncer()
-{
-    static GraphAnnouncements::Announcer announcer = nullptr;
-    return announcer;
-}
-
-bool isAnyoneListening() { return currentAnnouncer() || QAccessible::isActive(); }
-
 void announce(QAccessibleEvent& event, int band)
 {
     event.setChild(band);
-    if (const auto announcer = currentAnnouncer())
-        announcer(&event);
-    else
-        QAccessible::updateAccessibility(&event);
+    QAccessible::updateAccessibility(&event);
 }
 
 void announceSwitch(QWidget* graph, int band)
@@ -57,7 +47,7 @@ bool haveSameSettings(const Band& a, const Band& b)
 void GraphAnnouncements::changed(QWidget* graph, const EqualizerBands& bands, int band,
                                  const Band& before)
 {
-    if (!isAnyoneListening())
+    if (!QAccessible::isActive())
         return;
     const QPointer<QWidget> alive(graph);
     if (before.on != bands[band].on)
@@ -68,10 +58,8 @@ void GraphAnnouncements::changed(QWidget* graph, const EqualizerBands& bands, in
 
 void GraphAnnouncements::focused(QWidget* graph, int band)
 {
-    if (!isAnyoneListening())
+    if (!QAccessible::isActive())
         return;
     QAccessibleEvent event(graph, QAccessible::Focus);
     announce(event, band);
 }
-
-void GraphAnnouncements::setAnnouncer(Announcer announcer) { currentAnnouncer() = announcer; }

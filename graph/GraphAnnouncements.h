@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QAccessible>
-
 class EqualizerBands;
 class QWidget;
 struct Band;
@@ -16,11 +14,5 @@ namespace GraphAnnouncements {
 void changed(QWidget* graph, const EqualizerBands& bands, int band, const Band& before);
 /// The keyboard's focus is on the handle of \a band; a negative number means the graph itself.
 void focused(QWidget* graph, int band);
-
-/// Sends all announcements to \a announcer instead, whether or not anyone is listening; null
-/// restores the usual way. For tests: on a platform without a screen nobody ever listens, and Qt
-/// hands events to no one.
-using Announcer = void (*)(QAccessibleEvent* event);
-void setAnnouncer(Announcer announcer);
 
 } // namespace GraphAnnouncements

@@ -36,7 +36,6 @@ public:
     void setProducer(std::unique_ptr<MeterProducer> producer);
     /// Off, nothing is read or handed out. On at first.
     void setEnabled(bool enabled);
-    bool isRunning() const { return m_timer.isActive(); }
 
     /// Says what \a viewer shows from now on; call it after its editor has met the memory.
     void show(const void* viewer, const View& view);

@@ -4,6 +4,7 @@
 #include "controls/AbstractController.h"
 #include "controls/ControlAccessible.h"
 #include "interfaces/IMemAPI.h"
+#include "tests/support/AnnouncementListener.h"
 #include "tests/support/TestHost.h"
 
 #include <QAccessible>
@@ -198,20 +199,11 @@ void interrupt(const QString& how, std::unique_ptr<QWidget>& parent, QPointer<Co
 class Announcements
 {
 public:
-    Announcements()
-    {
-        s_values.clear();
-        CommonController_MemAPI::setAnnouncer(note);
-    }
-    ~Announcements() { CommonController_MemAPI::setAnnouncer(nullptr); }
-    Announcements(const Announcements&) = delete;
-    Announcements& operator=(const Announcements&) = delete;
-
     /// Those of \a object, in order.
-    static QList<QVariant> values(const QObject& object)
+    QList<QVariant> values(const QObject& object) const
     {
         QList<QVariant> values;
-        for (const auto& [source, value] : std::as_const(s_values)) {
+        for (const auto& [source, value] : m_values) {
             if (source == &object)
                 values.append(value);
         }
@@ -219,14 +211,15 @@ public:
     }
 
 private:
-    static void note(QAccessibleEvent* event)
+    void note(QAccessibleEvent* event)
     {
         if (event->type() == QAccessible::ValueChanged)
-            s_values.append(
+            m_values.append(
                 {event->object(), static_cast<QAccessibleValueChangeEvent*>(event)->value()});
     }
 
-    static inline QList<std::pair<const QObject*, QVariant>> s_values;
+    QList<std::pair<const QObject*, QVariant>> m_values;
+    AnnouncementListener m_listener{[this](QAccessibleEvent* event) { note(event); }};
 };
 
 // Virtual functions --------------------------------------------------------------------------

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "graph/GraphAnnouncements.h"
 #include "tests/graph/GraphFixture.h"
+#include "tests/support/AnnouncementListener.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -62,28 +62,20 @@ public:
         bool operator==(const Item&) const = default;
     };
 
-    Announcements()
-    {
-        s_items.clear();
-        GraphAnnouncements::setAnnouncer(note);
-    }
-    ~Announcements() { GraphAnnouncements::setAnnouncer(nullptr); }
-    Announcements(const Announcements&) = delete;
-    Announcements& operator=(const Announcements&) = delete;
-
     /// Since the last call.
-    std::vector<Item> take() { return std::exchange(s_items, {}); }
+    std::vector<Item> take() { return std::exchange(m_items, {}); }
 
 private:
-    static void note(QAccessibleEvent* event)
+    void note(QAccessibleEvent* event)
     {
         // What a screen reader is led to has to be there.
         Q_ASSERT(event->accessibleInterface());
         double value = 0.0;
         if (event->type() == QAccessible::ValueChanged)
             value = static_cast<QAccessibleValueChangeEvent*>(event)->value().toDouble();
-        s_items.push_back({event->type(), event->child(), value});
+        m_items.push_back({event->type(), event->child(), value});
     }
 
-    static inline std::vector<Item> s_items;
+    std::vector<Item> m_items;
+    AnnouncementListener m_listener{[this](QAccessibleEvent* event) { note(event); }};
 };

@@ -93,26 +93,16 @@ class AnnouncementDeleter
 {
 public:
     AnnouncementDeleter(Session& session, Victim victim, int n)
-    {
-        s_session = &session;
-        s_victim = victim;
-        s_left = n;
-        GraphAnnouncements::setAnnouncer(hear);
-    }
-    ~AnnouncementDeleter() { GraphAnnouncements::setAnnouncer(nullptr); }
-    AnnouncementDeleter(const AnnouncementDeleter&) = delete;
-    AnnouncementDeleter& operator=(const AnnouncementDeleter&) = delete;
+        : m_left(n)
+        , m_listener([this, &session, victim](QAccessibleEvent*) {
+            if (--m_left == 0)
+                delete victim(session);
+        })
+    {}
 
 private:
-    static void hear(QAccessibleEvent*)
-    {
-        if (--s_left == 0)
-            delete s_victim(*s_session);
-    }
-
-    static inline Session* s_session;
-    static inline Victim s_victim;
-    static inline int s_left;
+    int m_left;
+    AnnouncementListener m_listener;
 };
 
 const std::vector<std::pair<const char*, Victim>> Victims = {

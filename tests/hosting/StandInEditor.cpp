@@ -10,6 +10,8 @@
 #include <QPainter>
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int designWidth = 400;
@@ -31,7 +33,7 @@ StandInEditor::~StandInEditor()
 
 void StandInEditor::setMemAPI(IMemAPI* memAPI)
 {
-    log(memAPI ? QStringLiteral("setMemAPI") : QStringLiteral("setMemAPI null"));
+    log(memAPI ? u"setMemAPI"_s : u"setMemAPI null"_s);
     bind(false);
     IMeterNotifier* meters = nullptr;
     if (m_memory && m_memory->queryMeterNotifier(&meters) >= 0)
@@ -45,39 +47,33 @@ void StandInEditor::setMemAPI(IMemAPI* memAPI)
 
 void StandInEditor::setModelInfo(IModelInfo* modelInfo)
 {
-    log(QStringLiteral("setModelInfo"));
+    log(u"setModelInfo"_s);
     m_model = modelInfo;
     m_component.setModelInfo(modelInfo);
 }
 
 void StandInEditor::setCh(int ch, int ch2)
 {
-    log(QStringLiteral("setCh %1 %2").arg(ch).arg(ch2));
+    log(u"setCh %1 %2"_s.arg(ch).arg(ch2));
     bind(false);
     m_channel = ch;
     m_component.setCh(ch);
     bind(true);
 }
 
-void StandInEditor::setStereo(bool stereo) { log(QStringLiteral("setStereo %1").arg(stereo)); }
+void StandInEditor::setStereo(bool stereo) { log(u"setStereo %1"_s.arg(stereo)); }
 
-void StandInEditor::setFs(int fs) { log(QStringLiteral("setFs %1").arg(fs)); }
+void StandInEditor::setFs(int fs) { log(u"setFs %1"_s.arg(fs)); }
 
-void StandInEditor::setOn(bool on) { log(QStringLiteral("setOn %1").arg(on)); }
+void StandInEditor::setOn(bool on) { log(u"setOn %1"_s.arg(on)); }
 
-void StandInEditor::setDialEditMode(int mode)
-{
-    log(QStringLiteral("setDialEditMode %1").arg(mode));
-}
+void StandInEditor::setDialEditMode(int mode) { log(u"setDialEditMode %1"_s.arg(mode)); }
 
-void StandInEditor::setSliderEditMode(int mode)
-{
-    log(QStringLiteral("setSliderEditMode %1").arg(mode));
-}
+void StandInEditor::setSliderEditMode(int mode) { log(u"setSliderEditMode %1"_s.arg(mode)); }
 
 void StandInEditor::setScale(double scale)
 {
-    log(QStringLiteral("setScale %1").arg(scale));
+    log(u"setScale %1"_s.arg(scale));
     m_scale = scale;
     resize(static_cast<int>(designWidth * scale + 0.5),
            static_cast<int>(designHeight * scale + 0.5));
@@ -85,17 +81,13 @@ void StandInEditor::setScale(double scale)
 
 void StandInEditor::setEditorSettings(const QMap<QString, QVariant>& settings)
 {
-    log(QStringLiteral("setEditorSettings"));
+    log(u"setEditorSettings"_s);
     setProperty("settings", settings);
 }
 
 int StandInEditor::Update(unsigned short parameter, unsigned short ch, int value, const char* text)
 {
-    log(QStringLiteral("Update %1 %2 %3 %4")
-            .arg(parameter)
-            .arg(ch)
-            .arg(value)
-            .arg(QString::fromUtf8(text)));
+    log(u"Update %1 %2 %3 %4"_s.arg(parameter).arg(ch).arg(value).arg(QString::fromUtf8(text)));
     update();
     return 0;
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "hosting/HostModel.h"
+#include "parameters/StripTable.h"
 #include "tests/support/TestObject.h"
 
 #include <set>
@@ -10,50 +11,42 @@ class tst_HostModel : public TestObject
 
 private Q_SLOTS:
     void listsEightChannels();
-    void leavesUnknownChannelAlone();
     void findsAllParameters();
-    void refusesUnknownParameters_data();
-    void refusesUnknownParameters();
-    void describesMeters_data();
+    void refusesUnknownNames_data();
+    void refusesUnknownNames();
     void describesMeters();
-    void metersDoNotOverlap();
-    void refusesUnknownMeters();
+    void refusesUnknownIndices();
     void toleratesNullPointers();
+
+private:
+    HostModel m_model;
 };
 
 void tst_HostModel::listsEightChannels()
 {
-    HostModel model;
-    QCOMPARE(model.getChannelCount(), 8);
+    QCOMPARE(m_model.getChannelCount(), 8);
+    unsigned short attribute = 0;
+    unsigned short channel = 99;
     for (unsigned int position = 0; position < 8; ++position) {
-        unsigned short attribute = 0;
-        unsigned short channel = 99;
-        model.getChannelEntry(&attribute, &channel, position);
+        m_model.getChannelEntry(&attribute, &channel, position);
         QCOMPARE(channel, position);
     }
-}
-
-void tst_HostModel::leavesUnknownChannelAlone()
-{
-    HostModel model;
-    unsigned short attribute = 77;
-    unsigned short channel = 88;
-    model.getChannelEntry(&attribute, &channel, 8);
+    attribute = 77;
+    m_model.getChannelEntry(&attribute, &channel, 8);
     QCOMPARE(attribute, 77);
-    QCOMPARE(channel, 88);
+    QCOMPARE(channel, 7);
 }
 
 void tst_HostModel::findsAllParameters()
 {
-    HostModel model;
     std::set<unsigned short> ids;
     for (int number = 1; number <= 27; ++number) {
         unsigned short index = 999;
         unsigned short id = 0;
         unsigned short second = 0;
-        QVERIFY(
-            model.findParameter(&index, QByteArray("fx_rackfx_prm_" + QByteArray::number(number))));
-        QVERIFY(model.getParameterAddress(&id, &second, index));
+        const QByteArray name = "fx_rackfx_prm_" + QByteArray::number(number);
+        QVERIFY(m_model.findParameter(&index, name.constData()));
+        QVERIFY(m_model.getParameterAddress(&id, &second, index));
         QCOMPARE(id, 0x0100 + number);
         QVERIFY(second != 0 && second != id);
         ids.insert(id);
@@ -61,86 +54,63 @@ void tst_HostModel::findsAllParameters()
     QCOMPARE(ids.size(), 27U);
 }
 
-void tst_HostModel::refusesUnknownParameters_data()
+void tst_HostModel::refusesUnknownNames_data()
 {
     QTest::addColumn<QByteArray>("name");
+    const auto row = [](const char* name) { QTest::addRow("\"%s\"", name) << QByteArray(name); };
     for (const char* name : {"", "fx_rackfx_prm_0", "fx_rackfx_prm_28", "fx_rackfx_prm_",
-                             "FX_RACKFX_PRM_1", "fx_rackfx_prm_1 ", "meter_oxa_snd"})
-        QTest::addRow("\"%s\"", name) << QByteArray(name);
+                             "FX_RACKFX_PRM_1", "fx_rackfx_prm_1 ", "meter_oxa"})
+        row(name);
+    for (const StripEntry& entry : stripTable)
+        row(entry.key);
 }
 
-void tst_HostModel::refusesUnknownParameters()
+void tst_HostModel::refusesUnknownNames()
 {
     QFETCH(const QByteArray, name);
-    HostModel model;
     unsigned short index = 123;
-    QVERIFY(!model.findParameter(&index, name.constData()));
+    QVERIFY(!m_model.findParameter(&index, name.constData()));
+    QVERIFY(!m_model.findMeter(&index, name.constData()));
     QCOMPARE(index, 123);
-}
-
-void tst_HostModel::describesMeters_data()
-{
-    QTest::addColumn<QByteArray>("name");
-    QTest::addColumn<int>("expectedBase");
-    QTest::newRow("input") << QByteArray("meter_oxa_snd") << 0;
-    QTest::newRow("output") << QByteArray("meter_oxa_rtn") << 16;
 }
 
 void tst_HostModel::describesMeters()
 {
-    QFETCH(const QByteArray, name);
-    QFETCH(const int, expectedBase);
-    HostModel model;
-    unsigned short index = 999;
-    unsigned short base = 999;
-    unsigned short count = 0;
-    QVERIFY(model.findMeter(&index, name.constData()));
-    QVERIFY(model.getMeterRange(&base, &count, index));
-    QCOMPARE(base, expectedBase);
-    QCOMPARE(count, 8);
-    QVERIFY(base + 2 * (count - 1) + 1 < static_cast<int>(HostModel::meterWordCount));
-}
-
-void tst_HostModel::metersDoNotOverlap()
-{
-    HostModel model;
-    std::set<int> positions;
-    for (unsigned short meter = 0; meter < 2; ++meter) {
-        unsigned short base = 0;
+    int expected = 0;
+    for (const char* name : {"meter_oxa_snd", "meter_oxa_rtn"}) {
+        unsigned short index = 999;
+        unsigned short base = 999;
         unsigned short count = 0;
-        QVERIFY(model.getMeterRange(&base, &count, meter));
-        for (int i = 0; i < 2 * count; ++i)
-            QVERIFY(positions.insert(base + i).second);
+        QVERIFY(!m_model.findParameter(&index, name));
+        QVERIFY(m_model.findMeter(&index, name));
+        QVERIFY(m_model.getMeterRange(&base, &count, index));
+        QCOMPARE(base, expected);
+        QCOMPARE(count, 8);
+        expected += 2 * count;
     }
+    QCOMPARE(HostModel::meterWordCount, 32U);
 }
 
-void tst_HostModel::refusesUnknownMeters()
+void tst_HostModel::refusesUnknownIndices()
 {
-    HostModel model;
-    unsigned short index = 5;
-    QVERIFY(!model.findMeter(&index, "meter_oxa"));
-    QVERIFY(!model.findMeter(&index, ""));
-    QCOMPARE(index, 5);
-    unsigned short base = 6;
-    unsigned short count = 7;
-    QVERIFY(!model.getMeterRange(&base, &count, 2));
-    QCOMPARE(base, 6);
-    QCOMPARE(count, 7);
-    QVERIFY(!model.getParameterAddress(&base, &count, 27));
-    QCOMPARE(base, 6);
+    unsigned short first = 6;
+    unsigned short second = 7;
+    QVERIFY(!m_model.getMeterRange(&first, &second, 2));
+    QVERIFY(!m_model.getParameterAddress(&first, &second, 27));
+    QCOMPARE(first, 6);
+    QCOMPARE(second, 7);
 }
 
 void tst_HostModel::toleratesNullPointers()
 {
-    HostModel model;
     unsigned short index = 0;
-    QVERIFY(!model.findParameter(nullptr, "fx_rackfx_prm_1"));
-    QVERIFY(!model.findParameter(&index, nullptr));
-    QVERIFY(!model.findMeter(nullptr, "meter_oxa_snd"));
-    QVERIFY(!model.findMeter(&index, nullptr));
-    QVERIFY(model.getParameterAddress(nullptr, nullptr, 0));
-    QVERIFY(model.getMeterRange(nullptr, nullptr, 0));
-    model.getChannelEntry(nullptr, nullptr, 0);
+    QVERIFY(!m_model.findParameter(nullptr, "fx_rackfx_prm_1"));
+    QVERIFY(!m_model.findParameter(&index, nullptr));
+    QVERIFY(!m_model.findMeter(nullptr, "meter_oxa_snd"));
+    QVERIFY(!m_model.findMeter(&index, nullptr));
+    QVERIFY(m_model.getParameterAddress(nullptr, nullptr, 0));
+    QVERIFY(m_model.getMeterRange(nullptr, nullptr, 0));
+    m_model.getChannelEntry(nullptr, nullptr, 0);
 }
 
 QTEST_APPLESS_MAIN(tst_HostModel)

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "hosting/LockedFile.h"
 #include "hosting/OutputFile.h"
+#include "tests/support/TestFiles.h"
 #include "tests/support/TestObject.h"
 
-#include <QDir>
 #include <QTemporaryDir>
 
 #include <csignal>
@@ -14,16 +14,16 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 class tst_OutputFile : public TestObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void init();
-    void linksAreFollowed_data();
     void linksAreFollowed();
     void loopOfLinksIsAnError();
-    void keepsTheMode_data();
     void keepsTheMode();
     void keepsTheGroup();
     void removesWhatAKilledProgramLeft();
@@ -32,9 +32,7 @@ private Q_SLOTS:
 
 private:
     QString path(const char* name) const { return m_folder->filePath(QLatin1String(name)); }
-    QStringList names() const;
-    static QByteArray contentOf(const QString& file);
-    static void put(const QString& file, const QByteArray& bytes);
+    QStringList names() const { return TestFiles::namesIn(m_folder->path()); }
     static struct stat statusOf(const QString& file);
     QString strayDraft() const;
 
@@ -47,24 +45,6 @@ void tst_OutputFile::init()
     m_folder = std::make_unique<QTemporaryDir>();
 }
 
-QStringList tst_OutputFile::names() const
-{
-    return QDir(m_folder->path())
-        .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
-}
-
-QByteArray tst_OutputFile::contentOf(const QString& file)
-{
-    QFile input(file);
-    return input.open(QIODevice::ReadOnly) ? input.readAll() : QByteArray();
-}
-
-void tst_OutputFile::put(const QString& file, const QByteArray& bytes)
-{
-    QFile output(file);
-    QVERIFY(output.open(QIODevice::WriteOnly) && output.write(bytes) == bytes.size());
-}
-
 struct stat tst_OutputFile::statusOf(const QString& file)
 {
     struct stat status = {};
@@ -72,22 +52,14 @@ struct stat tst_OutputFile::statusOf(const QString& file)
     return status;
 }
 
-void tst_OutputFile::linksAreFollowed_data()
-{
-    QTest::addColumn<bool>("exists");
-    QTest::newRow("to a file") << true;
-    QTest::newRow("to nothing yet") << false;
-}
-
 void tst_OutputFile::linksAreFollowed()
 {
-    QFETCH(const bool, exists);
-    if (exists)
-        put(path("target"), "old");
-    QVERIFY(QFile::link(QStringLiteral("target"), path("second")));
+    QVERIFY(QFile::link(u"target"_s, path("second"))); // there is no target yet
     QVERIFY(QFile::link(path("second"), path("first")));
-    QCOMPARE(writeFile(path("first"), "new").error(), QString());
-    QCOMPARE(contentOf(path("target")), QByteArray("new"));
+    for (const QByteArray& bytes : {"first"_ba, "second"_ba}) {
+        QCOMPARE(writeFile(path("first"), bytes).error(), QString());
+        QCOMPARE(TestFiles::read(path("target")), bytes);
+    }
     QVERIFY(QFileInfo(path("first")).isSymLink() && QFileInfo(path("second")).isSymLink());
     QVERIFY(!QFileInfo(path("target")).isSymLink());
 }
@@ -97,33 +69,26 @@ void tst_OutputFile::loopOfLinksIsAnError()
     QVERIFY(QFile::link(path("b"), path("a")));
     QVERIFY(QFile::link(path("a"), path("b")));
     QCOMPARE(writeFile(path("a"), "new").error(),
-             QStringLiteral("The file %1 cannot be written: Too many levels of symbolic links.")
-                 .arg(path("a")));
+             u"The file %1 cannot be written: Too many levels of symbolic links."_s.arg(path("a")));
     QVERIFY(QFileInfo(path("a")).isSymLink() && QFileInfo(path("b")).isSymLink());
     QCOMPARE(names().size(), 2);
 }
 
-void tst_OutputFile::keepsTheMode_data()
-{
-    QTest::addColumn<uint>("mode");
-    for (const uint mode : {0600U, 0640U, 0664U, 0755U})
-        QTest::addRow("%o", mode) << mode;
-}
-
 void tst_OutputFile::keepsTheMode()
 {
-    QFETCH(const uint, mode);
-    put(path("file"), "old");
-    QCOMPARE(::chmod(QFile::encodeName(path("file")).constData(), mode), 0);
-    QCOMPARE(writeFile(path("file"), "new").error(), QString());
-    QCOMPARE(statusOf(path("file")).st_mode & 07777U, mode);
+    TestFiles::write(path("file"), "old");
+    for (const uint mode : {0600U, 0640U, 0664U, 0755U}) {
+        QCOMPARE(::chmod(QFile::encodeName(path("file")).constData(), mode), 0);
+        QCOMPARE(writeFile(path("file"), "new").error(), QString());
+        QCOMPARE(statusOf(path("file")).st_mode & 07777U, mode);
+    }
 }
 
 void tst_OutputFile::keepsTheGroup()
 {
     if (::geteuid() != 0)
         QSKIP("only root may give files to any group");
-    put(path("file"), "old");
+    TestFiles::write(path("file"), "old");
     QCOMPARE(::chown(QFile::encodeName(path("file")).constData(), 12, 34), 0);
     QCOMPARE(writeFile(path("file"), "new").error(), QString());
     QCOMPARE(statusOf(path("file")).st_uid, 12U);
@@ -151,8 +116,8 @@ void tst_OutputFile::removesWhatAKilledProgramLeft()
 {
     QVERIFY(!strayDraft().isEmpty());
     QCOMPARE(writeFile(path("pipe-fed"), "new").error(), QString());
-    QCOMPARE(names(), QStringList(QStringLiteral("pipe-fed")));
-    QCOMPARE(contentOf(path("pipe-fed")), QByteArray("new"));
+    QCOMPARE(names(), QStringList(u"pipe-fed"_s));
+    QCOMPARE(TestFiles::read(path("pipe-fed")), "new"_ba);
 }
 
 void tst_OutputFile::leavesTheDraftOfARunningProgramAlone()
@@ -161,8 +126,7 @@ void tst_OutputFile::leavesTheDraftOfARunningProgramAlone()
     const LockedFile running(QFile::encodeName(m_folder->filePath(draft)).toStdString(), O_RDONLY);
     QVERIFY(running.isOpen());
     QCOMPARE(writeFile(path("pipe-fed"), "new").error(),
-             QStringLiteral("The file %1 cannot be written: Device or resource busy.")
-                 .arg(path("pipe-fed")));
+             u"The file %1 cannot be written: Device or resource busy."_s.arg(path("pipe-fed")));
     QCOMPARE(names(), QStringList(draft));
 }
 
@@ -170,7 +134,7 @@ void tst_OutputFile::leavesAPipeAlone()
 {
     QCOMPARE(::mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
     QVERIFY(!writeFile(path("pipe"), "new").isOk());
-    QCOMPARE(names(), QStringList(QStringLiteral("pipe")));
+    QCOMPARE(names(), QStringList(u"pipe"_s));
 }
 
 QTEST_APPLESS_MAIN(tst_OutputFile)

@@ -2,15 +2,16 @@
 #include "hosting/StateFile.h"
 #include "parameters/ParameterTable.h"
 #include "tests/hosting/StateBytes.h"
+#include "tests/support/TestFiles.h"
 #include "tests/support/TestObject.h"
 
-#include <QDir>
 #include <QTemporaryDir>
 
 #include <csignal>
 #include <limits>
 #include <sys/resource.h>
 
+using namespace Qt::StringLiterals;
 using namespace StateBytes;
 
 class tst_StateFile : public TestObject
@@ -18,96 +19,69 @@ class tst_StateFile : public TestObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void readsAState();
-    void readsAPreset();
+    void reads_data();
+    void reads();
     void formatIsToldByContentNotByName();
-    void lastEntryMeansNothing();
-    void endsOfTheRangeAreFine();
     void saysWhatIsWrong_data();
     void saysWhatIsWrong();
     void saysWhatCannotBeRead();
-    void everyTruncationIsRefused_data();
     void everyTruncationIsRefused();
     void hostilePresetsAreRefused_data();
     void hostilePresetsAreRefused();
     void everyEntryIsChecked();
-    void writesAState();
-    void writesAPreset();
-    void writtenFilesLoadBack_data();
-    void writtenFilesLoadBack();
+    void writesWhatItReads_data();
+    void writesWhatItReads();
     void failedWritesSayWhy();
     void interruptedWriteKeepsTheOldFile();
 
 private:
-    static QString write(const QString& name, const QByteArray& bytes);
-    static QByteArray contentOf(const QString& file);
+    static QString path(const char* name) { return s_folder.filePath(QLatin1String(name)); }
     static Result<QByteArray> decode(const QByteArray& bytes);
 
     static inline QTemporaryDir s_folder;
 };
 
-QString tst_StateFile::write(const QString& name, const QByteArray& bytes)
-{
-    QFile file(s_folder.filePath(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("cannot write %s", qPrintable(file.fileName()));
-    return file.fileName();
-}
-
-QByteArray tst_StateFile::contentOf(const QString& name)
-{
-    QFile file(name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-}
-
 Result<QByteArray> tst_StateFile::decode(const QByteArray& bytes)
 {
-    return StateFile::decode(bytes, ZoltaComponent::classId(), QStringLiteral("a file"));
+    return StateFile::decode(bytes, ZoltaComponent::classId(), u"a file"_s);
 }
 
-void tst_StateFile::readsAState()
+void tst_StateFile::reads_data()
 {
-    const QString file = write(QStringLiteral("plain.state"), state(0.25F));
-    const Result<QByteArray> result = StateFile(file).read();
-    QCOMPARE(result.error(), QString());
-    QCOMPARE(result.value(), state(0.25F));
-}
-
-void tst_StateFile::readsAPreset()
-{
-    const Result<QByteArray> result = decode(presetOf(state(0.75F)));
-    QCOMPARE(result.error(), QString());
-    QCOMPARE(result.value(), state(0.75F));
-    QCOMPARE(decode(presetOf(state(), classId.toLower())).value(), state());
-
-    // Other chunks around it do not matter.
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QByteArray>("expected");
+    const auto row = [](const char* name, const QByteArray& bytes, const QByteArray& expected) {
+        QTest::newRow(name) << bytes << expected;
+    };
+    const float smallest = std::numeric_limits<float>::denorm_min();
+    for (const float value : {0.0F, -0.0F, 0.25F, 1.0F, smallest})
+        row("state", state(value), state(value));
+    row("preset", presetOf(state(0.75F)), state(0.75F));
+    row("class id in small letters", presetOf(state(), classId.toLower()), state());
     const QByteArray body = "<?xml?>" + state() + "end";
-    const QByteArray several =
-        preset(body, {{"Info", 48, 7}, {"Comp", 55, 116}, {"Cont", 171, 3}}, 48 + body.size(), 3);
-    QCOMPARE(decode(several).value(), state());
+    row("other chunks around it",
+        preset(body, {{"Info", 48, 7}, {"Comp", 55, 116}, {"Cont", 171, 3}}, 48 + body.size(), 3),
+        state());
+    for (const float value : {1.0F, -3.0F, std::numeric_limits<float>::quiet_NaN()}) {
+        const QByteArray bytes = stateWith(27, bigEndianFloat(value));
+        row("last entry, which means nothing", bytes, bytes);
+    }
+}
+
+void tst_StateFile::reads()
+{
+    QFETCH(const QByteArray, bytes);
+    const Result<QByteArray> result = decode(bytes);
+    QCOMPARE(result.error(), QString());
+    QTEST(result.value(), "expected");
 }
 
 void tst_StateFile::formatIsToldByContentNotByName()
 {
-    const QString plain = write(QStringLiteral("really-plain.vstpreset"), state());
-    const QString wrapped = write(QStringLiteral("really-preset.state"), presetOf(state()));
-    QCOMPARE(StateFile(plain).read().value(), state());
-    QCOMPARE(StateFile(wrapped).read().value(), state());
-}
-
-void tst_StateFile::lastEntryMeansNothing()
-{
-    const float nan = std::numeric_limits<float>::quiet_NaN();
-    for (const float value : {1.0F, -3.0F, nan}) {
-        const QByteArray bytes = stateWith(27, bigEndianFloat(value));
-        QCOMPARE(decode(bytes).value(), bytes);
+    for (const QByteArray& bytes : {state(), presetOf(state())}) {
+        for (const char* name : {"any.vstpreset", "any.state"})
+            QCOMPARE(StateFile(TestFiles::write(path(name), bytes)).read().value(), state());
     }
-}
-
-void tst_StateFile::endsOfTheRangeAreFine()
-{
-    for (const float value : {0.0F, -0.0F, 1.0F, std::numeric_limits<float>::denorm_min()})
-        QCOMPARE(decode(state(value)).value(), state(value));
 }
 
 void tst_StateFile::saysWhatIsWrong_data()
@@ -170,36 +144,25 @@ void tst_StateFile::saysWhatIsWrong()
 {
     QFETCH(const QByteArray, bytes);
     QFETCH(const QString, expected);
-    const QString file = write(QStringLiteral("wrong.state"), bytes);
-    const Result<QByteArray> result = StateFile(file).read();
-    QCOMPARE(result.error(), QStringLiteral("The state file %1 %2").arg(file, expected));
+    const QString file = TestFiles::write(path("wrong.state"), bytes);
+    QCOMPARE(StateFile(file).read().error(), u"The state file %1 %2"_s.arg(file, expected));
 }
 
 void tst_StateFile::saysWhatCannotBeRead()
 {
-    const QString missing = s_folder.filePath(QStringLiteral("missing.state"));
+    const QString missing = path("missing.state");
     QCOMPARE(StateFile(missing).read().error(),
-             QStringLiteral("The state file %1 cannot be read: No such file or directory.")
-                 .arg(missing));
+             u"The state file %1 cannot be read: No such file or directory."_s.arg(missing));
     QCOMPARE(StateFile(s_folder.path()).read().error(),
-             QStringLiteral("The state file %1 is a folder.").arg(s_folder.path()));
-}
-
-void tst_StateFile::everyTruncationIsRefused_data()
-{
-    QTest::addColumn<QByteArray>("whole");
-    QTest::newRow("state") << state();
-    QTest::newRow("preset") << presetOf(state());
+             u"The state file %1 is a folder."_s.arg(s_folder.path()));
 }
 
 void tst_StateFile::everyTruncationIsRefused()
 {
-    QFETCH(const QByteArray, whole);
-    for (qsizetype length = 0; length < whole.size(); ++length) {
-        const Result<QByteArray> result = decode(whole.left(length));
-        QVERIFY(!result.isOk());
+    for (const QByteArray& whole : {state(), presetOf(state())}) {
+        for (qsizetype length = 0; length < whole.size(); ++length)
+            QVERIFY(!decode(whole.left(length)).isOk());
     }
-    QCOMPARE(decode(whole).value(), state());
 }
 
 void tst_StateFile::hostilePresetsAreRefused_data()
@@ -220,14 +183,13 @@ void tst_StateFile::hostilePresetsAreRefused_data()
     QTest::newRow("another chunk outside")
         << preset(body, {{"Comp", 48, 116}, {"Cont", 48, huge}}, 164, 2);
     QTest::newRow("class id with a zero")
-        << presetOf(body, QByteArray("5653546478704265").leftJustified(32, '\0'));
+        << presetOf(body, "5653546478704265"_ba.leftJustified(32, '\0'));
 }
 
 void tst_StateFile::hostilePresetsAreRefused()
 {
     QFETCH(const QByteArray, bytes);
-    const Result<QByteArray> result = decode(bytes);
-    QVERIFY(!result.isOk());
+    QVERIFY(!decode(bytes).isOk());
 }
 
 void tst_StateFile::everyEntryIsChecked()
@@ -236,65 +198,50 @@ void tst_StateFile::everyEntryIsChecked()
         const QByteArray bytes = stateWith(entry, bigEndianFloat(2.0F));
         const Parameter& parameter = parameterTable[stateOrder[static_cast<std::size_t>(entry)]];
         QCOMPARE(decode(bytes).error(),
-                 QStringLiteral("The state file a file holds 2 for %1 (%2), but values must "
-                                "lie between 0 and 1.")
-                     .arg(QLatin1String(parameter.name), QLatin1String(parameter.title)));
+                 u"The state file a file holds 2 for %1 (%2), but values must "
+                 "lie between 0 and 1."_s.arg(QLatin1String(parameter.name),
+                                              QLatin1String(parameter.title)));
     }
 }
 
-void tst_StateFile::writesAState()
+void tst_StateFile::writesWhatItReads_data()
 {
-    const QString file = s_folder.filePath(QStringLiteral("written.state"));
-    QCOMPARE(StateFile(file).write(state(0.125F)).error(), QString());
-    QCOMPARE(contentOf(file), state(0.125F));
-    QCOMPARE(StateFile(file).write(state(0.25F)).error(), QString());
-    QCOMPARE(contentOf(file), state(0.25F));
+    QTest::addColumn<bool>("isPreset");
+    for (const char* name : {"written.state", "written"})
+        QTest::newRow(name) << false;
+    for (const char* name : {"written.vstpreset", "written.VSTPreset"})
+        QTest::newRow(name) << true;
 }
 
-void tst_StateFile::writesAPreset()
+void tst_StateFile::writesWhatItReads()
 {
-    for (const char* name : {"written.vstpreset", "written.VSTPreset"}) {
-        const QString file = s_folder.filePath(QLatin1String(name));
-        QCOMPARE(StateFile(file).write(state(0.125F)).error(), QString());
-        QCOMPARE(contentOf(file), presetOf(state(0.125F)));
+    QFETCH(const bool, isPreset);
+    const StateFile file(path(QTest::currentDataTag()));
+    for (const float value : {0.125F, 0.1F}) {
+        const QByteArray bytes = stateWith(5, bigEndianFloat(value));
+        QCOMPARE(file.write(bytes).error(), QString());
+        QCOMPARE(TestFiles::read(path(QTest::currentDataTag())),
+                 isPreset ? presetOf(bytes) : bytes);
+        QCOMPARE(file.read().value(), bytes);
     }
-}
-
-void tst_StateFile::writtenFilesLoadBack_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::newRow("plain") << "back.state";
-    QTest::newRow("no suffix") << "back";
-    QTest::newRow("preset") << "back.vstpreset";
-}
-
-void tst_StateFile::writtenFilesLoadBack()
-{
-    QFETCH(const QString, name);
-    const StateFile file(s_folder.filePath(name));
-    const QByteArray bytes = stateWith(5, bigEndianFloat(0.1F));
-    QCOMPARE(file.write(bytes).error(), QString());
-    QCOMPARE(file.read().error(), QString());
-    QCOMPARE(file.read().value(), bytes);
 }
 
 void tst_StateFile::failedWritesSayWhy()
 {
-    const QString nowhere = s_folder.filePath(QStringLiteral("no/such/folder/a.state"));
-    QCOMPARE(
-        StateFile(nowhere).write(state()).error(),
-        QStringLiteral("The file %1 cannot be written: No such file or directory.").arg(nowhere));
+    const QString nowhere = path("no/such/folder/a.state");
+    QCOMPARE(StateFile(nowhere).write(state()).error(),
+             u"The file %1 cannot be written: No such file or directory."_s.arg(nowhere));
     QCOMPARE(StateFile(s_folder.path()).write(state()).error(),
-             QStringLiteral("The file %1 cannot be written: it is a folder.").arg(s_folder.path()));
-    QCOMPARE(StateFile(QStringLiteral("/dev/full")).write(state()).error(),
-             QStringLiteral("The file /dev/full cannot be written: it is not a regular file."));
+             u"The file %1 cannot be written: it is a folder."_s.arg(s_folder.path()));
+    QCOMPARE(StateFile(u"/dev/full"_s).write(state()).error(),
+             u"The file /dev/full cannot be written: it is not a regular file."_s);
 }
 
 // A limit on the size of files stands in for a disk that is full after some bytes.
 void tst_StateFile::interruptedWriteKeepsTheOldFile()
 {
-    const QString file = write(QStringLiteral("precious.vstpreset"), presetOf(state(0.5F)));
-    const qsizetype files = QDir(s_folder.path()).count();
+    const QString file = TestFiles::write(path("precious.vstpreset"), presetOf(state(0.5F)));
+    const QStringList files = TestFiles::namesIn(s_folder.path());
     std::signal(SIGXFSZ, SIG_IGN);
     rlimit before = {};
     QCOMPARE(getrlimit(RLIMIT_FSIZE, &before), 0);
@@ -303,12 +250,12 @@ void tst_StateFile::interruptedWriteKeepsTheOldFile()
         QCOMPARE(setrlimit(RLIMIT_FSIZE, &limited), 0);
         const QString error = StateFile(file).write(state(1.0F)).error();
         QCOMPARE(setrlimit(RLIMIT_FSIZE, &before), 0);
-        QCOMPARE(error, QStringLiteral("The file %1 cannot be written: File too large.").arg(file));
-        QCOMPARE(contentOf(file), presetOf(state(0.5F)));
-        QCOMPARE(QDir(s_folder.path()).count(), files);
+        QCOMPARE(error, u"The file %1 cannot be written: File too large."_s.arg(file));
+        QCOMPARE(TestFiles::read(file), presetOf(state(0.5F)));
+        QCOMPARE(TestFiles::namesIn(s_folder.path()), files);
     }
     QCOMPARE(StateFile(file).write(state(1.0F)).error(), QString());
-    QCOMPARE(contentOf(file), presetOf(state(1.0F)));
+    QCOMPARE(TestFiles::read(file), presetOf(state(1.0F)));
 }
 
 QTEST_APPLESS_MAIN(tst_StateFile)

@@ -25,7 +25,6 @@ private Q_SLOTS:
     void refuses_data();
     void refuses();
     void survivesAnyNumber();
-    void describesValues_data();
     void describesValues();
 };
 
@@ -124,22 +123,15 @@ void tst_ParameterText::formats_data()
         QTest::newRow(tag) << QString::fromLatin1(parameter.name) << value
                            << QString::fromLatin1(expected);
     };
-    row("20 Hz", frequency(), 0, "20");
     row("default low frequency", frequency(), 241, "80");
-    row("200 Hz", frequency(), 400, "200");
     row("1 kHz", frequency(), 680, "1k");
     row("between two short texts", frequency(), 684, "1.026k");
-    row("1.25 kHz", frequency(), 718, "1.25k");
-    row("2 kHz", frequency(), 800, "2k");
     row("20 kHz", frequency(), 1200, "20k");
     row("narrowest step of quality", quality(), 1, "0.503");
     row("lowest quality", quality(), 0, "0.50");
-    row("quality 1", quality(), 100, "1.00");
     row("highest quality", quality(), 500, "16.0");
     row("cut", gain(), -200, "-20.0");
-    row("small cut", gain(), -5, "-0.5");
     row("no gain", gain(), 0, "0.0");
-    row("boost", gain(), 30, "+3.0");
     row("full boost", gain(), 200, "+20.0");
     row("steep high-pass", lowType(), 0, "HPF 12");
     row("gentle high-pass", lowType(), 1, "HPF 6");
@@ -283,26 +275,13 @@ void tst_ParameterText::survivesAnyNumber()
     QVERIFY(!parseParameter(frequency(), std::string(1000000, '9')));
 }
 
-void tst_ParameterText::describesValues_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("frequency") << "fx_rackfx_prm_2"
-                               << "20 to 20k Hz";
-    QTest::newRow("gain") << "fx_rackfx_prm_3"
-                          << "-20.0 to +20.0 dB";
-    QTest::newRow("quality") << "fx_rackfx_prm_5"
-                             << "0.50 to 16.0";
-    QTest::newRow("type") << "fx_rackfx_prm_1"
-                          << "HPF 12, HPF 6, Shelf 6 or Shelf 12";
-    QTest::newRow("switch") << "fx_rackfx_prm_4"
-                            << "Off or On";
-}
-
 void tst_ParameterText::describesValues()
 {
-    QFETCH(const QString, name);
-    QTEST(QString::fromStdString(describeValues(named(name.toLatin1().constData()))), "expected");
+    QCOMPARE(describeValues(frequency()), "20 to 20k Hz");
+    QCOMPARE(describeValues(gain()), "-20.0 to +20.0 dB");
+    QCOMPARE(describeValues(quality()), "0.50 to 16.0");
+    QCOMPARE(describeValues(lowType()), "HPF 12, HPF 6, Shelf 6 or Shelf 12");
+    QCOMPARE(describeValues(onOff()), "Off or On");
 }
 
 QTEST_APPLESS_MAIN(tst_ParameterText)

@@ -18,13 +18,8 @@ struct Kind
     int defaultValue;
 };
 
-constexpr Kind Type = {0, 3, 3};
-constexpr Kind Frequency = {0, 1200, 600};
-constexpr Kind Quality = {0, 500, 250};
-constexpr Kind Gain = {-200, 200, 0};
-constexpr Kind BandOn = {0, 1, 1};
-constexpr Kind Level = {-200, 200, 0};
-constexpr Kind Drive = {0, 1, 0};
+constexpr Kind Type = {0, 3, 3}, Frequency = {0, 1200, 600}, Quality = {0, 500, 250},
+               Gain = {-200, 200, 0}, BandOn = {0, 1, 1}, Level = {-200, 200, 0}, Drive = {0, 1, 0};
 
 // clang-format off
 constexpr Kind EqualizerKinds[] = {
@@ -75,10 +70,9 @@ public:
     void getChannelEntry(unsigned short* attribute, unsigned short* channel,
                          unsigned int position) override
     {
-        const bool possible = position < m_host.m_channels.size();
         if (!m_host.enter(
                 {.operation = Operation::GetChannelEntry, .value = static_cast<int>(position)},
-                possible))
+                position < m_host.m_channels.size()))
             return;
         *attribute = static_cast<unsigned short>(0x7F00 + position);
         *channel = m_host.m_channels[position];
@@ -86,17 +80,17 @@ public:
 
     unsigned short getChannelCount() override
     {
-        if (!m_host.enter({.operation = Operation::GetChannelCount}, true))
-            return 0;
-        return static_cast<unsigned short>(m_host.m_channels.size());
+        const bool succeeds = m_host.enter({.operation = Operation::GetChannelCount});
+        return succeeds ? static_cast<unsigned short>(m_host.m_channels.size()) : 0;
     }
 
     bool findParameter(unsigned short* index, const char* name) override
     {
-        const bool possible = m_host.hasParameter(name);
-        if (!m_host.enter({.operation = Operation::FindParameter, .text = name}, possible))
+        const auto found = m_host.find(QByteArray(name));
+        if (!m_host.enter({.operation = Operation::FindParameter, .text = name},
+                          found != m_host.m_parameters.end()))
             return false;
-        *index = m_host.index(name);
+        *index = found->first;
         return true;
     }
 
@@ -126,9 +120,8 @@ public:
 
     bool getMeterRange(unsigned short* base, unsigned short* count, unsigned short index) override
     {
-        const auto found =
-            std::find_if(m_host.m_meters.begin(), m_host.m_meters.end(),
-                         [index](const auto& entry) { return entry.second.index == index; });
+        const auto found = std::find_if(m_host.m_meters.begin(), m_host.m_meters.end(),
+                                        [index](const auto& m) { return m.second.index == index; });
         if (!m_host.enter({.operation = Operation::GetMeterRange, .parameter = index},
                           found != m_host.m_meters.end()))
             return false;
@@ -156,12 +149,8 @@ public:
     int getValue(unsigned short parameter, unsigned short ch, int* value,
                  unsigned short element) override
     {
-        const Cell* cell = m_host.cell(parameter, ch);
-        if (!m_host.enter({.operation = Operation::GetValue,
-                           .parameter = parameter,
-                           .ch = ch,
-                           .element = element},
-                          cell != nullptr))
+        const Cell* cell = enter(Operation::GetValue, parameter, ch, {.element = element});
+        if (!cell)
             return -1;
         *value = cell->value(element);
         return 0;
@@ -170,15 +159,10 @@ public:
     int setValue(unsigned short parameter, unsigned short ch, int value, unsigned short element,
                  int trailing1, int trailing2) override
     {
-        Cell* cell = m_host.cell(parameter, ch);
-        if (!m_host.enter({.operation = Operation::SetValue,
-                           .parameter = parameter,
-                           .ch = ch,
-                           .value = value,
-                           .element = element,
-                           .trailing1 = trailing1,
-                           .trailing2 = trailing2},
-                          cell != nullptr))
+        Cell* cell = enter(
+            Operation::SetValue, parameter, ch,
+            {.value = value, .element = element, .trailing1 = trailing1, .trailing2 = trailing2});
+        if (!cell)
             return -1;
         const int stored =
             m_host.m_clamping ? std::max(cell->minimum, std::min(value, cell->maximum)) : value;
@@ -195,9 +179,8 @@ public:
 
     int getRange(unsigned short parameter, unsigned short ch, int* minimum, int* maximum) override
     {
-        const Cell* cell = m_host.cell(parameter, ch);
-        if (!m_host.enter({.operation = Operation::GetRange, .parameter = parameter, .ch = ch},
-                          cell != nullptr))
+        const Cell* cell = enter(Operation::GetRange, parameter, ch);
+        if (!cell)
             return -1;
         *minimum = cell->minimum;
         *maximum = cell->maximum;
@@ -206,9 +189,8 @@ public:
 
     int getDefault(unsigned short parameter, unsigned short ch, int* value) override
     {
-        const Cell* cell = m_host.cell(parameter, ch);
-        if (!m_host.enter({.operation = Operation::GetDefault, .parameter = parameter, .ch = ch},
-                          cell != nullptr))
+        const Cell* cell = enter(Operation::GetDefault, parameter, ch);
+        if (!cell)
             return -1;
         *value = cell->defaultValue;
         return 0;
@@ -224,16 +206,11 @@ public:
     int valueToString(unsigned short parameter, unsigned short ch, int value, char* buffer,
                       int size) override
     {
-        const bool possible = m_host.cell(parameter, ch) != nullptr && size > 0;
-        if (!m_host.enter({.operation = Operation::ValueToString,
-                           .parameter = parameter,
-                           .ch = ch,
-                           .value = value,
-                           .trailing1 = size},
-                          possible))
+        if (!enter(Operation::ValueToString, parameter, ch, {.value = value, .trailing1 = size},
+                   size > 0))
             return -1;
-        const QByteArray text = m_host.m_formatter(m_host.find(parameter)->name, ch, value);
-        copyText(text, buffer, size, m_host.m_terminating);
+        copyText(m_host.m_formatter(m_host.nameOf(parameter), ch, value), buffer, size,
+                 m_host.m_terminating);
         return 0;
     }
 
@@ -241,13 +218,9 @@ public:
                       int* value) override
     {
         std::optional<int> parsed;
-        if (m_host.cell(parameter, ch) != nullptr)
-            parsed = m_host.m_parser(m_host.find(parameter)->name, ch, text);
-        if (!m_host.enter({.operation = Operation::StringToValue,
-                           .parameter = parameter,
-                           .ch = ch,
-                           .text = text},
-                          parsed.has_value()))
+        if (m_host.cell(parameter, ch))
+            parsed = m_host.m_parser(m_host.nameOf(parameter), ch, text);
+        if (!enter(Operation::StringToValue, parameter, ch, {.text = text}, parsed.has_value()))
             return -1;
         *value = *parsed;
         return 0;
@@ -262,12 +235,7 @@ public:
     int registerObserver(unsigned short parameter, unsigned short ch,
                          IPrmObserver* observer) override
     {
-        const bool possible = observer != nullptr && m_host.cell(parameter, ch) != nullptr;
-        if (!m_host.enter({.operation = Operation::RegisterObserver,
-                           .parameter = parameter,
-                           .ch = ch,
-                           .observer = observer},
-                          possible))
+        if (!enter(Operation::RegisterObserver, parameter, ch, {.observer = observer}, observer))
             return -1;
         m_host.m_registrations.push_back({parameter, ch, observer, m_host.m_nextTicket++});
         return 0;
@@ -276,18 +244,17 @@ public:
     int unregisterObserver(unsigned short parameter, unsigned short ch,
                            IPrmObserver* observer) override
     {
-        auto& registrations = m_host.m_registrations;
-        const auto found =
-            std::find_if(registrations.begin(), registrations.end(), [&](const Registration& r) {
-                return r.parameter == parameter && r.ch == ch && r.observer == observer;
-            });
+        auto& all = m_host.m_registrations;
+        const auto found = std::find_if(all.begin(), all.end(), [&](const Registration& r) {
+            return r.parameter == parameter && r.ch == ch && r.observer == observer;
+        });
         if (!m_host.enter({.operation = Operation::UnregisterObserver,
                            .parameter = parameter,
                            .ch = ch,
                            .observer = observer},
-                          found != registrations.end()))
+                          found != all.end()))
             return -1;
-        registrations.erase(found);
+        all.erase(found);
         return 0;
     }
 
@@ -296,13 +263,24 @@ public:
 
     int queryMeterNotifier(IMeterNotifier** notifier) override
     {
-        if (!m_host.enter({.operation = Operation::QueryMeterNotifier}, true))
+        if (!m_host.enter({.operation = Operation::QueryMeterNotifier}))
             return -1;
         *notifier = m_host.meterNotifier();
         return 0;
     }
 
 private:
+    // The cell that is meant; null where the call fails.
+    Cell* enter(Operation operation, unsigned short parameter, unsigned short ch, Call call = {},
+                bool possible = true)
+    {
+        Cell* cell = m_host.cell(parameter, ch);
+        call.operation = operation;
+        call.parameter = parameter;
+        call.ch = ch;
+        return m_host.enter(call, cell && possible) ? cell : nullptr;
+    }
+
     TestHost& m_host;
 };
 
@@ -319,7 +297,7 @@ public:
     void addMeterObserver(IMeterObserver* observer) override
     {
         if (m_host.enter({.operation = Operation::AddMeterObserver, .observer = observer},
-                         observer != nullptr))
+                         observer))
             m_host.m_meterObservers.push_back(observer);
     }
 
@@ -353,7 +331,9 @@ TestHost::TestHost(unsigned short channels)
 {
     for (unsigned short ch = 0; ch < channels; ++ch)
         m_channels.push_back(ch);
-    addEqualizerParameters();
+    int number = 0;
+    for (const Kind& kind : EqualizerKinds)
+        addParameter(name(++number), kind.minimum, kind.maximum, kind.defaultValue);
     setMeter("meter_oxa_snd", 4, channels);
     setMeter("meter_oxa_rtn", static_cast<unsigned short>(8 + 2 * channels), channels);
 }
@@ -361,12 +341,8 @@ TestHost::TestHost(unsigned short channels)
 TestHost::~TestHost() = default;
 
 IModelInfo* TestHost::model() const { return m_model.get(); }
-
 IMemAPI* TestHost::memory() const { return m_memory.get(); }
-
 IMeterNotifier* TestHost::meterNotifier() const { return m_meterNotifier.get(); }
-
-QByteArray TestHost::name(int number) { return "fx_rackfx_prm_" + QByteArray::number(number); }
 
 void TestHost::setChannels(const std::vector<unsigned short>& channels)
 {
@@ -385,7 +361,7 @@ void TestHost::setChannels(const std::vector<unsigned short>& channels)
 
 void TestHost::addParameter(const QByteArray& name, int minimum, int maximum, int defaultValue)
 {
-    if (hasParameter(name))
+    if (find(name) != m_parameters.end())
         qFatal("TestHost: parameter %s is there already", name.constData());
     const unsigned short index = m_nextIndex++;
     const int number = index - 99;
@@ -396,30 +372,11 @@ void TestHost::addParameter(const QByteArray& name, int minimum, int maximum, in
     m_parameters[index] = parameter;
 }
 
-void TestHost::removeParameter(const QByteArray& name) { m_parameters.erase(index(name)); }
-
-bool TestHost::hasParameter(const QByteArray& name) const
-{
-    return const_cast<TestHost*>(this)->find(name) != nullptr;
-}
-
-void TestHost::setAddress(const QByteArray& name, unsigned short id, unsigned short second)
-{
-    Parameter& parameter = m_parameters[index(name)];
-    parameter.id = id;
-    parameter.second = second;
-}
-
-unsigned short TestHost::id(const QByteArray& name) const { return known(name).id; }
-
-unsigned short TestHost::second(const QByteArray& name) const { return known(name).second; }
-
 unsigned short TestHost::index(const QByteArray& name) const
 {
-    const Parameter* wanted = &known(name);
-    const auto found =
-        std::find_if(m_parameters.begin(), m_parameters.end(),
-                     [wanted](const auto& entry) { return &entry.second == wanted; });
+    const auto found = find(name);
+    if (found == m_parameters.end())
+        qFatal("TestHost: no parameter %s", name.constData());
     return found->first;
 }
 
@@ -441,36 +398,10 @@ void TestHost::setDefault(const QByteArray& name, int value)
         setDefault(name, ch, value);
 }
 
-void TestHost::setDefault(const QByteArray& name, unsigned short ch, int value)
-{
-    known(name, ch).defaultValue = value;
-}
-
-std::pair<int, int> TestHost::range(const QByteArray& name, unsigned short ch) const
-{
-    return {known(name, ch).minimum, known(name, ch).maximum};
-}
-
-int TestHost::defaultValue(const QByteArray& name, unsigned short ch) const
-{
-    return known(name, ch).defaultValue;
-}
-
-void TestHost::setClamping(bool on) { m_clamping = on; }
-
-void TestHost::setNotifying(bool on) { m_notifying = on; }
-
 void TestHost::setFormatter(Formatter formatter)
 {
     m_formatter = formatter ? std::move(formatter) : Formatter(decimalText);
 }
-
-void TestHost::setParser(Parser parser)
-{
-    m_parser = parser ? std::move(parser) : Parser(decimalValue);
-}
-
-void TestHost::setTerminating(bool on) { m_terminating = on; }
 
 void TestHost::setMeter(const QByteArray& name, unsigned short base, unsigned short count)
 {
@@ -480,22 +411,10 @@ void TestHost::setMeter(const QByteArray& name, unsigned short base, unsigned sh
     meter.count = count;
 }
 
-void TestHost::removeMeter(const QByteArray& name) { m_meters.erase(name); }
-
 void TestHost::set(const QByteArray& name, unsigned short ch, int value)
 {
     setSilently(name, ch, value);
     tellValue(id(name), ch, value);
-}
-
-void TestHost::setSilently(const QByteArray& name, unsigned short ch, int value)
-{
-    known(name, ch).values[0] = value;
-}
-
-int TestHost::value(const QByteArray& name, unsigned short ch, unsigned short element) const
-{
-    return known(name, ch).value(element);
 }
 
 void TestHost::notifyProperty(const QByteArray& name, unsigned short ch)
@@ -523,25 +442,15 @@ void TestHost::pushMetersDb()
     pushMetersDb(words);
 }
 
-void TestHost::pushMetersDb(std::vector<unsigned int> words)
+void TestHost::pushMetersDb(const std::vector<unsigned int>& words)
 {
-    const auto count = static_cast<unsigned int>(words.size());
-    tellMeters([&](IMeterObserver* observer) {
-        std::vector<unsigned int> copy(words);
-        observer->notifyMeterDbUpdated(copy.data(), count);
-    });
+    tellMeters(words, &IMeterObserver::notifyMeterDbUpdated);
 }
 
-void TestHost::pushMetersLvl(std::vector<unsigned int> words)
+void TestHost::pushMetersLvl(const std::vector<unsigned int>& words)
 {
-    const auto count = static_cast<unsigned int>(words.size());
-    tellMeters([&](IMeterObserver* observer) {
-        std::vector<unsigned int> copy(words);
-        observer->notifyMeterLvlUpdated(copy.data(), count);
-    });
+    tellMeters(words, &IMeterObserver::notifyMeterLvlUpdated);
 }
-
-const std::vector<TestHost::Call>& TestHost::calls() const { return m_calls; }
 
 std::vector<TestHost::Call> TestHost::calls(Operation operation) const
 {
@@ -551,24 +460,16 @@ std::vector<TestHost::Call> TestHost::calls(Operation operation) const
     return chosen;
 }
 
-int TestHost::count(Operation operation) const { return static_cast<int>(calls(operation).size()); }
-
-int TestHost::callCount() const { return static_cast<int>(m_calls.size()); }
-
 std::vector<TestHost::Write> TestHost::writes() const
 {
     std::vector<Write> writes;
     for (const Call& call : calls(Operation::SetValue)) {
-        const Parameter* parameter = const_cast<TestHost*>(this)->find(call.parameter);
-        if (!call.failed && parameter != nullptr)
-            writes.push_back({parameter->name, call.ch, call.value});
+        const auto parameter = find(call.parameter);
+        if (!call.failed && parameter != m_parameters.end())
+            writes.push_back({parameter->second.name, call.ch, call.value});
     }
     return writes;
 }
-
-void TestHost::resetLedger() { m_calls.clear(); }
-
-int TestHost::observerCount() const { return static_cast<int>(m_registrations.size()); }
 
 int TestHost::observerCount(const QByteArray& name, unsigned short ch) const
 {
@@ -581,14 +482,6 @@ bool TestHost::isObserving(const IPrmObserver* observer, const QByteArray& name,
     return observer != nullptr && registrations(observer, id(name), ch) > 0;
 }
 
-int TestHost::meterObserverCount() const { return static_cast<int>(m_meterObservers.size()); }
-
-void TestHost::failCall(Operation operation, int n) { m_errors[operation].push_back(n); }
-
-void TestHost::failAll(Operation operation) { m_failAll[operation] = true; }
-
-void TestHost::failAnyCall(int n) { m_failAny = n; }
-
 void TestHost::clearErrors()
 {
     m_errors.clear();
@@ -596,39 +489,21 @@ void TestHost::clearErrors()
     m_failAny = 0;
 }
 
-void TestHost::addEqualizerParameters()
+TestHost::Parameters::const_iterator TestHost::find(const QByteArray& name) const
 {
-    int number = 0;
-    for (const Kind& kind : EqualizerKinds)
-        addParameter(name(++number), kind.minimum, kind.maximum, kind.defaultValue);
+    return std::find_if(m_parameters.begin(), m_parameters.end(),
+                        [&name](const auto& entry) { return entry.second.name == name; });
 }
 
-TestHost::Parameter* TestHost::find(const QByteArray& name)
+TestHost::Parameters::const_iterator TestHost::find(unsigned short id) const
 {
-    const auto found =
-        std::find_if(m_parameters.begin(), m_parameters.end(),
-                     [&name](const auto& entry) { return entry.second.name == name; });
-    return found == m_parameters.end() ? nullptr : &found->second;
-}
-
-TestHost::Parameter* TestHost::find(unsigned short id)
-{
-    const auto found = std::find_if(m_parameters.begin(), m_parameters.end(),
-                                    [id](const auto& entry) { return entry.second.id == id; });
-    return found == m_parameters.end() ? nullptr : &found->second;
-}
-
-const TestHost::Parameter& TestHost::known(const QByteArray& name) const
-{
-    const Parameter* parameter = const_cast<TestHost*>(this)->find(name);
-    if (parameter == nullptr)
-        qFatal("TestHost: no parameter %s", name.constData());
-    return *parameter;
+    return std::find_if(m_parameters.begin(), m_parameters.end(),
+                        [id](const auto& entry) { return entry.second.id == id; });
 }
 
 const TestHost::Cell& TestHost::known(const QByteArray& name, unsigned short ch) const
 {
-    const auto& cells = known(name).cells;
+    const auto& cells = m_parameters.at(index(name)).cells;
     const auto found = cells.find(ch);
     if (found == cells.end())
         qFatal("TestHost: no channel %d", ch);
@@ -642,11 +517,12 @@ TestHost::Cell& TestHost::known(const QByteArray& name, unsigned short ch)
 
 TestHost::Cell* TestHost::cell(unsigned short id, unsigned short ch)
 {
-    Parameter* parameter = find(id);
-    if (parameter == nullptr)
+    const auto parameter = find(id);
+    if (parameter == m_parameters.end())
         return nullptr;
-    const auto found = parameter->cells.find(ch);
-    return found == parameter->cells.end() ? nullptr : &found->second;
+    auto& cells = m_parameters[parameter->first].cells;
+    const auto found = cells.find(ch);
+    return found == cells.end() ? nullptr : &found->second;
 }
 
 int TestHost::registrations(const IPrmObserver* observer, unsigned short id,
@@ -689,7 +565,7 @@ bool TestHost::takeError(Operation operation)
 
 void TestHost::recordReserved(int number)
 {
-    enter({.operation = Operation::Reserved, .value = number}, true);
+    enter({.operation = Operation::Reserved, .value = number});
     qWarning("TestHost: a reserved operation was called (%d)", number);
 }
 
@@ -713,12 +589,13 @@ void TestHost::tellValue(unsigned short id, unsigned short ch, int value)
         tell(id, ch, [=](IPrmObserver* observer) { observer->Update(id, ch, value, nullptr); });
 }
 
-void TestHost::tellMeters(const std::function<void(IMeterObserver*)>& message)
+void TestHost::tellMeters(const std::vector<unsigned int>& words,
+                          void (IMeterObserver::*message)(unsigned int*, unsigned int))
 {
     const std::vector<IMeterObserver*> told = m_meterObservers;
     for (IMeterObserver* observer : told) {
-        const auto last = m_meterObservers.end();
-        if (std::find(m_meterObservers.begin(), last, observer) != last)
-            message(observer);
+        std::vector<unsigned int> copy = words;
+        if (std::count(m_meterObservers.begin(), m_meterObservers.end(), observer) > 0)
+            (observer->*message)(copy.data(), static_cast<unsigned int>(copy.size()));
     }
 }

@@ -124,7 +124,7 @@ public:
     IMeterNotifier* meterNotifier() const;
 
     /// "fx_rackfx_prm_<number>".
-    static QByteArray name(int number);
+    static QByteArray name(int number) { return "fx_rackfx_prm_" + QByteArray::number(number); }
 
     // The device -------------------------------------------------------------------------------
 
@@ -135,13 +135,8 @@ public:
     /// Adds a parameter, on every channel, with the next free model index, and with an id and a
     /// second word no other has. Its value is \a defaultValue.
     void addParameter(const QByteArray& name, int minimum, int maximum, int defaultValue);
-    void removeParameter(const QByteArray& name);
-    bool hasParameter(const QByteArray& name) const;
-
-    /// Gives \a name the address (\a id, \a second). Observers registered so far keep the old id.
-    void setAddress(const QByteArray& name, unsigned short id, unsigned short second);
-    unsigned short id(const QByteArray& name) const;
-    unsigned short second(const QByteArray& name) const;
+    void removeParameter(const QByteArray& name) { m_parameters.erase(index(name)); }
+    unsigned short id(const QByteArray& name) const { return m_parameters.at(index(name)).id; }
     unsigned short index(const QByteArray& name) const;
 
     /// Range and default, on all channels or on one. Values and observers are left alone; say
@@ -149,25 +144,34 @@ public:
     void setRange(const QByteArray& name, int minimum, int maximum);
     void setRange(const QByteArray& name, unsigned short ch, int minimum, int maximum);
     void setDefault(const QByteArray& name, int value);
-    void setDefault(const QByteArray& name, unsigned short ch, int value);
-    std::pair<int, int> range(const QByteArray& name, unsigned short ch = 0) const;
-    int defaultValue(const QByteArray& name, unsigned short ch = 0) const;
+    void setDefault(const QByteArray& name, unsigned short ch, int value)
+    {
+        known(name, ch).defaultValue = value;
+    }
+    std::pair<int, int> range(const QByteArray& name, unsigned short ch = 0) const
+    {
+        return {known(name, ch).minimum, known(name, ch).maximum};
+    }
+    int defaultValue(const QByteArray& name, unsigned short ch = 0) const
+    {
+        return known(name, ch).defaultValue;
+    }
 
     /// Whether setValue brings values into the range before it stores them (off at first).
-    void setClamping(bool on);
+    void setClamping(bool on) { m_clamping = on; }
     /// Whether a change of value reaches the observers (on at first). Off is a host that stays
     /// silent, which shows who refreshes without being told.
-    void setNotifying(bool on);
-    /// Display texts; at first the decimal integer both ways. An empty function restores that.
+    void setNotifying(bool on) { m_notifying = on; }
+    /// Display texts; at first the decimal integer both ways. Without a function it is that again.
     void setFormatter(Formatter formatter);
-    void setParser(Parser parser);
+    void setParser(Parser parser) { m_parser = std::move(parser); }
     /// Whether a display text that fills the caller's buffer still ends in a zero byte (on at
     /// first).
-    void setTerminating(bool on);
+    void setTerminating(bool on) { m_terminating = on; }
 
     /// Adds or moves a meter.
     void setMeter(const QByteArray& name, unsigned short base, unsigned short count);
-    void removeMeter(const QByteArray& name);
+    void removeMeter(const QByteArray& name) { m_meters.erase(name); }
 
     // Operating the device ---------------------------------------------------------------------
 
@@ -175,8 +179,14 @@ public:
     /// every observer of (\a name, \a ch).
     void set(const QByteArray& name, unsigned short ch, int value);
     /// The same, telling nobody.
-    void setSilently(const QByteArray& name, unsigned short ch, int value);
-    int value(const QByteArray& name, unsigned short ch, unsigned short element = 0) const;
+    void setSilently(const QByteArray& name, unsigned short ch, int value)
+    {
+        known(name, ch).values[0] = value;
+    }
+    int value(const QByteArray& name, unsigned short ch, unsigned short element = 0) const
+    {
+        return known(name, ch).value(element);
+    }
 
     /// Tells the observers of (\a name, \a ch) that a property changed.
     void notifyProperty(const QByteArray& name, unsigned short ch);
@@ -187,39 +197,39 @@ public:
     /// Hands all words to every meter observer. Words never set hold -127.0 dB.
     void pushMetersDb();
     /// Hands \a words to every meter observer as they stand.
-    void pushMetersDb(std::vector<unsigned int> words);
-    void pushMetersLvl(std::vector<unsigned int> words);
+    void pushMetersDb(const std::vector<unsigned int>& words);
+    void pushMetersLvl(const std::vector<unsigned int>& words);
 
     // The ledger -------------------------------------------------------------------------------
 
     /// Every call since construction or resetLedger(), in order.
-    const std::vector<Call>& calls() const;
+    const std::vector<Call>& calls() const { return m_calls; }
     std::vector<Call> calls(Operation operation) const;
     /// How many there are, of one operation or of all.
-    int count(Operation operation) const;
-    int callCount() const;
+    int count(Operation operation) const { return static_cast<int>(calls(operation).size()); }
+    int callCount() const { return static_cast<int>(m_calls.size()); }
     /// The successful setValue calls, in order.
     std::vector<Write> writes() const;
     /// Forgets the calls so far. Planted errors and observers stay.
-    void resetLedger();
+    void resetLedger() { m_calls.clear(); }
 
     /// Registrations that were made and not taken back; one made twice counts twice.
-    int observerCount() const;
+    int observerCount() const { return static_cast<int>(m_registrations.size()); }
     int observerCount(const QByteArray& name, unsigned short ch) const;
     bool isObserving(const IPrmObserver* observer, const QByteArray& name, unsigned short ch) const;
-    int meterObserverCount() const;
+    int meterObserverCount() const { return static_cast<int>(m_meterObservers.size()); }
 
     // Errors -----------------------------------------------------------------------------------
 
     /// The \a n-th call of \a operation from now on (1 is the next one) fails, once: a status is
     /// -1, a bool false, a count 0, an operation without result does nothing, and no output is
     /// touched. Several can be planted.
-    void failCall(Operation operation, int n);
+    void failCall(Operation operation, int n) { m_errors[operation].push_back(n); }
     /// Every call of \a operation fails from now on.
-    void failAll(Operation operation);
+    void failAll(Operation operation) { m_failAll[operation] = true; }
     /// The \a n-th call from now on fails, whichever operation it is. To sweep a run, plant 1,
     /// 2, ... and repeat it on a fresh host each time, until callCount() at its end is below n.
-    void failAnyCall(int n);
+    void failAnyCall(int n) { m_failAny = n; }
     /// Takes back all planted errors.
     void clearErrors();
 
@@ -258,30 +268,32 @@ private:
         int ticket;
     };
 
-    void addEqualizerParameters();
-    Parameter* find(const QByteArray& name);
-    Parameter* find(unsigned short id);
-    const Parameter& known(const QByteArray& name) const;
+    using Parameters = std::map<unsigned short, Parameter>;
+
+    Parameters::const_iterator find(const QByteArray& name) const;
+    Parameters::const_iterator find(unsigned short id) const;
+    const QByteArray& nameOf(unsigned short id) const { return find(id)->second.name; }
     const Cell& known(const QByteArray& name, unsigned short ch) const;
     Cell& known(const QByteArray& name, unsigned short ch);
     Cell* cell(unsigned short id, unsigned short ch);
     int registrations(const IPrmObserver* observer, unsigned short id, unsigned short ch) const;
     std::size_t meterWordCount() const;
 
-    bool enter(Call call, bool possible);
+    bool enter(Call call, bool possible = true);
     bool takeError(Operation operation);
     void recordReserved(int number);
     void tell(unsigned short id, unsigned short ch,
               const std::function<void(IPrmObserver*)>& message);
     void tellValue(unsigned short id, unsigned short ch, int value);
-    void tellMeters(const std::function<void(IMeterObserver*)>& message);
+    void tellMeters(const std::vector<unsigned int>& words,
+                    void (IMeterObserver::*message)(unsigned int*, unsigned int));
 
     std::unique_ptr<Model> m_model;
     std::unique_ptr<Memory> m_memory;
     std::unique_ptr<Meters> m_meterNotifier;
 
     std::vector<unsigned short> m_channels;
-    std::map<unsigned short, Parameter> m_parameters;
+    Parameters m_parameters; // by model index
     unsigned short m_nextIndex = 100;
     std::map<QByteArray, Meter> m_meters;
     std::map<std::size_t, unsigned int> m_meterWords;

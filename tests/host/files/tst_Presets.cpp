@@ -5,6 +5,8 @@
 #include "host/window/MixerWindow.h"
 #include "parameters/FactoryPresets.h"
 #include "parameters/ParameterText.h"
+#include "tests/host/window/WindowTesting.h"
+#include "tests/support/TestFiles.h"
 #include "tests/support/TestObject.h"
 
 #include <QApplication>
@@ -18,6 +20,8 @@
 #include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTimer>
+
+using namespace Qt::StringLiterals;
 
 class tst_Presets : public TestObject
 {
@@ -34,19 +38,20 @@ private Q_SLOTS:
     void savedPresetComesBack();
     void menuListsTheUsersOwn();
     void savingAsksForAName();
-    void everyScriptsNamesAreTaken_data();
     void everyScriptsNamesAreTaken();
     void badNameIsAskedForAgain();
     void replacingIsAsked();
     void deletedPresetIsGone();
     void wrongNames_data();
     void wrongNames();
-    void badFilesAreExplained_data();
-    void badFilesAreExplained();
+    void badFileIsExplained();
     void sortsAsPeopleDo();
 
 private:
-    QAction* action(const QString& text) const;
+    QAction* action(const char* text) const
+    {
+        return WindowTesting::actionOf(m_editor, QLatin1String(text));
+    }
     QString fileOf(const QString& name) const { return m_folder.fileOf(name); }
     template <typename Dialog, typename Act> static void whenAsked(Act act);
 
@@ -60,8 +65,7 @@ void tst_Presets::initTestCase()
 {
     QStandardPaths::setTestModeEnabled(true);
     m_folder = PresetFolder(PresetFolder::standardFolder());
-    QCOMPARE(m_mixer.library.load(QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")).error(),
-             QString());
+    WindowTesting::loadStandIn(m_mixer);
 }
 
 void tst_Presets::init()
@@ -78,15 +82,6 @@ void tst_Presets::cleanup()
     m_mixer.memory.reset(2);
     m_mixer.mixerModel.history().clear();
     QDir(PresetFolder::standardFolder()).removeRecursively();
-}
-
-QAction* tst_Presets::action(const QString& text) const
-{
-    for (QAction* found : m_editor->findChildren<QAction*>()) {
-        if (found->text().remove(QLatin1Char('&')) == text)
-            return found;
-    }
-    return nullptr;
 }
 
 // Does something with the next dialog, which has to come.
@@ -153,8 +148,7 @@ void tst_Presets::factoryNamesAreTranslated()
 
 void tst_Presets::factoryMenuLoadsOneStep()
 {
-    QAction* kick = action(QStringLiteral("Kick"));
-    QVERIFY(kick);
+    QAction* kick = action("Kick");
     kick->trigger();
     const auto presets = factoryPresets();
     const auto found = std::find_if(presets.begin(), presets.end(), [](const FactoryPreset& p) {
@@ -162,7 +156,7 @@ void tst_Presets::factoryMenuLoadsOneStep()
     });
     QCOMPARE(m_mixer.memory.values(2), valuesOf(*found));
     QCOMPARE(m_mixer.mixerModel.history().stack().count(), 1);
-    QCOMPARE(m_mixer.mixerModel.history().stack().undoText(), QStringLiteral("Kick"));
+    QCOMPARE(m_mixer.mixerModel.history().stack().undoText(), u"Kick"_s);
     m_mixer.mixerModel.history().stack().undo();
     QCOMPARE(m_mixer.memory.values(2), HostMemory().values(2));
 }
@@ -170,26 +164,26 @@ void tst_Presets::factoryMenuLoadsOneStep()
 void tst_Presets::savedPresetComesBack()
 {
     m_mixer.memory.write(2, valuesOf(factoryPresets()[0]));
-    m_editor->savePreset(QStringLiteral("My vocal"));
-    QVERIFY(QFile::exists(fileOf(QStringLiteral("My vocal"))));
-    QCOMPARE(m_editor->statusBar()->currentMessage(), QStringLiteral("Saved My vocal."));
+    m_editor->savePreset(u"My vocal"_s);
+    QVERIFY(QFile::exists(fileOf(u"My vocal"_s)));
+    QCOMPARE(m_editor->statusBar()->currentMessage(), u"Saved My vocal."_s);
     m_mixer.memory.reset(2);
     m_mixer.mixerModel.history().clear();
-    m_editor->loadPreset(QStringLiteral("My vocal"));
+    m_editor->loadPreset(u"My vocal"_s);
     QCOMPARE(m_mixer.memory.values(2), valuesOf(factoryPresets()[0]));
     QCOMPARE(m_mixer.mixerModel.history().stack().count(), 1);
-    QCOMPARE(m_mixer.mixerModel.history().stack().undoText(), QStringLiteral("Load My vocal"));
+    QCOMPARE(m_mixer.mixerModel.history().stack().undoText(), u"Load My vocal"_s);
 }
 
 void tst_Presets::menuListsTheUsersOwn()
 {
-    m_editor->savePreset(QStringLiteral("Rock & roll"));
-    QAction* save = action(QStringLiteral("Save as Preset..."));
+    m_editor->savePreset(u"Rock & roll"_s);
+    QAction* save = action("Save as Preset...");
     auto* menu = qobject_cast<QMenu*>(save->associatedObjects().value(0));
     QVERIFY(menu);
     Q_EMIT menu->aboutToShow();
     QAction* mine = menu->actions().constLast();
-    QCOMPARE(mine->text(), QStringLiteral("Rock && roll"));
+    QCOMPARE(mine->text(), u"Rock && roll"_s);
     m_mixer.memory.setValue(parameterId(2), 2, 99, 0, 0, 1);
     mine->trigger();
     QCOMPARE(m_mixer.memory.values(2), HostMemory().values(2));
@@ -199,90 +193,80 @@ void tst_Presets::menuListsTheUsersOwn()
 void tst_Presets::savingAsksForAName()
 {
     whenAsked<QInputDialog>([](QInputDialog* dialog) {
-        dialog->setTextValue(QStringLiteral("  Asked   for "));
+        dialog->setTextValue(u"  Asked   for "_s);
         dialog->accept();
     });
-    action(QStringLiteral("Save as Preset..."))->trigger();
-    QCOMPARE(m_folder.names(), QStringList{QStringLiteral("Asked for")});
-}
-
-void tst_Presets::everyScriptsNamesAreTaken_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::newRow("beyond the basic plane") << QString::fromUtf8("Vocal 𠮷");
-    QTest::newRow("emoji") << QString::fromUtf8("🥁 loud");
-    QTest::newRow("joined emoji") << QString::fromUtf8("👩\u200d🎤");
-    QTest::newRow("Japanese") << QString::fromUtf8("ボーカル");
-    QTest::newRow("combining accent") << QString::fromUtf8("Che\u0301rie");
+    action("Save as Preset...")->trigger();
+    QCOMPARE(m_folder.names(), QStringList{u"Asked for"_s});
 }
 
 void tst_Presets::everyScriptsNamesAreTaken()
 {
-    QFETCH(const QString, name);
-    m_editor->savePreset(name);
-    QCOMPARE(m_folder.names(), QStringList{name});
+    for (const QString& name :
+         {u"Vocal \U00020bb7"_s, u"\U0001f941 loud"_s, u"\U0001f469\u200d\U0001f3a4"_s,
+          u"ボーカル"_s, u"Che\u0301rie"_s}) {
+        m_editor->savePreset(name);
+        QCOMPARE(m_folder.names(), QStringList{name});
+        m_editor->deletePreset(name);
+    }
 }
 
 void tst_Presets::badNameIsAskedForAgain()
 {
     whenAsked<QInputDialog>([](QInputDialog* dialog) {
-        dialog->setTextValue(QStringLiteral("AC/DC"));
+        dialog->setTextValue(u"AC/DC"_s);
         whenAsked<QMessageBox>([](QMessageBox* box) {
             whenAsked<QInputDialog>([](QInputDialog* again) {
-                QCOMPARE(again->textValue(), QStringLiteral("AC/DC"));
-                again->setTextValue(QStringLiteral("AC-DC"));
+                QCOMPARE(again->textValue(), u"AC/DC"_s);
+                again->setTextValue(u"AC-DC"_s);
                 again->accept();
             });
             box->accept();
         });
         dialog->accept();
     });
-    action(QStringLiteral("Save as Preset..."))->trigger();
-    QCOMPARE(m_folder.names(), QStringList{QStringLiteral("AC-DC")});
+    action("Save as Preset...")->trigger();
+    QCOMPARE(m_folder.names(), QStringList{u"AC-DC"_s});
 }
 
 void tst_Presets::replacingIsAsked()
 {
-    m_editor->savePreset(QStringLiteral("Twice"));
+    m_editor->savePreset(u"Twice"_s);
     m_mixer.memory.setValue(parameterId(2), 2, 99, 0, 0, 1);
-    QFile file(fileOf(QStringLiteral("Twice")));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const QByteArray before = file.readAll();
+    const QByteArray before = TestFiles::read(fileOf(u"Twice"_s));
     whenAsked<QInputDialog>([](QInputDialog* dialog) {
-        dialog->setTextValue(QStringLiteral("Twice"));
+        dialog->setTextValue(u"Twice"_s);
         whenAsked<QMessageBox>([](QMessageBox* box) { box->button(QMessageBox::No)->click(); });
         dialog->accept();
     });
-    action(QStringLiteral("Save as Preset..."))->trigger();
-    QFile after(fileOf(QStringLiteral("Twice")));
-    QVERIFY(after.open(QIODevice::ReadOnly));
-    QCOMPARE(after.readAll(), before);
+    action("Save as Preset...")->trigger();
+    QCOMPARE(TestFiles::read(fileOf(u"Twice"_s)), before);
 }
 
 void tst_Presets::deletedPresetIsGone()
 {
-    m_editor->savePreset(QStringLiteral("Short-lived"));
-    m_editor->deletePreset(QStringLiteral("Short-lived"));
+    m_editor->savePreset(u"Short-lived"_s);
+    m_editor->deletePreset(u"Short-lived"_s);
     QCOMPARE(m_folder.names(), QStringList());
     whenAsked<QMessageBox>([](QMessageBox* box) {
-        QVERIFY(box->text().startsWith(QStringLiteral("The preset Short-lived cannot be deleted")));
+        QVERIFY(box->text().startsWith(u"The preset Short-lived cannot be deleted"_s));
         box->accept();
     });
-    m_editor->deletePreset(QStringLiteral("Short-lived"));
+    m_editor->deletePreset(u"Short-lived"_s);
 }
 
 void tst_Presets::wrongNames_data()
 {
     QTest::addColumn<QString>("name");
     QTest::newRow("empty") << QString();
-    QTest::newRow("blank") << QStringLiteral("  ");
-    QTest::newRow("path") << QStringLiteral("../etc");
-    QTest::newRow("slash") << QStringLiteral("a/b");
-    QTest::newRow("backslash") << QStringLiteral("a\\b");
-    QTest::newRow("hidden") << QStringLiteral(".hidden");
-    QTest::newRow("control character") << QStringLiteral("a\nb");
-    QTest::newRow("line separator") << QString::fromUtf8("a\u2028b");
-    QTest::newRow("half a letter") << QStringLiteral("a") + QChar(0xd842);
+    QTest::newRow("blank") << u"  "_s;
+    QTest::newRow("path") << u"../etc"_s;
+    QTest::newRow("slash") << u"a/b"_s;
+    QTest::newRow("backslash") << u"a\\b"_s;
+    QTest::newRow("hidden") << u".hidden"_s;
+    QTest::newRow("control character") << u"a\nb"_s;
+    QTest::newRow("line separator") << u"a\u2028b"_s;
+    QTest::newRow("half a letter") << u"a"_s + QChar(0xd842);
     QTest::newRow("too long") << QString(81, QLatin1Char('x'));
 }
 
@@ -300,33 +284,17 @@ void tst_Presets::wrongNames()
     QCOMPARE(m_folder.names(), QStringList());
 }
 
-void tst_Presets::badFilesAreExplained_data()
+// What else can be wrong with a file is up to StateFile.
+void tst_Presets::badFileIsExplained()
 {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("reason");
-    QTest::newRow("empty") << QByteArray() << QStringLiteral("is empty.");
-    QTest::newRow("noise") << QByteArray("hello")
-                           << QStringLiteral("is neither an equalizer state");
-    QTest::newRow("cut short") << QByteArray("VST3abc") << QStringLiteral("cut short");
-}
-
-void tst_Presets::badFilesAreExplained()
-{
-    QFETCH(const QByteArray, bytes);
-    QFETCH(const QString, reason);
-    QVERIFY(m_folder.prepare().isOk());
-    QFile file(fileOf(QStringLiteral("Bad")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-    file.close();
+    TestFiles::write(fileOf(u"Bad"_s), "hello");
     QString said;
     whenAsked<QMessageBox>([&said](QMessageBox* box) {
         said = box->text();
         box->accept();
     });
-    m_editor->loadPreset(QStringLiteral("Bad"));
-    QVERIFY2(said.contains(reason), qPrintable(said));
-    QVERIFY(said.contains(QStringLiteral("Bad.vstpreset")));
+    m_editor->loadPreset(u"Bad"_s);
+    QVERIFY2(said.contains("Bad.vstpreset is neither an equalizer state"_L1), qPrintable(said));
     QCOMPARE(m_mixer.memory.values(2), HostMemory().values(2));
     QCOMPARE(m_mixer.mixerModel.history().stack().count(), 0);
 }
@@ -334,15 +302,11 @@ void tst_Presets::badFilesAreExplained()
 void tst_Presets::sortsAsPeopleDo()
 {
     const QTemporaryDir folder;
-    for (const char* name : {"Take 10", "take 2", "Alpha", "Take 1"}) {
-        QFile file(folder.filePath(QLatin1String(name) + QLatin1String(".vstpreset")));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-    }
-    QFile other(folder.filePath(QStringLiteral("other.txt")));
-    QVERIFY(other.open(QIODevice::WriteOnly));
+    for (const char* name : {"Take 10.vstpreset", "take 2.vstpreset", "Alpha.vstpreset",
+                             "Take 1.vstpreset", "other.txt"})
+        TestFiles::write(folder.filePath(QLatin1String(name)), "");
     QCOMPARE(PresetFolder(folder.path()).names(),
-             (QStringList{QStringLiteral("Alpha"), QStringLiteral("Take 1"),
-                          QStringLiteral("take 2"), QStringLiteral("Take 10")}));
+             (QStringList{u"Alpha"_s, u"Take 1"_s, u"take 2"_s, u"Take 10"_s}));
 }
 
 ZOLTA_TEST_MAIN(tst_Presets)

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/files/SessionFile.h"
+#include "tests/support/TestFiles.h"
 #include "tests/support/TestObject.h"
 
-#include <QDir>
 #include <QTemporaryDir>
 
 #include <memory>
+
+using namespace Qt::StringLiterals;
 
 class tst_SessionFile : public TestObject
 {
@@ -19,8 +21,7 @@ private Q_SLOTS:
     void damageOfATakenSessionIsNeverSaved();
 
 private:
-    QString lock() const { return m_file + QLatin1String(".lock"); }
-    static void put(const QString& file, const QByteArray& bytes);
+    QString lock() const { return m_file + ".lock"_L1; }
 
     std::unique_ptr<QTemporaryDir> m_folder;
     QString m_file;
@@ -30,21 +31,15 @@ void tst_SessionFile::init()
 {
     TestObject::init();
     m_folder = std::make_unique<QTemporaryDir>();
-    m_file = m_folder->filePath(QStringLiteral("session.json"));
-}
-
-void tst_SessionFile::put(const QString& file, const QByteArray& bytes)
-{
-    QFile output(file);
-    QVERIFY(output.open(QIODevice::WriteOnly) && output.write(bytes) == bytes.size());
+    m_file = m_folder->filePath(u"session.json"_s);
 }
 
 void tst_SessionFile::lockThatNobodyHoldsDoesNotCount_data()
 {
     QTest::addColumn<QByteArray>("bytes");
-    QTest::newRow("empty") << QByteArray("");
+    QTest::newRow("empty") << ""_ba;
     QTest::newRow("noise") << QByteArray("noise\0", 6);
-    QTest::newRow("another machine's") << QByteArray("4711\nprogram\nmachine\n");
+    QTest::newRow("another machine's") << "4711\nprogram\nmachine\n"_ba;
     QTest::newRow("folder") << QByteArray();
 }
 
@@ -54,7 +49,7 @@ void tst_SessionFile::lockThatNobodyHoldsDoesNotCount()
     if (bytes.isNull())
         QVERIFY(QDir().mkdir(lock()));
     else
-        put(lock(), bytes);
+        TestFiles::write(lock(), bytes);
     SessionData data;
     SessionFile session;
     QCOMPARE(session.open(m_file, &data).error(), QString());
@@ -87,14 +82,12 @@ void tst_SessionFile::damageOfATakenSessionIsNeverSaved()
     SessionData data;
     SessionFile first;
     QVERIFY(first.open(m_file, &data).isOk());
-    put(m_file, "damaged");
+    TestFiles::write(m_file, "damaged");
     SessionFile second;
     QVERIFY(!second.open(m_file, &data).isOk());
     second.saveAnyway();
     QVERIFY(second.save(data).isOk());
-    QFile file(m_file);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(), QByteArray("damaged"));
+    QCOMPARE(TestFiles::read(m_file), "damaged"_ba);
 }
 
 QTEST_GUILESS_MAIN(tst_SessionFile)

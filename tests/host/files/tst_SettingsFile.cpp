@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/files/SettingsFile.h"
+#include "tests/support/TestFiles.h"
 #include "tests/support/TestObject.h"
 
-#include <QDir>
-#include <QFile>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
 
 class tst_SettingsFile : public TestObject
 {
@@ -18,7 +19,6 @@ private Q_SLOTS:
     void keepsMapsForTheNextRun();
     void keepsEveryKindOfValue_data();
     void keepsEveryKindOfValue();
-    void readingWritesNothing();
     void withoutAFileMapsLastForTheRun();
     void writesOnlyChanges();
     void damagedFilesAreIgnoredAndKeptAside_data();
@@ -29,9 +29,9 @@ private Q_SLOTS:
     void saysWhatCannotBeWritten();
 
 private:
-    QString path() const { return m_folder->filePath(QStringLiteral("deep/down/editors.json")); }
-    void write(const QByteArray& bytes) const;
-    static QByteArray contentOf(const QString& file);
+    QString path() const { return m_folder->filePath(u"deep/down/editors.json"_s); }
+    void write(const QByteArray& bytes) const { TestFiles::write(path(), bytes); }
+    static SettingsFile::Map zoom(int value) { return {{u"GraphZoom"_s, value}}; }
 
     std::unique_ptr<QTemporaryDir> m_folder;
 };
@@ -39,36 +39,25 @@ private:
 // Each test has an empty folder.
 void tst_SettingsFile::cleanup() { m_folder = std::make_unique<QTemporaryDir>(); }
 
-void tst_SettingsFile::write(const QByteArray& bytes) const
-{
-    QVERIFY(QDir().mkpath(QFileInfo(path()).path()));
-    QFile file(path());
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
-}
-
-QByteArray tst_SettingsFile::contentOf(const QString& name)
-{
-    QFile file(name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-}
-
 void tst_SettingsFile::standsWithTheUsersSettings()
 {
     QStandardPaths::setTestModeEnabled(true);
     const QString file = SettingsFile::standardFile();
     QCOMPARE(file, QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-                       QStringLiteral("/zolta/editors.json"));
+                       u"/zolta/editors.json"_s);
     QVERIFY(QDir::isAbsolutePath(file));
     QStandardPaths::setTestModeEnabled(false);
 }
 
 void tst_SettingsFile::keepsMapsForTheNextRun()
 {
-    const SettingsFile::Map one{{QStringLiteral("GraphZoom"), 3}};
-    const SettingsFile::Map two{{QStringLiteral("GraphZoom"), 6}, {QStringLiteral("Other"), true}};
+    const SettingsFile::Map one = zoom(3);
+    const SettingsFile::Map two{{u"GraphZoom"_s, 6}, {u"Other"_s, true}};
     SettingsFile first;
     QCOMPARE(first.open(path()).error(), QString());
+    QCOMPARE(first.map(0), SettingsFile::Map());
+    first.keep(0, {});
+    QVERIFY(QDir(m_folder->path()).isEmpty());
     first.keep(0, one);
     first.keep(6, one);
     first.keep(6, {});
@@ -79,9 +68,7 @@ void tst_SettingsFile::keepsMapsForTheNextRun()
     QCOMPARE(second.map(1), SettingsFile::Map());
     QCOMPARE(second.map(6), SettingsFile::Map());
     QCOMPARE(second.map(7), two);
-    QCOMPARE(
-        QFileInfo(path()).dir().entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
-        QStringList(QStringLiteral("editors.json")));
+    QCOMPARE(TestFiles::namesIn(QFileInfo(path()).path()), QStringList(u"editors.json"_s));
 }
 
 void tst_SettingsFile::keepsEveryKindOfValue_data()
@@ -90,9 +77,9 @@ void tst_SettingsFile::keepsEveryKindOfValue_data()
     QTest::newRow("integer") << QVariant(-12);
     QTest::newRow("fraction") << QVariant(0.1);
     QTest::newRow("truth") << QVariant(true);
-    QTest::newRow("text") << QVariant(QString::fromUtf8("\"日本語\" \\ \n"));
-    QTest::newRow("list") << QVariant(QVariantList{1, QStringLiteral("two"), 3.5});
-    QTest::newRow("map") << QVariant(QVariantMap{{QStringLiteral("a"), QStringLiteral("b")}});
+    QTest::newRow("text") << QVariant(u"\"日本語\" \\ \n"_s);
+    QTest::newRow("list") << QVariant(QVariantList{1, u"two"_s, 3.5});
+    QTest::newRow("map") << QVariant(QVariantMap{{u"a"_s, u"b"_s}});
 }
 
 void tst_SettingsFile::keepsEveryKindOfValue()
@@ -100,26 +87,17 @@ void tst_SettingsFile::keepsEveryKindOfValue()
     QFETCH(const QVariant, value);
     SettingsFile first;
     QVERIFY(first.open(path()).isOk());
-    first.keep(2, {{QStringLiteral("key"), value}});
+    first.keep(2, {{u"key"_s, value}});
     SettingsFile second;
     QCOMPARE(second.open(path()).error(), QString());
-    QCOMPARE(second.map(2).value(QStringLiteral("key")), value);
-}
-
-void tst_SettingsFile::readingWritesNothing()
-{
-    SettingsFile settings;
-    QCOMPARE(settings.open(path()).error(), QString());
-    QCOMPARE(settings.map(0), SettingsFile::Map());
-    settings.keep(0, {});
-    QVERIFY(QDir(m_folder->path()).isEmpty());
+    QCOMPARE(second.map(2).value(u"key"_s), value);
 }
 
 void tst_SettingsFile::withoutAFileMapsLastForTheRun()
 {
     SettingsFile settings;
-    settings.keep(4, {{QStringLiteral("GraphZoom"), 2}});
-    QCOMPARE(settings.map(4).value(QStringLiteral("GraphZoom")), QVariant(2));
+    settings.keep(4, zoom(2));
+    QCOMPARE(settings.map(4), zoom(2));
     QVERIFY(QDir(m_folder->path()).isEmpty());
 }
 
@@ -127,11 +105,11 @@ void tst_SettingsFile::writesOnlyChanges()
 {
     SettingsFile settings;
     QVERIFY(settings.open(path()).isOk());
-    settings.keep(1, {{QStringLiteral("GraphZoom"), 1}});
+    settings.keep(1, zoom(1));
     QVERIFY(QFile::remove(path()));
-    settings.keep(1, {{QStringLiteral("GraphZoom"), 1}});
+    settings.keep(1, zoom(1));
     QVERIFY(!QFile::exists(path()));
-    settings.keep(1, {{QStringLiteral("GraphZoom"), 2}});
+    settings.keep(1, zoom(2));
     QVERIFY(QFile::exists(path()));
 }
 
@@ -169,17 +147,16 @@ void tst_SettingsFile::damagedFilesAreIgnoredAndKeptAside()
     write(bytes);
     SettingsFile settings;
     QCOMPARE(settings.open(path()).error(),
-             QStringLiteral("The editors' settings in %1 are damaged and ignored. %2 The file is "
-                            "kept as %1.damaged.")
-                 .arg(path(), reason));
+             u"The editors' settings in %1 are damaged and ignored. %2 The file is "
+             "kept as %1.damaged."_s.arg(path(), reason));
     for (int channel = 0; channel < 8; ++channel)
         QCOMPARE(settings.map(channel), SettingsFile::Map());
     QVERIFY(!QFile::exists(path()));
-    QCOMPARE(contentOf(path() + QStringLiteral(".damaged")), bytes);
-    settings.keep(3, {{QStringLiteral("GraphZoom"), 5}});
+    QCOMPARE(TestFiles::read(path() + u".damaged"_s), bytes);
+    settings.keep(3, zoom(5));
     SettingsFile next;
     QCOMPARE(next.open(path()).error(), QString());
-    QCOMPARE(next.map(3).value(QStringLiteral("GraphZoom")), QVariant(5));
+    QCOMPARE(next.map(3), zoom(5));
 }
 
 void tst_SettingsFile::keepsEveryDamagedFile()
@@ -188,9 +165,9 @@ void tst_SettingsFile::keepsEveryDamagedFile()
         write(bytes);
         QVERIFY(!SettingsFile().open(path()).isOk());
     }
-    QCOMPARE(contentOf(path() + QStringLiteral(".damaged")), QByteArray("first"));
-    QCOMPARE(contentOf(path() + QStringLiteral(".damaged-2")), QByteArray("second"));
-    QCOMPARE(contentOf(path() + QStringLiteral(".damaged-3")), QByteArray("third"));
+    QCOMPARE(TestFiles::read(path() + u".damaged"_s), "first"_ba);
+    QCOMPARE(TestFiles::read(path() + u".damaged-2"_s), "second"_ba);
+    QCOMPARE(TestFiles::read(path() + u".damaged-3"_s), "third"_ba);
 }
 
 void tst_SettingsFile::whatCannotBeReadIsLeftAlone()
@@ -198,16 +175,14 @@ void tst_SettingsFile::whatCannotBeReadIsLeftAlone()
     QVERIFY(QDir().mkpath(path())); // a folder of that name
     SettingsFile settings;
     const QString error = settings.open(path()).error();
-    QVERIFY2(error.startsWith(
-                 QStringLiteral("The editors' settings in %1 cannot be read because %1 is not a "
-                                "regular file.")
-                     .arg(path())),
+    QVERIFY2(error.startsWith(u"The editors' settings in %1 cannot be read because %1 is not a "
+                              "regular file."_s.arg(path())),
              qPrintable(error));
     QString report;
     settings.setReporter([&report](const QString& sentence) { report = sentence; });
-    settings.keep(0, {{QStringLiteral("GraphZoom"), 5}});
+    settings.keep(0, zoom(5));
     QCOMPARE(report, QString());
-    QCOMPARE(settings.map(0).value(QStringLiteral("GraphZoom")), QVariant(5));
+    QCOMPARE(settings.map(0), zoom(5));
     QVERIFY(QFileInfo(path()).isDir());
     QVERIFY(QDir(path()).isEmpty());
 }
@@ -218,28 +193,25 @@ void tst_SettingsFile::laterVersionsAreLeftAlone()
     write(bytes);
     SettingsFile settings;
     QCOMPARE(settings.open(path()).error(),
-             QStringLiteral("The editors' settings in %1 were saved by a later version of this "
-                            "program. They are left alone, and no settings will be saved.")
-                 .arg(path()));
-    settings.keep(0, {{QStringLiteral("GraphZoom"), 5}});
-    QCOMPARE(contentOf(path()), bytes);
+             u"The editors' settings in %1 were saved by a later version of this "
+             "program. They are left alone, and no settings will be saved."_s.arg(path()));
+    settings.keep(0, zoom(5));
+    QCOMPARE(TestFiles::read(path()), bytes);
     QCOMPARE(QFileInfo(path()).dir().entryList(QDir::Files).size(), 1);
 }
 
 void tst_SettingsFile::saysWhatCannotBeWritten()
 {
-    QFile inTheWay(m_folder->filePath(QStringLiteral("deep")));
+    QFile inTheWay(m_folder->filePath(u"deep"_s));
     QVERIFY(inTheWay.open(QIODevice::WriteOnly));
     SettingsFile settings;
     QStringList reports;
     settings.setReporter([&reports](const QString& sentence) { reports << sentence; });
     QCOMPARE(settings.open(path()).error(), QString());
-    settings.keep(0, {{QStringLiteral("GraphZoom"), 5}});
+    settings.keep(0, zoom(5));
     QCOMPARE(reports.size(), 1);
-    QVERIFY2(reports[0].startsWith(
-                 QStringLiteral("The editors' settings cannot be saved. The file %1 cannot be "
-                                "written: ")
-                     .arg(path())),
+    QVERIFY2(reports[0].startsWith(u"The editors' settings cannot be saved. The file %1 cannot be "
+                                   "written: "_s.arg(path())),
              qPrintable(reports[0]));
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/meters/BuiltInSignal.h"
+#include "parameters/ChannelValues.h"
 #include "tests/support/TestObject.h"
 
 class tst_BuiltInSignal : public TestObject
@@ -13,7 +14,6 @@ private Q_SLOTS:
     void settingsActWhereTheyShould();
     void driveCompresses();
     void sendIgnoresTheBands();
-    void everyRateGivesLevels_data();
     void everyRateGivesLevels();
     void channelsDiffer();
 
@@ -21,17 +21,9 @@ private:
     using Values = ChannelProcessor::Values;
     static constexpr double tick = 0.033;
 
-    static Values defaults();
+    static Values defaults() { return defaultValues(); }
     static Values with(std::size_t number, int value);
 };
-
-tst_BuiltInSignal::Values tst_BuiltInSignal::defaults()
-{
-    Values values{};
-    for (std::size_t i = 0; i < values.size(); ++i)
-        values[i] = parameterTable[i].defaultValue;
-    return values;
-}
 
 // The defaults but for the parameter of that number.
 tst_BuiltInSignal::Values tst_BuiltInSignal::with(std::size_t number, int value)
@@ -124,28 +116,20 @@ void tst_BuiltInSignal::sendIgnoresTheBands()
     QVERIFY(differed);
 }
 
-void tst_BuiltInSignal::everyRateGivesLevels_data()
-{
-    QTest::addColumn<int>("rate");
-    QTest::addColumn<double>("seconds");
-    for (const int rate : {1000, 8000, 44100, 192000, 768000}) {
-        for (const double seconds : {0.0, 1e-6, 0.033, 3600.0})
-            QTest::addRow("%d Hz every %g s", rate, seconds) << rate << seconds;
-    }
-}
-
 void tst_BuiltInSignal::everyRateGivesLevels()
 {
-    QFETCH(const int, rate);
-    QFETCH(const double, seconds);
     Values values = defaults();
     for (const std::size_t number : {3, 7, 11, 15, 19, 23})
         values[number - 1] = 200;
-    BuiltInSignal signal;
-    for (int i = 0; i < 100; ++i) {
-        const MeterLevels levels = signal.read(5, values, rate, seconds);
-        QVERIFY(levels.send >= -1270 && levels.send <= 0);
-        QVERIFY(levels.returned >= -1270 && levels.returned <= 1270);
+    for (const int rate : {1000, 8000, 44100, 192000, 768000}) {
+        for (const double seconds : {0.0, 1e-6, 0.033, 3600.0}) {
+            BuiltInSignal signal;
+            for (int i = 0; i < 100; ++i) {
+                const MeterLevels levels = signal.read(5, values, rate, seconds);
+                QVERIFY(levels.send >= -1270 && levels.send <= 0);
+                QVERIFY(levels.returned >= -1270 && levels.returned <= 1270);
+            }
+        }
     }
 }
 

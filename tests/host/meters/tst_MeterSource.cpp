@@ -7,6 +7,8 @@
 
 #include <QCoreApplication>
 
+#include <functional>
+
 namespace {
 
 struct Call
@@ -44,10 +46,13 @@ public:
     {
         ++updates;
         words.assign(values, values + count);
+        if (act)
+            act();
     }
 
     int updates = 0;
     std::vector<unsigned int> words;
+    std::function<void()> act;
 };
 
 } // namespace
@@ -57,15 +62,11 @@ class tst_MeterSource : public TestObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { cleanup(); }
-    void cleanup();
-    void runsOnlyWhileSomebodyObserves();
-    void stopsWhenTheObserverHasLeft();
+    void init();
+    void readsNothingThatNobodySees();
     void offReadsNothing();
     void readsOnlyWhatIsShown_data();
     void readsOnlyWhatIsShown();
-    void laysTheWordsOutAsTheModelSays();
-    void unreadChannelsStandAtTheBottom();
     void tellsTheProducerEverything();
     void theLaterEditorDecidesTheRate();
     void takesAnotherProducer();
@@ -73,8 +74,13 @@ private Q_SLOTS:
     void theTimerReads();
 
 private:
-    std::vector<int> channelsRead() const;
-    int word(const char* meter, unsigned short channel) const;
+    void show(int viewer, const MeterSource::View& view)
+    {
+        m_source->show(&m_viewers[viewer], view);
+    }
+    void hide(int viewer) { m_source->hide(&m_viewers[viewer]); }
+    std::vector<int> channelsRead();
+    int word(const char* meter, int channel) const;
 
     std::unique_ptr<HostMemory> m_memory;
     std::vector<Call> m_calls;
@@ -83,9 +89,10 @@ private:
     int m_viewers[4] = {};
 };
 
-// Each test begins with a memory that is observed, and a source that nobody looks at.
-void tst_MeterSource::cleanup()
+// A memory that is observed, and a source that nobody looks at.
+void tst_MeterSource::init()
 {
+    TestObject::init();
     m_source.reset();
     m_memory = std::make_unique<HostMemory>();
     m_calls.clear();
@@ -95,8 +102,11 @@ void tst_MeterSource::cleanup()
         std::make_unique<MeterSource>(*m_memory, std::make_unique<RecordingProducer>(&m_calls));
 }
 
-std::vector<int> tst_MeterSource::channelsRead() const
+// By one reading.
+std::vector<int> tst_MeterSource::channelsRead()
 {
+    m_calls.clear();
+    m_source->advance(0.033);
     std::vector<int> channels;
     for (const Call& call : m_calls)
         channels.push_back(call.channel);
@@ -104,7 +114,7 @@ std::vector<int> tst_MeterSource::channelsRead() const
 }
 
 // What an editor reads of a meter, the way it finds it.
-int tst_MeterSource::word(const char* meter, unsigned short channel) const
+int tst_MeterSource::word(const char* meter, int channel) const
 {
     HostModel model;
     unsigned short index = 0;
@@ -112,46 +122,34 @@ int tst_MeterSource::word(const char* meter, unsigned short channel) const
     unsigned short count = 0;
     if (!model.findMeter(&index, meter) || !model.getMeterRange(&base, &count, index))
         qFatal("no meter %s", meter);
-    return static_cast<short>(m_observer.words.at(base + 2U * channel));
+    return static_cast<short>(m_observer.words.at(static_cast<std::size_t>(base + 2 * channel)));
 }
 
-void tst_MeterSource::runsOnlyWhileSomebodyObserves()
+void tst_MeterSource::readsNothingThatNobodySees()
 {
-    QVERIFY(!m_source->isRunning());
-    m_source->show(&m_viewers[0], {0, 1, 48000});
-    QVERIFY(m_source->isRunning());
-    m_source->show(&m_viewers[1], {4, -1, 48000});
-    m_source->hide(&m_viewers[0]);
-    QVERIFY(m_source->isRunning());
-    m_source->hide(&m_viewers[1]);
-    QVERIFY(!m_source->isRunning());
-    m_source->hide(&m_viewers[2]); // never came
+    QCOMPARE(channelsRead(), std::vector<int>());
+    show(0, {0, 1, 48000});
+    show(1, {4, -1, 48000});
+    hide(0);
+    QCOMPARE(channelsRead(), std::vector<int>{4});
+    hide(1);
+    hide(2); // never came
+    QCOMPARE(channelsRead(), std::vector<int>());
+    show(0, {0, 1, 48000});
     m_memory->meters().removeMeterObserver(&m_observer);
-    m_source->show(&m_viewers[0], {0, 1, 48000});
-    QVERIFY(!m_source->isRunning());
-}
-
-void tst_MeterSource::stopsWhenTheObserverHasLeft()
-{
-    m_source->show(&m_viewers[0], {0, 1, 48000});
-    m_memory->meters().removeMeterObserver(&m_observer);
-    m_source->advance(0.033);
-    QVERIFY(m_calls.empty());
-    QVERIFY(!m_source->isRunning());
+    QCOMPARE(channelsRead(), std::vector<int>());
+    QCOMPARE(m_observer.updates, 1);
 }
 
 void tst_MeterSource::offReadsNothing()
 {
     m_source->setEnabled(false);
-    m_source->show(&m_viewers[0], {0, 1, 48000});
-    QVERIFY(!m_source->isRunning());
-    m_source->advance(0.033);
-    QVERIFY(m_calls.empty());
+    show(0, {0, -1, 48000});
+    QCOMPARE(channelsRead(), std::vector<int>());
     QCOMPARE(m_observer.updates, 0);
     m_source->setEnabled(true);
-    QVERIFY(m_source->isRunning());
-    m_source->setEnabled(false);
-    QVERIFY(!m_source->isRunning());
+    QTRY_VERIFY(m_observer.updates >= 1);
+    QCOMPARE(channelsRead(), std::vector<int>{0});
 }
 
 void tst_MeterSource::readsOnlyWhatIsShown_data()
@@ -166,48 +164,27 @@ void tst_MeterSource::readsOnlyWhatIsShown_data()
                          << std::vector<int>{0, 1, 2, 3, 4, 5, 6, 7};
 }
 
+// The other channels' meters stand at the bottom.
 void tst_MeterSource::readsOnlyWhatIsShown()
 {
     QFETCH(const QList<QPoint>, views);
-    for (qsizetype i = 0; i < views.size(); ++i)
-        m_source->show(&m_viewers[i], {views[i].x(), views[i].y(), 48000});
-    m_source->advance(0.033);
-    QTEST(channelsRead(), "expected");
+    QFETCH(const std::vector<int>, expected);
+    for (int i = 0; i < views.size(); ++i)
+        show(i, {views[i].x(), views[i].y(), 48000});
+    QCOMPARE(channelsRead(), expected);
     QCOMPARE(m_observer.updates, 1);
-    m_calls.clear();
-    for (int& viewer : m_viewers)
-        m_source->hide(&viewer);
-    m_source->advance(0.033);
-    QVERIFY(m_calls.empty());
-    QCOMPARE(m_observer.updates, 1);
-}
-
-void tst_MeterSource::laysTheWordsOutAsTheModelSays()
-{
-    m_source->show(&m_viewers[0], {2, 3, 48000});
-    m_source->show(&m_viewers[1], {6, 7, 48000});
-    m_source->advance(0.033);
     QCOMPARE(m_observer.words.size(), 32U);
-    for (const int channel : {2, 3, 6, 7}) {
-        QCOMPARE(word("meter_oxa_snd", static_cast<unsigned short>(channel)), -channel);
-        QCOMPARE(word("meter_oxa_rtn", static_cast<unsigned short>(channel)), -channel - 100);
-    }
-}
-
-void tst_MeterSource::unreadChannelsStandAtTheBottom()
-{
-    m_source->show(&m_viewers[0], {2, -1, 48000});
-    m_source->advance(0.033);
-    for (const int channel : {0, 1, 3, 4, 5, 6, 7}) {
-        QCOMPARE(word("meter_oxa_snd", static_cast<unsigned short>(channel)), -1270);
-        QCOMPARE(word("meter_oxa_rtn", static_cast<unsigned short>(channel)), -1270);
+    for (int channel = 0; channel < 8; ++channel) {
+        const bool read = std::count(expected.begin(), expected.end(), channel) > 0;
+        QCOMPARE(word("meter_oxa_snd", channel), read ? -channel : -1270);
+        QCOMPARE(word("meter_oxa_rtn", channel), read ? -channel - 100 : -1270);
     }
 }
 
 void tst_MeterSource::tellsTheProducerEverything()
 {
     m_memory->setValue(0x0103, 5, 77, 0, 0, 1);
-    m_source->show(&m_viewers[0], {5, 4, 96000});
+    show(0, {5, 4, 96000});
     m_source->advance(0.25);
     QCOMPARE(m_calls.size(), 2U);
     QCOMPARE(m_calls[1].channel, 5);
@@ -218,62 +195,40 @@ void tst_MeterSource::tellsTheProducerEverything()
 
 void tst_MeterSource::theLaterEditorDecidesTheRate()
 {
-    m_source->show(&m_viewers[0], {0, 1, 96000});
-    m_source->show(&m_viewers[1], {1, -1, 44100});
+    show(0, {0, 1, 96000});
+    show(1, {1, -1, 44100});
     m_source->advance(0.033);
     QCOMPARE(m_calls[0].sampleRate, 96000);
     QCOMPARE(m_calls[1].sampleRate, 44100);
-    m_calls.clear();
-    m_source->show(&m_viewers[0], {0, 1, 192000});
+    show(0, {0, 1, 192000});
     m_source->advance(0.033);
-    QCOMPARE(m_calls[1].sampleRate, 192000);
+    QCOMPARE(m_calls[3].sampleRate, 192000);
 }
 
 void tst_MeterSource::takesAnotherProducer()
 {
     std::vector<Call> others;
-    m_source->show(&m_viewers[0], {0, -1, 48000});
+    show(0, {0, -1, 48000});
     m_source->setProducer(std::make_unique<RecordingProducer>(&others));
-    m_source->advance(0.033);
-    QVERIFY(m_calls.empty());
+    QCOMPARE(channelsRead(), std::vector<int>());
     QCOMPARE(others.size(), 1U);
 }
 
 void tst_MeterSource::anObserverMayLeaveMeanwhile()
 {
-    class Leaver : public RecordingObserver
-    {
-    public:
-        Leaver(HostMemory* memory, MeterSource* source, const void* viewer)
-            : m_memory(memory)
-            , m_source(source)
-            , m_viewer(viewer)
-        {}
-        void notifyMeterDbUpdated(unsigned int* values, unsigned int count) override
-        {
-            RecordingObserver::notifyMeterDbUpdated(values, count);
-            m_memory->meters().removeMeterObserver(this);
-            m_source->hide(m_viewer);
-        }
-
-    private:
-        HostMemory* m_memory;
-        MeterSource* m_source;
-        const void* m_viewer;
+    m_observer.act = [this] {
+        m_memory->meters().removeMeterObserver(&m_observer);
+        hide(0);
     };
-    m_memory->meters().removeMeterObserver(&m_observer);
-    Leaver leaver(m_memory.get(), m_source.get(), &m_viewers[0]);
-    m_memory->meters().addMeterObserver(&leaver);
-    m_source->show(&m_viewers[0], {0, 1, 48000});
+    show(0, {0, 1, 48000});
     m_source->advance(0.033);
     m_source->advance(0.033);
-    QCOMPARE(leaver.updates, 1);
-    QVERIFY(!m_source->isRunning());
+    QCOMPARE(m_observer.updates, 1);
 }
 
 void tst_MeterSource::theTimerReads()
 {
-    m_source->show(&m_viewers[0], {0, -1, 48000});
+    show(0, {0, -1, 48000});
     QTRY_VERIFY(m_observer.updates >= 2);
     for (const Call& call : m_calls)
         QVERIFY(call.seconds > 0.0);

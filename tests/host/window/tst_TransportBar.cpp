@@ -20,6 +20,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 class tst_TransportBar : public TestObject
 {
     Q_OBJECT
@@ -35,7 +37,7 @@ private Q_SLOTS:
     void longFileNameIsElided();
 
 private:
-    void openFile(const QString& name = QStringLiteral("song.wav"));
+    void openFile(const QString& name = u"song.wav"_s);
     bool says(const char* text) const;
     template <typename Widget> Widget* named(const char* name) const;
 
@@ -118,12 +120,12 @@ void tst_TransportBar::drivesTheSession()
     QCOMPARE(position->value(), 615);
     QVERIFY(says("1:01 / 2:05"));
     auto* devices = named<QComboBox>("Output device");
-    QCOMPARE(devices->currentText(), QStringLiteral("fake:Speakers"));
+    QCOMPARE(devices->currentText(), u"fake:Speakers"_s);
     m_bar->activateWindow();
     devices->setFocus();
     QTest::keyClick(devices, Qt::Key_Down);
     QCOMPARE(m_session->output(), 1);
-    QCOMPARE(devices->currentText(), QStringLiteral("fake:Phones"));
+    QCOMPARE(devices->currentText(), u"fake:Phones"_s);
 }
 
 void tst_TransportBar::showsTheState()
@@ -140,13 +142,13 @@ void tst_TransportBar::showsTheState()
     QVERIFY(says("Audio error"));
     QVERIFY(!named<QAbstractButton>("Play")->isEnabled());
     QVERIFY(named<QAbstractButton>("Stop")->isEnabled());
-    m_device->setError(QStringLiteral("The device was disconnected."));
+    m_device->setError(u"The device was disconnected."_s);
     QVERIFY(changes.wait(30000));
     QVERIFY(says("Audio error"));
     QVERIFY(named<QAbstractButton>("Play")->isEnabled());
     const auto labels = m_bar->findChildren<QLabel*>();
     QVERIFY(std::any_of(labels.begin(), labels.end(), [](QLabel* label) {
-        return label->toolTip() == QLatin1String("The device was disconnected.");
+        return label->toolTip() == "The device was disconnected."_L1;
     }));
 }
 
@@ -171,7 +173,7 @@ void tst_TransportBar::disabledKeysAreDim()
 // The beginning and the end of the name are painted as they are, and nothing is cut at the edge.
 void tst_TransportBar::longFileNameIsElided()
 {
-    const QString name = QStringLiteral("<b>%1 & take 27.wav").arg(QString(90, QLatin1Char('m')));
+    const QString name = u"<b>%1 & take 27.wav"_s.arg(QString(90, QLatin1Char('m')));
     openFile(name);
     QCoreApplication::processEvents();
     QLabel* label = nullptr;
@@ -186,7 +188,7 @@ void tst_TransportBar::longFileNameIsElided()
     QCOMPARE(tip.toPlainText(), m_folder.filePath(name));
     const QImage cut = label->grab().toImage();
     label->setText(label->fontMetrics().elidedText(name, Qt::ElideMiddle, label->width()));
-    QVERIFY(label->text().endsWith(QStringLiteral("27.wav")));
+    QVERIFY(label->text().endsWith(u"27.wav"_s));
     QCOMPARE(label->grab().toImage(), cut);
 }
 
