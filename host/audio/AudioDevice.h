@@ -43,6 +43,9 @@ public:
     virtual int rate() const = 0; ///< Hz
     /// Why a device that was started plays no more.
     virtual Status status() const = 0;
+    /// Whether there is such a reason and it may pass by itself: then the device can be opened
+    /// again once it is back.
+    virtual bool mayComeBack() const = 0;
     /// How often the device has called for samples since it was opened: as long as that grows, it
     /// plays.
     virtual std::int64_t calls() const = 0;

@@ -1,47 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/audio/AudioDevices.h"
 
-#include <alsa/asoundlib.h>
-#include <jack/jack.h>
+#include "engine/ChannelProcessor.h"
 
 #include <QCoreApplication>
 #include <QStringList>
 
 #include <algorithm>
-#include <iterator>
 
 namespace {
-
-AudioDeviceInfo infoOf(RtAudio& system, unsigned int number)
-{
-    const RtAudio::DeviceInfo found = system.getDeviceInfo(number);
-    AudioDeviceInfo info;
-    info.api = system.getCurrentApi();
-    info.number = number;
-    info.name = QStringLiteral("%1:%2").arg(QString::fromStdString(RtAudio::getApiName(info.api)),
-                                            QString::fromStdString(found.name));
-    info.outputs = found.probed ? static_cast<int>(found.outputChannels) : 0;
-    info.inputs = found.probed ? static_cast<int>(found.inputChannels) : 0;
-    info.preferredRate = static_cast<int>(found.preferredSampleRate);
-    std::copy(found.sampleRates.begin(), found.sampleRates.end(), std::back_inserter(info.rates));
-    info.isDefaultOutput = found.isDefaultOutput;
-    info.isDefaultInput = found.isDefaultInput;
-    return info;
-}
-
-void appendDevices(RtAudio::Api api, std::vector<AudioDeviceInfo>* devices)
-{
-    RtAudio system(api);
-    system.showWarnings(false);
-    const unsigned int count = system.getDeviceCount();
-    for (unsigned int number = 0; number < count; ++number) {
-        AudioDeviceInfo info = infoOf(system, number);
-        if (info.outputs > 0 || info.inputs > 0)
-            devices->push_back(std::move(info));
-    }
-}
-
-void ignoreMessage(const char*, int, const char*, int, const char*, ...) {}
 
 QString withoutSystem(const QString& name) { return name.section(QLatin1Char(':'), 1); }
 
@@ -59,7 +26,7 @@ Result<const AudioDeviceInfo*> defaultOf(const std::vector<AudioDeviceInfo>& dev
             continue;
         if (!first)
             first = &device;
-        if (device.api == first->api && device.isDefaultOutput)
+        if (device.system() == first->system() && device.isDefaultOutput)
             return &device;
     }
     if (first)
@@ -87,27 +54,57 @@ Result<const AudioDeviceInfo*> onlyOne(const std::vector<const AudioDeviceInfo*>
             .arg(text, names.join(QLatin1String(", ")))};
 }
 
+int chooseRate(const AudioDeviceInfo& device, const AudioDeviceSettings& settings, int soundRate)
+{
+    if (settings.rate > 0)
+        return settings.rate;
+    const bool suits = soundRate > ChannelProcessor::allBandsRate && device.runsAt(soundRate);
+    return suits ? soundRate : device.preferredRate;
+}
+
+// The same device if it has inputs, otherwise its system's default.
+std::optional<AudioDeviceInfo> inputFor(const AudioDeviceInfo& output,
+                                        const std::vector<AudioDeviceInfo>& devices)
+{
+    if (output.inputs > 0)
+        return output;
+    const auto found =
+        std::find_if(devices.begin(), devices.end(), [&output](const AudioDeviceInfo& device) {
+            return device.system() == output.system() && device.inputs > 0 && device.isDefaultInput;
+        });
+    return found == devices.end() ? std::nullopt : std::optional(*found);
+}
+
+Status check(const AudioRoute& route, const AudioDeviceSettings& settings)
+{
+    const QString& name = route.output.name;
+    if (route.output.outputs == 0) {
+        return Error{QCoreApplication::translate(
+                         "AudioDevices", "The sound device %1 cannot be used: it has no outputs.")
+                         .arg(name)};
+    }
+    if (settings.rate > 0 && !route.output.runsAt(settings.rate)) {
+        return Error{
+            QCoreApplication::translate(
+                "AudioDevices", "The sound device %1 cannot be used: it does not run at %2 Hz.")
+                .arg(name, QString::number(settings.rate))};
+    }
+    if (settings.live && !route.input) {
+        return Error{QCoreApplication::translate("AudioDevices",
+                                                 "The sound device %1 cannot be used: neither it "
+                                                 "nor the default device has inputs.")
+                         .arg(name)};
+    }
+    return {};
+}
+
 } // namespace
+
+QString AudioDeviceInfo::system() const { return name.section(QLatin1Char(':'), 0, 0); }
 
 bool AudioDeviceInfo::runsAt(int rate) const
 {
     return std::find(rates.begin(), rates.end(), rate) != rates.end();
-}
-
-std::vector<AudioDeviceInfo> AudioDevices::list()
-{
-    silenceLibraries();
-    std::vector<RtAudio::Api> systems;
-    RtAudio::getCompiledApi(systems);
-    std::vector<AudioDeviceInfo> devices;
-    for (const RtAudio::Api api : systems) {
-        try {
-            appendDevices(api, &devices);
-        } catch (const RtAudioError&) {
-            // A system that is not there has no devices.
-        }
-    }
-    return devices;
 }
 
 Result<const AudioDeviceInfo*> AudioDevices::choose(const std::vector<AudioDeviceInfo>& devices,
@@ -126,6 +123,30 @@ Result<const AudioDeviceInfo*> AudioDevices::choose(const std::vector<AudioDevic
     return onlyOne(named.empty() ? similar : named, text);
 }
 
+Result<AudioRoute> AudioDevices::route(const std::vector<AudioDeviceInfo>& devices,
+                                       const AudioDeviceSettings& settings, int soundRate)
+{
+    const auto choice = choose(devices, settings.device);
+    if (!choice.isOk())
+        return Error{choice.error()};
+    AudioRoute route;
+    route.output = *choice.value();
+    if (settings.live)
+        route.input = inputFor(route.output, devices);
+    route.rate = chooseRate(route.output, settings, soundRate);
+    const Status usable = check(route, settings);
+    if (!usable.isOk())
+        return Error{usable.error()};
+    return route;
+}
+
+int AudioDevices::rateFor(const std::vector<AudioDeviceInfo>& devices,
+                          const AudioDeviceSettings& settings, int soundRate)
+{
+    const auto choice = choose(devices, settings.device);
+    return choice.isOk() ? chooseRate(*choice.value(), settings, soundRate) : 0;
+}
+
 QByteArray AudioDevices::table(const std::vector<AudioDeviceInfo>& devices)
 {
     QByteArray lines;
@@ -142,11 +163,4 @@ QByteArray AudioDevices::table(const std::vector<AudioDeviceInfo>& devices)
         lines += fields.join('\t') + '\n';
     }
     return lines;
-}
-
-void AudioDevices::silenceLibraries()
-{
-    jack_set_error_function([](const char*) {});
-    jack_set_info_function([](const char*) {});
-    snd_lib_error_set_handler(ignoreMessage);
 }

@@ -11,6 +11,7 @@
 namespace {
 
 constexpr int watchInterval = 100; // ms
+constexpr int retryInterval = 500; // ms
 
 } // namespace
 
@@ -69,7 +70,6 @@ AudioSession::AudioSession(MixBus& bus, std::unique_ptr<AudioDevice> device,
     , m_device(std::move(device))
     , m_patience(patience)
 {
-    m_watch.setInterval(watchInterval);
     connect(&m_watch, &QTimer::timeout, this, &AudioSession::watch);
 }
 
@@ -146,7 +146,7 @@ Status AudioSession::play()
 {
     if (!isStopped())
         return {};
-    const Status started = start();
+    const Status started = start(m_settings);
     if (!started.isOk())
         return fail(started);
     m_error.clear();
@@ -154,11 +154,15 @@ Status AudioSession::play()
     return {};
 }
 
-Status AudioSession::start()
+Status AudioSession::start(const AudioDeviceSettings& settings)
 {
     if (!m_settings.live && !m_stream.isOpen())
         return Error{tr("There is no sound file to play.")};
-    const Status opened = m_device->open(m_settings, m_settings.live ? 0 : m_stream.rate());
+    if (m_devices && m_devices->empty()) {
+        m_devices.reset();
+        devices();
+    }
+    const Status opened = m_device->open(settings, settings.live ? 0 : m_stream.rate());
     if (!opened.isOk())
         return opened;
     Q_EMIT starting();
@@ -171,7 +175,7 @@ Status AudioSession::start()
         return started;
     m_calls = 0;
     m_sinceCall.start();
-    m_watch.start();
+    m_watch.start(watchInterval);
     return {};
 }
 
@@ -179,9 +183,16 @@ void AudioSession::stop()
 {
     if (isStopped())
         return;
-    halt();
-    m_frame = m_settings.live ? 0 : m_stream.position();
+    pause();
     setState(State::Stopped);
+}
+
+void AudioSession::pause()
+{
+    const bool heard = holdsDevice();
+    halt();
+    if (heard)
+        m_frame = m_settings.live ? 0 : m_stream.position();
 }
 
 void AudioSession::halt()
@@ -195,7 +206,7 @@ double AudioSession::position() const
 {
     if (m_settings.live || !m_stream.isOpen())
         return 0.0;
-    const std::int64_t frame = isStopped() ? m_frame : m_stream.position();
+    const std::int64_t frame = holdsDevice() ? m_stream.position() : m_frame;
     return double(frame) / m_stream.rate();
 }
 
@@ -203,13 +214,15 @@ void AudioSession::setPosition(double seconds)
 {
     if (!m_stream.isOpen() || m_settings.live)
         return;
-    const bool playing = !isStopped();
+    if (holdsDevice() && !m_device->status().isOk())
+        watch();
+    const bool playing = holdsDevice();
     if (playing)
         halt();
     const std::int64_t last = m_stream.length() >= 0 ? m_stream.length() : SF_COUNT_MAX;
     const double frame = std::max(std::round(seconds * m_stream.rate()), 0.0);
     m_frame = frame < double(last) ? static_cast<std::int64_t>(frame) : last;
-    const Status started = playing ? start() : Status();
+    const Status started = playing ? start(m_settings) : Status();
     Q_EMIT positionChanged(position());
     if (!started.isOk()) {
         m_state = State::Stopped;
@@ -224,7 +237,11 @@ int AudioSession::expectedRate() const
 
 void AudioSession::watch()
 {
+    if (m_state == State::Waiting)
+        return tryAgain();
     const Status device = m_device->status();
+    if (!device.isOk() && m_device->mayComeBack())
+        return waitForDevice(device.error());
     const bool ended = !m_settings.live && m_stream.hasEnded();
     if (device.isOk() && !ended) {
         watchCalls();
@@ -237,6 +254,27 @@ void AudioSession::watch()
         finish();
     else
         reportError(result.error());
+}
+
+void AudioSession::waitForDevice(const QString& error)
+{
+    pause();
+    m_state = State::Waiting;
+    m_watch.start(retryInterval);
+    reportError(error);
+}
+
+// The same one, even if another one is the default now.
+void AudioSession::tryAgain()
+{
+    AudioDeviceSettings settings = m_settings;
+    settings.device = m_device->name();
+    if (start(settings).isOk()) {
+        m_error.clear();
+        return setState(State::Playing);
+    }
+    halt();
+    m_watch.start(retryInterval);
 }
 
 void AudioSession::finish()

@@ -29,7 +29,8 @@ public:
     enum class State {
         Stopped,
         Playing,
-        Stalled ///< the device has asked for no samples for a while; it may go on, or be stopped
+        Waiting, ///< the device went; it is played on again as soon as it is back
+        Stalled  ///< the device has asked for no samples for a while; it may go on, or be stopped
     };
     Q_ENUM(State)
 
@@ -51,7 +52,8 @@ public:
     void setDevice(const AudioDeviceSettings& settings);
     void setLooping(bool looping);
 
-    /// The devices that there were at the first call, by name.
+    /// The devices that there were when they were looked for first, by name. Where there were none
+    /// each play() looks again.
     QStringList outputs() const;
     /// The one of them that is played on; -1 if it is none of them.
     int output() const;
@@ -67,7 +69,7 @@ public:
 
     State state() const { return m_state; }
     /// What went wrong last; empty from the next openFile() or play() that works, or once a device
-    /// that had stalled goes on.
+    /// that had stalled or gone goes on.
     const QString& error() const { return m_error; }
 
     /// Seconds from the beginning of the file; of what comes in always 0.
@@ -93,13 +95,17 @@ private:
     class Player;
 
     bool isStopped() const { return m_state == State::Stopped; }
+    bool holdsDevice() const { return !isStopped() && m_state != State::Waiting; }
     const std::vector<AudioDeviceInfo>& devices() const;
     Status fail(const Status& error);
     void reportError(const QString& error);
     void setState(State state);
-    Status start();
+    Status start(const AudioDeviceSettings& settings);
     void halt();
+    void pause();
     void watch();
+    void waitForDevice(const QString& error);
+    void tryAgain();
     void watchCalls();
     void finish();
 
@@ -108,12 +114,12 @@ private:
     std::unique_ptr<Player> m_player;
     std::unique_ptr<AudioDevice> m_device;
     AudioDeviceSettings m_settings;
-    mutable std::optional<std::vector<AudioDeviceInfo>> m_devices; // looked for once
+    mutable std::optional<std::vector<AudioDeviceInfo>> m_devices; // as outputs() says
     QString m_file;
     QString m_error;
     State m_state = State::Stopped;
     bool m_looping = false;
-    std::int64_t m_frame = 0; // of the file, while stopped
+    std::int64_t m_frame = 0; // of the file, while no device is open
     QTimer m_watch;
     std::chrono::milliseconds m_patience;
     std::int64_t m_calls = 0; // of the device, at the last watch

@@ -1,18 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/audio/RtAudioDevice.h"
 
-#include "engine/ChannelProcessor.h"
-#include "host/audio/AudioCallback.h"
+#include "host/audio/CallbackGate.h"
+
+#include <alsa/asoundlib.h>
 
 #include <algorithm>
 #include <array>
 #include <atomic>
-#include <chrono>
 #include <cstring>
-#include <future>
-#include <thread>
+#include <iterator>
 #include <utility>
-#include <vector>
 
 namespace {
 
@@ -49,40 +47,45 @@ RtAudio::StreamParameters parametersOf(const AudioDeviceInfo& device, int channe
     return parameters;
 }
 
-int chooseRate(const AudioDeviceInfo& device, const AudioDeviceSettings& settings, int soundRate)
+AudioDeviceInfo infoOf(RtAudio& system, unsigned int number)
 {
-    if (settings.rate > 0)
-        return settings.rate;
-    const bool suits = soundRate > ChannelProcessor::allBandsRate && device.runsAt(soundRate);
-    return suits ? soundRate : device.preferredRate;
+    const RtAudio::DeviceInfo found = system.getDeviceInfo(number);
+    AudioDeviceInfo info;
+    info.name = QStringLiteral("%1:%2").arg(
+        QString::fromStdString(RtAudio::getApiName(system.getCurrentApi())),
+        QString::fromStdString(found.name));
+    info.number = number;
+    info.outputs = found.probed ? static_cast<int>(found.outputChannels) : 0;
+    info.inputs = found.probed ? static_cast<int>(found.inputChannels) : 0;
+    info.preferredRate = static_cast<int>(found.preferredSampleRate);
+    std::copy(found.sampleRates.begin(), found.sampleRates.end(), std::back_inserter(info.rates));
+    info.isDefaultOutput = found.isDefaultOutput;
+    info.isDefaultInput = found.isDefaultInput;
+    return info;
 }
 
-// The same device if it has inputs, otherwise its system's default.
-const AudioDeviceInfo* inputFor(const AudioDeviceInfo& output,
-                                const std::vector<AudioDeviceInfo>& devices)
+void appendDevices(RtAudio::Api api, std::vector<AudioDeviceInfo>* devices)
 {
-    if (output.inputs > 0)
-        return &output;
-    const auto found =
-        std::find_if(devices.begin(), devices.end(), [&output](const AudioDeviceInfo& device) {
-            return device.api == output.api && device.inputs > 0 && device.isDefaultInput;
-        });
-    return found == devices.end() ? nullptr : &*found;
+    RtAudio system(api);
+    system.showWarnings(false);
+    const unsigned int count = system.getDeviceCount();
+    for (unsigned int number = 0; number < count; ++number) {
+        AudioDeviceInfo info = infoOf(system, number);
+        if (info.outputs > 0 || info.inputs > 0)
+            devices->push_back(std::move(info));
+    }
 }
 
-// After that the library calls for no samples any more.
-constexpr const char* blockChanged = "buffer size has changed";
+void ignoreMessage(const char*, int, const char*, int, const char*, ...) {}
 
 // Warnings of failed transfers come from a device that was pulled out, again and again.
 void note(RtAudioError::Type type, const std::string& text)
 {
     const bool warning = type == RtAudioError::WARNING || type == RtAudioError::DEBUG_WARNING;
     const auto says = [&text](const char* words) { return text.find(words) != std::string::npos; };
-    if (!warning || says("write error") || says("read error") || says(blockChanged))
+    if (!warning || says("write error") || says("read error"))
         keepError(text);
 }
-
-std::atomic<int> closing = 0;
 
 } // namespace
 
@@ -99,16 +102,7 @@ public:
     }
 
     RtAudio& system() { return m_system; }
-    std::int64_t calls() const { return m_calls.load(std::memory_order_relaxed); }
-
-    void setCallback(AudioCallback& callback) { m_callback = &callback; }
-    // Returns once the callback is not in use and will not be any more.
-    void dismissCallback()
-    {
-        m_callback = nullptr;
-        while (m_busy)
-            std::this_thread::yield();
-    }
+    CallbackGate& gate() { return m_gate; }
 
     void close()
     {
@@ -126,7 +120,6 @@ public:
                       void* user)
     {
         auto* stream = static_cast<Stream*>(user);
-        stream->m_calls.fetch_add(1, std::memory_order_relaxed);
         stream->fill(static_cast<float*>(output), static_cast<const float*>(input), frames);
         return 0;
     }
@@ -138,86 +131,78 @@ private:
             m_outputs[c] = output + c * frames;
         for (std::size_t c = 0; c < m_inputs.size(); ++c)
             m_inputs[c] = input + c * frames;
-        m_busy = true;
-        if (AudioCallback* callback = m_callback)
-            callback->process(m_inputs, m_outputs, frames);
-        else
-            std::fill_n(output, m_outputs.size() * frames, 0.0F);
-        m_busy = false;
+        m_gate.process(m_inputs, m_outputs, frames);
     }
 
     RtAudio m_system;
     std::vector<const float*> m_inputs;
     std::vector<float*> m_outputs;
-    std::atomic<AudioCallback*> m_callback = nullptr;
-    std::atomic<bool> m_busy = false;
-    std::atomic<std::int64_t> m_calls = 0;
+    CallbackGate m_gate;
 };
 
-RtAudioDevice::RtAudioDevice(std::chrono::milliseconds patience)
-    : m_patience(patience)
+std::vector<RtAudio::Api> RtAudioDevice::standardSystems()
+{
+    std::vector<RtAudio::Api> systems;
+    RtAudio::getCompiledApi(systems);
+    std::erase(systems, RtAudio::UNIX_JACK);
+    return systems;
+}
+
+RtAudioDevice::RtAudioDevice(std::vector<RtAudio::Api> systems, std::chrono::milliseconds patience)
+    : m_systems(std::move(systems))
+    , m_tasks(patience)
 {}
 
 RtAudioDevice::~RtAudioDevice() { RtAudioDevice::close(); }
 
-std::vector<AudioDeviceInfo> RtAudioDevice::list() const { return AudioDevices::list(); }
+std::vector<AudioDeviceInfo> RtAudioDevice::list() const
+{
+    snd_lib_error_set_handler(ignoreMessage);
+    std::vector<AudioDeviceInfo> devices;
+    for (const RtAudio::Api api : m_systems) {
+        try {
+            appendDevices(api, &devices);
+        } catch (const RtAudioError&) {
+            // A system that is not there has no devices.
+        }
+    }
+    return devices;
+}
 
 int RtAudioDevice::rateFor(const AudioDeviceSettings& settings, int soundRate) const
 {
-    const std::vector<AudioDeviceInfo> devices = list();
-    const auto choice = AudioDevices::choose(devices, settings.device);
-    return choice.isOk() ? chooseRate(*choice.value(), settings, soundRate) : 0;
+    return AudioDevices::rateFor(list(), settings, soundRate);
 }
 
 Status RtAudioDevice::open(const AudioDeviceSettings& settings, int soundRate)
 {
     close();
-    if (closing > 0)
+    if (m_tasks.isBusy())
         return Error{tr("No sound device can be used while %1 is not responding.").arg(m_name)};
-    const std::vector<AudioDeviceInfo> devices = list();
-    const auto choice = AudioDevices::choose(devices, settings.device);
-    if (!choice.isOk())
-        return choice.status();
-    m_name = choice.value()->name;
-    m_rate = chooseRate(*choice.value(), settings, soundRate);
-    return openDevice(*choice.value(), devices, settings);
+    const auto route = AudioDevices::route(list(), settings, soundRate);
+    if (!route.isOk())
+        return route.status();
+    m_name = route.value().output.name;
+    m_rate = route.value().rate;
+    return openStream(route.value(), static_cast<unsigned int>(settings.block));
 }
 
-Status RtAudioDevice::openDevice(const AudioDeviceInfo& output,
-                                 const std::vector<AudioDeviceInfo>& devices,
-                                 const AudioDeviceSettings& settings)
+Status RtAudioDevice::openStream(const AudioRoute& route, unsigned int block)
 {
-    if (output.outputs == 0)
-        return Error{tr("The sound device %1 cannot be used: it has no outputs.").arg(m_name)};
-    if (settings.rate > 0 && !output.runsAt(settings.rate)) {
-        return Error{tr("The sound device %1 cannot be used: it does not run at %2 Hz.")
-                         .arg(m_name, QString::number(settings.rate))};
-    }
-    const AudioDeviceInfo* input = settings.live ? inputFor(output, devices) : nullptr;
-    if (settings.live && !input) {
-        return Error{tr("The sound device %1 cannot be used: neither it nor the default device has "
-                        "inputs.")
-                         .arg(m_name)};
-    }
-    return openStream(output, input, static_cast<unsigned int>(settings.block));
-}
-
-Status RtAudioDevice::openStream(const AudioDeviceInfo& output, const AudioDeviceInfo* input,
-                                 unsigned int block)
-{
-    const int outputs = std::min(output.outputs, maxOutputs);
-    const int inputs = input ? std::min(input->inputs, maxInputs) : 0;
-    RtAudio::StreamParameters out = parametersOf(output, outputs);
-    RtAudio::StreamParameters in = parametersOf(input ? *input : output, inputs);
+    const int outputs = std::min(route.output.outputs, maxOutputs);
+    const int inputs = route.input ? std::min(route.input->inputs, maxInputs) : 0;
+    RtAudio::StreamParameters out = parametersOf(route.output, outputs);
+    RtAudio::StreamParameters in = parametersOf(route.input.value_or(route.output), inputs);
     RtAudio::StreamOptions options;
     options.flags = RTAUDIO_NONINTERLEAVED | RTAUDIO_SCHEDULE_REALTIME;
     options.priority = 70;
     options.streamName = "zolta-host";
     errorState = ErrorState::None;
     try {
-        m_stream = std::make_shared<Stream>(output.api, static_cast<std::size_t>(inputs),
-                                            static_cast<std::size_t>(outputs));
-        m_stream->system().openStream(&out, input ? &in : nullptr, RTAUDIO_FLOAT32,
+        m_stream = std::make_shared<Stream>(
+            RtAudio::getCompiledApiByName(route.output.system().toStdString()),
+            static_cast<std::size_t>(inputs), static_cast<std::size_t>(outputs));
+        m_stream->system().openStream(&out, route.input ? &in : nullptr, RTAUDIO_FLOAT32,
                                       static_cast<unsigned int>(m_rate), &block, &Stream::called,
                                       m_stream.get(), &options, &note);
         m_rate = static_cast<int>(m_stream->system().getStreamSampleRate());
@@ -231,7 +216,7 @@ Status RtAudioDevice::openStream(const AudioDeviceInfo& output, const AudioDevic
 
 Status RtAudioDevice::start(AudioCallback& callback)
 {
-    m_stream->setCallback(callback);
+    m_stream->gate().open(callback);
     try {
         m_stream->system().startStream();
     } catch (const RtAudioError& error) {
@@ -247,28 +232,15 @@ void RtAudioDevice::close()
 {
     if (!m_stream)
         return;
-    m_stream->dismissCallback();
-    ++closing;
-    std::packaged_task<void()> task([stream = std::exchange(m_stream, nullptr)]() mutable {
-        stream->close();
-        stream.reset();
-        --closing;
-    });
-    const std::future<void> closed = task.get_future();
-    std::thread(std::move(task)).detach();
-    closed.wait_for(m_patience);
+    m_stream->gate().shut();
+    m_tasks.run([stream = std::exchange(m_stream, nullptr)] { stream->close(); });
 }
 
-std::int64_t RtAudioDevice::calls() const { return m_stream ? m_stream->calls() : 0; }
+std::int64_t RtAudioDevice::calls() const { return m_stream ? m_stream->gate().calls() : 0; }
 
 Status RtAudioDevice::status() const
 {
     const QString kept = keptError();
-    if (kept.contains(QLatin1String(blockChanged))) {
-        return Error{tr("The sound device %1 has another block size now; stop and play again to "
-                        "use the new size.")
-                         .arg(m_name)};
-    }
     if (!kept.isEmpty())
         return errorOf(kept);
     if (m_stream && !m_stream->system().isStreamRunning())

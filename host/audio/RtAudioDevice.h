@@ -2,13 +2,15 @@
 #pragma once
 
 #include "host/audio/AudioDevice.h"
+#include "host/audio/PatientTasks.h"
 
 #include <QCoreApplication>
 
-#include <chrono>
+#include <RtAudio.h>
+
 #include <memory>
 
-/// A sound device of this machine, on any of the systems that AudioDevices knows.
+/// A sound device of this machine on one of the systems that RtAudio knows.
 ///
 /// A device that does not respond when it is closed is left to a thread of its own, and no device
 /// can be opened until that is through with it. One object at a time in a program.
@@ -17,8 +19,12 @@ class RtAudioDevice : public AudioDevice
     Q_DECLARE_TR_FUNCTIONS(RtAudioDevice)
 
 public:
+    /// The systems that are looked through, in this order: all but JACK.
+    static std::vector<RtAudio::Api> standardSystems();
+
     /// \a patience is how long close() waits for the device.
-    explicit RtAudioDevice(std::chrono::milliseconds patience = std::chrono::seconds(1));
+    explicit RtAudioDevice(std::vector<RtAudio::Api> systems = standardSystems(),
+                           std::chrono::milliseconds patience = std::chrono::seconds(1));
     ~RtAudioDevice() override;
     RtAudioDevice(const RtAudioDevice&) = delete;
     RtAudioDevice& operator=(const RtAudioDevice&) = delete;
@@ -32,18 +38,17 @@ public:
     QString name() const override { return m_name; }
     int rate() const override { return m_rate; }
     Status status() const override;
+    bool mayComeBack() const override { return false; }
     std::int64_t calls() const override;
 
 private:
     class Stream;
 
-    Status openDevice(const AudioDeviceInfo& output, const std::vector<AudioDeviceInfo>& devices,
-                      const AudioDeviceSettings& settings);
-    Status openStream(const AudioDeviceInfo& output, const AudioDeviceInfo* input,
-                      unsigned int block);
+    Status openStream(const AudioRoute& route, unsigned int block);
     Error errorOf(const QString& reason) const;
 
-    std::chrono::milliseconds m_patience;
+    std::vector<RtAudio::Api> m_systems;
+    PatientTasks m_tasks;
     std::shared_ptr<Stream> m_stream;
     QString m_name;
     int m_rate = 0;

@@ -3,7 +3,7 @@
 
 #include "engine/MixBus.h"
 #include "host/audio/AudioSession.h"
-#include "host/audio/RtAudioDevice.h"
+#include "host/audio/SystemAudioDevice.h"
 #include "host/model/SettingsPublisher.h"
 #include "host/program/CommandLine.h"
 #include "host/window/Mixer.h"
@@ -56,5 +56,5 @@ private:
     MixBus m_bus; // the mixer's meters read it
     Mixer m_mixer;
     SettingsPublisher m_publisher{m_mixer.mixerModel, m_bus};
-    AudioSession m_audio{m_bus, std::make_unique<RtAudioDevice>()};
+    AudioSession m_audio{m_bus, std::make_unique<SystemAudioDevice>()};
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/audio/AudioDevices.h"
+#include "host/audio/SystemAudioDevice.h"
 #include "host/program/Application.h"
 #include "host/program/CommandLineParser.h"
 #include "host/program/RenderCommand.h"
@@ -56,7 +56,7 @@ int helpCommand()
 
 int devicesCommand()
 {
-    const std::vector<AudioDeviceInfo> devices = AudioDevices::list();
+    const std::vector<AudioDeviceInfo> devices = SystemAudioDevice().list();
     if (devices.empty())
         printError(CommandLine::tr("There is no sound device."));
     std::fputs(AudioDevices::table(devices).constData(), stdout);

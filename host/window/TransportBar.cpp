@@ -219,6 +219,8 @@ void TransportBar::chooseFile()
 
 QString TransportBar::statusText(const AudioSession* transport) const
 {
+    if (transport && transport->state() == AudioSession::State::Waiting)
+        return tr("Waiting for device");
     if (transport && !transport->error().isEmpty())
         return tr("Audio error");
     const bool playing = transport && transport->state() == AudioSession::State::Playing;

@@ -44,15 +44,25 @@ public:
     /// What goes wrong at the next start, and while playing.
     void setStartError(const QString& sentence) { m_startError = sentence; }
     void setError(const QString& sentence) { m_error = sentence; }
+    /// There is no device, but may be one later.
+    void setGone(bool gone)
+    {
+        m_gone = gone;
+        m_error = gone ? QStringLiteral("It has gone.") : QString();
+    }
 
-    std::vector<AudioDeviceInfo> list() const override { return m_devices; }
+    std::vector<AudioDeviceInfo> list() const override
+    {
+        return m_gone ? std::vector<AudioDeviceInfo>() : m_devices;
+    }
     int rateFor(const AudioDeviceSettings& settings, int) const override
     {
         return AudioDevices::choose(m_devices, settings.device).isOk() ? rate() : 0;
     }
     Status open(const AudioDeviceSettings& settings, int) override
     {
-        const auto choice = AudioDevices::choose(m_devices, settings.device);
+        const std::vector<AudioDeviceInfo> devices = list();
+        const auto choice = AudioDevices::choose(devices, settings.device);
         if (!choice.isOk())
             return choice.status();
         m_name = choice.value()->name;
@@ -71,6 +81,7 @@ public:
     QString name() const override { return m_name; }
     int rate() const override { return 48000; }
     Status status() const override { return m_error.isEmpty() ? Status() : Error{m_error}; }
+    bool mayComeBack() const override { return m_gone; }
     std::int64_t calls() const override { return m_calls; }
 
 private:
@@ -80,5 +91,6 @@ private:
     QString m_startError;
     QString m_error;
     bool m_live = false;
+    bool m_gone = false;
     std::int64_t m_calls = 0;
 };

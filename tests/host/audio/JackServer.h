@@ -7,10 +7,13 @@
 #include <jack/jack.h>
 
 #include <atomic>
+#include <cstdint>
 #include <vector>
 
 /// A sound server of our own that plays into nothing at 48000 Hz. It is the default server of this
 /// process and of those that it starts for as long as it lives.
+///
+/// A second one beside it, with a name of its own, is nobody's default.
 ///
 /// It waits for its clients in every cycle, so that a busy machine delays the sound instead of
 /// tearing holes into it.
@@ -20,7 +23,9 @@ public:
     static constexpr int rate = 48000;
     static constexpr int block = 256;
 
-    JackServer();
+    enum class Role { Default, Second };
+
+    explicit JackServer(Role role = Role::Default, int ownRate = rate);
     ~JackServer();
 
     /// Whether it came up.
@@ -34,18 +39,23 @@ public:
 
 private:
     void send(int signal);
+    bool answers() const;
+
+    bool m_isDefault;
+    QString m_name;
     QProcess m_process;
 };
 
-/// A sound device on that server, with two channels that it hears and four that it gives out: it
-/// keeps what is played on it, and gives out what play() was told.
-class JackDevice
+/// A program on the default server, with two channels that it hears and four that it gives out: it
+/// keeps what is played on it, and gives out what it was told.
+class JackEars
 {
 public:
-    explicit JackDevice(const char* name);
-    ~JackDevice();
-    JackDevice(const JackDevice&) = delete;
-    JackDevice& operator=(const JackDevice&) = delete;
+    /// \a given is what it gives out repeatedly, on channel n (from 1 on) an n-th of it.
+    explicit JackEars(const char* name, std::vector<float> given = {});
+    ~JackEars();
+    JackEars(const JackEars&) = delete;
+    JackEars& operator=(const JackEars&) = delete;
 
     bool isOpen() const { return m_client != nullptr; }
     /// Gives the server another block size.
@@ -53,26 +63,34 @@ public:
     {
         jack_set_buffer_size(m_client, static_cast<jack_nframes_t>(frames));
     }
+    /// Takes longer than the server has time for, once, and how often the server has said so.
+    void dawdle() { m_dawdling = true; }
+    int xruns() const { return m_xruns; }
 
-    /// Before anything is connected: what it gives out repeatedly, on channel n (from 1 on) an
-    /// n-th of it.
-    void play(std::vector<float> samples) { m_given = std::move(samples); }
-
+    /// Frames that the server has played, silent ones, too.
+    std::int64_t frames() const { return m_frames; }
     /// Frames heard so far since the first one that was not silent.
     std::size_t heard() const { return m_heard.load(std::memory_order_acquire); }
-    /// The frames of a channel from the first one on that was not silent on either.
+    /// The frames of a channel, from the first one on that was not silent on either.
     std::vector<float> channel(int index) const;
+    /// Whether the last \a count frames of that are some part of \a given, which repeats, times
+    /// \a factor.
+    bool hears(int index, std::size_t count, const std::vector<float>& given,
+               float factor = 1.0F) const;
 
 private:
-    static int process(jack_nframes_t frames, void* device);
+    static int process(jack_nframes_t frames, void* ears);
+    void give(jack_nframes_t frames);
     void hear(jack_nframes_t frames);
 
     jack_client_t* m_client;
-    std::atomic<bool> m_lost = false; // the server went; the library cannot close such a client
     std::vector<jack_port_t*> m_ins;
     std::vector<jack_port_t*> m_outs;
     std::vector<std::vector<float>> m_samples;
     std::vector<float> m_given;
     std::size_t m_givenPosition = 0;
     std::atomic<std::size_t> m_heard = 0;
+    std::atomic<std::int64_t> m_frames = 0;
+    std::atomic<bool> m_dawdling = false;
+    std::atomic<int> m_xruns = 0;
 };

@@ -19,9 +19,8 @@ private:
 
 std::vector<AudioDeviceInfo> tst_AudioDevices::devices()
 {
-    const auto device = [](RtAudio::Api api, const char* name, int outputs, int inputs) {
+    const auto device = [](const char* name, int outputs, int inputs) {
         AudioDeviceInfo info;
-        info.api = api;
         info.name = QString::fromLatin1(name);
         info.outputs = outputs;
         info.inputs = inputs;
@@ -29,11 +28,9 @@ std::vector<AudioDeviceInfo> tst_AudioDevices::devices()
         info.rates = {44100, 48000};
         return info;
     };
-    std::vector<AudioDeviceInfo> all = {device(RtAudio::UNIX_JACK, "jack:microphone", 0, 1),
-                                        device(RtAudio::UNIX_JACK, "jack:first", 2, 0),
-                                        device(RtAudio::UNIX_JACK, "jack:system", 2, 2),
-                                        device(RtAudio::LINUX_ALSA, "alsa:hw:Card,0", 8, 8),
-                                        device(RtAudio::LINUX_ALSA, "alsa:system two", 2, 2)};
+    std::vector<AudioDeviceInfo> all = {device("jack:microphone", 0, 1), device("jack:first", 2, 0),
+                                        device("jack:system", 2, 2), device("alsa:hw:Card,0", 8, 8),
+                                        device("alsa:system two", 2, 2)};
     all[2].isDefaultOutput = true;
     all[3].isDefaultOutput = true;
     return all;

@@ -33,6 +33,8 @@ private Q_SLOTS:
     void saysThatAFileWasCutShort();
     void saysThatTheDeviceDoesNotRespond();
     void saysThatTheDeviceWasDisconnected();
+    void playsOnADeviceThatIsBack();
+    void doesNotWaitOnceItIsStopped();
     void goesOnWithAnotherOutput();
 
 private:
@@ -316,6 +318,51 @@ void tst_AudioSession::saysThatTheDeviceWasDisconnected()
     m_device->setError({});
     QVERIFY(m_session->play().isOk());
     QVERIFY(m_device->isPlaying());
+}
+
+// From where it was, or was sent meanwhile, on the same device.
+void tst_AudioSession::playsOnADeviceThatIsBack()
+{
+    const QString file = writeNoise("in.wav", 96000);
+    const Samples all = rendered(file, defaultValues());
+    QVERIFY(m_session->openFile(file).isOk());
+    m_session->setOutput(1);
+    QVERIFY(m_session->play().isOk());
+    QSignalSpy errors(m_session.get(), &AudioSession::failed);
+    for (const int frame : {4800, 48000}) {
+        m_session->setPosition(frame / 48000.0);
+        m_device->call(2400);
+        m_device->setGone(true);
+        QVERIFY(errors.wait(30000));
+        QCOMPARE(m_session->state(), AudioSession::State::Waiting);
+        QCOMPARE(m_session->error(), QStringLiteral("It has gone."));
+        QVERIFY(!m_device->isPlaying());
+        QCOMPARE(m_session->position(), (frame + 2400) / 48000.0);
+        m_session->setPosition(frame / 48000.0);
+        QCOMPARE(m_session->state(), AudioSession::State::Waiting);
+        m_device->setGone(false);
+        QTRY_COMPARE_WITH_TIMEOUT(m_session->state(), AudioSession::State::Playing, 30000);
+        QCOMPARE(m_session->error(), QString());
+        QCOMPARE(m_device->name(), QStringLiteral("fake:Phones"));
+        QVERIFY(isNear(m_device->call(2000)[0], {all.begin() + frame, all.begin() + frame + 2000}));
+    }
+    QCOMPARE(errors.count(), 2);
+}
+
+void tst_AudioSession::doesNotWaitOnceItIsStopped()
+{
+    QVERIFY(m_session->openFile(writeNoise("in.wav", 96000)).isOk());
+    QVERIFY(m_session->play().isOk());
+    m_device->call(4800);
+    m_device->setGone(true);
+    QTRY_COMPARE_WITH_TIMEOUT(m_session->state(), AudioSession::State::Waiting, 30000);
+    m_session->stop();
+    QCOMPARE(m_session->state(), AudioSession::State::Stopped);
+    QCOMPARE(m_session->position(), 0.1);
+    QVERIFY(!m_session->play().isOk());
+    QCOMPARE(m_session->state(), AudioSession::State::Stopped);
+    m_device->setGone(false);
+    QVERIFY(m_session->play().isOk());
 }
 
 void tst_AudioSession::goesOnWithAnotherOutput()

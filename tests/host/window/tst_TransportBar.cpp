@@ -142,6 +142,12 @@ void tst_TransportBar::showsTheState()
     QVERIFY(says("Audio error"));
     QVERIFY(!named<QAbstractButton>("Play")->isEnabled());
     QVERIFY(named<QAbstractButton>("Stop")->isEnabled());
+    m_device->setGone(true);
+    QVERIFY(changes.wait(30000));
+    QVERIFY(says("Waiting for device"));
+    QVERIFY(!named<QAbstractButton>("Play")->isEnabled());
+    m_device->setGone(false);
+    QTRY_VERIFY_WITH_TIMEOUT(says("Playing"), 30000);
     m_device->setError(u"The device was disconnected."_s);
     QVERIFY(changes.wait(30000));
     QVERIFY(says("Audio error"));
