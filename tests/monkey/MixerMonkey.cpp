@@ -63,7 +63,7 @@ void MixerMonkey::start()
 
 QString MixerMonkey::act()
 {
-    Clock::advance(m_dice.pick({0, 0, 1, 10, 10, 100, 1000}));
+    Clock::advance(m_dice.pick({0, 0, 0, 1, 1, 5, 5, 20, 20, m_dice.oneIn(10) ? 1000 : 50}));
     const bool outermost = MonkeyRun::depth() <= 1;
     if (outermost && (!m_program->isOpen() || m_dice.oneIn(4000)))
         restart();
@@ -113,8 +113,8 @@ void MixerMonkey::actOnWindows()
 bool MixerMonkey::answer()
 {
     QWidget* dialog = QApplication::activeModalWidget();
-    QFileDialog* fileDialog = openFileDialog();
-    if (fileDialog && (!dialog || dialog == fileDialog)) {
+    QFileDialog* fileDialog = dialog ? openFileDialog() : nullptr;
+    if (fileDialog && dialog == fileDialog) {
         answer(*fileDialog);
         return true;
     }
