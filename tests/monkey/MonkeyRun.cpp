@@ -36,7 +36,7 @@ MonkeyRun::Options MonkeyRun::options(const QString& plugin)
                                   QStringLiteral("S"), QString::number(std::random_device()()));
     const QCommandLineOption events(QStringLiteral("events"), QStringLiteral("how many"),
                                     QStringLiteral("N"), QStringLiteral("20000"));
-    const QCommandLineOption library(QStringLiteral("plugin"), QStringLiteral("another library"),
+    const QCommandLineOption library(QStringLiteral("library"), QStringLiteral("another one"),
                                      QStringLiteral("FILE"), plugin);
     const QCommandLineOption trace(QStringLiteral("trace"), QStringLiteral("print every event"));
     parser.addOptions({seed, events, library, trace});

@@ -17,7 +17,8 @@ public:
     static void prepare();
 
     /// What every monkey is started with: "--seed S", "--events N", "--trace", which prints every
-    /// event, and "--plugin FILE". Another argument ends the program, as does "--help".
+    /// event, and "--library FILE" for the editors. Another argument ends the program, as does
+    /// "--help".
     struct Options
     {
         std::uint32_t seed;
