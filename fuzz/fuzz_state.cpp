@@ -2,20 +2,14 @@
 // The host's reader of states and presets over arbitrary bytes: it either says what is wrong or
 // returns a state that is sound.
 #include "equalizer/EqualizerParameters.h"
+#include "fuzz/Require.h"
 #include "hosting/StateFile.h"
 
 #include <QtEndian>
 
 #include <cstdint>
-#include <cstdlib>
 
 namespace {
-
-void require(bool condition)
-{
-    if (!condition)
-        std::abort();
-}
 
 void checkState(const QByteArray& state)
 {

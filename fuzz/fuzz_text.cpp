@@ -2,19 +2,13 @@
 // The texts that people type for values, over arbitrary bytes: the first chooses the parameter, the
 // rest is typed. A text either says nothing or names a value that the parameter allows, whose own
 // text names it again.
+#include "fuzz/Require.h"
 #include "parameters/ParameterText.h"
 #include "parameters/StripTable.h"
 
 #include <cstdint>
-#include <cstdlib>
 
 namespace {
-
-void require(bool condition)
-{
-    if (!condition)
-        std::abort();
-}
 
 template <typename Parse, typename Format>
 void check(const std::string& text, const Parse& parse, const Format& format)

@@ -69,6 +69,11 @@ qint64 read(QIODevice& device, const Field& field)
     return static_cast<qint64>(value - static_cast<quint64>(field.extra));
 }
 
+bool isThere(const QIODevice& device, const Field& field)
+{
+    return field.offset + field.size <= device.size();
+}
+
 QByteArray written(qint64 length, const Field& field)
 {
     auto value = static_cast<quint64>(length + field.extra);
@@ -136,7 +141,7 @@ private:
         const qint64 promised = read(m_device, field);
         const qint64 present = std::max<qint64>(m_device.size() - start, 0);
         const bool known = promised >= 0 && promised <= present && leadsToEnd(start + promised);
-        if (known || !isPlaceholder(promised, field.size))
+        if (known || !isPlaceholder(promised, field.size) || !isThere(m_device, field))
             return {promised, present, false, {}, 0};
         return {promised, present, true, written(present, field), field.offset};
     }
@@ -189,7 +194,7 @@ SoundLength lengthOfAu(QIODevice& device, bool bigEndian)
     const qint64 present = std::max<qint64>(device.size() - start, 0);
     if (promised == largest32)
         return {};
-    if (promised > 0 || present == 0)
+    if (promised > 0 || present == 0 || !isThere(device, field))
         return {promised, present, false, {}, 0};
     return {promised, present, true, written(present, field), field.offset};
 }

@@ -5,6 +5,7 @@
 #include "host/window/EditMenu.h"
 #include "host/window/EditorToolBar.h"
 #include "host/window/LanguageMenu.h"
+#include "host/window/MessageDialog.h"
 #include "host/window/Mixer.h"
 #include "host/window/ParameterListView.h"
 #include "host/window/PresetMenu.h"
@@ -19,7 +20,6 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QScreen>
 #include <QScrollArea>
 #include <QShowEvent>
@@ -332,7 +332,7 @@ void EditorWindow::report(const QString& error, const QString& success)
     if (error.isEmpty())
         showMessage(success);
     else
-        QMessageBox::warning(this, windowTitle(), error);
+        MessageDialog::warn(this, windowTitle(), error);
 }
 
 #include "moc_EditorWindow.cpp"

@@ -4,6 +4,7 @@
 #include "host/window/EditMenu.h"
 #include "host/window/EditorWindow.h"
 #include "host/window/LanguageMenu.h"
+#include "host/window/MessageDialog.h"
 #include "host/window/Mixer.h"
 #include "host/window/MixerStrip.h"
 #include "host/window/TransportBar.h"
@@ -12,7 +13,6 @@
 #include <QHBoxLayout>
 #include <QInputDialog>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -121,7 +121,7 @@ void MixerWindow::editChannel(int channel, bool stereo)
 {
     select(channel);
     if (!openEditor(channel, stereo))
-        QMessageBox::warning(
+        MessageDialog::warn(
             this, windowTitle(),
             tr("The plug-in makes no editor for %1.").arg(m_mixer.mixerModel.shownName(channel)));
 }

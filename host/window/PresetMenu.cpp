@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/window/PresetMenu.h"
 
+#include "host/window/MessageDialog.h"
 #include "parameters/FactoryPresets.h"
 
 #include <QCoreApplication>
 #include <QInputDialog>
 #include <QMenu>
-#include <QMessageBox>
 
 PresetMenu::PresetMenu(QMenu* menu, PresetFolder folder, Retranslator::Text suggestion,
                        Retranslator& texts)
@@ -65,9 +65,8 @@ void PresetMenu::askForName()
     if (name.isEmpty())
         return;
     if (!m_folder.contains(name) ||
-        QMessageBox::question(m_menu->parentWidget(), tr("Save as Preset"),
-                              tr("A preset named %1 already exists. Replace it?").arg(name)) ==
-            QMessageBox::Yes)
+        MessageDialog::ask(m_menu->parentWidget(), tr("Save as Preset"),
+                           tr("A preset named %1 already exists. Replace it?").arg(name)))
         Q_EMIT saveWanted(name);
 }
 
@@ -85,14 +84,15 @@ QString PresetMenu::typedName()
         const QString error = PresetFolder::checkName(typed.simplified()).error();
         if (error.isEmpty())
             return typed.simplified();
-        QMessageBox::warning(m_menu->parentWidget(), tr("Save as Preset"), error);
+        if (!MessageDialog::warn(m_menu->parentWidget(), tr("Save as Preset"), error))
+            return QString();
     }
 }
 
 void PresetMenu::askToDelete(const QString& name)
 {
-    if (QMessageBox::question(m_menu->parentWidget(), tr("Delete Preset"),
-                              tr("Delete the preset %1?").arg(name)) == QMessageBox::Yes)
+    if (MessageDialog::ask(m_menu->parentWidget(), tr("Delete Preset"),
+                           tr("Delete the preset %1?").arg(name)))
         Q_EMIT deleteWanted(name);
 }
 

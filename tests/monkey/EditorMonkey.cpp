@@ -3,15 +3,19 @@
 
 #include "interfaces/IVaskEffect.h"
 #include "interfaces/IVaskEffectEditor2.h"
+#include "tests/monkey/EventLog.h"
+#include "tests/monkey/MonkeyRun.h"
 #include "tests/support/TestStream.h"
 
-#include <QApplication>
-#include <QMenu>
-#include <QWheelEvent>
-#include <QWindow>
-#include <QtTest>
+#include <QCoreApplication>
 
 #include <limits>
+
+namespace {
+
+constexpr int maxDepth = 5; // of menus' loops within one another
+
+} // namespace
 
 EditorMonkey::EditorMonkey(const QString& library, std::uint32_t seed)
     : m_dice(seed)
@@ -19,6 +23,8 @@ EditorMonkey::EditorMonkey(const QString& library, std::uint32_t seed)
     , m_effect(qobject_cast<IVaskEffect*>(m_loader.instance()))
 {
     m_host.setDisturbance([this] { disturb(); });
+    if (!m_effect)
+        return;
     m_stage->resize(1000, 600);
     m_stage->show();
 }
@@ -36,8 +42,10 @@ QString EditorMonkey::act()
     if (!m_guard)
         makeEditor();
     const int choice = m_dice.between(1, 1000);
-    if (choice <= 700)
-        userEvent();
+    if (MonkeyRun::depth() > maxDepth)
+        m_user.letGo(m_stage.get());
+    else if (choice <= 700)
+        m_user.act(m_stage.get());
     else if (choice <= 800)
         hostEvent();
     else if (choice <= 870)
@@ -48,13 +56,12 @@ QString EditorMonkey::act()
         bind();
     else
         deleteEditor();
-    if (m_dice.oneIn(8))
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
     return m_leaked ? QStringLiteral("a deleted editor left observers behind") : QString();
 }
 
 void EditorMonkey::makeEditor()
 {
+    EventLog::add("editor made");
     m_editor = static_cast<IVaskEffectEditor2*>(m_effect->create(
         m_stage.get(), static_cast<unsigned short>(m_dice.between(0, MonkeyHost::channels - 1)),
         &m_host));
@@ -66,6 +73,7 @@ void EditorMonkey::makeEditor()
 
 void EditorMonkey::deleteEditor()
 {
+    EventLog::add("editor deleted");
     delete m_guard.data();
     m_leaked = m_leaked || m_host.observers() > 0;
 }
@@ -83,94 +91,10 @@ void EditorMonkey::disturb()
         windowEvent();
 }
 
-QWindow* EditorMonkey::window()
-{
-    if (QWidget* popup = QApplication::activePopupWidget(); popup && !m_dice.oneIn(4))
-        return popup->windowHandle();
-    return m_stage->windowHandle();
-}
-
-QPoint EditorMonkey::anyPoint()
-{
-    if (m_dice.oneIn(3))
-        return {m_dice.between(-20, 1020), m_dice.between(-20, 620)};
-    return m_pointer + QPoint(m_dice.between(-30, 30), m_dice.between(-30, 30));
-}
-
-Qt::KeyboardModifiers EditorMonkey::anyModifiers()
-{
-    return m_dice.pick(
-        {Qt::NoModifier, Qt::NoModifier, Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier});
-}
-
-void EditorMonkey::userEvent()
-{
-    const int choice = m_dice.between(1, 10);
-    if (choice <= 6)
-        pointer();
-    else if (choice <= 8)
-        key();
-    else if (choice <= 9)
-        wheel();
-    else
-        focus();
-}
-
-void EditorMonkey::pointer()
-{
-    m_pointer = anyPoint();
-    const Qt::MouseButton button = m_dice.oneIn(10) ? Qt::RightButton : Qt::LeftButton;
-    const int choice = m_dice.between(1, 10);
-    if (choice <= 5) {
-        QTest::mouseMove(window(), m_pointer);
-    } else if (choice <= 7) {
-        QTest::mousePress(window(), button, anyModifiers(), m_pointer);
-    } else if (choice <= 9) {
-        QTest::mouseRelease(window(), button, anyModifiers(), m_pointer);
-    } else {
-        QTest::mouseDClick(window(), button, anyModifiers(), m_pointer);
-    }
-}
-
-void EditorMonkey::key()
-{
-    const auto key = static_cast<Qt::Key>(m_dice.pick<int>(
-        {Qt::Key_Tab,      Qt::Key_Backtab, Qt::Key_Space,  Qt::Key_Return, Qt::Key_Escape,
-         Qt::Key_Up,       Qt::Key_Down,    Qt::Key_Left,   Qt::Key_Right,  Qt::Key_PageUp,
-         Qt::Key_PageDown, Qt::Key_Home,    Qt::Key_End,    Qt::Key_Delete, Qt::Key_1,
-         Qt::Key_2,        Qt::Key_Minus,   Qt::Key_Period, Qt::Key_K,      Qt::Key_F10}));
-    if (m_dice.oneIn(2))
-        QTest::keyPress(window(), key, anyModifiers());
-    else
-        QTest::keyRelease(window(), key, anyModifiers());
-}
-
-void EditorMonkey::wheel()
-{
-    QWidget* target = m_stage->childAt(m_pointer);
-    if (!target)
-        return;
-    const QPoint place = target->mapFrom(m_stage.get(), m_pointer);
-    const int delta = m_dice.oneIn(10) ? m_dice.anyInt() : m_dice.pick({-120, -15, 15, 120});
-    QWheelEvent event(place, target->mapToGlobal(place), QPoint(), QPoint(0, delta), Qt::NoButton,
-                      anyModifiers(), Qt::NoScrollPhase, m_dice.oneIn(4));
-    QCoreApplication::sendEvent(target, &event);
-}
-
-void EditorMonkey::focus()
-{
-    const QList<QWidget*> widgets = m_stage->findChildren<QWidget*>();
-    if (widgets.isEmpty())
-        return;
-    if (m_dice.oneIn(4))
-        m_stage->clearFocus();
-    else
-        widgets[m_dice.between(0, static_cast<int>(widgets.size()) - 1)]->setFocus();
-}
-
 void EditorMonkey::windowEvent()
 {
     const int choice = m_dice.between(1, 8);
+    EventLog::add("window", choice);
     if (choice <= 2)
         m_guard->setVisible(m_dice.oneIn(2));
     else if (choice == 3)
@@ -180,7 +104,7 @@ void EditorMonkey::windowEvent()
     else if (choice == 5)
         m_stage->activateWindow();
     else if (choice == 6)
-        m_guard->grab(QRect(anyPoint(), QSize(200, 150)));
+        m_guard->grab(QRect(m_user.anyPoint(m_stage.get()), QSize(200, 150)));
     else if (m_dice.oneIn(2))
         QCoreApplication::installTranslator(&m_translator);
     else
@@ -190,7 +114,9 @@ void EditorMonkey::windowEvent()
 void EditorMonkey::configure()
 {
     const double nan = std::numeric_limits<double>::quiet_NaN();
-    switch (m_dice.between(1, 8)) {
+    const int choice = m_dice.between(1, 8);
+    EventLog::add("configure", choice);
+    switch (choice) {
     case 1:
         m_editor->setScale(m_dice.oneIn(5) ? m_dice.pick({nan, -1.0, 0.0, 1e-300, 4.0})
                                            : m_dice.between(5, 15) / 10.0);
@@ -221,6 +147,7 @@ void EditorMonkey::configure()
 void EditorMonkey::bind()
 {
     const int choice = m_dice.between(1, 8);
+    EventLog::add("bind", choice);
     if (choice == 1)
         m_editor->setMemAPI(nullptr);
     else if (choice <= 3)
@@ -247,7 +174,9 @@ void EditorMonkey::state()
 
 void EditorMonkey::hostEvent()
 {
-    switch (m_dice.between(1, 6)) {
+    const int choice = m_dice.between(1, 6);
+    EventLog::add("host", choice);
+    switch (choice) {
     case 1:
         m_host.changeAnyRange();
         break;

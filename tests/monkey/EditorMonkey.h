@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tests/monkey/MonkeyHost.h"
+#include "tests/monkey/UserInput.h"
 
 #include <QPluginLoader>
 #include <QPointer>
@@ -29,22 +30,14 @@ private:
     void deleteEditor();
     void disturb();
 
-    void pointer();
-    void key();
-    void wheel();
-    void focus();
-    void userEvent();
     void windowEvent();
     void configure();
     void bind();
     void state();
     void hostEvent();
 
-    QWindow* window();
-    QPoint anyPoint();
-    Qt::KeyboardModifiers anyModifiers();
-
     Dice m_dice;
+    UserInput m_user{m_dice};
     MonkeyHost m_host{m_dice};
     QPluginLoader m_loader;
     IVaskEffect* m_effect = nullptr;
@@ -52,6 +45,5 @@ private:
     QPointer<QWidget> m_guard; // of m_editor
     IVaskEffectEditor2* m_editor = nullptr;
     QTranslator m_translator;
-    QPoint m_pointer;
     bool m_leaked = false;
 };

@@ -21,6 +21,7 @@
 #include <QSpinBox>
 #include <QStatusBar>
 #include <QTableView>
+#include <QTimer>
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
@@ -53,6 +54,7 @@ private Q_SLOTS:
     void resetWritesDefaults();
     void mixerOpensAChannelOnce();
     void closingDetaches();
+    void closesWhileItShowsAnError();
     void mixerComesBack();
     void languageIsChosenInTheMenu();
     void windowsSpeakTheChosenLanguage();
@@ -440,6 +442,14 @@ void tst_EditorWindow::closingDetaches()
     QTRY_VERIFY(!window);
     m_mixer.memory.reset(0); // calls nobody who is not there any more
     QVERIFY(m_window->openEditor(0, true));
+}
+
+void tst_EditorWindow::closesWhileItShowsAnError()
+{
+    const QPointer<EditorWindow> window = openWindow();
+    QTimer::singleShot(0, window, [&] { window->close(); });
+    window->loadPreset(QStringLiteral("no such preset"));
+    QVERIFY(!window);
 }
 
 void tst_EditorWindow::mixerComesBack()

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+/// Message boxes whose window may be closed and deleted while they are open; they are gone with it
+/// then. Whoever shows one returns at once where the answer is false.
+namespace MessageDialog {
+
+/// Waits until \a text has been read. Whether \a parent is still there.
+bool warn(QWidget* parent, const QString& title, const QString& text);
+/// Whether the answer to \a question is yes, and \a parent is still there.
+bool ask(QWidget* parent, const QString& title, const QString& question);
+
+} // namespace MessageDialog
