@@ -17,6 +17,7 @@ private Q_SLOTS:
     void lockThatNobodyHoldsDoesNotCount();
     void takenSessionIsSavedOnDemand();
     void damageOfATakenSessionIsNeverSaved();
+    void linkToATakenSessionIsTaken();
 
 private:
     QString lock() const { return m_file + QLatin1String(".lock"); }
@@ -95,6 +96,19 @@ void tst_SessionFile::damageOfATakenSessionIsNeverSaved()
     QFile file(m_file);
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), QByteArray("damaged"));
+}
+
+void tst_SessionFile::linkToATakenSessionIsTaken()
+{
+    SessionData data;
+    SessionFile first;
+    QVERIFY(first.open(m_file, &data).isOk());
+    QVERIFY(first.save(data).isOk());
+    const QString link = m_folder->filePath(QStringLiteral("link.json"));
+    QVERIFY(QFile::link(m_file, link));
+    SessionFile second;
+    QVERIFY(second.open(link, &data).error().contains(lock()));
+    QVERIFY(second.isTaken());
 }
 
 QTEST_GUILESS_MAIN(tst_SessionFile)
