@@ -48,6 +48,12 @@ int displayError(const CommandLine& commandLine, int* argc, char* argv[])
         "--help."));
 }
 
+int pluginError(const CommandLine& commandLine, const LibraryTrial& trial, int* argc, char* argv[])
+{
+    const TranslatedApplication application(commandLine.language, argc, argv);
+    return exitCodeOf(trial.status());
+}
+
 int helpCommand()
 {
     std::fputs(CommandLineParser::helpText().toUtf8().constData(), stdout);
@@ -80,6 +86,9 @@ int runEditor(const CommandLine& commandLine, int* argc, char* argv[])
         return displayError(commandLine, argc, argv);
     const QString folder = programFolder();
     chooseFonts(folder);
+    const LibraryTrial trial = tryPlugin(commandLine, folder, *argc, argv);
+    if (!trial.status().isOk())
+        return pluginError(commandLine, trial, argc, argv);
     const QApplication application(*argc, argv);
     return Application(commandLine, folder).run();
 }
