@@ -69,6 +69,13 @@ bool MixerSession::save()
     return written.isOk();
 }
 
+// The windows come second: whoever asks them may not return.
+Status MixerSession::saveAtOnce()
+{
+    const Status saved = writeChannels();
+    return saved.isOk() ? write() : saved;
+}
+
 bool MixerSession::eventFilter(QObject* watched, QEvent* event)
 {
     static constexpr std::array types = {QEvent::Show, QEvent::Move, QEvent::Resize, QEvent::Close};
@@ -93,11 +100,19 @@ void MixerSession::saveLater()
 
 Status MixerSession::write()
 {
-    m_timer.stop();
     collectWindows();
+    return writeChannels();
+}
+
+// With what is known of the windows.
+Status MixerSession::writeChannels()
+{
+    m_timer.stop();
     for (int ch = 0; ch < channelCount; ++ch)
         collect(ch);
-    return m_file.save(m_data);
+    const Status saved = m_file.save(m_data);
+    m_saved = saved.isOk();
+    return saved;
 }
 
 bool MixerSession::saveAtEnd()
