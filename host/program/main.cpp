@@ -8,6 +8,7 @@
 
 #include <QApplication>
 
+#include <cerrno>
 #include <cstdio>
 
 namespace {
@@ -54,10 +55,12 @@ int pluginError(const CommandLine& commandLine, const LibraryTrial& trial, int* 
     return exitCodeOf(trial.status());
 }
 
-int helpCommand()
+int printed(const QByteArray& text)
 {
-    std::fputs(CommandLineParser::helpText().toUtf8().constData(), stdout);
-    return ExitDone;
+    if (std::fputs(text.constData(), stdout) >= 0 && std::fflush(stdout) == 0)
+        return ExitDone;
+    printError(CommandLine::tr("The text cannot be printed: %1.").arg(qt_error_string(errno)));
+    return ExitError;
 }
 
 int devicesCommand()
@@ -65,8 +68,7 @@ int devicesCommand()
     const std::vector<AudioDeviceInfo> devices = AudioDevices::list();
     if (devices.empty())
         printError(CommandLine::tr("There is no sound device."));
-    std::fputs(AudioDevices::table(devices).constData(), stdout);
-    return ExitDone;
+    return printed(AudioDevices::table(devices));
 }
 
 // What needs neither a display nor the editor.
@@ -74,7 +76,7 @@ int runCommand(const CommandLine& commandLine, int* argc, char* argv[])
 {
     const TranslatedApplication application(commandLine.language, argc, argv);
     if (commandLine.help)
-        return helpCommand();
+        return printed(CommandLineParser::helpText().toUtf8());
     return commandLine.devices ? devicesCommand() : renderCommand(commandLine);
 }
 

@@ -45,6 +45,7 @@ bool MixerSession::restoreWindows(MixerWindow& window)
     connect(qGuiApp, &QGuiApplication::commitDataRequest, this, &MixerSession::save);
     connect(&m_mixer.mixerModel.history().stack(), &QUndoStack::indexChanged, this,
             &MixerSession::saveLater);
+    connect(&m_mixer.mixerModel, &MixerModel::channelChanged, this, &MixerSession::saveLater);
     qGuiApp->installEventFilter(this);
     window.restoreGeometry(m_data.mixerGeometry);
     bool opened = false;

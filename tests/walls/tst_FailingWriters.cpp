@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Lets every system call by which files are saved fail, as on disks that are full, broken or
 // read-only, and saves where no file can be.
+#include "tests/support/ProgramRunner.h"
 #include "tests/support/TestObject.h"
 #include "tests/walls/Writers.h"
 
@@ -80,6 +81,8 @@ private Q_SLOTS:
     void everyCallMayFail();
     void placesWithoutAFile_data();
     void placesWithoutAFile();
+    void fullOutput_data();
+    void fullOutput();
 
 private:
     static QString problemAt(const WriterFolder& folder, int error, std::size_t call);
@@ -170,6 +173,30 @@ void tst_FailingWriters::placesWithoutAFile()
     QVERIFY2(folder.isTidy(), qPrintable(folder.names().join(QLatin1Char(' '))));
     if (kind == S_IFREG)
         QCOMPARE(folder.bytes(), folder.oldBytes());
+}
+
+void tst_FailingWriters::fullOutput_data()
+{
+    QTest::addColumn<QString>("option");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("help") << "--help"
+                          << "zolta-host: The text cannot be printed: No space left on device.\n";
+    QTest::newRow("list") << "--list"
+                          << "zolta-host: The list cannot be printed: No space left on device.\n";
+}
+
+void tst_FailingWriters::fullOutput()
+{
+    QFETCH(const QString, option);
+    const QTemporaryDir folder;
+    QProcess process;
+    ProgramRunner(QStringLiteral(HOST_PROGRAM), folder.path()).prepare(&process);
+    process.setStandardOutputFile(QStringLiteral("/dev/full"));
+    process.setArguments({option});
+    process.start();
+    QVERIFY(process.waitForFinished(120000));
+    QTEST(QString::fromUtf8(process.readAllStandardError()), "expected");
+    QCOMPARE(process.exitCode(), 1);
 }
 
 QTEST_GUILESS_MAIN(tst_FailingWriters)
