@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <memory>
 #include <string>
 
 /// A file that this object has open and locked, so that no other LockedFile of any program has. The
@@ -9,8 +10,11 @@
 class LockedFile
 {
 public:
-    /// Opens \a name with the \a flags of open(2). Links are not followed.
-    LockedFile(std::string name, int flags);
+    /// Opens \a name with the \a flags and the \a mode of open(2). Links are not followed.
+    LockedFile(std::string name, int flags, unsigned mode = 0666);
+    /// A new file without a name in \a folder, to read and to write, which is gone with its object
+    /// unless link() gives it a name. Not open where the file system knows no such files.
+    static std::unique_ptr<LockedFile> unnamed(const std::string& folder, unsigned mode = 0666);
     ~LockedFile();
     LockedFile(const LockedFile&) = delete;
     LockedFile& operator=(const LockedFile&) = delete;
@@ -20,12 +24,17 @@ public:
     int error() const { return m_error; }
     int descriptor() const { return m_descriptor; }
 
-    /// Both keep the lock.
+    /// All keep the lock. Where they fail, the reason is in errno: EBUSY where the name is another
+    /// file's by now. A file that cannot be opened can be removed nevertheless.
+    bool link(const std::string& name);
     bool remove();
     bool rename(const std::string& name);
 
 private:
-    bool tryToOpen(int flags);
+    LockedFile() = default;
+
+    bool tryToOpen(int flags, unsigned mode);
+    bool mayTouch() const;
     bool isStillInPlace() const;
     void close();
 

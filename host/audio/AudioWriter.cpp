@@ -4,12 +4,8 @@
 #include "host/audio/AudioFormat.h"
 #include "host/audio/SampleConversion.h"
 
-#include <QFileInfo>
-
 #include <cerrno>
 #include <cstring>
-
-#include <unistd.h>
 
 namespace {
 
@@ -34,14 +30,12 @@ Status AudioWriter::open(const QString& file, const SF_INFO& info)
 {
     m_name = file;
     m_info = info;
-    m_file.setFileName(file);
-    const Status target = checkTarget();
-    if (!target.isOk())
-        return target;
-    if (!m_file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return errorOf(m_file.errorString());
+    m_file = std::make_unique<OutputFile>(file);
+    const Status opened = openDraft();
+    if (!opened.isOk())
+        return opened;
     SF_INFO format = info;
-    m_access = std::make_unique<FileAccess>(m_file.handle());
+    m_access = std::make_unique<FileAccess>(m_file->descriptor());
     m_sound.reset(sf_open_virtual(FileAccess::operations(), SFM_WRITE, &format, m_access.get()));
     if (!m_sound)
         return m_access->hasFailed() ? errorOf(m_access->reason()) : unsupported();
@@ -49,16 +43,15 @@ Status AudioWriter::open(const QString& file, const SF_INFO& info)
     return {};
 }
 
-Status AudioWriter::checkTarget() const
+Status AudioWriter::openDraft()
 {
-    const QFileInfo old(m_name);
-    if (old.isDir())
+    const int error = m_file->open(OutputFile::Draft::Unnamed);
+    if (error == EISDIR)
         return Error{tr("The sound file %1 cannot be written: it is a folder.").arg(m_name)};
-    if (old.exists() && !old.isFile()) {
+    if (error == EINVAL)
         return Error{
             tr("The sound file %1 cannot be written: it is not a regular file.").arg(m_name)};
-    }
-    return {};
+    return error == 0 ? Status() : errorOf(error);
 }
 
 void AudioWriter::setText(int kind, const char* text)
@@ -119,11 +112,10 @@ sf_count_t AudioWriter::transfer(const AudioBlock& block)
 Status AudioWriter::commit()
 {
     const Status closed = close();
-    if (!closed.isOk()) {
-        m_file.cancelWriting();
+    if (!closed.isOk())
         return closed;
-    }
-    return m_file.commit() ? Status() : errorOf(m_file.errorString());
+    const int error = m_file->commit();
+    return error == 0 ? Status() : errorOf(error);
 }
 
 Status AudioWriter::close()
@@ -139,15 +131,17 @@ Status AudioWriter::close()
     // Nothing but the header would tell an empty file's format.
     if (m_access->size() == 0)
         return unsupported();
-    // A disk may find out only now that it has no room.
-    if (::fdatasync(m_file.handle()) != 0 && errno != EINVAL && errno != EROFS)
-        return errorOf(QString::fromLocal8Bit(std::strerror(errno)));
     return {};
 }
 
 Error AudioWriter::errorOf(const QString& reason) const
 {
     return {tr("The sound file %1 cannot be written: %2.").arg(m_name, reason)};
+}
+
+Error AudioWriter::errorOf(int number) const
+{
+    return errorOf(QString::fromLocal8Bit(std::strerror(number)));
 }
 
 Error AudioWriter::encoderError() const

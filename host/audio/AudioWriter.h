@@ -3,10 +3,10 @@
 
 #include "host/audio/AudioBlock.h"
 #include "host/audio/FileAccess.h"
+#include "hosting/OutputFile.h"
 #include "hosting/Result.h"
 
 #include <QCoreApplication>
-#include <QSaveFile>
 #include <QString>
 
 #include <sndfile.h>
@@ -15,8 +15,8 @@
 #include <memory>
 #include <vector>
 
-/// A sound file written block by block into a temporary file beside it, which takes its place at
-/// the end or never. A writer that goes without commit() leaves nothing behind.
+/// A sound file written block by block into a draft, which takes its place at the end or never. A
+/// writer that goes without commit() leaves nothing behind.
 class AudioWriter
 {
     Q_DECLARE_TR_FUNCTIONS(AudioWriter)
@@ -47,14 +47,15 @@ private:
     };
 
     sf_count_t transfer(const AudioBlock& block);
-    Status checkTarget() const;
+    Status openDraft();
     Status close();
     Error errorOf(const QString& reason) const;
+    Error errorOf(int number) const;
     Error encoderError() const;
     Error unsupported() const;
 
     QString m_name;
-    QSaveFile m_file;
+    std::unique_ptr<OutputFile> m_file;
     std::unique_ptr<FileAccess> m_access;
     std::unique_ptr<SNDFILE, Closer> m_sound;
     SF_INFO m_info = {};

@@ -2,6 +2,7 @@
 #include "host/files/SessionFile.h"
 
 #include "host/files/DamagedFile.h"
+#include "host/files/FileKind.h"
 #include "hosting/OutputFile.h"
 
 #include <QDir>
@@ -21,7 +22,13 @@ constexpr qint64 maxFileSize = 4 << 20;
 
 QString shown(const QString& file) { return QDir::toNativeSeparators(file); }
 
-QString lockFileOf(const QString& file) { return file + QLatin1String(".lock"); }
+// One for all links to the file.
+QString lockFileOf(const QString& file)
+{
+    const QString target = QFileInfo(file).canonicalFilePath();
+    const bool isLink = QFileInfo(file).isSymLink() && !target.isEmpty();
+    return (isLink ? target : file) + QLatin1String(".lock");
+}
 
 enum class Outcome { Read, Unreadable, Later, Damaged };
 
@@ -68,17 +75,19 @@ Content parse(const QString& file, const QByteArray& bytes, const SessionData& b
 Content contentOf(const QString& file, const SessionData& before)
 {
     QFile input(file);
-    if (QFileInfo::exists(file) && !QFileInfo(file).isFile())
+    if (kindOf(file) == FileKind::Other)
         return failed(Outcome::Unreadable,
                       SessionFile::tr("The session %1 cannot be read because it is not a regular "
                                       "file.")
                           .arg(shown(file)));
-    if (!input.open(QIODevice::ReadOnly))
+    const QByteArray bytes =
+        input.open(QIODevice::ReadOnly) ? input.read(maxFileSize + 1) : QByteArray();
+    if (input.error() != QFileDevice::NoError)
         return failed(Outcome::Unreadable, SessionFile::tr("The session %1 cannot be read: %2.")
                                                .arg(shown(file), input.errorString()));
-    if (input.size() > maxFileSize)
+    if (bytes.size() > maxFileSize)
         return damaged(file, SessionFile::tr("The file is too long."));
-    return parse(file, input.readAll(), before);
+    return parse(file, bytes, before);
 }
 
 } // namespace
@@ -107,8 +116,9 @@ Status SessionFile::open(const QString& file, SessionData* data)
 {
     lock(file);
     const bool taken = isLockedElsewhere();
-    const Content content =
-        QFileInfo::exists(file) ? contentOf(file, *data) : Content{Outcome::Read, {}, {}, *data};
+    const Content content = kindOf(file) == FileKind::Missing
+                                ? Content{Outcome::Read, {}, {}, *data}
+                                : contentOf(file, *data);
     if (content.outcome == Outcome::Damaged && !taken)
         return setAside(file, content.error);
     if (content.outcome != Outcome::Read)

@@ -2,6 +2,7 @@
 #include "host/files/SettingsFile.h"
 
 #include "host/files/DamagedFile.h"
+#include "host/files/FileKind.h"
 #include "hosting/OutputFile.h"
 #include "parameters/ParameterTable.h"
 
@@ -82,16 +83,19 @@ Status SettingsFile::open(const QString& file)
     m_file.clear();
     m_maps.clear();
     QFile input(file);
-    if (input.exists() && !QFileInfo(file).isFile())
+    const FileKind kind = kindOf(file);
+    if (kind == FileKind::Other)
         return Error{tr("The editors' settings in %1 cannot be read because %1 is not a regular "
                         "file. No settings will be saved.")
                          .arg(shown(file))};
-    if (input.exists() && !input.open(QIODevice::ReadOnly))
+    const bool isOpen = kind == FileKind::Regular && input.open(QIODevice::ReadOnly);
+    const QByteArray bytes = isOpen ? input.read(maxFileSize + 1) : QByteArray();
+    if (input.error() != QFileDevice::NoError)
         return Error{tr("The editors' settings in %1 cannot be read: %2. No settings will be "
                         "saved.")
                          .arg(shown(file), input.errorString())};
     m_file = file;
-    return input.isOpen() ? read(input.read(maxFileSize + 1)) : Status();
+    return isOpen ? read(bytes) : Status();
 }
 
 Status SettingsFile::read(const QByteArray& bytes)

@@ -3,6 +3,7 @@
 
 #include "host/meters/MixerMeters.h"
 #include "host/program/EndingSignals.h"
+#include "host/program/ExitGuard.h"
 #include "host/window/EditorWindow.h"
 #include "host/window/HostTheme.h"
 #include "host/window/MixerSession.h"
@@ -177,12 +178,24 @@ int Application::runWindows()
         return exitCodeOf(editor);
     m_mixer.mixerModel.history().clear();
     connectAudio(mixerWindow);
+    return loop(mixerWindow, session, endingSignals);
+}
+
+// Until the windows are closed, a signal arrives, or the display is gone.
+int Application::loop(MixerWindow& mixerWindow, MixerSession& session,
+                      const EndingSignals& endingSignals)
+{
     QObject::connect(&endingSignals, &EndingSignals::arrived, &mixerWindow, [&] {
         session.setAsker({}); // nobody might be there any more
         mixerWindow.quit();
         QApplication::exit(ExitDone);
     });
-    return QApplication::exec();
+    const ExitGuard guard([&] {
+        m_mixer.settings.setReporter(&printError); // nothing can be shown any more
+        exitCodeOf(session.saveAtOnce());
+    });
+    const int code = QApplication::exec();
+    return session.isSaved() ? code : ExitError;
 }
 
 // An editor is for a strip of the mixer: a channel alone, or the pair that its first channel rules.

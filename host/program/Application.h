@@ -14,6 +14,7 @@
 
 #include <memory>
 
+class EndingSignals;
 class MixerSession;
 class MixerWindow;
 
@@ -41,6 +42,7 @@ private:
     Status runHeadless();
     Status runCommands(EditorSession& session);
     int runWindows();
+    int loop(MixerWindow& mixerWindow, MixerSession& session, const EndingSignals& endingSignals);
     Status openAudio();
     void connectAudio(MixerWindow& mixerWindow);
     void chooseChannel();

@@ -8,6 +8,7 @@
 
 #include <QApplication>
 
+#include <cerrno>
 #include <cstdio>
 
 namespace {
@@ -48,10 +49,18 @@ int displayError(const CommandLine& commandLine, int* argc, char* argv[])
         "--help."));
 }
 
-int helpCommand()
+int pluginError(const CommandLine& commandLine, const LibraryTrial& trial, int* argc, char* argv[])
 {
-    std::fputs(CommandLineParser::helpText().toUtf8().constData(), stdout);
-    return ExitDone;
+    const TranslatedApplication application(commandLine.language, argc, argv);
+    return exitCodeOf(trial.status());
+}
+
+int printed(const QByteArray& text)
+{
+    if (std::fputs(text.constData(), stdout) >= 0 && std::fflush(stdout) == 0)
+        return ExitDone;
+    printError(CommandLine::tr("The text cannot be printed: %1.").arg(qt_error_string(errno)));
+    return ExitError;
 }
 
 int devicesCommand()
@@ -59,8 +68,7 @@ int devicesCommand()
     const std::vector<AudioDeviceInfo> devices = SystemAudioDevice().list();
     if (devices.empty())
         printError(CommandLine::tr("There is no sound device."));
-    std::fputs(AudioDevices::table(devices).constData(), stdout);
-    return ExitDone;
+    return printed(AudioDevices::table(devices));
 }
 
 // What needs neither a display nor the editor.
@@ -68,7 +76,7 @@ int runCommand(const CommandLine& commandLine, int* argc, char* argv[])
 {
     const TranslatedApplication application(commandLine.language, argc, argv);
     if (commandLine.help)
-        return helpCommand();
+        return printed(CommandLineParser::helpText().toUtf8());
     return commandLine.devices ? devicesCommand() : renderCommand(commandLine);
 }
 
@@ -80,6 +88,9 @@ int runEditor(const CommandLine& commandLine, int* argc, char* argv[])
         return displayError(commandLine, argc, argv);
     const QString folder = programFolder();
     chooseFonts(folder);
+    const LibraryTrial trial = tryPlugin(commandLine, folder, *argc, argv);
+    if (!trial.status().isOk())
+        return pluginError(commandLine, trial, argc, argv);
     const QApplication application(*argc, argv);
     return Application(commandLine, folder).run();
 }

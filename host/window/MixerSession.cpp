@@ -45,6 +45,7 @@ bool MixerSession::restoreWindows(MixerWindow& window)
     connect(qGuiApp, &QGuiApplication::commitDataRequest, this, &MixerSession::save);
     connect(&m_mixer.mixerModel.history().stack(), &QUndoStack::indexChanged, this,
             &MixerSession::saveLater);
+    connect(&m_mixer.mixerModel, &MixerModel::channelChanged, this, &MixerSession::saveLater);
     qGuiApp->installEventFilter(this);
     window.restoreGeometry(m_data.mixerGeometry);
     bool opened = false;
@@ -67,6 +68,13 @@ bool MixerSession::save()
     if (!written.isOk() && m_reporter)
         m_reporter(written.error());
     return written.isOk();
+}
+
+// The windows come second: whoever asks them may not return.
+Status MixerSession::saveAtOnce()
+{
+    const Status saved = writeChannels();
+    return saved.isOk() ? write() : saved;
 }
 
 bool MixerSession::eventFilter(QObject* watched, QEvent* event)
@@ -93,11 +101,19 @@ void MixerSession::saveLater()
 
 Status MixerSession::write()
 {
-    m_timer.stop();
     collectWindows();
+    return writeChannels();
+}
+
+// With what is known of the windows.
+Status MixerSession::writeChannels()
+{
+    m_timer.stop();
     for (int ch = 0; ch < channelCount; ++ch)
         collect(ch);
-    return m_file.save(m_data);
+    const Status saved = m_file.save(m_data);
+    m_saved = saved.isOk();
+    return saved;
 }
 
 bool MixerSession::saveAtEnd()

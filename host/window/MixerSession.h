@@ -49,6 +49,10 @@ public:
 
     /// Saves now; false if it did not work, which has been reported.
     bool save();
+    /// The same where nothing can be shown or asked any more, as when the display is gone.
+    Status saveAtOnce();
+    /// Whether it worked the last time.
+    bool isSaved() const { return m_saved; }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -62,6 +66,7 @@ private:
     void restore();
     void restore(int channel);
     void collect(int channel);
+    Status writeChannels();
     void collectWindows();
 
     Mixer& m_mixer;
@@ -71,6 +76,7 @@ private:
     SessionData m_data;
     MixerWindow* m_window = nullptr;
     QTimer m_timer;
+    bool m_saved = true;
     bool m_ended = false;   // the windows are closing, and there is nothing left to save
     bool m_staying = false; // they shall not close, after all
 };

@@ -19,6 +19,7 @@ private Q_SLOTS:
     void lockThatNobodyHoldsDoesNotCount();
     void takenSessionIsSavedOnDemand();
     void damageOfATakenSessionIsNeverSaved();
+    void linkToATakenSessionIsTaken();
 
 private:
     QString lock() const { return m_file + ".lock"_L1; }
@@ -88,6 +89,19 @@ void tst_SessionFile::damageOfATakenSessionIsNeverSaved()
     second.saveAnyway();
     QVERIFY(second.save(data).isOk());
     QCOMPARE(TestFiles::read(m_file), "damaged"_ba);
+}
+
+void tst_SessionFile::linkToATakenSessionIsTaken()
+{
+    SessionData data;
+    SessionFile first;
+    QVERIFY(first.open(m_file, &data).isOk());
+    QVERIFY(first.save(data).isOk());
+    const QString link = m_folder->filePath(QStringLiteral("link.json"));
+    QVERIFY(QFile::link(m_file, link));
+    SessionFile second;
+    QVERIFY(second.open(link, &data).error().contains(lock()));
+    QVERIFY(second.isTaken());
 }
 
 QTEST_GUILESS_MAIN(tst_SessionFile)

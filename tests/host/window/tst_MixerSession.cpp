@@ -229,6 +229,8 @@ void tst_MixerSession::changesAreSavedAfterAWhile_data()
     row("edit", [](Mixer& mixer, MixerWindow&, EditorWindow*) {
         mixer.memory.setStrip(0, StripParameter::Mute, 1);
     });
+    row("change that is no edit",
+        [](Mixer& mixer, MixerWindow&, EditorWindow*) { mixer.mixerModel.feed(0, false); });
     row("editor opened",
         [](Mixer&, MixerWindow& window, EditorWindow*) { window.openEditor(4, true); });
     row("editor moved", [](Mixer&, MixerWindow&, EditorWindow* editor) {
