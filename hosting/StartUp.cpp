@@ -1,13 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "hosting/StartUp.h"
 
-#include "host/program/CommandLine.h"
-#include "hosting/EditorLibrary.h"
-
-#include <QApplication>
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QtGlobal>
 
 #include <filesystem>
@@ -15,7 +10,6 @@
 namespace {
 
 constexpr char platformVariable[] = "QT_QPA_PLATFORM";
-constexpr std::chrono::seconds pluginPatience(20); // disks may have to start
 
 } // namespace
 
@@ -47,21 +41,4 @@ void chooseNoDisplay()
 {
     if (qEnvironmentVariableIsEmpty(platformVariable))
         qputenv(platformVariable, "offscreen");
-}
-
-LibraryTrial tryPlugin(const CommandLine& commandLine, const QString& folder, int argc,
-                       char* argv[])
-{
-    const QString& file = commandLine.plugin;
-    LibraryTrial trial(QFileInfo(file).absoluteFilePath(), pluginPatience);
-    if (file.isEmpty() || QFileInfo(file) == QFileInfo(EditorLibrary::fileBeside(folder)))
-        return trial;
-    trial.run([&] {
-        qputenv(platformVariable, "offscreen"); // plug-ins may ask for more than an application
-        const QApplication application(argc, argv);
-        LanguageSwitch language;
-        language.choose(commandLine.language);
-        return EditorLibrary().load(file);
-    });
-    return trial;
 }

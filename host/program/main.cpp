@@ -2,9 +2,10 @@
 #include "host/audio/SystemAudioDevice.h"
 #include "host/program/Application.h"
 #include "host/program/CommandLineParser.h"
+#include "host/program/PluginTrial.h"
 #include "host/program/RenderCommand.h"
-#include "hosting/StartUp.h"
 #include "host/window/Language.h"
+#include "hosting/StartUp.h"
 
 #include <QApplication>
 

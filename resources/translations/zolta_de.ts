@@ -1203,6 +1203,10 @@
         <source>Stop</source>
         <translation>Anhalten</translation>
     </message>
+    <message>
+        <source>Waiting for device</source>
+        <translation>Warte auf Gerät</translation>
+    </message>
 </context>
 <context>
     <name>AudioDevices</name>
@@ -1217,6 +1221,18 @@
     <message>
         <source>&quot;%1&quot; may mean several sound devices: %2.</source>
         <translation>&quot;%1&quot; trifft auf mehrere Audiogeräte zu: %2.</translation>
+    </message>
+    <message>
+        <source>The sound device %1 cannot be used: it does not run at %2 Hz.</source>
+        <translation>Das Audiogerät %1 lässt sich nicht verwenden: Es läuft nicht mit %2 Hz.</translation>
+    </message>
+    <message>
+        <source>The sound device %1 cannot be used: it has no outputs.</source>
+        <translation>Das Audiogerät %1 lässt sich nicht verwenden: Es hat keine Ausgänge.</translation>
+    </message>
+    <message>
+        <source>The sound device %1 cannot be used: neither it nor the default device has inputs.</source>
+        <translation>Das Audiogerät %1 lässt sich nicht verwenden: Weder dieses noch das Standardgerät hat Eingänge.</translation>
     </message>
 </context>
 <context>
@@ -1507,6 +1523,10 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
         <source>Warning: Clipped samples in %2: %1; a lower output level or --float avoids clipping.</source>
         <translation>Warnung: Übersteuerte Samples in %2: %1; ein niedrigerer Ausgangspegel oder --float vermeidet das Übersteuern.</translation>
     </message>
+    <message>
+        <source>The text cannot be printed: %1.</source>
+        <translation>Der Text lässt sich nicht ausgeben: %1.</translation>
+    </message>
 </context>
 <context>
     <name>CommonController_MemAPI</name>
@@ -1589,22 +1609,6 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
     <message>
         <source>No sound device can be used while %1 is not responding.</source>
         <translation>Solange %1 nicht antwortet, lässt sich kein Audiogerät verwenden.</translation>
-    </message>
-    <message>
-        <source>The sound device %1 cannot be used: it has no outputs.</source>
-        <translation>Das Audiogerät %1 lässt sich nicht verwenden: Es hat keine Ausgänge.</translation>
-    </message>
-    <message>
-        <source>The sound device %1 cannot be used: it does not run at %2 Hz.</source>
-        <translation>Das Audiogerät %1 lässt sich nicht verwenden: Es läuft nicht mit %2 Hz.</translation>
-    </message>
-    <message>
-        <source>The sound device %1 cannot be used: neither it nor the default device has inputs.</source>
-        <translation>Das Audiogerät %1 lässt sich nicht verwenden: Weder dieses noch das Standardgerät hat Eingänge.</translation>
-    </message>
-    <message>
-        <source>The sound device %1 has another block size now; stop and play again to use the new size.</source>
-        <translation>Das Audiogerät %1 hat jetzt eine andere Blockgröße; die Wiedergabe anhalten und neu starten, um sie zu übernehmen.</translation>
     </message>
     <message>
         <source>The sound device %1 was disconnected.</source>
@@ -1778,6 +1782,36 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
     <message>
         <source>High band</source>
         <translation>Höhenband</translation>
+    </message>
+</context>
+<context>
+    <name>JackDevice</name>
+    <message>
+        <source>The sound device %1 was disconnected. It plays on as soon as it is back.</source>
+        <translation>Das Audiogerät %1 wurde getrennt. Die Wiedergabe geht weiter, sobald es wieder da ist.</translation>
+    </message>
+    <message>
+        <source>The sound device %1 is not responding.</source>
+        <translation>Das Audiogerät %1 antwortet nicht.</translation>
+    </message>
+</context>
+<context>
+    <name>LibraryTrial</name>
+    <message>
+        <source>The plug-in %1 cannot be loaded: it crashes (%2). Its file may be damaged.</source>
+        <translation>Das Plug-in %1 lässt sich nicht laden: Es stürzt ab (%2). Die Datei ist möglicherweise beschädigt.</translation>
+    </message>
+    <message>
+        <source>The plug-in %1 cannot be loaded: it ends the program that loads it.</source>
+        <translation>Das Plug-in %1 lässt sich nicht laden: Es beendet das Programm, das es lädt.</translation>
+    </message>
+    <message>
+        <source>The plug-in %1 cannot be loaded: it takes longer than %2 seconds.</source>
+        <translation>Das Plug-in %1 lässt sich nicht laden: Es braucht länger als %2 Sekunden.</translation>
+    </message>
+    <message>
+        <source>The plug-in %1 cannot be tried in a process of its own: %2.</source>
+        <translation>Das Plug-in %1 lässt sich nicht in einem eigenen Prozess prüfen: %2.</translation>
     </message>
 </context>
 </TS>

@@ -1203,6 +1203,10 @@
         <source>Stop</source>
         <translation>停止</translation>
     </message>
+    <message>
+        <source>Waiting for device</source>
+        <translation>デバイスを待機中</translation>
+    </message>
 </context>
 <context>
     <name>AudioDevices</name>
@@ -1217,6 +1221,18 @@
     <message>
         <source>&quot;%1&quot; may mean several sound devices: %2.</source>
         <translation>「%1」に当てはまるオーディオデバイスが複数あります: %2。</translation>
+    </message>
+    <message>
+        <source>The sound device %1 cannot be used: it does not run at %2 Hz.</source>
+        <translation>オーディオデバイス %1 を使用できません。%2 Hz に対応していません。</translation>
+    </message>
+    <message>
+        <source>The sound device %1 cannot be used: it has no outputs.</source>
+        <translation>オーディオデバイス %1 を使用できません。出力がありません。</translation>
+    </message>
+    <message>
+        <source>The sound device %1 cannot be used: neither it nor the default device has inputs.</source>
+        <translation>オーディオデバイス %1 を使用できません。このデバイスにも既定のデバイスにも入力がありません。</translation>
     </message>
 </context>
 <context>
@@ -1507,6 +1523,10 @@ A mixer with 8 channels that opens the channel equalizer's editor.
         <source>Warning: Clipped samples in %2: %1; a lower output level or --float avoids clipping.</source>
         <translation>警告: %2 でクリップしたサンプル: %1 個。出力レベルを下げるか --float を使うとクリップを避けられます。</translation>
     </message>
+    <message>
+        <source>The text cannot be printed: %1.</source>
+        <translation>テキストを出力できません: %1。</translation>
+    </message>
 </context>
 <context>
     <name>CommonController_MemAPI</name>
@@ -1589,22 +1609,6 @@ A mixer with 8 channels that opens the channel equalizer's editor.
     <message>
         <source>No sound device can be used while %1 is not responding.</source>
         <translation>%1 が応答しない間は、オーディオデバイスを使用できません。</translation>
-    </message>
-    <message>
-        <source>The sound device %1 cannot be used: it has no outputs.</source>
-        <translation>オーディオデバイス %1 を使用できません。出力がありません。</translation>
-    </message>
-    <message>
-        <source>The sound device %1 cannot be used: it does not run at %2 Hz.</source>
-        <translation>オーディオデバイス %1 を使用できません。%2 Hz に対応していません。</translation>
-    </message>
-    <message>
-        <source>The sound device %1 cannot be used: neither it nor the default device has inputs.</source>
-        <translation>オーディオデバイス %1 を使用できません。このデバイスにも既定のデバイスにも入力がありません。</translation>
-    </message>
-    <message>
-        <source>The sound device %1 has another block size now; stop and play again to use the new size.</source>
-        <translation>オーディオデバイス %1 のブロックサイズが変わりました。再生を停止してもう一度再生すると、新しいサイズを使用します。</translation>
     </message>
     <message>
         <source>The sound device %1 was disconnected.</source>
@@ -1778,6 +1782,36 @@ A mixer with 8 channels that opens the channel equalizer's editor.
     <message>
         <source>High band</source>
         <translation>ハイ バンド</translation>
+    </message>
+</context>
+<context>
+    <name>JackDevice</name>
+    <message>
+        <source>The sound device %1 was disconnected. It plays on as soon as it is back.</source>
+        <translation>オーディオデバイス %1 の接続が切れました。再接続されると再生を続けます。</translation>
+    </message>
+    <message>
+        <source>The sound device %1 is not responding.</source>
+        <translation>オーディオデバイス %1 が応答しません。</translation>
+    </message>
+</context>
+<context>
+    <name>LibraryTrial</name>
+    <message>
+        <source>The plug-in %1 cannot be loaded: it crashes (%2). Its file may be damaged.</source>
+        <translation>プラグイン %1 を読み込めません: クラッシュします (%2)。ファイルが壊れている可能性があります。</translation>
+    </message>
+    <message>
+        <source>The plug-in %1 cannot be loaded: it ends the program that loads it.</source>
+        <translation>プラグイン %1 を読み込めません: 読み込んだプログラムを終了させます。</translation>
+    </message>
+    <message>
+        <source>The plug-in %1 cannot be loaded: it takes longer than %2 seconds.</source>
+        <translation>プラグイン %1 を読み込めません: %2 秒以上かかっています。</translation>
+    </message>
+    <message>
+        <source>The plug-in %1 cannot be tried in a process of its own: %2.</source>
+        <translation>プラグイン %1 を別のプロセスで確認できません: %2。</translation>
     </message>
 </context>
 </TS>
