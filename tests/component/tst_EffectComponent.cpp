@@ -8,6 +8,7 @@
 #include <functional>
 #include <thread>
 #include <type_traits>
+#include <utility>
 
 using namespace Steinberg;
 using Operation = TestHost::Operation;
@@ -82,6 +83,7 @@ private Q_SLOTS:
     void observerMayFreeDuringRestore_data();
     void observerMayFreeDuringRestore();
     void observerMayRestoreAndFreeDuringRestore();
+    void observerMayFreeAfterAnInnerRestore();
 };
 
 void tst_EffectComponent::queryInterfaceKnowsNothing()
@@ -275,6 +277,30 @@ void tst_EffectComponent::observerMayRestoreAndFreeDuringRestore()
     QCOMPARE(outer.position(), 8);
     QCOMPARE(inner.position(), 8);
     QCOMPARE(host.writes().size(), std::size_t(2));
+}
+
+// The second parameter is told by the inner restore first.
+void tst_EffectComponent::observerMayFreeAfterAnInnerRestore()
+{
+    auto* component = new ZoltaComponent;
+    TestHost host;
+    bind(*component, host);
+    TestStream outer(QByteArray(116, '\0')), inner(QByteArray(116, '\0'));
+    bool isRestoring = false;
+    int updates = 0;
+    Observer restorer([&] {
+        if (!std::exchange(isRestoring, true))
+            component->setState(&inner);
+    });
+    Observer deleter([&] {
+        if (++updates == 2)
+            delete component;
+    });
+    observe(host, "fx_rackfx_prm_4", restorer);
+    observe(host, "fx_rackfx_prm_3", deleter);
+    QCOMPARE(component->setState(&outer), kResultFalse);
+    QCOMPARE(inner.position(), 116);
+    QCOMPARE(outer.position(), 12);
 }
 
 QTEST_APPLESS_MAIN(tst_EffectComponent)

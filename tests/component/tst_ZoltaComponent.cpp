@@ -512,7 +512,7 @@ void tst_ZoltaComponent::saveSurvivesEveryHostFailure()
 {
     for (int n = 1; n <= 27 * 4; ++n) {
         Fixture f;
-        f.setAll({0, 10}, 10);
+        f.setAll({-10, 10}, 10);
         f.host.failAnyCall(n);
         QByteArray expected = savedState(One);
         setWord(expected, (n - 1) / 4, 0);

@@ -358,6 +358,10 @@ void tst_SvgImage::equalsDirectRenderingByAnyPainter_data()
         painter.translate(1, 2);
         drawing(painter);
     });
+    row("in another composition mode", [](QPainter& painter, const Drawing& drawing) {
+        painter.setCompositionMode(QPainter::CompositionMode_Source);
+        drawing(painter);
+    });
     const QTransform middle = QTransform::fromTranslate(30, 30);
     const std::pair<const char*, QTransform> transforms[] = {
         {"shift", QTransform::fromTranslate(3.7, -2.2)},
@@ -495,6 +499,8 @@ void tst_SvgImage::drawsFromMemoryWhatWasDrawnBefore_data()
     });
     row("turned", "blurred", false,
         [=](SvgImage& i, QPainter& p) { i.drawBlurred(p, rect, 0.0, canvas); });
+    row("blurred", "a little less", false,
+        [=](SvgImage& i, QPainter& p) { i.drawBlurred(p, rect, 1.9, canvas); });
     row("blurred", "wider", false,
         [=](SvgImage& i, QPainter& p) { i.drawBlurred(p, rect, 3.0, canvas); });
     row("translucent", "fainter", true,

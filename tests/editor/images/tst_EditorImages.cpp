@@ -13,6 +13,7 @@
 #include "editor/ZoltaEditor.h"
 #include "hosting/HostMemory.h"
 #include "hosting/HostModel.h"
+#include "tests/support/DataTable.h"
 #include "tests/support/TestObject.h"
 
 #include <QApplication>
@@ -22,6 +23,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <functional>
 #include <vector>
 
 using CommonController_MemAPI::PushButtonController;
@@ -107,6 +109,9 @@ private:
     double m_scale;
 };
 
+/// What brings an editor into the state of a picture.
+using Arrangement = std::function<void(Stage&)>;
+
 bool differ(QRgb a, QRgb b)
 {
     return std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)),
@@ -156,101 +161,53 @@ class TestEditorImages : public TestObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void showsTheWholeEditor_data() { scales(); }
-    void showsTheWholeEditor();
-    void lightsDrive_data() { scales(); }
-    void lightsDrive();
-    void darkensTheGainOfTypesWithoutOne_data() { scales(); }
-    void darkensTheGainOfTypesWithoutOne();
-    void showsBandsThatAreOff_data() { scales(); }
-    void showsBandsThatAreOff();
-    void showsMono_data() { scales(); }
-    void showsMono();
-    void lightsTheMeters_data() { scales(); }
-    void lightsTheMeters();
-    void showsTheAboutPanel_data() { scales(); }
-    void showsTheAboutPanel();
+    void looksAsInItsPictures_data();
+    void looksAsInItsPictures();
     void seesOneDigit();
     void seesALabelMovedByAPixel();
-
-private:
-    static void scales();
-    static QString named(const char* state);
 };
 
-void TestEditorImages::scales()
+void TestEditorImages::looksAsInItsPictures_data()
 {
-    QTest::addColumn<double>("scale");
-    QTest::newRow("1") << 1.0;
-    QTest::newRow("2") << 2.0;
+    addColumns<double, QRect, bool, Arrangement>("scale", "part", "stereo", "arrange");
+    const auto row = [](const char* state, const QRect& part, const Arrangement& arrange,
+                        bool stereo = true) {
+        for (const double scale : {1.0, 2.0})
+            QTest::addRow("%s@%g", state, scale) << scale << part << stereo << arrange;
+    };
+    const auto set = [](const Settings& settings) {
+        return [=](Stage& stage) { stage.set(settings); };
+    };
+    const auto meter = [](const std::array<int, 4>& levels) {
+        return [=](Stage& stage) { stage.meter(levels); };
+    };
+    row("editor", Whole, set({}));
+    row("drive", LeftSection, set({{27, 1}}));
+    row("passes", Bands, set({{1, 0}, {21, 1}}));
+    row("off", Bands, set({{4, 0}, {8, 0}, {12, 0}, {16, 0}, {20, 0}, {24, 0}}));
+    row("led", LeftSection, meter({-400, -150, -95, 25}));
+    row("meters", MeterBay, meter({-400, -150, -95, 25}));
+    row("mono-led", LeftSection, meter({-70, -1270, 1, -1270}), false);
+    row("mono-meters", MeterBay, meter({-70, -1270, 1, -1270}), false);
+    row("about", Whole, [](Stage& stage) {
+        QTest::mouseClick(stage.find<PushButtonController>("m_pAboutButton"), Qt::LeftButton);
+        const auto* version = stage.find<QLabel>("m_pVersionLabel");
+        QTRY_COMPARE(version->palette().color(QPalette::WindowText), QColor(Qt::white));
+    });
 }
 
-QString TestEditorImages::named(const char* state)
-{
-    return QLatin1String(state) + u'@' + QLatin1String(QTest::currentDataTag());
-}
-
-void TestEditorImages::showsTheWholeEditor()
+void TestEditorImages::looksAsInItsPictures()
 {
     QFETCH(double, scale);
-    Stage stage(scale);
-    compare(stage.picture(Whole), named("editor"));
-}
-
-void TestEditorImages::lightsDrive()
-{
-    QFETCH(double, scale);
-    Stage stage(scale);
-    stage.set({{27, 1}});
-    compare(stage.picture(LeftSection), named("drive"));
-}
-
-void TestEditorImages::darkensTheGainOfTypesWithoutOne()
-{
-    QFETCH(double, scale);
-    Stage stage(scale);
-    stage.set({{1, 0}, {21, 1}});
-    compare(stage.picture(Bands), named("passes"));
-}
-
-void TestEditorImages::showsBandsThatAreOff()
-{
-    QFETCH(double, scale);
-    Stage stage(scale);
-    stage.set({{4, 0}, {8, 0}, {12, 0}, {16, 0}, {20, 0}, {24, 0}});
-    compare(stage.picture(Bands), named("off"));
-}
-
-void TestEditorImages::showsMono()
-{
-    QFETCH(double, scale);
-    Stage stage(scale, false);
-    stage.meter({-70, -1270, 1, -1270});
-    compare(stage.picture(LeftSection), named("mono-led"));
-    compare(stage.picture(MeterBay), named("mono-meters"));
-}
-
-void TestEditorImages::lightsTheMeters()
-{
-    QFETCH(double, scale);
-    Stage stage(scale);
-    stage.meter({-400, -150, -95, 25});
-    compare(stage.picture(LeftSection), named("led"));
-    compare(stage.picture(MeterBay), named("meters"));
-}
-
-void TestEditorImages::showsTheAboutPanel()
-{
-    QFETCH(double, scale);
-    Stage stage(scale);
-    QTest::mouseClick(stage.find<PushButtonController>("m_pAboutButton"), Qt::LeftButton);
-    const auto* version = stage.find<QLabel>("m_pVersionLabel");
-    QTRY_COMPARE(version->palette().color(QPalette::WindowText), QColor(Qt::white));
-    compare(stage.picture(Whole), named("about"));
+    QFETCH(QRect, part);
+    QFETCH(bool, stereo);
+    QFETCH(Arrangement, arrange);
+    Stage stage(scale, stereo);
+    arrange(stage);
+    compare(stage.picture(part), QLatin1String(QTest::currentDataTag()));
 }
 
 // The tolerance hides nothing that somebody could see: these differences are among the smallest.
-
 void TestEditorImages::seesOneDigit()
 {
     Stage stage(1.0);
