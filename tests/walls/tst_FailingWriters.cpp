@@ -135,6 +135,8 @@ QString tst_FailingWriters::problemAt(const WriterFolder& folder, int error, std
     const bool mayLitter = folder.calls()[call].name.starts_with("unlink");
     if (!folder.isTidy() && !mayLitter)
         return folder.names().join(QLatin1Char(' ')) + QLatin1String(" is left");
+    if (isSaved && folder.isTidy())
+        return QString();
     if (folder.save().code != 0 || folder.bytes() != folder.newBytes() || !folder.isTidy())
         return QStringLiteral("nothing can be saved afterwards");
     return QString();
@@ -147,7 +149,7 @@ void tst_FailingWriters::placesWithoutAFile_data()
     const std::vector<Writer> all = writers();
     for (std::size_t i = 0; i < all.size(); ++i) {
         for (const auto& [place, name] : places) {
-            if (!all[i].hasWindows) // they stay open
+            if (!all[i].isProgram || (place == Place::FullDevice && !all[i].hasWindows))
                 QTest::addRow("%s: %s", all[i].name, name) << i << place;
         }
     }
