@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/program/CommandLine.h"
-#include "host/program/StartUp.h"
+#include "host/program/PluginTrial.h"
 #include "tests/support/ProgramRunner.h"
 #include "tests/support/TestObject.h"
 
@@ -8,7 +8,7 @@
 
 #include <pthread.h>
 
-class tst_StartUp : public TestObject
+class tst_PluginTrial : public TestObject
 {
     Q_OBJECT
 
@@ -22,12 +22,12 @@ private:
     static inline int s_processes = 0; // that this one has started
 };
 
-void tst_StartUp::initTestCase()
+void tst_PluginTrial::initTestCase()
 {
     QCOMPARE(::pthread_atfork([] { ++s_processes; }, nullptr, nullptr), 0);
 }
 
-void tst_StartUp::triesForeignPlugins_data()
+void tst_PluginTrial::triesForeignPlugins_data()
 {
     QTest::addColumn<QString>("plugin");
     QTest::addColumn<Language>("language");
@@ -52,7 +52,7 @@ void tst_StartUp::triesForeignPlugins_data()
             .arg(type7));
 }
 
-void tst_StartUp::triesForeignPlugins()
+void tst_PluginTrial::triesForeignPlugins()
 {
     QFETCH(const QString, plugin);
     QFETCH(const Language, language);
@@ -68,7 +68,7 @@ void tst_StartUp::triesForeignPlugins()
 }
 
 // It says what happened, and no word of the plug-in's.
-void tst_StartUp::programOutlivesAPlugin()
+void tst_PluginTrial::programOutlivesAPlugin()
 {
     const QTemporaryDir folder;
     const ProgramRunner program(QStringLiteral(PROGRAM_FOLDER "/zolta-host"), folder.path());
@@ -82,6 +82,6 @@ void tst_StartUp::programOutlivesAPlugin()
     QCOMPARE(result.code, 1);
 }
 
-QTEST_APPLESS_MAIN(tst_StartUp)
+QTEST_APPLESS_MAIN(tst_PluginTrial)
 
-#include "tst_StartUp.moc"
+#include "tst_PluginTrial.moc"
