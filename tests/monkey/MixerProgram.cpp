@@ -22,6 +22,7 @@ public:
     QString name() const override { return {}; }
     int rate() const override { return 48000; }
     Status status() const override { return {}; }
+    bool mayComeBack() const override { return false; }
     std::int64_t calls() const override { return 0; }
 };
 
