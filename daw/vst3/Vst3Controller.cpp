@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "daw/vst3/Vst3Controller.h"
 
+#include "daw/vst3/EditMessage.h"
 #include "daw/vst3/StateStream.h"
 
 #include <algorithm>
@@ -38,7 +39,8 @@ tresult PLUGIN_API Vst3Controller::queryInterface(const TUID asked, void** obj)
         answerQuery<Vst::IEditController>(asked, FUnknown_iid, this, obj) ||
         answerQuery<Vst::IEditController>(asked, IPluginBase_iid, this, obj) ||
         answerQuery<Vst::IEditController>(asked, Vst::IEditController_iid, this, obj) ||
-        answerQuery<Vst::IUnitInfo>(asked, Vst::IUnitInfo_iid, this, obj);
+        answerQuery<Vst::IUnitInfo>(asked, Vst::IUnitInfo_iid, this, obj) ||
+        answerQuery<Vst::IConnectionPoint>(asked, Vst::IConnectionPoint_iid, this, obj);
     return known ? kResultOk : kNoInterface;
 }
 
@@ -50,11 +52,17 @@ uint32 PLUGIN_API Vst3Controller::release()
     return left;
 }
 
-tresult PLUGIN_API Vst3Controller::initialize(FUnknown*) { return kResultOk; }
+tresult PLUGIN_API Vst3Controller::initialize(FUnknown* context)
+{
+    m_context = context;
+    return kResultOk;
+}
 
 tresult PLUGIN_API Vst3Controller::terminate()
 {
     m_handler = nullptr;
+    m_processor = nullptr;
+    m_context = nullptr;
     return kResultOk;
 }
 
@@ -137,6 +145,7 @@ tresult PLUGIN_API Vst3Controller::setParamNormalized(Vst::ParamID id, Vst::Para
         std::clamp(value, 0.0, 1.0);
     if (valueOf(id) == before)
         return kResultOk;
+    sendEdit(m_context, m_processor, {id, valueOf(id)});
     if (id == ParameterList::programId) {
         setValues(ParameterList::programValues(valueOf(id)));
         announce(Vst::kParamValuesChanged);
@@ -219,6 +228,20 @@ tresult PLUGIN_API Vst3Controller::setUnitProgramData(int32, int32, IBStream*)
 {
     return kNotImplemented;
 }
+
+tresult PLUGIN_API Vst3Controller::connect(Vst::IConnectionPoint* other)
+{
+    m_processor = other;
+    return kResultOk;
+}
+
+tresult PLUGIN_API Vst3Controller::disconnect(Vst::IConnectionPoint*)
+{
+    m_processor = nullptr;
+    return kResultOk;
+}
+
+tresult PLUGIN_API Vst3Controller::notify(Vst::IMessage*) { return kResultFalse; }
 
 bool Vst3Controller::isKnown(Vst::ParamID id)
 {

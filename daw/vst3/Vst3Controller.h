@@ -5,6 +5,7 @@
 #include "daw/vst3/RefCount.h"
 
 #include <pluginterfaces/base/smartpointer.h>
+#include <pluginterfaces/vst/ivstmessage.h>
 
 #include <vector>
 
@@ -14,7 +15,8 @@
 /// The processor says through parameters what it has done; a new latency is announced from there,
 /// because workstations ask the processor at once.
 class Vst3Controller final : public Steinberg::Vst::IEditController,
-                             public Steinberg::Vst::IUnitInfo
+                             public Steinberg::Vst::IUnitInfo,
+                             public Steinberg::Vst::IConnectionPoint
 {
 public:
     Vst3Controller();
@@ -82,6 +84,11 @@ public:
                                                      Steinberg::int32 program,
                                                      Steinberg::IBStream* data) override;
 
+    /// To the processor, which is told of every value at once.
+    Steinberg::tresult PLUGIN_API connect(Steinberg::Vst::IConnectionPoint* other) override;
+    Steinberg::tresult PLUGIN_API disconnect(Steinberg::Vst::IConnectionPoint* other) override;
+    Steinberg::tresult PLUGIN_API notify(Steinberg::Vst::IMessage* message) override;
+
 private:
     ~Vst3Controller() = default;
 
@@ -93,6 +100,8 @@ private:
     void announce(Steinberg::int32 flags);
 
     RefCount m_references;
+    Steinberg::IPtr<Steinberg::FUnknown> m_context;
+    Steinberg::IPtr<Steinberg::Vst::IConnectionPoint> m_processor;
     Steinberg::IPtr<Steinberg::Vst::IComponentHandler> m_handler;
     std::vector<double> m_normalized; // by index in ParameterList
     Steinberg::Vst::UnitID m_selectedUnit = Steinberg::Vst::kRootUnitId;

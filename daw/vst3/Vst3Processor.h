@@ -9,6 +9,7 @@
 
 #include <pluginterfaces/vst/ivstaudioprocessor.h>
 #include <pluginterfaces/vst/ivstcomponent.h>
+#include <pluginterfaces/vst/ivstmessage.h>
 
 #include <atomic>
 #include <vector>
@@ -23,7 +24,8 @@
 /// it has done it.
 class Vst3Processor final : public Steinberg::Vst::IComponent,
                             public Steinberg::Vst::IAudioProcessor,
-                            public Steinberg::Vst::IProcessContextRequirements
+                            public Steinberg::Vst::IProcessContextRequirements,
+                            public Steinberg::Vst::IConnectionPoint
 {
 public:
     Vst3Processor();
@@ -71,6 +73,12 @@ public:
 
     Steinberg::uint32 PLUGIN_API getProcessContextRequirements() override { return 0; }
 
+    Steinberg::tresult PLUGIN_API connect(Steinberg::Vst::IConnectionPoint* other) override;
+    Steinberg::tresult PLUGIN_API disconnect(Steinberg::Vst::IConnectionPoint* other) override;
+    /// Takes an edit from the controller (EditMessage), so that a state that is saved holds it even
+    /// where no block has been processed since.
+    Steinberg::tresult PLUGIN_API notify(Steinberg::Vst::IMessage* message) override;
+
 private:
     // A state and how many the main thread had set when it was in force.
     struct Snapshot
@@ -86,6 +94,7 @@ private:
     const SavedState& known();
     void takeState();
     void apply(const PointReader::Point& point);
+    void applyTo(SavedState* state, Steinberg::Vst::ParamID id, int value) const;
     void applyState();
     void processPart(const Steinberg::Vst::ProcessData& data, Steinberg::int32 first,
                      Steinberg::int32 end);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "daw/processor/EqualizerProcessor.h"
+#include "daw/vst3/ParameterList.h"
 #include "hosting/RestoredValues.h"
 #include "hosting/StateFile.h"
 #include "parameters/FactoryPresets.h"
@@ -86,6 +87,7 @@ private Q_SLOTS:
     void otherStatesChangeNothing();
     void presetsAreTheMixersOwn();
     void stateFollowsBothThreads();
+    void statesHoldEditsAtOnce();
     void latencyIsAnnouncedOnceItIsInForce();
     void metersReachTheController();
     void processingNeitherAllocatesNorLocks();
@@ -489,6 +491,43 @@ void tst_Vst3Bundle::stateFollowsBothThreads()
     plugin.process(&blocks);
     values = set;
     values[2] = -200;
+    QCOMPARE(plugin.state(), bytesOf(values));
+}
+
+// Also where the workstation does not process.
+void tst_Vst3Bundle::statesHoldEditsAtOnce()
+{
+    Plugin plugin(*m_module);
+    Values values = defaultValues();
+    values[2] = 200;
+    plugin.controller->setParamNormalized(3, 1.0);
+    QCOMPARE(plugin.state(), bytesOf(values));
+    plugin.controller->setParamNormalized(bypass, 1.0);
+    QCOMPARE(plugin.state(), bytesOf(values, true));
+    plugin.controller->setParamNormalized(program, plugin.typed(program, "Kick"));
+    QCOMPARE(plugin.state(), bytesOf(ParameterList::programValues(4), true));
+    // What sounds counts as soon as there is a block.
+    std::vector<std::vector<float>> blocks(2, std::vector<float>(64));
+    plugin.input.add(7, 0, 1.0);
+    plugin.process(&blocks);
+    values = defaultValues();
+    values[6] = 200;
+    QCOMPARE(plugin.state(), bytesOf(values));
+    const FUnknownPtr<Vst::IConnectionPoint> receiver(plugin.component);
+    const auto notify = [&receiver](const char* name, int64 id, int64 value) {
+        const IPtr<Vst::IMessage> message = owned(new Vst::HostMessage);
+        message->setMessageID(name);
+        message->getAttributes()->setInt("id", id);
+        message->getAttributes()->setInt("value", value);
+        return receiver->notify(message);
+    };
+    QCOMPARE(notify("edit", 3, 0), kResultOk);
+    QCOMPARE(notify("edit", 3, 201), kResultFalse);
+    QCOMPARE(notify("edit", 28, 0), kResultFalse);
+    QCOMPARE(notify("other", 3, 0), kResultFalse);
+    QCOMPARE(receiver->notify(nullptr), kResultFalse);
+    plugin.disconnect();
+    plugin.controller->setParamNormalized(3, 0.0);
     QCOMPARE(plugin.state(), bytesOf(values));
 }
 
