@@ -29,16 +29,16 @@ IPtr<Vst::IMessage> createMessage(FUnknown* context)
 
 } // namespace
 
-void sendEdit(FUnknown* context, Vst::IConnectionPoint* receiver, const EditMessage& edit)
+bool sendEdit(FUnknown* context, Vst::IConnectionPoint* receiver, const EditMessage& edit)
 {
     const IPtr<Vst::IMessage> message = receiver ? createMessage(context) : nullptr;
     Vst::IAttributeList* attributes = message ? message->getAttributes() : nullptr;
     if (!attributes)
-        return;
+        return false;
     message->setMessageID(messageName);
     attributes->setInt(idName, edit.id);
     attributes->setInt(valueName, edit.value);
-    receiver->notify(message);
+    return receiver->notify(message) == kResultOk;
 }
 
 std::optional<EditMessage> readEdit(Vst::IMessage* message)

@@ -15,8 +15,8 @@ struct EditMessage
 };
 
 /// Sends \a edit to \a receiver in a message of the workstation's (\a context, its
-/// IHostApplication). Without either nothing happens.
-void sendEdit(Steinberg::FUnknown* context, Steinberg::Vst::IConnectionPoint* receiver,
+/// IHostApplication), and says whether it was taken.
+bool sendEdit(Steinberg::FUnknown* context, Steinberg::Vst::IConnectionPoint* receiver,
               const EditMessage& edit);
 
 /// Nothing for any other message, and for a parameter or a value that does not exist.

@@ -3,15 +3,27 @@
 
 #include "daw/vst3/EditMessage.h"
 #include "daw/vst3/StateStream.h"
+#include "engine/Drive.h"
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 using namespace Steinberg;
 
 namespace {
 
 constexpr std::size_t maxTyped = 127;
+constexpr Vst::ParamID driveId =
+    ParameterList::firstId +
+    static_cast<Vst::ParamID>(parameterIndex(noBand, EqualizerField::Drive));
+
+// Whether a workstation may set a parameter.
+bool isEdit(Vst::ParamID id)
+{
+    return id == ParameterList::bypassId || id == ParameterList::programId ||
+           ParameterList::tableIndex(id) < parameterCount;
+}
 
 // What was typed, with a mark for every letter that no text of ours has.
 std::string typedText(const Vst::TChar* text)
@@ -73,6 +85,7 @@ tresult PLUGIN_API Vst3Controller::setComponentState(IBStream* stream)
         return kResultFalse;
     setValues(state->values);
     setValue(ParameterList::bypassId, state->isBypassed ? 1 : 0);
+    announceLatency(isDriven(state->values) ? Drive::latency : 0);
     return kResultOk;
 }
 
@@ -145,13 +158,10 @@ tresult PLUGIN_API Vst3Controller::setParamNormalized(Vst::ParamID id, Vst::Para
         std::clamp(value, 0.0, 1.0);
     if (valueOf(id) == before)
         return kResultOk;
-    sendEdit(m_context, m_processor, {id, valueOf(id)});
-    if (id == ParameterList::programId) {
-        setValues(ParameterList::programValues(valueOf(id)));
-        announce(Vst::kParamValuesChanged);
-    } else if (id == ParameterList::latencyId) {
-        announce(Vst::kLatencyChanged);
-    }
+    if (id == ParameterList::latencyId)
+        announceLatency(valueOf(id));
+    else if (isEdit(id))
+        applyEdit(id);
     return kResultOk;
 }
 
@@ -271,6 +281,23 @@ void Vst3Controller::setValues(const ChannelValues& values)
 {
     for (std::size_t i = 0; i < values.size(); ++i)
         setValue(ParameterList::firstId + static_cast<Vst::ParamID>(i), values[i]);
+}
+
+void Vst3Controller::applyEdit(Vst::ParamID id)
+{
+    const bool isTold = sendEdit(m_context, m_processor, {id, valueOf(id)});
+    if (id == ParameterList::programId) {
+        setValues(ParameterList::programValues(valueOf(id)));
+        announce(Vst::kParamValuesChanged);
+    }
+    if (isTold)
+        announceLatency(valueOf(driveId) != 0 ? Drive::latency : 0);
+}
+
+void Vst3Controller::announceLatency(int latency)
+{
+    if (std::exchange(m_announcedLatency, latency) != latency)
+        announce(Vst::kLatencyChanged);
 }
 
 void Vst3Controller::announce(int32 flags)

@@ -12,8 +12,9 @@
 /// The half of the VST 3 plug-in that a workstation's window works with: the values as they are
 /// shown, their texts, and the programs. All of it is the main thread's.
 ///
-/// The processor says through parameters what it has done; a new latency is announced from there,
-/// because workstations ask the processor at once.
+/// Workstations ask the processor for its latency as soon as a new one is announced. So that is
+/// done once the processor knows: after a state, after an edit that it was told of, or else when it
+/// says through a parameter that it has changed.
 class Vst3Controller final : public Steinberg::Vst::IEditController,
                              public Steinberg::Vst::IUnitInfo,
                              public Steinberg::Vst::IConnectionPoint
@@ -97,6 +98,8 @@ private:
     int valueOf(Steinberg::Vst::ParamID id) const;
     void setValue(Steinberg::Vst::ParamID id, int value);
     void setValues(const ChannelValues& values);
+    void applyEdit(Steinberg::Vst::ParamID id);
+    void announceLatency(int latency);
     void announce(Steinberg::int32 flags);
 
     RefCount m_references;
@@ -104,5 +107,6 @@ private:
     Steinberg::IPtr<Steinberg::Vst::IConnectionPoint> m_processor;
     Steinberg::IPtr<Steinberg::Vst::IComponentHandler> m_handler;
     std::vector<double> m_normalized; // by index in ParameterList
+    int m_announcedLatency = 0;
     Steinberg::Vst::UnitID m_selectedUnit = Steinberg::Vst::kRootUnitId;
 };

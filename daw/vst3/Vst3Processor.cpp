@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 using namespace Steinberg;
 
@@ -216,6 +217,7 @@ tresult PLUGIN_API Vst3Processor::notify(Vst::IMessage* message)
         return kResultFalse;
     known();
     applyTo(&m_known.state, edit->id, edit->value);
+    m_latency = latencyOf(m_known.state);
     return kResultOk;
 }
 
@@ -264,7 +266,9 @@ void Vst3Processor::applyState()
         m_processor.setValues(m_current.state.values);
     if (m_current.state.isBypassed != m_processor.isBypassed())
         m_processor.setBypassed(m_current.state.isBypassed);
-    m_latency = latencyOf(m_current.state);
+    const uint32 latency = latencyOf(m_current.state);
+    if (std::exchange(m_heardLatency, latency) != latency)
+        m_latency = latency;
 }
 
 void Vst3Processor::processPart(const Vst::ProcessData& data, int32 first, int32 end)

@@ -75,8 +75,8 @@ public:
 
     Steinberg::tresult PLUGIN_API connect(Steinberg::Vst::IConnectionPoint* other) override;
     Steinberg::tresult PLUGIN_API disconnect(Steinberg::Vst::IConnectionPoint* other) override;
-    /// Takes an edit from the controller (EditMessage), so that a state that is saved holds it even
-    /// where no block has been processed since.
+    /// Takes an edit from the controller (EditMessage), so that a state that is saved and the
+    /// latency hold it even where no block has been processed since.
     Steinberg::tresult PLUGIN_API notify(Steinberg::Vst::IMessage* message) override;
 
 private:
@@ -106,7 +106,7 @@ private:
 
     RefCount m_references;
     const std::vector<ChannelValues> m_programs;
-    std::atomic<Steinberg::uint32> m_latency = 0;
+    std::atomic<Steinberg::uint32> m_latency = 0; // of whatever came last, on either thread
     double m_sampleRate = 48000.0;
 
     // The main thread's.
@@ -119,5 +119,6 @@ private:
     Snapshot m_current;
     Snapshot m_published;
     int m_program = 0;
+    Steinberg::uint32 m_heardLatency = 0;
     std::array<int, 5> m_told{}; // by id from latencyId on
 };

@@ -538,21 +538,33 @@ void tst_Vst3Bundle::latencyIsAnnouncedOnceItIsInForce()
     plugin.process(&blocks);
     plugin.tellController();
     QCOMPARE(plugin.processor->getLatencySamples(), 0U);
+    // An edit that the processor is told of, and again when that has come into force.
     plugin.controller->setParamNormalized(drive, 1.0);
-    QVERIFY(plugin.handler.restarts.empty());
-    plugin.input.add(drive, 0, 1.0);
+    QCOMPARE(plugin.processor->getLatencySamples(), 78U);
+    QCOMPARE(plugin.handler.restarts, std::vector<int32>{Vst::kLatencyChanged});
     plugin.process(&blocks);
     QCOMPARE(plugin.processor->getLatencySamples(), 78U);
-    plugin.tellController();
-    QCOMPARE(plugin.handler.restarts, std::vector<int32>{Vst::kLatencyChanged});
+    plugin.input.add(drive, 0, 1.0);
     plugin.input.add(bypass, 0, 1.0);
     plugin.process(&blocks);
     plugin.tellController();
     QCOMPARE(plugin.processor->getLatencySamples(), 78U);
     QCOMPARE(plugin.handler.restarts.size(), 1U);
-    // From a state it is known before anything sounds.
+    // A state.
     QVERIFY(plugin.setState(bytesOf(defaultValues())));
     QCOMPARE(plugin.processor->getLatencySamples(), 0U);
+    QCOMPARE(plugin.handler.restarts.size(), 2U);
+    // An edit that only the block brings.
+    plugin.disconnect();
+    plugin.process(&blocks);
+    plugin.tellController();
+    plugin.controller->setParamNormalized(drive, 1.0);
+    QCOMPARE(plugin.handler.restarts.size(), 2U);
+    plugin.input.add(drive, 0, 1.0);
+    plugin.process(&blocks);
+    QCOMPARE(plugin.processor->getLatencySamples(), 78U);
+    plugin.tellController();
+    QCOMPARE(plugin.handler.restarts.size(), 3U);
 }
 
 void tst_Vst3Bundle::metersReachTheController()
