@@ -6,7 +6,7 @@ Usage: tabulate.py FOLDER [option of Google Benchmark ...]
 Every program runs its benchmarks five times in random order, so that a machine whose speed drifts
 treats all alike; the tables show medians. "Against ours" compares "chartRepaint/2", say, with
 "graphRepaint/2": what the equalizer graph needs for the same at the same scale; "directKnobMove/2"
-with "cachedKnobMove/2", and "editorRepaint/2" with "pictureBlit/2". The last column holds what else a benchmark counted.
+with "cachedKnobMove/2", "editorRepaint/2" with "pictureBlit/2", and "lv2Run/0" with "engine/0". The last column holds what else a benchmark counted.
 """
 
 import json
@@ -20,7 +20,8 @@ from collections import defaultdict
 from pathlib import Path
 
 # What a benchmark's name begins with, and what that of its twin of ours does.
-TWINS = {"chart": "graph", "customPlot": "graph", "direct": "cached", "editorRepaint": "pictureBlit"}
+TWINS = {"chart": "graph", "customPlot": "graph", "direct": "cached", "editorRepaint": "pictureBlit",
+         "lv2Run": "engine", "vst3Process": "engine"}
 # What Google Benchmark appends to a name that says how it was run.
 SETTINGS = re.compile(r"/(iterations:\d+|manual_time|real_time)")
 COUNTER = "counter "

@@ -97,9 +97,6 @@ std::string properties(const Parameter& parameter)
         return logarithmic;
     case ParameterKind::Decibels:
         return steps + line("units:unit", "units:db");
-    case ParameterKind::LowType:
-    case ParameterKind::HighType:
-        return line("lv2:portProperty", "lv2:integer , lv2:enumeration") + choices(parameter);
     case ParameterKind::Switch:
         return line("lv2:portProperty", "lv2:toggled");
     default:

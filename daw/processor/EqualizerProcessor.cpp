@@ -1,24 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "daw/processor/EqualizerProcessor.h"
 
+#include "daw/processor/SignalPeak.h"
+
 #include <algorithm>
-#include <cmath>
 
 namespace {
-
-// The largest magnitude; four at a time, as each comparison waits for the one before it.
-double peakOfSignal(std::span<const double> block)
-{
-    std::array<double, 4> peaks{};
-    std::size_t i = 0;
-    for (; i + peaks.size() <= block.size(); i += peaks.size()) {
-        for (std::size_t k = 0; k < peaks.size(); ++k)
-            peaks[k] = std::max(peaks[k], std::abs(block[i + k]));
-    }
-    for (; i < block.size(); ++i)
-        peaks[0] = std::max(peaks[0], std::abs(block[i]));
-    return std::max(std::max(peaks[0], peaks[1]), std::max(peaks[2], peaks[3]));
-}
 
 template <typename Sample>
 void copyPart(const Sample* from, std::size_t first, std::span<double> part)

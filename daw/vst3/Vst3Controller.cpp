@@ -1,17 +1,30 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "daw/vst3/Vst3Controller.h"
 
+#include "daw/vst3/EditMessage.h"
 #include "daw/vst3/StateStream.h"
+#include "engine/Drive.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <utility>
 
 using namespace Steinberg;
 
 namespace {
 
 constexpr std::size_t maxTyped = 127;
+constexpr Vst::ParamID driveId =
+    ParameterList::firstId +
+    static_cast<Vst::ParamID>(parameterIndex(noBand, EqualizerField::Drive));
+
+// Whether a workstation may set a parameter.
+bool isEdit(Vst::ParamID id)
+{
+    return id == ParameterList::bypassId || id == ParameterList::programId ||
+           ParameterList::tableIndex(id) < parameterCount;
+}
 
 // What was typed, with a mark for every letter that no text of ours has.
 std::string typedText(const Vst::TChar* text)
@@ -39,7 +52,8 @@ tresult PLUGIN_API Vst3Controller::queryInterface(const TUID asked, void** obj)
         answerQuery<Vst::IEditController>(asked, FUnknown_iid, this, obj) ||
         answerQuery<Vst::IEditController>(asked, IPluginBase_iid, this, obj) ||
         answerQuery<Vst::IEditController>(asked, Vst::IEditController_iid, this, obj) ||
-        answerQuery<Vst::IUnitInfo>(asked, Vst::IUnitInfo_iid, this, obj);
+        answerQuery<Vst::IUnitInfo>(asked, Vst::IUnitInfo_iid, this, obj) ||
+        answerQuery<Vst::IConnectionPoint>(asked, Vst::IConnectionPoint_iid, this, obj);
     return known ? kResultOk : kNoInterface;
 }
 
@@ -51,11 +65,17 @@ uint32 PLUGIN_API Vst3Controller::release()
     return left;
 }
 
-tresult PLUGIN_API Vst3Controller::initialize(FUnknown*) { return kResultOk; }
+tresult PLUGIN_API Vst3Controller::initialize(FUnknown* context)
+{
+    m_context = context;
+    return kResultOk;
+}
 
 tresult PLUGIN_API Vst3Controller::terminate()
 {
     m_handler = nullptr;
+    m_processor = nullptr;
+    m_context = nullptr;
     return kResultOk;
 }
 
@@ -66,6 +86,7 @@ tresult PLUGIN_API Vst3Controller::setComponentState(IBStream* stream)
         return kResultFalse;
     setValues(state->values);
     setValue(ParameterList::bypassId, state->isBypassed ? 1 : 0);
+    announceLatency(isDriven(state->values) ? Drive::latency : 0);
     return kResultOk;
 }
 
@@ -139,12 +160,10 @@ tresult PLUGIN_API Vst3Controller::setParamNormalized(Vst::ParamID id, Vst::Para
     if (valueOf(id) == before)
         return kResultOk;
     show(id);
-    if (id == ParameterList::programId) {
-        setValues(ParameterList::programValues(valueOf(id)));
-        announce(Vst::kParamValuesChanged);
-    } else if (id == ParameterList::latencyId) {
-        announce(Vst::kLatencyChanged);
-    }
+    if (id == ParameterList::latencyId)
+        announceLatency(valueOf(id));
+    else if (isEdit(id))
+        applyEdit(id);
     return kResultOk;
 }
 
@@ -226,6 +245,20 @@ tresult PLUGIN_API Vst3Controller::setUnitProgramData(int32, int32, IBStream*)
     return kNotImplemented;
 }
 
+tresult PLUGIN_API Vst3Controller::connect(Vst::IConnectionPoint* other)
+{
+    m_processor = other;
+    return kResultOk;
+}
+
+tresult PLUGIN_API Vst3Controller::disconnect(Vst::IConnectionPoint*)
+{
+    m_processor = nullptr;
+    return kResultOk;
+}
+
+tresult PLUGIN_API Vst3Controller::notify(Vst::IMessage*) { return kResultFalse; }
+
 bool Vst3Controller::isKnown(Vst::ParamID id)
 {
     return ParameterList::indexOf(id) < ParameterList::count();
@@ -257,6 +290,23 @@ void Vst3Controller::setValues(const ChannelValues& values)
         setValue(ParameterList::firstId + static_cast<Vst::ParamID>(i), values[i]);
 }
 
+void Vst3Controller::applyEdit(Vst::ParamID id)
+{
+    const bool isTold = sendEdit(m_context, m_processor, {id, valueOf(id)});
+    if (id == ParameterList::programId) {
+        setValues(ParameterList::programValues(valueOf(id)));
+        announce(Vst::kParamValuesChanged);
+    }
+    if (isTold)
+        announceLatency(valueOf(driveId) != 0 ? Drive::latency : 0);
+}
+
+void Vst3Controller::announceLatency(int latency)
+{
+    if (std::exchange(m_announcedLatency, latency) != latency)
+        announce(Vst::kLatencyChanged);
+}
+
 void Vst3Controller::announce(int32 flags)
 {
     const IPtr<Vst::IComponentHandler> handler = m_handler;
@@ -276,6 +326,7 @@ void Vst3Controller::edit(std::size_t parameter, int value)
     setValue(id, value);
     if (m_handler)
         m_handler->performEdit(id, getParamNormalized(id));
+    applyEdit(id);
 }
 
 void Vst3Controller::endEdit(std::size_t parameter)

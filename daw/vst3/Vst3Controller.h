@@ -6,16 +6,19 @@
 #include "daw/vst3/Vst3View.h"
 
 #include <pluginterfaces/base/smartpointer.h>
+#include <pluginterfaces/vst/ivstmessage.h>
 
 #include <vector>
 
 /// The half of the VST 3 plug-in that a workstation's window works with: the values as they are
 /// shown, their texts, and the programs. All of it is the main thread's.
 ///
-/// The processor says through parameters what it has done; a new latency is announced from there,
-/// because workstations ask the processor at once.
+/// Workstations ask the processor for its latency as soon as a new one is announced. So that is
+/// done once the processor knows: after a state, after an edit that it was told of, or else when it
+/// says through a parameter that it has changed.
 class Vst3Controller final : public Steinberg::Vst::IEditController,
                              public Steinberg::Vst::IUnitInfo,
+                             public Steinberg::Vst::IConnectionPoint,
                              private Vst3ViewOwner
 {
 public:
@@ -84,6 +87,11 @@ public:
                                                      Steinberg::int32 program,
                                                      Steinberg::IBStream* data) override;
 
+    /// To the processor, which is told of every value at once.
+    Steinberg::tresult PLUGIN_API connect(Steinberg::Vst::IConnectionPoint* other) override;
+    Steinberg::tresult PLUGIN_API disconnect(Steinberg::Vst::IConnectionPoint* other) override;
+    Steinberg::tresult PLUGIN_API notify(Steinberg::Vst::IMessage* message) override;
+
 private:
     ~Vst3Controller() = default;
 
@@ -101,13 +109,18 @@ private:
     int valueOf(Steinberg::Vst::ParamID id) const;
     void setValue(Steinberg::Vst::ParamID id, int value);
     void setValues(const ChannelValues& values);
+    void applyEdit(Steinberg::Vst::ParamID id);
+    void announceLatency(int latency);
     void announce(Steinberg::int32 flags);
     void show(Steinberg::Vst::ParamID id, EmbeddedEditor& editor) const;
     void show(Steinberg::Vst::ParamID id) const;
 
     RefCount m_references;
+    Steinberg::IPtr<Steinberg::FUnknown> m_context;
+    Steinberg::IPtr<Steinberg::Vst::IConnectionPoint> m_processor;
     Steinberg::IPtr<Steinberg::Vst::IComponentHandler> m_handler;
     std::vector<double> m_normalized; // by index in ParameterList
     std::vector<EmbeddedEditor*> m_editors;
+    int m_announcedLatency = 0;
     Steinberg::Vst::UnitID m_selectedUnit = Steinberg::Vst::kRootUnitId;
 };

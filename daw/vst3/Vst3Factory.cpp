@@ -25,11 +25,10 @@ struct Entry
     FUnknown* (*create)();
 };
 
-constexpr std::array<Entry, 2> entries = {
-    {{processorClassId, kVstAudioEffectClass, pluginName, Vst::kDistributable, Vst::PlugType::kFxEQ,
-      createProcessor},
-     {controllerClassId, kVstComponentControllerClass, "Zolta Equalizer Controller", 0, "",
-      createController}}};
+const std::array<Entry, 2> entries = {{{processorClassId, kVstAudioEffectClass, pluginName,
+                                        Vst::kDistributable, Vst::PlugType::kFxEQ, createProcessor},
+                                       {controllerClassId, kVstComponentControllerClass,
+                                        "Zolta Equalizer Controller", 0, "", createController}}};
 
 bool isEntry(int32 index) { return index >= 0 && index < static_cast<int32>(entries.size()); }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "daw/vst3/Vst3Processor.h"
 
+#include "daw/vst3/EditMessage.h"
 #include "daw/vst3/Identifiers.h"
 #include "daw/vst3/ParameterList.h"
 #include "daw/vst3/StateStream.h"
@@ -8,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 using namespace Steinberg;
 
@@ -57,7 +59,8 @@ tresult PLUGIN_API Vst3Processor::queryInterface(const TUID asked, void** obj)
         answerQuery<Vst::IComponent>(asked, Vst::IComponent_iid, this, obj) ||
         answerQuery<Vst::IAudioProcessor>(asked, Vst::IAudioProcessor_iid, this, obj) ||
         answerQuery<Vst::IProcessContextRequirements>(asked, Vst::IProcessContextRequirements_iid,
-                                                      this, obj);
+                                                      this, obj) ||
+        answerQuery<Vst::IConnectionPoint>(asked, Vst::IConnectionPoint_iid, this, obj);
     return known ? kResultOk : kNoInterface;
 }
 
@@ -203,6 +206,21 @@ uint32 PLUGIN_API Vst3Processor::getTailSamples()
     return static_cast<uint32>(m_sampleRate * tailSeconds);
 }
 
+tresult PLUGIN_API Vst3Processor::connect(Vst::IConnectionPoint*) { return kResultOk; }
+
+tresult PLUGIN_API Vst3Processor::disconnect(Vst::IConnectionPoint*) { return kResultOk; }
+
+tresult PLUGIN_API Vst3Processor::notify(Vst::IMessage* message)
+{
+    const std::optional<EditMessage> edit = readEdit(message);
+    if (!edit)
+        return kResultFalse;
+    known();
+    applyTo(&m_known.state, edit->id, edit->value);
+    m_latency = latencyOf(m_known.state);
+    return kResultOk;
+}
+
 // What was set last, or what has become of it since.
 const SavedState& Vst3Processor::known()
 {
@@ -223,15 +241,23 @@ void Vst3Processor::apply(const PointReader::Point& point)
     if (ParameterList::indexOf(point.id) == ParameterList::count())
         return;
     const int value = ParameterList::valueOf(ParameterList::rangeOf(point.id), point.value);
-    const std::size_t index = ParameterList::tableIndex(point.id);
-    if (index < parameterCount)
-        m_current.state.values[index] = value;
-    else if (point.id == ParameterList::bypassId)
-        m_current.state.isBypassed = value != 0;
-    else if (point.id == ParameterList::programId && value != m_program) {
+    const bool isProgram = point.id == ParameterList::programId;
+    if (isProgram && value == m_program)
+        return;
+    if (isProgram)
         m_program = value;
-        m_current.state.values = m_programs[static_cast<std::size_t>(value)];
-    }
+    applyTo(&m_current.state, point.id, value);
+}
+
+void Vst3Processor::applyTo(SavedState* state, Vst::ParamID id, int value) const
+{
+    const std::size_t index = ParameterList::tableIndex(id);
+    if (index < parameterCount)
+        state->values[index] = value;
+    else if (id == ParameterList::bypassId)
+        state->isBypassed = value != 0;
+    else if (id == ParameterList::programId)
+        state->values = m_programs[static_cast<std::size_t>(value)];
 }
 
 void Vst3Processor::applyState()
@@ -240,7 +266,9 @@ void Vst3Processor::applyState()
         m_processor.setValues(m_current.state.values);
     if (m_current.state.isBypassed != m_processor.isBypassed())
         m_processor.setBypassed(m_current.state.isBypassed);
-    m_latency = latencyOf(m_current.state);
+    const uint32 latency = latencyOf(m_current.state);
+    if (std::exchange(m_heardLatency, latency) != latency)
+        m_latency = latency;
 }
 
 void Vst3Processor::processPart(const Vst::ProcessData& data, int32 first, int32 end)

@@ -10,6 +10,7 @@
 
 #include <pluginterfaces/vst/ivstaudioprocessor.h>
 #include <pluginterfaces/vst/ivstcomponent.h>
+#include <pluginterfaces/vst/ivstmessage.h>
 
 #include <atomic>
 #include <vector>
@@ -24,7 +25,8 @@
 /// it has done it.
 class Vst3Processor final : public Steinberg::Vst::IComponent,
                             public Steinberg::Vst::IAudioProcessor,
-                            public Steinberg::Vst::IProcessContextRequirements
+                            public Steinberg::Vst::IProcessContextRequirements,
+                            public Steinberg::Vst::IConnectionPoint
 {
 public:
     Vst3Processor();
@@ -72,6 +74,12 @@ public:
 
     Steinberg::uint32 PLUGIN_API getProcessContextRequirements() override { return 0; }
 
+    Steinberg::tresult PLUGIN_API connect(Steinberg::Vst::IConnectionPoint* other) override;
+    Steinberg::tresult PLUGIN_API disconnect(Steinberg::Vst::IConnectionPoint* other) override;
+    /// Takes an edit from the controller (EditMessage), so that a state that is saved and the
+    /// latency hold it even where no block has been processed since.
+    Steinberg::tresult PLUGIN_API notify(Steinberg::Vst::IMessage* message) override;
+
 private:
     // A state and how many the main thread had set when it was in force.
     struct Snapshot
@@ -87,6 +95,7 @@ private:
     const SavedState& known();
     void takeState();
     void apply(const PointReader::Point& point);
+    void applyTo(SavedState* state, Steinberg::Vst::ParamID id, int value) const;
     void applyState();
     void processPart(const Steinberg::Vst::ProcessData& data, Steinberg::int32 first,
                      Steinberg::int32 end);
@@ -98,7 +107,7 @@ private:
 
     RefCount m_references;
     const std::vector<ChannelValues> m_programs;
-    std::atomic<Steinberg::uint32> m_latency = 0;
+    std::atomic<Steinberg::uint32> m_latency = 0; // of whatever came last, on either thread
     double m_sampleRate = 48000.0;
 
     // The main thread's.
@@ -111,6 +120,7 @@ private:
     Snapshot m_current;
     Snapshot m_published;
     int m_program = 0;
+    Steinberg::uint32 m_heardLatency = 0;
     // By id from latencyId on.
     std::array<int, ParameterList::lastId - ParameterList::latencyId + 1> m_told{};
 };

@@ -123,15 +123,16 @@ Plugin::Plugin(const Module& module, int channels, double rate, int32 sampleSize
     module.factory()->getClassInfo(0, &info);
     module.factory()->createInstance(info.cid, Vst::IComponent::iid, &object);
     component = owned(static_cast<Vst::IComponent*>(object));
-    component->initialize(nullptr);
+    component->initialize(&application);
     processor = FUnknownPtr<Vst::IAudioProcessor>(component);
     TUID controllerId;
     component->getControllerClassId(controllerId);
     module.factory()->createInstance(controllerId, Vst::IEditController::iid, &object);
     controller = owned(static_cast<Vst::IEditController*>(object));
-    controller->initialize(nullptr);
+    controller->initialize(&application);
     controller->setComponentHandler(&handler);
     units = FUnknownPtr<Vst::IUnitInfo>(controller);
+    connect();
 
     Vst::SpeakerArrangement speakers =
         channels == 1 ? Vst::SpeakerArr::kMono : Vst::SpeakerArr::kStereo;
@@ -142,8 +143,25 @@ Plugin::Plugin(const Module& module, int channels, double rate, int32 sampleSize
     processor->setProcessing(true);
 }
 
+void Plugin::connect()
+{
+    const FUnknownPtr<Vst::IConnectionPoint> first(component);
+    const FUnknownPtr<Vst::IConnectionPoint> second(controller);
+    first->connect(second);
+    second->connect(first);
+}
+
+void Plugin::disconnect()
+{
+    const FUnknownPtr<Vst::IConnectionPoint> first(component);
+    const FUnknownPtr<Vst::IConnectionPoint> second(controller);
+    first->disconnect(second);
+    second->disconnect(first);
+}
+
 Plugin::~Plugin()
 {
+    disconnect();
     processor->setProcessing(false);
     component->setActive(false);
     controller->setComponentHandler(nullptr);

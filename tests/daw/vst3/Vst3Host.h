@@ -8,6 +8,7 @@
 #include <pluginterfaces/vst/ivsteditcontroller.h>
 #include <pluginterfaces/vst/ivstparameterchanges.h>
 #include <pluginterfaces/vst/ivstunits.h>
+#include <public.sdk/source/vst/hosting/hostclasses.h>
 
 #include <QByteArray>
 
@@ -122,6 +123,8 @@ public:
     template <typename Sample> void process(std::vector<std::vector<Sample>>* channels);
     void process(float* const* channels, std::size_t frames);
     void tellController();
+    /// The controller and the processor from one another.
+    void disconnect();
 
     QByteArray state() const;
     bool setState(const QByteArray& bytes, bool alsoController = true);
@@ -133,11 +136,13 @@ public:
     Steinberg::IPtr<Steinberg::Vst::IAudioProcessor> processor;
     Steinberg::IPtr<Steinberg::Vst::IEditController> controller;
     Steinberg::IPtr<Steinberg::Vst::IUnitInfo> units;
+    Steinberg::Vst::HostApplication application;
     Handler handler;
     Changes input;
     Changes output;
 
 private:
+    void connect();
     Steinberg::Vst::ProcessData dataFor(Steinberg::Vst::AudioBusBuffers* bus, std::size_t frames);
 
     Steinberg::int32 m_sampleSize;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "daw/processor/EqualizerProcessor.h"
+#include "daw/vst3/ParameterList.h"
 #include "hosting/RestoredValues.h"
 #include "hosting/StateFile.h"
 #include "parameters/FactoryPresets.h"
@@ -86,6 +87,7 @@ private Q_SLOTS:
     void otherStatesChangeNothing();
     void presetsAreTheMixersOwn();
     void stateFollowsBothThreads();
+    void statesHoldEditsAtOnce();
     void latencyIsAnnouncedOnceItIsInForce();
     void metersReachTheController();
     void processingNeitherAllocatesNorLocks();
@@ -496,6 +498,43 @@ void tst_Vst3Bundle::stateFollowsBothThreads()
     QCOMPARE(plugin.state(), bytesOf(values));
 }
 
+// Also where the workstation does not process.
+void tst_Vst3Bundle::statesHoldEditsAtOnce()
+{
+    Plugin plugin(*m_module);
+    Values values = defaultValues();
+    values[2] = 200;
+    plugin.controller->setParamNormalized(3, 1.0);
+    QCOMPARE(plugin.state(), bytesOf(values));
+    plugin.controller->setParamNormalized(bypass, 1.0);
+    QCOMPARE(plugin.state(), bytesOf(values, true));
+    plugin.controller->setParamNormalized(program, plugin.typed(program, "Kick"));
+    QCOMPARE(plugin.state(), bytesOf(ParameterList::programValues(4), true));
+    // What sounds counts as soon as there is a block.
+    std::vector<std::vector<float>> blocks(2, std::vector<float>(64));
+    plugin.input.add(7, 0, 1.0);
+    plugin.process(&blocks);
+    values = defaultValues();
+    values[6] = 200;
+    QCOMPARE(plugin.state(), bytesOf(values));
+    const FUnknownPtr<Vst::IConnectionPoint> receiver(plugin.component);
+    const auto notify = [&receiver](const char* name, int64 id, int64 value) {
+        const IPtr<Vst::IMessage> message = owned(new Vst::HostMessage);
+        message->setMessageID(name);
+        message->getAttributes()->setInt("id", id);
+        message->getAttributes()->setInt("value", value);
+        return receiver->notify(message);
+    };
+    QCOMPARE(notify("edit", 3, 0), kResultOk);
+    QCOMPARE(notify("edit", 3, 201), kResultFalse);
+    QCOMPARE(notify("edit", 28, 0), kResultFalse);
+    QCOMPARE(notify("other", 3, 0), kResultFalse);
+    QCOMPARE(receiver->notify(nullptr), kResultFalse);
+    plugin.disconnect();
+    plugin.controller->setParamNormalized(3, 0.0);
+    QCOMPARE(plugin.state(), bytesOf(values));
+}
+
 void tst_Vst3Bundle::latencyIsAnnouncedOnceItIsInForce()
 {
     Plugin plugin(*m_module);
@@ -503,21 +542,33 @@ void tst_Vst3Bundle::latencyIsAnnouncedOnceItIsInForce()
     plugin.process(&blocks);
     plugin.tellController();
     QCOMPARE(plugin.processor->getLatencySamples(), 0U);
+    // An edit that the processor is told of, and again when that has come into force.
     plugin.controller->setParamNormalized(drive, 1.0);
-    QVERIFY(plugin.handler.restarts.empty());
-    plugin.input.add(drive, 0, 1.0);
+    QCOMPARE(plugin.processor->getLatencySamples(), 78U);
+    QCOMPARE(plugin.handler.restarts, std::vector<int32>{Vst::kLatencyChanged});
     plugin.process(&blocks);
     QCOMPARE(plugin.processor->getLatencySamples(), 78U);
-    plugin.tellController();
-    QCOMPARE(plugin.handler.restarts, std::vector<int32>{Vst::kLatencyChanged});
+    plugin.input.add(drive, 0, 1.0);
     plugin.input.add(bypass, 0, 1.0);
     plugin.process(&blocks);
     plugin.tellController();
     QCOMPARE(plugin.processor->getLatencySamples(), 78U);
     QCOMPARE(plugin.handler.restarts.size(), 1U);
-    // From a state it is known before anything sounds.
+    // A state.
     QVERIFY(plugin.setState(bytesOf(defaultValues())));
     QCOMPARE(plugin.processor->getLatencySamples(), 0U);
+    QCOMPARE(plugin.handler.restarts.size(), 2U);
+    // An edit that only the block brings.
+    plugin.disconnect();
+    plugin.process(&blocks);
+    plugin.tellController();
+    plugin.controller->setParamNormalized(drive, 1.0);
+    QCOMPARE(plugin.handler.restarts.size(), 2U);
+    plugin.input.add(drive, 0, 1.0);
+    plugin.process(&blocks);
+    QCOMPARE(plugin.processor->getLatencySamples(), 78U);
+    plugin.tellController();
+    QCOMPARE(plugin.handler.restarts.size(), 3U);
 }
 
 void tst_Vst3Bundle::metersReachTheController()
