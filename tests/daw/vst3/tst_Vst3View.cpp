@@ -135,8 +135,8 @@ private Q_SLOTS:
     void aStateOfTheWorkstationIsShown()
     {
         Session session;
-        session.plugin.controller->setParamNormalized(lowGain, 0.75);
         const QByteArray state = session.plugin.state();
+        session.plugin.controller->setParamNormalized(lowGain, 0.75);
         QCOMPARE(session.attach(), kResultOk);
         QTRY_VERIFY(session.isShown());
         settle(session.window);
