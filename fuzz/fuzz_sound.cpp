@@ -42,7 +42,10 @@ void readAsRendered(AudioReader& reader)
 } // namespace
 
 // What the sound file library keeps of a damaged Vorbis stream.
-extern "C" const char* __lsan_default_suppressions() { return "leak:libvorbis"; }
+extern "C" [[gnu::visibility("default")]] const char* __lsan_default_suppressions()
+{
+    return "leak:libvorbis";
+}
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

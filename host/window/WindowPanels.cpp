@@ -3,9 +3,11 @@
 
 #include "host/window/HostTheme.h"
 
+#include <QCoreApplication>
 #include <QDockWidget>
 #include <QLayout>
 #include <QMainWindow>
+#include <QMouseEvent>
 #include <QScreen>
 #include <QStyle>
 
@@ -47,6 +49,16 @@ WindowPanels::WindowPanels(QMainWindow& window, const QWidget& center, const QWi
     , m_content(content)
 {
     m_window.setAnimated(false); // sizes are asked for as soon as a panel has come or gone
+}
+
+// A dock widget that goes in the middle of its drag loses what it keeps of it.
+WindowPanels::~WindowPanels()
+{
+    for (QDockWidget* panel : m_window.findChildren<QDockWidget*>(Qt::FindDirectChildrenOnly)) {
+        QMouseEvent release(QEvent::MouseButtonRelease, QPointF(), QPointF(), Qt::LeftButton,
+                            Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(panel, &release);
+    }
 }
 
 QDockWidget* WindowPanels::add(const QString& name, QWidget* widget, Qt::DockWidgetArea area)

@@ -21,6 +21,10 @@ public:
     /// \a content stands in \a center, which is the window's central widget. All of them must
     /// outlive the panels' use.
     WindowPanels(QMainWindow& window, const QWidget& center, const QWidget& content);
+    /// Ends a panel's drag.
+    ~WindowPanels();
+    WindowPanels(const WindowPanels&) = delete;
+    WindowPanels& operator=(const WindowPanels&) = delete;
 
     /// Puts \a widget in a hidden dock widget, which users may move to the opposite side of the
     /// window. \a name is what the window's state calls it.

@@ -530,11 +530,11 @@ void tst_ZoltaEditor::doubleClickOpensTheTextEntry()
     QFETCH(ParameterControls, parameter);
     if (parameter.kind == ParameterControls::Button)
         return;
+    QStringList opened; // a field says so, too, when it goes with the editor
     EditorFixture fixture;
     fixture.bind();
     fixture.editor->setDialEditMode(2);
     QVERIFY(show(*fixture.editor));
-    QStringList opened;
     for (auto* text : fixture.editor->findChildren<TextEditController*>())
         connect(text, &TextEditController::textEdit, text,
                 [&opened, text] { opened.append(text->objectName()); });
