@@ -4,10 +4,10 @@
 // attaching it to the host, and showing it until its first picture is painted.
 //
 // The clock starts in a host as it is when a user asks for an editor: a window with text is up.
-#include "hosting/StartUp.h"
 #include "host/window/EditorSession.h"
 #include "host/window/HostTheme.h"
 #include "host/window/Mixer.h"
+#include "hosting/StartUp.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <utility>
-
 namespace CommonController_MemAPI {
 
 /// The life of an object that calls code which may destroy it: a member of the object, asked
@@ -21,15 +19,8 @@ public:
     class Guard
     {
     public:
-        explicit Guard(Lifetime& lifetime)
-            : m_lifetime(&lifetime)
-            , m_outer(std::exchange(lifetime.m_innermost, this))
-        {}
-        ~Guard()
-        {
-            if (m_lifetime)
-                m_lifetime->m_innermost = m_outer;
-        }
+        explicit Guard(Lifetime& lifetime);
+        ~Guard();
         Guard(const Guard&) = delete;
         Guard& operator=(const Guard&) = delete;
 
@@ -42,11 +33,7 @@ public:
     };
 
     Lifetime() = default;
-    ~Lifetime()
-    {
-        for (Guard* guard = m_innermost; guard; guard = guard->m_outer)
-            guard->m_lifetime = nullptr;
-    }
+    ~Lifetime();
     Lifetime(const Lifetime&) = delete;
     Lifetime& operator=(const Lifetime&) = delete;
 

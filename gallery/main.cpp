@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "gallery/GalleryCommandLine.h"
 #include "gallery/GallerySheet.h"
-#include "hosting/StartUp.h"
 #include "host/window/HostTheme.h"
 #include "hosting/OutputFile.h"
+#include "hosting/StartUp.h"
 
 #include <QApplication>
 #include <QBuffer>

@@ -30,7 +30,7 @@ std::string list(std::string categories)
     for (std::size_t at = categories.find('|'); at != std::string::npos;
          at = categories.find('|', at))
         categories.replace(at, 1, "\", \"");
-    return "[" + quoted(categories) + "]";
+    return quoted(categories).insert(0, 1, '[') + ']';
 }
 
 std::string classInfo(const PClassInfo2& info)

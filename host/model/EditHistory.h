@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "hosting/GestureWatch.h"
 #include "hosting/ChangeListener.h"
+#include "hosting/GestureWatch.h"
 
 #include <QCoreApplication>
 #include <QString>
