@@ -6,7 +6,8 @@ Usage: tabulate.py FOLDER [option of Google Benchmark ...]
 Every program runs its benchmarks five times in random order, so that a machine whose speed drifts
 treats all alike; the tables show medians. "Against ours" compares "chartRepaint/2", say, with
 "graphRepaint/2": what the equalizer graph needs for the same at the same scale; "directKnobMove/2"
-with "cachedKnobMove/2", "editorRepaint/2" with "pictureBlit/2", and "lv2Run/0" with "engine/0". The last column holds what else a benchmark counted.
+with "cachedKnobMove/2", "editorRepaint/2" with "pictureBlit/2", and "lv2Run/0" with "engine/0". The
+last column holds what else a benchmark counted.
 """
 
 import json
