@@ -5,7 +5,8 @@
 #include "parameters/ParameterTable.h"
 
 #include <QScopedValueRollback>
-#include <QSize>
+
+#include <array>
 
 namespace {
 

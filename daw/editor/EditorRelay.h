@@ -7,10 +7,12 @@
 #include "hosting/HostMemory.h"
 
 #include <QObject>
+#include <QSize>
 #include <QSocketNotifier>
 #include <QTimer>
 
 #include <bitset>
+#include <vector>
 
 /// Carries values, gestures and meters between the memory that an editor works on and the plug-in
 /// at the other end of the conversation.

@@ -2,6 +2,7 @@
 #include "daw/lv2/Turtle.h"
 
 #include "daw/lv2/Ports.h"
+#include "daw/processor/BandName.h"
 #include "equalizer/EqualizerBands.h"
 #include "parameters/FactoryPresets.h"
 #include "parameters/ParameterText.h"
@@ -45,13 +46,6 @@ std::string line(const std::string& predicate, const std::string& object)
 }
 
 std::string groupUri(const std::string& name) { return uri(std::string(stereoUri) + '#' + name); }
-
-std::string bandName(int band)
-{
-    if (band == EqualizerBands::Low)
-        return "Low";
-    return band == EqualizerBands::High ? "High" : "Middle " + std::to_string(band);
-}
 
 std::string group(const std::string& name, const std::string& title, const std::string& type)
 {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "daw/vst3/ParameterList.h"
 
+#include "daw/processor/BandName.h"
 #include "engine/ChannelMeters.h"
 #include "engine/Drive.h"
 #include "equalizer/EqualizerBands.h"
@@ -75,13 +76,6 @@ Vst::UnitID unitOf(Id id)
     if (index == parameterCount || equalizerParameters[index].band == noBand)
         return Vst::kRootUnitId;
     return equalizerParameters[index].band + 1;
-}
-
-std::string bandName(int band)
-{
-    if (band == EqualizerBands::Low)
-        return "Low";
-    return band == EqualizerBands::High ? "High" : "Middle " + std::to_string(band);
 }
 
 } // namespace
