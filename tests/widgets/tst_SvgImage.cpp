@@ -190,6 +190,7 @@ private Q_SLOTS:
     void drawsFromMemoryWhatWasDrawnBefore();
     void rastersGoWithTheFile_data();
     void rastersGoWithTheFile();
+    void documentsTakeTheirRastersAlong();
     void memoryIsBounded();
     void hugePicturesAreRenderedDirectly();
     void turnsOnItsCanvasOnly();
@@ -558,6 +559,18 @@ void tst_SvgImage::rastersGoWithTheFile()
     QVERIFY(isRed(old));
     QVERIFY(old.load(file));
     QVERIFY(!isRed(old));
+}
+
+void tst_SvgImage::documentsTakeTheirRastersAlong()
+{
+    constexpr quint64 gone = ~quint64{0}; // no loaded document has such numbers
+    constexpr quint64 kept = gone - 1;
+    for (const quint64 document : {gone, kept})
+        SvgRasters::insert({.document = document}, {QImage(1, 1, QImage::Format_ARGB32), {}});
+    SvgRasters::drop(gone);
+    QVERIFY(!SvgRasters::find({.document = gone}));
+    QVERIFY(SvgRasters::find({.document = kept}));
+    SvgRasters::drop(kept);
 }
 
 void tst_SvgImage::memoryIsBounded()
