@@ -121,6 +121,11 @@ public:
     int editString(const QString& string);
     void editToDefault();
 
+    /// What the numbers of string() are counted in, "Hz", for those who hear the text; empty for
+    /// none.
+    const QString& unit() const { return m_unit; }
+    void setUnit(const QString& unit) { m_unit = unit; }
+
 protected:
     bool isBoundTo(const IMemAPI* memAPI, unsigned short parameter, unsigned short ch,
                    unsigned short index) const;
@@ -166,6 +171,7 @@ private:
     unsigned short m_ch = 0;
     unsigned short m_index = 0;
     int m_openEdits = 0;
+    QString m_unit;
 };
 
 } // namespace CommonController_MemAPI

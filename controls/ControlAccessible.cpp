@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QHash>
+#include <QPointer>
 #include <QWidget>
 
 #include <cmath>
@@ -55,6 +56,12 @@ public:
     ~WidgetName() override = default;
 };
 
+bool isGradual(QAccessible::Role role)
+{
+    return role == QAccessible::Dial || role == QAccessible::Slider ||
+           role == QAccessible::SpinBox || role == QAccessible::ProgressBar;
+}
+
 } // namespace
 
 ControlAccessible::ControlAccessible(QWidget* control, AbstractController* controller,
@@ -74,10 +81,16 @@ QString ControlAccessible::text(QAccessible::Text text) const
 {
     if (text == QAccessible::Name)
         return controlName(widget(), *m_controller);
-    if (text != QAccessible::Value)
-        return QAccessibleWidget::text(text);
+    if (text == QAccessible::Value || (text == QAccessible::Description && isGradual(role())))
+        return valueText();
+    return QAccessibleWidget::text(text);
+}
+
+QString ControlAccessible::valueText() const
+{
     const QString shown = m_controller->string();
-    return shown.isEmpty() ? QString::number(m_controller->value()) : shown;
+    return shown.isEmpty() ? QString::number(m_controller->value())
+                           : withUnit(shown, m_controller->unit());
 }
 
 QVariant ControlAccessible::currentValue() const { return m_controller->value(); }
@@ -138,12 +151,26 @@ QString controlName(QWidget* control, const AbstractController& controller)
     return control->objectName();
 }
 
+QString withUnit(const QString& text, const QString& unit)
+{
+    const QChar last = text.isEmpty() ? QChar() : text.back();
+    if (unit.isEmpty() || !(last.isDigit() || last == QLatin1Char('k')))
+        return text;
+    return last.isDigit() ? text + QLatin1Char(' ') + unit
+                          : text.chopped(1) + QStringLiteral(" k") + unit;
+}
+
 void announceValue(QWidget* control, int value)
 {
     if (!QAccessible::isActive())
         return;
-    QAccessibleValueChangeEvent event(control, value);
-    QAccessible::updateAccessibility(&event);
+    const QPointer<QWidget> alive(control);
+    QAccessibleValueChangeEvent number(control, value);
+    QAccessible::updateAccessibility(&number);
+    if (!alive)
+        return;
+    QAccessibleEvent text(control, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&text);
 }
 
 } // namespace CommonController_MemAPI

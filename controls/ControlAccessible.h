@@ -18,7 +18,9 @@ public:
     ControlAccessible(QWidget* control, AbstractController* controller, QAccessible::Role role);
 
     void* interface_cast(QAccessible::InterfaceType type) override;
-    /// Name: controlName(). Value: the display text, else the number.
+    /// Name: controlName(). Value: the display text with its unit ("1.25 kHz"), else the number.
+    /// Description of what is set gradually: the same, since AT-SPI carries no other text of a
+    /// value.
     QString text(QAccessible::Text text) const override;
 
     QVariant currentValue() const override;
@@ -36,6 +38,7 @@ protected:
     AbstractController* controller() const { return m_controller; }
     /// Whether the user may change the control.
     bool isOperable() const;
+    virtual QString valueText() const;
 
 private:
     void changeBy(int difference);
@@ -54,6 +57,9 @@ void registerAccessible(const QMetaObject& control, AccessibleMaker make);
 /// What a control is called: its accessible name, else its label's, else its parameter's number in
 /// the host's memory, else its object name.
 QString controlName(QWidget* control, const AbstractController& controller);
+
+/// \a text with \a unit, where it ends in a number: "80 Hz", "1.25 kHz" of "1.25k".
+QString withUnit(const QString& text, const QString& unit);
 
 /// Tells assistive technology, if any is listening, that \a control now has \a value.
 void announceValue(QWidget* control, int value);

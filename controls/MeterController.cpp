@@ -43,14 +43,6 @@ public:
         : ControlAccessible(meter, meter, QAccessible::ProgressBar)
     {}
 
-    QString text(QAccessible::Text text) const override
-    {
-        if (text != QAccessible::Value || !controller()->string().isEmpty())
-            return ControlAccessible::text(text);
-        return QCoreApplication::translate("CommonController_MemAPI", "%1 dB")
-            .arg(controller()->value() / 10.0, 0, 'f', 1);
-    }
-
     QAccessible::State state() const override
     {
         QAccessible::State state = ControlAccessible::state();
@@ -64,6 +56,14 @@ public:
 
 protected:
     ~MeterAccessible() override = default;
+
+    QString valueText() const override
+    {
+        if (!controller()->string().isEmpty())
+            return ControlAccessible::valueText();
+        return QCoreApplication::translate("CommonController_MemAPI", "%1 dB")
+            .arg(controller()->value() / 10.0, 0, 'f', 1);
+    }
 };
 
 QAccessibleInterface* makeAccessible(QWidget* control)

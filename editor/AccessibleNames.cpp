@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "editor/AccessibleNames.h"
 
+#include "controls/AbstractController.h"
 #include "editor/ParameterMap.h"
 
 #include "ui_ZoltaEditor.h"
@@ -42,6 +43,20 @@ constexpr std::array<const char*, parameterCount> ParameterTitles = {
     QT_TRANSLATE_NOOP("ZoltaEditor", "Drive"),
 };
 
+QString unitOf(const EqualizerParameter& parameter)
+{
+    switch (parameter.field) {
+    case EqualizerField::Frequency:
+        return QStringLiteral("Hz");
+    case EqualizerField::Gain:
+    case EqualizerField::InputLevel:
+    case EqualizerField::OutputLevel:
+        return QStringLiteral("dB");
+    default:
+        return {};
+    }
+}
+
 void name(QWidget* widget, const char* title)
 {
     widget->setAccessibleName(QCoreApplication::translate(Context, title));
@@ -59,6 +74,8 @@ void nameControls(const Ui_ZoltaEditor& form)
             name(form.*row.text, title);
         if (row.button)
             name(form.*row.button, title);
+        for (CommonController_MemAPI::AbstractController* control : row.controls(form))
+            control->setUnit(unitOf(row.parameter));
     }
     name(form.m_pAboutButton, QT_TRANSLATE_NOOP("ZoltaEditor", "About Zolta"));
     name(form.m_pZoomPlusButton, QT_TRANSLATE_NOOP("ZoltaEditor", "Zoom the curve in"));

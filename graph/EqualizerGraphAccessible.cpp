@@ -74,7 +74,8 @@ QString HandleAccessible::text(QAccessible::Text text) const
 {
     if (text == QAccessible::Name)
         return HandleText::name(m_band);
-    if (text == QAccessible::Value && isValid())
+    const bool isValue = text == QAccessible::Value || text == QAccessible::Description;
+    if (isValue && isValid())
         return HandleText::value(m_handles.bands(), m_band);
     return {};
 }

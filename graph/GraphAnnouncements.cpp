@@ -30,8 +30,13 @@ void announceSwitch(QWidget* graph, int band)
 
 void announceValue(QWidget* graph, int band, double value)
 {
-    QAccessibleValueChangeEvent event(graph, value);
-    announce(event, band);
+    const QPointer<QWidget> alive(graph);
+    QAccessibleValueChangeEvent number(graph, value);
+    announce(number, band);
+    if (!alive)
+        return;
+    QAccessibleEvent text(graph, QAccessible::DescriptionChanged);
+    announce(text, band);
 }
 
 bool haveSameSettings(const Band& a, const Band& b)

@@ -93,6 +93,7 @@ void EditorToolBar::addZoom()
     m_zoom->setRange(smallestZoom, largestZoom);
     m_zoom->setSingleStep(zoomStep);
     m_texts.add([this] { m_zoom->setSuffix(tr(" %")); });
+    m_texts.add([this] { m_zoom->setAccessibleName(tr("Zoom")); });
     m_zoom->setKeyboardTracking(false);
     setScale(m_session.settings().scale);
     connect(m_zoom, &QSpinBox::valueChanged, this, [this](int percent) {

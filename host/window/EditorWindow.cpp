@@ -239,7 +239,10 @@ void EditorWindow::buildPanels()
     auto* table = new ParameterListView(m_mixer.memory, settings().channel, this);
     connect(table, &ParameterListView::refused, this, &EditorWindow::showMessage);
     m_parameters = m_panels->add(QStringLiteral("parameters"), table, Qt::RightDockWidgetArea);
-    m_texts.add([this] { m_parameters->setWindowTitle(tr("Parameters")); });
+    m_texts.add([this, table] {
+        m_parameters->setWindowTitle(tr("Parameters"));
+        table->setAccessibleName(m_parameters->windowTitle());
+    });
 
     m_response = new ResponseView(m_mixer.mixerModel, settings().channel, this);
     m_response->setSampleRate(settings().sampleRate);

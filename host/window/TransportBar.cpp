@@ -200,6 +200,7 @@ void TransportBar::showPosition()
     const double position = transport ? transport->position() : 0.0;
     const double length = transport ? std::max(transport->duration(), 0.0) : 0.0;
     m_time->setText(timeText(position) + QLatin1String(" / ") + timeText(length));
+    m_position->setAccessibleDescription(m_time->text());
     if (m_position->isSliderDown())
         return;
     const QSignalBlocker blocker(m_position);

@@ -355,6 +355,13 @@ void tst_EveryControl::isAccessible()
     f.widget->setAccessibleName(QStringLiteral("Gain"));
     QCOMPARE(interface->text(QAccessible::Name), QStringLiteral("Gain"));
     QCOMPARE(interface->text(QAccessible::Value), QStringLiteral("30 dB"));
+    f.control.setUnit(QStringLiteral("Hz"));
+    QCOMPARE(interface->text(QAccessible::Value), QStringLiteral("30 dB")); // has one
+    const std::pair<const char*, const char*> texts[] = {{"80", "80 Hz"}, {"1.25k", "1.25 kHz"}};
+    for (const auto& [text, spoken] : texts) {
+        f.host.setFormatter([text](const QByteArray&, unsigned short, int) { return text; });
+        QCOMPARE(interface->text(QAccessible::Value), QString::fromLatin1(spoken));
+    }
 
     const QAccessibleValueInterface* number = interface->valueInterface();
     QVERIFY(number);

@@ -248,6 +248,9 @@ void tst_EditorKeyboard::everyInteractiveElementHasNameAndValue()
             QVERIFY2(!element->text(QAccessible::Name).isEmpty(), qPrintable(who));
             QVERIFY2(!ranged || element->valueInterface(), qPrintable(who));
             QVERIFY2(!ranged || !element->text(QAccessible::Value).isEmpty(), qPrintable(who));
+            QVERIFY2(!ranged || element->text(QAccessible::Description) ==
+                                    element->text(QAccessible::Value),
+                     qPrintable(who));
             QVERIFY2(!ranged || !element->textInterface(), qPrintable(who));
         }
         for (int i = 0; i < element->childCount(); ++i)

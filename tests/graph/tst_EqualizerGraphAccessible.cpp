@@ -353,24 +353,26 @@ void tst_EqualizerGraphAccessible::changesAreAnnounced()
     Announcements announced;
     f.set(gainName(2), 35);
     Items items = announced.take();
-    QCOMPARE(items.size(), std::size_t(1));
+    QCOMPARE(items.size(), std::size_t(2)); // the number, and that the text is another
     QCOMPARE(items[0].type, QAccessible::ValueChanged);
     QCOMPARE(items[0].child, 2);
     QVERIFY(isNearTo(items[0].value, 3.5));
+    QCOMPARE(items[1].type, QAccessible::DescriptionChanged);
+    QCOMPARE(items[1].child, 2);
     // What moves beside the gain is told with the gain; the text has it all.
     for (const QByteArray& name : {frequencyName(2), qualityName(2)}) {
         f.set(name, 111);
         items = announced.take();
-        QCOMPARE(items.size(), std::size_t(1));
+        QCOMPARE(items.size(), std::size_t(2));
         QCOMPARE(items[0].child, 2);
         QVERIFY(isNearTo(items[0].value, 3.5));
     }
     f.set(frequencyName(5), 400);
     f.set(typeName(5), 0);
     items = announced.take();
-    QCOMPARE(items.size(), std::size_t(2));
-    QCOMPARE(items[1].child, 5);
-    QVERIFY(isNearTo(items[1].value, 200.0));
+    QCOMPARE(items.size(), std::size_t(4));
+    QCOMPARE(items[2].child, 5);
+    QVERIFY(isNearTo(items[2].value, 200.0));
 }
 
 void tst_EqualizerGraphAccessible::switchingIsAnnounced()
