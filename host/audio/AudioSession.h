@@ -76,6 +76,8 @@ public:
     double position() const;
     void setPosition(double seconds);
 
+    /// The rate in Hz that the device runs at while sound is played; 0 otherwise.
+    int runningRate() const { return holdsDevice() ? m_device->rate() : 0; }
     /// The rate in Hz that play() will use, as far as that can be said before; 0 without a device.
     int expectedRate() const;
 

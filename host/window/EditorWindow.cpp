@@ -191,6 +191,9 @@ void EditorWindow::buildToolBar()
     connect(m_bar, &EditorToolBar::scaleChanged, this, &EditorWindow::followZoom);
     connect(m_bar, &EditorToolBar::sampleRateChanged, m_response, &ResponseView::setSampleRate);
     addToolBar(m_bar);
+    const MixerModel& mixerModel = m_mixer.mixerModel;
+    connect(&mixerModel, &MixerModel::soundingRateChanged, m_bar, &EditorToolBar::followRate);
+    m_bar->followRate(mixerModel.soundingRate());
 }
 
 void EditorWindow::buildStatus()
