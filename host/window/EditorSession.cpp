@@ -12,6 +12,33 @@
 
 using Steinberg::MemoryStream;
 
+namespace {
+
+const QString dialModeName = QStringLiteral("dialMode");
+const QString sliderModeName = QStringLiteral("sliderMode");
+constexpr int lastDialMode = 2;
+constexpr int lastSliderMode = 3;
+
+int modeIn(const SettingsFile& file, const QString& name, int otherwise, int last)
+{
+    const int mode = file.preference(name, otherwise).toInt();
+    return mode >= 0 && mode <= last ? mode : otherwise;
+}
+
+} // namespace
+
+void EditorSettings::takeModes(const SettingsFile& file)
+{
+    dialMode = modeIn(file, dialModeName, dialMode, lastDialMode);
+    sliderMode = modeIn(file, sliderModeName, sliderMode, lastSliderMode);
+}
+
+void EditorSettings::keepModes(SettingsFile* file) const
+{
+    file->setPreference(dialModeName, dialMode);
+    file->setPreference(sliderModeName, sliderMode);
+}
+
 std::unique_ptr<EditorSession> EditorSession::open(Mixer& mixer, const EditorSettings& settings,
                                                    QWidget* stage)
 {

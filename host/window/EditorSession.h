@@ -11,6 +11,7 @@
 #include <memory>
 
 class IVaskEffectEditor2;
+class SettingsFile;
 struct Mixer;
 class QWidget;
 
@@ -21,8 +22,12 @@ struct EditorSettings
     bool stereo = true;     ///< shows the pair that the channel belongs to
     double scale = 1.0;     ///< zoom, 0.5 to 4
     int sampleRate = 48000; ///< Hz
-    int dialMode = 0;       ///< how knobs are dragged: 0 circular, 1 relative circular, 2 linear
+    int dialMode = 2;       ///< how knobs are dragged: 0 circular, 1 relative circular, 2 linear
     int sliderMode = 0;     ///< how faders are dragged: 0 relative, 1 jump, 2 touch, 3 ramp
+
+    /// Takes the modes that the user chose last, and keeps them for the next editor.
+    void takeModes(const SettingsFile& file);
+    void keepModes(SettingsFile* file) const;
 };
 
 /// One open editor on a channel: attached to the host's services, driven, detached, deleted.

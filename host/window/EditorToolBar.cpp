@@ -158,14 +158,18 @@ void EditorToolBar::addModes()
         return QStringList{tr("Circular"), tr("Relative circular"), tr("Linear")};
     });
     dials->setCurrentIndex(m_session.settings().dialMode);
-    connect(dials, &QComboBox::currentIndexChanged, this, 
-            [this](int mode) { m_session.setDialMode(mode); });
+    connect(dials, &QComboBox::currentIndexChanged, this, [this](int mode) {
+        m_session.setDialMode(mode);
+        Q_EMIT modesChanged();
+    });
     auto* sliders = m_texts.choice(this, [] {
         return QStringList{tr("Relative"), tr("Jump"), tr("Touch"), tr("Ramp")};
     });
     sliders->setCurrentIndex(m_session.settings().sliderMode);
-    connect(sliders, &QComboBox::currentIndexChanged, this, 
-            [this](int mode) { m_session.setSliderMode(mode); });
+    connect(sliders, &QComboBox::currentIndexChanged, this, [this](int mode) {
+        m_session.setSliderMode(mode);
+        Q_EMIT modesChanged();
+    });
     addWidget(m_texts.label(this, [] { return tr("Dials"); }));
     addWidget(dials);
     addWidget(m_texts.label(this, [] { return tr("Sliders"); }));

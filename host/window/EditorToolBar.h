@@ -32,6 +32,8 @@ Q_SIGNALS:
     /// The user did so.
     void stereoChosen(bool stereo);
     void sampleRateChanged(int hertz);
+    /// As EditorSettings numbers them.
+    void modesChanged();
     /// The editor has its new size.
     void scaleChanged();
 

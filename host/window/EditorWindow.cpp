@@ -190,6 +190,8 @@ void EditorWindow::buildToolBar()
     connect(m_bar, &EditorToolBar::stereoChosen, this, &EditorWindow::stereoChosen);
     connect(m_bar, &EditorToolBar::scaleChanged, this, &EditorWindow::followZoom);
     connect(m_bar, &EditorToolBar::sampleRateChanged, m_response, &ResponseView::setSampleRate);
+    connect(m_bar, &EditorToolBar::modesChanged, this,
+            [this] { settings().keepModes(&m_mixer.settings); });
     addToolBar(m_bar);
     const MixerModel& mixerModel = m_mixer.mixerModel;
     connect(&mixerModel, &MixerModel::soundingRateChanged, m_bar, &EditorToolBar::followRate);

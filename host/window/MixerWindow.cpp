@@ -104,6 +104,7 @@ EditorWindow* MixerWindow::createEditor(int channel, bool stereo)
     EditorSettings settings = m_settings;
     settings.channel = channel;
     settings.stereo = stereo;
+    settings.takeModes(m_mixer.settings);
     auto stage = std::make_unique<QWidget>();
     auto session = EditorSession::open(m_mixer, settings, stage.get());
     if (!session)

@@ -21,6 +21,7 @@
 #include <QSpinBox>
 #include <QStatusBar>
 #include <QTableView>
+#include <QTemporaryDir>
 #include <QTimer>
 #include <QToolButton>
 
@@ -41,6 +42,7 @@ private Q_SLOTS:
     void zoomShortcutsStep();
     void choicesReachTheEditor_data();
     void choicesReachTheEditor();
+    void modesAreKeptForTheNextEditor();
     void unusualSampleRateIsShown();
     void measuredResponseIsSwitched();
     void measuredResponseTakesBackWhatItAdded();
@@ -241,7 +243,7 @@ void tst_EditorWindow::choicesReachTheEditor_data()
     row("44100 Hz", "setFs 44100");
     row("192000 Hz", "setFs 192000");
     row("Relative circular", "setDialEditMode 1");
-    row("Linear", "setDialEditMode 2");
+    row("Circular", "setDialEditMode 0");
     row("Jump", "setSliderEditMode 1");
     row("Touch", "setSliderEditMode 2");
     row("Ramp", "setSliderEditMode 3");
@@ -255,6 +257,33 @@ void tst_EditorWindow::choicesReachTheEditor()
     QVERIFY(!calls(window).contains(call));
     choose(window, item);
     QVERIFY(calls(window).contains(call));
+}
+
+// A click on a knob that turns in a circle would jump to where it was clicked.
+void tst_EditorWindow::modesAreKeptForTheNextEditor()
+{
+    QTemporaryDir folder;
+    const QString file = folder.filePath(u"editors.json"_s);
+    QVERIFY(m_mixer.settings.open(file).isOk());
+    EditorWindow* window = openWindow();
+    QVERIFY(calls(window).contains(u"setDialEditMode 2"_s));
+    QVERIFY(calls(window).contains(u"setSliderEditMode 0"_s));
+    choose(window, u"Relative circular"_s);
+    choose(window, u"Ramp"_s);
+    QVERIFY(calls(openWindow(2)).contains(u"setDialEditMode 1"_s));
+    SettingsFile next;
+    QVERIFY(next.open(file).isOk());
+    EditorSettings settings;
+    settings.takeModes(next);
+    QCOMPARE(settings.dialMode, 1);
+    QCOMPARE(settings.sliderMode, 3);
+    next.setPreference(u"dialMode"_s, 7);
+    next.setPreference(u"sliderMode"_s, u"fast"_s);
+    settings = {};
+    settings.takeModes(next);
+    QCOMPARE(settings.dialMode, 2);
+    QCOMPARE(settings.sliderMode, 0);
+    m_mixer.settings = {};
 }
 
 void tst_EditorWindow::unusualSampleRateIsShown()

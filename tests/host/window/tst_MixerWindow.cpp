@@ -113,9 +113,7 @@ void tst_MixerWindow::init()
     TestObject::init();
     m_mixer = std::make_unique<Mixer>();
     QCOMPARE(m_mixer->library.load(QStringLiteral(HOST_REAL_PLUGIN)).error(), QString());
-    EditorSettings settings;
-    settings.dialMode = 2; // knobs are dragged up and down
-    m_window = std::make_unique<MixerWindow>(*m_mixer, settings);
+    m_window = std::make_unique<MixerWindow>(*m_mixer, EditorSettings());
     m_window->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
     QCoreApplication::processEvents(); // the groups' buttons join them
