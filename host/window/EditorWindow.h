@@ -37,6 +37,8 @@ public:
     const EditorSettings& settings() const { return m_session->settings(); }
     void setStereo(bool stereo);
     void setScale(double scale);
+    /// Gives the editor a zoom, and the window the size that shows all of it, within \a room.
+    void fitTo(double scale, const QSize& room);
     /// Shows, below the editor, the response as an impulse measures it.
     void setMeasured(bool measured);
 
@@ -55,6 +57,8 @@ Q_SIGNALS:
     void quitWanted();
     /// The user switched between the pair and the channel alone.
     void stereoChosen(bool stereo);
+    /// The user dropped a file on the window.
+    void fileDropped(const QString& file);
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -75,7 +79,6 @@ private:
     void buildEditorArea(std::unique_ptr<QWidget> stage);
     void buildPanels();
     void followZoom();
-    void chooseSize();
     void showTitle();
     void openStateFile();
     void saveStateFile();

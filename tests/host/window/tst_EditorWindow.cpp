@@ -50,7 +50,7 @@ private Q_SLOTS:
     void parametersAreSwitched();
     void editorIsSeenWholeWithoutParameters();
     void parametersCanBeNarrow();
-    void parametersAreHiddenWhereThereIsNoRoom();
+    void parametersTakeWhatRoomThereIs();
     void overflowOfTheBarShowsAnArrow();
     void titleSaysTheChannels();
     void resetWritesDefaults();
@@ -67,6 +67,7 @@ private Q_SLOTS:
 private:
     static void expectRaise();
     EditorWindow* openWindow(int channel = 0, bool stereo = true);
+    EditorWindow* openWithParameters(int channel = 0);
     static QSize roomOf(const QWidget* window);
     static QDockWidget* dockOf(const QWidget* panel);
     static int extentOf(const QWidget* panel);
@@ -126,6 +127,13 @@ EditorWindow* tst_EditorWindow::openWindow(int channel, bool stereo)
     return window;
 }
 
+EditorWindow* tst_EditorWindow::openWithParameters(int channel)
+{
+    EditorWindow* window = openWindow(channel);
+    trigger(window, "Parameters");
+    return window;
+}
+
 // What the screen has for a window inside its frame.
 QSize tst_EditorWindow::roomOf(const QWidget* window)
 {
@@ -168,15 +176,19 @@ void tst_EditorWindow::showsEditorAndTable()
     EditorWindow* window = openWindow();
     QVERIFY(editorOf(window)->isVisible());
     QCOMPARE(editorOf(window)->size(), QSize(400, 240));
+    QCOMPARE(window->width(), 400);
     const auto* table = window->findChild<QTableView*>();
+    QVERIFY(!table->isVisible());
+    trigger(window, "Parameters");
     QVERIFY(table->isVisible());
+    window->resize(window->width(), roomOf(window).height());
     QCOMPARE(table->model()->rowCount(), 27);
-    QCOMPARE(table->verticalScrollBar()->maximum(), 0); // all rows are in sight
+    QTRY_COMPARE(table->verticalScrollBar()->maximum(), 0); // all rows are in sight
 }
 
 void tst_EditorWindow::typedValueReachesTheEditor()
 {
-    EditorWindow* window = openWindow(2);
+    EditorWindow* window = openWithParameters(2);
     auto* table = window->findChild<QTableView*>();
     const QModelIndex cell = table->model()->index(2, ParameterListModel::ValueColumn);
     table->setCurrentIndex(cell);
@@ -330,7 +342,6 @@ void tst_EditorWindow::measuredResponseTakesBackWhatItAdded()
 void tst_EditorWindow::zoomGrowsTheWindowAndShrinksItBack()
 {
     EditorWindow* window = openWindow();
-    trigger(window, "Parameters");
     const auto* area = window->findChild<QScrollArea*>();
     const QSize before(430, 380);
     window->resize(before);
@@ -356,22 +367,25 @@ void tst_EditorWindow::parametersAreSwitched()
     EditorWindow* window = openWindow();
     const auto* table = window->findChild<QTableView*>();
     const QAction* item = actionOf(window, u"Parameters"_s);
-    const int width = window->width();
-    QVERIFY(item->isChecked());
-    QVERIFY(table->width() > 300);
-    QTest::keyClick(window, Qt::Key_L, Qt::ControlModifier);
     QVERIFY(!item->isChecked());
-    QVERIFY(!table->isVisible());
-    QCOMPARE(window->width(), 400); // the editor's
     QTest::keyClick(window, Qt::Key_L, Qt::ControlModifier);
+    QVERIFY(item->isChecked());
     QVERIFY(table->isVisible());
-    QCOMPARE(window->width(), std::min(width, roomOf(window).width()));
+    QVERIFY(table->width() > 300);
     QCOMPARE(window->findChild<QScrollArea*>()->width(), 400);
+    const int width = window->width();
+    for (int times = 0; times < 2; ++times) {
+        QTest::keyClick(window, Qt::Key_L, Qt::ControlModifier);
+        QVERIFY(!table->isVisible());
+        QCOMPARE(window->width(), 400); // the editor's
+        QTest::keyClick(window, Qt::Key_L, Qt::ControlModifier);
+        QCOMPARE(window->width(), width);
+    }
 }
 
 void tst_EditorWindow::editorIsSeenWholeWithoutParameters()
 {
-    EditorWindow* window = openWindow();
+    EditorWindow* window = openWithParameters();
     window->setScale(1.75);
     QVERIFY(window->findChild<QScrollArea*>()->maximumViewportSize().width() < 700);
     trigger(window, "Parameters");
@@ -380,7 +394,7 @@ void tst_EditorWindow::editorIsSeenWholeWithoutParameters()
 
 void tst_EditorWindow::parametersCanBeNarrow()
 {
-    EditorWindow* window = openWindow();
+    EditorWindow* window = openWithParameters();
     const auto* table = window->findChild<QTableView*>();
     window->resizeDocks({dockOf(table)}, {260}, Qt::Horizontal);
     QTRY_COMPARE(table->width(), 260);
@@ -393,7 +407,7 @@ void tst_EditorWindow::parametersCanBeNarrow()
     QTRY_COMPARE(table->horizontalScrollBar()->maximum(), 0);
 }
 
-void tst_EditorWindow::parametersAreHiddenWhereThereIsNoRoom()
+void tst_EditorWindow::parametersTakeWhatRoomThereIs()
 {
     EditorSettings settings;
     settings.scale = 1.5; // 600 of the screen's 800 pixels
@@ -413,7 +427,6 @@ void tst_EditorWindow::parametersAreHiddenWhereThereIsNoRoom()
 void tst_EditorWindow::overflowOfTheBarShowsAnArrow()
 {
     EditorWindow* window = openWindow();
-    trigger(window, "Parameters");
     auto* key = window->findChild<QToolButton*>(u"qt_toolbar_ext_button"_s);
     QTRY_VERIFY(key && key->isVisible());
     const QImage picture = key->grab().toImage();
@@ -560,7 +573,7 @@ void tst_EditorWindow::everyTextIsTranslated()
 
 void tst_EditorWindow::valuesAreReadableInEveryLanguage()
 {
-    EditorWindow* window = openWindow();
+    EditorWindow* window = openWithParameters();
     const auto* table = window->findChild<QTableView*>();
     for (const Language language : languages) {
         speak(language);
