@@ -8,6 +8,7 @@
 #include <QPointer>
 #include <QString>
 
+#include <array>
 #include <memory>
 
 class IVaskEffectEditor2;
@@ -40,6 +41,10 @@ class EditorSession
     Q_DECLARE_TR_FUNCTIONS(EditorSession)
 
 public:
+    /// What graphs show, in dB up and down, by the number that editors know it by.
+    static constexpr std::array graphRanges = {40, 20, 16, 12, 8, 4, 2};
+    static constexpr int defaultGraphRange = 3;
+
     /// Null if the plug-in makes no editor for the channel.
     static std::unique_ptr<EditorSession> open(Mixer& mixer, const EditorSettings& settings,
                                                QWidget* stage);
@@ -53,6 +58,9 @@ public:
     void setSampleRate(int hertz);
     void setDialMode(int mode);
     void setSliderMode(int mode);
+    /// The range of the graph, by its index in graphRanges.
+    int graphRange() const;
+    void setGraphRange(int number);
 
     /// Loads the channel's settings from \a file through the editor's component, as one step of
     /// the mixer's history; changes nothing if the file is not sound.

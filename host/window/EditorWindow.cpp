@@ -6,6 +6,7 @@
 #include "host/window/EditorToolBar.h"
 #include "host/window/FileDialogs.h"
 #include "host/window/FileDrop.h"
+#include "host/window/GraphRange.h"
 #include "host/window/HelpMenu.h"
 #include "host/window/LanguageMenu.h"
 #include "host/window/MessageDialog.h"
@@ -183,6 +184,8 @@ void EditorWindow::buildViewMenu(QMenu* menu)
         m_measured);
     addPanelItem(
         menu, [] { return tr("&Parameters"); }, QKeySequence(Qt::CTRL | Qt::Key_L), m_parameters);
+    m_range = new GraphRange(m_mixer, *m_session, this);
+    m_range->fill(m_texts.menu(menu, [] { return tr("&Graph Range"); }), m_texts);
     addLanguageMenu(menu, m_mixer.language, m_texts);
     m_texts.action(
         menu, [] { return tr("&Mixer"); }, QKeySequence(Qt::CTRL | Qt::Key_M), this,

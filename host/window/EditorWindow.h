@@ -10,6 +10,7 @@
 
 struct Mixer;
 class EditorToolBar;
+class GraphRange;
 class PresetMenu;
 class QAction;
 class QDockWidget;
@@ -96,6 +97,7 @@ private:
     ResponseView* m_response = nullptr;
     EditorToolBar* m_bar = nullptr;
     PresetMenu* m_presets = nullptr;
+    GraphRange* m_range = nullptr;
     QLabel* m_audio = nullptr;
     QSize m_zoomRoom{0, 0}; // what the window has grown by for the editor's zoom
 };
