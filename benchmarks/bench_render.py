@@ -40,7 +40,7 @@ def host_command(host, source, target):
         settings += [f"fx_rackfx_prm_{first + 1}=@{raw_frequency(hertz)}",
                      f"fx_rackfx_prm_{first + 2}={decibels:+}"]
     options = [word for setting in settings for word in ("--set", setting)]
-    return [host, "--render", source, target, *options]
+    return [host, "--render", source, target, "--overwrite", *options]
 
 
 def sox_command(source, target):

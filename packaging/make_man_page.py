@@ -16,6 +16,7 @@ zolta-host \\- mixer host with a channel equalizer
 .SH SYNOPSIS
 .B zolta-host
 .RI [ options ]
+.RI [ SOUND ]
 .br
 .B zolta-host \\-\\-render
 .I IN OUT

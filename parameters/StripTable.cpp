@@ -89,7 +89,7 @@ std::optional<int> parseLevel(std::string text)
 } // namespace
 
 constinit const std::array<StripEntry, stripParameterCount> stripTable = {{
-    {"source", QT_TRANSLATE_NOOP("Parameter", "Source"), 0, SourceOff, SourceTestSignal},
+    {"source", QT_TRANSLATE_NOOP("Parameter", "Source"), 0, SourceOff, SourceOff},
     {"stereo", QT_TRANSLATE_NOOP("Parameter", "Mono/stereo"), 0, 1, 1},
     {"equalizer", QT_TRANSLATE_NOOP("Parameter", "Equalizer on"), 0, 1, 1},
     {"mute", QT_TRANSLATE_NOOP("Parameter", "Mute"), 0, 1, 0},

@@ -39,6 +39,14 @@ Status AudioRenderer::run(const Progress& progress)
     return result.isOk() && !m_ended ? m_writer.commit() : result;
 }
 
+QString AudioRenderer::report() const
+{
+    const SF_INFO& info = m_reader.info();
+    return tr("Wrote %1: %2 seconds, %3 Hz, channels: %4.")
+        .arg(m_job.output, QString::number(double(m_written) / info.samplerate, 'f', 1),
+             QString::number(info.samplerate), QString::number(info.channels));
+}
+
 Status AudioRenderer::open()
 {
     if (isSameFile(m_job.input, m_job.output))

@@ -41,6 +41,8 @@ public:
     /// Does the job. Where that fails, or was ended, the output is as it was before.
     Status run(const Progress& progress);
 
+    /// What was written, as a sentence.
+    QString report() const;
     bool wasEnded() const { return m_ended; }
     /// Samples of the output that were set to its format's limit.
     std::int64_t clipped() const { return m_writer.clipped(); }

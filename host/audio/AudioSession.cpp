@@ -104,6 +104,7 @@ void AudioSession::setLooping(bool looping)
     m_looping = looping;
     if (!isStopped() && !m_settings.live)
         setPosition(position());
+    Q_EMIT changed();
 }
 
 QStringList AudioSession::outputs() const
@@ -185,6 +186,14 @@ void AudioSession::stop()
         return;
     pause();
     setState(State::Stopped);
+}
+
+void AudioSession::playOrStop()
+{
+    if (isStopped())
+        static_cast<void>(play()); // failed() says what goes wrong
+    else
+        stop();
 }
 
 void AudioSession::pause()

@@ -51,6 +51,7 @@ public:
     /// For the next play().
     void setDevice(const AudioDeviceSettings& settings);
     void setLooping(bool looping);
+    bool isLooping() const { return m_looping; }
 
     /// The devices that there were when they were looked for first, by name. Where there were none
     /// each play() looks again.
@@ -66,6 +67,8 @@ public:
     Status play();
     /// Stops where it is.
     void stop();
+    /// The one or the other.
+    void playOrStop();
 
     State state() const { return m_state; }
     /// What went wrong last; empty from the next openFile() or play() that works, or once a device
@@ -76,6 +79,8 @@ public:
     double position() const;
     void setPosition(double seconds);
 
+    /// The rate in Hz that the device runs at while sound is played; 0 otherwise.
+    int runningRate() const { return holdsDevice() ? m_device->rate() : 0; }
     /// The rate in Hz that play() will use, as far as that can be said before; 0 without a device.
     int expectedRate() const;
 

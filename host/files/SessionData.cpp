@@ -25,7 +25,12 @@ constexpr QLatin1String scaleKey("scale");
 constexpr QLatin1String measuredKey("measured");
 constexpr QLatin1String geometryKey("geometry");
 constexpr QLatin1String stateKey("state");
+constexpr QLatin1String audioKey("audio");
+constexpr QLatin1String fileKey("file");
+constexpr QLatin1String positionKey("position");
+constexpr QLatin1String loopKey("loop");
 constexpr int version = 1;
+constexpr double longest = 1e9; // seconds
 constexpr qsizetype maxNameLength = 200;
 constexpr double smallestScale = 0.5;
 constexpr double largestScale = 4.0;
@@ -59,6 +64,14 @@ QJsonObject toJson(const SessionData::Editor& editor)
             {scaleKey, editor.scale},
             {geometryKey, toJson(editor.geometry)},
             {stateKey, toJson(editor.state)}};
+}
+
+QJsonObject toJson(const SessionData::Audio& audio, QJsonObject object)
+{
+    object[fileKey] = audio.file;
+    object[positionKey] = audio.position;
+    object[loopKey] = audio.loop;
+    return object;
 }
 
 // Reads values and keeps the first error; after one, nothing is read any more.
@@ -215,6 +228,18 @@ void readEditor(Reader& reader, const QJsonValue& value, const QString& path, Se
     out->editors.push_back(editor);
 }
 
+void readAudio(Reader& reader, const QJsonValue& value, SessionData::Audio* out)
+{
+    if (!reader.has(value, QJsonValue::Object, audioKey))
+        return;
+    if (reader.has(value[fileKey], QJsonValue::String, QStringLiteral("audio.file")))
+        out->file = value[fileKey].toString();
+    reader.number(value[positionKey], 0.0, longest, QStringLiteral("audio.position"),
+                  &out->position);
+    if (reader.has(value[loopKey], QJsonValue::Bool, QStringLiteral("audio.loop")))
+        out->loop = value[loopKey].toBool();
+}
+
 } // namespace
 
 SessionData::SessionData()
@@ -251,6 +276,7 @@ QJsonObject SessionData::toJson(const QJsonObject& base) const
     root[channelsKey] = list;
     root[mixerKey] = mixer;
     root[editorsKey] = open;
+    root[audioKey] = ::toJson(audio, base[audioKey].toObject());
     return root;
 }
 
@@ -272,5 +298,6 @@ Status SessionData::read(const QJsonObject& root)
         for (int i = 0; i < open.size(); ++i)
             readEditor(reader, open[i], QStringLiteral("editors[%1]").arg(i), this);
     }
+    readAudio(reader, root[audioKey], &audio);
     return reader.status();
 }

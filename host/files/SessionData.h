@@ -34,7 +34,15 @@ struct SessionData
         QByteArray state;      ///< of its window's panels; empty where it was not known
     };
 
+    struct Audio
+    {
+        QString file;          ///< that is open; empty for none
+        double position = 0.0; ///< seconds
+        bool loop = false;
+    };
+
     std::array<Channel, channelCount> channels;
+    Audio audio;
     QByteArray mixerGeometry;
     std::vector<Editor> editors; ///< that are open
 

@@ -90,6 +90,8 @@ Content contentOf(const QString& file, const SessionData& before)
     return parse(file, bytes, before);
 }
 
+bool isLockedElsewhere(const LockedFile* lock) { return lock && lock->error() == EWOULDBLOCK; }
+
 } // namespace
 
 QString SessionFile::standardFile()
@@ -98,11 +100,7 @@ QString SessionFile::standardFile()
            QLatin1String("/session.json");
 }
 
-SessionFile::~SessionFile()
-{
-    if (m_lock && m_lock->isOpen())
-        m_lock->remove();
-}
+SessionFile::~SessionFile() { unlock(); }
 
 Result<SessionData> SessionFile::read(const QString& file)
 {
@@ -114,8 +112,8 @@ Result<SessionData> SessionFile::read(const QString& file)
 
 Status SessionFile::open(const QString& file, SessionData* data)
 {
-    lock(file);
-    const bool taken = isLockedElsewhere();
+    m_lock = lock(file);
+    const bool taken = isLockedElsewhere(m_lock.get());
     const Content content = kindOf(file) == FileKind::Missing
                                 ? Content{Outcome::Read, {}, {}, *data}
                                 : contentOf(file, *data);
@@ -129,9 +127,7 @@ Status SessionFile::open(const QString& file, SessionData* data)
     (taken ? m_taken : m_file) = file;
     if (!taken)
         return Status();
-    return Error{tr("Another program has the session %1 open, as its lock file %2 says. Changes "
-                    "made here will not be saved.")
-                     .arg(shown(file), shown(lockFileOf(file)))};
+    return takenError(file);
 }
 
 void SessionFile::saveAnyway()
@@ -140,28 +136,56 @@ void SessionFile::saveAnyway()
         m_file = std::exchange(m_taken, QString());
 }
 
-// A folder that takes no lock file does not take the session either, which saving will say.
-void SessionFile::lock(const QString& file)
+Status SessionFile::moveTo(const QString& file)
 {
-    if (QFileInfo(file).isDir())
-        return;
-    QDir().mkpath(QFileInfo(file).path());
-    const std::string name = QFile::encodeName(lockFileOf(file)).toStdString();
-    m_lock = std::make_unique<LockedFile>(name, O_RDONLY | O_CREAT);
+    if (QFileInfo(file) == QFileInfo(m_file) && !m_file.isEmpty())
+        return Status();
+    std::unique_ptr<LockedFile> next = lock(file);
+    if (isLockedElsewhere(next.get()))
+        return takenError(file);
+    unlock();
+    m_lock = std::move(next);
+    m_file = file;
+    m_taken.clear();
+    m_moved = true;
+    return Status();
 }
 
-bool SessionFile::isLockedElsewhere() const { return m_lock && m_lock->error() == EWOULDBLOCK; }
+// A folder that takes no lock file does not take the session either, which saving will say.
+std::unique_ptr<LockedFile> SessionFile::lock(const QString& file)
+{
+    if (QFileInfo(file).isDir())
+        return nullptr;
+    QDir().mkpath(QFileInfo(file).path());
+    const std::string name = QFile::encodeName(lockFileOf(file)).toStdString();
+    return std::make_unique<LockedFile>(name, O_RDONLY | O_CREAT);
+}
+
+void SessionFile::unlock()
+{
+    if (m_lock && m_lock->isOpen())
+        m_lock->remove();
+    m_lock.reset();
+}
+
+Error SessionFile::takenError(const QString& file)
+{
+    return {tr("Another program has the session %1 open, as its lock file %2 says. Changes "
+               "made here will not be saved.")
+                .arg(shown(file), shown(lockFileOf(file)))};
+}
 
 Status SessionFile::save(const SessionData& data)
 {
     const QJsonObject root = data.toJson(m_root);
-    if (m_file.isEmpty() || (root == m_root && QFileInfo::exists(m_file)))
+    if (m_file.isEmpty() || (!m_moved && root == m_root && QFileInfo::exists(m_file)))
         return Status();
     QDir().mkpath(QFileInfo(m_file).path());
     const Status written = writeFile(m_file, QJsonDocument(root).toJson());
     if (!written.isOk())
         return Error{tr("The session cannot be saved. %1").arg(written.error())};
     m_root = root;
+    m_moved = false;
     return Status();
 }
 

@@ -39,6 +39,11 @@ public:
     bool isTaken() const { return !m_taken.isEmpty(); }
     /// Saves there nevertheless from now on.
     void saveAnyway();
+    /// Saves in \a file from now on, whatever it holds; an error, which changes nothing, where
+    /// another program has it open.
+    Status moveTo(const QString& file);
+    /// Where it is saved; empty for nowhere.
+    const QString& file() const { return m_file; }
     /// Replaces the file, at once or not at all, keeping what it held that this program does not
     /// know. Does nothing without a file, or when nothing has changed.
     Status save(const SessionData& data);
@@ -47,12 +52,14 @@ public:
     bool isNew() const { return m_root.isEmpty(); }
 
 private:
-    void lock(const QString& file);
-    bool isLockedElsewhere() const;
+    static std::unique_ptr<LockedFile> lock(const QString& file);
+    void unlock();
+    static Error takenError(const QString& file);
     Status setAside(const QString& file, const QString& damage);
 
-    QString m_file;     // empty: nothing is saved
-    QString m_taken;    // empty: no other program has it
-    QJsonObject m_root; // as in the file
+    QString m_file;       // empty: nothing is saved
+    QString m_taken;      // empty: no other program has it
+    QJsonObject m_root;   // as in the file
+    bool m_moved = false; // the file holds something else
     std::unique_ptr<LockedFile> m_lock;
 };

@@ -23,6 +23,7 @@ constexpr int version = 1;
 constexpr qint64 maxFileSize = 1 << 20;
 constexpr QLatin1String versionKey("version");
 constexpr QLatin1String channelsKey("channels");
+constexpr QLatin1String preferencesKey("preferences");
 
 using Maps = QMap<int, SettingsFile::Map>;
 
@@ -82,6 +83,7 @@ Status SettingsFile::open(const QString& file)
 {
     m_file.clear();
     m_maps.clear();
+    m_preferences.clear();
     QFile input(file);
     const FileKind kind = kindOf(file);
     if (kind == FileKind::Other)
@@ -113,6 +115,7 @@ Status SettingsFile::read(const QByteArray& bytes)
     if (!maps.isOk())
         return setAside(maps.error());
     m_maps = maps.value();
+    m_preferences = root.value().value(preferencesKey).toObject().toVariantMap();
     return Status();
 }
 
@@ -121,6 +124,19 @@ void SettingsFile::keep(int channel, const Map& map)
     if (m_maps.value(channel) == map)
         return;
     m_maps[channel] = map;
+    write();
+}
+
+void SettingsFile::setPreference(const QString& name, const QVariant& value)
+{
+    if (m_preferences.value(name) == value)
+        return;
+    m_preferences[name] = value;
+    write();
+}
+
+void SettingsFile::write()
+{
     if (m_file.isEmpty())
         return;
     QDir().mkpath(QFileInfo(m_file).path());
@@ -147,6 +163,8 @@ QByteArray SettingsFile::bytes() const
     QJsonObject channels;
     for (auto it = m_maps.begin(); it != m_maps.end(); ++it)
         channels[QString::number(it.key())] = QJsonObject::fromVariantMap(it.value());
-    const QJsonObject root{{versionKey, version}, {channelsKey, channels}};
+    const QJsonObject root{{versionKey, version},
+                           {channelsKey, channels},
+                           {preferencesKey, QJsonObject::fromVariantMap(m_preferences)}};
     return QJsonDocument(root).toJson();
 }

@@ -10,10 +10,11 @@
 
 #include <functional>
 
-/// What editors want to find again when they are opened the next time: one map a channel, kept in
-/// one JSON file. Without a file the maps are kept for the run.
+/// What editors want to find again when they are opened the next time, one map a channel, and the
+/// user's preferences, which hold in every session: kept in one JSON file. Without a file they are
+/// kept for the run.
 ///
-/// The maps hold what JSON can say: truth values, numbers, texts, lists and maps.
+/// Maps and preferences hold what JSON can say: truth values, numbers, texts, lists and maps.
 class SettingsFile
 {
     Q_DECLARE_TR_FUNCTIONS(SettingsFile)
@@ -39,12 +40,22 @@ public:
     /// Keeps the channel's map, at once; writes only what has changed.
     void keep(int channel, const Map& map);
 
+    /// A preference by its name; \a otherwise where nobody has chosen.
+    QVariant preference(const QString& name, const QVariant& otherwise = {}) const
+    {
+        return m_preferences.value(name, otherwise);
+    }
+    /// Keeps it, at once; writes only what has changed.
+    void setPreference(const QString& name, const QVariant& value);
+
 private:
     Status read(const QByteArray& bytes);
     Status setAside(const QString& reason);
+    void write();
     QByteArray bytes() const;
 
     QString m_file;
     Reporter m_reporter;
     QMap<int, Map> m_maps;
+    Map m_preferences;
 };

@@ -16,4 +16,6 @@ public:
     /// raw values, \a sampleRate is in Hz. Asked on the GUI thread, only while somebody looks.
     virtual MeterLevels read(int channel, const std::array<int, parameterCount>& values,
                              int sampleRate, double seconds) = 0;
+    /// Whether no more than silence can come until somebody changes something.
+    virtual bool isResting() const { return false; }
 };

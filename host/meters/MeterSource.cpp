@@ -37,6 +37,7 @@ MeterSource::MeterSource(HostMemory& memory, std::unique_ptr<MeterProducer> prod
 void MeterSource::setProducer(std::unique_ptr<MeterProducer> producer)
 {
     m_producer = std::move(producer);
+    wake();
 }
 
 void MeterSource::setEnabled(bool enabled)
@@ -49,12 +50,18 @@ void MeterSource::show(const void* viewer, const View& view)
 {
     std::erase_if(m_viewers, [viewer](const Viewer& v) { return v.key == viewer; });
     m_viewers.push_back({viewer, view});
-    startOrStop();
+    wake();
 }
 
 void MeterSource::hide(const void* viewer)
 {
     std::erase_if(m_viewers, [viewer](const Viewer& v) { return v.key == viewer; });
+    startOrStop();
+}
+
+void MeterSource::wake()
+{
+    m_silence = 0.0;
     startOrStop();
 }
 
@@ -74,7 +81,12 @@ void MeterSource::advance(double seconds)
         if (const View* view = views[static_cast<std::size_t>(channel)])
             read(*view, channel, seconds, &words);
     }
+    const bool silent = std::all_of(words.begin(), words.end(),
+                                    [](int word) { return word == MeterLevels::lowest; });
+    m_silence = silent ? m_silence + seconds : 0.0;
     m_memory.meters().notify(words);
+    if (isAtRest())
+        startOrStop();
 }
 
 bool MeterSource::isWanted() const
@@ -82,9 +94,11 @@ bool MeterSource::isWanted() const
     return m_enabled && !m_viewers.empty() && m_memory.meters().hasObservers();
 }
 
+bool MeterSource::isAtRest() const { return m_silence >= restsAfter && m_producer->isResting(); }
+
 void MeterSource::startOrStop()
 {
-    if (isWanted() == m_timer.isActive())
+    if ((isWanted() && !isAtRest()) == m_timer.isActive())
         return;
     if (m_timer.isActive())
         return m_timer.stop();

@@ -17,3 +17,13 @@ MeterLevels MixerMeters::read(int channel, const std::array<int, parameterCount>
         return audio;
     return m_signal.read(channel, m_mixerModel.soundingValues(channel), sampleRate, seconds);
 }
+
+bool MixerMeters::isResting() const
+{
+    for (int channel = 0; channel < channelCount; ++channel) {
+        const int leader = m_mixerModel.leaderOf(channel);
+        if (m_mixerModel.memory().strip(leader, StripParameter::Source) == SourceTestSignal)
+            return false;
+    }
+    return m_mixerModel.soundingRate() == 0;
+}

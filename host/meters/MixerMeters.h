@@ -17,6 +17,8 @@ public:
 
     MeterLevels read(int channel, const std::array<int, parameterCount>& values, int sampleRate,
                      double seconds) override;
+    /// No strip shows the test signal, and nothing plays.
+    bool isResting() const override;
 
 private:
     const MixerModel& m_mixerModel;

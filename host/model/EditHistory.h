@@ -80,6 +80,8 @@ public:
     EditHistory& operator=(const EditHistory&) = delete;
 
     QUndoStack& stack() { return m_stack; }
+    /// Whether the user holds a mouse button, or has just let go of it.
+    bool isDragging() const { return m_gestures.kind() == GestureWatch::Mouse; }
     /// Removes all steps.
     void clear() { m_stack.clear(); }
 

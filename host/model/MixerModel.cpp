@@ -7,6 +7,8 @@
 #include <QClipboard>
 #include <QGuiApplication>
 
+#include <utility>
+
 MixerModel::MixerModel(HostMemory& memory)
     : m_memory(memory)
     , m_history(memory)
@@ -106,7 +108,17 @@ AudioSession* MixerModel::transport() const { return m_transport; }
 void MixerModel::setTransport(AudioSession* transport)
 {
     m_transport = transport;
+    if (transport)
+        connect(transport, &AudioSession::changed, this, &MixerModel::followRate);
+    followRate();
     Q_EMIT transportChanged();
+}
+
+void MixerModel::followRate()
+{
+    const int rate = m_transport ? m_transport->runningRate() : 0;
+    if (std::exchange(m_soundingRate, rate) != rate)
+        Q_EMIT soundingRateChanged(rate);
 }
 
 void MixerModel::changed(unsigned short, unsigned short ch, int, int) { Q_EMIT channelChanged(ch); }

@@ -61,6 +61,8 @@ public:
     /// What plays sound through the mixer; null as long as nothing does. Not owned.
     AudioSession* transport() const;
     void setTransport(AudioSession* transport);
+    /// The rate in Hz that the sound is equalized at; 0 while nothing plays.
+    int soundingRate() const { return m_soundingRate; }
 
 Q_SIGNALS:
     /// A channel's equalizer or strip has another value, whoever wrote it. The history has heard of
@@ -69,8 +71,10 @@ Q_SIGNALS:
     void nameChanged(int channel);
     /// There is another transport.
     void transportChanged();
+    void soundingRateChanged(int hertz);
 
 private:
+    void followRate();
     void changed(unsigned short parameter, unsigned short ch, int before, int after) override;
 
     HostMemory& m_memory;
@@ -78,4 +82,5 @@ private:
     ChannelCompare m_compare;
     std::array<QString, channelCount> m_names;
     QPointer<AudioSession> m_transport;
+    int m_soundingRate = 0;
 };

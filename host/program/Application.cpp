@@ -8,6 +8,7 @@
 #include "host/window/HostTheme.h"
 #include "host/window/MixerSession.h"
 #include "host/window/MixerWindow.h"
+#include "host/window/WindowPlaces.h"
 #include "hosting/OutputFile.h"
 #include "parameters/ParameterText.h"
 
@@ -15,6 +16,7 @@
 #include <QBuffer>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 
 #include <algorithm>
 #include <cerrno>
@@ -67,6 +69,20 @@ QMessageBox* showWarning(QWidget& window, const QString& sentence)
 QMessageBox* warn(QWidget& window, const Status& status)
 {
     return status.isOk() ? nullptr : showWarning(window, status.error());
+}
+
+void offerToFind(MixerWindow& window, MixerSession& session, const QString& file)
+{
+    QMessageBox* box = showWarning(
+        window, Application::tr("The session's sound file %1 is not there any more.").arg(file));
+    if (!box)
+        return;
+    const auto* find = box->addButton(Application::tr("Find It..."), QMessageBox::YesRole);
+    QObject::connect(find, &QPushButton::clicked, &session, [&window, &session] {
+        const QString found = window.askForSound();
+        if (!found.isEmpty())
+            session.openSound(found);
+    });
 }
 
 void offerToSaveAnyway(QMessageBox* box, MixerSession& session)
@@ -176,8 +192,14 @@ int Application::runWindows()
     const Status editor = opensEditor ? openEditor(mixerWindow) : Status();
     if (!editor.isOk())
         return exitCodeOf(editor);
+    if (session.isNew())
+        placeWindows(mixerWindow);
     m_mixer.mixerModel.history().clear();
     connectAudio(mixerWindow);
+    QObject::connect(&session, &MixerSession::soundMissing, &mixerWindow,
+                     [&](const QString& file) { offerToFind(mixerWindow, session, file); });
+    if (!m_commandLine.plays())
+        session.restoreSound();
     return loop(mixerWindow, session, endingSignals);
 }
 
@@ -206,6 +228,12 @@ void Application::chooseChannel()
         m_mixer.memory.setStrip(editor.channel & ~1, StripParameter::Stereo, 0);
     editor.stereo = m_mixer.mixerModel.isPair(editor.channel);
     editor.channel = m_mixer.mixerModel.leaderOf(editor.channel);
+}
+
+void Application::placeWindows(MixerWindow& mixerWindow)
+{
+    for (EditorWindow* editor : mixerWindow.editors())
+        placeSideBySide(mixerWindow, *editor, mixerWindow.screen()->availableGeometry());
 }
 
 Status Application::openEditor(MixerWindow& mixerWindow)
@@ -242,9 +270,6 @@ void Application::connectAudio(MixerWindow& mixerWindow)
     QObject::connect(&m_audio, &AudioSession::failed, &mixerWindow,
                      [&mixerWindow](const QString& text) { showWarning(mixerWindow, text); });
     QObject::connect(&m_audio, &AudioSession::starting, &m_publisher, &SettingsPublisher::publish);
-    QObject::connect(&m_audio, &AudioSession::fileOpened, &mixerWindow, [this, &mixerWindow] {
-        m_mixer.mixerModel.feed(mixerWindow.selectedChannel(), false);
-    });
     m_mixer.mixerModel.setTransport(&m_audio);
     m_mixer.meters.setProducer(std::make_unique<MixerMeters>(m_mixer.mixerModel, m_bus.engine()));
     if (!m_commandLine.plays())
@@ -255,7 +280,8 @@ void Application::connectAudio(MixerWindow& mixerWindow)
 
 QString Application::sessionFile() const
 {
-    return m_commandLine.session.isEmpty() ? SessionFile::standardFile() : m_commandLine.session;
+    return m_commandLine.session.isEmpty() ? MixerSession::lastFile(m_mixer.settings)
+                                           : m_commandLine.session;
 }
 
 // A run without windows ends before the timer's first tick: its picture shows one second later.

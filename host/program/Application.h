@@ -47,6 +47,7 @@ private:
     void connectAudio(MixerWindow& mixerWindow);
     void chooseChannel();
     Status openEditor(MixerWindow& mixerWindow);
+    static void placeWindows(MixerWindow& mixerWindow);
     QString sessionFile() const;
     void playMeters();
     Status applyArguments(EditorSession& session);

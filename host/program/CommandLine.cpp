@@ -3,5 +3,6 @@
 
 bool CommandLine::headless() const
 {
-    return help || list || devices || renders() || !saveState.isEmpty() || !screenshot.isEmpty();
+    return help || version || list || devices || renders() || !saveState.isEmpty() ||
+           !screenshot.isEmpty();
 }

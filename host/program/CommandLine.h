@@ -31,6 +31,7 @@ public:
         QString input; ///< empty: nothing to render
         QString output;
         bool forceFloat = false; ///< "--float"
+        bool overwrite = false;  ///< "--overwrite"
     };
 
     /// "--audio" and "--live": sound while the windows are open.
@@ -46,6 +47,7 @@ public:
     std::vector<Setting> settings;
     bool list = false;
     bool help = false;
+    bool version = false;
     Language language = Language::English;
     std::optional<bool> meters; ///< empty: shown in windows only
     QString session;            ///< file to restore and keep; empty: the standard one in windows

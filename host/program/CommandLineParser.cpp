@@ -8,22 +8,33 @@
 #include <QTextBoundaryFinder>
 
 #include <algorithm>
+#include <string_view>
 
 namespace {
 
 constexpr int helpColumn = 25;
 constexpr int helpWidth = 90;
+constexpr QLatin1String renderName("render");
+constexpr std::string_view audioName = "audio";
 
 Status first(Status earlier, const Status& later) { return earlier.isOk() ? later : earlier; }
 
 QString dashed(const char* option) { return QLatin1String("--") + QLatin1String(option); }
 
+QStringList namesOf(const Option& option)
+{
+    QStringList names(QLatin1String(option.name));
+    if (*option.letter)
+        names << QLatin1String(option.letter);
+    return names;
+}
+
 void addOptions(QCommandLineParser* parser)
 {
     for (const OptionGroup& group : optionGroups()) {
         for (const Option& option : group.options)
-            parser->addOption(QCommandLineOption(QLatin1String(option.name), QString(),
-                                                 QLatin1String(option.argument)));
+            parser->addOption(
+                QCommandLineOption(namesOf(option), QString(), QLatin1String(option.argument)));
     }
 }
 
@@ -40,9 +51,16 @@ Status apply(const QCommandLineParser& parser, const Option& option, CommandLine
     return status;
 }
 
+// A file alone is one to play.
+bool isGiven(const QCommandLineParser& parser, const char* name)
+{
+    const bool hasFile = !parser.positionalArguments().isEmpty() && !parser.isSet(renderName);
+    return parser.isSet(QLatin1String(name)) || (hasFile && name == audioName);
+}
+
 Status checkCombination(const QCommandLineParser& parser, const Option& option)
 {
-    const auto isSet = [&parser](const char* name) { return parser.isSet(QLatin1String(name)); };
+    const auto isSet = [&parser](const char* name) { return isGiven(parser, name); };
     const auto excluded = std::find_if(option.excludes.begin(), option.excludes.end(), isSet);
     if (excluded != option.excludes.end())
         return Error{CommandLine::tr("%1 cannot be combined with %2.")
@@ -79,10 +97,13 @@ Status checkRender(const CommandLine& line, bool channelGiven)
 Status readFurther(const QCommandLineParser& parser, CommandLine* line)
 {
     QStringList further = parser.positionalArguments();
-    if (line->renders() && !further.isEmpty())
-        line->render.output = further.takeFirst();
+    QString* file = line->renders() ? &line->render.output : &line->audio.file;
+    if (!further.isEmpty() && file->isEmpty())
+        *file = further.takeFirst();
     if (!further.isEmpty())
-        return Error{CommandLine::tr("Unknown option \"%1\".").arg(further.constFirst())};
+        return Error{CommandLine::tr("One file too many: \"%1\". One sound file can be played, and "
+                                     "--render takes two.")
+                         .arg(further.constFirst())};
     return line->renders() ? checkRender(*line, parser.isSet(QStringLiteral("channel"))) : Status();
 }
 
@@ -92,9 +113,10 @@ Status readOptions(const QCommandLineParser& parser, CommandLine* line)
     Status combinations;
     for (const OptionGroup& group : optionGroups()) {
         for (const Option& option : group.options) {
-            if (!parser.isSet(QLatin1String(option.name)))
+            if (!isGiven(parser, option.name))
                 continue;
-            values = first(values, apply(parser, option, line));
+            if (parser.isSet(QLatin1String(option.name)))
+                values = first(values, apply(parser, option, line));
             combinations = first(combinations, checkCombination(parser, option));
         }
     }
@@ -196,7 +218,7 @@ Language CommandLineParser::languageIn(const QStringList& arguments)
 
 QString CommandLineParser::helpText()
 {
-    QString text = CommandLine::tr("Usage: zolta-host [options]\n"
+    QString text = CommandLine::tr("Usage: zolta-host [options] [SOUND]\n"
                                    "A mixer with 8 channels that opens the channel equalizer's "
                                    "editor.\n");
     for (const OptionGroup& group : optionGroups()) {

@@ -112,6 +112,12 @@ Status setHelp(const Option&, const QString&, CommandLine* line)
     return Status();
 }
 
+Status setVersion(const Option&, const QString&, CommandLine* line)
+{
+    line->version = true;
+    return Status();
+}
+
 Status setList(const Option&, const QString&, CommandLine* line)
 {
     line->list = true;
@@ -143,6 +149,12 @@ Status setRender(const Option& o, const QString& value, CommandLine* line)
 Status setFloat(const Option&, const QString&, CommandLine* line)
 {
     line->render.forceFloat = true;
+    return Status();
+}
+
+Status setOverwrite(const Option&, const QString&, CommandLine* line)
+{
+    line->render.overwrite = true;
     return Status();
 }
 
@@ -187,10 +199,9 @@ OptionGroup generalOptions()
           QT_TRANSLATE_NOOP("CommandLine", "English, German or Japanese (default: en)"),
           setLanguage},
          {"meters", "on|off",
-          QT_TRANSLATE_NOOP("CommandLine", "whether a built-in signal runs through the equalizer "
-                                           "and moves the meters (default: on in windows, "
-                                           "otherwise off; a picture then shows them after one "
-                                           "second)"),
+          QT_TRANSLATE_NOOP("CommandLine", "whether the meters move (default: on in windows, "
+                                           "where they show each strip's source; otherwise off; "
+                                           "on, a picture shows a test signal after one second)"),
           setMeters},
          {"audio",
           "SOUND",
@@ -229,21 +240,30 @@ OptionGroup generalOptions()
 
 OptionGroup editorCommands()
 {
-    return {QT_TRANSLATE_NOOP("CommandLine",
-                              "These are carried out in this order, without a window; then "
-                              "the program ends:"),
-            {{"help", "", QT_TRANSLATE_NOOP("CommandLine", "show this help"), setHelp},
-             {"list", "",
-              QT_TRANSLATE_NOOP("CommandLine", "print the channel's parameters: name, id, minimum, "
-                                               "maximum, default, raw value and text, separated by "
-                                               "tabs"),
-              setList},
-             {"save-state", "FILE",
-              QT_TRANSLATE_NOOP("CommandLine", "write the channel's settings, as a preset if FILE "
-                                               "ends in .vstpreset"),
-              setSaveState},
-             {"screenshot", "FILE.png",
-              QT_TRANSLATE_NOOP("CommandLine", "write a picture of the editor"), setScreenshot}}};
+    return {
+        QT_TRANSLATE_NOOP("CommandLine",
+                          "These are carried out in this order, without a window; then "
+                          "the program ends:"),
+        {{"help",
+          "",
+          QT_TRANSLATE_NOOP("CommandLine", "show this help (also -h)"),
+          setHelp,
+          {},
+          {},
+          false,
+          "h"},
+         {"version", "", QT_TRANSLATE_NOOP("CommandLine", "say which version this is"), setVersion},
+         {"list", "",
+          QT_TRANSLATE_NOOP("CommandLine", "print the channel's parameters: name, id, minimum, "
+                                           "maximum, default, raw value and text, separated by "
+                                           "tabs"),
+          setList},
+         {"save-state", "FILE",
+          QT_TRANSLATE_NOOP("CommandLine", "write the channel's settings, as a preset if FILE "
+                                           "ends in .vstpreset"),
+          setSaveState},
+         {"screenshot", "FILE.png",
+          QT_TRANSLATE_NOOP("CommandLine", "write a picture of the editor"), setScreenshot}}};
 }
 
 OptionGroup soundCommands()
@@ -268,6 +288,13 @@ OptionGroup soundCommands()
           QT_TRANSLATE_NOOP("CommandLine", "write 32-bit floats into a .wav file, whatever the "
                                            "format of IN"),
           setFloat,
+          {},
+          {"render"}},
+         {"overwrite",
+          "",
+          QT_TRANSLATE_NOOP("CommandLine", "replace OUT without asking; otherwise a terminal asks, "
+                                           "and anything else refuses"),
+          setOverwrite,
           {},
           {"render"}}}};
 }

@@ -20,6 +20,7 @@ struct Option
     std::vector<const char*> excludes = {}; ///< options that it cannot be combined with
     std::vector<const char*> needs = {};    ///< it is used with one of these only; empty: always
     bool repeatable = false;                ///< every value counts, not only the last one
+    const char* letter = "";                ///< another name, with one dash
 };
 
 struct OptionGroup

@@ -10,6 +10,14 @@
 #include "host/program/EndingSignals.h"
 #include "host/program/ProgressBar.h"
 
+#include <QFileInfo>
+
+#include <array>
+#include <cctype>
+#include <cstdio>
+
+#include <unistd.h>
+
 namespace {
 
 void warnAbout(const AudioReader::Damage& damage, const QString& file)
@@ -51,6 +59,39 @@ Result<AudioRenderer::Job> readJob(const CommandLine& commandLine)
     return job;
 }
 
+bool saysYes(const QString& question)
+{
+    std::fprintf(stderr, "%s ", question.toLocal8Bit().constData());
+    std::fflush(stderr);
+    std::array<char, 8> answer{};
+    if (!std::fgets(answer.data(), answer.size(), stdin))
+        return false;
+    const int letter = std::tolower(static_cast<unsigned char>(answer[0]));
+    return letter == 'y' || letter == 'j'; // ja
+}
+
+// What else keeps a file from being written is the renderer's to say.
+Status checkOutput(const AudioRenderer::Job& job, bool overwrite)
+{
+    const QFileInfo output(job.output);
+    if (overwrite || !output.isFile() || output == QFileInfo(job.input))
+        return Status();
+    const bool answers = ::isatty(STDIN_FILENO) && ::isatty(STDERR_FILENO);
+    if (answers &&
+        saysYes(CommandLine::tr("The file %1 exists. Replace it? [y/N]").arg(job.output)))
+        return Status();
+    return Error{CommandLine::tr("The file %1 exists and is left as it is. Choose another name, or "
+                                 "use --overwrite to replace it.")
+                     .arg(job.output)};
+}
+
+// Where nobody listens the file is there all the same.
+void sayWhatWasWritten(const AudioRenderer& renderer)
+{
+    std::fprintf(stdout, "%s\n", renderer.report().toLocal8Bit().constData());
+    std::fflush(stdout);
+}
+
 Status render(const AudioRenderer::Job& job)
 {
     const EndingSignals signalsNoted;
@@ -65,8 +106,10 @@ Status render(const AudioRenderer::Job& job)
     warnAbout(renderer.damage(), job.input);
     if (!rendered.isOk())
         return rendered;
-    if (!renderer.wasEnded())
-        warnAboutClipping(renderer.clipped(), job.output);
+    if (renderer.wasEnded())
+        return Status();
+    warnAboutClipping(renderer.clipped(), job.output);
+    sayWhatWasWritten(renderer);
     return Status();
 }
 
@@ -75,7 +118,11 @@ Status render(const AudioRenderer::Job& job)
 int renderCommand(const CommandLine& commandLine)
 {
     const Result<AudioRenderer::Job> job = readJob(commandLine);
-    const Status rendered = job.isOk() ? render(job.value()) : job.status();
+    Status rendered = job.status();
+    if (rendered.isOk())
+        rendered = checkOutput(job.value(), commandLine.render.overwrite);
+    if (rendered.isOk())
+        rendered = render(job.value());
     if (EndingSignals::hasArrived())
         EndingSignals::endProgram();
     return exitCodeOf(rendered);

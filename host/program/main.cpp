@@ -78,6 +78,8 @@ int runCommand(const CommandLine& commandLine, int* argc, char* argv[])
     const TranslatedApplication application(commandLine.language, argc, argv);
     if (commandLine.help)
         return printed(CommandLineParser::helpText().toUtf8());
+    if (commandLine.version)
+        return printed("zolta-host " ZOLTA_VERSION "\n");
     return commandLine.devices ? devicesCommand() : renderCommand(commandLine);
 }
 
@@ -108,7 +110,8 @@ int main(int argc, char* argv[])
     if (!parsed.isOk())
         return argumentError(arguments.value(), &applicationArgc, argv);
     const CommandLine& commandLine = parsed.value();
-    const bool alone = commandLine.help || commandLine.devices || commandLine.renders();
+    const bool alone =
+        commandLine.help || commandLine.version || commandLine.devices || commandLine.renders();
     return alone ? runCommand(commandLine, &applicationArgc, argv)
                  : runEditor(commandLine, &applicationArgc, argv);
 }

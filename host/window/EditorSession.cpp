@@ -3,6 +3,7 @@
 
 #include "equalizer/EqualizerParameters.h"
 #include "host/window/Mixer.h"
+#include "host/window/WheelSpeed.h"
 #include "hosting/StateFile.h"
 #include "interfaces/IVaskEffectEditor2.h"
 
@@ -11,6 +12,34 @@
 #include <public.sdk/source/common/memorystream.h>
 
 using Steinberg::MemoryStream;
+
+namespace {
+
+const QString rangeName = QStringLiteral("GraphZoom"); // in editors' settings maps
+const QString dialModeName = QStringLiteral("dialMode");
+const QString sliderModeName = QStringLiteral("sliderMode");
+constexpr int lastDialMode = 2;
+constexpr int lastSliderMode = 3;
+
+int modeIn(const SettingsFile& file, const QString& name, int otherwise, int last)
+{
+    const int mode = file.preference(name, otherwise).toInt();
+    return mode >= 0 && mode <= last ? mode : otherwise;
+}
+
+} // namespace
+
+void EditorSettings::takeModes(const SettingsFile& file)
+{
+    dialMode = modeIn(file, dialModeName, dialMode, lastDialMode);
+    sliderMode = modeIn(file, sliderModeName, sliderMode, lastSliderMode);
+}
+
+void EditorSettings::keepModes(SettingsFile* file) const
+{
+    file->setPreference(dialModeName, dialMode);
+    file->setPreference(sliderModeName, sliderMode);
+}
 
 std::unique_ptr<EditorSession> EditorSession::open(Mixer& mixer, const EditorSettings& settings,
                                                    QWidget* stage)
@@ -38,6 +67,7 @@ EditorSession::EditorSession(Mixer& mixer, const EditorSettings& settings, QWidg
     setSliderMode(settings.sliderMode);
     setScale(settings.scale);
     restoreMap();
+    new WheelSpeed(m_editor);
 }
 
 EditorSession::~EditorSession()
@@ -80,6 +110,21 @@ void EditorSession::setSliderMode(int mode)
 {
     m_settings.sliderMode = mode;
     m_editor->setSliderEditMode(mode);
+}
+
+int EditorSession::graphRange() const
+{
+    bool understood = false;
+    const int number = m_editor->getEditorSettings().value(rangeName).toInt(&understood);
+    const bool known = understood && number >= 0 && number < int(graphRanges.size());
+    return known ? number : defaultGraphRange;
+}
+
+void EditorSession::setGraphRange(int number)
+{
+    SettingsFile::Map map = m_editor->getEditorSettings();
+    map[rangeName] = number;
+    m_editor->setEditorSettings(map);
 }
 
 Status EditorSession::loadState(const QString& file)

@@ -8,9 +8,11 @@
 #include <QPointer>
 #include <QString>
 
+#include <array>
 #include <memory>
 
 class IVaskEffectEditor2;
+class SettingsFile;
 struct Mixer;
 class QWidget;
 
@@ -21,8 +23,12 @@ struct EditorSettings
     bool stereo = true;     ///< shows the pair that the channel belongs to
     double scale = 1.0;     ///< zoom, 0.5 to 4
     int sampleRate = 48000; ///< Hz
-    int dialMode = 0;       ///< how knobs are dragged: 0 circular, 1 relative circular, 2 linear
+    int dialMode = 2;       ///< how knobs are dragged: 0 circular, 1 relative circular, 2 linear
     int sliderMode = 0;     ///< how faders are dragged: 0 relative, 1 jump, 2 touch, 3 ramp
+
+    /// Takes the modes that the user chose last, and keeps them for the next editor.
+    void takeModes(const SettingsFile& file);
+    void keepModes(SettingsFile* file) const;
 };
 
 /// One open editor on a channel: attached to the host's services, driven, detached, deleted.
@@ -35,6 +41,10 @@ class EditorSession
     Q_DECLARE_TR_FUNCTIONS(EditorSession)
 
 public:
+    /// What graphs show, in dB up and down, by the number that editors know it by.
+    static constexpr std::array graphRanges = {40, 20, 16, 12, 8, 4, 2};
+    static constexpr int defaultGraphRange = 3;
+
     /// Null if the plug-in makes no editor for the channel.
     static std::unique_ptr<EditorSession> open(Mixer& mixer, const EditorSettings& settings,
                                                QWidget* stage);
@@ -48,6 +58,9 @@ public:
     void setSampleRate(int hertz);
     void setDialMode(int mode);
     void setSliderMode(int mode);
+    /// The range of the graph, by its index in graphRanges.
+    int graphRange() const;
+    void setGraphRange(int number);
 
     /// Loads the channel's settings from \a file through the editor's component, as one step of
     /// the mixer's history; changes nothing if the file is not sound.

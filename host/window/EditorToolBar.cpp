@@ -53,6 +53,14 @@ void EditorToolBar::setScale(double scale) { m_zoom->setValue(percentOf(scale));
 
 void EditorToolBar::zoomBy(int steps) { m_zoom->stepBy(steps); }
 
+void EditorToolBar::followRate(int hertz)
+{
+    m_rates->setEnabled(hertz == 0);
+    if (hertz > 0)
+        chooseRate(hertz);
+    m_texts.retranslate();
+}
+
 void EditorToolBar::changeEvent(QEvent* event)
 {
     QToolBar::changeEvent(event);
@@ -120,19 +128,29 @@ void EditorToolBar::addStereo()
 
 void EditorToolBar::addSampleRate()
 {
-    auto* rates = new QComboBox(this);
+    m_rates = new QComboBox(this);
     for (const int rate : {44100, 48000, 88200, 96000, 176400, 192000})
-        rates->addItem(QStringLiteral("%1 Hz").arg(rate), rate);
-    const int current = m_session.settings().sampleRate;
-    if (rates->findData(current) < 0)
-        rates->addItem(QStringLiteral("%1 Hz").arg(current), current);
-    rates->setCurrentIndex(rates->findData(current));
-    connect(rates, &QComboBox::currentIndexChanged, this, [this, rates] {
-        m_session.setSampleRate(rates->currentData().toInt());
+        m_rates->addItem(QStringLiteral("%1 Hz").arg(rate), rate);
+    chooseRate(m_session.settings().sampleRate);
+    connect(m_rates, &QComboBox::currentIndexChanged, this, [this] {
+        m_session.setSampleRate(m_rates->currentData().toInt());
         Q_EMIT sampleRateChanged(m_session.settings().sampleRate);
     });
+    m_texts.add([this] {
+        m_rates->setToolTip(m_rates->isEnabled() ? tr("The rate that the curve is drawn for")
+                                                 : tr("The curve is drawn for the rate that the "
+                                                      "sound device runs at. It can be chosen "
+                                                      "while nothing plays."));
+    });
     addWidget(m_texts.label(this, [] { return tr("Sampling rate"); }));
-    addWidget(rates);
+    addWidget(m_rates);
+}
+
+void EditorToolBar::chooseRate(int hertz)
+{
+    if (m_rates->findData(hertz) < 0)
+        m_rates->addItem(QStringLiteral("%1 Hz").arg(hertz), hertz);
+    m_rates->setCurrentIndex(m_rates->findData(hertz));
 }
 
 void EditorToolBar::addModes()
@@ -141,14 +159,18 @@ void EditorToolBar::addModes()
         return QStringList{tr("Circular"), tr("Relative circular"), tr("Linear")};
     });
     dials->setCurrentIndex(m_session.settings().dialMode);
-    connect(dials, &QComboBox::currentIndexChanged, this,
-            [this](int mode) { m_session.setDialMode(mode); });
+    connect(dials, &QComboBox::currentIndexChanged, this, [this](int mode) {
+        m_session.setDialMode(mode);
+        Q_EMIT modesChanged();
+    });
     auto* sliders = m_texts.choice(this, [] {
         return QStringList{tr("Relative"), tr("Jump"), tr("Touch"), tr("Ramp")};
     });
     sliders->setCurrentIndex(m_session.settings().sliderMode);
-    connect(sliders, &QComboBox::currentIndexChanged, this,
-            [this](int mode) { m_session.setSliderMode(mode); });
+    connect(sliders, &QComboBox::currentIndexChanged, this, [this](int mode) {
+        m_session.setSliderMode(mode);
+        Q_EMIT modesChanged();
+    });
     addWidget(m_texts.label(this, [] { return tr("Dials"); }));
     addWidget(dials);
     addWidget(m_texts.label(this, [] { return tr("Sliders"); }));

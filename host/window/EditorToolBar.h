@@ -22,6 +22,9 @@ public:
     void setStereo(bool stereo);
     void setScale(double scale);
     void zoomBy(int steps);
+    /// Holds the sampling rate at that of the sound, which cannot be chosen then; with 0 it stays
+    /// where it is and can be.
+    void followRate(int hertz);
 
 Q_SIGNALS:
     /// The editor has been switched between the pair and the channel alone.
@@ -29,6 +32,8 @@ Q_SIGNALS:
     /// The user did so.
     void stereoChosen(bool stereo);
     void sampleRateChanged(int hertz);
+    /// As EditorSettings numbers them.
+    void modesChanged();
     /// The editor has its new size.
     void scaleChanged();
 
@@ -42,6 +47,7 @@ private:
     void addZoom();
     void addStereo();
     void addSampleRate();
+    void chooseRate(int hertz);
     void addModes();
     void styleExtension();
 
@@ -50,6 +56,7 @@ private:
     Retranslator m_texts;
     QSpinBox* m_zoom = nullptr;
     QComboBox* m_stereo = nullptr;
+    QComboBox* m_rates = nullptr;
     QAction* m_chooseA = nullptr;
     QAction* m_chooseB = nullptr;
 };

@@ -4,18 +4,22 @@
 #include "host/audio/AudioSession.h"
 #include "host/window/EditMenu.h"
 #include "host/window/EditorToolBar.h"
+#include "host/window/FileDialogs.h"
+#include "host/window/FileDrop.h"
+#include "host/window/GraphRange.h"
+#include "host/window/HelpMenu.h"
 #include "host/window/LanguageMenu.h"
 #include "host/window/MessageDialog.h"
 #include "host/window/Mixer.h"
 #include "host/window/ParameterListView.h"
 #include "host/window/PresetMenu.h"
 #include "host/window/ResponseView.h"
+#include "host/window/TransportMenu.h"
 #include "host/window/WindowPanels.h"
 #include "parameters/FactoryPresets.h"
 
 #include <QCoreApplication>
 #include <QDockWidget>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
 #include <QMenu>
@@ -29,6 +33,8 @@ namespace {
 
 constexpr int barsHeight = 100; // menu, tool and status bar
 constexpr int messageTime = 8000;
+
+const QString stateKind = QStringLiteral("state");
 
 QString stateFilter()
 {
@@ -49,9 +55,10 @@ EditorWindow::EditorWindow(Mixer& mixer, std::unique_ptr<QWidget> stage,
     buildToolBar();
     buildMenus();
     buildStatus();
-    chooseSize();
+    fitTo(settings().scale, screen()->availableSize());
     m_texts.add([this] { showTitle(); });
     connect(&mixer.mixerModel, &MixerModel::nameChanged, this, &EditorWindow::showTitle);
+    connect(new FileDrop(this), &FileDrop::dropped, this, &EditorWindow::fileDropped);
 }
 
 EditorWindow::~EditorWindow() = default;
@@ -59,6 +66,13 @@ EditorWindow::~EditorWindow() = default;
 void EditorWindow::setStereo(bool stereo) { m_bar->setStereo(stereo); }
 
 void EditorWindow::setScale(double scale) { m_bar->setScale(scale); }
+
+void EditorWindow::fitTo(double scale, const QSize& room)
+{
+    setScale(scale);
+    resize((m_stage->size() + QSize(0, barsHeight)).boundedTo(room));
+    m_zoomRoom = {0, 0};
+}
 
 void EditorWindow::setMeasured(bool measured) { m_panels->setShown(m_measured, measured); }
 
@@ -98,7 +112,10 @@ void EditorWindow::buildMenus()
     buildFileMenu(m_texts.menu(menuBar(), [] { return tr("&File"); }));
     buildEditMenu(m_texts.menu(menuBar(), [] { return tr("&Edit"); }));
     buildPresetMenu(m_texts.menu(menuBar(), [] { return tr("&Presets"); }));
+    fillTransportMenu(m_texts.menu(menuBar(), [] { return tr("&Transport"); }), m_mixer.mixerModel,
+                      m_texts);
     buildViewMenu(m_texts.menu(menuBar(), [] { return tr("&View"); }));
+    fillHelpMenu(m_texts.menu(menuBar(), [] { return tr("&Help"); }), m_texts);
 }
 
 void EditorWindow::buildFileMenu(QMenu* menu)
@@ -167,6 +184,8 @@ void EditorWindow::buildViewMenu(QMenu* menu)
         m_measured);
     addPanelItem(
         menu, [] { return tr("&Parameters"); }, QKeySequence(Qt::CTRL | Qt::Key_L), m_parameters);
+    m_range = new GraphRange(m_mixer, *m_session, this);
+    m_range->fill(m_texts.menu(menu, [] { return tr("&Graph Range"); }), m_texts);
     addLanguageMenu(menu, m_mixer.language, m_texts);
     m_texts.action(
         menu, [] { return tr("&Mixer"); }, QKeySequence(Qt::CTRL | Qt::Key_M), this,
@@ -190,7 +209,12 @@ void EditorWindow::buildToolBar()
     connect(m_bar, &EditorToolBar::stereoChosen, this, &EditorWindow::stereoChosen);
     connect(m_bar, &EditorToolBar::scaleChanged, this, &EditorWindow::followZoom);
     connect(m_bar, &EditorToolBar::sampleRateChanged, m_response, &ResponseView::setSampleRate);
+    connect(m_bar, &EditorToolBar::modesChanged, this,
+            [this] { settings().keepModes(&m_mixer.settings); });
     addToolBar(m_bar);
+    const MixerModel& mixerModel = m_mixer.mixerModel;
+    connect(&mixerModel, &MixerModel::soundingRateChanged, m_bar, &EditorToolBar::followRate);
+    m_bar->followRate(mixerModel.soundingRate());
 }
 
 void EditorWindow::buildStatus()
@@ -278,19 +302,7 @@ void EditorWindow::showEvent(QShowEvent* event)
     QMainWindow::showEvent(event);
     if (event->spontaneous())
         return;
-    if (!m_parameters->isHidden())
-        m_panels->fit(m_parameters);
     m_session->takeFocus();
-}
-
-// Where the screen is too narrow for both, the editor comes alone.
-void EditorWindow::chooseSize()
-{
-    const QSize room = screen()->availableSize();
-    const int height = qMax(m_stage->height(), m_parameters->sizeHint().height()) + barsHeight;
-    resize(QSize(m_stage->width(), height).boundedTo(room));
-    m_panels->setShown(m_parameters,
-                       m_stage->width() + m_panels->smallestExtent(m_parameters) <= room.width());
 }
 
 void EditorWindow::showTitle()
@@ -306,8 +318,9 @@ void EditorWindow::showTitle()
 void EditorWindow::openStateFile()
 {
     const QString file =
-        QFileDialog::getOpenFileName(this, tr("Load State"), QString(),
-                                     tr("States and presets (*.state *.vstpreset);;All files (*)"));
+        FileDialogs::open(this, m_mixer.settings,
+                          {stateKind, tr("Load State"),
+                           tr("States and presets (*.state *.vstpreset);;All files (*)")});
     if (!file.isEmpty())
         report(m_session->loadState(file).error(), tr("Loaded %1.").arg(file));
 }
@@ -315,8 +328,8 @@ void EditorWindow::openStateFile()
 void EditorWindow::saveStateFile()
 {
     QString filter;
-    QString file =
-        QFileDialog::getSaveFileName(this, tr("Save State"), QString(), stateFilter(), &filter);
+    QString file = FileDialogs::save(this, m_mixer.settings,
+                                     {stateKind, tr("Save State"), stateFilter()}, &filter);
     if (file.isEmpty())
         return;
     if (QFileInfo(file).suffix().isEmpty())

@@ -10,6 +10,7 @@
 
 struct Mixer;
 class EditorToolBar;
+class GraphRange;
 class PresetMenu;
 class QAction;
 class QDockWidget;
@@ -37,6 +38,8 @@ public:
     const EditorSettings& settings() const { return m_session->settings(); }
     void setStereo(bool stereo);
     void setScale(double scale);
+    /// Gives the editor a zoom, and the window the size that shows all of it, within \a room.
+    void fitTo(double scale, const QSize& room);
     /// Shows, below the editor, the response as an impulse measures it.
     void setMeasured(bool measured);
 
@@ -55,6 +58,8 @@ Q_SIGNALS:
     void quitWanted();
     /// The user switched between the pair and the channel alone.
     void stereoChosen(bool stereo);
+    /// The user dropped a file on the window.
+    void fileDropped(const QString& file);
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -75,7 +80,6 @@ private:
     void buildEditorArea(std::unique_ptr<QWidget> stage);
     void buildPanels();
     void followZoom();
-    void chooseSize();
     void showTitle();
     void openStateFile();
     void saveStateFile();
@@ -93,6 +97,7 @@ private:
     ResponseView* m_response = nullptr;
     EditorToolBar* m_bar = nullptr;
     PresetMenu* m_presets = nullptr;
+    GraphRange* m_range = nullptr;
     QLabel* m_audio = nullptr;
     QSize m_zoomRoom{0, 0}; // what the window has grown by for the editor's zoom
 };

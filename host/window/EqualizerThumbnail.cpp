@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr double sampleRate = 48000.0;
+constexpr int silentRate = 48000;
 constexpr double largestGain = BandDesign::MaximumGain;
 
 // 0 dB, and the decades.
@@ -35,11 +35,11 @@ EqualizerThumbnail::EqualizerThumbnail(MixerModel& mixerModel, int channel, QWid
     , m_channel(channel)
 {
     setCursor(Qt::PointingHandCursor);
-    m_bands.setSampleRate(sampleRate);
     connect(&mixerModel, &MixerModel::channelChanged, this, [this](int changed) {
         if (changed == m_channel)
             update();
     });
+    connect(&mixerModel, &MixerModel::soundingRateChanged, this, qOverload<>(&QWidget::update));
 }
 
 void EqualizerThumbnail::mousePressEvent(QMouseEvent* event)
@@ -56,6 +56,8 @@ void EqualizerThumbnail::mouseReleaseEvent(QMouseEvent* event)
 
 void EqualizerThumbnail::paintEvent(QPaintEvent*)
 {
+    const int rate = m_mixerModel.soundingRate();
+    m_bands.setSampleRate(rate > 0 ? rate : silentRate);
     setBands(m_bands, m_mixerModel.memory().values(m_channel));
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -75,7 +77,7 @@ QPolygonF EqualizerThumbnail::curve(const QRectF& plot) const
     for (double x = 0.0; x <= plot.width(); x += 1.0) {
         const double frequency = BandDesign::frequency(static_cast<float>(x / plot.width()));
         const double level =
-            std::clamp(response.levels(frequency, sampleRate).total, -farthest, farthest);
+            std::clamp(response.levels(frequency, m_bands.sampleRate()).total, -farthest, farthest);
         points << QPointF(plot.left() + x,
                           plot.center().y() - level / largestGain * plot.height() / 2);
     }

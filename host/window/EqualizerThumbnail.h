@@ -10,7 +10,8 @@
 class MixerModel;
 
 /// A small picture of a channel's equalizer curve from 20 Hz to 20 kHz, -20 to +20 dB, behind
-/// glass. It is what the filters answer at 48 kHz. Dim while the equalizer is off.
+/// glass. It is what the filters answer at the rate of the sound, at 48 kHz while nothing plays.
+/// Dim while the equalizer is off.
 class EqualizerThumbnail : public QWidget
 {
     Q_OBJECT

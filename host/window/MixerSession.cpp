@@ -1,16 +1,24 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/window/MixerSession.h"
 
+#include "host/audio/AudioSession.h"
 #include "host/window/EditorWindow.h"
 #include "host/window/Mixer.h"
 #include "host/window/MixerWindow.h"
 
 #include <QEvent>
+#include <QFileInfo>
 #include <QGuiApplication>
 
 #include <algorithm>
 #include <array>
 #include <utility>
+
+namespace {
+
+const QString lastFileName = QStringLiteral("lastSession");
+
+} // namespace
 
 MixerSession::MixerSession(Mixer& mixer, Reporter reporter, int saveDelay)
     : m_mixer(mixer)
@@ -24,7 +32,7 @@ MixerSession::MixerSession(Mixer& mixer, Reporter reporter, int saveDelay)
 
 Status MixerSession::open(const QString& file)
 {
-    const Status opened = m_file.open(file, &m_data);
+    const Status opened = m_file->open(file, &m_data);
     restore();
     return opened;
 }
@@ -47,10 +55,18 @@ bool MixerSession::restoreWindows(MixerWindow& window)
             &MixerSession::saveLater);
     connect(&m_mixer.mixerModel, &MixerModel::channelChanged, this, &MixerSession::saveLater);
     qGuiApp->installEventFilter(this);
-    window.restoreGeometry(m_data.mixerGeometry);
+    connectMenu();
+    return showWindows();
+}
+
+bool MixerSession::showWindows()
+{
+    const bool hasName = m_file->file() != SessionFile::standardFile();
+    m_window->setSessionName(hasName ? QFileInfo(m_file->file()).completeBaseName() : QString());
+    m_window->restoreGeometry(m_data.mixerGeometry);
     bool opened = false;
     for (const SessionData::Editor& editor : m_data.editors) {
-        EditorWindow* shown = window.openEditor(editor.channel, editor.stereo);
+        EditorWindow* shown = m_window->openEditor(editor.channel, editor.stereo);
         if (!shown)
             continue;
         shown->setScale(editor.scale);
@@ -60,6 +76,101 @@ bool MixerSession::restoreWindows(MixerWindow& window)
         opened = true;
     }
     return opened;
+}
+
+void MixerSession::connectMenu()
+{
+    const auto act = [this](Status (MixerSession::*action)(const QString&)) {
+        return [this, action](const QString& file) {
+            const Status done = (this->*action)(file);
+            if (!done.isOk() && m_reporter)
+                m_reporter(done.error());
+        };
+    };
+    connect(m_window, &MixerWindow::openSessionWanted, this, act(&MixerSession::change));
+    connect(m_window, &MixerWindow::newSessionWanted, this, act(&MixerSession::begin));
+    connect(m_window, &MixerWindow::saveSessionWanted, this, act(&MixerSession::saveAs));
+}
+
+// A damaged file stays what it is: nobody said that it should become a session.
+Status MixerSession::change(const QString& file)
+{
+    const Status saved = write();
+    if (!saved.isOk() || QFileInfo(file) == QFileInfo(m_file->file()))
+        return saved;
+    const Status sound = SessionFile::read(file).status();
+    if (!sound.isOk())
+        return sound;
+    SessionData data;
+    auto next = std::make_unique<SessionFile>();
+    const Status opened = next->open(file, &data);
+    if (!opened.isOk())
+        return opened;
+    m_file = std::move(next);
+    m_data = data;
+    return moved();
+}
+
+Status MixerSession::begin(const QString& file)
+{
+    const Status saved = write();
+    const Status taken = saved.isOk() ? m_file->moveTo(file) : saved;
+    if (!taken.isOk())
+        return taken;
+    m_data = SessionData();
+    m_data.mixerGeometry = m_window->saveGeometry();
+    return moved();
+}
+
+Status MixerSession::saveAs(const QString& file)
+{
+    const Status taken = m_file->moveTo(file);
+    if (!taken.isOk())
+        return taken;
+    m_mixer.settings.setPreference(lastFileName, QFileInfo(file).absoluteFilePath());
+    m_window->setSessionName(QFileInfo(file).completeBaseName());
+    return write();
+}
+
+Status MixerSession::moved()
+{
+    m_mixer.settings.setPreference(lastFileName, QFileInfo(m_file->file()).absoluteFilePath());
+    m_window->closeEditors();
+    restore();
+    showWindows();
+    restoreSound();
+    return write();
+}
+
+QString MixerSession::lastFile(const SettingsFile& settings)
+{
+    const QString last = settings.preference(lastFileName).toString();
+    return QFileInfo::exists(last) ? last : SessionFile::standardFile();
+}
+
+void MixerSession::restoreSound()
+{
+    AudioSession* transport = m_mixer.mixerModel.transport();
+    if (!transport)
+        return;
+    connect(transport, &AudioSession::changed, this, &MixerSession::saveLater,
+            Qt::UniqueConnection);
+    if (m_data.audio.file.isEmpty())
+        return;
+    if (QFileInfo::exists(m_data.audio.file))
+        openSound(m_data.audio.file);
+    else
+        Q_EMIT soundMissing(m_data.audio.file);
+}
+
+void MixerSession::openSound(const QString& file)
+{
+    const SessionData::Audio before = m_data.audio;
+    AudioSession* transport = m_mixer.mixerModel.transport();
+    if (!transport->openFile(file).isOk())
+        return; // failed() says what goes wrong
+    transport->setPosition(before.position);
+    transport->setLooping(before.loop);
 }
 
 bool MixerSession::save()
@@ -111,7 +222,8 @@ Status MixerSession::writeChannels()
     m_timer.stop();
     for (int ch = 0; ch < channelCount; ++ch)
         collect(ch);
-    const Status saved = m_file.save(m_data);
+    collectSound();
+    const Status saved = m_file->save(m_data);
     m_saved = saved.isOk();
     return saved;
 }
@@ -174,6 +286,17 @@ void MixerSession::collect(int channel)
     data.equalizer = m_mixer.memory.values(channel);
     data.compare = m_mixer.mixerModel.compare().state(channel);
     data.editor = m_mixer.settings.map(channel);
+}
+
+// What has gone is remembered until there is another file.
+void MixerSession::collectSound()
+{
+    const AudioSession* transport = m_mixer.mixerModel.transport();
+    if (!transport || transport->file().isEmpty())
+        return;
+    m_data.audio.file = QFileInfo(transport->file()).absoluteFilePath();
+    m_data.audio.position = transport->position();
+    m_data.audio.loop = transport->isLooping();
 }
 
 void MixerSession::collectWindows()

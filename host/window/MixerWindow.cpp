@@ -1,15 +1,24 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/window/MixerWindow.h"
 
+#include "host/audio/AudioFormat.h"
+#include "host/audio/AudioSession.h"
 #include "host/window/EditMenu.h"
 #include "host/window/EditorWindow.h"
+#include "host/window/FileDialogs.h"
+#include "host/window/FileDrop.h"
+#include "host/window/FileMenu.h"
+#include "host/window/HelpMenu.h"
 #include "host/window/LanguageMenu.h"
 #include "host/window/MessageDialog.h"
 #include "host/window/Mixer.h"
 #include "host/window/MixerStrip.h"
+#include "host/window/RenderDialog.h"
 #include "host/window/TransportBar.h"
+#include "host/window/TransportMenu.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QInputDialog>
 #include <QMenuBar>
@@ -42,7 +51,7 @@ MixerWindow::MixerWindow(Mixer& mixer, const EditorSettings& settings)
     : m_mixer(mixer)
     , m_settings(settings)
 {
-    m_texts.add([this] { setWindowTitle(tr("Mixer")); });
+    m_texts.add([this] { setSessionName(m_sessionName); });
     auto* content = new QWidget(this);
     auto* column = new QVBoxLayout(content);
     column->setContentsMargins(0, 0, 0, 0);
@@ -52,8 +61,14 @@ MixerWindow::MixerWindow(Mixer& mixer, const EditorSettings& settings)
     column->addWidget(buildStrips(), 1);
     setCentralWidget(content);
     buildMenus();
+    connect(m_transport, &TransportBar::openWanted, m_file, &FileMenu::chooseSound);
+    connect(new FileDrop(this), &FileDrop::dropped, m_file, &FileMenu::openSound);
     statusBar()->setSizeGripEnabled(false);
     connect(&mixer.mixerModel, &MixerModel::channelChanged, this, &MixerWindow::showPairs);
+    connect(&mixer.mixerModel, &MixerModel::channelChanged, this,
+            [&mixer] { mixer.meters.wake(); });
+    connect(&mixer.mixerModel, &MixerModel::soundingRateChanged, this,
+            [&mixer] { mixer.meters.wake(); });
     showPairs();
     select(0);
     chooseSize();
@@ -99,11 +114,44 @@ void MixerWindow::quit()
     m_quitting = false;
 }
 
+void MixerWindow::closeEditors()
+{
+    for (EditorWindow* editor : editors())
+        editor->close();
+}
+
+QString MixerWindow::askForSound() { return m_file->askForSound(); }
+
+void MixerWindow::setSessionName(const QString& name)
+{
+    m_sessionName = name;
+    setWindowTitle(name.isEmpty() ? tr("Mixer") : name + QLatin1String(" - ") + tr("Mixer"));
+}
+
+void MixerWindow::render(const QString& file)
+{
+    AudioRenderer::Job job;
+    job.input = m_mixer.mixerModel.transport()->file();
+    job.output = file;
+    job.values = m_mixer.mixerModel.soundingValues(m_selected);
+    auto* dialog = new RenderDialog(job, this);
+    connect(dialog, &RenderDialog::failed, this, [this](const QString& sentence) {
+        MessageDialog::warn(this, windowTitle(), sentence);
+    });
+    connect(dialog, &RenderDialog::rendered, this,
+            [this](const QString& report, const QString& warning) {
+                statusBar()->showMessage(report, messageTime);
+                if (!warning.isEmpty())
+                    MessageDialog::warn(this, windowTitle(), warning);
+            });
+}
+
 EditorWindow* MixerWindow::createEditor(int channel, bool stereo)
 {
     EditorSettings settings = m_settings;
     settings.channel = channel;
     settings.stereo = stereo;
+    settings.takeModes(m_mixer.settings);
     auto stage = std::make_unique<QWidget>();
     auto session = EditorSession::open(m_mixer, settings, stage.get());
     if (!session)
@@ -111,6 +159,7 @@ EditorWindow* MixerWindow::createEditor(int channel, bool stereo)
     auto* window = new EditorWindow(m_mixer, std::move(stage), std::move(session));
     connect(window, &EditorWindow::mixerWanted, this, [this] { bringToFront(this); });
     connect(window, &EditorWindow::closing, this, &MixerWindow::windowCloses);
+    connect(window, &EditorWindow::fileDropped, m_file, &FileMenu::openSound);
     connect(window, &EditorWindow::quitWanted, this, &MixerWindow::quit);
     connect(window, &EditorWindow::stereoChosen, this,
             [this, channel](bool chosen) { chooseWidth(channel, chosen); });
@@ -240,14 +289,44 @@ void MixerWindow::rename()
 
 void MixerWindow::buildMenus()
 {
-    QMenu* file = m_texts.menu(menuBar(), [] { return tr("&File"); });
-    m_texts.action(
-        file, [] { return tr("&Close"); }, QKeySequence::Close, this, [this] { close(); });
-    m_texts.action(
-        file, [] { return tr("&Quit"); }, QKeySequence::Quit, this, [this] { quit(); });
+    buildFileMenu();
     buildEditMenu();
     buildChannelMenu();
+    fillTransportMenu(m_texts.menu(menuBar(), [] { return tr("&Transport"); }), m_mixer.mixerModel,
+                      m_texts);
     addLanguageMenu(m_texts.menu(menuBar(), [] { return tr("&View"); }), m_mixer.language, m_texts);
+    fillHelpMenu(m_texts.menu(menuBar(), [] { return tr("&Help"); }), m_texts);
+}
+
+void MixerWindow::buildFileMenu()
+{
+    QMenu* menu = m_texts.menu(menuBar(), [] { return tr("&File"); });
+    m_file = new FileMenu(menu, m_mixer, m_texts);
+    connect(m_file, &FileMenu::newSessionWanted, this, &MixerWindow::newSessionWanted);
+    connect(m_file, &FileMenu::openSessionWanted, this, &MixerWindow::openSessionWanted);
+    connect(m_file, &FileMenu::saveSessionWanted, this, &MixerWindow::saveSessionWanted);
+    connect(m_file, &FileMenu::soundOpened, this,
+            [this] { m_mixer.mixerModel.feed(m_selected, false); });
+    connect(m_file, &FileMenu::renderWanted, this, &MixerWindow::chooseRenderFile);
+    m_texts.action(
+        menu, [] { return tr("&Close"); }, QKeySequence::Close, this, [this] { close(); });
+    m_texts.action(
+        menu, [] { return tr("&Quit"); }, QKeySequence::Quit, this, [this] { quit(); });
+}
+
+void MixerWindow::chooseRenderFile()
+{
+    const QFileInfo input(m_mixer.mixerModel.transport()->file());
+    const QString title = tr("Render through %1").arg(m_mixer.mixerModel.shownName(m_selected));
+    QString file =
+        FileDialogs::save(this, m_mixer.settings,
+                          {QStringLiteral("render"), title, tr("Sound files (*.wav *.flac *.ogg)"),
+                           input.completeBaseName() + QLatin1String(" eq.wav")});
+    if (file.isEmpty())
+        return;
+    if (!AudioFormat::canWrite(file))
+        file += QLatin1String(".wav");
+    render(file);
 }
 
 void MixerWindow::buildEditMenu()

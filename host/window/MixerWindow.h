@@ -13,6 +13,7 @@
 #include <array>
 
 class EditorWindow;
+class FileMenu;
 class MixerStrip;
 struct Mixer;
 class TransportBar;
@@ -38,10 +39,22 @@ public:
     int selectedChannel() const { return m_selected; }
     /// Closes every window.
     void quit();
+    void closeEditors();
+    /// Asks for a sound file; empty if the user gives up.
+    QString askForSound();
+    /// What the session is called; empty for the one that needs no name.
+    void setSessionName(const QString& name);
+    /// Sends the sound file that is open through the equalizer of the marked strip into \a file,
+    /// while a dialog shows how far that is.
+    void render(const QString& file);
 
 Q_SIGNALS:
     /// The last window that is open is about to close, or all are: the time to save what is open.
     void ending();
+    /// As FileMenu says.
+    void newSessionWanted(const QString& file);
+    void openSessionWanted(const QString& file);
+    void saveSessionWanted(const QString& file);
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -62,7 +75,9 @@ private:
     void joinEditors(int first);
     void windowCloses();
     void rename();
+    void chooseRenderFile();
     void buildMenus();
+    void buildFileMenu();
     void buildEditMenu();
     void buildChannelMenu();
     QWidget* buildStrips();
@@ -75,6 +90,8 @@ private:
     QList<MixerStrip*> m_strips;
     std::array<bool, 4> m_pairs{};
     TransportBar* m_transport = nullptr;
+    FileMenu* m_file = nullptr;
+    QString m_sessionName;
     int m_selected = 0;
     bool m_quitting = false;
 };

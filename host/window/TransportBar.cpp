@@ -8,14 +8,14 @@
 #include "widgets/SvgLabel.h"
 
 #include <QComboBox>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QSignalBlocker>
 #include <QSlider>
-#include <QStyle>
+#include <QStyleOptionSlider>
 
 #include <algorithm>
 #include <cmath>
@@ -37,23 +37,59 @@ QString plain(const QString& text)
     return Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text;
 }
 
-// Of a name that is too long the beginning and the end are seen.
-class FileLabel : public QLabel
+// Of a text that is too long a part is seen.
+class ElidedLabel : public QLabel
 {
 public:
-    explicit FileLabel(QWidget* parent)
+    ElidedLabel(Qt::TextElideMode mode, int smallestWidth, QWidget* parent)
         : QLabel(parent)
+        , m_mode(mode)
     {
         setTextFormat(Qt::PlainText);
+        setMinimumWidth(smallestWidth);
     }
 
 protected:
     void paintEvent(QPaintEvent*) override
     {
         QPainter painter(this);
-        const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, width());
+        const QString shown = fontMetrics().elidedText(text(), m_mode, width());
         style()->drawItemText(&painter, rect(), Qt::AlignLeft | Qt::AlignVCenter, palette(),
                               isEnabled(), shown, foregroundRole());
+    }
+
+private:
+    Qt::TextElideMode m_mode;
+};
+
+// A click anywhere goes there, and a drag goes on from there.
+class SeekSlider : public QSlider
+{
+public:
+    explicit SeekSlider(QWidget* parent)
+        : QSlider(Qt::Horizontal, parent)
+    {}
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override
+    {
+        if (event->button() == Qt::LeftButton)
+            setSliderPosition(positionAt(event->position().toPoint().x()));
+        QSlider::mousePressEvent(event);
+    }
+
+private:
+    int positionAt(int x) const
+    {
+        QStyleOptionSlider option;
+        initStyleOption(&option);
+        const auto rectOf = [&](QStyle::SubControl part) {
+            return style()->subControlRect(QStyle::CC_Slider, &option, part, this);
+        };
+        const QRect groove = rectOf(QStyle::SC_SliderGroove);
+        const int handle = rectOf(QStyle::SC_SliderHandle).width();
+        return QStyle::sliderValueFromPosition(minimum(), maximum(), x - groove.left() - handle / 2,
+                                               groove.width() - handle, option.upsideDown);
     }
 };
 
@@ -98,19 +134,21 @@ void TransportBar::build()
     m_open = addButton(QStringLiteral("symbol_open"), [] { return tr("Open sound file"); });
     m_play = addButton(QStringLiteral("symbol_play"), [] { return tr("Play"); });
     m_stop = addButton(QStringLiteral("symbol_stop"), [] { return tr("Stop"); });
-    m_file = new FileLabel(this);
-    m_file->setMinimumWidth(110);
-    m_position = new QSlider(Qt::Horizontal, this);
-    m_position->setMinimumWidth(90);
+    m_start = addButton(QStringLiteral("symbol_start"), [] { return tr("Return to the start"); });
+    m_loop = addButton(QStringLiteral("symbol_loop"), [] { return tr("Loop"); });
+    MixerStyle::styleKey(m_loop, QStringLiteral("key"), QStringLiteral("blue"));
+    m_file = new ElidedLabel(Qt::ElideMiddle, 50, this);
+    m_position = new SeekSlider(this);
+    m_position->setMinimumWidth(50);
     m_texts.add([this] { m_position->setAccessibleName(tr("Position")); });
     m_time = new QLabel(this);
     m_devices = new QComboBox(this);
-    m_devices->setMinimumWidth(120);
+    m_devices->setMinimumWidth(70);
+    m_devices->setFocusPolicy(Qt::TabFocus);
     m_texts.add([this] { m_devices->setAccessibleName(tr("Output device")); });
     m_lamp = new SvgLabel(this);
     m_lamp->setFixedSize(14, 14);
-    m_status = new QLabel(this);
-
+    m_status = new ElidedLabel(Qt::ElideRight, 40, this);
     layOut();
     connectControls();
 }
@@ -120,8 +158,9 @@ void TransportBar::layOut()
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(14, 4, 14, 4);
     row->setSpacing(6);
-    const std::initializer_list<QWidget*> widgets = {m_open, m_play,    m_stop, m_file,  m_position,
-                                                     m_time, m_devices, m_lamp, m_status};
+    const std::initializer_list<QWidget*> widgets = {m_open,    m_start, m_play,     m_stop,
+                                                     m_loop,    m_file,  m_position, m_time,
+                                                     m_devices, m_lamp,  m_status};
     for (QWidget* widget : widgets)
         row->addWidget(widget);
     row->insertSpacing(1, 8);
@@ -136,12 +175,16 @@ void TransportBar::connectControls()
                 action(*transport);
         };
     };
-    connect(m_open, &QAbstractButton::clicked, this, &TransportBar::chooseFile);
+    connect(m_open, &QAbstractButton::clicked, this, &TransportBar::openWanted);
     connect(m_play, &QAbstractButton::clicked, this, drive([](AudioSession& transport) {
                 static_cast<void>(transport.play()); // failed() says what goes wrong
             }));
     connect(m_stop, &QAbstractButton::clicked, this,
             drive([](AudioSession& transport) { transport.stop(); }));
+    connect(m_start, &QAbstractButton::clicked, this,
+            drive([](AudioSession& transport) { transport.setPosition(0.0); }));
+    connect(m_loop, &QAbstractButton::clicked, this,
+            drive([this](AudioSession& transport) { transport.setLooping(m_loop->isChecked()); }));
     connect(m_position, &QSlider::actionTriggered, this, drive([this](AudioSession& transport) {
                 transport.setPosition(double(m_position->sliderPosition()) / stepsPerSecond);
             }));
@@ -169,6 +212,9 @@ void TransportBar::showSession(const AudioSession* transport)
     MixerStyle::enableKey(m_open, transport);
     MixerStyle::enableKey(m_play, loaded && stopped);
     MixerStyle::enableKey(m_stop, !stopped);
+    MixerStyle::enableKey(m_start, loaded);
+    MixerStyle::enableKey(m_loop, transport);
+    m_loop->setChecked(transport && transport->isLooping());
     m_position->setEnabled(loaded);
     m_file->setText(loaded ? QFileInfo(transport->file()).fileName() : tr("No file"));
     m_file->setToolTip(loaded ? plain(transport->file()) : QString());
@@ -176,7 +222,7 @@ void TransportBar::showSession(const AudioSession* transport)
                                      : stopped ? QStringLiteral("lamp_off")
                                                : QStringLiteral("lamp_green")));
     m_status->setText(statusText(transport));
-    m_status->setToolTip(error ? plain(transport->error()) : QString());
+    m_status->setToolTip(error ? plain(transport->error()) : m_status->text());
     showDevices(transport);
     showPosition();
 }
@@ -206,16 +252,6 @@ void TransportBar::showPosition()
     const QSignalBlocker blocker(m_position);
     m_position->setMaximum(static_cast<int>(std::lround(length * stepsPerSecond)));
     m_position->setValue(static_cast<int>(std::lround(position * stepsPerSecond)));
-}
-
-void TransportBar::chooseFile()
-{
-    const QString file = QFileDialog::getOpenFileName(
-        this, tr("Open sound file"), QString(),
-        tr("Sound files (*.wav *.flac *.ogg *.aif *.aiff *.mp3);;All files (*)"));
-    AudioSession* transport = m_mixerModel.transport();
-    if (transport && !file.isEmpty())
-        static_cast<void>(transport->openFile(file)); // failed() says what goes wrong
 }
 
 QString TransportBar::statusText(const AudioSession* transport) const

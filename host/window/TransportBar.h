@@ -29,6 +29,10 @@ public:
     /// Says its texts anew, in another language.
     void retranslate();
 
+Q_SIGNALS:
+    /// The user wants to choose a sound file.
+    void openWanted();
+
 protected:
     void paintEvent(QPaintEvent* event) override;
 
@@ -43,7 +47,6 @@ private:
     void showSession(const AudioSession* transport);
     void showDevices(const AudioSession* transport);
     void showPosition();
-    void chooseFile();
     QString statusText(const AudioSession* transport) const;
 
     MixerModel& m_mixerModel;
@@ -51,6 +54,8 @@ private:
     Button* m_open = nullptr;
     Button* m_play = nullptr;
     Button* m_stop = nullptr;
+    Button* m_start = nullptr;
+    Button* m_loop = nullptr;
     QLabel* m_file = nullptr;
     QSlider* m_position = nullptr;
     QLabel* m_time = nullptr;

@@ -102,11 +102,6 @@ void WindowPanels::fit(QDockWidget* panel) const
     m_window.layout()->activate();
 }
 
-int WindowPanels::smallestExtent(const QDockWidget* panel) const
-{
-    return along(orientationOf(panel), panel->minimumSizeHint()) + separator();
-}
-
 void WindowPanels::shrink(const QDockWidget* panel)
 {
     m_window.layout()->activate();

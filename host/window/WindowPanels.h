@@ -32,8 +32,6 @@ public:
     void setShown(QDockWidget* panel, bool shown);
     /// Gives a panel what the content leaves, within the panel's own smallest and best size.
     void fit(QDockWidget* panel) const;
-    /// What a panel would take from the window at its smallest.
-    int smallestExtent(const QDockWidget* panel) const;
 
 private:
     void shrink(const QDockWidget* panel);

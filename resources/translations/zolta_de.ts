@@ -20,6 +20,14 @@
         <source>The list cannot be printed: %1.</source>
         <translation>Die Liste lässt sich nicht ausgeben: %1.</translation>
     </message>
+    <message>
+        <source>Find It...</source>
+        <translation>Suchen ...</translation>
+    </message>
+    <message>
+        <source>The session&apos;s sound file %1 is not there any more.</source>
+        <translation>Die Audiodatei %1 der Sitzung ist nicht mehr da.</translation>
+    </message>
 </context>
 <context>
     <name>EditorToolBar</name>
@@ -94,6 +102,14 @@
     <message>
         <source>Settings %1</source>
         <translation>Einstellungen %1</translation>
+    </message>
+    <message>
+        <source>The curve is drawn for the rate that the sound device runs at. It can be chosen while nothing plays.</source>
+        <translation>Die Kurve gilt für die Abtastrate, mit der das Audiogerät läuft. Wählen lässt sie sich, solange nichts spielt.</translation>
+    </message>
+    <message>
+        <source>The rate that the curve is drawn for</source>
+        <translation>Die Abtastrate, für die die Kurve gilt</translation>
     </message>
 </context>
 <context>
@@ -226,6 +242,18 @@
         <source>Parameters</source>
         <translation>Parameter</translation>
     </message>
+    <message>
+        <source>&amp;Graph Range</source>
+        <translation>&amp;Bereich der Kurve</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;Transport</source>
+        <translation>&amp;Transport</translation>
+    </message>
 </context>
 <context>
     <name>LanguageMenu</name>
@@ -295,6 +323,22 @@
     <message>
         <source>Rename</source>
         <translation>Umbenennen</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;Transport</source>
+        <translation>&amp;Transport</translation>
+    </message>
+    <message>
+        <source>Render through %1</source>
+        <translation>Rendern durch %1</translation>
+    </message>
+    <message>
+        <source>Sound files (*.wav *.flac *.ogg)</source>
+        <translation>Audiodateien (*.wav *.flac *.ogg)</translation>
     </message>
 </context>
 <context>
@@ -1196,16 +1240,20 @@
         <translation>Position</translation>
     </message>
     <message>
-        <source>Sound files (*.wav *.flac *.ogg *.aif *.aiff *.mp3);;All files (*)</source>
-        <translation>Audiodateien (*.wav *.flac *.ogg *.aif *.aiff *.mp3);;Alle Dateien (*)</translation>
-    </message>
-    <message>
         <source>Stop</source>
         <translation>Anhalten</translation>
     </message>
     <message>
         <source>Waiting for device</source>
         <translation>Warte auf Gerät</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>Schleife</translation>
+    </message>
+    <message>
+        <source>Return to the start</source>
+        <translation>Zum Anfang</translation>
     </message>
 </context>
 <context>
@@ -1288,6 +1336,10 @@
         <source>The sound file %1 cannot be written: it is also the input file.</source>
         <translation>Die Audiodatei %1 lässt sich nicht schreiben: Sie ist auch die Eingabedatei.</translation>
     </message>
+    <message>
+        <source>Wrote %1: %2 seconds, %3 Hz, channels: %4.</source>
+        <translation>%1 geschrieben: %2 Sekunden, %3 Hz, Kanäle: %4.</translation>
+    </message>
 </context>
 <context>
     <name>AudioSession</name>
@@ -1354,20 +1406,8 @@
         <translation>--render mit --channel braucht auch --session; ohne Sitzung haben alle Kanäle dieselben Einstellungen.</translation>
     </message>
     <message>
-        <source>Unknown option &quot;%1&quot;.</source>
-        <translation>Unbekannte Option &quot;%1&quot;.</translation>
-    </message>
-    <message>
         <source>The argument &quot;%1&quot; is not valid UTF-8. Rename the file, or use another one.</source>
         <translation>Das Argument &quot;%1&quot; ist kein gültiges UTF-8. Die Datei umbenennen oder eine andere verwenden.</translation>
-    </message>
-    <message>
-        <source>Usage: zolta-host [options]
-A mixer with 8 channels that opens the channel equalizer's editor.
-</source>
-        <translation>Aufruf: zolta-host [Optionen]
-Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
-</translation>
     </message>
     <message>
         <source>Exit codes: 0 done, 1 a file or the plug-in has an error, 2 usage error.
@@ -1420,10 +1460,6 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
         <translation>Englisch, Deutsch oder Japanisch (Vorgabe: en)</translation>
     </message>
     <message>
-        <source>whether a built-in signal runs through the equalizer and moves the meters (default: on in windows, otherwise off; a picture then shows them after one second)</source>
-        <translation>ob ein eingebautes Signal durch den Equalizer läuft und die Pegelanzeigen bewegt (Vorgabe: on mit Fenstern, sonst off; mit on zeigt ein Bild sie nach einer Sekunde)</translation>
-    </message>
-    <message>
         <source>play a WAV, FLAC or OGG file through the channel's equalizer</source>
         <translation>eine WAV-, FLAC- oder OGG-Datei durch den Equalizer des Kanals abspielen</translation>
     </message>
@@ -1450,10 +1486,6 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
     <message>
         <source>These are carried out in this order, without a window; then the program ends:</source>
         <translation>Diese werden ohne Fenster in dieser Reihenfolge ausgeführt; dann endet das Programm:</translation>
-    </message>
-    <message>
-        <source>show this help</source>
-        <translation>diese Hilfe zeigen</translation>
     </message>
     <message>
         <source>print the channel's parameters: name, id, minimum, maximum, default, raw value and text, separated by tabs</source>
@@ -1526,6 +1558,42 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
     <message>
         <source>The text cannot be printed: %1.</source>
         <translation>Der Text lässt sich nicht ausgeben: %1.</translation>
+    </message>
+    <message>
+        <source>One file too many: &quot;%1&quot;. One sound file can be played, and --render takes two.</source>
+        <translation>Eine Datei zu viel: &quot;%1&quot;. Abspielen lässt sich eine Audiodatei, und --render nimmt zwei.</translation>
+    </message>
+    <message>
+        <source>The file %1 exists and is left as it is. Choose another name, or use --overwrite to replace it.</source>
+        <translation>Die Datei %1 gibt es schon, und sie bleibt, wie sie ist. Wählen Sie einen anderen Namen, oder ersetzen Sie sie mit --overwrite.</translation>
+    </message>
+    <message>
+        <source>The file %1 exists. Replace it? [y/N]</source>
+        <translation>Die Datei %1 gibt es schon. Ersetzen? [j/N]</translation>
+    </message>
+    <message>
+        <source>Usage: zolta-host [options] [SOUND]
+A mixer with 8 channels that opens the channel equalizer&apos;s editor.
+</source>
+        <translation>Aufruf: zolta-host [Optionen] [SOUND]
+Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
+</translation>
+    </message>
+    <message>
+        <source>replace OUT without asking; otherwise a terminal asks, and anything else refuses</source>
+        <translation>OUT ersetzen, ohne zu fragen; sonst wird im Terminal gefragt und überall sonst abgelehnt</translation>
+    </message>
+    <message>
+        <source>say which version this is</source>
+        <translation>die Version nennen</translation>
+    </message>
+    <message>
+        <source>show this help (also -h)</source>
+        <translation>diese Hilfe zeigen (auch -h)</translation>
+    </message>
+    <message>
+        <source>whether the meters move (default: on in windows, where they show each strip&apos;s source; otherwise off; on, a picture shows a test signal after one second)</source>
+        <translation>ob sich die Pegelanzeigen bewegen (Vorgabe: on mit Fenstern, wo sie die Quelle jedes Kanalzugs zeigen, sonst off; mit on zeigt ein Bild ein Testsignal nach einer Sekunde)</translation>
     </message>
 </context>
 <context>
@@ -1812,6 +1880,257 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
     <message>
         <source>The plug-in %1 cannot be tried in a process of its own: %2.</source>
         <translation>Das Plug-in %1 lässt sich nicht in einem eigenen Prozess prüfen: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>FileMenu</name>
+    <message>
+        <source>&amp;New Session...</source>
+        <translation>&amp;Neue Sitzung ...</translation>
+    </message>
+    <message>
+        <source>&amp;Open Audio...</source>
+        <translation>&amp;Audiodatei öffnen ...</translation>
+    </message>
+    <message>
+        <source>&amp;Save Session As...</source>
+        <translation>Sitzung sichern &amp;unter ...</translation>
+    </message>
+    <message>
+        <source>New Session</source>
+        <translation>Neue Sitzung</translation>
+    </message>
+    <message>
+        <source>Open &amp;Recent</source>
+        <translation>&amp;Zuletzt geöffnet</translation>
+    </message>
+    <message>
+        <source>Open Audio</source>
+        <translation>Audiodatei öffnen</translation>
+    </message>
+    <message>
+        <source>Open S&amp;ession...</source>
+        <translation>&amp;Sitzung öffnen ...</translation>
+    </message>
+    <message>
+        <source>Open Session</source>
+        <translation>Sitzung öffnen</translation>
+    </message>
+    <message>
+        <source>Render &amp;To File...</source>
+        <translation>In &amp;Datei rendern ...</translation>
+    </message>
+    <message>
+        <source>Save Session As</source>
+        <translation>Sitzung sichern unter</translation>
+    </message>
+    <message>
+        <source>Sessions (*.json);;All files (*)</source>
+        <translation>Sitzungen (*.json);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Sound files (*.wav *.flac *.ogg *.aif *.aiff *.mp3);;All files (*)</source>
+        <translation>Audiodateien (*.wav *.flac *.ogg *.aif *.aiff *.mp3);;Alle Dateien (*)</translation>
+    </message>
+</context>
+<context>
+    <name>GraphRange</name>
+    <message>
+        <source>&amp;Automatic</source>
+        <translation>&amp;Automatisch</translation>
+    </message>
+</context>
+<context>
+    <name>HelpMenu</name>
+    <message>
+        <source>&amp;About Zolta</source>
+        <translation>&amp;Über Zolta</translation>
+    </message>
+    <message>
+        <source>&amp;Guide</source>
+        <translation>&amp;Kurzanleitung</translation>
+    </message>
+    <message>
+        <source>&amp;Keys and Mouse</source>
+        <translation>&amp;Tasten und Maus</translation>
+    </message>
+    <message>
+        <source>A and B above the equalizer are two settings (Ctrl+B switches). The EQ key of the strip switches the equalizer off and on.</source>
+        <translation>A und B über dem Equalizer sind zwei Einstellungen (Strg+B wechselt). Die Taste EQ des Kanalzugs schaltet den Equalizer aus und ein.</translation>
+    </message>
+    <message>
+        <source>A channel equalizer whose curve is what is heard, and a mixer to hear it with.</source>
+        <translation>Ein Kanal-Equalizer, dessen Kurve das ist, was man hört, und ein Mischpult, mit dem man ihn hört.</translation>
+    </message>
+    <message>
+        <source>Compare</source>
+        <translation>Vergleichen</translation>
+    </message>
+    <message>
+        <source>Ctrl+B</source>
+        <translation>Strg+B</translation>
+    </message>
+    <message>
+        <source>Ctrl+E, Ctrl+M</source>
+        <translation>Strg+E, Strg+M</translation>
+    </message>
+    <message>
+        <source>Ctrl+Home, Ctrl+Shift+L</source>
+        <translation>Strg+Pos1, Strg+Umschalt+L</translation>
+    </message>
+    <message>
+        <source>Ctrl+O, Ctrl+Shift+R</source>
+        <translation>Strg+O, Strg+Umschalt+R</translation>
+    </message>
+    <message>
+        <source>Ctrl+R, Ctrl+L</source>
+        <translation>Strg+R, Strg+L</translation>
+    </message>
+    <message>
+        <source>Ctrl+Z, Ctrl+Shift+Z</source>
+        <translation>Strg+Z, Strg+Umschalt+Z</translation>
+    </message>
+    <message>
+        <source>Curve: drag a handle</source>
+        <translation>Kurve: Griff ziehen</translation>
+    </message>
+    <message>
+        <source>File &gt; Open Audio, or drop the file on the window. The marked strip plays it; Space plays and stops.</source>
+        <translation>Datei &gt; Audiodatei öffnen, oder die Datei auf das Fenster ziehen. Der markierte Kanalzug spielt sie; die Leertaste startet und hält an.</translation>
+    </message>
+    <message>
+        <source>File &gt; Render To File sends the whole song through the equalizer of the marked strip into a new file.</source>
+        <translation>Datei &gt; In Datei rendern schickt das ganze Stück durch den Equalizer des markierten Kanalzugs in eine neue Datei.</translation>
+    </message>
+    <message>
+        <source>Free software under the GNU General Public License, version 3 or later.</source>
+        <translation>Freie Software unter der GNU General Public License, Version 3 oder später.</translation>
+    </message>
+    <message>
+        <source>Keep it</source>
+        <translation>Behalten</translation>
+    </message>
+    <message>
+        <source>Knob or number: double click</source>
+        <translation>Regler oder Zahl: Doppelklick</translation>
+    </message>
+    <message>
+        <source>Knob: Ctrl+click</source>
+        <translation>Regler: Strg+Klick</translation>
+    </message>
+    <message>
+        <source>Knob: drag, wheel, arrow keys</source>
+        <translation>Regler: ziehen, Mausrad, Pfeiltasten</translation>
+    </message>
+    <message>
+        <source>Open a song</source>
+        <translation>Ein Stück öffnen</translation>
+    </message>
+    <message>
+        <source>Shape it</source>
+        <translation>Formen</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Leertaste</translation>
+    </message>
+    <message>
+        <source>Tab</source>
+        <translation>Tab-Taste</translation>
+    </message>
+    <message>
+        <source>The Edit key of a strip opens its equalizer. Drag the coloured handles in the curve, or turn the knobs: up is more. Presets has good places to begin.</source>
+        <translation>Die Taste Edit eines Kanalzugs öffnet seinen Equalizer. Ziehen Sie die farbigen Griffe in der Kurve, oder drehen Sie die Regler: aufwärts ist mehr. Unter Presets steht, womit sich gut anfangen lässt.</translation>
+    </message>
+    <message>
+        <source>The session is saved by itself. File &gt; Save Session As keeps it under a name, Presets &gt; Save as Preset keeps the settings of one equalizer.</source>
+        <translation>Die Sitzung wird von selbst gesichert. Datei &gt; Sitzung sichern unter behält sie unter einem Namen, Presets &gt; Als Preset sichern die Einstellungen eines Equalizers.</translation>
+    </message>
+    <message>
+        <source>Write a file</source>
+        <translation>Eine Datei schreiben</translation>
+    </message>
+    <message>
+        <source>back to its default</source>
+        <translation>zurück zur Vorgabe</translation>
+    </message>
+    <message>
+        <source>frequency and gain; with Alt frequency alone, with Ctrl gain alone, with Shift the width of a middle band</source>
+        <translation>Frequenz und Gain; mit Alt nur die Frequenz, mit Strg nur der Gain, mit Umschalt die Breite eines mittleren Bandes</translation>
+    </message>
+    <message>
+        <source>from the mixer to the editor, and back</source>
+        <translation>vom Mischpult zum Editor und zurück</translation>
+    </message>
+    <message>
+        <source>in the mixer: open a song; render it to a file</source>
+        <translation>im Mischpult: ein Stück öffnen; in eine Datei rendern</translation>
+    </message>
+    <message>
+        <source>measured response; table of parameters</source>
+        <translation>gemessener Frequenzgang; Parametertabelle</translation>
+    </message>
+    <message>
+        <source>play or stop</source>
+        <translation>abspielen oder anhalten</translation>
+    </message>
+    <message>
+        <source>return to the start; loop</source>
+        <translation>zum Anfang; Schleife</translation>
+    </message>
+    <message>
+        <source>switch between A and B</source>
+        <translation>zwischen A und B wechseln</translation>
+    </message>
+    <message>
+        <source>to the next control; Space presses a key</source>
+        <translation>zum nächsten Bedienelement; die Leertaste drückt eine Taste</translation>
+    </message>
+    <message>
+        <source>turn it; with Shift, finely</source>
+        <translation>drehen; mit Umschalt fein</translation>
+    </message>
+    <message>
+        <source>type a value, such as 1.25k or +3</source>
+        <translation>einen Wert eintippen, etwa 1.25k oder +3</translation>
+    </message>
+    <message>
+        <source>undo and redo every gesture</source>
+        <translation>jede Bedienung rückgängig machen und wiederholen</translation>
+    </message>
+</context>
+<context>
+    <name>RenderDialog</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Clipped samples: %1. A lower output level avoids clipping.</source>
+        <translation>Übersteuerte Samples: %1. Ein niedrigerer Ausgangspegel vermeidet das.</translation>
+    </message>
+    <message>
+        <source>Render To File</source>
+        <translation>In Datei rendern</translation>
+    </message>
+    <message>
+        <source>Writing %1</source>
+        <translation>%1 wird geschrieben</translation>
+    </message>
+</context>
+<context>
+    <name>TransportMenu</name>
+    <message>
+        <source>&amp;Loop</source>
+        <translation>&amp;Schleife</translation>
+    </message>
+    <message>
+        <source>&amp;Play or Stop</source>
+        <translation>&amp;Abspielen oder anhalten</translation>
+    </message>
+    <message>
+        <source>&amp;Return to Start</source>
+        <translation>&amp;Zum Anfang</translation>
     </message>
 </context>
 </TS>

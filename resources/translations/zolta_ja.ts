@@ -20,6 +20,14 @@
         <source>The list cannot be printed: %1.</source>
         <translation>一覧を出力できません: %1。</translation>
     </message>
+    <message>
+        <source>Find It...</source>
+        <translation>探す...</translation>
+    </message>
+    <message>
+        <source>The session&apos;s sound file %1 is not there any more.</source>
+        <translation>セッションの音声ファイル %1 が見つかりません。</translation>
+    </message>
 </context>
 <context>
     <name>EditorToolBar</name>
@@ -94,6 +102,14 @@
     <message>
         <source>Settings %1</source>
         <translation>設定 %1</translation>
+    </message>
+    <message>
+        <source>The curve is drawn for the rate that the sound device runs at. It can be chosen while nothing plays.</source>
+        <translation>特性曲線は、動作中のオーディオデバイスのサンプリングレートで描かれます。再生していないときに選択できます。</translation>
+    </message>
+    <message>
+        <source>The rate that the curve is drawn for</source>
+        <translation>特性曲線を描くサンプリングレート</translation>
     </message>
 </context>
 <context>
@@ -226,6 +242,18 @@
         <source>Parameters</source>
         <translation>パラメーター</translation>
     </message>
+    <message>
+        <source>&amp;Graph Range</source>
+        <translation>グラフの範囲(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>ヘルプ(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Transport</source>
+        <translation>再生(&amp;T)</translation>
+    </message>
 </context>
 <context>
     <name>LanguageMenu</name>
@@ -295,6 +323,22 @@
     <message>
         <source>Rename</source>
         <translation>名前の変更</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>ヘルプ(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Transport</source>
+        <translation>再生(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Render through %1</source>
+        <translation>%1 を通して書き出す</translation>
+    </message>
+    <message>
+        <source>Sound files (*.wav *.flac *.ogg)</source>
+        <translation>音声ファイル (*.wav *.flac *.ogg)</translation>
     </message>
 </context>
 <context>
@@ -1196,16 +1240,20 @@
         <translation>再生位置</translation>
     </message>
     <message>
-        <source>Sound files (*.wav *.flac *.ogg *.aif *.aiff *.mp3);;All files (*)</source>
-        <translation>音声ファイル (*.wav *.flac *.ogg *.aif *.aiff *.mp3);;すべてのファイル (*)</translation>
-    </message>
-    <message>
         <source>Stop</source>
         <translation>停止</translation>
     </message>
     <message>
         <source>Waiting for device</source>
         <translation>デバイスを待機中</translation>
+    </message>
+    <message>
+        <source>Loop</source>
+        <translation>ループ</translation>
+    </message>
+    <message>
+        <source>Return to the start</source>
+        <translation>先頭に戻る</translation>
     </message>
 </context>
 <context>
@@ -1288,6 +1336,10 @@
         <source>The sound file %1 cannot be written: it is also the input file.</source>
         <translation>音声ファイル %1 に書き込めません。入力ファイルと同じファイルです。</translation>
     </message>
+    <message>
+        <source>Wrote %1: %2 seconds, %3 Hz, channels: %4.</source>
+        <translation>%1 に書き出しました: %2 秒、%3 Hz、チャンネル数: %4。</translation>
+    </message>
 </context>
 <context>
     <name>AudioSession</name>
@@ -1354,20 +1406,8 @@
         <translation>--render と --channel を同時に使うには --session も必要です。セッションがないと、すべてのチャンネルの設定は同じです。</translation>
     </message>
     <message>
-        <source>Unknown option &quot;%1&quot;.</source>
-        <translation>オプション「%1」はありません。</translation>
-    </message>
-    <message>
         <source>The argument &quot;%1&quot; is not valid UTF-8. Rename the file, or use another one.</source>
         <translation>引数「%1」は正しい UTF-8 ではありません。ファイルの名前を変更するか、別のファイルを使ってください。</translation>
-    </message>
-    <message>
-        <source>Usage: zolta-host [options]
-A mixer with 8 channels that opens the channel equalizer's editor.
-</source>
-        <translation>使い方: zolta-host [オプション]
-チャンネルイコライザーのエディターを開く 8 チャンネルのミキサー。
-</translation>
     </message>
     <message>
         <source>Exit codes: 0 done, 1 a file or the plug-in has an error, 2 usage error.
@@ -1420,10 +1460,6 @@ A mixer with 8 channels that opens the channel equalizer's editor.
         <translation>英語、ドイツ語、日本語 (既定値: en)</translation>
     </message>
     <message>
-        <source>whether a built-in signal runs through the equalizer and moves the meters (default: on in windows, otherwise off; a picture then shows them after one second)</source>
-        <translation>内蔵の信号をイコライザーに通してメーターを動かすかどうか (既定値: ウィンドウありでは on、それ以外では off。on のとき画像には 1 秒後のメーターが写る)</translation>
-    </message>
-    <message>
         <source>play a WAV, FLAC or OGG file through the channel's equalizer</source>
         <translation>WAV、FLAC、OGG ファイルをチャンネルのイコライザーを通して再生</translation>
     </message>
@@ -1450,10 +1486,6 @@ A mixer with 8 channels that opens the channel equalizer's editor.
     <message>
         <source>These are carried out in this order, without a window; then the program ends:</source>
         <translation>ウィンドウを開かず次の順に実行して終了するオプション:</translation>
-    </message>
-    <message>
-        <source>show this help</source>
-        <translation>このヘルプを表示</translation>
     </message>
     <message>
         <source>print the channel's parameters: name, id, minimum, maximum, default, raw value and text, separated by tabs</source>
@@ -1526,6 +1558,42 @@ A mixer with 8 channels that opens the channel equalizer's editor.
     <message>
         <source>The text cannot be printed: %1.</source>
         <translation>テキストを出力できません: %1。</translation>
+    </message>
+    <message>
+        <source>One file too many: &quot;%1&quot;. One sound file can be played, and --render takes two.</source>
+        <translation>ファイルが 1 つ多すぎます: 「%1」。再生できる音声ファイルは 1 つで、--render には 2 つ必要です。</translation>
+    </message>
+    <message>
+        <source>The file %1 exists and is left as it is. Choose another name, or use --overwrite to replace it.</source>
+        <translation>ファイル %1 はすでに存在するため、そのまま残します。別の名前にするか、--overwrite で置き換えてください。</translation>
+    </message>
+    <message>
+        <source>The file %1 exists. Replace it? [y/N]</source>
+        <translation>ファイル %1 はすでに存在します。置き換えますか? [y/N]</translation>
+    </message>
+    <message>
+        <source>Usage: zolta-host [options] [SOUND]
+A mixer with 8 channels that opens the channel equalizer&apos;s editor.
+</source>
+        <translation>使い方: zolta-host [オプション] [SOUND]
+チャンネルイコライザーのエディターを開く 8 チャンネルのミキサー。
+</translation>
+    </message>
+    <message>
+        <source>replace OUT without asking; otherwise a terminal asks, and anything else refuses</source>
+        <translation>OUT を確認せずに置き換える。指定しない場合、端末では確認し、それ以外では中止する</translation>
+    </message>
+    <message>
+        <source>say which version this is</source>
+        <translation>バージョンを表示</translation>
+    </message>
+    <message>
+        <source>show this help (also -h)</source>
+        <translation>このヘルプを表示 (-h も可)</translation>
+    </message>
+    <message>
+        <source>whether the meters move (default: on in windows, where they show each strip&apos;s source; otherwise off; on, a picture shows a test signal after one second)</source>
+        <translation>メーターを動かすかどうか (既定値: ウィンドウありでは on で、各ストリップのソースを表示。それ以外では off。on のとき画像には 1 秒後のテスト信号が写る)</translation>
     </message>
 </context>
 <context>
@@ -1812,6 +1880,257 @@ A mixer with 8 channels that opens the channel equalizer's editor.
     <message>
         <source>The plug-in %1 cannot be tried in a process of its own: %2.</source>
         <translation>プラグイン %1 を別のプロセスで確認できません: %2。</translation>
+    </message>
+</context>
+<context>
+    <name>FileMenu</name>
+    <message>
+        <source>&amp;New Session...</source>
+        <translation>新しいセッション(&amp;N)...</translation>
+    </message>
+    <message>
+        <source>&amp;Open Audio...</source>
+        <translation>音声ファイルを開く(&amp;O)...</translation>
+    </message>
+    <message>
+        <source>&amp;Save Session As...</source>
+        <translation>セッションに名前を付けて保存(&amp;S)...</translation>
+    </message>
+    <message>
+        <source>New Session</source>
+        <translation>新しいセッション</translation>
+    </message>
+    <message>
+        <source>Open &amp;Recent</source>
+        <translation>最近使ったファイル(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Open Audio</source>
+        <translation>音声ファイルを開く</translation>
+    </message>
+    <message>
+        <source>Open S&amp;ession...</source>
+        <translation>セッションを開く(&amp;E)...</translation>
+    </message>
+    <message>
+        <source>Open Session</source>
+        <translation>セッションを開く</translation>
+    </message>
+    <message>
+        <source>Render &amp;To File...</source>
+        <translation>ファイルに書き出す(&amp;T)...</translation>
+    </message>
+    <message>
+        <source>Save Session As</source>
+        <translation>セッションに名前を付けて保存</translation>
+    </message>
+    <message>
+        <source>Sessions (*.json);;All files (*)</source>
+        <translation>セッション (*.json);;すべてのファイル (*)</translation>
+    </message>
+    <message>
+        <source>Sound files (*.wav *.flac *.ogg *.aif *.aiff *.mp3);;All files (*)</source>
+        <translation>音声ファイル (*.wav *.flac *.ogg *.aif *.aiff *.mp3);;すべてのファイル (*)</translation>
+    </message>
+</context>
+<context>
+    <name>GraphRange</name>
+    <message>
+        <source>&amp;Automatic</source>
+        <translation>自動(&amp;A)</translation>
+    </message>
+</context>
+<context>
+    <name>HelpMenu</name>
+    <message>
+        <source>&amp;About Zolta</source>
+        <translation>Zolta について(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Guide</source>
+        <translation>ガイド(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Keys and Mouse</source>
+        <translation>キーとマウス(&amp;K)</translation>
+    </message>
+    <message>
+        <source>A and B above the equalizer are two settings (Ctrl+B switches). The EQ key of the strip switches the equalizer off and on.</source>
+        <translation>イコライザーの上の A と B は 2 組の設定です (Ctrl+B で切り替え)。ストリップの EQ キーでイコライザーをオフ、オンします。</translation>
+    </message>
+    <message>
+        <source>A channel equalizer whose curve is what is heard, and a mixer to hear it with.</source>
+        <translation>特性曲線どおりに聞こえるチャンネルイコライザーと、それを聴くためのミキサー。</translation>
+    </message>
+    <message>
+        <source>Compare</source>
+        <translation>比べる</translation>
+    </message>
+    <message>
+        <source>Ctrl+B</source>
+        <translation>Ctrl+B キー</translation>
+    </message>
+    <message>
+        <source>Ctrl+E, Ctrl+M</source>
+        <translation>Ctrl+E、Ctrl+M</translation>
+    </message>
+    <message>
+        <source>Ctrl+Home, Ctrl+Shift+L</source>
+        <translation>Ctrl+Home、Ctrl+Shift+L</translation>
+    </message>
+    <message>
+        <source>Ctrl+O, Ctrl+Shift+R</source>
+        <translation>Ctrl+O、Ctrl+Shift+R</translation>
+    </message>
+    <message>
+        <source>Ctrl+R, Ctrl+L</source>
+        <translation>Ctrl+R、Ctrl+L</translation>
+    </message>
+    <message>
+        <source>Ctrl+Z, Ctrl+Shift+Z</source>
+        <translation>Ctrl+Z、Ctrl+Shift+Z</translation>
+    </message>
+    <message>
+        <source>Curve: drag a handle</source>
+        <translation>曲線: ハンドルをドラッグ</translation>
+    </message>
+    <message>
+        <source>File &gt; Open Audio, or drop the file on the window. The marked strip plays it; Space plays and stops.</source>
+        <translation>「ファイル &gt; 音声ファイルを開く」を選ぶか、ファイルをウィンドウにドロップします。選択中のストリップが再生し、スペースキーで再生と停止を切り替えます。</translation>
+    </message>
+    <message>
+        <source>File &gt; Render To File sends the whole song through the equalizer of the marked strip into a new file.</source>
+        <translation>「ファイル &gt; ファイルに書き出す」は、曲全体を選択中のストリップのイコライザーに通して新しいファイルに書き出します。</translation>
+    </message>
+    <message>
+        <source>Free software under the GNU General Public License, version 3 or later.</source>
+        <translation>GNU General Public License バージョン 3 以降で公開されているフリーソフトウェアです。</translation>
+    </message>
+    <message>
+        <source>Keep it</source>
+        <translation>保存する</translation>
+    </message>
+    <message>
+        <source>Knob or number: double click</source>
+        <translation>ノブまたは数値: ダブルクリック</translation>
+    </message>
+    <message>
+        <source>Knob: Ctrl+click</source>
+        <translation>ノブ: Ctrl+クリック</translation>
+    </message>
+    <message>
+        <source>Knob: drag, wheel, arrow keys</source>
+        <translation>ノブ: ドラッグ、ホイール、矢印キー</translation>
+    </message>
+    <message>
+        <source>Open a song</source>
+        <translation>曲を開く</translation>
+    </message>
+    <message>
+        <source>Shape it</source>
+        <translation>音を整える</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>スペース</translation>
+    </message>
+    <message>
+        <source>Tab</source>
+        <translation>Tab キー</translation>
+    </message>
+    <message>
+        <source>The Edit key of a strip opens its equalizer. Drag the coloured handles in the curve, or turn the knobs: up is more. Presets has good places to begin.</source>
+        <translation>ストリップの「編集」キーでイコライザーが開きます。曲線の色付きハンドルをドラッグするか、ノブを回します (上へ動かすと大きくなります)。「プリセット」には出発点になる設定があります。</translation>
+    </message>
+    <message>
+        <source>The session is saved by itself. File &gt; Save Session As keeps it under a name, Presets &gt; Save as Preset keeps the settings of one equalizer.</source>
+        <translation>セッションは自動的に保存されます。「ファイル &gt; セッションに名前を付けて保存」で名前を付けて残せます。「プリセット」では 1 つのイコライザーの設定を保存できます。</translation>
+    </message>
+    <message>
+        <source>Write a file</source>
+        <translation>ファイルに書き出す</translation>
+    </message>
+    <message>
+        <source>back to its default</source>
+        <translation>既定値に戻す</translation>
+    </message>
+    <message>
+        <source>frequency and gain; with Alt frequency alone, with Ctrl gain alone, with Shift the width of a middle band</source>
+        <translation>周波数とゲイン。Alt で周波数だけ、Ctrl でゲインだけ、Shift で中域バンドの幅</translation>
+    </message>
+    <message>
+        <source>from the mixer to the editor, and back</source>
+        <translation>ミキサーからエディターへ、エディターからミキサーへ</translation>
+    </message>
+    <message>
+        <source>in the mixer: open a song; render it to a file</source>
+        <translation>ミキサーで: 曲を開く、ファイルに書き出す</translation>
+    </message>
+    <message>
+        <source>measured response; table of parameters</source>
+        <translation>測定した周波数特性、パラメーター表</translation>
+    </message>
+    <message>
+        <source>play or stop</source>
+        <translation>再生または停止</translation>
+    </message>
+    <message>
+        <source>return to the start; loop</source>
+        <translation>先頭に戻る、ループ</translation>
+    </message>
+    <message>
+        <source>switch between A and B</source>
+        <translation>A と B を切り替える</translation>
+    </message>
+    <message>
+        <source>to the next control; Space presses a key</source>
+        <translation>次のコントロールへ。スペースでキーを押す</translation>
+    </message>
+    <message>
+        <source>turn it; with Shift, finely</source>
+        <translation>回す。Shift で細かく</translation>
+    </message>
+    <message>
+        <source>type a value, such as 1.25k or +3</source>
+        <translation>1.25k や +3 のように値を入力する</translation>
+    </message>
+    <message>
+        <source>undo and redo every gesture</source>
+        <translation>操作の取り消しとやり直し</translation>
+    </message>
+</context>
+<context>
+    <name>RenderDialog</name>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Clipped samples: %1. A lower output level avoids clipping.</source>
+        <translation>クリップしたサンプル数: %1。出力レベルを下げるとクリップを避けられます。</translation>
+    </message>
+    <message>
+        <source>Render To File</source>
+        <translation>ファイルに書き出す</translation>
+    </message>
+    <message>
+        <source>Writing %1</source>
+        <translation>%1 に書き出しています</translation>
+    </message>
+</context>
+<context>
+    <name>TransportMenu</name>
+    <message>
+        <source>&amp;Loop</source>
+        <translation>ループ(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Play or Stop</source>
+        <translation>再生または停止(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Return to Start</source>
+        <translation>先頭に戻る(&amp;R)</translation>
     </message>
 </context>
 </TS>

@@ -124,7 +124,7 @@ class PackageTest(unittest.TestCase):
 
     def test_desktop_entry_and_icon(self):
         entry = (self.root / "usr/share/applications/zolta-host.desktop").read_text()
-        self.assertIn("Exec=zolta-host\n", entry)
+        self.assertIn("Exec=zolta-host %f\n", entry)
         self.assertIn("Icon=zolta-host\n", entry)
 
 

@@ -114,8 +114,9 @@ Writer host(const char* name, const char* file, const QString& option)
 Writer hostRendering()
 {
     const auto save = [](const QString& target, Version version) {
-        return startHost({QStringLiteral("--render"), soundFile(), target},
-                         QStringLiteral("fx_rackfx_prm_26=@%1").arg(isNew(version) ? -20 : 0));
+        return startHost(
+            {QStringLiteral("--render"), soundFile(), target, QStringLiteral("--overwrite")},
+            QStringLiteral("fx_rackfx_prm_26=@%1").arg(isNew(version) ? -20 : 0));
     };
     return {"zolta-host --render", "out.wav", save, true};
 }

@@ -19,6 +19,7 @@ private Q_SLOTS:
     void keepsMapsForTheNextRun();
     void keepsEveryKindOfValue_data();
     void keepsEveryKindOfValue();
+    void preferencesStandBesideTheMaps();
     void withoutAFileMapsLastForTheRun();
     void writesOnlyChanges();
     void damagedFilesAreIgnoredAndKeptAside_data();
@@ -91,6 +92,27 @@ void tst_SettingsFile::keepsEveryKindOfValue()
     SettingsFile second;
     QCOMPARE(second.open(path()).error(), QString());
     QCOMPARE(second.map(2).value(u"key"_s), value);
+}
+
+void tst_SettingsFile::preferencesStandBesideTheMaps()
+{
+    SettingsFile first;
+    QVERIFY(first.open(path()).isOk());
+    QCOMPARE(first.preference(u"mode"_s, 2), QVariant(2));
+    first.keep(3, zoom(1));
+    first.setPreference(u"mode"_s, 1);
+    first.setPreference(u"files"_s, QStringList{u"a.wav"_s, u"b.wav"_s});
+    SettingsFile second;
+    QCOMPARE(second.open(path()).error(), QString());
+    QCOMPARE(second.map(3), zoom(1));
+    QCOMPARE(second.preference(u"mode"_s, 2), QVariant(1));
+    QCOMPARE(second.preference(u"files"_s).toStringList(), (QStringList{u"a.wav"_s, u"b.wav"_s}));
+    QVERIFY(QFile::remove(path()));
+    second.setPreference(u"mode"_s, 1);
+    QVERIFY(!QFile::exists(path())); // nothing has changed
+    write(R"({"version": 1, "channels": {}, "preferences": "none"})");
+    QCOMPARE(second.open(path()).error(), QString());
+    QCOMPARE(second.preference(u"mode"_s), QVariant());
 }
 
 void tst_SettingsFile::withoutAFileMapsLastForTheRun()

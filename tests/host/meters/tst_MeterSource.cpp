@@ -6,6 +6,8 @@
 #include "tests/support/TestObject.h"
 
 #include <QCoreApplication>
+#include <QSignalSpy>
+#include <QTimer>
 
 #include <functional>
 
@@ -36,6 +38,14 @@ public:
 
 private:
     std::vector<Call>* m_calls;
+};
+
+// Nothing but silence, and not before somebody changes something.
+class SilentProducer : public MeterProducer
+{
+public:
+    MeterLevels read(int, const HostMemory::Values&, int, double) override { return {}; }
+    bool isResting() const override { return true; }
 };
 
 class RecordingObserver : public IMeterObserver
@@ -72,6 +82,7 @@ private Q_SLOTS:
     void takesAnotherProducer();
     void anObserverMayLeaveMeanwhile();
     void theTimerReads();
+    void theTimerRestsInSilence();
 
 private:
     void show(int viewer, const MeterSource::View& view)
@@ -232,6 +243,31 @@ void tst_MeterSource::theTimerReads()
     QTRY_VERIFY(m_observer.updates >= 2);
     for (const Call& call : m_calls)
         QVERIFY(call.seconds > 0.0);
+}
+
+void tst_MeterSource::theTimerRestsInSilence()
+{
+    m_source->setProducer(std::make_unique<SilentProducer>());
+    show(0, {0, -1, 48000});
+    const auto ticks = [this] {
+        const int before = m_observer.updates;
+        QTimer beats; // as many as the source's own timer would have in between
+        QSignalSpy spy(&beats, &QTimer::timeout);
+        beats.start(MeterSource::interval);
+        [&] { QTRY_VERIFY(spy.count() >= 3); }();
+        return m_observer.updates - before;
+    };
+    QVERIFY(ticks() > 0);
+    m_source->advance(MeterSource::restsAfter);
+    QCOMPARE(ticks(), 0);
+    m_source->wake();
+    QVERIFY(ticks() > 0);
+    m_source->advance(MeterSource::restsAfter);
+    show(1, {2, -1, 48000}); // whoever comes is shown something
+    QVERIFY(ticks() > 0);
+    m_source->setProducer(std::make_unique<RecordingProducer>(&m_calls));
+    m_source->advance(MeterSource::restsAfter);
+    QVERIFY(ticks() > 0);
 }
 
 QTEST_GUILESS_MAIN(tst_MeterSource)

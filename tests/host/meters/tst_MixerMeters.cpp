@@ -15,6 +15,7 @@ class tst_MixerMeters : public TestObject
 private Q_SLOTS:
     void metersShowWhatTheSourceIs();
     void metersOfTheTestSignalFollowTheStrip();
+    void restsUnlessATestSignalIsSeen();
 
 private:
     struct Fixture
@@ -35,6 +36,7 @@ private:
 void tst_MixerMeters::metersShowWhatTheSourceIs()
 {
     Fixture f;
+    f.memory.setStrip(0, StripParameter::Source, SourceTestSignal);
     f.memory.setStrip(2, StripParameter::Source, SourceFile);
     const auto highest = [&f](int channel) {
         int result = MeterLevels::lowest;
@@ -63,6 +65,7 @@ void tst_MixerMeters::metersShowWhatTheSourceIs()
 void tst_MixerMeters::metersOfTheTestSignalFollowTheStrip()
 {
     Fixture f;
+    f.memory.setStrip(0, StripParameter::Source, SourceTestSignal);
     HostMemory::Values values = f.memory.values(0);
     values[25] = -200;
     f.memory.write(0, values);
@@ -79,8 +82,22 @@ void tst_MixerMeters::metersOfTheTestSignalFollowTheStrip()
     QCOMPARE(difference(1), 0);
     f.memory.setStrip(0, StripParameter::EqualizerOn, 1);
     f.memory.setStrip(0, StripParameter::Stereo, 0);
+    f.memory.setStrip(1, StripParameter::Source, SourceTestSignal);
     QVERIFY(std::abs(difference(0) + 200) <= 1);
     QCOMPARE(difference(1), 0);
+}
+
+// The source of a pair's second channel is not in force.
+void tst_MixerMeters::restsUnlessATestSignalIsSeen()
+{
+    Fixture f;
+    QVERIFY(f.meters.isResting());
+    f.memory.setStrip(3, StripParameter::Source, SourceTestSignal);
+    QVERIFY(f.meters.isResting());
+    f.memory.setStrip(2, StripParameter::Stereo, 0);
+    QVERIFY(!f.meters.isResting());
+    f.memory.setStrip(3, StripParameter::Source, SourceFile);
+    QVERIFY(f.meters.isResting()); // no file plays
 }
 
 ZOLTA_TEST_MAIN(tst_MixerMeters)

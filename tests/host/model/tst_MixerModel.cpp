@@ -307,13 +307,13 @@ void tst_MixerModel::feedsOneStrip()
     m_mixerModel->feed(5, false);
     QCOMPARE(memory().strip(4, StripParameter::Source), int(SourceFile));
     m_mixerModel->feed(0, false);
-    QCOMPARE(memory().strip(0, StripParameter::Source), int(SourceTestSignal));
+    QCOMPARE(memory().strip(0, StripParameter::Source), int(SourceOff));
     m_mixerModel->feed(0, true);
     QCOMPARE(memory().strip(0, StripParameter::Source), int(SourceInput1));
     QVERIFY(!stack().canUndo()); // is no step
     memory().setStrip(0, StripParameter::Source, SourceInput1 + 7);
     m_mixerModel->feed(2, true);
-    QCOMPARE(memory().strip(2, StripParameter::Source), int(SourceTestSignal));
+    QCOMPARE(memory().strip(2, StripParameter::Source), int(SourceOff));
 }
 
 ZOLTA_TEST_MAIN(tst_MixerModel)

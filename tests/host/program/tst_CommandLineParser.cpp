@@ -82,12 +82,15 @@ void tst_CommandLineParser::readsEveryOption()
     QCOMPARE(playing.audio.device.device, u"ears"_s);
     QCOMPARE(playing.audio.device.rate, 96000);
     QCOMPARE(playing.audio.device.block, 64);
+    const CommandLine alone = parse(u"in.wav|--loop|--device|ears"_s).value();
+    QCOMPARE(alone.audio.file, u"in.wav"_s);
+    QVERIFY(alone.audio.loop && alone.plays());
     QVERIFY(parse(u"--live"_s).value().audio.device.live);
 
-    const CommandLine rendering = parse(u"--render|in.ogg|out.wav|--float"_s).value();
+    const CommandLine rendering = parse(u"--render|in.ogg|out.wav|--float|--overwrite"_s).value();
     QCOMPARE(rendering.render.input, u"in.ogg"_s);
     QCOMPARE(rendering.render.output, u"out.wav"_s);
-    QVERIFY(rendering.render.forceFloat);
+    QVERIFY(rendering.render.forceFloat && rendering.render.overwrite);
 }
 
 void tst_CommandLineParser::settingsKeepTheirOrder()
@@ -122,6 +125,8 @@ void tst_CommandLineParser::knowsWhatIsHeadless_data()
     row("--screenshot|a.png", true, false);
     row("--screenshot|a.png|--meters|on", true, true);
     row("--help", true, false);
+    row("-h", true, false);
+    row("--version", true, false);
     row("--devices", true, false);
     row("--render|a.wav|b.wav", true, false);
 }
@@ -187,7 +192,13 @@ void tst_CommandLineParser::refuses_data()
         row("--" + option + "|", "--" + option + " must be the name of a file.");
     row("--channel", "Missing value after '--channel'.");
     row("--loud", "Unknown option 'loud'.");
-    row("something", "Unknown option \"something\".");
+    row("song.wav|other.wav", "One file too many: \"other.wav\". One sound file can be played, and "
+                              "--render takes two.");
+    row("--audio|song.wav|other.wav", "One file too many: \"other.wav\". One sound file can be "
+                                      "played, and --render takes two.");
+    row("song.wav|--live", "--audio cannot be combined with --live.");
+    row("song.wav|--list", "--audio cannot be combined with --list.");
+    row("--overwrite", "--overwrite can only be used with --render.");
     row("--list=yes", "Unexpected value after '--list'.");
     for (const QByteArray option : {"device|x", "rate|48000", "block|64"})
         row("--" + option,
@@ -207,7 +218,8 @@ void tst_CommandLineParser::refuses_data()
         row("--render|in.wav|out.wav|--" + option,
             "--render cannot be combined with --" + option.split('|')[0] + ".");
     row("--render|in.wav", "--render must be followed by the names of two files, IN and OUT.");
-    row("--render|in.wav|out.wav|more", "Unknown option \"more\".");
+    row("--render|in.wav|out.wav|more", "One file too many: \"more\". One sound file can be "
+                                        "played, and --render takes two.");
     row("--render|in.wav|out.mp3", "The name of the file to render must end in .wav, .flac or "
                                    ".ogg; \"out.mp3\" does not.");
     row("--render|in.wav|out.flac|--float", "--float can only be used for a file whose name ends "
@@ -245,7 +257,7 @@ void tst_CommandLineParser::helpNamesEveryOption()
             ++count;
         }
     }
-    QCOMPARE(count, 23);
+    QCOMPARE(count, 25);
 }
 
 // Letters of Japanese take two columns of a terminal, and no line begins with a full stop.

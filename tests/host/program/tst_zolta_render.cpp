@@ -32,6 +32,8 @@ private Q_SLOTS:
     void saysWhatIsWrong();
     void warnsAboutClippingAndDamage();
     void saysThatTheDiskIsFull();
+    void replacesOnlyWhatItMay_data();
+    void replacesOnlyWhatItMay();
     void controlCLeavesNothing();
     void showsProgressOnATerminalOnly();
 
@@ -70,13 +72,13 @@ bool tst_zolta_render::writesInFolder(const QProcess& process) const
     return false;
 }
 
-// Silence beyond the result: a pipe sees no progress.
+// A pipe sees no progress.
 void tst_zolta_render::needsNoDisplayAndNoPlugin()
 {
     writeNoise("in.wav");
     const ProgramResult result = run({u"--render"_s, u"in.wav"_s, u"out.flac"_s});
     QCOMPARE(result.errors, QString());
-    QCOMPARE(result.output, QString());
+    QCOMPARE(result.output, u"Wrote out.flac: 0.4 seconds, 48000 Hz, channels: 2.\n"_s);
     QCOMPARE(result.code, 0);
     QCOMPARE(SoundFiles::read(path("out.flac")).samples, SoundFiles::read(path("in.wav")).samples);
 }
@@ -222,7 +224,7 @@ void tst_zolta_render::saysThatTheDiskIsFull()
     SoundFiles::writeBytes(path("out.wav"), "old");
     QProcess process;
     program().prepare(&process);
-    process.setArguments({u"--render"_s, u"in.wav"_s, u"out.wav"_s});
+    process.setArguments({u"--render"_s, u"in.wav"_s, u"out.wav"_s, u"--overwrite"_s});
     process.setChildProcessModifier([] {
         const rlimit limit = {300000, 300000};
         ::setrlimit(RLIMIT_FSIZE, &limit);
@@ -236,6 +238,52 @@ void tst_zolta_render::saysThatTheDiskIsFull()
     QCOMPARE(process.exitCode(), 1);
     QCOMPARE(SoundFiles::bytesOf(path("out.wav")), "old"_ba);
     QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files).size(), 2);
+}
+
+void tst_zolta_render::replacesOnlyWhatItMay_data()
+{
+    QTest::addColumn<QByteArray>("answer"); // on a terminal; empty: there is none
+    QTest::addColumn<bool>("overwrite");
+    QTest::addColumn<bool>("replaced");
+    QTest::newRow("no terminal") << QByteArray() << false << false;
+    QTest::newRow("no terminal, told to") << QByteArray() << true << true;
+    QTest::newRow("yes") << "y\n"_ba << false << true;
+    QTest::newRow("no") << "n\n"_ba << false << false;
+    QTest::newRow("nothing") << "\n"_ba << false << false;
+}
+
+void tst_zolta_render::replacesOnlyWhatItMay()
+{
+    QFETCH(const QByteArray, answer);
+    QFETCH(const bool, overwrite);
+    QFETCH(const bool, replaced);
+    writeNoise("in.wav");
+    SoundFiles::writeBytes(path("out.wav"), "old");
+    const int terminal = ::posix_openpt(O_RDWR | O_NOCTTY);
+    QVERIFY(terminal >= 0 && ::grantpt(terminal) == 0 && ::unlockpt(terminal) == 0);
+    const int line = ::open(::ptsname(terminal), O_RDWR | O_NOCTTY);
+    QProcess process;
+    program().prepare(&process);
+    QStringList arguments{u"--render"_s, u"in.wav"_s, u"out.wav"_s};
+    process.setArguments(overwrite ? arguments << u"--overwrite"_s : arguments);
+    if (!answer.isEmpty()) {
+        process.setChildProcessModifier([line] {
+            ::dup2(line, STDIN_FILENO);
+            ::dup2(line, STDERR_FILENO);
+        });
+        QCOMPARE(::write(terminal, answer.constData(), static_cast<std::size_t>(answer.size())),
+                 ssize_t(answer.size()));
+    }
+    process.start();
+    QVERIFY(process.waitForFinished(120000));
+    ::close(line);
+    ::close(terminal);
+    QCOMPARE(process.exitCode(), replaced ? 0 : 1);
+    QCOMPARE(SoundFiles::bytesOf(path("out.wav")) == "old"_ba, !replaced);
+    if (answer.isEmpty() && !replaced)
+        QCOMPARE(QString::fromUtf8(process.readAllStandardError()),
+                 u"zolta-host: The file out.wav exists and is left as it is. Choose another name, "
+                 "or use --overwrite to replace it.\n"_s);
 }
 
 void tst_zolta_render::controlCLeavesNothing()

@@ -13,6 +13,7 @@
 #include "host/window/MixerStrip.h"
 #include "host/window/MixerWindow.h"
 #include "host/window/StripMeters.h"
+#include "host/window/WindowPlaces.h"
 #include "tests/host/audio/FakeDevice.h"
 #include "tests/host/window/WindowTesting.h"
 #include "tests/support/TestObject.h"
@@ -23,6 +24,8 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QMenu>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSlider>
 #include <QStatusBar>
 #include <QTimer>
@@ -63,6 +66,8 @@ private Q_SLOTS:
     void metersKnowTheOtherStrips();
     void peaksStayForAWhile();
     void metersRunWhileSomethingShows();
+    void windowsStandSideBySide_data();
+    void windowsStandSideBySide();
     void copyAndPasteThroughTheMenu();
     void pasteFollowsTheClipboard();
     void compareInTheEditorWindow();
@@ -113,9 +118,7 @@ void tst_MixerWindow::init()
     TestObject::init();
     m_mixer = std::make_unique<Mixer>();
     QCOMPARE(m_mixer->library.load(QStringLiteral(HOST_REAL_PLUGIN)).error(), QString());
-    EditorSettings settings;
-    settings.dialMode = 2; // knobs are dragged up and down
-    m_window = std::make_unique<MixerWindow>(*m_mixer, settings);
+    m_window = std::make_unique<MixerWindow>(*m_mixer, EditorSettings());
     m_window->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
     QCoreApplication::processEvents(); // the groups' buttons join them
@@ -215,7 +218,9 @@ void tst_MixerWindow::faderDragIsOneStep()
 void tst_MixerWindow::sourceIsChosenInItsMenu()
 {
     auto* source = strip(0)->findChild<PullDownButtonController*>();
-    QCOMPARE(source->currentText(), u"Test signal"_s);
+    QCOMPARE(source->currentText(), u"Off"_s);
+    set(0, StripParameter::Source, SourceTestSignal);
+    stack().clear();
     QCOMPARE(source->textList().size(), SourceOff + 1);
     QTimer::singleShot(0, this, [] {
         auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
@@ -309,7 +314,7 @@ void tst_MixerWindow::everyControlHasAName()
         QVERIFY2(!widget->accessibleName().isEmpty(), widget->metaObject()->className());
         names << widget->accessibleName();
     }
-    QCOMPARE(names.size(), channelCount * 14 + 5);
+    QCOMPARE(names.size(), channelCount * 14 + 7);
 }
 
 void tst_MixerWindow::namesFollowTheChannel()
@@ -508,6 +513,32 @@ void tst_MixerWindow::metersRunWhileSomethingShows()
     m_window->show();
     QVERIFY(m_mixer->memory.meters().hasObservers());
     QCOMPARE(metersRead(*m_mixer).size(), channelCount);
+}
+
+void tst_MixerWindow::windowsStandSideBySide_data()
+{
+    QTest::addColumn<QSize>("room");
+    QTest::addColumn<double>("scale"); // of the editor
+    QTest::newRow("1920 x 1080") << QSize(1920, 1080) << 1.0;
+    QTest::newRow("1600 x 900") << QSize(1600, 900) << 1.0;
+    QTest::newRow("1366 x 768, with a bar of the desktop") << QSize(1366, 728) << 0.75;
+    QTest::newRow("1280 x 720") << QSize(1280, 720) << 0.5;
+}
+
+void tst_MixerWindow::windowsStandSideBySide()
+{
+    QFETCH(const QSize, room);
+    const QRect place(QPoint(10, 20), room);
+    EditorWindow* editor = m_window->openEditor(0, true);
+    placeSideBySide(*m_window, *editor, place);
+    const QRect mixer = m_window->frameGeometry();
+    QVERIFY(!mixer.intersects(editor->frameGeometry()));
+    QVERIFY(place.contains(mixer));
+    QVERIFY(place.contains(editor->frameGeometry()));
+    QTEST(editor->settings().scale, "scale");
+    const auto* area = editor->findChild<QScrollArea*>();
+    QTRY_COMPARE(area->horizontalScrollBar()->maximum(), 0);
+    QVERIFY(mixer.width() >= 4 * MixerStrip::stripWidth); // all pairs are in sight
 }
 
 void tst_MixerWindow::copyAndPasteThroughTheMenu()

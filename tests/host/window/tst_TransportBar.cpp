@@ -99,7 +99,8 @@ template <typename Widget> Widget* tst_TransportBar::named(const char* name) con
 void tst_TransportBar::withoutTransportThereIsNoAudio()
 {
     QVERIFY(says("No audio"));
-    for (const char* name : {"Open sound file", "Play", "Stop", "Position", "Output device"})
+    for (const char* name : {"Open sound file", "Return to the start", "Play", "Stop", "Loop",
+                             "Position", "Output device"})
         QVERIFY2(!named<QWidget>(name)->isEnabled(), name);
 }
 
@@ -119,6 +120,12 @@ void tst_TransportBar::drivesTheSession()
     m_session->setPosition(61.5);
     QCOMPARE(position->value(), 615);
     QVERIFY(says("1:01 / 2:05"));
+    QTest::mouseClick(position, Qt::LeftButton, {}, position->rect().center());
+    QVERIFY(std::abs(m_session->position() - 62.5) < 1.0); // where it was clicked
+    QTest::mouseClick(named<QAbstractButton>("Return to the start"), Qt::LeftButton);
+    QCOMPARE(m_session->position(), 0.0);
+    QTest::mouseClick(named<QAbstractButton>("Loop"), Qt::LeftButton);
+    QVERIFY(m_session->isLooping());
     auto* devices = named<QComboBox>("Output device");
     QCOMPARE(devices->currentText(), u"fake:Speakers"_s);
     m_bar->activateWindow();
