@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the signal processor costs: how many channels one core keeps up with in real time (items a
-// second over the sample rate), and the worst block while every parameter moves.
+// second over the sample rate), and the worst block while every parameter moves. What is said to be
+// so many times something else is measured in turns with it: "ratio" beside its "limit".
 #include "engine/AudioEngine.h"
 
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <array>
 #include <ctime>
 #include <memory>
 #include <random>
+#include <span>
 #include <vector>
 
 namespace {
@@ -121,6 +124,110 @@ double processorTime()
     clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
     return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
 }
+
+template <typename First, typename Second>
+void compare(benchmark::State& state, First first, Second second, double limit)
+{
+    double firstTime = 0.0;
+    double secondTime = 0.0;
+    for (auto _ : state) {
+        const double start = processorTime();
+        for (int i = 0; i < 64; ++i)
+            first();
+        const double middle = processorTime();
+        for (int i = 0; i < 64; ++i)
+            second();
+        const double end = processorTime();
+        firstTime += middle - start;
+        secondTime += end - middle;
+        state.SetIterationTime(end - start);
+    }
+    state.counters["ratio"] = firstTime / secondTime;
+    state.counters["limit"] = limit;
+}
+
+/// Two channels, and what they play again and again.
+class Stereo
+{
+public:
+    explicit Stereo(const Values& values)
+    {
+        for (ChannelProcessor& channel : m_channels)
+            channel.setValues(values);
+    }
+
+    void runOne() { m_channels[0].process(freshBlock(0)); }
+    void runEach()
+    {
+        for (std::size_t c = 0; c < m_channels.size(); ++c)
+            m_channels[c].process(freshBlock(c));
+    }
+    void runPair()
+    {
+        ChannelProcessor::processPair(&m_channels[0], &m_channels[1], freshBlock(0), freshBlock(1));
+    }
+    /// Silence, until nothing is left of what was played.
+    void fallSilent()
+    {
+        std::fill(m_in.begin(), m_in.end(), 0.0);
+        for (int i = 0; i < 4000; ++i)
+            runEach();
+    }
+
+private:
+    std::span<double> freshBlock(std::size_t channel)
+    {
+        std::copy(m_in.begin(), m_in.end(), m_blocks[channel].begin());
+        benchmark::ClobberMemory();
+        return m_blocks[channel];
+    }
+
+    std::array<ChannelProcessor, 2> m_channels;
+    std::vector<double> m_in = noise(blockLength);
+    std::array<std::vector<double>, 2> m_blocks = {m_in, m_in};
+};
+
+// How many times the channels of one after the other a core has in pairs: at least the limit.
+void pairGain(benchmark::State& state, const Values& values)
+{
+    Stereo each(values);
+    Stereo pair(values);
+    compare(
+        state, [&each] { each.runEach(); }, [&pair] { pair.runPair(); }, 1.7);
+}
+BENCHMARK_CAPTURE(pairGain, mixed, busy(0))->UseManualTime();
+BENCHMARK_CAPTURE(pairGain, boosts, busy(0, 1))->UseManualTime();
+BENCHMARK_CAPTURE(pairGain, cuts, busy(0, -1))->UseManualTime();
+
+// How many times a clean channel one with drive costs: at most the limit.
+void driveCost(benchmark::State& state)
+{
+    Stereo drive(busy(1));
+    Stereo clean(busy(0));
+    compare(
+        state, [&drive] { drive.runOne(); }, [&clean] { clean.runOne(); }, 3.0);
+}
+BENCHMARK(driveCost)->UseManualTime();
+
+void pairDriveCost(benchmark::State& state)
+{
+    Stereo drive(busy(1));
+    Stereo clean(busy(0));
+    compare(
+        state, [&drive] { drive.runPair(); }, [&clean] { clean.runPair(); }, 3.0);
+}
+BENCHMARK(pairDriveCost)->UseManualTime();
+
+// Silence against a signal, both with drive: at most the limit.
+void silenceCost(benchmark::State& state)
+{
+    Stereo silent(busy(1));
+    Stereo playing(busy(1));
+    silent.fallSilent();
+    compare(
+        state, [&silent] { silent.runPair(); }, [&playing] { playing.runPair(); }, 0.2);
+}
+BENCHMARK(silenceCost)->UseManualTime();
 
 // Every parameter of every channel moves before each block; "worst" is the slowest of the blocks in
 // microseconds, for eight channels, "limit" the time that a block lasts.

@@ -68,13 +68,19 @@ def measure(command):
     return used, elapsed
 
 
+# How many times zolta-host's processor time the others take, at least.
+LIMITS = {"sox": 3.0, "ffmpeg": 2.0}
+
+
 def print_table(results):
     reference = [statistics.median(column) for column in zip(*results["zolta-host"])]
-    print("| program | processor | elapsed | against zolta-host |\n|---|---|---|---|")
+    print("| program | processor | elapsed | against zolta-host | processor's limit |")
+    print("|---|---|---|---|---|")
     for name, runs in results.items():
         used, elapsed = (statistics.median(column) for column in zip(*runs))
         print(f"| {name} | {used:.2f} s | {elapsed:.2f} s | "
-              f"× {used / reference[0]:.2f}, × {elapsed / reference[1]:.2f} |")
+              f"× {used / reference[0]:.2f}, × {elapsed / reference[1]:.2f} | "
+              + (f"× {LIMITS[name]:.2f} |" if name in LIMITS else "|"))
 
 
 def main(host, seconds=600.0, runs=5):

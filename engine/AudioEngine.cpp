@@ -7,6 +7,23 @@ namespace {
 
 // Parts stay in the fastest cache from the first stage to the last.
 constexpr std::size_t maxPart = 256;
+using Buffer = std::array<double, maxPart>;
+
+std::span<double> widened(std::span<double> block, Buffer*) { return block; }
+
+std::span<double> widened(std::span<float> block, Buffer* buffer)
+{
+    std::copy(block.begin(), block.end(), buffer->begin());
+    return std::span(*buffer).first(block.size());
+}
+
+void narrow(std::span<const double>, std::span<double>) {}
+
+void narrow(std::span<const double> part, std::span<float> block)
+{
+    std::transform(part.begin(), part.end(), block.begin(),
+                   [](double sample) { return static_cast<float>(sample); });
+}
 
 } // namespace
 
@@ -57,40 +74,73 @@ std::uint32_t AudioEngine::packed(const MeterLevels& levels)
 template <typename Sample>
 void AudioEngine::processAll(std::span<Sample* const> channels, std::size_t frames) noexcept
 {
-    const double seconds = static_cast<double>(frames) / m_sampleRate;
-    for (std::size_t i = 0; i < m_channels.size(); ++i) {
-        Channel& channel = m_channels[i];
+    for (Channel& channel : m_channels) {
         if (const Values* values = channel.settings.take())
             channel.processor.setValues(*values);
-        Peaks peaks;
-        Sample* samples = i < channels.size() ? channels[i] : nullptr;
-        for (std::size_t done = 0; samples && done < frames; done += maxPart) {
-            const std::size_t count = std::min(maxPart, frames - done);
-            const Peaks part = processPart(&channel.processor, {samples + done, count});
-            peaks.send = std::max(peaks.send, part.send);
-            peaks.returned = std::max(peaks.returned, part.returned);
-        }
-        channel.meters.take(peaks.send, peaks.returned, seconds);
+        channel.peaks = {};
+    }
+    const auto samplesOf = [channels](std::size_t i) {
+        return i < channels.size() ? channels[i] : nullptr;
+    };
+    for (std::size_t i = 0; i < m_channels.size(); i += 2)
+        processBoth(&m_channels[i], samplesOf(i), samplesOf(i + 1), frames);
+    const double seconds = static_cast<double>(frames) / m_sampleRate;
+    for (Channel& channel : m_channels) {
+        channel.meters.take(channel.peaks.send, channel.peaks.returned, seconds);
         channel.levels.store(packed(channel.meters.levels()), std::memory_order_relaxed);
     }
     m_blocks.fetch_add(1, std::memory_order_relaxed);
 }
 
-AudioEngine::Peaks AudioEngine::processPart(ChannelProcessor* processor, std::span<double> block)
+// Of two neighbours, which are the two sides of a stereo strip, if there is one.
+template <typename Sample>
+void AudioEngine::processBoth(Channel* first, Sample* left, Sample* right, std::size_t frames)
 {
-    processor->applyInput(block);
-    const double send = peakOf(block);
-    processor->equalize(block);
-    return {send, peakOf(block)};
+    for (std::size_t done = 0; done < frames; done += maxPart) {
+        const std::size_t count = std::min(maxPart, frames - done);
+        if (left && right)
+            processPair<Sample>(first, {left + done, count}, {right + done, count});
+        else if (left)
+            processOne<Sample>(first, {left + done, count});
+        else if (right)
+            processOne<Sample>(first + 1, {right + done, count});
+    }
 }
 
-AudioEngine::Peaks AudioEngine::processPart(ChannelProcessor* processor, std::span<float> block)
+template <typename Sample>
+void AudioEngine::processPair(Channel* first, std::span<Sample> left, std::span<Sample> right)
 {
-    std::array<double, maxPart> samples;
-    const std::span<double> part(samples.data(), block.size());
-    std::copy(block.begin(), block.end(), part.begin());
-    const Peaks peaks = processPart(processor, part);
-    std::transform(part.begin(), part.end(), block.begin(),
-                   [](double sample) { return static_cast<float>(sample); });
-    return peaks;
+    Channel* const second = first + 1;
+    Buffer leftBuffer;
+    Buffer rightBuffer;
+    const std::span<double> leftPart = widened(left, &leftBuffer);
+    const std::span<double> rightPart = widened(right, &rightBuffer);
+    first->takeInput(leftPart);
+    second->takeInput(rightPart);
+    ChannelProcessor::equalizePair(&first->processor, &second->processor, leftPart, rightPart);
+    first->takeOutput(leftPart);
+    second->takeOutput(rightPart);
+    narrow(leftPart, left);
+    narrow(rightPart, right);
+}
+
+template <typename Sample> void AudioEngine::processOne(Channel* channel, std::span<Sample> block)
+{
+    Buffer buffer;
+    const std::span<double> part = widened(block, &buffer);
+    channel->takeInput(part);
+    channel->processor.equalize(part);
+    channel->takeOutput(part);
+    narrow(part, block);
+}
+
+void AudioEngine::Channel::takeInput(std::span<double> block)
+{
+    processor.applyInput(block);
+    peaks.send = std::max(peaks.send, peakOf(block));
+}
+
+void AudioEngine::Channel::takeOutput(std::span<const double> block)
+{
+    peaks.returned = std::max(peaks.returned, peakOf(block));
 }

@@ -57,9 +57,13 @@ private:
     };
     struct Channel
     {
+        void takeInput(std::span<double> block);
+        void takeOutput(std::span<const double> block);
+
         LatestValue<Values> settings;
         ChannelProcessor processor;
         ChannelMeters meters;
+        Peaks peaks; // of the block under way
         std::atomic<std::uint32_t> levels = packed({});
     };
 
@@ -69,8 +73,11 @@ private:
 
     template <typename Sample>
     void processAll(std::span<Sample* const> channels, std::size_t frames) noexcept;
-    static Peaks processPart(ChannelProcessor* processor, std::span<double> block);
-    static Peaks processPart(ChannelProcessor* processor, std::span<float> block);
+    template <typename Sample>
+    static void processBoth(Channel* first, Sample* left, Sample* right, std::size_t frames);
+    template <typename Sample>
+    static void processPair(Channel* first, std::span<Sample> left, std::span<Sample> right);
+    template <typename Sample> static void processOne(Channel* channel, std::span<Sample> block);
 
     double m_sampleRate = 48000.0;
     std::array<Channel, channelCount> m_channels;

@@ -17,10 +17,28 @@ struct BandChain
 {
     static constexpr std::size_t middleCount = 4;
 
-    VEQ_Filter::Runner low;
-    std::array<FILTER2PEQ::Runner, middleCount> middle;
-    VEQ_Filter::Runner high;
+    /// What runs, for one signal or for as many as a register holds.
+    template <typename Sample> struct Runners
+    {
+        VEQ_Filter::BasicRunner<Sample> low;
+        std::array<FILTER2PEQ::BasicRunner<Sample>, middleCount> middle;
+        VEQ_Filter::BasicRunner<Sample> high;
+    };
+
+    Runners<double> bands;
     unsigned int cuts = 0; ///< bit i: middle band i cuts, instead of boosting
 
     void process(std::span<double> block);
+
+    /// Two channels side by side in registers of two doubles, each with the bits that its own
+    /// process() gives. Both cut in the same bands, and their blocks are equally long.
+    static void processPair(BandChain* left, BandChain* right, std::span<double> leftBlock,
+                            std::span<double> rightBlock);
+
+    /// Whether coefficients and what the bands have heard are the same, bit by bit.
+    bool isSameAs(const BandChain& other) const;
+    /// Whether all that the bands have heard is below any number that is heard, however amplified.
+    bool isFaint() const;
+    /// Clears what the bands have heard.
+    void clear();
 };

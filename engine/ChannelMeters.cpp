@@ -4,13 +4,15 @@
 #include "equalizer/Decibels.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
-#include <limits>
+#include <numeric>
 
 namespace {
 
 constexpr double lowest = MeterLevels::lowest / 10.0;
 constexpr double highest = MeterLevels::highest / 10.0;
+constexpr std::size_t laneCount = 8; // compared together
 
 double levelOf(double peak)
 {
@@ -46,11 +48,20 @@ void ChannelMeters::take(double sendPeak, double returnPeak, double seconds)
 
 double peakOf(std::span<const double> block)
 {
-    double peak = 0.0;
-    for (const double sample : block) {
-        if (std::isnan(sample))
-            return std::numeric_limits<double>::quiet_NaN();
-        peak = std::max(peak, std::abs(sample));
+    std::array<double, laneCount> peaks{};
+    std::array<double, laneCount> sums{}; // NaN if a sample is
+    std::size_t i = 0;
+    for (; i + laneCount <= block.size(); i += laneCount) {
+        for (std::size_t k = 0; k < laneCount; ++k) {
+            const double magnitude = std::abs(block[i + k]);
+            peaks[k] = magnitude > peaks[k] ? magnitude : peaks[k];
+            sums[k] += magnitude;
+        }
     }
-    return peak;
+    for (; i < block.size(); ++i) {
+        peaks[0] = std::max(peaks[0], std::abs(block[i]));
+        sums[0] += std::abs(block[i]);
+    }
+    const double sum = std::accumulate(sums.begin(), sums.end(), 0.0);
+    return std::isnan(sum) ? sum : *std::max_element(peaks.begin(), peaks.end());
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "engine/BandChain.h"
 #include "engine/Drive.h"
 #include "engine/OuterBand.h"
 #include "engine/PeakingBand.h"
@@ -51,6 +52,14 @@ public:
     /// The second part: bands, drive and output level.
     void equalize(std::span<double> block);
 
+    /// The same for two channels and their blocks, which are equally long. Each gets the bits that
+    /// it would get alone, in little more than the time of one while both are at rest and cut in
+    /// the same bands.
+    static void processPair(ChannelProcessor* left, ChannelProcessor* right,
+                            std::span<double> leftBlock, std::span<double> rightBlock);
+    static void equalizePair(ChannelProcessor* left, ChannelProcessor* right,
+                             std::span<double> leftBlock, std::span<double> rightBlock);
+
     /// How many samples later what goes in comes out: 0 when clean, Drive::latency with drive.
     double latency() const { return m_drive.isWanted() ? double{Drive::latency} : 0.0; }
 
@@ -58,19 +67,39 @@ public:
     void reset();
 
 private:
-    static constexpr std::size_t middleCount = EqualizerBands::Count - 2;
+    static constexpr std::size_t middleCount = BandChain::middleCount;
+    // Fewer bands are faster one after the other.
+    static constexpr int minBandsForChain = 3;
+    // After so many zeros in a row, and again after as many more, bands that hold next to nothing
+    // are cleared: flushing keeps their last numbers from ever becoming zero.
+    static constexpr std::size_t silenceLength = 1024;
 
     void apply(bool atOnce);
     void applyBand(int band, bool atOnce);
 
     bool isSettled() const;
     int presentBands() const;
+    bool isChained() const { return isSettled() && presentBands() >= minBandsForChain; }
     void runBands(std::span<double> block);
+    static void runBandsOfPair(ChannelProcessor* left, ChannelProcessor* right,
+                               std::span<double> leftBlock, std::span<double> rightBlock);
+    void runPart(std::span<double> block);
+    void runSteady(std::span<double> block);
     void runChain(std::span<double> block);
+    void runEach(std::span<double> block);
+    bool wantsOwnPath(std::span<const double> block) const;
+    bool reachesSilence(std::span<const double> block) const;
+    void countZeros(std::span<const double> block);
+    void clearFaintBands();
+    void finish(std::span<double> block);
+    unsigned int cuts() const;
+    BandChain chain() const;
+    void restore(const BandChain& chain);
 
     Values m_values;
     double m_sampleRate = 48000.0;
-    bool m_fresh = true; // nothing heard yet
+    bool m_fresh = true;     // nothing heard yet
+    std::size_t m_zeros = 0; // in a row, of what the bands heard; fewer than silenceLength
     GainRamp m_input;
     OuterBand m_low{OuterBand::Side::Low};
     std::array<PeakingBand, middleCount> m_middle;

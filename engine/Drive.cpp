@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/Drive.h"
 
+#include "engine/Steady.h"
+
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 
 namespace {
 
@@ -17,6 +21,18 @@ const double makeUp = [] {
     const double square = std::pow(10.0, Drive::matchedLevel / 10.0);
     return std::sqrt(0.5 * square / (1.0 - 1.0 / std::sqrt(1.0 + square)));
 }();
+
+[[gnu::always_inline]] inline void saturateAll(const double* in, std::size_t count, double* out)
+{
+    const double factor = makeUp;
+    for (std::size_t i = 0; i < count; ++i)
+        out[i] = factor * in[i] / std::sqrt(1.0 + in[i] * in[i]);
+}
+
+bool isSame(double a, double b)
+{
+    return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
+}
 
 } // namespace
 
@@ -51,17 +67,37 @@ void Drive::process(std::span<double> block)
 {
     while (!block.empty() && !m_share.isOut()) {
         const std::size_t count = std::min(block.size(), maxBlock);
-        processPart(block.first(count));
+        const std::span<double> part = block.first(count);
+        if (isSteadyOn(part))
+            std::fill(part.begin(), part.end(), m_lastOut);
+        else
+            processPart(part);
         block = block.subspan(count);
     }
 }
 
-double Drive::saturate(double sample) { return makeUp * sample / std::sqrt(1.0 + sample * sample); }
+double Drive::saturate(double sample)
+{
+    saturateAll(&sample, 1, &sample);
+    return sample;
+}
+
+// Whether the filters have heard nothing but the block's one sample for as long as they remember.
+bool Drive::isSteadyOn(std::span<const double> block) const
+{
+    return m_steadyCount >= memory && !m_share.isMoving() && m_unfilled == 0 &&
+           isSame(block.front(), m_lastIn) && (block.size() == 1 || isSteady(block));
+}
 
 void Drive::processPart(std::span<double> block)
 {
+    const bool steady = block.size() == 1 || isSteady(block);
+    const bool same = steady && isSame(block.front(), m_lastIn);
+    m_steadyCount = steady ? block.size() + (same ? m_steadyCount : 0) : 0;
+    m_lastIn = block.back();
     std::array<double, maxBlock> driven;
-    oversample(block.data(), block.size(), driven.data());
+    m_oversample(&m_filters, block.data(), block.size(), driven.data());
+    m_lastOut = driven[block.size() - 1];
     for (std::size_t i = 0; i < block.size(); ++i) {
         if (m_unfilled > 0)
             --m_unfilled;
@@ -72,22 +108,70 @@ void Drive::processPart(std::span<double> block)
     }
 }
 
-void Drive::oversample(const double* in, std::size_t count, double* out)
+template <std::size_t Lanes>
+[[gnu::always_inline]] inline void Drive::Filters::oversample(const double* in, std::size_t count,
+                                                              double* out)
 {
+    std::array<double, maxBlock> between;
     std::array<double, 2 * maxBlock> twice;
-    std::array<double, 4 * maxBlock> fourTimes;
-    m_up.process(in, count, outerTaps, twice.data());
-    m_upAgain.process(twice.data(), 2 * count, innerTaps, fourTimes.data());
-    for (std::size_t i = 0; i < 4 * count; ++i)
-        fourTimes[i] = saturate(fourTimes[i]);
-    m_down.process(fourTimes.data(), 2 * count, innerTaps, twice.data());
-    m_downAgain.process(twice.data(), count, outerTaps, out);
+    std::copy_n(in, count, up.input());
+    const double* middle = up.process<Lanes>(count, outerTaps, between.data());
+    for (std::size_t i = 0; i < count; ++i) {
+        upAgain.input()[2 * i] = middle[i];
+        upAgain.input()[2 * i + 1] = between[i];
+    }
+    up.advance(count);
+    middle = upAgain.process<Lanes>(2 * count, innerTaps, twice.data());
+    saturateAll(middle, 2 * count, down.first());
+    saturateAll(twice.data(), 2 * count, down.second());
+    upAgain.advance(2 * count);
+    down.process<Lanes>(2 * count, innerTaps, twice.data());
+    for (std::size_t i = 0; i < count; ++i) {
+        downAgain.first()[i] = twice[2 * i];
+        downAgain.second()[i] = twice[2 * i + 1];
+    }
+    downAgain.process<Lanes>(count, outerTaps, out);
 }
+
+void Drive::Filters::reset()
+{
+    up.reset();
+    upAgain.reset();
+    down.reset();
+    downAgain.reset();
+}
+
+// The same source for each size of registers; no bit depends on it.
+void Drive::oversample(Filters* filters, const double* in, std::size_t count, double* out)
+{
+    filters->oversample<2>(in, count, out);
+}
+
+#ifdef __x86_64__
+[[gnu::target("avx2")]] void Drive::oversampleWide(Filters* filters, const double* in,
+                                                   std::size_t count, double* out)
+{
+    filters->oversample<4>(in, count, out);
+}
+
+[[gnu::target("avx512f")]] void Drive::oversampleWidest(Filters* filters, const double* in,
+                                                        std::size_t count, double* out)
+{
+    filters->oversample<8>(in, count, out);
+}
+
+Drive::Oversample Drive::fastest()
+{
+    if (__builtin_cpu_supports("avx512f"))
+        return oversampleWidest;
+    return __builtin_cpu_supports("avx2") ? oversampleWide : oversample;
+}
+#else
+Drive::Oversample Drive::fastest() { return oversample; }
+#endif
 
 void Drive::resetSamples()
 {
-    m_up.reset();
-    m_upAgain.reset();
-    m_down.reset();
-    m_downAgain.reset();
+    m_filters.reset();
+    m_steadyCount = 0;
 }

@@ -39,20 +39,42 @@ public:
     static double saturate(double sample);
 
 private:
-    static constexpr std::size_t maxBlock = 64;
+    static constexpr std::size_t maxBlock = 128;
     static constexpr std::size_t outerHalf = 36;
     static constexpr std::size_t innerHalf = 7;
     static_assert(latency == 2 * outerHalf - 1 + innerHalf);
+    // How many inputs an output depends on, at most.
+    static constexpr std::size_t memory = 2 * latency + 4;
 
+    struct Filters
+    {
+        template <std::size_t Lanes>
+        void oversample(const double* in, std::size_t count, double* out);
+        void reset();
+
+        HalfBand::Interpolator<outerHalf, maxBlock> up;
+        HalfBand::Interpolator<innerHalf, 2 * maxBlock> upAgain;
+        HalfBand::Decimator<innerHalf, 2 * maxBlock, innerHalf> down;
+        HalfBand::Decimator<outerHalf, maxBlock, outerHalf - 1> downAgain;
+    };
+    using Oversample = void (*)(Filters* filters, const double* in, std::size_t count, double* out);
+
+    static void oversample(Filters* filters, const double* in, std::size_t count, double* out);
+    static void oversampleWide(Filters* filters, const double* in, std::size_t count, double* out);
+    static void oversampleWidest(Filters* filters, const double* in, std::size_t count,
+                                 double* out);
+    static Oversample fastest();
+
+    bool isSteadyOn(std::span<const double> block) const;
     void processPart(std::span<double> block);
-    void oversample(const double* in, std::size_t count, double* out);
     void resetSamples();
 
     bool m_wanted = false;
     FadeRamp m_share;
     int m_unfilled = 0; // samples until the filters have filled
-    HalfBand::Interpolator<outerHalf, maxBlock> m_up;
-    HalfBand::Interpolator<innerHalf, 2 * maxBlock> m_upAgain;
-    HalfBand::Decimator<innerHalf, 2 * maxBlock, innerHalf> m_down;
-    HalfBand::Decimator<outerHalf, maxBlock, outerHalf - 1> m_downAgain;
+    Filters m_filters;
+    Oversample m_oversample = fastest();
+    std::size_t m_steadyCount = 0; // of inputs in a row that were m_lastIn
+    double m_lastIn = 0.0;
+    double m_lastOut = 0.0; // of the filters
 };

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstring>
 
 /// A half-band low-pass of linear phase, the step between a sample rate and its double. Every
 /// second of its taps is zero but for the one in the middle, which is a half; what is left are
@@ -14,8 +15,9 @@
 /// signal is cut into blocks.
 namespace HalfBand {
 
-/// Outputs computed together.
-inline constexpr std::size_t group = 8;
+/// Outputs computed together: as many registers, which hold what the processor has room for.
+inline constexpr std::size_t registers = 4;
+inline constexpr std::size_t longestGroup = 32;
 
 namespace Detail {
 
@@ -63,7 +65,7 @@ template <std::size_t Half> constexpr std::array<double, Half> taps(double beta)
 template <std::size_t Half, std::size_t Longest> class History
 {
 public:
-    static_assert(Longest % group == 0);
+    static_assert(Longest % longestGroup == 0);
 
     /// Where the next block goes; what has been there stays until then, so that reading beyond the
     /// block's end is safe.
@@ -78,25 +80,41 @@ public:
     void reset() { m_samples.fill(0.0); }
 
     /// The sums of taps and samples for a block of \a count that begins \a delay before block();
-    /// \a out has room for whole groups.
-    void convolve(const std::array<double, Half>& taps, std::size_t delay, std::size_t count,
-                  double* out) const
+    /// \a out has room for whole groups. Lanes is how many doubles a register has, which makes no
+    /// difference to any bit.
+    template <std::size_t Lanes>
+    [[gnu::always_inline]] void convolve(const std::array<double, Half>& taps, std::size_t delay,
+                                         std::size_t count, double* out) const
     {
-        for (std::size_t m = 0; m < count; m += group) {
+        static_assert(Lanes * registers <= longestGroup);
+        for (std::size_t m = 0; m < count; m += Lanes * registers) {
             const double* newest = block() + m - delay;
-            const double* oldest = newest - (2 * Half - 1);
-            std::array<double, group> sums{};
-            for (std::size_t j = 0; j < Half; ++j) {
-                const double tap = taps[j];
-                for (std::size_t i = 0; i < group; ++i)
-                    sums[i] += tap * (*(newest + i - j) + oldest[i + j]);
-            }
-            std::copy(sums.begin(), sums.end(), out + m);
+            convolveGroup<Lanes>(taps, newest, newest - (2 * Half - 1), out + m);
         }
     }
 
 private:
     static constexpr std::size_t past = 2 * Half;
+
+    template <std::size_t Lanes>
+    [[gnu::always_inline]] static void convolveGroup(const std::array<double, Half>& taps,
+                                                     const double* newest, const double* oldest,
+                                                     double* out)
+    {
+        using Register [[gnu::vector_size(Lanes * sizeof(double))]] = double;
+        Register sums[registers] = {};
+        for (std::size_t j = 0; j < Half; ++j, --newest, ++oldest) {
+            for (std::size_t r = 0; r < registers; ++r) {
+                Register early;
+                Register late;
+                std::memcpy(&late, newest + r * Lanes, sizeof late);
+                std::memcpy(&early, oldest + r * Lanes, sizeof early);
+                sums[r] += taps[j] * (late + early);
+            }
+        }
+        for (std::size_t r = 0; r < registers; ++r)
+            std::memcpy(out + r * Lanes, &sums[r], sizeof sums[r]);
+    }
 
     std::array<double, past + Longest> m_samples{};
 };
@@ -105,19 +123,18 @@ private:
 template <std::size_t Half, std::size_t Longest> class Interpolator
 {
 public:
-    void process(const double* in, std::size_t count, const std::array<double, Half>& taps,
-                 double* out)
+    /// Where the next \a count inputs go.
+    double* input() { return m_history.block(); }
+    /// Of the outputs for each input the first one; the second ones go to \a between.
+    template <std::size_t Lanes>
+    [[gnu::always_inline]] const double*
+    process(std::size_t count, const std::array<double, Half>& taps, double* between) const
     {
-        std::copy_n(in, count, m_history.block());
-        std::array<double, Longest> between;
-        m_history.convolve(taps, 0, count, between.data());
-        const double* middle = m_history.block() - Half;
-        for (std::size_t m = 0; m < count; ++m) {
-            out[2 * m] = middle[m];
-            out[2 * m + 1] = between[m];
-        }
-        m_history.advance(count);
+        m_history.template convolve<Lanes>(taps, 0, count, between);
+        return m_history.block() - Half;
     }
+    /// The inputs are dealt with, and with them what process() answered.
+    void advance(std::size_t count) { m_history.advance(count); }
     void reset() { m_history.reset(); }
 
 private:
@@ -130,15 +147,16 @@ template <std::size_t Half, std::size_t Longest, std::size_t Delay> class Decima
 public:
     static_assert(Delay == Half || Delay == Half - 1);
 
-    void process(const double* in, std::size_t count, const std::array<double, Half>& taps,
-                 double* out)
+    /// Where the first and the second one of each two inputs go.
+    double* first() { return m_even.block(); }
+    double* second() { return m_odd.block(); }
+    /// The inputs for \a count outputs are there.
+    template <std::size_t Lanes>
+    [[gnu::always_inline]] void process(std::size_t count, const std::array<double, Half>& taps,
+                                        double* out)
     {
-        for (std::size_t m = 0; m < count; ++m) {
-            m_even.block()[m] = in[2 * m];
-            m_odd.block()[m] = in[2 * m + 1];
-        }
         std::array<double, Longest> sums;
-        m_odd.convolve(taps, Delay - (Half - 1), count, sums.data());
+        m_odd.template convolve<Lanes>(taps, Delay - (Half - 1), count, sums.data());
         const double* middle = m_even.block() - Delay;
         for (std::size_t m = 0; m < count; ++m)
             out[m] = 0.5 * (middle[m] + sums[m]);

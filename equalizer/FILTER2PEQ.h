@@ -83,31 +83,32 @@ public:
 
     /// The band-pass with its delay line and a gain factor, taken out of the band so that a loop
     /// over several bands can keep it in registers: boost() and cut() are the two structures for
-    /// one sample. What the band-pass has heard goes back with setDelay().
-    struct Runner
+    /// one sample. What the band-pass has heard goes back with setDelay(). Sample is double, or a
+    /// register of several doubles, each a signal with a band of its own.
+    template <typename Sample> struct BasicRunner
     {
-        double c0 = 0.0, c1 = 0.0, c2 = 0.0;
-        double k = 0.0, r = 1.0;
-        double y1 = 0.0, y2 = 0.0, u1 = 0.0, u2 = 0.0;
+        Sample c0{}, c1{}, c2{};
+        Sample k{}, r = Sample{} + 1.0;
+        Sample y1{}, y2{}, u1{}, u2{};
 
-        void setGainFactor(double factor)
+        void setGainFactor(Sample factor)
         {
             k = factor;
             r = 1.0 / (1.0 + c2 * factor);
         }
-        double boost(double x) { return x + k * advance(x); }
-        double cut(double x)
+        Sample boost(Sample x) { return x + k * advance(x); }
+        Sample cut(Sample x)
         {
-            const double y = (x - k * (-c0 * y1 - u2 - c1 * y2)) * r;
+            const Sample y = (x - k * (-c0 * y1 - u2 - c1 * y2)) * r;
             advance(y);
             return y;
         }
 
     private:
-        double advance(double x)
+        Sample advance(Sample x)
         {
-            const double u = c2 * x;
-            const double y = u - u2 - c0 * y1 - c1 * y2;
+            const Sample u = c2 * x;
+            const Sample y = u - u2 - c0 * y1 - c1 * y2;
             y2 = y1;
             y1 = y;
             u2 = u1;
@@ -115,6 +116,7 @@ public:
             return y;
         }
     };
+    using Runner = BasicRunner<double>;
 
     /// Each sample of a block in place with the gain factor k, bit by bit as the operations on one
     /// sample give them. The band must have storage.

@@ -96,15 +96,16 @@ public:
 
     /// Section 0 with its delay line, taken out of the filter so that a loop over several filters
     /// can keep it in registers: next() is what cal() does while the filter is settled. What the
-    /// section has heard goes back with setDelay().
-    struct Runner
+    /// section has heard goes back with setDelay(). Sample is double, or a register of several
+    /// doubles, each a signal with a section of its own.
+    template <typename Sample> struct BasicRunner
     {
-        double b0 = 1.0, b1 = 0.0, b2 = 0.0, a1 = 0.0, a2 = 0.0;
-        double x1 = 0.0, x2 = 0.0, y1 = 0.0, y2 = 0.0;
+        Sample b0 = Sample{} + 1.0, b1{}, b2{}, a1{}, a2{};
+        Sample x1{}, x2{}, y1{}, y2{};
 
-        double next(double x)
+        Sample next(Sample x)
         {
-            const double y = b0 * x + b1 * x1 + b2 * x2 + a1 * y1 + a2 * y2;
+            const Sample y = b0 * x + b1 * x1 + b2 * x2 + a1 * y1 + a2 * y2;
             x2 = x1;
             x1 = x;
             y2 = y1;
@@ -112,6 +113,7 @@ public:
             return y;
         }
     };
+    using Runner = BasicRunner<double>;
 
     /// Whether neither a cross-fade runs nor a new design waits for one.
     bool isSettled() const { return !m_changed && m_fadeCounter >= fadeSamples(); }

@@ -97,8 +97,7 @@ void EqualizerProcessor::processBlock(std::span<const Sample* const> inputs,
         const std::size_t count = std::min(maxPart, frames - done);
         for (std::size_t i = 0; i < m_channelCount; ++i)
             copyPart(i < inputs.size() ? inputs[i] : nullptr, done, m_channels[i].first(count));
-        for (Channel& channel : channels())
-            processPart(&channel, channel.first(count));
+        processPart(count);
         for (std::size_t i = 0; i < outputs.size(); ++i) {
             if (i < m_channelCount)
                 writePart<Sample>(m_channels[i].first(count), outputs[i], done);
@@ -109,14 +108,30 @@ void EqualizerProcessor::processBlock(std::span<const Sample* const> inputs,
     updateMeters(frames);
 }
 
-void EqualizerProcessor::processPart(Channel* channel, std::span<double> part)
+void EqualizerProcessor::processPart(std::size_t count)
 {
-    channel->bypass.addInput(part);
-    channel->equalizer.applyInput(part);
-    channel->inputPeak = std::max(channel->inputPeak, peakOfSignal(part));
-    channel->equalizer.equalize(part);
-    channel->bypass.process(part);
-    channel->outputPeak = std::max(channel->outputPeak, peakOfSignal(part));
+    for (Channel& channel : channels()) {
+        const std::span<double> part = channel.first(count);
+        channel.bypass.addInput(part);
+        channel.equalizer.applyInput(part);
+        channel.inputPeak = std::max(channel.inputPeak, peakOfSignal(part));
+    }
+    equalize(count);
+    for (Channel& channel : channels()) {
+        const std::span<double> part = channel.first(count);
+        channel.bypass.process(part);
+        channel.outputPeak = std::max(channel.outputPeak, peakOfSignal(part));
+    }
+}
+
+void EqualizerProcessor::equalize(std::size_t count)
+{
+    Channel& left = m_channels[0];
+    if (m_channelCount == 1)
+        return left.equalizer.equalize(left.first(count));
+    Channel& right = m_channels[1];
+    ChannelProcessor::equalizePair(&left.equalizer, &right.equalizer, left.first(count),
+                                   right.first(count));
 }
 
 void EqualizerProcessor::updateMeters(std::size_t frames)

@@ -75,7 +75,8 @@ private:
     template <typename Sample>
     void processBlock(std::span<const Sample* const> inputs, std::span<Sample* const> outputs,
                       std::size_t frames) noexcept;
-    static void processPart(Channel* channel, std::span<double> part);
+    void processPart(std::size_t count);
+    void equalize(std::size_t count);
     void updateMeters(std::size_t frames);
 
     std::size_t m_channelCount;

@@ -139,8 +139,11 @@ Status AudioRenderer::process(AudioBlock* block, bool last)
 
 Status AudioRenderer::equalize(AudioBlock* block, bool last)
 {
-    for (std::size_t c = 0; c < m_strips.size(); ++c)
-        m_strips[c]->process(block->channel(c));
+    for (std::size_t c = 0; c + 1 < m_strips.size(); c += 2)
+        ChannelProcessor::processPair(m_strips[c].get(), m_strips[c + 1].get(), block->channel(c),
+                                      block->channel(c + 1));
+    if (m_strips.size() % 2 != 0)
+        m_strips.back()->process(block->channel(m_strips.size() - 1));
     m_toDrop -= block->dropFront(m_toDrop);
     return write(m_down ? &m_down->process(*block, last) : block);
 }
