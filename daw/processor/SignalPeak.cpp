@@ -4,12 +4,31 @@
 // too.
 #include "daw/processor/SignalPeak.h"
 
+namespace {
+
+// So many comparisons do not wait for each other's result.
+constexpr int laneCount = 8;
+
+void raise(double* peak, double sample)
+{
+    const double magnitude = sample < 0.0 ? -sample : sample;
+    *peak = magnitude > *peak ? magnitude : *peak;
+}
+
+} // namespace
+
 double peakOfSignal(std::span<const double> block)
 {
-    double peak = 0.0;
-    for (const double sample : block) {
-        const double magnitude = sample < 0.0 ? -sample : sample;
-        peak = magnitude > peak ? magnitude : peak;
+    double peaks[laneCount] = {};
+    const double* sample = block.data();
+    const double* const end = sample + block.size();
+    for (; end - sample >= laneCount; sample += laneCount) {
+        for (int lane = 0; lane < laneCount; ++lane)
+            raise(&peaks[lane], sample[lane]);
     }
-    return peak;
+    for (; sample != end; ++sample)
+        raise(&peaks[0], *sample);
+    for (int lane = 1; lane < laneCount; ++lane)
+        raise(&peaks[0], peaks[lane]);
+    return peaks[0];
 }

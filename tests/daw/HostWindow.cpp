@@ -46,9 +46,10 @@ void xdotool(const QByteArrayList& arguments)
     QCOMPARE(QProcess::execute(QStringLiteral("xdotool"), texts), 0);
 }
 
-QStringList childrenRunning(const char* program)
+QStringList childrenRunning(const char* program, qint64 parent)
 {
-    QFile children(QStringLiteral("/proc/self/task/%1/children").arg(::getpid()));
+    const qint64 process = parent > 0 ? parent : ::getpid();
+    QFile children(QStringLiteral("/proc/%1/task/%1/children").arg(process));
     QStringList found;
     if (!children.open(QIODevice::ReadOnly))
         qFatal("The kernel does not list the children of a process.");

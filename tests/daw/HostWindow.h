@@ -27,5 +27,6 @@ void settle(const HostWindow& window);
 /// The X server's own pointer and keyboard; fails the test if it cannot be moved.
 void xdotool(const QByteArrayList& arguments);
 
-/// The processes that this one started and that still run \a program.
-QStringList childrenRunning(const char* program);
+/// The processes that this one, or the one of the number \a parent, started and that still run
+/// \a program.
+QStringList childrenRunning(const char* program, qint64 parent = 0);
