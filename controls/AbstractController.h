@@ -3,6 +3,7 @@
 
 #include "controls/Lifetime.h"
 #include "interfaces/IPrmObserver.h"
+#include "widgets/Export.h"
 
 #include <QString>
 
@@ -29,7 +30,7 @@ namespace CommonController_MemAPI {
 /// own calls with lifetime().
 ///
 /// The order of the virtual functions is a binary contract.
-class AbstractController : public IPrmObserver
+class ZOLTA_EXPORT AbstractController : public IPrmObserver
 {
 public:
     /// The smallest factor that setScale() accepts.

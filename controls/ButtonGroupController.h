@@ -2,6 +2,7 @@
 #pragma once
 
 #include "controls/AbstractController.h"
+#include "widgets/Export.h"
 
 #include <QGroupBox>
 #include <QList>
@@ -17,7 +18,7 @@ namespace CommonController_MemAPI {
 /// A child joins the group as soon as control returns to the event loop, when it is whole; a button
 /// becomes auto-exclusive then. The unbound maximum follows the number of buttons and is one more
 /// than the last button's index, deliberately: the values beyond check no button.
-class ButtonGroupController : public QGroupBox, public AbstractController
+class ZOLTA_EXPORT ButtonGroupController : public QGroupBox, public AbstractController
 {
     Q_OBJECT
     /// Whether a Control-click on a button resets the parameter to its default.

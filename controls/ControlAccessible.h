@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "widgets/Export.h"
+
 #include <QAccessibleWidget>
 
 namespace CommonController_MemAPI {
@@ -12,7 +14,7 @@ class AbstractController;
 /// gestures, and only while it is enabled. Never offers a text interface.
 ///
 /// A control with other actions derives from this and is registered with registerAccessible().
-class ControlAccessible : public QAccessibleWidget, public QAccessibleValueInterface
+class ZOLTA_EXPORT ControlAccessible : public QAccessibleWidget, public QAccessibleValueInterface
 {
 public:
     ControlAccessible(QWidget* control, AbstractController* controller, QAccessible::Role role);
@@ -52,16 +54,16 @@ using AccessibleMaker = QAccessibleInterface* (*)(QWidget* control);
 /// Lets \a make answer for the widgets of class \a control and of classes derived from it. For a
 /// control's constructor; calling it again changes nothing. Taken back when the library that holds
 /// the class is unloaded.
-void registerAccessible(const QMetaObject& control, AccessibleMaker make);
+ZOLTA_EXPORT void registerAccessible(const QMetaObject& control, AccessibleMaker make);
 
 /// What a control is called: its accessible name, else its label's, else its parameter's number in
 /// the host's memory, else its object name.
-QString controlName(QWidget* control, const AbstractController& controller);
+ZOLTA_EXPORT QString controlName(QWidget* control, const AbstractController& controller);
 
 /// \a text with \a unit, where it ends in a number: "80 Hz", "1.25 kHz" of "1.25k".
 QString withUnit(const QString& text, const QString& unit);
 
 /// Tells assistive technology, if any is listening, that \a control now has \a value.
-void announceValue(QWidget* control, int value);
+ZOLTA_EXPORT void announceValue(QWidget* control, int value);
 
 } // namespace CommonController_MemAPI

@@ -5,6 +5,7 @@
 #include "controls/EditGesture.h"
 #include "controls/FaderGeometry.h"
 #include "controls/WheelAccumulator.h"
+#include "widgets/Export.h"
 #include "widgets/SvgImage.h"
 
 #include <QTimer>
@@ -21,7 +22,7 @@ namespace CommonController_MemAPI {
 ///
 /// Setters bring their argument into the property's bounds. A picture that cannot be loaded is left
 /// out; without the knob's picture there is no knob to take hold of.
-class FaderController : public QWidget, public AbstractController
+class ZOLTA_EXPORT FaderController : public QWidget, public AbstractController
 {
     Q_OBJECT
     Q_PROPERTY(Qt::Orientation orientation READ orientation WRITE setOrientation)

@@ -6,6 +6,7 @@
 #include "controls/KnobGeometry.h"
 #include "controls/LinearDrag.h"
 #include "controls/WheelAccumulator.h"
+#include "widgets/Export.h"
 #include "widgets/SvgImage.h"
 
 #include <QPen>
@@ -23,7 +24,7 @@ namespace CommonController_MemAPI {
 /// Angles are degrees, clockwise from 12 o'clock; lengths are pixels, multiplied by the scale.
 /// Setters bring their argument into the property's bounds. A picture that cannot be loaded is left
 /// out.
-class KnobController : public QWidget, public AbstractController
+class ZOLTA_EXPORT KnobController : public QWidget, public AbstractController
 {
     Q_OBJECT
     Q_PROPERTY(double startAngle READ startAngle WRITE setStartAngle)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "widgets/Export.h"
+
 namespace CommonController_MemAPI {
 
 /// The life of an object that calls code which may destroy it: a member of the object, asked
@@ -11,7 +13,7 @@ namespace CommonController_MemAPI {
 ///     openEdit();
 ///     if (alive)
 ///         closeEdit();
-class Lifetime
+class ZOLTA_EXPORT Lifetime
 {
 public:
     /// False as soon as the object is destroyed. Guards of one object end in the reverse order of

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "controls/AbstractController.h"
+#include "widgets/Export.h"
 
 #include <QPalette>
 #include <QRectF>
@@ -23,7 +24,7 @@ namespace CommonController_MemAPI {
 /// else Active with the keyboard focus, else Inactive.
 ///
 /// All lengths are pixels, multiplied by the scale.
-class MeterController : public QWidget, public AbstractController
+class ZOLTA_EXPORT MeterController : public QWidget, public AbstractController
 {
     Q_OBJECT
     Q_PROPERTY(int meterLeftMargin READ meterLeftMargin WRITE setMeterLeftMargin)

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "widgets/Export.h"
+
 /// Converts meter readings into the number of lit segments of a segmented scale. There are scales
 /// of 30, 37, 49 and 53 segments; a segment is lit when the reading reaches its threshold. The last
 /// segment of each lies above any regular reading.
-class MeterConverter
+class ZOLTA_EXPORT MeterConverter
 {
 public:
     /// \a value's low 16 bits, as a signed number, are tenths of a dB. False, with \a segments left

@@ -2,12 +2,13 @@
 #pragma once
 
 #include "controls/MeterController.h"
+#include "widgets/Export.h"
 
 namespace CommonController_MemAPI {
 
 /// A meter that shows a thin segment at the level instead of a bar, and nothing but the over
 /// indicator at an over.
-class PeakMeterController : public MeterController
+class ZOLTA_EXPORT PeakMeterController : public MeterController
 {
     Q_OBJECT
     Q_PROPERTY(int meterPeakHeight READ meterPeakHeight WRITE setMeterPeakHeight)

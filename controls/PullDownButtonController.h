@@ -3,6 +3,7 @@
 
 #include "controls/PullDownMenu.h"
 #include "controls/PushButtonController.h"
+#include "widgets/Export.h"
 
 #include <QList>
 #include <QPointer>
@@ -13,7 +14,7 @@ namespace CommonController_MemAPI {
 /// A button that chooses one of several values from a menu: text i of the list stands for the
 /// minimum + i. It shows the current item's text over the layers of a push button, and writes only
 /// what is chosen from the menu.
-class PullDownButtonController : public PushButtonController
+class ZOLTA_EXPORT PullDownButtonController : public PushButtonController
 {
     Q_OBJECT
     /// One text a value. Setting it sets the unbound maximum to that of the last text.

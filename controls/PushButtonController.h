@@ -3,6 +3,7 @@
 
 #include "controls/AbstractController.h"
 #include "controls/PropertyBounds.h"
+#include "widgets/Export.h"
 #include "widgets/SvgImage.h"
 
 #include <QPushButton>
@@ -23,7 +24,7 @@ namespace CommonController_MemAPI {
 /// its parameter, and pressing it is a click.
 ///
 /// Lengths are in pixels at scale 1.
-class PushButtonController : public QPushButton, public AbstractController
+class ZOLTA_EXPORT PushButtonController : public QPushButton, public AbstractController
 {
     Q_OBJECT
     /// The blur radius of the shadow image; not negative.

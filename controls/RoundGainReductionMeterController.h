@@ -2,6 +2,7 @@
 #pragma once
 
 #include "controls/MeterController.h"
+#include "widgets/Export.h"
 
 namespace CommonController_MemAPI {
 
@@ -9,7 +10,7 @@ namespace CommonController_MemAPI {
 /// the bar reaches down from the top, to the mark that the same level has on a level meter beside
 /// it. The bar is filled with the palette's Mid, the track with WindowText. There is no over
 /// indicator.
-class RoundGainReductionMeterController : public MeterController
+class ZOLTA_EXPORT RoundGainReductionMeterController : public MeterController
 {
     Q_OBJECT
     Q_PROPERTY(int meterWidth READ meterWidth WRITE setMeterWidth)

@@ -2,12 +2,13 @@
 #pragma once
 
 #include "controls/MeterController.h"
+#include "widgets/Export.h"
 
 namespace CommonController_MemAPI {
 
 /// A meter of rounded shapes: a bar with round ends in the middle of a track, and a round lamp for
 /// overs. The unlit track and the unlit lamp are filled with the palette's WindowText.
-class RoundMeterController : public MeterController
+class ZOLTA_EXPORT RoundMeterController : public MeterController
 {
     Q_OBJECT
     Q_PROPERTY(int meterWidth READ meterWidth WRITE setMeterWidth)

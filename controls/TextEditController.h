@@ -5,6 +5,7 @@
 #include "controls/EditGesture.h"
 #include "controls/LinearDrag.h"
 #include "controls/WheelAccumulator.h"
+#include "widgets/Export.h"
 
 #include <QWidget>
 
@@ -22,7 +23,7 @@ class LineEdit;
 ///
 /// The editor is committed by Return, when it loses the focus and when the control is hidden or
 /// disabled; Escape, rebinding and destroying the control discard it.
-class TextEditController : public QWidget, public AbstractController
+class ZOLTA_EXPORT TextEditController : public QWidget, public AbstractController
 {
     Q_OBJECT
     Q_PROPERTY(QString string READ string WRITE setString)

@@ -6,6 +6,8 @@
 #include "interfaces/IMeterObserver.h"
 #include "interfaces/IPrmObserver.h"
 
+#include <pluginterfaces/base/funknown.h>
+
 #include <memory>
 #include <optional>
 

@@ -6,13 +6,18 @@
 #include <QVariant>
 #include <QWidget>
 
-#include <pluginterfaces/base/funknown.h>
-#include <pluginterfaces/vst/ivstcomponent.h>
-
 #include <vector>
 
 class IMemAPI;
 class IModelInfo;
+
+// Of the VST 3 SDK, whose headers only those need who use a component.
+namespace Steinberg {
+class FUID;
+namespace Vst {
+class IComponent;
+}
+} // namespace Steinberg
 
 /// An effect's editor widget, as the mixer host drives it. All calls come on the GUI thread.
 ///

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "widgets/Export.h"
+
 #include <QLineEdit>
 #include <QSize>
 
@@ -8,7 +10,7 @@
 /// double click opens for editing. Single clicks leave it alone. Editing ends, and the name is
 /// reported, when the field loses the keyboard focus; Return gives the focus to the parent that the
 /// field was constructed with.
-class ChannelNameEdit : public QLineEdit
+class ZOLTA_EXPORT ChannelNameEdit : public QLineEdit
 {
     Q_OBJECT
     Q_PROPERTY(QString defaultName READ defaultName WRITE setDefaultName)

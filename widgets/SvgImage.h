@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "widgets/Export.h"
+
 #include <QObject>
 #include <QRect>
 #include <QSize>
@@ -21,7 +23,7 @@ class SvgDocument;
 /// are animated or exceed SvgRasters::MaximumBytesOfOne) the picture is rendered directly.
 ///
 /// Nothing is reported: an image that is not valid draws nothing. GUI thread only.
-class SvgImage : public QObject
+class ZOLTA_EXPORT SvgImage : public QObject
 {
     Q_OBJECT
 

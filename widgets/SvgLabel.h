@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "widgets/Export.h"
 #include "widgets/SvgImage.h"
 
 #include <QLabel>
@@ -8,7 +9,7 @@
 /// A label that shows an SVG picture, stretched over its whole rectangle, underneath whatever a
 /// label shows. A second picture takes its place while the label is disabled, if it has both.
 /// Pictures that cannot be loaded leave the label blank.
-class SvgLabel : public QLabel
+class ZOLTA_EXPORT SvgLabel : public QLabel
 {
     Q_OBJECT
     Q_PROPERTY(QString svg READ svg WRITE setSvg)

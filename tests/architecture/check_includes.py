@@ -39,6 +39,8 @@ ROOMS = {
 }
 # Beside the house: they include what they need, and nothing includes them.
 BESIDE = ["gallery", "designer", "tests", "benchmarks", "fuzz"]
+# Programs outside the house, which include what is installed.
+OUTSIDE = "examples/"
 # Rooms that know neither Qt nor the SDK, those that know a format's headers but not Qt, and those
 # that know Qt alone.
 STANDARD_LIBRARY_ONLY = {"equalizer", "parameters", "engine", "daw/processor"}
@@ -56,12 +58,14 @@ def room_of(path):
 
 
 def problems_of(path, text):
+    if not text.startswith("// SPDX-License-Identifier: GPL-3.0-or-later\n"):
+        yield "does not begin with the licence line"
+    if path.startswith(OUTSIDE):
+        return
     room = room_of(path)
     if room is None:
         yield "stands in no room"
         return
-    if not text.startswith("// SPDX-License-Identifier: GPL-3.0-or-later\n"):
-        yield "does not begin with the licence line"
     for quote, name in INCLUDE.findall(text):
         if quote == "<":
             plain = re.fullmatch(r"[a-z_0-9]+(\.h)?", name)
@@ -110,6 +114,8 @@ def arrows_between(texts, node_of):
     """{node: the other nodes that it includes}, where \\a node_of gives a path's node."""
     arrows = {}
     for path, text in texts.items():
+        if path.startswith(OUTSIDE):
+            continue
         targets = {node_of(name) for quote, name in INCLUDE.findall(text)
                    if quote == '"' and not GENERATED.search(name)}
         arrows.setdefault(node_of(path), set()).update(targets - {node_of(path)})

@@ -9,6 +9,8 @@
 #include <QLineEdit>
 #include <QPointer>
 
+#include <pluginterfaces/vst/ivstcomponent.h>
+
 /// The editor is deleted in the middle of what it does, by the host that is told of a value or by a
 /// listener of a control. What is left of the action is left out.
 class tst_EditorDeletion : public TestObject

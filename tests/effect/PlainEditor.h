@@ -3,6 +3,8 @@
 
 #include "effect/EffectEditor.h"
 
+#include <pluginterfaces/base/funknown.h>
+
 /// An effect editor with nothing of its own.
 class PlainEditor : public EffectEditor
 {

@@ -8,6 +8,8 @@
 #include <QImage>
 #include <QPainter>
 
+#include <pluginterfaces/base/funknown.h>
+
 #include <algorithm>
 #include <array>
 #include <cmath>

@@ -10,7 +10,7 @@ import subprocess
 import sys
 from pathlib import Path
 
-SHIPPED = ("bin/*", "lib/zolta/*.so", "lib/qt6/plugins/designer/*.so",
+SHIPPED = ("bin/*", "lib/zolta/*.so", "lib/libZoltaControls.so", "lib/qt6/plugins/designer/*.so",
            "lib/lv2/*/*.so", "lib/vst3/*/Contents/*/*.so")
 OTHERS = ("tests/tst_*", "tests/*/plugins/*.so", "benchmarks/*", "fuzz/*")
 # Marks where an indirect branch may arrive. Debian's start-up code has none, so the programs' notes do

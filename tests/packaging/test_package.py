@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""Makes the Debian package of a build tree, unpacks it elsewhere, and uses what is in it.
+"""Makes the Debian packages of a build tree, unpacks them elsewhere, and uses what is in them.
 
 Usage: test_package.py BUILD_FOLDER
 """
@@ -28,12 +28,13 @@ class PackageTest(unittest.TestCase):
         cls.addClassCleanup(cls.folder.cleanup)
         work = Path(cls.folder.name)
         run("cpack", "-G", "DEB", "--config", build / "CPackConfig.cmake", "-B", work, cwd=work)
-        [cls.package] = work.glob("*.deb")
+        [cls.package] = work.glob("zolta_*.deb")
+        [cls.development] = work.glob("zolta-dev_*.deb")
         cls.root = work / "root"
         run("dpkg-deb", "-x", cls.package, cls.root)
 
-    def field(self, name):
-        return run("dpkg-deb", "-f", self.package, name).strip()
+    def field(self, name, package=None):
+        return run("dpkg-deb", "-f", package or self.package, name).strip()
 
     def host(self, *arguments):
         """Runs the unpacked host without a display and without this process's set-up of fonts."""
@@ -46,7 +47,7 @@ class PackageTest(unittest.TestCase):
         files = {str(path.relative_to(self.root)) for path in self.root.rglob("*")
                  if path.is_file()}
         for name in ("usr/bin/zolta-host", "usr/bin/zolta-gallery", "usr/lib/zolta/libZolta.so",
-                     "usr/lib/lv2/zolta.lv2/zolta.so",
+                     "usr/lib/libZoltaControls.so.2.0.0", "usr/lib/lv2/zolta.lv2/zolta.so",
                      "usr/lib/lv2/zolta.lv2/zolta_ui.so", "usr/lib/zolta/zolta-editor",
                      "usr/lib/lv2/zolta.lv2/manifest.ttl",
                      "usr/lib/lv2/zolta.lv2/equalizer.ttl", "usr/lib/lv2/zolta.lv2/presets.ttl",
@@ -70,6 +71,20 @@ class PackageTest(unittest.TestCase):
         for package in ("libqt6widgets6", "libqt6svg6", "fonts-mplus", "fontconfig", "libc6",
                         "qt6-translations-l10n"):
             self.assertIn(package, depends)
+
+    def test_development_package_needs_this_one(self):
+        self.assertEqual(self.field("Package", self.development), "zolta-dev")
+        self.assertIn(f"zolta (= {self.field('Version')})", self.field("Depends", self.development))
+        self.assertIn("juce-modules-source-data", self.field("Recommends", self.development))
+
+    def test_no_file_is_in_both(self):
+        files = [{line.split(maxsplit=5)[5] for line in
+                  run("dpkg-deb", "-c", package).splitlines() if not line.startswith("d")}
+                 for package in (self.package, self.development)]
+        self.assertFalse(files[0] & files[1])
+        headers = {name for name in files[1] if name.endswith(".h")}
+        self.assertIn("./usr/include/zolta/controls/KnobController.h", headers)
+        self.assertFalse([name for name in files[0] if "/include/" in name or "/cmake/" in name])
 
     def test_host_opens_the_editor_from_there(self):
         picture = self.root / "editor.png"

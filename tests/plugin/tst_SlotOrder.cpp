@@ -13,6 +13,8 @@
 #include <QApplication>
 #include <QPluginLoader>
 
+#include <pluginterfaces/vst/ivstcomponent.h>
+
 #include <array>
 #include <cstring>
 #include <memory>

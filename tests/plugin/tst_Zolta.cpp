@@ -16,6 +16,8 @@
 #include <QProcess>
 #include <QStyle>
 
+#include <pluginterfaces/vst/ivstcomponent.h>
+
 #include <algorithm>
 #include <memory>
 
