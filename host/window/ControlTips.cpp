@@ -80,12 +80,14 @@ bool ControlTips::eventFilter(QObject* watched, QEvent* event)
         const bool isNamed = accessible && !accessible->text(QAccessible::Name).isEmpty();
         if (!isNamed || !hasTip(*control, accessible->role()))
             continue;
+        if (accessible->childAt(help.globalX(), help.globalY()))
+            break; // a handle, of which a bubble says more
         const QString line = headline(*accessible);
         const QString text = hints(*control, accessible->role());
         QStatusTipEvent status(line);
         QCoreApplication::sendEvent(m_stage, &status);
-        QToolTip::showText(help.globalPos(), text.isEmpty() ? line : line + QLatin1Char('\n') + text,
-                           m_stage);
+        QToolTip::showText(help.globalPos(),
+                           text.isEmpty() ? line : line + QLatin1Char('\n') + text, m_stage);
         return true;
     }
     QToolTip::hideText();

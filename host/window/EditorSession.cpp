@@ -2,6 +2,8 @@
 #include "host/window/EditorSession.h"
 
 #include "equalizer/EqualizerParameters.h"
+#include "host/window/ControlTips.h"
+#include "host/window/HandleGuide.h"
 #include "host/window/Mixer.h"
 #include "host/window/WheelSpeed.h"
 #include "hosting/StateFile.h"
@@ -67,7 +69,18 @@ EditorSession::EditorSession(Mixer& mixer, const EditorSettings& settings, QWidg
     setSliderMode(settings.sliderMode);
     setScale(settings.scale);
     restoreMap();
+    guideUser();
+}
+
+// The helpers belong to what they watch.
+void EditorSession::guideUser()
+{
     new WheelSpeed(m_editor);
+    new ControlTips(m_stage);
+    for (QWidget* part : m_editor->findChildren<QWidget*>()) {
+        if (part->inherits("ZoltaEqualizerGraph"))
+            new HandleGuide(m_mixer.memory, m_settings.channel, part);
+    }
 }
 
 EditorSession::~EditorSession()

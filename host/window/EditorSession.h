@@ -83,6 +83,7 @@ private:
     void applyChannels();
     void showMeters();
     void restoreMap();
+    void guideUser();
 
     Mixer& m_mixer;
     EditorSettings m_settings;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/window/HandleGuide.h"
 
-#include "host/analysis/NoteName.h"
+#include "host/model/NoteName.h"
 #include "hosting/HostMemory.h"
 
 #include <QAccessible>

@@ -231,6 +231,9 @@ void tst_EditorKeyboard::escapeClosesTheAboutPanel()
     QVERIFY(about->isVisible());
     QTest::keyClick(m_editor, Qt::Key_Escape);
     QTRY_VERIFY(!about->isVisible());
+    QKeyEvent next(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QCoreApplication::sendEvent(m_editor, &next);
+    QVERIFY(!next.isAccepted()); // is the host's
 }
 
 void tst_EditorKeyboard::everyInteractiveElementHasNameAndValue()
@@ -271,6 +274,8 @@ void tst_EditorKeyboard::namesAreThoseAPersonWouldUse()
     QCOMPARE(nameOf("m_pMiddle2FrequencyTextEdit"), QStringLiteral("Middle 2 frequency"));
     QCOMPARE(nameOf("m_pHighButton"), QStringLiteral("High band on"));
     QCOMPARE(nameOf("m_pDriveCleanSwitch"), QStringLiteral("Drive"));
+    QCOMPARE(nameOf("m_pInputStereoMeterL"), QStringLiteral("Input meter, left"));
+    QCOMPARE(nameOf("m_pInputStereoMeterR"), QStringLiteral("Input meter, right"));
     QCOMPARE(nameOf("m_pOutputStereoMeterR"), QStringLiteral("Output meter, right"));
 }
 

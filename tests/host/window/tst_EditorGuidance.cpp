@@ -1,0 +1,239 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/model/NoteName.h"
+#include "host/window/EditorWindow.h"
+#include "host/window/HostTheme.h"
+#include "host/window/MixerWindow.h"
+#include "tests/host/window/WindowTesting.h"
+#include "tests/support/TestObject.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QHelpEvent>
+#include <QLabel>
+#include <QRegularExpression>
+#include <QStatusBar>
+#include <QToolTip>
+
+using namespace Qt::StringLiterals;
+
+// What the mixer shows around an editor's controls: tooltips, and the bubble of the curve's
+// handles.
+class tst_EditorGuidance : public TestObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup() { QToolTip::hideText(); }
+    void controlsHaveTips_data();
+    void controlsHaveTips();
+    void metersSayTheirLevel();
+    void everyControlHasATip();
+    void notesAreNamed_data();
+    void notesAreNamed();
+    void handlesAreMarkedUnderThePointer();
+    void bubbleFollowsADrag();
+    void clickedHandleKeepsTheKeyboard();
+    void switchedOffHandlesShowNothing();
+
+private:
+    void hover(const QWidget* control) const;
+    QAccessibleInterface* handle(int band) const
+    {
+        return QAccessible::queryAccessibleInterface(m_graph)->child(band);
+    }
+    QPoint placeOf(int band) const { return m_graph->mapFromGlobal(handle(band)->rect().center()); }
+    void move(QPoint place, Qt::MouseButtons buttons = {}) const;
+    const QLabel* bubble() const { return m_graph->findChild<QLabel*>(u"handleBubble"_s); }
+    bool isMarked(int band) const;
+    void setValue(int number, int value)
+    {
+        m_mixer.memory.setValue(parameterId(static_cast<std::size_t>(number - 1)), 0, value, 0, 0,
+                                1);
+    }
+
+    Mixer m_mixer;
+    std::unique_ptr<MixerWindow> m_window;
+    EditorWindow* m_editor = nullptr;
+    QWidget* m_graph = nullptr;
+};
+
+void tst_EditorGuidance::initTestCase()
+{
+    applyHostTheme();
+    QVERIFY(m_mixer.library.load(QStringLiteral(HOST_REAL_PLUGIN)).isOk());
+    m_window = std::make_unique<MixerWindow>(m_mixer, EditorSettings());
+    m_editor = m_window->openEditor(0, true);
+    QVERIFY(QTest::qWaitForWindowExposed(m_editor));
+    for (QWidget* part : m_editor->findChildren<QWidget*>()) {
+        if (part->inherits("ZoltaEqualizerGraph"))
+            m_graph = part;
+    }
+    QVERIFY(m_graph);
+}
+
+void tst_EditorGuidance::init()
+{
+    TestObject::init();
+    m_mixer.memory.reset(0);
+    move({1, 1});
+}
+
+void tst_EditorGuidance::hover(const QWidget* control) const
+{
+    const QPoint place = control->rect().center();
+    QHelpEvent event(QEvent::ToolTip, place, control->mapToGlobal(place));
+    QApplication::sendEvent(const_cast<QWidget*>(control), &event);
+}
+
+void tst_EditorGuidance::move(QPoint place, Qt::MouseButtons buttons) const
+{
+    QMouseEvent event(QEvent::MouseMove, place, m_graph->mapToGlobal(QPointF(place)), Qt::NoButton,
+                      buttons, Qt::NoModifier);
+    QApplication::sendEvent(m_graph, &event);
+}
+
+bool tst_EditorGuidance::isMarked(int band) const
+{
+    const QPoint place = placeOf(band);
+    for (const QWidget* child : m_graph->findChildren<QWidget*>()) {
+        if (!child->isWindow() && child->isVisible() && child->geometry().contains(place))
+            return true;
+    }
+    return false;
+}
+
+void tst_EditorGuidance::controlsHaveTips_data()
+{
+    QTest::addColumn<QString>("control");
+    QTest::addColumn<QString>("headline");
+    QTest::addColumn<QString>("hint");
+    QTest::newRow("knob") << u"m_pLowFrequencyKnob"_s << u"Low frequency: 80 Hz"_s
+                          << u"Ctrl+click: default"_s;
+    QTest::newRow("type knob") << u"m_pLowTypeKnob"_s << u"Low type: Shelf 12"_s
+                               << u"Double-click"_s;
+    QTest::newRow("field") << u"m_pMiddle3FrequencyTextEdit"_s << u"Middle 3 frequency: 2.5 kHz"_s
+                           << u"Double-click or Return: type a value"_s;
+    QTest::newRow("switch") << u"m_pHighButton"_s << u"High band on"_s << u"Click: switch"_s;
+    QTest::newRow("flat") << u"m_pFlatButton"_s << u"Flat"_s << u"Hold for a second"_s;
+}
+
+void tst_EditorGuidance::controlsHaveTips()
+{
+    QFETCH(const QString, control);
+    QFETCH(const QString, headline);
+    QFETCH(const QString, hint);
+    hover(m_editor->findChild<QWidget*>(control));
+    QCOMPARE(QToolTip::text().section(u'\n', 0, 0), headline);
+    QVERIFY2(QToolTip::text().contains(hint), qPrintable(QToolTip::text()));
+    QCOMPARE(m_editor->statusBar()->currentMessage(), headline);
+}
+
+void tst_EditorGuidance::metersSayTheirLevel()
+{
+    hover(m_editor->findChild<QWidget*>(u"m_pInputStereoMeterL"_s));
+    static const QRegularExpression level(u"^Input meter, left: -\\d+\\.\\d dB$"_s);
+    QVERIFY2(level.match(QToolTip::text()).hasMatch(), qPrintable(QToolTip::text()));
+}
+
+void tst_EditorGuidance::everyControlHasATip()
+{
+    int controls = 0;
+    for (const QWidget* control : m_editor->centralWidget()->findChildren<QWidget*>()) {
+        const QAccessibleInterface* accessible =
+            QAccessible::queryAccessibleInterface(const_cast<QWidget*>(control));
+        const QAccessible::Role role = accessible->role();
+        const bool isControl = role == QAccessible::Dial || role == QAccessible::SpinBox ||
+                               role == QAccessible::Button || role == QAccessible::CheckBox;
+        if (!control->isVisible() || !isControl)
+            continue;
+        ++controls;
+        hover(control);
+        QVERIFY2(QToolTip::text().startsWith(accessible->text(QAccessible::Name)),
+                 qPrintable(control->objectName()));
+    }
+    QCOMPARE(controls, 20 + 18 + 11); // knobs, fields, buttons but the hidden one of the spectrum
+}
+
+void tst_EditorGuidance::notesAreNamed_data()
+{
+    QTest::addColumn<double>("frequency");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("concert pitch") << 440.0 << u"A4"_s;
+    QTest::newRow("middle C") << 261.6256 << u"C4"_s;
+    QTest::newRow("lowest of a piano") << 27.5 << u"A0"_s;
+    QTest::newRow("sharp") << 450.0 << u"A4 +39 ct"_s;
+    QTest::newRow("flat") << 980.0 << u"B5 \u221214 ct"_s;
+    QTest::newRow("1 kHz") << 1000.0 << u"B5 +21 ct"_s;
+    QTest::newRow("lowest that is drawn") << 20.0 << u"D#0 +49 ct"_s;
+}
+
+void tst_EditorGuidance::notesAreNamed()
+{
+    QFETCH(const double, frequency);
+    QTEST(noteName(frequency), "name");
+}
+
+void tst_EditorGuidance::handlesAreMarkedUnderThePointer()
+{
+    QVERIFY(!bubble()->isVisible());
+    QTRY_VERIFY(!QToolTip::isVisible());
+    for (int band = 0; band < 6; ++band) {
+        move(placeOf(band));
+        QVERIFY(isMarked(band));
+        QVERIFY(bubble()->isVisible());
+        QHelpEvent help(QEvent::ToolTip, placeOf(band), m_graph->mapToGlobal(placeOf(band)));
+        QApplication::sendEvent(m_graph, &help);
+        QVERIFY(!QToolTip::isVisible()); // one of the two is enough
+        QVERIFY(bubble()->text().contains(handle(band)->text(QAccessible::Name)));
+        QCOMPARE(m_graph->cursor().shape(), Qt::PointingHandCursor);
+    }
+    move({1, 1});
+    QVERIFY(!isMarked(5));
+    QVERIFY(!bubble()->isVisible());
+    QCOMPARE(m_graph->cursor().shape(), Qt::ArrowCursor);
+}
+
+void tst_EditorGuidance::bubbleFollowsADrag()
+{
+    const QPoint place = placeOf(2);
+    QTest::mousePress(m_graph, Qt::LeftButton, {}, place);
+    QVERIFY(!isMarked(2));
+    QVERIFY(bubble()->text().contains(u"+0.0 dB"_s));
+    move(place - QPoint(0, 20), Qt::LeftButton);
+    m_graph->repaint();
+    QCoreApplication::sendPostedEvents();
+    const QStringList parts = handle(2)->text(QAccessible::Value).split(u", "_s);
+    QVERIFY(parts[1] != u"+0.0 dB"_s);
+    QVERIFY2(bubble()->text().contains(parts[1]), qPrintable(bubble()->text()));
+    QVERIFY(bubble()->isVisible());
+    QTest::mouseRelease(m_graph, Qt::LeftButton, {}, place - QPoint(0, 20));
+    QVERIFY(isMarked(2));
+}
+
+void tst_EditorGuidance::clickedHandleKeepsTheKeyboard()
+{
+    QTest::mouseClick(m_graph, Qt::LeftButton, {}, placeOf(3));
+    QVERIFY(handle(3)->state().focused);
+    const int before = m_mixer.memory.values(0)[14]; // middle 3's gain
+    QTest::keyClick(m_graph, Qt::Key_Up);
+    QCOMPARE(m_mixer.memory.values(0)[14], before + 1);
+}
+
+void tst_EditorGuidance::switchedOffHandlesShowNothing()
+{
+    const QPoint place = placeOf(1);
+    move(place);
+    QVERIFY(bubble()->isVisible());
+    setValue(8, 0); // middle 1 off
+    m_graph->repaint();
+    QCoreApplication::sendPostedEvents();
+    QVERIFY(!bubble()->isVisible());
+    move(place + QPoint(1, 0));
+    QVERIFY(!bubble()->isVisible());
+}
+
+ZOLTA_TEST_MAIN(tst_EditorGuidance)
+
+#include "tst_EditorGuidance.moc"
