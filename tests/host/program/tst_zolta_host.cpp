@@ -32,6 +32,8 @@ private Q_SLOTS:
     void savesAndLoadsBitForBit();
     void screenshotHasTheEditorsSize();
     void saysThatThereIsNoDisplay();
+    void saysThatTheDisplayDoesNotAnswer();
+    void saysItsVersion();
     void refusesAMissingPlugin();
     void refusesABadState();
     void refusesAPipeAsState();
@@ -242,6 +244,31 @@ void tst_zolta_host::saysThatThereIsNoDisplay()
     QCOMPARE(result.errors, u"zolta-host: There is no display to open a window on (DISPLAY and "
                             "WAYLAND_DISPLAY are not set). Without one, use --list, --save-state "
                             "FILE, --screenshot FILE.png, --render IN OUT or --help.\n"_s);
+}
+
+void tst_zolta_host::saysThatTheDisplayDoesNotAnswer()
+{
+    QProcess process;
+    m_program.prepare(&process);
+    QProcessEnvironment environment = m_program.environment();
+    environment.insert(u"DISPLAY"_s, u":6123"_s);
+    process.setProcessEnvironment(environment);
+    process.start();
+    QVERIFY(process.waitForFinished(60000));
+    const QString errors = QString::fromUtf8(process.readAllStandardError());
+    QVERIFY2(errors.startsWith("zolta-host: No window can be opened: the display"_L1) &&
+                 errors.count(u'\n') == 1,
+             qPrintable(errors));
+    QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(process.exitCode(), 2);
+}
+
+void tst_zolta_host::saysItsVersion()
+{
+    const ProgramResult version = run({u"--version"_s});
+    QCOMPARE(version.output, u"zolta-host " ZOLTA_VERSION "\n"_s);
+    QCOMPARE(version.code, 0);
+    QCOMPARE(run({u"-h"_s}).output, run({u"--help"_s}).output);
 }
 
 void tst_zolta_host::refusesAMissingPlugin()
