@@ -105,11 +105,11 @@
     </message>
     <message>
         <source>The curve is drawn for the rate that the sound device runs at. It can be chosen while nothing plays.</source>
-        <translation>特性曲線は、動作中のオーディオデバイスのサンプリングレートで描かれます。再生していないときに選択できます。</translation>
+        <translation>特性曲線は、動作中のオーディオデバイスのサンプリング周波数で描かれます。再生していないときに選択できます。</translation>
     </message>
     <message>
         <source>The rate that the curve is drawn for</source>
-        <translation>特性曲線を描くサンプリングレート</translation>
+        <translation>特性曲線を描くサンプリング周波数</translation>
     </message>
 </context>
 <context>

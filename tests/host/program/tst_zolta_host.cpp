@@ -139,7 +139,7 @@ void tst_zolta_host::helpGoesToStandardOutput()
 {
     const ProgramResult result = run({u"--help"_s});
     QCOMPARE(result.code, 0);
-    QVERIFY(result.output.startsWith("Usage: zolta-host [options]\n"_L1));
+    QVERIFY(result.output.startsWith("Usage: zolta-host [options] [SOUND]\n"_L1));
     QCOMPARE(result.errors, QString());
 }
 
@@ -311,8 +311,9 @@ void tst_zolta_host::refusesArguments()
     QCOMPARE(result.code, 2);
     QCOMPARE(result.output, QString());
     QCOMPARE(result.errors, u"zolta-host: Unknown option 'loud'.\n"_s);
-    QCOMPARE(runWithPlugin("more --language de").errors,
-             u"zolta-host: Unbekannte Option \"more\".\n"_s);
+    QCOMPARE(runWithPlugin("more again --language de").errors,
+             u"zolta-host: Eine Datei zu viel: \"again\". Abspielen lässt sich eine "
+             "Audiodatei, und --render nimmt zwei.\n"_s);
 }
 
 // As text, the name would be another file's.
