@@ -23,6 +23,9 @@ _zolta_host()
     if ((COMP_CWORD > 1)) && [[ ${COMP_WORDS[COMP_CWORD - 2]} == --render ]]; then
         argument=SOUND
     fi
+    if [[ ! $argument && $current && $current != -* ]]; then
+        argument=SOUND
+    fi
     case $argument in
         SOUND | IN)
             mapfile -t COMPREPLY < <(compgen -f -- "$current" | grep -iE "$sounds"; compgen -d -- "$current")

@@ -31,8 +31,9 @@ Result<const AudioDeviceInfo*> defaultOf(const std::vector<AudioDeviceInfo>& dev
     }
     if (first)
         return first;
-    return Error{
-        QCoreApplication::translate("AudioDevices", "There is no sound device to play on.")};
+    return Error{QCoreApplication::translate(
+        "AudioDevices", "There is no sound device to play on. Connect one, or start the "
+                        "sound server (PipeWire, PulseAudio or JACK), and play again.")};
 }
 
 Result<const AudioDeviceInfo*> onlyOne(const std::vector<const AudioDeviceInfo*>& found,

@@ -77,6 +77,11 @@ AudioSession::~AudioSession() { halt(); }
 
 Status AudioSession::openFile(const QString& file)
 {
+    const Status readable = AudioReader().open(file);
+    if (!readable.isOk()) {
+        Q_EMIT failed(readable.error());
+        return readable;
+    }
     stop();
     m_settings.live = false;
     m_frame = 0;
@@ -257,12 +262,14 @@ void AudioSession::watch()
         Q_EMIT positionChanged(position());
         return;
     }
-    const Status result = device.isOk() ? m_stream.status() : device;
+    const Status file = m_stream.status();
     stop();
-    if (result.isOk())
-        finish();
+    if (!device.isOk())
+        reportError(device.error());
+    else if (!file.isOk())
+        Q_EMIT failed(file.error());
     else
-        reportError(result.error());
+        finish();
 }
 
 void AudioSession::waitForDevice(const QString& error)

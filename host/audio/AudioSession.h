@@ -40,8 +40,8 @@ public:
                  std::chrono::milliseconds patience = std::chrono::seconds(3));
     ~AudioSession() override;
 
-    /// Opens a file, which stops what plays before, and is what play() plays from now on. Where
-    /// that fails no file is open.
+    /// Opens a file, which stops what plays before, and is what play() plays from now on. A file
+    /// that cannot be read changes nothing: what plays goes on, and error() is not about files.
     Status openFile(const QString& file);
     /// The file that is open; empty for none.
     const QString& file() const { return m_file; }
@@ -71,8 +71,8 @@ public:
     void playOrStop();
 
     State state() const { return m_state; }
-    /// What went wrong last; empty from the next openFile() or play() that works, or once a device
-    /// that had stalled or gone goes on.
+    /// What went wrong last with the device; empty from the next openFile() or play() that works,
+    /// or once a device that had stalled or gone goes on.
     const QString& error() const { return m_error; }
 
     /// Seconds from the beginning of the file; of what comes in always 0.

@@ -251,5 +251,8 @@ Status RtAudioDevice::status() const
 // The reason is the sound system's own text, whatever its language.
 Error RtAudioDevice::errorOf(const QString& reason) const
 {
-    return {tr("The sound device %1 cannot be used (%2).").arg(m_name, reason)};
+    return {
+        tr("The sound device %1 cannot be used (%2). Another program may be using it: close that "
+           "one, or choose another device.")
+            .arg(m_name, reason)};
 }

@@ -22,7 +22,7 @@ MixerModel::~MixerModel() { m_memory.removeChangeListener(this); }
 QString MixerModel::shownName(int channel) const
 {
     const QString given = name(channel);
-    return given.isEmpty() ? tr("Channel %1").arg(channel) : given;
+    return given.isEmpty() ? tr("Channel %1").arg(shownNumber(channel)) : given;
 }
 
 void MixerModel::rename(int channel, const QString& name)

@@ -15,6 +15,9 @@
 
 class AudioSession;
 
+/// What people call a channel by: they count from 1, files and options from 0.
+constexpr int shownNumber(int channel) { return channel + 1; }
+
 /// What the mixer keeps besides the parameters' values: the channels' names, the A and B settings,
 /// and the history of all edits. One for all windows. Needs an application object.
 class MixerModel : public QObject, private ChangeListener

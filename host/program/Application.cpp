@@ -71,6 +71,16 @@ QMessageBox* warn(QWidget& window, const Status& status)
     return status.isOk() ? nullptr : showWarning(window, status.error());
 }
 
+// Editors that come up later would cover them.
+void bringMessagesToFront(QWidget& window)
+{
+    for (QMessageBox* box : window.findChildren<QMessageBox*>()) {
+        box->raise();
+        box->activateWindow();
+        box->setFocus();
+    }
+}
+
 void offerToFind(MixerWindow& window, MixerSession& session, const QString& file)
 {
     QMessageBox* box = showWarning(
@@ -200,6 +210,7 @@ int Application::runWindows()
                      [&](const QString& file) { offerToFind(mixerWindow, session, file); });
     if (!m_commandLine.plays())
         session.restoreSound();
+    bringMessagesToFront(mixerWindow);
     return loop(mixerWindow, session, endingSignals);
 }
 

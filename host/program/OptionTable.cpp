@@ -166,7 +166,10 @@ OptionGroup generalOptions()
           QT_TRANSLATE_NOOP("CommandLine", "the editor's library (default: "
                                            "../lib/zolta/libZolta.so, seen from this program)"),
           setPlugin},
-         {"channel", "0-7", QT_TRANSLATE_NOOP("CommandLine", "the channel to open (default: 0)"),
+         {"channel", "0-7",
+          QT_TRANSLATE_NOOP(
+              "CommandLine",
+              "the channel to open, counted from 0 (default: 0); windows count from 1"),
           setChannel},
          {"mono", "",
           QT_TRANSLATE_NOOP("CommandLine", "the channel alone instead of its stereo pair"),

@@ -11,6 +11,8 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
+#include <optional>
 
 namespace {
 
@@ -50,6 +52,41 @@ int displayError(const CommandLine& commandLine, int* argc, char* argv[])
         "--help."));
 }
 
+// Without an application object nothing can be translated, and with a display that does not answer
+// none comes about: Qt ends the program instead.
+class DisplayTrial
+{
+public:
+    DisplayTrial(const CommandLine& commandLine, int* argc, char* argv[])
+    {
+        const TranslatedApplication application(commandLine.language, argc, argv);
+        message = CommandLine::tr("No window can be opened: the display (DISPLAY or "
+                                  "WAYLAND_DISPLAY) does not answer. Log in to a desktop, or set "
+                                  "them to its display. Without one, use --list, --save-state "
+                                  "FILE, --screenshot FILE.png, --render IN OUT or --help.");
+        previous = qInstallMessageHandler(&DisplayTrial::handle);
+    }
+    ~DisplayTrial() { qInstallMessageHandler(previous); }
+    DisplayTrial(const DisplayTrial&) = delete;
+    DisplayTrial& operator=(const DisplayTrial&) = delete;
+
+private:
+    static void handle(QtMsgType type, const QMessageLogContext& context, const QString& text)
+    {
+        if (type == QtFatalMsg) {
+            printError(message);
+            std::_Exit(ExitUsage);
+        }
+        const bool isReason = text.contains(QLatin1String("could not connect to display")) ||
+                              text.contains(QLatin1String("platform plugin"));
+        if (!isReason && previous)
+            previous(type, context, text);
+    }
+
+    static inline QString message;
+    static inline QtMessageHandler previous = nullptr;
+};
+
 int pluginError(const CommandLine& commandLine, const LibraryTrial& trial, int* argc, char* argv[])
 {
     const TranslatedApplication application(commandLine.language, argc, argv);
@@ -68,7 +105,8 @@ int devicesCommand()
 {
     const std::vector<AudioDeviceInfo> devices = SystemAudioDevice().list();
     if (devices.empty())
-        printError(CommandLine::tr("There is no sound device."));
+        printError(CommandLine::tr("There is no sound device. Connect one, or start a sound "
+                                   "server (PipeWire, PulseAudio or JACK)."));
     return printed(AudioDevices::table(devices));
 }
 
@@ -94,7 +132,9 @@ int runEditor(const CommandLine& commandLine, int* argc, char* argv[])
     const LibraryTrial trial = tryPlugin(commandLine, folder, *argc, argv);
     if (!trial.status().isOk())
         return pluginError(commandLine, trial, argc, argv);
+    std::optional<DisplayTrial> trialOfDisplay(std::in_place, commandLine, argc, argv);
     const QApplication application(*argc, argv);
+    trialOfDisplay.reset();
     return Application(commandLine, folder).run();
 }
 

@@ -121,8 +121,12 @@ void EditorWindow::buildMenus()
 void EditorWindow::buildFileMenu(QMenu* menu)
 {
     m_texts.action(
-        menu, [] { return tr("&Load State..."); }, QKeySequence::Open, this,
-        [this] { openStateFile(); });
+        menu, [] { return tr("&Open Audio..."); }, QKeySequence::Open, this,
+        &EditorWindow::soundWanted);
+    menu->addSeparator();
+    m_texts.action(
+        menu, [] { return tr("&Load State..."); }, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O),
+        this, [this] { openStateFile(); });
     m_texts.action(
         menu, [] { return tr("&Save State..."); }, QKeySequence::Save, this,
         [this] { saveStateFile(); });
@@ -308,9 +312,11 @@ void EditorWindow::showEvent(QShowEvent* event)
 void EditorWindow::showTitle()
 {
     const int channel = settings().channel;
-    const QString title =
-        settings().stereo ? tr("Channels %1 + %2 - Equalizer").arg(channel).arg(partnerOf(channel))
-                          : tr("Channel %1 - Equalizer").arg(channel);
+    const int number = shownNumber(channel);
+    const int partner = shownNumber(partnerOf(channel));
+    const QString title = settings().stereo
+                              ? tr("Channels %1 + %2 - Equalizer").arg(number).arg(partner)
+                              : tr("Channel %1 - Equalizer").arg(number);
     const QString name = m_mixer.mixerModel.name(channel);
     setWindowTitle(name.isEmpty() ? title : name + QLatin1String(" - ") + title);
 }

@@ -58,7 +58,8 @@ Q_SIGNALS:
     void quitWanted();
     /// The user switched between the pair and the channel alone.
     void stereoChosen(bool stereo);
-    /// The user dropped a file on the window.
+    /// The user wants to choose a sound file, or dropped one on the window.
+    void soundWanted();
     void fileDropped(const QString& file);
 
 protected:

@@ -48,7 +48,7 @@ constexpr std::array keys = {
     Entry{QT_TRANSLATE_NOOP("HelpMenu", "Ctrl+Home, Ctrl+Shift+L"),
           QT_TRANSLATE_NOOP("HelpMenu", "return to the start; loop")},
     Entry{QT_TRANSLATE_NOOP("HelpMenu", "Ctrl+O, Ctrl+Shift+R"),
-          QT_TRANSLATE_NOOP("HelpMenu", "in the mixer: open a song; render it to a file")},
+          QT_TRANSLATE_NOOP("HelpMenu", "open a song; in the mixer: render it to a file")},
     Entry{QT_TRANSLATE_NOOP("HelpMenu", "Ctrl+E, Ctrl+M"),
           QT_TRANSLATE_NOOP("HelpMenu", "from the mixer to the editor, and back")},
     Entry{QT_TRANSLATE_NOOP("HelpMenu", "Ctrl+Z, Ctrl+Shift+Z"),

@@ -169,9 +169,7 @@ void MixerStrip::paintEvent(QPaintEvent*)
     font.setBold(true);
     painter.setFont(font);
     painter.setPen(m_selected ? MixerStyle::letters : MixerStyle::dimLetters);
-    painter.drawText(numberPlace, Qt::AlignCenter,
-                     isPair() ? QStringLiteral("%1 + %2").arg(m_channel).arg(partnerOf(m_channel))
-                              : QString::number(m_channel));
+    painter.drawText(numberPlace, Qt::AlignCenter, numberText());
     drawFocus(painter);
 }
 
@@ -199,7 +197,7 @@ void MixerStrip::buildName()
 
 void MixerStrip::showName()
 {
-    m_name->setDefaultName(tr("Channel %1").arg(m_channel));
+    m_name->setDefaultName(tr("Channel %1").arg(shownNumber(m_channel)));
     m_name->setChannelName(m_mixerModel.name(m_channel));
     m_name->home(false);
 }
@@ -293,9 +291,17 @@ void MixerStrip::buildMeters()
     m_meters->setPair(m_shownAsPair);
     m_texts.add([this] {
         for (int side = 0; side < StripMeters::sides; ++side)
-            m_meters->setNames(side, tr("Meter of channel %1").arg(m_channel + side),
-                               tr("Peak of channel %1").arg(m_channel + side));
+            m_meters->setNames(side, tr("Meter of channel %1").arg(shownNumber(m_channel + side)),
+                               tr("Peak of channel %1").arg(shownNumber(m_channel + side)));
     });
+}
+
+QString MixerStrip::numberText() const
+{
+    const QString own = QString::number(shownNumber(m_channel));
+    return isPair()
+               ? own + QLatin1String(" + ") + QString::number(shownNumber(partnerOf(m_channel)))
+               : own;
 }
 
 void MixerStrip::bind(AbstractController* control, StripParameter parameter, int channel)

@@ -72,6 +72,7 @@ private:
     void name(QWidget* control, const std::function<QString(const QString&)>& text);
     void follow(int channel);
     int levelOf(const unsigned int* words, int channel) const;
+    QString numberText() const;
     void drawScale(QPainter& painter) const;
     void drawFocus(QPainter& painter) const;
 

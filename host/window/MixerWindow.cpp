@@ -159,6 +159,7 @@ EditorWindow* MixerWindow::createEditor(int channel, bool stereo)
     auto* window = new EditorWindow(m_mixer, std::move(stage), std::move(session));
     connect(window, &EditorWindow::mixerWanted, this, [this] { bringToFront(this); });
     connect(window, &EditorWindow::closing, this, &MixerWindow::windowCloses);
+    connect(window, &EditorWindow::soundWanted, m_file, &FileMenu::chooseSound);
     connect(window, &EditorWindow::fileDropped, m_file, &FileMenu::openSound);
     connect(window, &EditorWindow::quitWanted, this, &MixerWindow::quit);
     connect(window, &EditorWindow::stereoChosen, this,

@@ -254,6 +254,10 @@
         <source>&amp;Transport</source>
         <translation>&amp;Transport</translation>
     </message>
+    <message>
+        <source>&amp;Open Audio...</source>
+        <translation>&amp;Audiodatei öffnen ...</translation>
+    </message>
 </context>
 <context>
     <name>LanguageMenu</name>
@@ -1259,10 +1263,6 @@
 <context>
     <name>AudioDevices</name>
     <message>
-        <source>There is no sound device to play on.</source>
-        <translation>Es gibt kein Audiogerät für die Wiedergabe.</translation>
-    </message>
-    <message>
         <source>There is no sound device &quot;%1&quot;; --devices shows them all.</source>
         <translation>Es gibt kein Audiogerät &quot;%1&quot;; --devices zeigt alle.</translation>
     </message>
@@ -1281,6 +1281,10 @@
     <message>
         <source>The sound device %1 cannot be used: neither it nor the default device has inputs.</source>
         <translation>Das Audiogerät %1 lässt sich nicht verwenden: Weder dieses noch das Standardgerät hat Eingänge.</translation>
+    </message>
+    <message>
+        <source>There is no sound device to play on. Connect one, or start the sound server (PipeWire, PulseAudio or JACK), and play again.</source>
+        <translation>Es gibt kein Audiogerät für die Wiedergabe. Schließen Sie eines an, oder starten Sie den Audioserver (PipeWire, PulseAudio oder JACK), und spielen Sie noch einmal ab.</translation>
     </message>
 </context>
 <context>
@@ -1416,20 +1420,12 @@
 </translation>
     </message>
     <message>
-        <source>There is no sound device.</source>
-        <translation>Es gibt kein Audiogerät.</translation>
-    </message>
-    <message>
         <source>There is no display to open a window on (DISPLAY and WAYLAND_DISPLAY are not set). Without one, use --list, --save-state FILE, --screenshot FILE.png, --render IN OUT or --help.</source>
         <translation>Es gibt keine Anzeige, auf der sich ein Fenster öffnen lässt (weder DISPLAY noch WAYLAND_DISPLAY ist gesetzt). Ohne Anzeige gehen --list, --save-state FILE, --screenshot FILE.png, --render IN OUT oder --help.</translation>
     </message>
     <message>
         <source>the editor's library (default: ../lib/zolta/libZolta.so, seen from this program)</source>
         <translation>die Bibliothek des Editors (Vorgabe: ../lib/zolta/libZolta.so, von diesem Programm aus gesehen)</translation>
-    </message>
-    <message>
-        <source>the channel to open (default: 0)</source>
-        <translation>der Kanal, der geöffnet wird (Vorgabe: 0)</translation>
     </message>
     <message>
         <source>the channel alone instead of its stereo pair</source>
@@ -1595,6 +1591,18 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
         <source>whether the meters move (default: on in windows, where they show each strip&apos;s source; otherwise off; on, a picture shows a test signal after one second)</source>
         <translation>ob sich die Pegelanzeigen bewegen (Vorgabe: on mit Fenstern, wo sie die Quelle jedes Kanalzugs zeigen, sonst off; mit on zeigt ein Bild ein Testsignal nach einer Sekunde)</translation>
     </message>
+    <message>
+        <source>No window can be opened: the display (DISPLAY or WAYLAND_DISPLAY) does not answer. Log in to a desktop, or set them to its display. Without one, use --list, --save-state FILE, --screenshot FILE.png, --render IN OUT or --help.</source>
+        <translation>Es lässt sich kein Fenster öffnen: Die Anzeige (DISPLAY oder WAYLAND_DISPLAY) antwortet nicht. Melden Sie sich an einem Desktop an, oder setzen Sie sie auf dessen Anzeige. Ohne Anzeige gibt es --list, --save-state FILE, --screenshot FILE.png, --render IN OUT und --help.</translation>
+    </message>
+    <message>
+        <source>There is no sound device. Connect one, or start a sound server (PipeWire, PulseAudio or JACK).</source>
+        <translation>Es gibt kein Audiogerät. Schließen Sie eines an, oder starten Sie einen Audioserver (PipeWire, PulseAudio oder JACK).</translation>
+    </message>
+    <message>
+        <source>the channel to open, counted from 0 (default: 0); windows count from 1</source>
+        <translation>der Kanal, der geöffnet wird, von 0 an gezählt (Vorgabe: 0); Fenster zählen von 1 an</translation>
+    </message>
 </context>
 <context>
     <name>CommonController_MemAPI</name>
@@ -1683,8 +1691,8 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
         <translation>Das Audiogerät %1 wurde getrennt.</translation>
     </message>
     <message>
-        <source>The sound device %1 cannot be used (%2).</source>
-        <translation>Das Audiogerät %1 lässt sich nicht verwenden (%2).</translation>
+        <source>The sound device %1 cannot be used (%2). Another program may be using it: close that one, or choose another device.</source>
+        <translation>Das Audiogerät %1 lässt sich nicht verwenden (%2). Vielleicht verwendet es ein anderes Programm: Schließen Sie dieses, oder wählen Sie ein anderes Gerät.</translation>
     </message>
 </context>
 <context>
@@ -2063,10 +2071,6 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
         <translation>vom Mischpult zum Editor und zurück</translation>
     </message>
     <message>
-        <source>in the mixer: open a song; render it to a file</source>
-        <translation>im Mischpult: ein Stück öffnen; in eine Datei rendern</translation>
-    </message>
-    <message>
         <source>measured response; table of parameters</source>
         <translation>gemessener Frequenzgang; Parametertabelle</translation>
     </message>
@@ -2097,6 +2101,10 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
     <message>
         <source>undo and redo every gesture</source>
         <translation>jede Bedienung rückgängig machen und wiederholen</translation>
+    </message>
+    <message>
+        <source>open a song; in the mixer: render it to a file</source>
+        <translation>ein Stück öffnen; im Mischpult: in eine Datei rendern</translation>
     </message>
 </context>
 <context>

@@ -105,11 +105,11 @@
     </message>
     <message>
         <source>The curve is drawn for the rate that the sound device runs at. It can be chosen while nothing plays.</source>
-        <translation>特性曲線は、動作中のオーディオデバイスのサンプリングレートで描かれます。再生していないときに選択できます。</translation>
+        <translation>特性曲線は、動作中のオーディオデバイスのサンプリング周波数で描かれます。再生していないときに選択できます。</translation>
     </message>
     <message>
         <source>The rate that the curve is drawn for</source>
-        <translation>特性曲線を描くサンプリングレート</translation>
+        <translation>特性曲線を描くサンプリング周波数</translation>
     </message>
 </context>
 <context>
@@ -253,6 +253,10 @@
     <message>
         <source>&amp;Transport</source>
         <translation>再生(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Open Audio...</source>
+        <translation>音声ファイルを開く(&amp;O)...</translation>
     </message>
 </context>
 <context>
@@ -1259,10 +1263,6 @@
 <context>
     <name>AudioDevices</name>
     <message>
-        <source>There is no sound device to play on.</source>
-        <translation>再生に使えるオーディオデバイスがありません。</translation>
-    </message>
-    <message>
         <source>There is no sound device &quot;%1&quot;; --devices shows them all.</source>
         <translation>オーディオデバイス「%1」はありません。--devices ですべて表示できます。</translation>
     </message>
@@ -1281,6 +1281,10 @@
     <message>
         <source>The sound device %1 cannot be used: neither it nor the default device has inputs.</source>
         <translation>オーディオデバイス %1 を使用できません。このデバイスにも既定のデバイスにも入力がありません。</translation>
+    </message>
+    <message>
+        <source>There is no sound device to play on. Connect one, or start the sound server (PipeWire, PulseAudio or JACK), and play again.</source>
+        <translation>再生に使えるオーディオデバイスがありません。デバイスを接続するか、サウンドサーバー (PipeWire、PulseAudio、JACK) を起動してから、もう一度再生してください。</translation>
     </message>
 </context>
 <context>
@@ -1416,20 +1420,12 @@
 </translation>
     </message>
     <message>
-        <source>There is no sound device.</source>
-        <translation>オーディオデバイスがありません。</translation>
-    </message>
-    <message>
         <source>There is no display to open a window on (DISPLAY and WAYLAND_DISPLAY are not set). Without one, use --list, --save-state FILE, --screenshot FILE.png, --render IN OUT or --help.</source>
         <translation>ウィンドウを開くディスプレイがありません (DISPLAY も WAYLAND_DISPLAY も設定されていません)。ディスプレイなしでは --list、--save-state FILE、--screenshot FILE.png、--render IN OUT、--help を使ってください。</translation>
     </message>
     <message>
         <source>the editor's library (default: ../lib/zolta/libZolta.so, seen from this program)</source>
         <translation>エディターのライブラリー (既定値: このプログラムから見て ../lib/zolta/libZolta.so)</translation>
-    </message>
-    <message>
-        <source>the channel to open (default: 0)</source>
-        <translation>開くチャンネル (既定値: 0)</translation>
     </message>
     <message>
         <source>the channel alone instead of its stereo pair</source>
@@ -1595,6 +1591,18 @@ A mixer with 8 channels that opens the channel equalizer&apos;s editor.
         <source>whether the meters move (default: on in windows, where they show each strip&apos;s source; otherwise off; on, a picture shows a test signal after one second)</source>
         <translation>メーターを動かすかどうか (既定値: ウィンドウありでは on で、各ストリップのソースを表示。それ以外では off。on のとき画像には 1 秒後のテスト信号が写る)</translation>
     </message>
+    <message>
+        <source>No window can be opened: the display (DISPLAY or WAYLAND_DISPLAY) does not answer. Log in to a desktop, or set them to its display. Without one, use --list, --save-state FILE, --screenshot FILE.png, --render IN OUT or --help.</source>
+        <translation>ウィンドウを開けません。ディスプレイ (DISPLAY または WAYLAND_DISPLAY) が応答しません。デスクトップにログインするか、そのディスプレイを設定してください。ディスプレイなしでは --list、--save-state FILE、--screenshot FILE.png、--render IN OUT、--help を使えます。</translation>
+    </message>
+    <message>
+        <source>There is no sound device. Connect one, or start a sound server (PipeWire, PulseAudio or JACK).</source>
+        <translation>オーディオデバイスがありません。デバイスを接続するか、サウンドサーバー (PipeWire、PulseAudio、JACK) を起動してください。</translation>
+    </message>
+    <message>
+        <source>the channel to open, counted from 0 (default: 0); windows count from 1</source>
+        <translation>開くチャンネル。0 から数える (既定値: 0)。ウィンドウでは 1 から数える</translation>
+    </message>
 </context>
 <context>
     <name>CommonController_MemAPI</name>
@@ -1683,8 +1691,8 @@ A mixer with 8 channels that opens the channel equalizer&apos;s editor.
         <translation>オーディオデバイス %1 の接続が切れました。</translation>
     </message>
     <message>
-        <source>The sound device %1 cannot be used (%2).</source>
-        <translation>オーディオデバイス %1 を使用できません (%2)。</translation>
+        <source>The sound device %1 cannot be used (%2). Another program may be using it: close that one, or choose another device.</source>
+        <translation>オーディオデバイス %1 を使用できません (%2)。別のプログラムが使用している可能性があります。そのプログラムを閉じるか、別のデバイスを選んでください。</translation>
     </message>
 </context>
 <context>
@@ -2063,10 +2071,6 @@ A mixer with 8 channels that opens the channel equalizer&apos;s editor.
         <translation>ミキサーからエディターへ、エディターからミキサーへ</translation>
     </message>
     <message>
-        <source>in the mixer: open a song; render it to a file</source>
-        <translation>ミキサーで: 曲を開く、ファイルに書き出す</translation>
-    </message>
-    <message>
         <source>measured response; table of parameters</source>
         <translation>測定した周波数特性、パラメーター表</translation>
     </message>
@@ -2097,6 +2101,10 @@ A mixer with 8 channels that opens the channel equalizer&apos;s editor.
     <message>
         <source>undo and redo every gesture</source>
         <translation>操作の取り消しとやり直し</translation>
+    </message>
+    <message>
+        <source>open a song; in the mixer: render it to a file</source>
+        <translation>曲を開く。ミキサーで: ファイルに書き出す</translation>
     </message>
 </context>
 <context>

@@ -134,7 +134,8 @@ class PackageTest(unittest.TestCase):
         for name in ("a.wav", "b.txt", "c.flac"):
             (sounds / name).touch()
         self.assertEqual(self.complete("--state", f"{sounds}/b"), [f"{sounds}/b.txt"])
-        for words in (["--audio", f"{sounds}/"], ["--render", "in.wav", f"{sounds}/"]):
+        for words in (["--audio", f"{sounds}/"], ["--render", "in.wav", f"{sounds}/"],
+                      [f"{sounds}/"]):
             self.assertEqual(sorted(self.complete(*words)), [f"{sounds}/a.wav", f"{sounds}/c.flac"])
 
     def test_desktop_entry_and_icon(self):

@@ -66,8 +66,10 @@ void tst_AudioDevices::refuses_data()
     QTest::addColumn<bool>("any");
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("none at all") << false << ""
-                                 << "There is no sound device to play on.";
+    QTest::newRow("none at all")
+        << false << ""
+        << "There is no sound device to play on. Connect one, or start the "
+           "sound server (PipeWire, PulseAudio or JACK), and play again.";
     QTest::newRow("unknown") << true << "piano"
                              << "There is no sound device \"piano\"; --devices shows them all.";
     QTest::newRow("several") << true << "alsa"

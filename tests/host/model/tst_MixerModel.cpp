@@ -73,7 +73,7 @@ void tst_MixerModel::put(int channel, std::size_t parameter, int value)
 void tst_MixerModel::namesAreKept()
 {
     QSignalSpy spy(m_mixerModel.get(), &MixerModel::nameChanged);
-    QCOMPARE(m_mixerModel->shownName(3), u"Channel 3"_s);
+    QCOMPARE(m_mixerModel->shownName(3), u"Channel 4"_s);
     m_mixerModel->setName(3, u"Snare"_s);
     QCOMPARE(m_mixerModel->name(3), u"Snare"_s);
     QCOMPARE(m_mixerModel->shownName(3), u"Snare"_s);

@@ -26,6 +26,7 @@ private Q_SLOTS:
     void showsNoMessageWithoutAnError();
     void showsWhatIsDamaged_data();
     void showsWhatIsDamaged();
+    void messageIsInFront();
     void savesATakenSessionOnDemand();
     void editorIsForAStrip_data();
     void editorIsForAStrip();
@@ -121,6 +122,18 @@ void tst_Application::showsWhatIsDamaged()
     const QString file = write(name, "damaged");
     const QString session = m_folder.filePath(u"session.json"_s);
     QCOMPARE(messages({u"--session"_s, session}), QStringList(expected.arg(file)));
+}
+
+void tst_Application::messageIsInFront()
+{
+    const QString file = write(u"front.json"_s, "damaged");
+    bool inFront = false;
+    run({u"--session"_s, file}, [&inFront] {
+        const auto boxes = shownWindows<QMessageBox>();
+        inFront = boxes.size() == 1 && QTest::qWaitForWindowActive(boxes[0]) &&
+                  boxes[0]->isAncestorOf(QApplication::focusWidget());
+    });
+    QVERIFY(inFront);
 }
 
 void tst_Application::savesATakenSessionOnDemand()

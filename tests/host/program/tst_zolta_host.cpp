@@ -32,6 +32,8 @@ private Q_SLOTS:
     void savesAndLoadsBitForBit();
     void screenshotHasTheEditorsSize();
     void saysThatThereIsNoDisplay();
+    void saysThatTheDisplayDoesNotAnswer();
+    void saysItsVersion();
     void refusesAMissingPlugin();
     void refusesABadState();
     void refusesAPipeAsState();
@@ -137,7 +139,7 @@ void tst_zolta_host::helpGoesToStandardOutput()
 {
     const ProgramResult result = run({u"--help"_s});
     QCOMPARE(result.code, 0);
-    QVERIFY(result.output.startsWith("Usage: zolta-host [options]\n"_L1));
+    QVERIFY(result.output.startsWith("Usage: zolta-host [options] [SOUND]\n"_L1));
     QCOMPARE(result.errors, QString());
 }
 
@@ -244,6 +246,31 @@ void tst_zolta_host::saysThatThereIsNoDisplay()
                             "FILE, --screenshot FILE.png, --render IN OUT or --help.\n"_s);
 }
 
+void tst_zolta_host::saysThatTheDisplayDoesNotAnswer()
+{
+    QProcess process;
+    m_program.prepare(&process);
+    QProcessEnvironment environment = m_program.environment();
+    environment.insert(u"DISPLAY"_s, u":6123"_s);
+    process.setProcessEnvironment(environment);
+    process.start();
+    QVERIFY(process.waitForFinished(60000));
+    const QString errors = QString::fromUtf8(process.readAllStandardError());
+    QVERIFY2(errors.startsWith("zolta-host: No window can be opened: the display"_L1) &&
+                 errors.count(u'\n') == 1,
+             qPrintable(errors));
+    QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(process.exitCode(), 2);
+}
+
+void tst_zolta_host::saysItsVersion()
+{
+    const ProgramResult version = run({u"--version"_s});
+    QCOMPARE(version.output, u"zolta-host " ZOLTA_VERSION "\n"_s);
+    QCOMPARE(version.code, 0);
+    QCOMPARE(run({u"-h"_s}).output, run({u"--help"_s}).output);
+}
+
 void tst_zolta_host::refusesAMissingPlugin()
 {
     const QString file = path(u"nowhere.so"_s);
@@ -284,8 +311,9 @@ void tst_zolta_host::refusesArguments()
     QCOMPARE(result.code, 2);
     QCOMPARE(result.output, QString());
     QCOMPARE(result.errors, u"zolta-host: Unknown option 'loud'.\n"_s);
-    QCOMPARE(runWithPlugin("more --language de").errors,
-             u"zolta-host: Unbekannte Option \"more\".\n"_s);
+    QCOMPARE(runWithPlugin("more again --language de").errors,
+             u"zolta-host: Eine Datei zu viel: \"again\". Abspielen lässt sich eine "
+             "Audiodatei, und --render nimmt zwei.\n"_s);
 }
 
 // As text, the name would be another file's.

@@ -441,9 +441,9 @@ void tst_EditorWindow::overflowOfTheBarShowsAnArrow()
 void tst_EditorWindow::titleSaysTheChannels()
 {
     EditorWindow* window = openWindow(4);
-    QCOMPARE(window->windowTitle(), u"Channels 4 + 5 - Equalizer"_s);
+    QCOMPARE(window->windowTitle(), u"Channels 5 + 6 - Equalizer"_s);
     choose(window, u"Mono"_s);
-    QCOMPARE(window->windowTitle(), u"Channel 4 - Equalizer"_s);
+    QCOMPARE(window->windowTitle(), u"Channel 5 - Equalizer"_s);
 }
 
 void tst_EditorWindow::resetWritesDefaults()
@@ -460,12 +460,12 @@ void tst_EditorWindow::mixerOpensAChannelOnce()
 {
     m_mixer.memory.setStrip(2, StripParameter::Stereo, 0);
     m_window->show();
-    auto* edit = named<QAbstractButton>(stripOf(m_window.get(), 3), u"Editor of Channel 3"_s);
+    auto* edit = named<QAbstractButton>(stripOf(m_window.get(), 3), u"Editor of Channel 4"_s);
     QTest::mouseClick(edit, Qt::LeftButton);
     expectRaise();
     EditorWindow* window = m_window->openEditor(3, false);
     QVERIFY(window->isVisible());
-    QCOMPARE(window->windowTitle(), u"Channel 3 - Equalizer"_s);
+    QCOMPARE(window->windowTitle(), u"Channel 4 - Equalizer"_s);
     expectRaise();
     QTest::mouseClick(edit, Qt::LeftButton);
     expectRaise();
@@ -521,7 +521,7 @@ void tst_EditorWindow::windowsSpeakTheChosenLanguage()
 {
     EditorWindow* window = openWindow(4);
     speak(Language::German);
-    QCOMPARE(window->windowTitle(), u"Kanäle 4 + 5 - Equalizer"_s);
+    QCOMPARE(window->windowTitle(), u"Kanäle 5 + 6 - Equalizer"_s);
     QVERIFY(actionOf(window, u"Zustand laden ..."_s));
     QVERIFY(choice(window, u"Relativ kreisförmig"_s));
     const QAbstractItemModel* table = window->findChild<QTableView*>()->model();
@@ -529,11 +529,11 @@ void tst_EditorWindow::windowsSpeakTheChosenLanguage()
     QCOMPARE(table->index(2, 0).data().toString(), u"Tiefen: Gain"_s);
     QCOMPARE(table->index(2, 1).data(Qt::ToolTipRole).toString(), u"-20.0 bis +20.0 dB"_s);
     QCOMPARE(m_window->windowTitle(), u"Mischpult"_s);
-    QCOMPARE(stripOf(m_window.get(), 7)->findChild<ChannelNameEdit*>()->text(), u"Kanal 7"_s);
+    QCOMPARE(stripOf(m_window.get(), 7)->findChild<ChannelNameEdit*>()->text(), u"Kanal 8"_s);
     EditorWindow* opened = openWindow(1, false); // one that opens later speaks it, too
-    QCOMPARE(opened->windowTitle(), u"Kanal 1 - Equalizer"_s);
+    QCOMPARE(opened->windowTitle(), u"Kanal 2 - Equalizer"_s);
     speak(Language::English);
-    QCOMPARE(window->windowTitle(), u"Channels 4 + 5 - Equalizer"_s);
+    QCOMPARE(window->windowTitle(), u"Channels 5 + 6 - Equalizer"_s);
     QCOMPARE(table->headerData(1, Qt::Horizontal).toString(), u"Value"_s);
     QVERIFY(actionOf(window, u"Load State..."_s));
 }

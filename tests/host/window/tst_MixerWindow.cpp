@@ -167,19 +167,19 @@ void tst_MixerWindow::pairsShowOneStrip()
 
 void tst_MixerWindow::monoShowsBothStrips()
 {
-    click(2, "Channel 2 mono");
+    click(2, "Channel 3 mono");
     QCOMPARE(value(2, StripParameter::Stereo), 0);
     QVERIFY(strip(2)->isVisible() && strip(3)->isVisible());
     QCOMPARE(stack().undoText(), u"Mono/stereo"_s);
     // From the other channel's strip the pair comes together again.
-    QTRY_VERIFY(!named<QAbstractButton>(strip(3), u"Channel 3 stereo"_s)->isChecked());
-    click(3, "Channel 3 stereo");
+    QTRY_VERIFY(!named<QAbstractButton>(strip(3), u"Channel 4 stereo"_s)->isChecked());
+    click(3, "Channel 4 stereo");
     QCOMPARE(value(2, StripParameter::Stereo), 1);
     QVERIFY(strip(2)->isVisible() && !strip(3)->isVisible());
     QCOMPARE(stack().count(), 2);
     stack().undo();
     QVERIFY(strip(3)->isVisible());
-    QTRY_VERIFY(named<QAbstractButton>(strip(2), u"Channel 2 mono"_s)->isChecked());
+    QTRY_VERIFY(named<QAbstractButton>(strip(2), u"Channel 3 mono"_s)->isChecked());
 }
 
 void tst_MixerWindow::keysSwitch()
@@ -195,9 +195,9 @@ void tst_MixerWindow::keysSwitch()
         stack().undo();
         QCOMPARE(button->isChecked(), before != 0);
     };
-    switches("Equalizer of Channel 4", StripParameter::EqualizerOn, u"Equalizer on"_s);
-    switches("Mute of Channel 4", StripParameter::Mute, u"Mute"_s);
-    switches("Solo of Channel 4", StripParameter::Solo, u"Solo"_s);
+    switches("Equalizer of Channel 5", StripParameter::EqualizerOn, u"Equalizer on"_s);
+    switches("Mute of Channel 5", StripParameter::Mute, u"Mute"_s);
+    switches("Solo of Channel 5", StripParameter::Solo, u"Solo"_s);
 }
 
 void tst_MixerWindow::faderDragIsOneStep()
@@ -252,7 +252,7 @@ void tst_MixerWindow::undoKeysInEveryWindow()
     trigger("Undo");
     QVERIFY(strip(0)->findChild<EqualizerThumbnail*>()->grab().toImage() != curved);
     QVERIFY(actionOf(editor, u"Redo Middle 2 gain"_s)->isEnabled());
-    click(0, "Mute of Channel 0");
+    click(0, "Mute of Channel 1");
     for (QMainWindow* window : windows) {
         activate(window);
         QTest::keyClick(window, Qt::Key_Z, Qt::ControlModifier);
@@ -283,7 +283,7 @@ void tst_MixerWindow::knobDragInTheEditorIsOneStep()
 void tst_MixerWindow::doubleClickRenames()
 {
     auto* name = strip(4)->findChild<ChannelNameEdit*>();
-    QCOMPARE(name->text(), u"Channel 4"_s);
+    QCOMPARE(name->text(), u"Channel 5"_s);
     activate(m_window.get());
     QTest::mouseDClick(name, Qt::LeftButton);
     QTest::keyClicks(name, u"Bass"_s);
@@ -293,7 +293,7 @@ void tst_MixerWindow::doubleClickRenames()
     QCOMPARE(stack().count(), 1);
     QCOMPARE(stack().undoText(), u"Rename"_s);
     stack().undo();
-    QCOMPARE(name->text(), u"Channel 4"_s);
+    QCOMPARE(name->text(), u"Channel 5"_s);
     // Leaving the field as it was is no edit.
     QTest::mouseDClick(name, Qt::LeftButton);
     QTest::keyClick(name, Qt::Key_Return);
@@ -324,7 +324,7 @@ void tst_MixerWindow::namesFollowTheChannel()
     m_mixer->language.choose(Language::German);
     QCoreApplication::sendPostedEvents();
     QVERIFY(named<FaderController>(strip(0), u"Fader von Kick"_s));
-    QVERIFY(named<FaderController>(strip(2), u"Fader von Kanal 2"_s));
+    QVERIFY(named<FaderController>(strip(2), u"Fader von Kanal 3"_s));
     m_mixer->language.choose(Language::English);
 }
 
@@ -339,8 +339,8 @@ void tst_MixerWindow::tabVisitsTheControls()
             visited << focused->accessibleName();
     }
     for (const char* name :
-         {"Source of Channel 0", "Channel 0 mono", "Equalizer of Channel 0", "Editor of Channel 0",
-          "Mute of Channel 0", "Solo of Channel 0", "Fader of Channel 0", "Level of Channel 0"})
+         {"Source of Channel 1", "Channel 1 mono", "Equalizer of Channel 1", "Editor of Channel 1",
+          "Mute of Channel 1", "Solo of Channel 1", "Fader of Channel 1", "Level of Channel 1"})
         QVERIFY2(visited.contains(QLatin1String(name)), name);
 }
 
@@ -362,8 +362,8 @@ void tst_MixerWindow::clickOnAControlMarksTheStrip()
 {
     setGain(0, 50);
     for (const char* control :
-         {"Source of Channel 6", "Channel 6 mono", "Equalizer of Channel 6", "Mute of Channel 6",
-          "Solo of Channel 6", "Fader of Channel 6", "Level of Channel 6", "Meter of channel 6"}) {
+         {"Source of Channel 7", "Channel 7 mono", "Equalizer of Channel 7", "Mute of Channel 7",
+          "Solo of Channel 7", "Fader of Channel 7", "Level of Channel 7", "Meter of channel 7"}) {
         clickBeside(0);
         QTest::mousePress(named<QWidget>(strip(6), QLatin1String(control)), Qt::RightButton);
         QVERIFY2(m_window->selectedChannel() == 6, control);
@@ -376,7 +376,7 @@ void tst_MixerWindow::focusThatComesBackMarksNothing()
 {
     activate(m_window.get());
     strip(4)->findChild<FaderController*>()->setFocus();
-    click(6, "Mute of Channel 6");
+    click(6, "Mute of Channel 7");
     EditorWindow* editor = m_window->openEditor(0, true);
     QVERIFY(QTest::qWaitForWindowActive(editor));
     activate(m_window.get());
