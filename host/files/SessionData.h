@@ -35,6 +35,7 @@ struct SessionData
     };
 
     std::array<Channel, channelCount> channels;
+    std::array<int, masterParameterCount> master;
     QByteArray mixerGeometry;
     std::vector<Editor> editors; ///< that are open
 

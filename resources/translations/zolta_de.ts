@@ -431,6 +431,26 @@
         <source>Source</source>
         <translation>Quelle</translation>
     </message>
+    <message>
+        <source>Balance</source>
+        <translation>Balance</translation>
+    </message>
+    <message>
+        <source>Master level</source>
+        <translation>Summe: Pegel</translation>
+    </message>
+    <message>
+        <source>Master mute</source>
+        <translation>Summe: Stummschaltung</translation>
+    </message>
+    <message>
+        <source>Dim</source>
+        <translation>Dämpfung</translation>
+    </message>
+    <message>
+        <source>Mono</source>
+        <translation>Mono</translation>
+    </message>
 </context>
 <context>
     <name>ParameterListModel</name>

@@ -431,6 +431,26 @@
         <source>Source</source>
         <translation>入力元</translation>
     </message>
+    <message>
+        <source>Balance</source>
+        <translation>バランス</translation>
+    </message>
+    <message>
+        <source>Master level</source>
+        <translation>マスター: レベル</translation>
+    </message>
+    <message>
+        <source>Master mute</source>
+        <translation>マスター: ミュート</translation>
+    </message>
+    <message>
+        <source>Dim</source>
+        <translation>ディム</translation>
+    </message>
+    <message>
+        <source>Mono</source>
+        <translation>モノラル</translation>
+    </message>
 </context>
 <context>
     <name>ParameterListModel</name>
