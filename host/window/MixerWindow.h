@@ -13,6 +13,7 @@
 #include <array>
 
 class EditorWindow;
+class MasterStrip;
 class MixerStrip;
 struct Mixer;
 class TransportBar;
@@ -66,6 +67,7 @@ private:
     void buildEditMenu();
     void buildChannelMenu();
     QWidget* buildStrips();
+    QWidget* buildDesk();
     void chooseSize();
 
     Mixer& m_mixer;
@@ -74,6 +76,7 @@ private:
     QHash<int, QPointer<EditorWindow>> m_editors;
     QList<MixerStrip*> m_strips;
     std::array<bool, 4> m_pairs{};
+    MasterStrip* m_master = nullptr;
     TransportBar* m_transport = nullptr;
     int m_selected = 0;
     bool m_quitting = false;

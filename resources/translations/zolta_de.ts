@@ -1001,6 +1001,18 @@
         <source>Test signal</source>
         <translation>Testsignal</translation>
     </message>
+    <message>
+        <source>Highest level of %1</source>
+        <translation>Höchster Pegel von %1</translation>
+    </message>
+    <message>
+        <source>Balance of %1</source>
+        <translation>Balance von %1</translation>
+    </message>
+    <message>
+        <source>Silenced</source>
+        <translation>Stumm</translation>
+    </message>
 </context>
 <context>
     <name>PresetFolder</name>
@@ -1832,6 +1844,76 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
     <message>
         <source>The plug-in %1 cannot be tried in a process of its own: %2.</source>
         <translation>Das Plug-in %1 lässt sich nicht in einem eigenen Prozess prüfen: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>PeakDisplay</name>
+    <message>
+        <source>%1 dB</source>
+        <translation>%1 dB</translation>
+    </message>
+    <message>
+        <source>%1 dB, clipped</source>
+        <translation>%1 dB, übersteuert</translation>
+    </message>
+</context>
+<context>
+    <name>MasterStrip</name>
+    <message>
+        <source>Master</source>
+        <translation>Summe</translation>
+    </message>
+    <message>
+        <source>Mute</source>
+        <translation>Stumm</translation>
+    </message>
+    <message>
+        <source>Mute of the master</source>
+        <translation>Stummschaltung der Summe</translation>
+    </message>
+    <message>
+        <source>Dim</source>
+        <translation>Leiser</translation>
+    </message>
+    <message>
+        <source>Plays 20 dB quieter</source>
+        <translation>Spielt 20 dB leiser</translation>
+    </message>
+    <message>
+        <source>Mono</source>
+        <translation>Mono</translation>
+    </message>
+    <message>
+        <source>Plays both sides as one</source>
+        <translation>Spielt beide Seiten zusammen</translation>
+    </message>
+    <message>
+        <source>Fader of the master</source>
+        <translation>Fader der Summe</translation>
+    </message>
+    <message>
+        <source>Level of the master</source>
+        <translation>Pegel der Summe</translation>
+    </message>
+    <message>
+        <source>Highest level of the master</source>
+        <translation>Höchster Pegel der Summe</translation>
+    </message>
+    <message>
+        <source>Meter of the master, left</source>
+        <translation>Pegelanzeige der Summe, links</translation>
+    </message>
+    <message>
+        <source>Peak of the master, left</source>
+        <translation>Spitze der Summe, links</translation>
+    </message>
+    <message>
+        <source>Meter of the master, right</source>
+        <translation>Pegelanzeige der Summe, rechts</translation>
+    </message>
+    <message>
+        <source>Peak of the master, right</source>
+        <translation>Spitze der Summe, rechts</translation>
     </message>
 </context>
 </TS>

@@ -1001,6 +1001,18 @@
         <source>Test signal</source>
         <translation>テスト信号</translation>
     </message>
+    <message>
+        <source>Highest level of %1</source>
+        <translation>%1 の最高レベル</translation>
+    </message>
+    <message>
+        <source>Balance of %1</source>
+        <translation>%1 のバランス</translation>
+    </message>
+    <message>
+        <source>Silenced</source>
+        <translation>消音中</translation>
+    </message>
 </context>
 <context>
     <name>PresetFolder</name>
@@ -1832,6 +1844,76 @@ A mixer with 8 channels that opens the channel equalizer's editor.
     <message>
         <source>The plug-in %1 cannot be tried in a process of its own: %2.</source>
         <translation>プラグイン %1 を別のプロセスで確認できません: %2。</translation>
+    </message>
+</context>
+<context>
+    <name>PeakDisplay</name>
+    <message>
+        <source>%1 dB</source>
+        <translation>%1 dB</translation>
+    </message>
+    <message>
+        <source>%1 dB, clipped</source>
+        <translation>%1 dB、クリップ</translation>
+    </message>
+</context>
+<context>
+    <name>MasterStrip</name>
+    <message>
+        <source>Master</source>
+        <translation>マスター</translation>
+    </message>
+    <message>
+        <source>Mute</source>
+        <translation>ミュート</translation>
+    </message>
+    <message>
+        <source>Mute of the master</source>
+        <translation>マスターのミュート</translation>
+    </message>
+    <message>
+        <source>Dim</source>
+        <translation>ディム</translation>
+    </message>
+    <message>
+        <source>Plays 20 dB quieter</source>
+        <translation>20 dB 下げて再生</translation>
+    </message>
+    <message>
+        <source>Mono</source>
+        <translation>モノラル</translation>
+    </message>
+    <message>
+        <source>Plays both sides as one</source>
+        <translation>左右をまとめて再生</translation>
+    </message>
+    <message>
+        <source>Fader of the master</source>
+        <translation>マスターのフェーダー</translation>
+    </message>
+    <message>
+        <source>Level of the master</source>
+        <translation>マスターのレベル</translation>
+    </message>
+    <message>
+        <source>Highest level of the master</source>
+        <translation>マスターの最高レベル</translation>
+    </message>
+    <message>
+        <source>Meter of the master, left</source>
+        <translation>マスターのメーター、左</translation>
+    </message>
+    <message>
+        <source>Peak of the master, left</source>
+        <translation>マスターのピーク、左</translation>
+    </message>
+    <message>
+        <source>Meter of the master, right</source>
+        <translation>マスターのメーター、右</translation>
+    </message>
+    <message>
+        <source>Peak of the master, right</source>
+        <translation>マスターのピーク、右</translation>
     </message>
 </context>
 </TS>
