@@ -39,7 +39,7 @@ void AudioEngine::reset()
     for (Channel& channel : m_channels) {
         channel.processor.reset();
         channel.meters = {};
-        channel.levels.store(packed({}), std::memory_order_relaxed);
+        channel.levels.set({});
     }
 }
 
@@ -58,19 +58,6 @@ void AudioEngine::process(std::span<float* const> channels, std::size_t frames) 
     processAll(channels, frames);
 }
 
-MeterLevels AudioEngine::levels(int channel) const
-{
-    const std::uint32_t both = at(channel).levels.load(std::memory_order_relaxed);
-    return {static_cast<std::int16_t>(both >> 16), static_cast<std::int16_t>(both & 0xFFFF)};
-}
-
-// Both levels change together.
-std::uint32_t AudioEngine::packed(const MeterLevels& levels)
-{
-    const auto word = [](int level) { return std::uint32_t{static_cast<std::uint16_t>(level)}; };
-    return word(levels.send) << 16 | word(levels.returned);
-}
-
 template <typename Sample>
 void AudioEngine::processAll(std::span<Sample* const> channels, std::size_t frames) noexcept
 {
@@ -87,7 +74,7 @@ void AudioEngine::processAll(std::span<Sample* const> channels, std::size_t fram
     const double seconds = static_cast<double>(frames) / m_sampleRate;
     for (Channel& channel : m_channels) {
         channel.meters.take(channel.peaks.send, channel.peaks.returned, seconds);
-        channel.levels.store(packed(channel.meters.levels()), std::memory_order_relaxed);
+        channel.levels.set(channel.meters.levels());
     }
     m_blocks.fetch_add(1, std::memory_order_relaxed);
 }

@@ -4,6 +4,7 @@
 #include "engine/ChannelMeters.h"
 #include "engine/ChannelProcessor.h"
 #include "engine/LatestValue.h"
+#include "engine/SharedLevels.h"
 
 #include <array>
 #include <atomic>
@@ -43,7 +44,7 @@ public:
 
     /// What the meters show, as of the last block: they reach a peak with the block it is in, and
     /// fall by PeakLevel::releasePerSecond. Any thread's.
-    MeterLevels levels(int channel) const;
+    MeterLevels levels(int channel) const { return at(channel).levels.get(); }
     /// How many blocks have been processed: as long as it grows, audio runs. Any thread's.
     std::uint64_t blocks() const { return m_blocks.load(std::memory_order_relaxed); }
     /// The delay of a channel in samples. The audio thread's.
@@ -64,10 +65,9 @@ private:
         ChannelProcessor processor;
         ChannelMeters meters;
         Peaks peaks; // of the block under way
-        std::atomic<std::uint32_t> levels = packed({});
+        SharedLevels levels;
     };
 
-    static std::uint32_t packed(const MeterLevels& levels);
     Channel& at(int channel) { return m_channels[static_cast<std::size_t>(channel)]; }
     const Channel& at(int channel) const { return m_channels[static_cast<std::size_t>(channel)]; }
 

@@ -11,12 +11,20 @@ void MixBus::prepare(double hertz, bool live)
     if (const Strips* strips = m_strips.take())
         m_target = *strips;
     m_current = m_target;
+    m_sampleRate = hertz;
     m_rampLength = rampSamples(hertz);
     for (std::size_t i = 0; i < m_current.size(); ++i) {
-        m_levels[i].jumpTo(m_current[i].gain);
+        m_leftLevels[i].jumpTo(m_current[i].left);
+        m_rightLevels[i].jumpTo(m_current[i].right);
         m_delays[i].setSampleRate(hertz);
         m_delays[i].reset();
     }
+    takeMaster();
+    m_masterLevel.jumpTo(m_wantedMaster.gain);
+    m_mono.setLength(m_rampLength);
+    m_mono.jumpTo(m_wantedMaster.mono);
+    m_outputMeters = {};
+    m_outputLevels.set({});
 }
 
 void MixBus::process(Inputs inputs, Outputs outputs, std::size_t frames) noexcept
@@ -48,12 +56,13 @@ void MixBus::reroute(std::size_t channel)
 {
     Strip& current = m_current[channel];
     const Strip& target = m_target[channel];
-    LevelRamp& level = m_levels[channel];
-    const bool silent = level.value() == 0.0 && !level.isMoving();
-    const bool ready = current.route == target.route || silent;
+    LevelRamp& left = m_leftLevels[channel];
+    LevelRamp& right = m_rightLevels[channel];
+    const bool ready = current.route == target.route || (left.isSilent() && right.isSilent());
     if (ready)
         current = target;
-    level.moveTo(ready ? target.gain : 0.0, m_rampLength);
+    left.moveTo(ready ? target.left : 0.0, m_rampLength);
+    right.moveTo(ready ? target.right : 0.0, m_rampLength);
 }
 
 void MixBus::playStrips(Inputs inputs, std::size_t first, std::size_t frames)
@@ -99,8 +108,12 @@ void MixBus::mixDown(Outputs outputs, std::size_t first, std::size_t frames)
 {
     std::fill_n(m_left.begin(), frames, 0.0F);
     std::fill_n(m_right.begin(), frames, 0.0F);
-    for (std::size_t i = 0; i < m_parts.size(); ++i)
-        add(i, frames);
+    for (std::size_t i = 0; i < m_parts.size(); ++i) {
+        add(m_parts[i], &m_leftLevels[i], frames, &m_left);
+        add(m_parts[i], &m_rightLevels[i], frames, &m_right);
+    }
+    runMaster(frames);
+    measure(frames);
     for (std::size_t c = 0; c < outputs.size(); ++c) {
         if (c < 2)
             std::copy_n((c == 0 ? m_left : m_right).begin(), frames, outputs[c] + first);
@@ -109,15 +122,50 @@ void MixBus::mixDown(Outputs outputs, std::size_t first, std::size_t frames)
     }
 }
 
-void MixBus::add(std::size_t channel, std::size_t frames)
+void MixBus::add(const Part& part, LevelRamp* level, std::size_t frames, Part* side)
 {
-    const Route& route = m_current[channel].route;
-    const Part& part = m_parts[channel];
+    std::size_t i = 0;
+    for (; i < frames && level->isMoving(); ++i)
+        (*side)[i] += part[i] * static_cast<float>(level->next());
+    if (level->isSilent())
+        return;
+    const auto factor = static_cast<float>(level->value());
+    for (; i < frames; ++i)
+        (*side)[i] += part[i] * factor;
+}
+
+void MixBus::takeMaster()
+{
+    if (const Master* master = m_master.take())
+        m_wantedMaster = *master;
+}
+
+void MixBus::runMaster(std::size_t frames)
+{
+    takeMaster();
+    m_masterLevel.moveTo(m_wantedMaster.gain, m_rampLength);
+    m_mono.moveTo(m_wantedMaster.mono);
+    if (!m_masterLevel.isMoving() && m_masterLevel.value() == 1.0 && m_mono.isOut())
+        return;
     for (std::size_t i = 0; i < frames; ++i) {
-        const float sample = part[i] * static_cast<float>(m_levels[channel].next());
-        if (route.left)
-            m_left[i] += sample;
-        if (route.right)
-            m_right[i] += sample;
+        const double level = m_masterLevel.next();
+        const double share = m_mono.next();
+        const double left = double{m_left[i]};
+        const double right = double{m_right[i]};
+        const double apart = 0.5 * share * (right - left);
+        m_left[i] = static_cast<float>(level * (left + apart));
+        m_right[i] = static_cast<float>(level * (right - apart));
     }
+}
+
+void MixBus::measure(std::size_t frames)
+{
+    const double seconds = static_cast<double>(frames) / m_sampleRate;
+    const auto peak = [frames](const Part& side) {
+        std::array<double, maxPart> samples;
+        std::copy_n(side.begin(), frames, samples.begin());
+        return peakOf(std::span(samples).first(frames));
+    };
+    m_outputMeters.take(peak(m_left), peak(m_right), seconds);
+    m_outputLevels.set(m_outputMeters.levels());
 }

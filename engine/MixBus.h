@@ -5,6 +5,7 @@
 #include "engine/AudioEngine.h"
 #include "engine/LatestValue.h"
 #include "engine/Ramps.h"
+#include "engine/SharedLevels.h"
 
 #include <array>
 #include <cstddef>
@@ -12,7 +13,8 @@
 #include <span>
 
 /// The mixer on what is played: every strip takes the sound of its source, sends it through its
-/// channel's equalizer and adds it to the outputs by its level. std only.
+/// channel's equalizer and adds it to the outputs by its levels, one a side; the master has the
+/// last word. std only.
 ///
 /// Three parties use it. Whoever sets audio up calls prepare(), while process() does not run. The
 /// audio thread calls process(), which neither allocates nor locks nor waits. The GUI thread
@@ -31,8 +33,6 @@ public:
     {
         Source source = Source::None;
         int number = 0; ///< of the file's channel or the input, from 0
-        bool left = true;
-        bool right = true;
 
         bool operator==(const Route&) const = default;
     };
@@ -40,14 +40,23 @@ public:
     struct Strip
     {
         Route route;
-        double gain = 0.0;
+        double left = 0.0; ///< the factors to either side
+        double right = 0.0;
 
         bool operator==(const Strip&) const = default;
+    };
+    struct Master
+    {
+        double gain = 1.0;
+        bool mono = false; ///< both sides play the mean of the two
+
+        bool operator==(const Master&) const = default;
     };
     using Strips = std::array<Strip, channelCount>;
 
     /// The GUI thread's: what is mixed, and the equalizer's raw values of a channel.
     void publish(const Strips& strips) { m_strips.publish(strips); }
+    void publish(const Master& master) { m_master.publish(master); }
     void publish(int channel, const ChannelValues& values) { m_engine.publish(channel, values); }
 
     /// The rate in Hz, and whether process() gets a device's inputs instead of a file. Resets what
@@ -62,6 +71,8 @@ public:
 
     /// For the meters.
     const AudioEngine& engine() const { return m_engine; }
+    /// What comes out in the end: left as sent, right as returned. Any thread's.
+    MeterLevels outputLevels() const { return m_outputLevels.get(); }
 
 private:
     static constexpr std::size_t maxPart = 256;
@@ -76,7 +87,10 @@ private:
     void align(std::size_t frames);
     double maxLatency() const;
     void mixDown(Outputs outputs, std::size_t first, std::size_t frames);
-    void add(std::size_t channel, std::size_t frames);
+    void takeMaster();
+    void runMaster(std::size_t frames);
+    void measure(std::size_t frames);
+    static void add(const Part& part, LevelRamp* level, std::size_t frames, Part* side);
 
     AudioEngine m_engine;
     LatestValue<Strips> m_strips;
@@ -84,9 +98,17 @@ private:
     Strips m_target;
     Strips m_current;
     std::int64_t m_rampLength = 1;
-    std::array<LevelRamp, channelCount> m_levels;
+    std::array<LevelRamp, channelCount> m_leftLevels;
+    std::array<LevelRamp, channelCount> m_rightLevels;
     std::array<AlignmentDelay, channelCount> m_delays;
     std::array<Part, channelCount> m_parts{};
     Part m_left{};
     Part m_right{};
+    LatestValue<Master> m_master;
+    Master m_wantedMaster;
+    LevelRamp m_masterLevel;
+    FadeRamp m_mono;
+    double m_sampleRate = 48000.0;
+    ChannelMeters m_outputMeters;
+    SharedLevels m_outputLevels;
 };

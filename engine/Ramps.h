@@ -46,6 +46,8 @@ class LevelRamp
 public:
     double value() const { return m_value; }
     bool isMoving() const { return m_left > 0; }
+    /// At rest and zero.
+    bool isSilent() const { return m_value == 0.0 && !isMoving(); }
 
     void jumpTo(double target);
     /// In \a samples steps from here; nothing happens where that is the target already.

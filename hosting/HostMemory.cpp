@@ -44,8 +44,18 @@ struct HostMemory::Place
         , observers(&channel.observers[parameterCount + index])
     {}
 
-    const Parameter* entry = nullptr; // null for one of the strip
+    Place(HostMemory& memory, MasterParameter parameter, std::size_t index)
+        : master(parameter)
+        , minimum(masterTable[index].minimum)
+        , maximum(masterTable[index].maximum)
+        , defaultValue(masterTable[index].defaultValue)
+        , value(&memory.m_master[index])
+        , observers(&memory.m_masterObservers[index])
+    {}
+
+    const Parameter* entry = nullptr; // null for one of the strip or the master
     StripParameter strip{};
+    std::optional<MasterParameter> master;
     int minimum;
     int maximum;
     int defaultValue;
@@ -54,11 +64,15 @@ struct HostMemory::Place
 
     std::optional<std::string> format(int number) const
     {
+        if (master)
+            return formatMaster(*master, number);
         return entry ? formatParameter(*entry, number) : formatStrip(strip, number);
     }
 
     std::optional<int> parse(const char* text) const
     {
+        if (master)
+            return parseMaster(*master, text);
         return entry ? parseParameter(*entry, text) : parseStrip(strip, text);
     }
 };
@@ -69,6 +83,8 @@ HostMemory::HostMemory()
         channel.values = defaultValues();
         channel.strip = stripDefaults();
     }
+    std::transform(masterTable.begin(), masterTable.end(), m_master.begin(),
+                   [](const StripEntry& entry) { return entry.defaultValue; });
 }
 
 int HostMemory::getValue(unsigned short parameter, unsigned short ch, int* value,
@@ -183,6 +199,16 @@ void HostMemory::setStrip(int ch, StripParameter parameter, int value)
     setValue(stripId(parameter), static_cast<unsigned short>(ch), value, 0, 0, 1);
 }
 
+int HostMemory::master(MasterParameter parameter) const
+{
+    return m_master[static_cast<std::size_t>(parameter)];
+}
+
+void HostMemory::setMaster(MasterParameter parameter, int value)
+{
+    setValue(masterId(parameter), 0, value, 0, 0, 1);
+}
+
 std::optional<HostMemory::Place> HostMemory::find(unsigned short parameter, unsigned short ch)
 {
     if (ch >= channelCount)
@@ -190,6 +216,9 @@ std::optional<HostMemory::Place> HostMemory::find(unsigned short parameter, unsi
     const std::size_t index = findParameterById(parameter);
     if (index < parameterCount)
         return Place(m_channels[ch], parameterTable[index], index);
+    const auto master = findMasterParameter(parameter);
+    if (master && ch == 0)
+        return Place(*this, *master, static_cast<std::size_t>(*master));
     const auto strip = findStripParameter(parameter);
     if (!strip)
         return std::nullopt;

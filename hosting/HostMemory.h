@@ -13,7 +13,7 @@
 class ChangeListener;
 
 /// The mixer's parameter memory: the equalizer's 27 parameters and the strip's parameters of 8
-/// channels, each starting at its default.
+/// channels, and the master's as channel 0's, each starting at its default.
 ///
 /// Operations return 0, or -1 for a parameter, channel or element that does not exist, a null
 /// pointer, a text that says nothing or a buffer that is too small; then nothing is changed. Must
@@ -66,6 +66,9 @@ public:
     /// A value of a channel's strip; \a ch must exist.
     int strip(int ch, StripParameter parameter) const;
     void setStrip(int ch, StripParameter parameter, int value);
+    /// A value of the master's.
+    int master(MasterParameter parameter) const;
+    void setMaster(MasterParameter parameter, int value);
 
 private:
     struct Place;
@@ -81,6 +84,8 @@ private:
     static void notify(const Place& place, unsigned short parameter, unsigned short ch);
 
     std::array<Channel, channelCount> m_channels;
+    std::array<int, masterParameterCount> m_master{};
+    std::array<ObserverList<IPrmObserver>, masterParameterCount> m_masterObservers;
     ObserverList<ChangeListener> m_listeners;
     MeterNotifier m_meters;
 };

@@ -8,6 +8,7 @@
 #include <cctype>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <span>
 
 namespace {
@@ -70,6 +71,28 @@ int nearestPosition(double tenths)
     return tenths < stripLevelTenths(1) - 5 ? 0 : best;
 }
 
+std::string formatBalance(int balance)
+{
+    if (balance == 0)
+        return "C";
+    return (balance < 0 ? "L" : "R") + std::to_string(std::abs(balance));
+}
+
+std::optional<int> parseBalance(std::string_view text)
+{
+    if (text == "c" || text == "0")
+        return 0;
+    if (!text.starts_with('l') && !text.starts_with('r'))
+        return std::nullopt;
+    const int sign = text.front() == 'l' ? -1 : 1;
+    const std::string digits = lowered(text.substr(1));
+    int share = 0;
+    const char* last = digits.data() + digits.size();
+    const auto result = std::from_chars(digits.data(), last, share);
+    const bool valid = result.ec == std::errc() && result.ptr == last && share >= 0;
+    return valid ? std::optional(sign * std::min(share, fullBalance)) : std::nullopt;
+}
+
 std::optional<int> parseLevel(std::string text)
 {
     if (text.ends_with("db"))
@@ -86,6 +109,12 @@ std::optional<int> parseLevel(std::string text)
     return nearestPosition(decibels * 10.0);
 }
 
+// Of a strip's parameters with the same values.
+StripParameter kindOf(MasterParameter parameter)
+{
+    return parameter == MasterParameter::Level ? StripParameter::Level : StripParameter::Mute;
+}
+
 } // namespace
 
 constinit const std::array<StripEntry, stripParameterCount> stripTable = {{
@@ -95,6 +124,14 @@ constinit const std::array<StripEntry, stripParameterCount> stripTable = {{
     {"mute", QT_TRANSLATE_NOOP("Parameter", "Mute"), 0, 1, 0},
     {"solo", QT_TRANSLATE_NOOP("Parameter", "Solo"), 0, 1, 0},
     {"level", QT_TRANSLATE_NOOP("Parameter", "Level"), 0, highestLevel, unityLevel},
+    {"balance", QT_TRANSLATE_NOOP("Parameter", "Balance"), -fullBalance, fullBalance, 0},
+}};
+
+constinit const std::array<StripEntry, masterParameterCount> masterTable = {{
+    {"level", QT_TRANSLATE_NOOP("Parameter", "Master level"), 0, highestLevel, unityLevel},
+    {"mute", QT_TRANSLATE_NOOP("Parameter", "Master mute"), 0, 1, 0},
+    {"dim", QT_TRANSLATE_NOOP("Parameter", "Dim"), 0, 1, 0},
+    {"mono", QT_TRANSLATE_NOOP("Parameter", "Mono"), 0, 1, 0},
 }};
 
 std::optional<StripParameter> findStripParameter(unsigned short id)
@@ -120,6 +157,8 @@ std::optional<std::string> formatStrip(StripParameter parameter, int value)
         return std::nullopt;
     if (parameter == StripParameter::Level)
         return formatLevel(value);
+    if (parameter == StripParameter::Balance)
+        return formatBalance(value);
     return std::string(namesOf(parameter)[static_cast<std::size_t>(value)]);
 }
 
@@ -128,12 +167,32 @@ std::optional<int> parseStrip(StripParameter parameter, std::string_view text)
     const std::string wanted = lowered(text);
     if (parameter == StripParameter::Level)
         return parseLevel(wanted);
+    if (parameter == StripParameter::Balance)
+        return parseBalance(wanted);
     const auto names = namesOf(parameter);
     const auto found = std::find_if(names.begin(), names.end(),
                                     [&](std::string_view name) { return lowered(name) == wanted; });
     if (found == names.end())
         return std::nullopt;
     return static_cast<int>(found - names.begin());
+}
+
+std::optional<MasterParameter> findMasterParameter(unsigned short id)
+{
+    const int index = id - masterId(MasterParameter{});
+    if (index < 0 || index >= static_cast<int>(masterParameterCount))
+        return std::nullopt;
+    return static_cast<MasterParameter>(index);
+}
+
+std::optional<std::string> formatMaster(MasterParameter parameter, int value)
+{
+    return formatStrip(kindOf(parameter), value);
+}
+
+std::optional<int> parseMaster(MasterParameter parameter, std::string_view text)
+{
+    return parseStrip(kindOf(parameter), text);
 }
 
 int stripLevelTenths(int position)
@@ -149,4 +208,10 @@ int stripLevelTenths(int position)
 double stripGain(int position)
 {
     return position <= 0 ? 0.0 : std::pow(10.0, stripLevelTenths(position) / 200.0);
+}
+
+BalanceGains balanceGains(int balance)
+{
+    const double share = static_cast<double>(balance) / fullBalance;
+    return {std::min(1.0, 1.0 - share), std::min(1.0, 1.0 + share)};
 }

@@ -14,10 +14,21 @@ enum class StripParameter : std::size_t {
     EqualizerOn, ///< 0: the sound goes past the equalizer
     Mute,
     Solo,
-    Level ///< a position of the fader; see stripLevelTenths()
+    Level,  ///< a position of the fader; see stripLevelTenths()
+    Balance ///< -fullBalance (left) to fullBalance (right); see balanceGains()
 };
 
-inline constexpr std::size_t stripParameterCount = 6;
+inline constexpr std::size_t stripParameterCount = 7;
+
+/// What the mixer has once, behind all strips.
+enum class MasterParameter : std::size_t {
+    Level, ///< as a strip's
+    Mute,
+    Dim, ///< 1: dimDecibels quieter
+    Mono ///< 1: both sides play the mean of the two
+};
+
+inline constexpr std::size_t masterParameterCount = 4;
 
 /// Where a channel's sound comes from.
 enum StripSource { SourceTestSignal = 0, SourceFile = 1, SourceInput1 = 2, SourceOff = 10 };
@@ -31,8 +42,9 @@ struct StripEntry
     int defaultValue;
 };
 
-/// In the order of StripParameter.
+/// In the order of StripParameter, and of MasterParameter.
 extern const std::array<StripEntry, stripParameterCount> stripTable;
+extern const std::array<StripEntry, masterParameterCount> masterTable;
 
 inline constexpr const StripEntry& stripEntry(StripParameter parameter)
 {
@@ -44,16 +56,25 @@ constexpr unsigned short stripId(StripParameter parameter)
 {
     return static_cast<unsigned short>(0x0201 + static_cast<std::size_t>(parameter));
 }
+/// The same for the master, which is kept as channel 0's.
+constexpr unsigned short masterId(MasterParameter parameter)
+{
+    return static_cast<unsigned short>(0x0301 + static_cast<std::size_t>(parameter));
+}
+std::optional<MasterParameter> findMasterParameter(unsigned short id);
+
 /// The parameter with an id, or with a name in sessions; nothing if none has it.
 std::optional<StripParameter> findStripParameter(unsigned short id);
 std::optional<StripParameter> findStripParameter(std::string_view key);
 
-/// The text of a value, the same in every locale: "Input 3", "On", "Stereo", "-6.0", "-inf".
+/// The text of a value, the same in every locale: "Input 3", "On", "Stereo", "-6.0", "-inf", "L30".
 /// Nothing if the parameter does not allow the value.
 std::optional<std::string> formatStrip(StripParameter parameter, int value);
 /// The value of a text, in any case and with blanks around it; levels with a unit or without, the
 /// nearest position of the fader, beyond the range its end. Nothing for any other text.
 std::optional<int> parseStrip(StripParameter parameter, std::string_view text);
+std::optional<std::string> formatMaster(MasterParameter parameter, int value);
+std::optional<int> parseMaster(MasterParameter parameter, std::string_view text);
 
 /// The highest position of the fader, +10 dB, and the one of 0 dB. Position 0 is silence.
 inline constexpr int highestLevel = 400;
@@ -64,3 +85,15 @@ inline constexpr int unityLevel = 300;
 int stripLevelTenths(int position);
 /// The factor that the fader multiplies samples with at a position; 0 at 0.
 double stripGain(int position);
+
+inline constexpr int fullBalance = 100;
+struct BalanceGains
+{
+    double left;
+    double right;
+};
+/// The factors of the two sides: the one turned away from fades out evenly, the other one stays.
+BalanceGains balanceGains(int balance);
+
+/// How much quieter the master is while it is dimmed, in dB.
+inline constexpr double dimDecibels = 20.0;

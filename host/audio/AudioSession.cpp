@@ -337,4 +337,9 @@ void AudioSession::setState(State state)
     Q_EMIT changed();
 }
 
+MeterLevels AudioSession::outputLevels() const
+{
+    return m_state == State::Playing ? m_bus.outputLevels() : MeterLevels{};
+}
+
 #include "moc_AudioSession.cpp"

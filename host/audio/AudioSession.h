@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "engine/ChannelMeters.h"
 #include "host/audio/AudioDevice.h"
 #include "host/audio/FileStream.h"
 
@@ -71,6 +72,8 @@ public:
     void playOrStop();
 
     State state() const { return m_state; }
+    /// What comes out, left and right, as MixBus says; silence while nothing plays.
+    MeterLevels outputLevels() const;
     /// What went wrong last with the device; empty from the next openFile() or play() that works,
     /// or once a device that had stalled or gone goes on.
     const QString& error() const { return m_error; }

@@ -17,6 +17,7 @@ constexpr QLatin1String compareKey("compare");
 constexpr QLatin1String chosenKey("chosen");
 constexpr QLatin1String otherKey("other");
 constexpr QLatin1String editorKey("editor");
+constexpr QLatin1String masterKey("master");
 constexpr QLatin1String mixerKey("mixer");
 constexpr QLatin1String editorsKey("editors");
 constexpr QLatin1String channelKey("channel");
@@ -43,6 +44,14 @@ QJsonObject toJson(const HostMemory::StripValues& values)
     for (std::size_t i = 0; i < stripParameterCount; ++i)
         object[QLatin1String(stripTable[i].key)] = QString::fromStdString(
             formatStrip(static_cast<StripParameter>(i), values[i]).value_or(""));
+    return object;
+}
+
+QJsonObject toJson(const std::array<int, masterParameterCount>& values, QJsonObject object)
+{
+    for (std::size_t i = 0; i < masterParameterCount; ++i)
+        object[QLatin1String(masterTable[i].key)] = QString::fromStdString(
+            formatMaster(static_cast<MasterParameter>(i), values[i]).value_or(""));
     return object;
 }
 
@@ -129,23 +138,39 @@ public:
 
     void strip(const QJsonValue& value, const QString& path, HostMemory::StripValues* out)
     {
+        entries(value, path, stripTable, out, [](std::size_t i, const std::string& text) {
+            return parseStrip(static_cast<StripParameter>(i), text);
+        });
+    }
+
+    void master(const QJsonValue& value, std::array<int, masterParameterCount>* out)
+    {
+        entries(value, masterKey, masterTable, out, [](std::size_t i, const std::string& text) {
+            return parseMaster(static_cast<MasterParameter>(i), text);
+        });
+    }
+
+private:
+    template <std::size_t Count, typename Parse>
+    void entries(const QJsonValue& value, const QString& path,
+                 const std::array<StripEntry, Count>& table, std::array<int, Count>* out,
+                 Parse parse)
+    {
         if (!has(value, QJsonValue::Object, path))
             return;
-        for (std::size_t i = 0; i < stripParameterCount; ++i) {
-            const QLatin1String key(stripTable[i].key);
+        for (std::size_t i = 0; i < Count; ++i) {
+            const QLatin1String key(table[i].key);
             const QString entry = path + QLatin1Char('.') + key;
             const QJsonValue text = value[key];
             if (!has(text, QJsonValue::String, entry))
                 continue;
-            const auto parsed =
-                parseStrip(static_cast<StripParameter>(i), text.toString().toStdString());
+            const std::optional<int> parsed = parse(i, text.toString().toStdString());
             if (!parsed)
                 return fail(tr("%1 cannot be set to \"%2\".").arg(entry, text.toString()));
             (*out)[i] = *parsed;
         }
     }
 
-private:
     static QString typeError(QJsonValue::Type type)
     {
         switch (type) {
@@ -245,6 +270,8 @@ void readAudio(Reader& reader, const QJsonValue& value, SessionData::Audio* out)
 SessionData::SessionData()
 {
     HostMemory fresh;
+    for (std::size_t i = 0; i < masterParameterCount; ++i)
+        master[i] = fresh.master(static_cast<MasterParameter>(i));
     for (int ch = 0; ch < channelCount; ++ch) {
         Channel& channel = channels[static_cast<std::size_t>(ch)];
         channel.equalizer = channel.compare.other = fresh.values(ch);
@@ -274,6 +301,7 @@ QJsonObject SessionData::toJson(const QJsonObject& base) const
     QJsonObject root = base;
     root[versionKey] = version;
     root[channelsKey] = list;
+    root[masterKey] = ::toJson(master, base[masterKey].toObject());
     root[mixerKey] = mixer;
     root[editorsKey] = open;
     root[audioKey] = ::toJson(audio, base[audioKey].toObject());
@@ -291,6 +319,7 @@ Status SessionData::read(const QJsonObject& root)
                          .arg(root[versionKey].toDouble())};
     Reader reader;
     readChannels(reader, root[channelsKey], this);
+    reader.master(root[masterKey], &master);
     if (reader.has(root[mixerKey], QJsonValue::Object, mixerKey))
         reader.bytes(root[mixerKey][geometryKey], QStringLiteral("mixer.geometry"), &mixerGeometry);
     if (reader.has(root[editorsKey], QJsonValue::Array, editorsKey)) {

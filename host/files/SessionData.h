@@ -43,6 +43,7 @@ struct SessionData
 
     std::array<Channel, channelCount> channels;
     Audio audio;
+    std::array<int, masterParameterCount> master;
     QByteArray mixerGeometry;
     std::vector<Editor> editors; ///< that are open
 

@@ -175,10 +175,12 @@ void EditHistory::push(const std::vector<Change>& changes, const QString& text,
 
 QString parameterTitle(unsigned short parameter)
 {
-    const auto strip = findStripParameter(parameter);
-    const std::size_t index = findParameterById(parameter);
-    if (!strip && index >= parameterCount)
-        return QString();
-    const char* title = strip ? stripEntry(*strip).title : parameterTable[index].title;
-    return QCoreApplication::translate("Parameter", title);
+    const char* title = nullptr;
+    if (const auto master = findMasterParameter(parameter))
+        title = masterTable[static_cast<std::size_t>(*master)].title;
+    else if (const auto strip = findStripParameter(parameter))
+        title = stripEntry(*strip).title;
+    else if (const std::size_t index = findParameterById(parameter); index < parameterCount)
+        title = parameterTable[index].title;
+    return title ? QCoreApplication::translate("Parameter", title) : QString();
 }

@@ -4,6 +4,22 @@
 #include "host/model/MixerModel.h"
 #include "hosting/HostMemory.h"
 
+#include <cmath>
+#include <utility>
+
+namespace {
+
+MixBus::Master masterOf(const HostMemory& memory)
+{
+    if (memory.master(MasterParameter::Mute) != 0)
+        return {0.0, memory.master(MasterParameter::Mono) != 0};
+    const double dim = memory.master(MasterParameter::Dim) != 0 ? -dimDecibels : 0.0;
+    return {stripGain(memory.master(MasterParameter::Level)) * std::pow(10.0, dim / 20.0),
+            memory.master(MasterParameter::Mono) != 0};
+}
+
+} // namespace
+
 SettingsPublisher::SettingsPublisher(MixerModel& mixerModel, MixBus& bus)
     : m_mixerModel(mixerModel)
     , m_bus(bus)
@@ -27,10 +43,11 @@ void SettingsPublisher::publish()
         publishValues(channel);
         strips[static_cast<std::size_t>(channel)] = stripOf(channel);
     }
-    if (strips == m_publishedStrips)
-        return;
-    m_publishedStrips = strips;
-    m_bus.publish(strips);
+    if (std::exchange(m_publishedStrips, strips) != strips)
+        m_bus.publish(strips);
+    const MixBus::Master master = masterOf(m_mixerModel.memory());
+    if (std::exchange(m_publishedMaster, master) != master)
+        m_bus.publish(master);
 }
 
 // The second channel of a pair runs with the settings of the first one.
@@ -47,18 +64,21 @@ void SettingsPublisher::publishValues(int channel)
 MixBus::Strip SettingsPublisher::stripOf(int channel) const
 {
     const int leader = m_mixerModel.leaderOf(channel);
-    const int level = m_mixerModel.memory().strip(leader, StripParameter::Level);
-    return {routeOf(channel), m_mixerModel.isAudible(channel) ? stripGain(level) : 0.0};
+    const HostMemory& memory = m_mixerModel.memory();
+    const bool audible = m_mixerModel.isAudible(channel);
+    const double gain = audible ? stripGain(memory.strip(leader, StripParameter::Level)) : 0.0;
+    const BalanceGains sides = balanceGains(memory.strip(leader, StripParameter::Balance));
+    const bool pair = m_mixerModel.isPair(channel);
+    const double left = pair && channel != leader ? 0.0 : gain * sides.left;
+    const double right = pair && channel == leader ? 0.0 : gain * sides.right;
+    return {routeOf(channel), left, right};
 }
 
 MixBus::Route SettingsPublisher::routeOf(int channel) const
 {
     const int leader = m_mixerModel.leaderOf(channel);
-    const bool pair = m_mixerModel.isPair(channel);
     const int source = m_mixerModel.memory().strip(leader, StripParameter::Source);
     MixBus::Route route;
-    route.left = !pair || channel % 2 == 0;
-    route.right = !pair || channel % 2 == 1;
     if (source == SourceFile) {
         route.source = MixBus::Source::File;
         route.number = channel % 2;

@@ -17,7 +17,8 @@ class MixerModel;
 /// A file's left side goes to the even channels, its right side to the odd ones; what comes in goes
 /// by its number, to the second channel of a pair the input after the first one's. Of a pair the
 /// even channel is heard on the left, the odd one on the right; a mono strip is heard on both
-/// sides, at full level on each. A strip whose equalizer is off lets the sound past as it is.
+/// sides, at full level on each as long as it is in the middle. A strip whose equalizer is off lets
+/// the sound past as it is.
 class SettingsPublisher : public QObject, private ChangeListener
 {
     Q_OBJECT
@@ -41,4 +42,5 @@ private:
     QTimer m_delay;
     std::array<ChannelValues, channelCount> m_publishedValues;
     MixBus::Strips m_publishedStrips{};
+    MixBus::Master m_publishedMaster;
 };

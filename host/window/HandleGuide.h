@@ -7,9 +7,9 @@
 class HostMemory;
 class QAccessibleInterface;
 
-/// What the mixer adds to the handles of an editor's curve: a hand and a ring show which one a press
-/// would take, a bubble says what its band is set to while the pointer is there or drags it, and a
-/// handle that was clicked keeps the keyboard, so that arrow keys go on from there.
+/// What the mixer adds to the handles of an editor's curve: a hand and a ring show which one a
+/// press would take, a bubble says what its band is set to while the pointer is there or drags it,
+/// and a handle that was clicked keeps the keyboard, so that arrow keys go on from there.
 ///
 /// The graph's class belongs to the library: its handles are the children of its accessible
 /// interface, in the order of the bands.

@@ -223,6 +223,8 @@ Status MixerSession::writeChannels()
     for (int ch = 0; ch < channelCount; ++ch)
         collect(ch);
     collectSound();
+    for (std::size_t i = 0; i < masterParameterCount; ++i)
+        m_data.master[i] = m_mixer.memory.master(static_cast<MasterParameter>(i));
     const Status saved = m_file->save(m_data);
     m_saved = saved.isOk();
     return saved;
@@ -262,6 +264,8 @@ void MixerSession::restore()
     const EditHistory::Pause pause(m_mixer.mixerModel.history());
     for (int ch = 0; ch < channelCount; ++ch)
         restore(ch);
+    for (std::size_t i = 0; i < masterParameterCount; ++i)
+        m_mixer.memory.setMaster(static_cast<MasterParameter>(i), m_data.master[i]);
     m_mixer.mixerModel.history().clear();
 }
 

@@ -7,7 +7,9 @@
 #include "controls/TextEditController.h"
 #include "host/model/MixerModel.h"
 #include "host/window/EqualizerThumbnail.h"
+#include "host/window/FaderSection.h"
 #include "host/window/MixerStyle.h"
+#include "host/window/PeakDisplay.h"
 #include "host/window/StripMeters.h"
 #include "hosting/HostModel.h"
 #include "widgets/ChannelNameEdit.h"
@@ -17,6 +19,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <utility>
 
 using namespace CommonController_MemAPI;
 
@@ -33,19 +36,10 @@ constexpr QPoint equalizerPlace(margin, 162);
 constexpr QPoint editPlace(rightColumn, 162);
 constexpr QPoint mutePlace(margin, 190);
 constexpr QPoint soloPlace(rightColumn, 190);
-constexpr QRect faderPlace(margin + 22, 222, 34, 280);
-constexpr QRect meterPlace(margin + 64, 236, 16, 252);
-constexpr QRect levelPlace(margin, 510, innerWidth, 22);
-constexpr QRect numberPlace(margin, 540, innerWidth, 16);
-constexpr int capHeight = 56;
+constexpr QRect balancePlace(margin, 218, innerWidth, 18);
+constexpr int sectionTop = 244;
+constexpr int footHeight = 34;
 constexpr int silent = -1270;
-
-struct ScaleMark
-{
-    int position;
-    const char* text;
-};
-constexpr ScaleMark scale[] = {{400, "10"}, {300, "0"}, {200, "10"}, {100, "30"}, {0, "\u221e"}};
 
 QStringList sourceNames()
 {
@@ -86,7 +80,8 @@ MixerStrip::MixerStrip(MixerModel& mixerModel, int channel, QWidget* parent)
     , m_channel(channel)
     , m_shownAsPair(mixerModel.isPair(channel))
 {
-    setFixedSize(stripWidth, stripHeight);
+    setFixedWidth(stripWidth);
+    setMinimumHeight(minStripHeight);
     buildName();
     buildSource();
     buildWidth();
@@ -96,8 +91,10 @@ MixerStrip::MixerStrip(MixerModel& mixerModel, int channel, QWidget* parent)
     connect(curve, &EqualizerThumbnail::clicked, this,
             [this] { Q_EMIT editorWanted(m_channel, isPair()); });
     buildKeys();
+    buildBalance();
     buildFader();
     buildMeters();
+    m_silenced = isSilenced();
     connect(&mixerModel, &MixerModel::channelChanged, this, &MixerStrip::follow);
     connect(&mixerModel, &MixerModel::nameChanged, this, [this](int changed) {
         if (changed == m_channel)
@@ -123,9 +120,9 @@ void MixerStrip::showMeters(const unsigned int* words, unsigned int count)
 {
     if (count < HostModel::meterWordCount)
         return;
-    m_meters->show(0, levelOf(words, m_channel));
+    m_section->meters().show(0, levelOf(words, m_channel));
     if (isPair())
-        m_meters->show(1, levelOf(words, partnerOf(m_channel)));
+        m_section->meters().show(1, levelOf(words, partnerOf(m_channel)));
 }
 
 void MixerStrip::retranslate()
@@ -147,6 +144,12 @@ void MixerStrip::mousePressEvent(QMouseEvent* event)
     QWidget::mousePressEvent(event);
 }
 
+void MixerStrip::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    m_section->setGeometry(0, sectionTop, width(), height() - footHeight - sectionTop);
+}
+
 // Resizing the field resets the margin that its name needs.
 void MixerStrip::showEvent(QShowEvent* event)
 {
@@ -161,15 +164,16 @@ void MixerStrip::paintEvent(QPaintEvent*)
     MixerStyle::drawPanel(painter, rect());
     painter.fillRect(QRectF(1, 1, width() - 2, 3),
                      m_selected ? MixerStyle::accent : QColor(0x10, 0x12, 0x14));
-    for (const QRect& well : {namePlace, levelPlace, meterPlace.adjusted(-2, -2, 2, 2)})
-        MixerStyle::drawWell(painter, well, 3);
-    drawScale(painter);
+    MixerStyle::drawWell(painter, namePlace, 3);
+    drawBalance(painter);
     QFont font = painter.font();
     font.setPixelSize(11);
     font.setBold(true);
     painter.setFont(font);
-    painter.setPen(m_selected ? MixerStyle::letters : MixerStyle::dimLetters);
-    painter.drawText(numberPlace, Qt::AlignCenter, numberText());
+    painter.setPen(m_silenced   ? MixerStyle::warning
+                   : m_selected ? MixerStyle::letters
+                                : MixerStyle::dimLetters);
+    painter.drawText(QRect(margin, height() - 26, innerWidth, 16), Qt::AlignCenter, footText());
     drawFocus(painter);
 }
 
@@ -263,45 +267,40 @@ void MixerStrip::buildKeys()
 
 void MixerStrip::buildFader()
 {
-    auto* fader = new FaderController(this);
-    fader->setGeometry(faderPlace);
-    fader->setBackgroundSvg(MixerStyle::image(QStringLiteral("fader_groove")));
-    fader->setKnobSvg(MixerStyle::image(QStringLiteral("fader_cap")));
-    fader->setShadowSvg(MixerStyle::image(QStringLiteral("fader_shadow")));
-    fader->setEnableDoubleClick(true);
-    fader->setOperationType(FaderController::Relative);
-    fader->setFocusPolicy(Qt::StrongFocus);
-    name(fader, [](const QString& channel) { return tr("Fader of %1").arg(channel); });
-    bind(fader, StripParameter::Level, m_channel);
+    m_section = new FaderSection(this);
+    name(&m_section->fader(),
+         [](const QString& channel) { return tr("Fader of %1").arg(channel); });
+    bind(&m_section->fader(), StripParameter::Level, m_channel);
+    name(&m_section->level(),
+         [](const QString& channel) { return tr("Level of %1").arg(channel); });
+    bind(&m_section->level(), StripParameter::Level, m_channel);
+}
 
-    auto* level = new TextEditController(this);
-    level->setGeometry(levelPlace);
-    level->setAlignment(Qt::AlignCenter);
-    level->setPostfix(QStringLiteral(" dB"));
-    level->setFocusPolicy(Qt::StrongFocus);
-    setFontSize(level, 12);
-    name(level, [](const QString& channel) { return tr("Level of %1").arg(channel); });
-    bind(level, StripParameter::Level, m_channel);
+void MixerStrip::buildBalance()
+{
+    auto* balance = new FaderController(this);
+    balance->setOrientation(Qt::Horizontal);
+    balance->setGeometry(balancePlace);
+    balance->setKnobSvg(MixerStyle::image(QStringLiteral("balance_cap")));
+    balance->setEnableDoubleClick(true);
+    balance->setOperationType(FaderController::Relative);
+    balance->setFocusPolicy(Qt::StrongFocus);
+    name(balance, [](const QString& channel) { return tr("Balance of %1").arg(channel); });
+    bind(balance, StripParameter::Balance, m_channel);
 }
 
 void MixerStrip::buildMeters()
 {
-    m_meters = new StripMeters(this);
-    m_meters->setGeometry(meterPlace);
-    m_meters->setPair(m_shownAsPair);
-    m_texts.add([this] {
+    StripMeters& meters = m_section->meters();
+    meters.setPair(m_shownAsPair);
+    name(&meters.display(),
+         [](const QString& channel) { return tr("Highest level of %1").arg(channel); });
+    m_texts.add([this, &meters] {
         for (int side = 0; side < StripMeters::sides; ++side)
-            m_meters->setNames(side, tr("Meter of channel %1").arg(shownNumber(m_channel + side)),
-                               tr("Peak of channel %1").arg(shownNumber(m_channel + side)));
+            meters.setNames(side, tr("Meter of channel %1").arg(shownNumber(m_channel + side)),
+                            tr("Peak of channel %1").arg(shownNumber(m_channel + side)));
+        meters.display().retranslate();
     });
-}
-
-QString MixerStrip::numberText() const
-{
-    const QString own = QString::number(shownNumber(m_channel));
-    return isPair()
-               ? own + QLatin1String(" + ") + QString::number(shownNumber(partnerOf(m_channel)))
-               : own;
 }
 
 void MixerStrip::bind(AbstractController* control, StripParameter parameter, int channel)
@@ -328,11 +327,31 @@ void MixerStrip::name(QWidget* control, const std::function<QString(const QStrin
 
 void MixerStrip::follow(int channel)
 {
+    const bool silenced = isSilenced();
+    if (std::exchange(m_silenced, silenced) != silenced)
+        update();
     if (channel != (m_channel & ~1) || isPair() == m_shownAsPair)
         return;
     m_shownAsPair = isPair();
-    m_meters->setPair(m_shownAsPair);
+    m_section->meters().setPair(m_shownAsPair);
     update();
+}
+
+// By the solo of other strips, not by its own mute.
+bool MixerStrip::isSilenced() const
+{
+    return !m_mixerModel.isAudible(m_channel) &&
+           m_mixerModel.memory().strip(m_channel, StripParameter::Mute) == 0;
+}
+
+QString MixerStrip::footText() const
+{
+    if (m_silenced)
+        return tr("Silenced");
+    const QString own = QString::number(shownNumber(m_channel));
+    return isPair()
+               ? own + QLatin1String(" + ") + QString::number(shownNumber(partnerOf(m_channel)))
+               : own;
 }
 
 int MixerStrip::levelOf(const unsigned int* words, int channel) const
@@ -347,19 +366,15 @@ int MixerStrip::levelOf(const unsigned int* words, int channel) const
     return level <= silent ? silent : std::max(silent, level + stripLevelTenths(fader));
 }
 
-void MixerStrip::drawScale(QPainter& painter) const
+void MixerStrip::drawBalance(QPainter& painter) const
 {
-    QFont font = painter.font();
-    font.setPixelSize(9);
-    painter.setFont(font);
-    painter.setPen(MixerStyle::dimLetters);
-    const double travel = faderPlace.height() - capHeight;
-    for (const ScaleMark& mark : scale) {
-        const double y = faderPlace.top() + capHeight / 2.0 +
-                         travel * (1.0 - double(mark.position) / highestLevel);
-        painter.drawText(QRectF(margin - 6, y - 8, 24, 16), Qt::AlignRight | Qt::AlignVCenter,
-                         QString::fromUtf8(mark.text));
-    }
+    const QPointF middle = QRectF(balancePlace).center();
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(0x08, 0x09, 0x0b));
+    painter.drawRoundedRect(
+        QRectF(balancePlace.left() + 4, middle.y() - 2, balancePlace.width() - 8, 4), 2, 2);
+    painter.fillRect(QRectF(middle.x() - 0.5, balancePlace.top() - 1, 1, balancePlace.height() + 2),
+                     MixerStyle::dimLetters);
 }
 
 void MixerStrip::drawFocus(QPainter& painter) const

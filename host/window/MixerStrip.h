@@ -9,8 +9,8 @@
 #include <functional>
 
 class ChannelNameEdit;
+class FaderSection;
 class MixerModel;
-class StripMeters;
 
 namespace CommonController_MemAPI {
 class AbstractController;
@@ -18,8 +18,9 @@ class PushButtonController;
 } // namespace CommonController_MemAPI
 
 /// One channel of the mixer, or a pair where the channel is the first of one: name, source, mono or
-/// stereo, a picture of the equalizer, its switch and the way to its editor, mute, solo, fader and
-/// meters. Every control is bound to the memory; the strip holds no value of its own.
+/// stereo, a picture of the equalizer, its switch and the way to its editor, mute, solo, balance,
+/// fader and meters. Every control is bound to the memory; the strip holds no value of its own. Its
+/// foot says when the solo of other strips silences it.
 ///
 /// The meters show what leaves the fader: the level after the equalizer, or before it where that is
 /// off, moved by the fader, and silence where the channel cannot be heard. The peaks stay for a
@@ -30,7 +31,8 @@ class MixerStrip : public QWidget
 
 public:
     static constexpr int stripWidth = 104;
-    static constexpr int stripHeight = 566;
+    static constexpr int stripHeight = 590;
+    static constexpr int minStripHeight = 480;
 
     /// \a mixerModel must outlive it.
     MixerStrip(MixerModel& mixerModel, int channel, QWidget* parent = nullptr);
@@ -54,6 +56,7 @@ protected:
     bool eventFilter(QObject* control, QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
@@ -63,6 +66,7 @@ private:
     void buildSource();
     void buildWidth();
     void buildKeys();
+    void buildBalance();
     void buildFader();
     void buildMeters();
     void showName();
@@ -72,8 +76,9 @@ private:
     void name(QWidget* control, const std::function<QString(const QString&)>& text);
     void follow(int channel);
     int levelOf(const unsigned int* words, int channel) const;
-    QString numberText() const;
-    void drawScale(QPainter& painter) const;
+    bool isSilenced() const;
+    QString footText() const;
+    void drawBalance(QPainter& painter) const;
     void drawFocus(QPainter& painter) const;
 
     MixerModel& m_mixerModel;
@@ -81,6 +86,7 @@ private:
     bool m_selected = false;
     Retranslator m_texts;
     ChannelNameEdit* m_name = nullptr;
-    StripMeters* m_meters = nullptr;
+    FaderSection* m_section = nullptr;
+    bool m_silenced = false; // by the solo of others
     bool m_shownAsPair = false;
 };

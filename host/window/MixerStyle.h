@@ -17,6 +17,7 @@ namespace MixerStyle {
 inline constexpr QColor letters{0xd7, 0xdc, 0xe1};
 inline constexpr QColor dimLetters{0x8a, 0x91, 0x99};
 inline constexpr QColor accent{0x03, 0x94, 0xd0};
+inline constexpr QColor warning{0xe8, 0xa5, 0x2b};
 
 /// The resource of a picture, by its name without ".svg".
 QString image(const QString& name);

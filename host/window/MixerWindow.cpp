@@ -10,6 +10,7 @@
 #include "host/window/FileMenu.h"
 #include "host/window/HelpMenu.h"
 #include "host/window/LanguageMenu.h"
+#include "host/window/MasterStrip.h"
 #include "host/window/MessageDialog.h"
 #include "host/window/Mixer.h"
 #include "host/window/MixerStrip.h"
@@ -58,7 +59,7 @@ MixerWindow::MixerWindow(Mixer& mixer, const EditorSettings& settings)
     column->setSpacing(0);
     m_transport = new TransportBar(mixer.mixerModel, content);
     column->addWidget(m_transport);
-    column->addWidget(buildStrips(), 1);
+    column->addWidget(buildDesk(), 1);
     setCentralWidget(content);
     buildMenus();
     connect(m_transport, &TransportBar::openWanted, m_file, &FileMenu::chooseSound);
@@ -238,6 +239,7 @@ void MixerWindow::changeEvent(QEvent* event)
         return;
     m_texts.retranslate();
     m_transport->retranslate();
+    m_master->retranslate();
     for (MixerStrip* strip : std::as_const(m_strips))
         strip->retranslate();
 }
@@ -268,6 +270,8 @@ void MixerWindow::notifyMeterDbUpdated(unsigned int* values, unsigned int count)
 {
     for (MixerStrip* strip : std::as_const(m_strips))
         strip->showMeters(values, count);
+    const AudioSession* transport = m_mixer.mixerModel.transport();
+    m_master->showLevels(transport ? transport->outputLevels() : MeterLevels{});
 }
 
 void MixerWindow::windowCloses()
@@ -359,7 +363,6 @@ QWidget* MixerWindow::buildStrips()
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(stripGap, stripGap, stripGap, stripGap);
     layout->setSpacing(stripGap);
-    layout->setSizeConstraint(QLayout::SetMinAndMaxSize);
     for (int ch = 0; ch < channelCount; ++ch) {
         auto* strip = new MixerStrip(m_mixer.mixerModel, ch, row);
         connect(strip, &MixerStrip::editorWanted, this, &MixerWindow::editChannel);
@@ -367,19 +370,37 @@ QWidget* MixerWindow::buildStrips()
         layout->addWidget(strip);
         m_strips << strip;
     }
+    layout->addStretch(1);
     auto* area = new QScrollArea(this);
     area->setFrameShape(QFrame::NoFrame);
     area->setBackgroundRole(QPalette::Base);
-    area->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     area->setFocusPolicy(Qt::NoFocus);
+    area->setWidgetResizable(true);
     area->setWidget(row);
     return area;
+}
+
+// The strips scroll sideways; the master stays where it is.
+QWidget* MixerWindow::buildDesk()
+{
+    auto* desk = new QWidget(this);
+    auto* layout = new QHBoxLayout(desk);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(buildStrips(), 1);
+    m_master = new MasterStrip(m_mixer.mixerModel, desk);
+    auto* side = new QVBoxLayout;
+    side->setContentsMargins(stripGap, stripGap, stripGap, stripGap);
+    side->addWidget(m_master);
+    layout->addLayout(side);
+    return desk;
 }
 
 // Every strip fits, were they all mono.
 void MixerWindow::chooseSize()
 {
-    const int width = channelCount * (MixerStrip::stripWidth + stripGap) + stripGap;
+    const int strip = MixerStrip::stripWidth + stripGap;
+    const int width = channelCount * strip + stripGap + strip + stripGap;
     const int height = MixerStrip::stripHeight + 2 * stripGap + m_transport->height() +
                        menuBar()->sizeHint().height() + statusBar()->sizeHint().height();
     resize(QSize(width, height).boundedTo(screen()->availableSize()));

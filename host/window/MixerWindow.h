@@ -14,6 +14,7 @@
 
 class EditorWindow;
 class FileMenu;
+class MasterStrip;
 class MixerStrip;
 struct Mixer;
 class TransportBar;
@@ -81,6 +82,7 @@ private:
     void buildEditMenu();
     void buildChannelMenu();
     QWidget* buildStrips();
+    QWidget* buildDesk();
     void chooseSize();
 
     Mixer& m_mixer;
@@ -89,6 +91,7 @@ private:
     QHash<int, QPointer<EditorWindow>> m_editors;
     QList<MixerStrip*> m_strips;
     std::array<bool, 4> m_pairs{};
+    MasterStrip* m_master = nullptr;
     TransportBar* m_transport = nullptr;
     FileMenu* m_file = nullptr;
     QString m_sessionName;

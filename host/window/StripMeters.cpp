@@ -2,12 +2,22 @@
 #include "host/window/StripMeters.h"
 
 #include "controls/PeakMeterController.h"
+#include "host/window/MixerStyle.h"
+#include "host/window/PeakDisplay.h"
+
+#include <QPainter>
 
 using namespace CommonController_MemAPI;
 
 namespace {
 
 constexpr int gap = 2;
+constexpr int displayHeight = 22;
+constexpr int barsTop = displayHeight + 6;
+constexpr int barsWidth = 16;
+constexpr int scaleFontSize = 8;
+// As beside the editor's meters, in dB.
+constexpr int marks[] = {0, -3, -6, -9, -12, -15, -18, -24, -30, -40, -50, -60};
 
 void setColors(QWidget* meter, const QColor& low, const QColor& high)
 {
@@ -20,11 +30,21 @@ void setColors(QWidget* meter, const QColor& low, const QColor& high)
 
 } // namespace
 
+/// A bar that says where its levels are.
+class StripMeters::Bar : public MeterController
+{
+public:
+    using MeterController::MeterController;
+
+    double positionOf(int level) const { return rectAbove(convertNormalized(level)).bottom(); }
+};
+
 StripMeters::StripMeters(QWidget* parent)
     : QWidget(parent)
+    , m_display(new PeakDisplay(this))
 {
     for (Side& side : m_sides) {
-        side.bar = new MeterController(this);
+        side.bar = new Bar(this);
         side.peak = new PeakMeterController(this);
         setColors(side.bar, QColor(0x1f, 0xb0, 0x4e), QColor(0xe3, 0xc2, 0x2e));
         setColors(side.peak, QColor(0x8f, 0xf0, 0xac), QColor(0xff, 0xee, 0x99));
@@ -41,6 +61,7 @@ void StripMeters::setPair(bool pair)
 void StripMeters::show(int side, int level)
 {
     Side& meter = m_sides[static_cast<std::size_t>(side)];
+    m_display->take(level);
     meter.bar->setValue(level);
     if (++meter.held <= peakHold && level < meter.peak->value())
         return;
@@ -55,15 +76,46 @@ void StripMeters::setNames(int side, const QString& bar, const QString& peak)
     meter.peak->setAccessibleName(peak);
 }
 
+double StripMeters::positionOf(int level) const
+{
+    const Bar& bar = *m_sides[0].bar;
+    return bar.y() + bar.positionOf(level);
+}
+
 void StripMeters::resizeEvent(QResizeEvent*) { place(); }
+
+void StripMeters::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    MixerStyle::drawWell(painter, well(), 3);
+    QFont digits = font();
+    digits.setPixelSize(scaleFontSize);
+    painter.setFont(digits);
+    for (const int mark : marks) {
+        const double y = positionOf(10 * mark);
+        const double right = well().left() - 4;
+        painter.setPen(MixerStyle::dimLetters);
+        painter.drawText(QRectF(0, y - 6, right - 1, 12), Qt::AlignRight | Qt::AlignVCenter,
+                         QString::number(mark));
+        painter.fillRect(QRectF(right, y - 0.5, 3, 1), MixerStyle::dimLetters);
+    }
+}
+
+QRect StripMeters::well() const
+{
+    return {width() - barsWidth - 2 * gap, barsTop - gap, barsWidth + 2 * gap, height() - barsTop};
+}
 
 void StripMeters::place()
 {
-    const int each = m_pair ? (width() - gap) / sides : width();
+    m_display->setGeometry(0, 0, width(), displayHeight);
+    const QRect bars = well().adjusted(gap, gap, -gap, -gap);
+    const int each = m_pair ? (bars.width() - gap) / sides : bars.width();
     for (int i = 0; i < sides; ++i) {
         const Side& side = m_sides[static_cast<std::size_t>(i)];
         for (QWidget* part : std::initializer_list<QWidget*>{side.bar, side.peak}) {
-            part->setGeometry(i * (each + gap), 0, each, height());
+            part->setGeometry(bars.left() + i * (each + gap), bars.top(), each, bars.height());
             part->setVisible(i == 0 || m_pair);
         }
     }

@@ -6,11 +6,13 @@
 #include <array>
 
 namespace CommonController_MemAPI {
-class MeterController;
 class PeakMeterController;
 } // namespace CommonController_MemAPI
 
-/// The meters of a strip: a bar for each side, and on it a peak that stays for a while.
+class PeakDisplay;
+
+/// The meters of a strip: a bar for each side, on it a peak that stays for a while, beside them the
+/// scale of the editor's meters, and above them the highest level and whether it was too high.
 class StripMeters : public QWidget
 {
     Q_OBJECT
@@ -27,20 +29,28 @@ public:
     /// A new reading of a side, in tenths of a dB.
     void show(int side, int level);
     void setNames(int side, const QString& bar, const QString& peak);
+    PeakDisplay& display() const { return *m_display; }
+
+    /// How far below the top, in pixels, a bar ends that shows \a level, in tenths of a dB.
+    double positionOf(int level) const;
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
+    class Bar;
     struct Side
     {
-        CommonController_MemAPI::MeterController* bar = nullptr;
+        Bar* bar = nullptr;
         CommonController_MemAPI::PeakMeterController* peak = nullptr;
         int held = 0; // readings for which the peak has stood
     };
 
+    QRect well() const;
     void place();
 
     bool m_pair = false;
     std::array<Side, sides> m_sides;
+    PeakDisplay* m_display;
 };

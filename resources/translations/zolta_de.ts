@@ -479,6 +479,26 @@
         <source>Source</source>
         <translation>Quelle</translation>
     </message>
+    <message>
+        <source>Balance</source>
+        <translation>Balance</translation>
+    </message>
+    <message>
+        <source>Master level</source>
+        <translation>Summe: Pegel</translation>
+    </message>
+    <message>
+        <source>Master mute</source>
+        <translation>Summe: Stummschaltung</translation>
+    </message>
+    <message>
+        <source>Dim</source>
+        <translation>Dämpfung</translation>
+    </message>
+    <message>
+        <source>Mono</source>
+        <translation>Mono</translation>
+    </message>
 </context>
 <context>
     <name>ParameterListModel</name>
@@ -1028,6 +1048,18 @@
     <message>
         <source>Test signal</source>
         <translation>Testsignal</translation>
+    </message>
+    <message>
+        <source>Highest level of %1</source>
+        <translation>Höchster Pegel von %1</translation>
+    </message>
+    <message>
+        <source>Balance of %1</source>
+        <translation>Balance von %1</translation>
+    </message>
+    <message>
+        <source>Silenced</source>
+        <translation>Stumm</translation>
     </message>
 </context>
 <context>
@@ -2139,6 +2171,121 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
     <message>
         <source>&amp;Return to Start</source>
         <translation>&amp;Zum Anfang</translation>
+    </message>
+</context>
+<context>
+    <name>PeakDisplay</name>
+    <message>
+        <source>%1 dB</source>
+        <translation>%1 dB</translation>
+    </message>
+    <message>
+        <source>%1 dB, clipped</source>
+        <translation>%1 dB, übersteuert</translation>
+    </message>
+</context>
+<context>
+    <name>MasterStrip</name>
+    <message>
+        <source>Master</source>
+        <translation>Summe</translation>
+    </message>
+    <message>
+        <source>Mute</source>
+        <translation>Stumm</translation>
+    </message>
+    <message>
+        <source>Mute of the master</source>
+        <translation>Stummschaltung der Summe</translation>
+    </message>
+    <message>
+        <source>Dim</source>
+        <translation>Leiser</translation>
+    </message>
+    <message>
+        <source>Plays 20 dB quieter</source>
+        <translation>Spielt 20 dB leiser</translation>
+    </message>
+    <message>
+        <source>Mono</source>
+        <translation>Mono</translation>
+    </message>
+    <message>
+        <source>Plays both sides as one</source>
+        <translation>Spielt beide Seiten zusammen</translation>
+    </message>
+    <message>
+        <source>Fader of the master</source>
+        <translation>Fader der Summe</translation>
+    </message>
+    <message>
+        <source>Level of the master</source>
+        <translation>Pegel der Summe</translation>
+    </message>
+    <message>
+        <source>Highest level of the master</source>
+        <translation>Höchster Pegel der Summe</translation>
+    </message>
+    <message>
+        <source>Meter of the master, left</source>
+        <translation>Pegelanzeige der Summe, links</translation>
+    </message>
+    <message>
+        <source>Peak of the master, left</source>
+        <translation>Spitze der Summe, links</translation>
+    </message>
+    <message>
+        <source>Meter of the master, right</source>
+        <translation>Pegelanzeige der Summe, rechts</translation>
+    </message>
+    <message>
+        <source>Peak of the master, right</source>
+        <translation>Spitze der Summe, rechts</translation>
+    </message>
+</context>
+<context>
+    <name>ControlTips</name>
+    <message>
+        <source>Click: all gains to 0 dB, the outer bands to shelves
+Hold for a second: everything but the drive to its default</source>
+        <translation>Klick: alle Gains auf 0 dB, die äußeren Bänder auf Shelf
+Eine Sekunde halten: alles außer Drive auf den Vorgabewert</translation>
+    </message>
+    <message>
+        <source>Drag, wheel or arrow keys: change (with Shift finely)
+Double-click: type a value
+Ctrl+click: default</source>
+        <translation>Ziehen, Mausrad oder Pfeiltasten: ändern (mit Umschalt fein)
+Doppelklick: Wert eingeben
+Strg+Klick: Vorgabewert</translation>
+    </message>
+    <message>
+        <source>Double-click or Return: type a value, for example 1.25k or +3
+Drag or wheel: change (with Shift finely)
+Ctrl+click: default</source>
+        <translation>Doppelklick oder Eingabetaste: Wert eingeben, zum Beispiel 1.25k oder +3
+Ziehen oder Mausrad: ändern (mit Umschalt fein)
+Strg+Klick: Vorgabewert</translation>
+    </message>
+    <message>
+        <source>Drag a handle: frequency and gain
+with Shift the quality, with Ctrl only the gain, with Alt only the frequency
+Tab and arrow keys: the same by keyboard</source>
+        <translation>Griff ziehen: Frequenz und Gain
+mit Umschalt die Güte, mit Strg nur der Gain, mit Alt nur die Frequenz
+Tab und Pfeiltasten: dasselbe mit der Tastatur</translation>
+    </message>
+    <message>
+        <source>Click: press</source>
+        <translation>Klick: drücken</translation>
+    </message>
+    <message>
+        <source>Click: switch</source>
+        <translation>Klick: umschalten</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
     </message>
 </context>
 </TS>

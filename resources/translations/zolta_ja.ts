@@ -479,6 +479,26 @@
         <source>Source</source>
         <translation>入力元</translation>
     </message>
+    <message>
+        <source>Balance</source>
+        <translation>バランス</translation>
+    </message>
+    <message>
+        <source>Master level</source>
+        <translation>マスター: レベル</translation>
+    </message>
+    <message>
+        <source>Master mute</source>
+        <translation>マスター: ミュート</translation>
+    </message>
+    <message>
+        <source>Dim</source>
+        <translation>ディム</translation>
+    </message>
+    <message>
+        <source>Mono</source>
+        <translation>モノラル</translation>
+    </message>
 </context>
 <context>
     <name>ParameterListModel</name>
@@ -1028,6 +1048,18 @@
     <message>
         <source>Test signal</source>
         <translation>テスト信号</translation>
+    </message>
+    <message>
+        <source>Highest level of %1</source>
+        <translation>%1 の最高レベル</translation>
+    </message>
+    <message>
+        <source>Balance of %1</source>
+        <translation>%1 のバランス</translation>
+    </message>
+    <message>
+        <source>Silenced</source>
+        <translation>消音中</translation>
     </message>
 </context>
 <context>
@@ -2139,6 +2171,121 @@ A mixer with 8 channels that opens the channel equalizer&apos;s editor.
     <message>
         <source>&amp;Return to Start</source>
         <translation>先頭に戻る(&amp;R)</translation>
+    </message>
+</context>
+<context>
+    <name>PeakDisplay</name>
+    <message>
+        <source>%1 dB</source>
+        <translation>%1 dB</translation>
+    </message>
+    <message>
+        <source>%1 dB, clipped</source>
+        <translation>%1 dB、クリップ</translation>
+    </message>
+</context>
+<context>
+    <name>MasterStrip</name>
+    <message>
+        <source>Master</source>
+        <translation>マスター</translation>
+    </message>
+    <message>
+        <source>Mute</source>
+        <translation>ミュート</translation>
+    </message>
+    <message>
+        <source>Mute of the master</source>
+        <translation>マスターのミュート</translation>
+    </message>
+    <message>
+        <source>Dim</source>
+        <translation>ディム</translation>
+    </message>
+    <message>
+        <source>Plays 20 dB quieter</source>
+        <translation>20 dB 下げて再生</translation>
+    </message>
+    <message>
+        <source>Mono</source>
+        <translation>モノラル</translation>
+    </message>
+    <message>
+        <source>Plays both sides as one</source>
+        <translation>左右をまとめて再生</translation>
+    </message>
+    <message>
+        <source>Fader of the master</source>
+        <translation>マスターのフェーダー</translation>
+    </message>
+    <message>
+        <source>Level of the master</source>
+        <translation>マスターのレベル</translation>
+    </message>
+    <message>
+        <source>Highest level of the master</source>
+        <translation>マスターの最高レベル</translation>
+    </message>
+    <message>
+        <source>Meter of the master, left</source>
+        <translation>マスターのメーター、左</translation>
+    </message>
+    <message>
+        <source>Peak of the master, left</source>
+        <translation>マスターのピーク、左</translation>
+    </message>
+    <message>
+        <source>Meter of the master, right</source>
+        <translation>マスターのメーター、右</translation>
+    </message>
+    <message>
+        <source>Peak of the master, right</source>
+        <translation>マスターのピーク、右</translation>
+    </message>
+</context>
+<context>
+    <name>ControlTips</name>
+    <message>
+        <source>Click: all gains to 0 dB, the outer bands to shelves
+Hold for a second: everything but the drive to its default</source>
+        <translation>クリック: すべてのゲインを 0 dB に、両端のバンドをシェルフに
+1 秒間押し続ける: ドライブ以外をすべて初期値に</translation>
+    </message>
+    <message>
+        <source>Drag, wheel or arrow keys: change (with Shift finely)
+Double-click: type a value
+Ctrl+click: default</source>
+        <translation>ドラッグ、ホイール、矢印キー: 変更 (Shift で微調整)
+ダブルクリック: 値を入力
+Ctrl+クリック: 初期値</translation>
+    </message>
+    <message>
+        <source>Double-click or Return: type a value, for example 1.25k or +3
+Drag or wheel: change (with Shift finely)
+Ctrl+click: default</source>
+        <translation>ダブルクリックまたは Return: 値を入力 (例: 1.25k、+3)
+ドラッグ、ホイール: 変更 (Shift で微調整)
+Ctrl+クリック: 初期値</translation>
+    </message>
+    <message>
+        <source>Drag a handle: frequency and gain
+with Shift the quality, with Ctrl only the gain, with Alt only the frequency
+Tab and arrow keys: the same by keyboard</source>
+        <translation>ハンドルをドラッグ: 周波数とゲイン
+Shift で Q、Ctrl でゲインのみ、Alt で周波数のみ
+Tab と矢印キー: キーボードで同じ操作</translation>
+    </message>
+    <message>
+        <source>Click: press</source>
+        <translation>クリック: 押す</translation>
+    </message>
+    <message>
+        <source>Click: switch</source>
+        <translation>クリック: 切り替え</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
     </message>
 </context>
 </TS>

@@ -27,6 +27,9 @@ private Q_SLOTS:
     void gainChangesWithinTheRampsLength();
     void gainTurnsBackFromWhereItIs();
     void newRouteComesInOnceTheOldOneIsOut();
+    void sidesHaveTheirOwnLevels();
+    void masterHasTheLastWord();
+    void outputLevelsAreWhatComesOut();
     void driveHoldsTheOthersBack();
     void driveOfASilentStripHoldsNobodyBack();
     void prepareForgetsWhatWasHeard();
@@ -84,7 +87,7 @@ std::vector<tst_MixBus::Samples> tst_MixBus::play(const std::vector<Samples>& in
 
 MixBus::Strip tst_MixBus::file(int number, bool left, bool right, double gain)
 {
-    return {{MixBus::Source::File, number, left, right}, gain};
+    return {{MixBus::Source::File, number}, left ? gain : 0.0, right ? gain : 0.0};
 }
 
 tst_MixBus::Samples tst_MixBus::tone(std::size_t frames)
@@ -95,7 +98,7 @@ tst_MixBus::Samples tst_MixBus::tone(std::size_t frames)
 
 void tst_MixBus::stripsWithoutSourceAreSilent()
 {
-    setStrip(0, {{}, 1.0});
+    setStrip(0, {{}, 1.0, 1.0});
     m_bus->prepare(rate, false);
     QCOMPARE(play({tone(1000), tone(1000)}), std::vector<Samples>(2, Samples(1000, 0.0F)));
 }
@@ -149,7 +152,7 @@ void tst_MixBus::eachKindOfSourceIsSilentWhileTheOtherPlays()
     setStrip(0, file(0));
     m_bus->prepare(rate, true);
     QCOMPARE(play({tone(100)})[0], Samples(100, 0.0F));
-    setStrip(0, {{MixBus::Source::Input, 0}, 1.0});
+    setStrip(0, {{MixBus::Source::Input, 0}, 1.0, 1.0});
     m_bus->prepare(rate, false);
     QCOMPARE(play({tone(100)})[0], Samples(100, 0.0F));
 }
@@ -238,6 +241,49 @@ void tst_MixBus::newRouteComesInOnceTheOldOneIsOut()
              Samples(1536 - 2 * rampLength + 1, -0.5F));
 }
 
+void tst_MixBus::sidesHaveTheirOwnLevels()
+{
+    setStrip(0, {{MixBus::Source::File, 0}, 1.0, 0.25});
+    m_bus->prepare(rate, false);
+    const std::vector<Samples> heard = play({Samples(100, 0.5F)});
+    QCOMPARE(heard[0], Samples(100, 0.5F));
+    QCOMPARE(heard[1], Samples(100, 0.125F));
+}
+
+void tst_MixBus::masterHasTheLastWord()
+{
+    setStrip(0, file(0, true, false));
+    setStrip(1, file(1, false, true));
+    const std::vector<Samples> given = {Samples(1000, 0.5F), Samples(1000, -0.25F)};
+    m_bus->publish(MixBus::Master{0.5, false});
+    m_bus->prepare(rate, false);
+    QCOMPARE(play(given)[0], Samples(1000, 0.25F));
+    m_bus->publish(MixBus::Master{1.0, true});
+    std::vector<Samples> heard = play(given);
+    QVERIFY(heard[0].front() > 0.24F && heard[0].front() < 0.26F);
+    for (const Samples& side : heard)
+        QCOMPARE(side.back(), 0.125F);
+    m_bus->publish(MixBus::Master{0.0, false});
+    heard = play(given);
+    QCOMPARE(heard[1].back(), 0.0F);
+    m_bus->publish(MixBus::Master{});
+    play(given);
+    QCOMPARE(play(given), given);
+}
+
+void tst_MixBus::outputLevelsAreWhatComesOut()
+{
+    setStrip(0, file(0, true, false));
+    setStrip(1, file(1, false, true, 2.0));
+    m_bus->publish(MixBus::Master{0.5, false});
+    m_bus->prepare(rate, false);
+    QCOMPARE(m_bus->outputLevels(), MeterLevels{});
+    play({Samples(100, 1.0F), Samples(100, -0.5F)});
+    QCOMPARE(m_bus->outputLevels(), (MeterLevels{-60, -60}));
+    m_bus->prepare(rate, false);
+    QCOMPARE(m_bus->outputLevels(), MeterLevels{});
+}
+
 void tst_MixBus::driveHoldsTheOthersBack()
 {
     setStrip(0, file(0));
@@ -281,7 +327,7 @@ void tst_MixBus::changesDoNotClick_data()
     QTest::addColumn<int>("change");
     QTest::addColumn<int>("frames");
     int change = 0;
-    for (const char* name : {"gain", "source", "side", "values"}) {
+    for (const char* name : {"gain", "source", "side", "values", "master", "mono"}) {
         for (const int frames : {1, 16, 257})
             QTest::addRow("%s, blocks of %d", name, frames) << change << frames;
         ++change;
@@ -302,9 +348,11 @@ void tst_MixBus::changesDoNotClick()
     Samples heard = play({Samples(given.begin(), given.begin() + place)}, part)[0];
     if (change == 3)
         m_bus->publish(0, defaults());
+    else if (change > 3)
+        m_bus->publish(MixBus::Master{change == 4 ? 0.0 : 1.0, change == 5});
     else
         setStrip(0, change == 0   ? file(0, true, true, 0.0)
-                    : change == 1 ? MixBus::Strip{{}, 1.0}
+                    : change == 1 ? MixBus::Strip{{}, 1.0, 1.0}
                                   : file(0, false, true));
     const Samples rest = play({Samples(given.begin() + place, given.end())}, part)[0];
     heard.insert(heard.end(), rest.begin(), rest.end());
@@ -345,6 +393,7 @@ void tst_MixBus::neitherAllocatesNorLocks()
                            });
             m_bus->publish(channel, values);
         }
+        m_bus->publish(MixBus::Master{round / 50.0, round % 7 == 0});
         setStrip(static_cast<std::size_t>(round % channelCount),
                  file(round % 3, round % 5 != 0, round % 2 != 0, round / 100.0));
         for (const std::size_t frames : {16U, 256U, 1000U}) {

@@ -205,7 +205,10 @@ void tst_HostMemory::refusesWhatDoesNotExist_data()
     QTest::newRow("before the first parameter") << 0x0100 << 0 << 0;
     QTest::newRow("after the last parameter") << 0x011C << 0 << 0;
     QTest::newRow("before the strip's first") << 0x0200 << 0 << 0;
-    QTest::newRow("after the strip's last") << 0x0207 << 0 << 0;
+    QTest::newRow("after the strip's last") << 0x0208 << 0 << 0;
+    QTest::newRow("before the master's first") << 0x0300 << 0 << 0;
+    QTest::newRow("after the master's last") << 0x0305 << 0 << 0;
+    QTest::newRow("another channel's master") << 0x0301 << 1 << 0;
     QTest::newRow("a second word") << 0x4001 << 0 << 0;
     QTest::newRow("channel 8") << 0x0101 << 8 << 0;
     QTest::newRow("no channel") << 0x0101 << 65535 << 0;

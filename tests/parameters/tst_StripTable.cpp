@@ -17,6 +17,11 @@ private Q_SLOTS:
     void faderRises();
     void typedLevels_data();
     void typedLevels();
+    void typedBalances_data();
+    void typedBalances();
+    void balanceFadesOneSide_data();
+    void balanceFadesOneSide();
+    void masterReadsItsTexts();
     void nonsenseIsNoValue_data();
     void nonsenseIsNoValue();
 };
@@ -89,6 +94,57 @@ void tst_StripTable::typedLevels()
     QCOMPARE(parseStrip(StripParameter::Level, text.toStdString()), std::optional(position));
 }
 
+void tst_StripTable::typedBalances_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<int>("balance");
+    QTest::newRow("middle") << " c "_ba << 0;
+    QTest::newRow("zero") << "0"_ba << 0;
+    QTest::newRow("left") << "l 30"_ba << -30;
+    QTest::newRow("right") << "R7"_ba << 7;
+    QTest::newRow("beyond the end") << "L400"_ba << -100;
+}
+
+void tst_StripTable::typedBalances()
+{
+    QFETCH(const QByteArray, text);
+    QFETCH(const int, balance);
+    QCOMPARE(parseStrip(StripParameter::Balance, text.toStdString()), std::optional(balance));
+}
+
+void tst_StripTable::balanceFadesOneSide_data()
+{
+    QTest::addColumn<int>("balance");
+    QTest::addColumn<double>("left");
+    QTest::addColumn<double>("right");
+    QTest::newRow("middle") << 0 << 1.0 << 1.0;
+    QTest::newRow("left") << -100 << 1.0 << 0.0;
+    QTest::newRow("half right") << 50 << 0.5 << 1.0;
+    QTest::newRow("right") << 100 << 0.0 << 1.0;
+}
+
+void tst_StripTable::balanceFadesOneSide()
+{
+    QFETCH(const int, balance);
+    QTEST(balanceGains(balance).left, "left");
+    QTEST(balanceGains(balance).right, "right");
+}
+
+void tst_StripTable::masterReadsItsTexts()
+{
+    for (std::size_t i = 0; i < masterParameterCount; ++i) {
+        const auto parameter = static_cast<MasterParameter>(i);
+        QCOMPARE(findMasterParameter(masterId(parameter)), std::optional(parameter));
+        QVERIFY(!findStripParameter(masterId(parameter)));
+        for (const int value : {masterTable[i].minimum, masterTable[i].maximum}) {
+            const auto text = formatMaster(parameter, value);
+            QVERIFY(text);
+            QCOMPARE(parseMaster(parameter, *text), std::optional(value));
+        }
+    }
+    QVERIFY(!findMasterParameter(0x0300) && !findMasterParameter(0x0305));
+}
+
 void tst_StripTable::nonsenseIsNoValue_data()
 {
     QTest::addColumn<int>("parameter");
@@ -101,6 +157,10 @@ void tst_StripTable::nonsenseIsNoValue_data()
     QTest::newRow("unit alone") << level << "dB"_ba;
     QTest::newRow("rest") << level << "3 dBu"_ba;
     QTest::newRow("switch") << static_cast<int>(StripParameter::Mute) << "maybe"_ba;
+    const int balance = static_cast<int>(StripParameter::Balance);
+    QTest::newRow("side alone") << balance << "L"_ba;
+    QTest::newRow("no side") << balance << "30"_ba;
+    QTest::newRow("two signs") << balance << "L-3"_ba;
     QTest::newRow("source") << static_cast<int>(StripParameter::Source) << "Input 9"_ba;
 }
 

@@ -61,7 +61,7 @@ void tst_AudioSession::init()
     MixBus::Strips strips;
     for (int side = 0; side < 2; ++side)
         strips[static_cast<std::size_t>(side)] = {
-            {MixBus::Source::File, side, side == 0, side == 1}, 1.0};
+            {MixBus::Source::File, side}, side == 0 ? 1.0 : 0.0, side == 1 ? 1.0 : 0.0};
     m_bus->publish(strips);
     open(std::chrono::hours(1));
 }
@@ -204,7 +204,7 @@ void tst_AudioSession::settingsOfTheStartAreInForceAtOnce()
 {
     connect(m_session.get(), &AudioSession::starting, this, [this] {
         MixBus::Strips strips;
-        strips[0] = {{MixBus::Source::File, 0}, 0.5};
+        strips[0] = {{MixBus::Source::File, 0}, 0.5, 0.5};
         m_bus->publish(strips);
     });
     SoundFiles::write(path("in.wav"), Sound{SF_FORMAT_WAV | SF_FORMAT_FLOAT, 48000, 1,
@@ -217,7 +217,7 @@ void tst_AudioSession::settingsOfTheStartAreInForceAtOnce()
 void tst_AudioSession::playsWhatComesIn()
 {
     MixBus::Strips strips;
-    strips[0] = {{MixBus::Source::Input, 2}, 1.0};
+    strips[0] = {{MixBus::Source::Input, 2}, 1.0, 1.0};
     m_bus->publish(strips);
     m_session->setDevice({QString(), 0, 0, true});
     QVERIFY(m_session->play().isOk());

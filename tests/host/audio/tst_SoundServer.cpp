@@ -84,7 +84,7 @@ void tst_SoundServer::init()
         for (const auto source : {MixBus::Source::File, MixBus::Source::Input}) {
             const std::size_t strip =
                 static_cast<std::size_t>(side) + (source == MixBus::Source::Input ? 2 : 0);
-            strips[strip] = {{source, side, side == 0, side == 1}, 1.0};
+            strips[strip] = {{source, side}, side == 0 ? 1.0 : 0.0, side == 1 ? 1.0 : 0.0};
         }
     }
     m_bus->publish(strips);

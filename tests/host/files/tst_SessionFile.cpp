@@ -3,6 +3,7 @@
 #include "tests/support/TestFiles.h"
 #include "tests/support/TestObject.h"
 
+#include <QJsonArray>
 #include <QTemporaryDir>
 
 #include <memory>
@@ -20,6 +21,9 @@ private Q_SLOTS:
     void takenSessionIsSavedOnDemand();
     void damageOfATakenSessionIsNeverSaved();
     void linkToATakenSessionIsTaken();
+    void masterAndBalanceComeBack();
+    void olderSessionsHaveNoMaster();
+    void badMasterIsNamed();
 
 private:
     QString lock() const { return m_file + ".lock"_L1; }
@@ -102,6 +106,38 @@ void tst_SessionFile::linkToATakenSessionIsTaken()
     SessionFile second;
     QVERIFY(second.open(link, &data).error().contains(lock()));
     QVERIFY(second.isTaken());
+}
+
+void tst_SessionFile::masterAndBalanceComeBack()
+{
+    SessionData data;
+    data.master = {123, 1, 0, 1};
+    data.channels[3].strip[static_cast<std::size_t>(StripParameter::Balance)] = -42;
+    SessionData back;
+    QVERIFY(back.read(data.toJson({})).isOk());
+    QCOMPARE(back.master, data.master);
+    QCOMPARE(back.channels[3].strip, data.channels[3].strip);
+}
+
+void tst_SessionFile::olderSessionsHaveNoMaster()
+{
+    const QJsonObject strip{{u"level"_s, u"-6.0"_s}};
+    const QJsonObject root{{u"zolta-session"_s, 1},
+                           {u"channels"_s, QJsonArray{QJsonObject{{u"strip"_s, strip}}}}};
+    SessionData data;
+    QCOMPARE(data.read(root).error(), QString());
+    QCOMPARE(data.master, SessionData().master);
+    const HostMemory::StripValues& values = data.channels[0].strip;
+    QCOMPARE(values[static_cast<std::size_t>(StripParameter::Level)], 240);
+    QCOMPARE(values[static_cast<std::size_t>(StripParameter::Balance)], 0);
+}
+
+void tst_SessionFile::badMasterIsNamed()
+{
+    QJsonObject root = SessionData().toJson({});
+    root[u"master"_s] = QJsonObject{{u"dim"_s, u"perhaps"_s}};
+    SessionData data;
+    QVERIFY(data.read(root).error().contains(u"master.dim"_s));
 }
 
 QTEST_GUILESS_MAIN(tst_SessionFile)

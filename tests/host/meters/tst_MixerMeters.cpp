@@ -48,8 +48,8 @@ void tst_MixerMeters::metersShowWhatTheSourceIs()
     QCOMPARE(highest(2), int(MeterLevels::lowest));
     QCOMPARE(highest(3), int(MeterLevels::lowest));
     MixBus::Strips strips;
-    strips[2] = {{MixBus::Source::File, 0}, 1.0};
-    strips[3] = {{MixBus::Source::File, 1}, 1.0};
+    strips[2] = {{MixBus::Source::File, 0}, 1.0, 1.0};
+    strips[3] = {{MixBus::Source::File, 1}, 1.0, 1.0};
     f.bus.publish(strips);
     f.bus.prepare(48000, false);
     std::vector<float> left(4800, 0.1F);

@@ -23,6 +23,8 @@ private Q_SLOTS:
     void equalizesAsTheStripIsSet();
     void equalizerOffLetsEveryBitPast();
     void faderScales();
+    void balanceTurnsDownOneSide();
+    void masterHasTheLastWord();
     void muteAndSoloSilence();
     void inputsGoByNumber();
     void writesArriveTogetherWithTheEventLoop();
@@ -133,6 +135,32 @@ void tst_SettingsPublisher::faderScales()
     QCOMPARE(play({0.5F, 0.5F})[1], steady(0.5F * static_cast<float>(stripGain(100))));
     set(0, StripParameter::Level, 0);
     QCOMPARE(play({0.5F, 0.5F})[0], steady(0.0F));
+}
+
+// Of a pair as of a mono strip.
+void tst_SettingsPublisher::balanceTurnsDownOneSide()
+{
+    set(0, StripParameter::Balance, 50);
+    QCOMPARE(play({0.5F, 0.5F}), (std::vector<Block>{steady(0.25F), steady(0.5F)}));
+    set(0, StripParameter::Balance, -100);
+    QCOMPARE(play({0.5F, 0.5F}), (std::vector<Block>{steady(0.5F), steady(0.0F)}));
+    set(0, StripParameter::Stereo, 0);
+    QCOMPARE(play({0.5F, 0.25F}), (std::vector<Block>{steady(0.5F), steady(0.0F)}));
+}
+
+void tst_SettingsPublisher::masterHasTheLastWord()
+{
+    HostMemory& memory = m_f->memory;
+    memory.setMaster(MasterParameter::Level, 100);
+    QCOMPARE(play({1.0F, 1.0F})[0], steady(static_cast<float>(stripGain(100))));
+    memory.setMaster(MasterParameter::Level, unityLevel);
+    memory.setMaster(MasterParameter::Dim, 1);
+    QCOMPARE(play({0.5F, 0.5F})[1], steady(0.05F));
+    memory.setMaster(MasterParameter::Dim, 0);
+    memory.setMaster(MasterParameter::Mono, 1);
+    QCOMPARE(play({0.5F, 0.25F}), (std::vector<Block>{steady(0.375F), steady(0.375F)}));
+    memory.setMaster(MasterParameter::Mute, 1);
+    QCOMPARE(play({0.5F, 0.25F}), (std::vector<Block>{steady(0.0F), steady(0.0F)}));
 }
 
 void tst_SettingsPublisher::muteAndSoloSilence()

@@ -9,9 +9,11 @@
 #include "host/window/EditorWindow.h"
 #include "host/window/EqualizerThumbnail.h"
 #include "host/window/HostTheme.h"
+#include "host/window/MasterStrip.h"
 #include "host/window/Mixer.h"
 #include "host/window/MixerStrip.h"
 #include "host/window/MixerWindow.h"
+#include "host/window/PeakDisplay.h"
 #include "host/window/StripMeters.h"
 #include "host/window/WindowPlaces.h"
 #include "tests/host/audio/FakeDevice.h"
@@ -65,6 +67,11 @@ private Q_SLOTS:
     void metersShowWhatLeavesTheFader();
     void metersKnowTheOtherStrips();
     void peaksStayForAWhile();
+    void highestLevelStaysUntilItIsClicked();
+    void soloShowsWhatItSilences();
+    void stripsStayWhereTheyAre();
+    void fadersGrowWithTheWindow();
+    void masterIsOperated();
     void metersRunWhileSomethingShows();
     void windowsStandSideBySide_data();
     void windowsStandSideBySide();
@@ -75,6 +82,11 @@ private Q_SLOTS:
 
 private:
     MixerStrip* strip(int channel) const { return stripOf(m_window.get(), channel); }
+    FaderController* fader(int channel) const
+    {
+        return named<FaderController>(strip(channel),
+                                      QStringLiteral("Fader of Channel %1").arg(channel));
+    }
     QUndoStack& stack() { return m_mixer->mixerModel.history().stack(); }
     int value(int channel, StripParameter parameter) const
     {
@@ -202,10 +214,9 @@ void tst_MixerWindow::keysSwitch()
 
 void tst_MixerWindow::faderDragIsOneStep()
 {
-    auto* fader = strip(0)->findChild<FaderController*>();
     // At 0 dB the cap's middle is a quarter of the travel below the top.
-    const int y = 28 + (280 - 56) / 4;
-    drag(fader, QPoint(17, y), 56);
+    const int quarter = (fader(0)->height() - 56) / 4;
+    drag(fader(0), QPoint(17, 28 + quarter), quarter);
     QCOMPARE(value(0, StripParameter::Level), 200);
     QCOMPARE(strip(0)->findChild<TextEditController*>()->string(), u"-10.0"_s);
     QCOMPARE(stack().count(), 1);
@@ -348,7 +359,7 @@ void tst_MixerWindow::focusMarksTheStrip()
 {
     activate(m_window.get());
     QCOMPARE(m_window->selectedChannel(), 0);
-    strip(4)->findChild<FaderController*>()->setFocus();
+    fader(4)->setFocus();
     QCOMPARE(m_window->selectedChannel(), 4);
     clickBeside(6);
     QCOMPARE(m_window->selectedChannel(), 6);
@@ -375,12 +386,12 @@ void tst_MixerWindow::clickOnAControlMarksTheStrip()
 void tst_MixerWindow::focusThatComesBackMarksNothing()
 {
     activate(m_window.get());
-    strip(4)->findChild<FaderController*>()->setFocus();
+    fader(4)->setFocus();
     click(6, "Mute of Channel 7");
     EditorWindow* editor = m_window->openEditor(0, true);
     QVERIFY(QTest::qWaitForWindowActive(editor));
     activate(m_window.get());
-    QVERIFY(strip(4)->findChild<FaderController*>()->hasFocus());
+    QVERIFY(fader(4)->hasFocus());
     QCOMPARE(m_window->selectedChannel(), 6);
 }
 
@@ -502,6 +513,86 @@ void tst_MixerWindow::peaksStayForAWhile()
     QCOMPARE(peak->value(), -60);
     sendMeters(0, -300, -300);
     QCOMPARE(peak->value(), -300);
+}
+
+void tst_MixerWindow::highestLevelStaysUntilItIsClicked()
+{
+    auto* display = strip(0)->findChild<PeakDisplay*>();
+    QCOMPARE(display->accessibleName(), u"Highest level of Channel 0"_s);
+    QTest::mouseClick(display, Qt::LeftButton);
+    sendMeters(0, -60, -60);
+    sendMeters(0, -300, -300);
+    QCOMPARE(display->text(), u"-6.0"_s);
+    QVERIFY(!display->hasClipped());
+    sendMeters(0, 15, 15);
+    sendMeters(0, -300, -300);
+    QCOMPARE(display->text(), u"+1.5"_s);
+    QCOMPARE(display->accessibleDescription(), u"+1.5 dB, clipped"_s);
+    QTest::mouseClick(display, Qt::LeftButton);
+    QVERIFY(!display->hasClipped());
+    QCOMPARE(display->text(), u"-\u221e"_s);
+}
+
+void tst_MixerWindow::soloShowsWhatItSilences()
+{
+    const QImage before = strip(0)->grab().toImage();
+    set(2, StripParameter::Solo, 1);
+    const QImage silenced = strip(0)->grab().toImage();
+    QVERIFY(silenced != before);
+    set(0, StripParameter::Solo, 1);
+    set(2, StripParameter::Solo, 0);
+    set(0, StripParameter::Solo, 0);
+    QCOMPARE(strip(0)->grab().toImage(), before);
+    set(0, StripParameter::Mute, 1); // is no silencing by others
+    const QRect foot(0, strip(0)->height() - 26, strip(0)->width(), 16);
+    QCOMPARE(strip(0)->grab(foot).toImage(), before.copy(foot));
+}
+
+// A pair that becomes mono pushes what is right of it, and nothing else.
+void tst_MixerWindow::stripsStayWhereTheyAre()
+{
+    const QPoint first = strip(0)->mapTo(m_window.get(), QPoint());
+    const QPoint second = strip(2)->mapTo(m_window.get(), QPoint());
+    QVERIFY(first.x() < 10);
+    set(2, StripParameter::Stereo, 0);
+    QTRY_VERIFY(strip(3)->x() > strip(2)->x());
+    QCOMPARE(strip(0)->mapTo(m_window.get(), QPoint()), first);
+    QCOMPARE(strip(2)->mapTo(m_window.get(), QPoint()), second);
+}
+
+void tst_MixerWindow::fadersGrowWithTheWindow()
+{
+    m_window->resize(m_window->width(), 900);
+    QTRY_VERIFY(strip(0)->height() > 700);
+    const int tall = fader(0)->height();
+    m_window->resize(m_window->width(), 700);
+    QTRY_COMPARE(fader(0)->height(), tall - 200);
+    // The cap is where the value is.
+    const int quarter = (fader(0)->height() - 56) / 4;
+    drag(fader(0), QPoint(17, 28 + quarter), -quarter);
+    QCOMPARE(value(0, StripParameter::Level), highestLevel);
+}
+
+void tst_MixerWindow::masterIsOperated()
+{
+    const auto* master = m_window->findChild<MasterStrip*>();
+    const HostMemory& memory = m_mixer->memory;
+    const std::pair<const char*, MasterParameter> keys[] = {
+        {"Mute of the master", MasterParameter::Mute},
+        {"Plays 20 dB quieter", MasterParameter::Dim},
+        {"Plays both sides as one", MasterParameter::Mono}};
+    for (const auto& [name, parameter] : keys) {
+        QTest::mouseClick(named<QAbstractButton>(master, QLatin1String(name)), Qt::LeftButton);
+        QCOMPARE(memory.master(parameter), 1);
+        stack().undo();
+        QCOMPARE(memory.master(parameter), 0);
+    }
+    auto* masterFader = named<FaderController>(master, u"Fader of the master"_s);
+    const int quarter = (masterFader->height() - 56) / 4;
+    drag(masterFader, QPoint(17, 28 + quarter), quarter);
+    QVERIFY(memory.master(MasterParameter::Level) < unityLevel);
+    QCOMPARE(stack().undoText(), u"Master level"_s);
+    QCOMPARE(master->findChildren<PeakDisplay*>().size(), 1);
 }
 
 void tst_MixerWindow::metersRunWhileSomethingShows()
