@@ -64,18 +64,26 @@ protected:
     /// Called before and after a user's gesture writes values, always in pairs; nothing here. A
     /// class that overrides them calls closeEdits() in its destructor.
     virtual void beginEdit();
+    /// Closes what beginEdit() opened.
     virtual void endEdit();
 
 public:
+    /// Whether there is a memory and a channel.
     bool isBound() const;
     /// The address last given to setMemAPIValue(), bound or not.
     IMemAPI* memAPI() const { return m_memAPI; }
+    /// The parameter's id, likewise.
     unsigned short parameter() const { return m_parameter; }
+    /// The channel, likewise.
     unsigned short ch() const { return m_ch; }
+    /// The element, likewise.
     unsigned short index() const { return m_index; }
+    /// The factor last given to setScale().
     double scale() const { return m_scale; }
+    /// What guards on the stack ask whether the control is still there.
     Lifetime& lifetime() const { return m_lifetime; }
 
+    /// The host's value, or the control's own.
     int value() const;
     /// Brings \a value into the range and stores it. The refresh of a bound control is the host's
     /// notification; an unbound one is refreshed when the value changes.
@@ -83,16 +91,20 @@ public:
     /// Both limits, for which a bound control asks the host once.
     struct Range
     {
-        int minimum = 0;
-        int maximum = 0;
+        int minimum = 0; ///< the lowest value
+        int maximum = 0; ///< the highest value
     };
+    /// The limits of the value.
     Range range() const;
+    /// The lower limit alone.
     int minimumValue() const;
     /// The limits take the other limit, the default and the value along where they pass them.
     /// Ignored as soon as there is a memory, bound or not.
     void setMinimumValue(int minimum);
+    /// The upper limit alone.
     int maximumValue() const;
     void setMaximumValue(int maximum);
+    /// The value that a reset gives.
     int defaultValue() const;
     /// Brings \a value into the range. Ignored while bound.
     void setDefaultValue(int value);
@@ -100,6 +112,7 @@ public:
     /// The position of the value or of the default in the range, 0 to 1. NaN or infinite
     /// where the range has one value only.
     float normalized() const;
+    /// The same for the default.
     float defaultNormalized() const;
     /// Sets the value at \a normalized, which is brought into 0 to 1 first (NaN counts as 0).
     /// Bound, the nearest value; unbound, the range is cut into as many equal bins as it has
@@ -118,8 +131,11 @@ public:
 
     /// One whole edit: beginEdit(), the change, endEdit().
     void editValue(int value);
+    /// The same with setNormalized().
     void editNormalized(float normalized);
+    /// The same with setString(), whose result it returns.
     int editString(const QString& string);
+    /// The same with the default.
     void editToDefault();
 
     /// What the numbers of string() are counted in, "Hz", for those who hear the text; empty for
@@ -128,6 +144,7 @@ public:
     void setUnit(const QString& unit) { m_unit = unit; }
 
 protected:
+    /// Whether memory and address are the ones that bind() was given.
     bool isBoundTo(const IMemAPI* memAPI, unsigned short parameter, unsigned short ch,
                    unsigned short index) const;
     /// What setMemAPIValue() of every control does. A control that has more than open edits to end
@@ -141,8 +158,11 @@ protected:
     /// beginEdit() and endEdit(), counted: closeEdit() does nothing when no edit is open, because
     /// the control was rebound, disabled or hidden in between and closeEdits() ended them all.
     void openEdit();
+    /// Closes one edit, if any is open.
     void closeEdit();
+    /// Closes all edits that are open.
     void closeEdits();
+    /// Whether an edit is open.
     bool isEditing() const { return m_openEdits > 0; }
     /// One whole edit around \a change.
     template <class Change> void withEdit(Change change)

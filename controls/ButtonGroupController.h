@@ -42,6 +42,7 @@ public:
     QList<QAbstractButton*> buttons() const { return m_buttons; }
 
 Q_SIGNALS:
+    /// The control was refreshed and has \a value.
     void valueChanged(int value);
     /// A Control-click changed the value of \a pController, this group.
     void modifiersChange(AbstractController* pController, Qt::KeyboardModifiers modifiers);

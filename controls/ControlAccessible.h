@@ -17,6 +17,7 @@ class AbstractController;
 class ZOLTA_EXPORT ControlAccessible : public QAccessibleWidget, public QAccessibleValueInterface
 {
 public:
+    /// Of a control, which is the widget \a control and \a controller in one, with \a role.
     ControlAccessible(QWidget* control, AbstractController* controller, QAccessible::Role role);
 
     void* interface_cast(QAccessible::InterfaceType type) override;
@@ -37,6 +38,7 @@ public:
 protected:
     ~ControlAccessible() override = default;
 
+    /// The control's other base.
     AbstractController* controller() const { return m_controller; }
     /// Whether the user may change the control.
     bool isOperable() const;

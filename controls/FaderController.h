@@ -45,8 +45,9 @@ public:
     };
     Q_ENUM(OperationType)
 
-    /// Milliseconds from the press to the second step of a ramp, and between the later ones.
+    /// Milliseconds from the press to the second step of a ramp.
     static constexpr int FirstRampDelay = 300;
+    /// Milliseconds between the later steps of a ramp.
     static constexpr int RampDelay = 100;
 
     explicit FaderController(QWidget* parent = nullptr);
@@ -81,6 +82,7 @@ public:
     void setOperationType(OperationType type) { m_operationType = type; }
 
 Q_SIGNALS:
+    /// The control was refreshed and has \a value.
     void valueChanged(int value);
     /// The user changed the value of \a pController while \a modifiers were held.
     void modifiersChange(AbstractController* pController, Qt::KeyboardModifiers modifiers);

@@ -42,12 +42,14 @@ class ZOLTA_EXPORT KnobController : public QWidget, public AbstractController
     Q_PROPERTY(int valueChangeStep READ valueChangeStep WRITE setValueChangeStep)
 
 public:
+    /// How the value is shown.
     enum KnobType {
         LineIndex = 0, ///< the picture stays, a line shows the value
         RotateKnob = 1 ///< the picture turns
     };
     Q_ENUM(KnobType)
 
+    /// What dragging does.
     enum OperationType {
         Circular = 0,        ///< a press jumps to the pointer, a drag turns around the centre
         Linear = 1,          ///< a drag right or up raises the value
@@ -97,6 +99,7 @@ public:
     void setValueChangeStep(int step);
 
 Q_SIGNALS:
+    /// The control was refreshed and has \a value.
     void valueChanged(int value);
     /// The user changed the value of \a pController while \a modifiers were held.
     void modifiersChange(AbstractController* pController, Qt::KeyboardModifiers modifiers);

@@ -21,11 +21,13 @@ public:
     class Guard
     {
     public:
+        /// Watches \a lifetime from here on.
         explicit Guard(Lifetime& lifetime);
         ~Guard();
         Guard(const Guard&) = delete;
         Guard& operator=(const Guard&) = delete;
 
+        /// Whether the object is still there.
         explicit operator bool() const { return m_lifetime != nullptr; }
 
     private:

@@ -66,6 +66,7 @@ public:
     void setMeterType(MeterType type);
 
 Q_SIGNALS:
+    /// The control was refreshed and has \a value.
     void valueChanged(int value);
     /// Not emitted: a meter has no gestures.
     void modifiersChange(AbstractController* pController, Qt::KeyboardModifiers modifiers);
@@ -79,15 +80,20 @@ private Q_SLOTS:
     void valueChangedRequest() override;
 
 protected:
+    /// Draws what lies under the bar; nothing here.
     virtual void drawBackground(QPainter* painter);
+    /// Draws the over indicator, lit or unlit.
     virtual void drawOver(QPainter* painter);
+    /// Draws the bar.
     virtual void drawMeter(QPainter* painter);
     /// Contains every pixel that differs between the pictures of two values.
     virtual QRegion changedRegion(int from, int to) const;
 
     void paintEvent(QPaintEvent* event) override;
 
+    /// Where the over indicator lies.
     QRectF scaledOverRect() const;
+    /// Where the full bar lies.
     QRectF scaledMeterRect() const;
     /// The filled fraction of the bar at the level \a value, 0 to 1.
     double convertNormalized(int value) const;
@@ -101,7 +107,9 @@ protected:
     static QRegion touchedPixels(const QRectF& shape);
     /// The value that is being painted: a paint event reads it once, for all that it draws.
     int readPaintedValue();
+    /// What readPaintedValue() read.
     int paintedValue() const { return m_paintedValue; }
+    /// The palette's brush of \a role in the meter's colour group.
     const QBrush& brush(QPalette::ColorRole role) const;
     /// Stores \a value and repaints if it differs.
     template <typename T> void setAndRepaint(T& property, T value)

@@ -34,6 +34,7 @@ class ZOLTA_EXPORT PullDownButtonController : public PushButtonController
     Q_PROPERTY(int indexOrigin READ indexOrigin WRITE setIndexOrigin)
 
 public:
+    /// Tells the milliseconds since a menu opened.
     using MenuClock = PullDownButtonControllerPrivate::Menu::Clock;
 
     /// \a menuClock is handed to every menu that the button opens.
@@ -72,6 +73,7 @@ public:
     /// The menu closes, and nothing is chosen, when the button is disabled, hidden, bound elsewhere
     /// or destroyed meanwhile, or when its items change.
     void openPullDown();
+    /// Whether the menu is open.
     bool isOpen() const;
 
     using PushButtonController::valueChanged;

@@ -55,6 +55,7 @@ class ZOLTA_EXPORT PushButtonController : public QPushButton, public AbstractCon
     Q_PROPERTY(CheckTrigger checkTrigger READ checkTrigger WRITE setCheckTrigger)
 
 public:
+    /// When a click switches, and which way.
     enum CheckTriggerFlag {
         Press = 1,   ///< switches as the mouse button goes down
         Release = 2, ///< switches as it goes up, over the button
@@ -117,9 +118,11 @@ public:
     /// Switches a checkable, enabled button as a click would, whatever the trigger allows. Does
     /// nothing to a button that is in that state.
     void setOn();
+    /// The same the other way.
     void setOff();
 
 Q_SIGNALS:
+    /// The control was refreshed and has \a value.
     void valueChanged(int value);
     /// A click with keyboard \a modifiers held changed the value of \a pController, this button.
     void modifiersChange(AbstractController* pController, Qt::KeyboardModifiers modifiers);
@@ -157,9 +160,10 @@ protected:
     virtual QString shownText() const;
     /// Ends a press that the user goes on holding, as if he had let go.
     void letGo();
-    /// Whether the pointer is in the widget, and whether it was over the button when it was last
-    /// heard of: outside while a press is dragged off the button.
+    /// Whether the pointer is in the widget.
     bool isHovered() const { return m_hovered; }
+    /// Whether the pointer was over the button when it was last heard of: outside while a press is
+    /// dragged off the button.
     bool isInside() const { return m_inside; }
 
 private:

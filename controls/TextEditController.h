@@ -67,6 +67,7 @@ public:
     QString editText() const;
 
 Q_SIGNALS:
+    /// The control was refreshed and has \a value.
     void valueChanged(int value);
     /// The user changed the value of \a pController while \a modifiers were held.
     void modifiersChange(AbstractController* pController, Qt::KeyboardModifiers modifiers);

@@ -21,6 +21,7 @@
 class AudioEngine
 {
 public:
+    /// The raw values of one channel.
     using Values = ChannelProcessor::Values;
 
     /// Every channel at the parameters' defaults, at 48000 Hz.
@@ -28,6 +29,7 @@ public:
 
     /// In Hz, above 0; a new rate resets.
     void setSampleRate(double hertz);
+    /// In Hz.
     double sampleRate() const { return m_sampleRate; }
     /// Clears the samples so far and the levels; what is published is in force at once.
     void reset();

@@ -6,12 +6,13 @@
 /// What the meters of one channel show, in tenths of a dB; 0 is full scale.
 struct MeterLevels
 {
-    static constexpr int lowest = -1270;
-    static constexpr int highest = 1270;
+    static constexpr int lowest = -1270; ///< silence
+    static constexpr int highest = 1270; ///< the most that is shown
 
     int send = lowest;     ///< into the equalizer, after the input level
     int returned = lowest; ///< out of it, after the output level
 
+    /// Whether both meters show the same.
     bool operator==(const MeterLevels&) const = default;
 };
 
@@ -20,7 +21,8 @@ struct MeterLevels
 class PeakLevel
 {
 public:
-    static constexpr double releasePerSecond = 20.0; // dB
+    /// How fast the level falls, in dB.
+    static constexpr double releasePerSecond = 20.0;
 
     /// Follows a block that stands for \a seconds and whose samples reach \a peak (0 and above; 1
     /// is full scale). A NaN peak counts as the highest level.
@@ -39,12 +41,14 @@ private:
 class ChannelMeters
 {
 public:
-    /// Each takes the samples at its point of the channel.
+    /// Takes the samples that go into the equalizer.
     void takeSend(std::span<const double> block, double seconds);
+    /// Takes the samples that come out of it.
     void takeReturn(std::span<const double> block, double seconds);
     /// The peaks of both points at once, as in PeakLevel::update().
     void take(double sendPeak, double returnPeak, double seconds);
 
+    /// What both show now.
     MeterLevels levels() const { return {m_send.tenths(), m_return.tenths()}; }
 
 private:

@@ -29,6 +29,7 @@
 class ChannelProcessor
 {
 public:
+    /// The raw values of the channel.
     using Values = ChannelValues;
 
     /// The largest magnitude of a sample that is taken for signal.
@@ -41,6 +42,7 @@ public:
 
     /// In Hz; a new rate designs every band and resets.
     void setSampleRate(double hertz);
+    /// In Hz.
     double sampleRate() const { return m_sampleRate; }
     /// The channel's raw values; only bands whose values changed are designed.
     void setValues(const Values& values);

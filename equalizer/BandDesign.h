@@ -13,11 +13,13 @@
 namespace BandDesign {
 
 /// What a band can be set to, in Hz, in Q and, in both directions, in dB.
+/// @{
 inline constexpr double MinimumFrequency = 20.0;
 inline constexpr double MaximumFrequency = 20000.0;
 inline constexpr double MinimumQuality = 0.5;
 inline constexpr double MaximumQuality = 16.0;
 inline constexpr double MaximumGain = 20.0;
+/// @}
 
 /// Decades that a frequency spans: 20 Hz to 20 kHz.
 inline constexpr double FrequencyRatio = 3.0;
@@ -43,8 +45,10 @@ double quality(float position);
 double gain(float position);
 
 /// The position of a frequency in Hz and of a gain in dB.
+/// @{
 float frequencyPosition(double hz);
 float gainPosition(double db);
+/// @}
 
 /// The raw value nearest to a position, halves away from zero, never outside the range.
 int rawValue(float position, int minimum, int maximum);
@@ -54,9 +58,11 @@ int rawValue(float position, int minimum, int maximum);
 /// pre-warped domain, by a factor of 10 (first order) or its root (second order), upward in the
 /// low band and downward in the high band, so that the band's own frequency lies within the
 /// shelf's transition as on the hardware.
+/// @{
 void designLow(VEQ_Filter& filter, int type, double frequency, double gain, double sampleRate);
 void designHigh(VEQ_Filter& filter, int type, double frequency, double gain, double sampleRate);
 void designMiddle(FILTER2PEQ& filter, double frequency, double quality, double gain,
                   double sampleRate);
+/// @}
 
 } // namespace BandDesign

@@ -11,7 +11,7 @@
 /// quality and no type.
 struct Band
 {
-    bool on = true;
+    bool on = true;         ///< whether it takes part
     int type = 3;           ///< 0 and 1: pass filter, 2 and 3: shelf; see BandDesign
     double quality = 1.5;   ///< 0.5 to 16
     double frequency = 0.0; ///< Hz, 20 to 20000
@@ -25,27 +25,33 @@ struct Band
 class EqualizerBands
 {
 public:
-    static constexpr int Count = 6;
-    static constexpr int Low = 0;
-    static constexpr int High = 5;
+    static constexpr int Count = 6; ///< of bands
+    static constexpr int Low = 0;   ///< the low band's number
+    static constexpr int High = 5;  ///< the high band's number
 
     /// Every band on and flat, designed at 44100 Hz.
     EqualizerBands();
 
+    /// The settings of a band.
+    /// @{
     Band& operator[](int band) { return m_bands[static_cast<std::size_t>(band)]; }
     const Band& operator[](int band) const { return m_bands[static_cast<std::size_t>(band)]; }
+    /// @}
 
+    /// Whether a band is one of the four in the middle.
     static bool isMiddle(int band) { return band > Low && band < High; }
     /// Whether the band's gain acts: middle bands and shelves.
     bool hasGain(int band) const;
     /// Whether the band is a low or high band of a pass type.
     bool isPass(int band) const;
 
+    /// In Hz.
     double sampleRate() const { return m_sampleRate; }
     /// Stores the rate in Hz and designs every band.
     void setSampleRate(double sampleRate);
     /// Designs one band's filter from its settings.
     void design(int band);
+    /// Designs every band's filter.
     void designAll();
 
     /// What the curve is drawn from: the designed filters of the bands that are on. It refers to

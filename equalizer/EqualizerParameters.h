@@ -21,16 +21,19 @@ enum class EqualizerField {
     Drive        ///< of no band: 0 clean, 1 drive
 };
 
+/// One row of the table.
 struct EqualizerParameter
 {
-    int number; ///< 1 to 27, the number in its name
-    const char* name;
-    int band; ///< 0 low, 1 to 4 middle, 5 high; noBand for levels and drive
-    EqualizerField field;
-    int statePosition; ///< which of the state's values it is, from 0
+    int number;           ///< 1 to 27, the number in its name
+    const char* name;     ///< what models know it by
+    int band;             ///< 0 low, 1 to 4 middle, 5 high; noBand for levels and drive
+    EqualizerField field; ///< what it holds
+    int statePosition;    ///< which of the state's values it is, from 0
 };
 
+/// The band of a parameter that belongs to none.
 inline constexpr int noBand = -1;
+/// How many parameters a channel has.
 inline constexpr std::size_t parameterCount = 27;
 
 /// By number. The state's order is odd, and fixed by every state saved so far: downwards within
@@ -94,6 +97,7 @@ inline constexpr std::array<std::size_t, parameterCount> stateOrder = [] {
 /// A state begins with these four bytes (ASCII "2620"); the same number of big-endian single floats
 /// follows as there are parameters, and one more, which belongs to none.
 inline constexpr std::array<unsigned char, 4> stateVersion = {'2', '6', '2', '0'};
+/// The bytes of a state.
 inline constexpr std::size_t stateSize = stateVersion.size() + 4 * (parameterCount + 1);
 
 /// The class that presets of the equalizer belong to, in the four words of a VST 3 identifier.

@@ -64,15 +64,20 @@ public:
 
     /// The complex response B of the band-pass alone.
     ZPlane::Complex response_bpf(double f, double fs) const;
+    /// The same by the unit delay of a frequency.
     ZPlane::Complex response_bpf(ZPlane::Complex unitDelay) const;
 
     /// The complex response of the band for a gain factor k: 1 + k B and 1 / (1 + k B).
+    /// @{
     ZPlane::Complex response_boost(ZPlane::Complex unitDelay, double k) const;
     ZPlane::Complex response_cut(ZPlane::Complex unitDelay, double k) const;
+    /// @}
 
     /// The same as levels in dB, -100 where they are exactly silent. k is a factor, not dB.
+    /// @{
     double power_boost(double f, double fs, double k) const;
     double power_cut(double f, double fs, double k) const;
+    /// @}
 
     /// Advances the band-pass by one input sample.
     void dlyupdate_bpf(double x);
@@ -87,16 +92,22 @@ public:
     /// register of several doubles, each a signal with a band of its own.
     template <typename Sample> struct BasicRunner
     {
+        /// Coefficients, gain factors, and what was heard.
+        /// @{
         Sample c0{}, c1{}, c2{};
         Sample k{}, r = Sample{} + 1.0;
         Sample y1{}, y2{}, u1{}, u2{};
+        /// @}
 
+        /// Changes k, and r with it.
         void setGainFactor(Sample factor)
         {
             k = factor;
             r = 1.0 / (1.0 + c2 * factor);
         }
+        /// One sample through the structure of a boost.
         Sample boost(Sample x) { return x + k * advance(x); }
+        /// One sample through the structure of a cut.
         Sample cut(Sample x)
         {
             const Sample y = (x - k * (-c0 * y1 - u2 - c1 * y2)) * r;
@@ -121,14 +132,19 @@ public:
     /// Each sample of a block in place with the gain factor k, bit by bit as the operations on one
     /// sample give them. The band must have storage.
     void boost(std::span<double> block, double k);
+    /// The same with the structure of a cut.
     void cut(std::span<double> block, double k);
 
+    /// The band-pass as it is now, with the gain factor \a k.
     Runner runner(double k) const;
+    /// Takes back what a runner has heard.
     void setDelay(const Runner& runner);
     /// Takes over what another band has heard, as if this one's input had been the other's.
     void setDelayByCopy(const FILTER2PEQ* other);
 
+    /// 2, or 0 without storage.
     std::int64_t order() const { return m_order; }
+    /// A value of Mode.
     std::int64_t mode() const { return m_mode; }
     /// k
     double gainFactor() const { return m_gainFactor; }

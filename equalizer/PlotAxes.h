@@ -14,17 +14,23 @@ public:
 
     /// The widget's height in units of the height that the plot was designed at (192 pixels).
     double unit() const { return m_unit; }
+    /// The plot's edges and its size.
+    /// @{
     double left() const { return m_left; }
     double top() const { return m_top; }
     double width() const { return m_width; }
     double height() const { return m_height; }
     double right() const { return m_left + m_width; }
     double bottom() const { return m_top + m_height; }
+    /// @}
     /// The y of 0 dB.
     double centre() const { return m_top + m_height / 2.0; }
+    /// The level at the top edge in dB.
     double range() const { return m_range; }
 
+    /// The x of a frequency in Hz.
     double x(double frequency) const;
+    /// The y of a level in dB.
     double y(double gain) const;
     /// The frequency in Hz at \a x pixels from the widget's left edge; beyond the plot it goes on.
     double frequency(double x) const;

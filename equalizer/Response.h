@@ -14,6 +14,7 @@
 class MiddleResponse
 {
 public:
+    /// Of \a filter with \a gain in dB.
     MiddleResponse(const FILTER2PEQ& filter, double gain);
 
     /// 1 + k B for a gain of 0 dB and above, 1 / (1 + k B) below.
@@ -33,20 +34,23 @@ private:
 /// not owned and are read each time, so an object lives no longer than one drawing.
 struct EqualizerResponse
 {
-    static constexpr std::size_t MiddleCount = 4;
-    static constexpr std::size_t BandCount = MiddleCount + 2;
+    static constexpr std::size_t MiddleCount = 4;             ///< middle bands
+    static constexpr std::size_t BandCount = MiddleCount + 2; ///< bands in all
 
     /// Levels in dB. `band` is in the order low, middle 1 to 4, high, and 0 dB for a band that is
     /// off.
     struct Levels
     {
-        std::array<double, BandCount> band{};
-        double total = 0.0;
+        std::array<double, BandCount> band{}; ///< of each band
+        double total = 0.0;                   ///< of the whole equalizer
     };
 
+    /// The filters of the bands that are on.
+    /// @{
     const VEQ_Filter* low = nullptr;
     std::array<std::optional<MiddleResponse>, MiddleCount> middle;
     const VEQ_Filter* high = nullptr;
+    /// @}
 
     /// The level of every band and of the whole equalizer at a frequency, both in Hz. The total is
     /// the sum in dB of the low band, the high band and the product of the middle bands' complex

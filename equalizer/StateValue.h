@@ -7,11 +7,14 @@
 /// most significant byte first. std only.
 namespace StateValue {
 
+/// The four bytes of a value.
 using Word = std::array<unsigned char, 4>;
 
 /// The bits of a number, those of a NaN, too.
+/// @{
 Word toWord(float place);
 float fromWord(const Word& word);
+/// @}
 
 /// 0 at the minimum, 1 at the maximum, always between; 0 where that is undefined.
 float toPlace(int value, int minimum, int maximum);

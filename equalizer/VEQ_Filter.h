@@ -42,6 +42,7 @@ public:
     /// next to it toward zero, and order 0 has no storage. Throws std::bad_alloc when there is no
     /// memory or the order is below -1; the filter is then of order 0.
     void setOrder(long order);
+    /// Twice the number of sections.
     std::int64_t order() const { return m_order; }
 
     /// Makes the newest design take effect at once, from silence.
@@ -55,6 +56,7 @@ public:
     /// the pole (or pole pair) lies, in variant B the zero. A cut is the exact reciprocal of the
     /// boost of the same size. `type` 1 is variant B, any other type variant A; without a type it
     /// is variant B.
+    /// @{
     void setCoefLOWS(double f, double g, double fs);
     void setCoefLOWS(double f, double g, double fs, short type);
     void setCoefLOWS_A(double f, double g, double fs);
@@ -63,8 +65,10 @@ public:
     void setCoefLOWS_2(double f, double g, double fs, short type);
     void setCoefLOWS_2A(double f, double g, double fs);
     void setCoefLOWS_2B(double f, double g, double fs);
+    /// @}
 
     /// High shelves: 0 dB at DC, gain g at half the sample rate; otherwise as the low shelves.
+    /// @{
     void setCoefHIGS(double f, double g, double fs);
     void setCoefHIGS(double f, double g, double fs, short type);
     void setCoefHIGS_A(double f, double g, double fs);
@@ -73,13 +77,16 @@ public:
     void setCoefHIGS_2(double f, double g, double fs, short type);
     void setCoefHIGS_2A(double f, double g, double fs);
     void setCoefHIGS_2B(double f, double g, double fs);
+    /// @}
 
     /// Butterworth pass filters, -3 dB at f: of second order if `order` is 2, otherwise of first
     /// order. Without an argument the stored order decides.
+    /// @{
     void setCoefHPF(double f, double fs);
     void setCoefHPF(long order, double f, double fs);
     void setCoefLPF(double f, double fs);
     void setCoefLPF(long order, double f, double fs);
+    /// @}
 
     /// The section of the analog s^2 / (s^2 + p s + q), written to five doubles.
     static void HpfCoefToZet(double p, double q, double* out);
@@ -90,6 +97,7 @@ public:
     /// One sample in, one sample out. A design set since the last call is cross-faded in over the
     /// fade length; a fade that is under way runs to its end first.
     double cal(double x);
+    /// The same for a sample that is a whole number.
     double cal(long x);
     /// Each sample of a block in place, bit by bit as cal(double) gives them.
     void cal(std::span<double> block);
@@ -100,9 +108,13 @@ public:
     /// doubles, each a signal with a section of its own.
     template <typename Sample> struct BasicRunner
     {
+        /// Coefficients, and what was heard.
+        /// @{
         Sample b0 = Sample{} + 1.0, b1{}, b2{}, a1{}, a2{};
         Sample x1{}, x2{}, y1{}, y2{};
+        /// @}
 
+        /// One sample in, one sample out.
         Sample next(Sample x)
         {
             const Sample y = b0 * x + b1 * x1 + b2 * x2 + a1 * y1 + a2 * y2;
@@ -117,7 +129,9 @@ public:
 
     /// Whether neither a cross-fade runs nor a new design waits for one.
     bool isSettled() const { return !m_changed && m_fadeCounter >= fadeSamples(); }
+    /// Section 0 as it is now.
     Runner runner() const;
+    /// Takes back what a runner has heard.
     void setDelay(const Runner& runner);
 
     /// The level of the whole cascade at f in dB, -100 where it is exactly silent.
@@ -129,8 +143,10 @@ public:
     ZPlane::Complex response(ZPlane::Complex unitDelay) const;
 
     /// Copy at most `n` coefficients, section after section, in and out; the rest stays.
+    /// @{
     void setCoefDirect(const double* c, long n);
     void getCoefDirect(double* c, long n) const;
+    /// @}
 
     /// Takes over another filter's order number and first section. It does not count as a new
     /// design, so cal() does not cross-fade to it. Storage stays as it is: an order beyond it adds
@@ -139,6 +155,7 @@ public:
 
     /// Sets the fade length to 10 ms at this rate. The designs are given their rate themselves.
     void SetSampleRate(double fs);
+    /// In Hz.
     double sampleRate() const { return m_sampleRate; }
 
 private:

@@ -10,6 +10,7 @@
 /// that no filter response comes near to.
 namespace ZPlane {
 
+/// A point of the z plane, or a response.
 using Complex = std::complex<double>;
 
 /// The level of a response of exactly zero, in dB.
@@ -22,13 +23,16 @@ inline Complex unitDelay(double frequency, double sampleRate)
     return {std::cos(w), -std::sin(w)};
 }
 
+/// a b.
 inline Complex product(Complex a, Complex b)
 {
     return {a.real() * b.real() - a.imag() * b.imag(), a.real() * b.imag() + a.imag() * b.real()};
 }
 
+/// |a|^2.
 inline double squaredMagnitude(Complex a) { return a.real() * a.real() + a.imag() * a.imag(); }
 
+/// a / b.
 inline Complex quotient(Complex a, Complex b)
 {
     return product(a, std::conj(b)) / squaredMagnitude(b);

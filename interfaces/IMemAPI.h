@@ -54,6 +54,7 @@ public:
     /// From now on \a observer is told of every change of (\a parameter, \a ch). Not owned.
     virtual int registerObserver(unsigned short parameter, unsigned short ch,
                                  IPrmObserver* observer) = 0;
+    /// Undoes registerObserver().
     virtual int unregisterObserver(unsigned short parameter, unsigned short ch,
                                    IPrmObserver* observer) = 0;
     virtual void reserved28() {}

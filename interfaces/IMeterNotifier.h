@@ -12,8 +12,10 @@ class IMeterNotifier
 public:
     virtual void reserved0() {}
     virtual void reserved1() {}
+    /// From now on \a observer is given every reading. Not owned.
     virtual void addMeterObserver(IMeterObserver* observer) = 0;
     virtual void reserved3() {}
+    /// Undoes addMeterObserver().
     virtual void removeMeterObserver(IMeterObserver* observer) = 0;
 
 protected:

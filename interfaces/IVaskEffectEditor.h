@@ -39,9 +39,11 @@ public:
     virtual void setModelInfo(IModelInfo* modelInfo) = 0;
     /// The channel \a ch and, for a stereo pair, its second channel \a ch2 (negative: mono).
     virtual void setCh(int ch, int ch2) = 0;
+    /// Whether the channel is one of a stereo pair.
     virtual void setStereo(bool stereo) = 0;
     /// The sampling rate in Hz.
     virtual void setFs(int fs) = 0;
+    /// Whether the effect is switched on.
     virtual void setOn(bool on) = 0;
     /// How knobs are dragged, in the host's numbering.
     virtual void setDialEditMode(int mode) = 0;

@@ -13,6 +13,7 @@ public:
     virtual void setScale(double scale) = 0;
     /// What the host should keep for this editor between sessions.
     virtual QMap<QString, QVariant> getEditorSettings() const = 0;
+    /// Takes back what getEditorSettings() gave; what is not in it stays as it is.
     virtual void setEditorSettings(const QMap<QString, QVariant>& settings) = 0;
     /// The factor last given to setScale().
     virtual double scale() const = 0;

@@ -9,8 +9,8 @@
 /// One setting of a preset: a parameter by its English title, and its text.
 struct PresetSetting
 {
-    const char* title;
-    const char* text;
+    const char* title; ///< of the parameter
+    const char* text;  ///< of its value
 };
 
 /// A preset that comes with the equalizer, in the mixer and in workstations. Parameters that it
@@ -19,7 +19,7 @@ struct FactoryPreset
 {
     const char* name; ///< in English; the translations' context is "FactoryPreset"
     const char* hint; ///< what it is for, likewise
-    std::vector<PresetSetting> settings;
+    std::vector<PresetSetting> settings; ///< what it sets
 };
 
 std::span<const FactoryPreset> factoryPresets();

@@ -22,14 +22,15 @@ enum class ParameterKind {
 /// equalizerParameters at the same index.
 struct Parameter
 {
-    const char* name;  ///< the name that editors look it up by
-    const char* title; ///< for people, in English; the translations' context is "Parameter"
-    ParameterKind kind;
-    int minimum;
-    int maximum;
-    int defaultValue;
-    const char* unit; ///< what people read after the text; empty for none
+    const char* name;   ///< the name that editors look it up by
+    const char* title;  ///< for people, in English; the translations' context is "Parameter"
+    ParameterKind kind; ///< what it measures
+    int minimum;        ///< the lowest raw value
+    int maximum;        ///< the highest raw value
+    int defaultValue;   ///< the raw value of a reset
+    const char* unit;   ///< what people read after the text; empty for none
 
+    /// Whether a raw value is in its range.
     constexpr bool allows(int value) const { return value >= minimum && value <= maximum; }
 };
 

@@ -11,10 +11,11 @@
 /// it writes and value for value what it restores. std only.
 struct SavedState
 {
-    ChannelValues values = defaultValues();
+    ChannelValues values = defaultValues(); ///< of every parameter
     /// Kept in the value that belongs to no parameter, which components write as 0 and skip.
     bool isBypassed = false;
 
+    /// Whether both save the same.
     bool operator==(const SavedState&) const = default;
 };
 

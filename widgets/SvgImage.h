@@ -38,6 +38,7 @@ public:
 
     /// The path last given to load(), whether or not it was good.
     QString path() const { return m_path; }
+    /// Whether there is a picture to draw.
     bool isValid() const { return m_document != nullptr; }
     /// The picture's own size; (0, 0) if not valid.
     QSize defaultSize() const;

@@ -4,7 +4,12 @@
 //   control-panel [PICTURE.png]     writes a picture instead of opening a window
 #include "Panel.h"
 
+#include <zolta/controls/ButtonGroupController.h>
+
 #include <QApplication>
+#include <QTimer>
+
+using CommonController_MemAPI::ButtonGroupController;
 
 int main(int argc, char* argv[])
 {
@@ -12,10 +17,12 @@ int main(int argc, char* argv[])
     Memory memory;
     Panel panel(memory);
     panel.setTone(-60);
-    if (argc > 1) {
-        QCoreApplication::processEvents(); // the buttons join their group
-        return panel.grab().save(QString::fromLocal8Bit(argv[1])) ? 0 : 1;
-    }
-    panel.show();
+    const auto writePicture = [&] {
+        QCoreApplication::exit(panel.grab().save(QString::fromLocal8Bit(argv[1])) ? 0 : 1);
+    };
+    if (argc > 1) // once the buttons have joined their group and show its value
+        QTimer::singleShot(2 * ButtonGroupController::UpdateDelay, &panel, writePicture);
+    else
+        panel.show();
     return QApplication::exec();
 }

@@ -9,6 +9,8 @@
 
 #include <QCoreApplication>
 
+#include <pluginterfaces/vst/ivstcomponent.h>
+
 #include <limits>
 
 namespace {
