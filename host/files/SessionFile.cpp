@@ -22,6 +22,11 @@ constexpr qint64 maxFileSize = 4 << 20;
 
 QString shown(const QString& file) { return QDir::toNativeSeparators(file); }
 
+QString inUserData(QLatin1String name)
+{
+    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + name;
+}
+
 // One for all links to the file.
 QString lockFileOf(const QString& file)
 {
@@ -92,11 +97,9 @@ Content contentOf(const QString& file, const SessionData& before)
 
 } // namespace
 
-QString SessionFile::standardFile()
-{
-    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
-           QLatin1String("/session.json");
-}
+QString SessionFile::standardFile() { return inUserData(QLatin1String("/session.json")); }
+
+QString SessionFile::desktopFile() { return inUserData(QLatin1String("/desktop.json")); }
 
 SessionFile::~SessionFile()
 {

@@ -53,6 +53,19 @@ void EditorToolBar::setScale(double scale) { m_zoom->setValue(percentOf(scale));
 
 void EditorToolBar::zoomBy(int steps) { m_zoom->stepBy(steps); }
 
+void EditorToolBar::setSampleRate(int hertz)
+{
+    if (m_rate->findData(hertz) < 0)
+        m_rate->addItem(QStringLiteral("%1 Hz").arg(hertz), hertz);
+    m_rate->setCurrentIndex(m_rate->findData(hertz));
+}
+
+void EditorToolBar::fixChannelAndRate()
+{
+    m_stereo->setEnabled(false);
+    m_rate->setEnabled(false);
+}
+
 void EditorToolBar::changeEvent(QEvent* event)
 {
     QToolBar::changeEvent(event);
@@ -119,19 +132,16 @@ void EditorToolBar::addStereo()
 
 void EditorToolBar::addSampleRate()
 {
-    auto* rates = new QComboBox(this);
+    m_rate = new QComboBox(this);
     for (const int rate : {44100, 48000, 88200, 96000, 176400, 192000})
-        rates->addItem(QStringLiteral("%1 Hz").arg(rate), rate);
-    const int current = m_session.settings().sampleRate;
-    if (rates->findData(current) < 0)
-        rates->addItem(QStringLiteral("%1 Hz").arg(current), current);
-    rates->setCurrentIndex(rates->findData(current));
-    connect(rates, &QComboBox::currentIndexChanged, this, [this, rates] {
-        m_session.setSampleRate(rates->currentData().toInt());
+        m_rate->addItem(QStringLiteral("%1 Hz").arg(rate), rate);
+    setSampleRate(m_session.settings().sampleRate);
+    connect(m_rate, &QComboBox::currentIndexChanged, this, [this] {
+        m_session.setSampleRate(m_rate->currentData().toInt());
         Q_EMIT sampleRateChanged(m_session.settings().sampleRate);
     });
     addWidget(m_texts.label(this, [] { return tr("Sampling rate"); }));
-    addWidget(rates);
+    addWidget(m_rate);
 }
 
 void EditorToolBar::addModes()

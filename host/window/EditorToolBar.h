@@ -22,6 +22,10 @@ public:
     void setStereo(bool stereo);
     void setScale(double scale);
     void zoomBy(int steps);
+    /// In Hz.
+    void setSampleRate(int hertz);
+    /// Leaves users no choice of the channels and the rate.
+    void fixChannelAndRate();
 
 Q_SIGNALS:
     /// The editor has been switched between the pair and the channel alone.
@@ -50,6 +54,7 @@ private:
     Retranslator m_texts;
     QSpinBox* m_zoom = nullptr;
     QComboBox* m_stereo = nullptr;
+    QComboBox* m_rate = nullptr;
     QAction* m_chooseA = nullptr;
     QAction* m_chooseB = nullptr;
 };

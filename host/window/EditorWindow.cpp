@@ -2,6 +2,7 @@
 #include "host/window/EditorWindow.h"
 
 #include "host/audio/AudioSession.h"
+#include "host/desktop/DesktopEqualizer.h"
 #include "host/window/EditMenu.h"
 #include "host/window/EditorToolBar.h"
 #include "host/window/LanguageMenu.h"
@@ -61,6 +62,16 @@ void EditorWindow::setStereo(bool stereo) { m_bar->setStereo(stereo); }
 void EditorWindow::setScale(double scale) { m_bar->setScale(scale); }
 
 void EditorWindow::setMeasured(bool measured) { m_panels->setShown(m_measured, measured); }
+
+void EditorWindow::follow(const DesktopEqualizer& desktop)
+{
+    m_desktop = &desktop;
+    m_toMixer->setVisible(false);
+    connect(&desktop, &DesktopEqualizer::changed, this, &EditorWindow::showDesktop);
+    m_bar->fixChannelAndRate();
+    showDesktop();
+    showTitle();
+}
 
 void EditorWindow::loadPreset(const QString& name)
 {
@@ -168,7 +179,7 @@ void EditorWindow::buildViewMenu(QMenu* menu)
     addPanelItem(
         menu, [] { return tr("&Parameters"); }, QKeySequence(Qt::CTRL | Qt::Key_L), m_parameters);
     addLanguageMenu(menu, m_mixer.language, m_texts);
-    m_texts.action(
+    m_toMixer = m_texts.action(
         menu, [] { return tr("&Mixer"); }, QKeySequence(Qt::CTRL | Qt::Key_M), this,
         [this] { Q_EMIT mixerWanted(); });
 }
@@ -209,8 +220,17 @@ void EditorWindow::buildStatus()
     listen();
 }
 
+void EditorWindow::showDesktop()
+{
+    if (m_desktop->rate() > 0)
+        m_bar->setSampleRate(m_desktop->rate());
+    showAudio();
+}
+
 void EditorWindow::showAudio()
 {
+    if (m_desktop && !m_desktop->output().isEmpty())
+        return m_audio->setText(tr("Plays to %1").arg(m_desktop->output()));
     const AudioSession* transport = m_mixer.mixerModel.transport();
     const bool playing = transport && transport->state() == AudioSession::State::Playing;
     m_audio->setText(playing ? QString() : tr("No audio"));
@@ -292,6 +312,8 @@ void EditorWindow::chooseSize()
 
 void EditorWindow::showTitle()
 {
+    if (m_desktop)
+        return setWindowTitle(tr("Desktop Equalizer"));
     const int channel = settings().channel;
     const QString title =
         settings().stereo ? tr("Channels %1 + %2 - Equalizer").arg(channel).arg(partnerOf(channel))

@@ -20,6 +20,10 @@
         <source>The list cannot be printed: %1.</source>
         <translation>Die Liste lässt sich nicht ausgeben: %1.</translation>
     </message>
+    <message>
+        <source>The desktop equalizer is already running.</source>
+        <translation>Der Desktop-Equalizer läuft bereits.</translation>
+    </message>
 </context>
 <context>
     <name>EditorToolBar</name>
@@ -225,6 +229,14 @@
     <message>
         <source>Parameters</source>
         <translation>Parameter</translation>
+    </message>
+    <message>
+        <source>Desktop Equalizer</source>
+        <translation>Desktop-Equalizer</translation>
+    </message>
+    <message>
+        <source>Plays to %1</source>
+        <translation>Spielt auf %1</translation>
     </message>
 </context>
 <context>
@@ -1527,6 +1539,10 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
         <source>The text cannot be printed: %1.</source>
         <translation>Der Text lässt sich nicht ausgeben: %1.</translation>
     </message>
+    <message>
+        <source>equalize everything that the desktop plays through PipeWire as long as the editor is open, instead of opening the mixer; its settings are kept for the next time</source>
+        <translation>alles, was der Desktop über PipeWire abspielt, durch den Equalizer schicken, solange der Editor offen ist, statt das Mischpult zu öffnen; die Einstellungen bleiben für das nächste Mal erhalten</translation>
+    </message>
 </context>
 <context>
     <name>CommonController_MemAPI</name>
@@ -1812,6 +1828,17 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
     <message>
         <source>The plug-in %1 cannot be tried in a process of its own: %2.</source>
         <translation>Das Plug-in %1 lässt sich nicht in einem eigenen Prozess prüfen: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopEqualizer</name>
+    <message>
+        <source>The desktop equalizer has no sound because PipeWire is not running. Start it with &quot;systemctl --user start pipewire wireplumber&quot;; the equalizer then plays by itself.</source>
+        <translation>Der Desktop-Equalizer hat keinen Ton, weil PipeWire nicht läuft. Mit &quot;systemctl --user start pipewire wireplumber&quot; starten; dann spielt der Equalizer von selbst.</translation>
+    </message>
+    <message>
+        <source>The desktop equalizer has no sound because PipeWire runs without a session manager. Start one with &quot;systemctl --user start wireplumber&quot;; the equalizer then plays by itself.</source>
+        <translation>Der Desktop-Equalizer hat keinen Ton, weil PipeWire ohne Sitzungsverwaltung läuft. Mit &quot;systemctl --user start wireplumber&quot; eine starten; dann spielt der Equalizer von selbst.</translation>
     </message>
 </context>
 </TS>

@@ -20,6 +20,10 @@
         <source>The list cannot be printed: %1.</source>
         <translation>一覧を出力できません: %1。</translation>
     </message>
+    <message>
+        <source>The desktop equalizer is already running.</source>
+        <translation>デスクトップイコライザーはすでに動作しています。</translation>
+    </message>
 </context>
 <context>
     <name>EditorToolBar</name>
@@ -225,6 +229,14 @@
     <message>
         <source>Parameters</source>
         <translation>パラメーター</translation>
+    </message>
+    <message>
+        <source>Desktop Equalizer</source>
+        <translation>デスクトップイコライザー</translation>
+    </message>
+    <message>
+        <source>Plays to %1</source>
+        <translation>再生先: %1</translation>
     </message>
 </context>
 <context>
@@ -1527,6 +1539,10 @@ A mixer with 8 channels that opens the channel equalizer's editor.
         <source>The text cannot be printed: %1.</source>
         <translation>テキストを出力できません: %1。</translation>
     </message>
+    <message>
+        <source>equalize everything that the desktop plays through PipeWire as long as the editor is open, instead of opening the mixer; its settings are kept for the next time</source>
+        <translation>ミキサーを開く代わりに、エディターが開いている間、デスクトップが PipeWire で再生するすべての音をイコライザーに通す。設定は次回のために保存される</translation>
+    </message>
 </context>
 <context>
     <name>CommonController_MemAPI</name>
@@ -1812,6 +1828,17 @@ A mixer with 8 channels that opens the channel equalizer's editor.
     <message>
         <source>The plug-in %1 cannot be tried in a process of its own: %2.</source>
         <translation>プラグイン %1 を別のプロセスで確認できません: %2。</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopEqualizer</name>
+    <message>
+        <source>The desktop equalizer has no sound because PipeWire is not running. Start it with &quot;systemctl --user start pipewire wireplumber&quot;; the equalizer then plays by itself.</source>
+        <translation>PipeWire が動作していないため、デスクトップイコライザーから音が出ません。「systemctl --user start pipewire wireplumber」で起動すると、自動的に再生が始まります。</translation>
+    </message>
+    <message>
+        <source>The desktop equalizer has no sound because PipeWire runs without a session manager. Start one with &quot;systemctl --user start wireplumber&quot;; the equalizer then plays by itself.</source>
+        <translation>PipeWire がセッションマネージャーなしで動作しているため、デスクトップイコライザーから音が出ません。「systemctl --user start wireplumber」で起動すると、自動的に再生が始まります。</translation>
     </message>
 </context>
 </TS>
