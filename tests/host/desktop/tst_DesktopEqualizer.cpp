@@ -17,8 +17,8 @@ namespace {
 
 constexpr int patience = 20000; // ms
 constexpr std::size_t fade = 2000;
-const DesktopTimes quick{.retry = std::chrono::milliseconds(50),
-                         .patience = std::chrono::milliseconds(200)};
+const DesktopTimes quick{.retry = std::chrono::milliseconds(300),
+                         .patience = std::chrono::milliseconds(300)};
 
 MixBus::Strips bothInputs()
 {
@@ -226,7 +226,7 @@ void tst_DesktopEqualizer::isTheDefaultWhileItRuns()
                               patience);
     QTRY_COMPARE_WITH_TIMEOUT(m_equalizer->output(), "The "_L1 + output, patience);
     m_equalizer->stop();
-    QVERIFY(isLeft());
+    QTRY_VERIFY_WITH_TIMEOUT(isLeft(), patience);
     QCOMPARE(m_server->chosenSink(), chosen);
     QTRY_COMPARE_WITH_TIMEOUT(m_server->defaultSink(), output, patience);
     QTRY_COMPARE_WITH_TIMEOUT(m_server->playersOf(output), QStringList(SoundPlayer::name),
@@ -371,7 +371,7 @@ void tst_DesktopEqualizer::waitsForASink()
     m_server->addSink(u"late"_s);
     QTRY_COMPARE_WITH_TIMEOUT(m_equalizer->output(), u"The late"_s, patience);
     m_equalizer->stop();
-    QCOMPARE(m_server->sinks(), QStringList(u"late"_s));
+    QTRY_COMPARE_WITH_TIMEOUT(m_server->sinks(), QStringList(u"late"_s), patience);
     QTRY_COMPARE_WITH_TIMEOUT(m_server->defaultSink(), u"late"_s, patience);
 }
 

@@ -4,7 +4,9 @@
 #include "tests/engine/RealtimeTrap.h"
 #include "tests/support/TestObject.h"
 
+#include <atomic>
 #include <cmath>
+#include <thread>
 
 class tst_DesktopProcessor : public TestObject
 {
@@ -19,6 +21,7 @@ private Q_SLOTS:
     void beginsAnewAtAnotherRate();
     void isSilentWithoutInputs();
     void neverAllocatesOrLocks();
+    void obeysAnotherThread();
 
 private:
     using Block = std::vector<float>;
@@ -147,6 +150,26 @@ void tst_DesktopProcessor::neverAllocatesOrLocks()
     }
     QCOMPARE(trap.allocations(), 0);
     QCOMPARE(trap.locks(), 0);
+}
+
+// Whatever is asked for meanwhile, the last request holds.
+void tst_DesktopProcessor::obeysAnotherThread()
+{
+    std::atomic<bool> asked = false;
+    std::thread other([&] {
+        for (int i = 0; i < 20000; ++i) {
+            m_processor->setSampleRate(i % 2 == 0 ? 44100 : 48000);
+            m_processor->setAudible(i % 3 == 0);
+        }
+        m_processor->setAudible(true);
+        asked = true;
+    });
+    while (!asked)
+        play(64);
+    other.join();
+    play(960);
+    QVERIFY(!m_processor->isFadedOut());
+    QCOMPARE(play(64), Block(64, 0.5F));
 }
 
 QTEST_APPLESS_MAIN(tst_DesktopProcessor)
