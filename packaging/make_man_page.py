@@ -32,6 +32,9 @@ TAIL = """.SH FILES
 The last session: names, settings and open windows. A damaged one is kept beside it under another
 name.
 .TP
+.I ~/.local/share/zolta\-host/desktop.json
+The same for the desktop equalizer.
+.TP
 .I ~/.local/share/zolta\-host/presets/
 The user's presets.
 .TP
@@ -44,6 +47,9 @@ Play a file and open the editor of its channels.
 .TP
 .B zolta\\-host \\-\\-render voice.wav out.flac \\-\\-state voice.vstpreset
 Send a file through saved settings.
+.TP
+.B zolta\\-host \\-\\-desktop
+Equalize everything that the desktop plays.
 .TP
 .B zolta\\-host \\-\\-list
 Show the names and ranges of all parameters for \\fB\\-\\-set\\fR.

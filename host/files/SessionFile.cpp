@@ -22,6 +22,11 @@ constexpr qint64 maxFileSize = 4 << 20;
 
 QString shown(const QString& file) { return QDir::toNativeSeparators(file); }
 
+QString inUserData(QLatin1String name)
+{
+    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + name;
+}
+
 // One for all links to the file.
 QString lockFileOf(const QString& file)
 {
@@ -94,11 +99,9 @@ bool isLockedElsewhere(const LockedFile* lock) { return lock && lock->error() ==
 
 } // namespace
 
-QString SessionFile::standardFile()
-{
-    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
-           QLatin1String("/session.json");
-}
+QString SessionFile::standardFile() { return inUserData(QLatin1String("/session.json")); }
+
+QString SessionFile::desktopFile() { return inUserData(QLatin1String("/desktop.json")); }
 
 SessionFile::~SessionFile() { unlock(); }
 

@@ -19,6 +19,8 @@ class SessionFile
 public:
     /// The file in the user's data.
     static QString standardFile();
+    /// That of the desktop equalizer, likewise.
+    static QString desktopFile();
 
     SessionFile() = default;
     /// Removes the lock file.

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/program/Application.h"
 
+#include "host/desktop/DesktopEqualizer.h"
 #include "host/meters/MixerMeters.h"
 #include "host/program/EndingSignals.h"
 #include "host/program/ExitGuard.h"
+#include "host/program/WarningBox.h"
 #include "host/window/EditorWindow.h"
 #include "host/window/HostTheme.h"
 #include "host/window/MixerSession.h"
@@ -18,7 +20,6 @@
 #include <QPushButton>
 #include <QScreen>
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 
@@ -43,34 +44,6 @@ Error noEditor(int channel)
     return {Application::tr("The plug-in has no editor for channel %1.").arg(channel)};
 }
 
-bool isShown(const QWidget& window, const QString& sentence)
-{
-    const QList<QMessageBox*> boxes = window.findChildren<QMessageBox*>();
-    return std::any_of(boxes.begin(), boxes.end(), [&sentence](const QMessageBox* box) {
-        return box->isVisible() && box->text() == sentence;
-    });
-}
-
-// Nothing where the sentence is shown already.
-QMessageBox* showWarning(QWidget& window, const QString& sentence)
-{
-    printError(sentence);
-    if (isShown(window, sentence))
-        return nullptr;
-    auto* box = new QMessageBox(QMessageBox::Warning, window.windowTitle(), sentence,
-                                QMessageBox::Ok, &window);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setModal(false);
-    box->show();
-    return box;
-}
-
-// Programs that a desktop starts have no standard error stream that anybody reads.
-QMessageBox* warn(QWidget& window, const Status& status)
-{
-    return status.isOk() ? nullptr : showWarning(window, status.error());
-}
-
 // Editors that come up later would cover them.
 void bringMessagesToFront(QWidget& window)
 {
@@ -83,7 +56,7 @@ void bringMessagesToFront(QWidget& window)
 
 void offerToFind(MixerWindow& window, MixerSession& session, const QString& file)
 {
-    QMessageBox* box = showWarning(
+    QMessageBox* box = WarningBox::show(
         window, Application::tr("The session's sound file %1 is not there any more.").arg(file));
     if (!box)
         return;
@@ -101,31 +74,7 @@ void offerToSaveAnyway(QMessageBox* box, MixerSession& session)
     QObject::connect(save, &QPushButton::clicked, &session, &MixerSession::saveAnyway);
 }
 
-bool endsUnsaved(QWidget& window, const QString& error)
-{
-    printError(error);
-    QMessageBox box(QMessageBox::Warning, window.windowTitle(), error, QMessageBox::Cancel,
-                    &window);
-    const auto* quit =
-        box.addButton(Application::tr("Quit Without Saving"), QMessageBox::DestructiveRole);
-    box.exec();
-    return box.clickedButton() == quit;
-}
-
 } // namespace
-
-void printError(const QString& sentence)
-{
-    std::fprintf(stderr, "zolta-host: %s\n", sentence.toLocal8Bit().constData());
-}
-
-int exitCodeOf(const Status& status)
-{
-    if (status.isOk())
-        return ExitDone;
-    printError(status.error());
-    return ExitError;
-}
 
 Application::Application(CommandLine commandLine, const QString& programFolder)
     : m_commandLine(std::move(commandLine))
@@ -142,7 +91,9 @@ int Application::run()
         return exitCodeOf(loaded);
     applyHostTheme();
     m_mixer.meters.setEnabled(m_commandLine.showsMeters());
-    return m_commandLine.headless() ? exitCodeOf(runHeadless()) : runWindows();
+    if (m_commandLine.headless())
+        return exitCodeOf(runHeadless());
+    return m_commandLine.desktop ? runDesktop() : runWindows();
 }
 
 Status Application::runHeadless()
@@ -185,16 +136,17 @@ int Application::runWindows()
     if (!opened.isOk())
         return exitCodeOf(opened);
     MixerWindow mixerWindow(m_mixer, m_commandLine.editor);
-    const auto report = [&](const QString& text) { showWarning(mixerWindow, text); };
+    const auto report = [&](const QString& text) { WarningBox::show(mixerWindow, text); };
     m_mixer.settings.setReporter(report);
     MixerSession session(m_mixer, report);
-    session.setAsker([&](const QString& text) { return endsUnsaved(mixerWindow, text); });
+    session.setAsker(
+        [&](const QString& text) { return WarningBox::endsUnsaved(mixerWindow, text); });
     const Status settings = m_mixer.settings.open(SettingsFile::standardFile());
     const Status restored = session.open(sessionFile());
     chooseChannel();
     mixerWindow.show();
-    warn(mixerWindow, settings);
-    QMessageBox* box = warn(mixerWindow, restored);
+    WarningBox::show(mixerWindow, settings);
+    QMessageBox* box = WarningBox::show(mixerWindow, restored);
     if (box && session.isTaken())
         offerToSaveAnyway(box, session);
     session.restoreWindows(mixerWindow);
@@ -214,9 +166,56 @@ int Application::runWindows()
     return loop(mixerWindow, session, endingSignals);
 }
 
+// The mixer's window stays hidden; its first pair is what the desktop's sound goes through.
+int Application::runDesktop()
+{
+    const EndingSignals endingSignals;
+    MixerWindow mixerWindow(m_mixer, m_commandLine.editor);
+    MixerSession session(m_mixer,
+                         [&](const QString& text) { WarningBox::show(mixerWindow, text); });
+    session.setAsker(
+        [&](const QString& text) { return WarningBox::endsUnsaved(mixerWindow, text); });
+    const Status restored = session.open(SessionFile::desktopFile());
+    if (session.isTaken())
+        return exitCodeOf(Error{Application::tr("The desktop equalizer is already running.")});
+    session.restoreWindows(mixerWindow);
+    chooseDesktopStrip();
+    const Status opened = openEditor(mixerWindow);
+    if (!opened.isOk())
+        return exitCodeOf(opened);
+    m_mixer.mixerModel.history().clear();
+    EditorWindow& editor = *mixerWindow.editors().constFirst();
+    WarningBox::show(editor, restored);
+    DesktopEqualizer equalizer(m_bus);
+    connectDesktop(equalizer, editor);
+    return loop(mixerWindow, session, endingSignals, [&equalizer] { equalizer.stop(); });
+}
+
+// Whatever a mixer's session says of its strips, there is nothing here to see it by.
+void Application::chooseDesktopStrip()
+{
+    const EditHistory::Pause pause(m_mixer.mixerModel.history());
+    for (int channel = 0; channel < channelCount; ++channel) {
+        for (std::size_t i = 0; i < stripParameterCount; ++i)
+            m_mixer.memory.setStrip(channel, StripParameter(i), stripTable[i].defaultValue);
+        m_mixer.mixerModel.setName(channel, QString());
+    }
+    m_mixer.memory.setStrip(0, StripParameter::Source, SourceInput1);
+}
+
+void Application::connectDesktop(DesktopEqualizer& equalizer, EditorWindow& editor)
+{
+    editor.follow(equalizer);
+    QObject::connect(&equalizer, &DesktopEqualizer::failed, &editor,
+                     [&editor](const QString& text) { WarningBox::show(editor, text); });
+    m_mixer.meters.setProducer(std::make_unique<MixerMeters>(m_mixer.mixerModel, m_bus.engine()));
+    m_publisher.publish();
+    equalizer.start();
+}
+
 // Until the windows are closed, a signal arrives, or the display is gone.
 int Application::loop(MixerWindow& mixerWindow, MixerSession& session,
-                      const EndingSignals& endingSignals)
+                      const EndingSignals& endingSignals, const std::function<void()>& lastWork)
 {
     QObject::connect(&endingSignals, &EndingSignals::arrived, &mixerWindow, [&] {
         session.setAsker({}); // nobody might be there any more
@@ -226,8 +225,10 @@ int Application::loop(MixerWindow& mixerWindow, MixerSession& session,
     const ExitGuard guard([&] {
         m_mixer.settings.setReporter(&printError); // nothing can be shown any more
         exitCodeOf(session.saveAtOnce());
+        lastWork();
     });
     const int code = QApplication::exec();
+    lastWork();
     return session.isSaved() ? code : ExitError;
 }
 
@@ -279,7 +280,7 @@ Status Application::openAudio()
 void Application::connectAudio(MixerWindow& mixerWindow)
 {
     QObject::connect(&m_audio, &AudioSession::failed, &mixerWindow,
-                     [&mixerWindow](const QString& text) { showWarning(mixerWindow, text); });
+                     [&mixerWindow](const QString& text) { WarningBox::show(mixerWindow, text); });
     QObject::connect(&m_audio, &AudioSession::starting, &m_publisher, &SettingsPublisher::publish);
     m_mixer.mixerModel.setTransport(&m_audio);
     m_mixer.meters.setProducer(std::make_unique<MixerMeters>(m_mixer.mixerModel, m_bus.engine()));

@@ -6,26 +6,21 @@
 #include "host/audio/SystemAudioDevice.h"
 #include "host/model/SettingsPublisher.h"
 #include "host/program/CommandLine.h"
+#include "host/program/ProgramError.h"
 #include "host/window/Mixer.h"
 #include "hosting/Result.h"
 
 #include <QCoreApplication>
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 
+class DesktopEqualizer;
+class EditorWindow;
 class EndingSignals;
 class MixerSession;
 class MixerWindow;
-
-/// Exit codes of the program.
-enum ExitCode { ExitDone = 0, ExitError = 1, ExitUsage = 2 };
-
-/// Writes "zolta-host: " and \a sentence to the standard error stream.
-void printError(const QString& sentence);
-
-/// The exit code after \a status, which is printed where it is an error.
-int exitCodeOf(const Status& status);
 
 /// The program once its arguments are understood. Needs a QApplication.
 class Application
@@ -42,7 +37,12 @@ private:
     Status runHeadless();
     Status runCommands(EditorSession& session);
     int runWindows();
-    int loop(MixerWindow& mixerWindow, MixerSession& session, const EndingSignals& endingSignals);
+    int runDesktop();
+    int loop(
+        MixerWindow& mixerWindow, MixerSession& session, const EndingSignals& endingSignals,
+        const std::function<void()>& lastWork = [] {});
+    void chooseDesktopStrip();
+    void connectDesktop(DesktopEqualizer& equalizer, EditorWindow& editor);
     Status openAudio();
     void connectAudio(MixerWindow& mixerWindow);
     void chooseChannel();

@@ -57,6 +57,7 @@ public:
     QString screenshot;         ///< file to write
     Render render;
     Audio audio;
+    bool desktop = false;         ///< "--desktop"
     bool devices = false;         ///< "--devices"
     bool sampleRateGiven = false; ///< whether "--sample-rate" was
 

@@ -106,6 +106,12 @@ Status setBlock(const Option& o, const QString& value, CommandLine* line)
     return readInteger(o.name, value, minBlock, maxBlock, &line->audio.device.block);
 }
 
+Status setDesktop(const Option&, const QString&, CommandLine* line)
+{
+    line->desktop = true;
+    return Status();
+}
+
 Status setHelp(const Option&, const QString&, CommandLine* line)
 {
     line->help = true;
@@ -238,7 +244,16 @@ OptionGroup generalOptions()
                                            "device's own)"),
           setBlock,
           {},
-          {"audio", "live"}}}};
+          {"audio", "live"}},
+         {"desktop",
+          "",
+          QT_TRANSLATE_NOOP("CommandLine", "equalize everything that the desktop plays through "
+                                           "PipeWire as long as the editor is open, instead of "
+                                           "opening the mixer; its settings are kept for the next "
+                                           "time"),
+          setDesktop,
+          {"channel", "mono", "sample-rate", "session", "audio", "live", "list", "save-state",
+           "screenshot", "render", "devices"}}}};
 }
 
 OptionGroup editorCommands()

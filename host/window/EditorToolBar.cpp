@@ -61,6 +61,8 @@ void EditorToolBar::followRate(int hertz)
     m_texts.retranslate();
 }
 
+void EditorToolBar::fixChannel() { m_stereo->setEnabled(false); }
+
 void EditorToolBar::changeEvent(QEvent* event)
 {
     QToolBar::changeEvent(event);

@@ -25,6 +25,8 @@ public:
     /// Holds the sampling rate at that of the sound, which cannot be chosen then; with 0 it stays
     /// where it is and can be.
     void followRate(int hertz);
+    /// Leaves users no choice of the channels.
+    void fixChannel();
 
 Q_SIGNALS:
     /// The editor has been switched between the pair and the channel alone.

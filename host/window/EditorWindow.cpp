@@ -2,6 +2,7 @@
 #include "host/window/EditorWindow.h"
 
 #include "host/audio/AudioSession.h"
+#include "host/desktop/DesktopEqualizer.h"
 #include "host/window/EditMenu.h"
 #include "host/window/EditorToolBar.h"
 #include "host/window/FileDialogs.h"
@@ -75,6 +76,16 @@ void EditorWindow::fitTo(double scale, const QSize& room)
 }
 
 void EditorWindow::setMeasured(bool measured) { m_panels->setShown(m_measured, measured); }
+
+void EditorWindow::follow(const DesktopEqualizer& desktop)
+{
+    m_desktop = &desktop;
+    m_toMixer->setVisible(false);
+    connect(&desktop, &DesktopEqualizer::changed, this, &EditorWindow::showDesktop);
+    m_bar->fixChannel();
+    showDesktop();
+    showTitle();
+}
 
 void EditorWindow::loadPreset(const QString& name)
 {
@@ -191,7 +202,7 @@ void EditorWindow::buildViewMenu(QMenu* menu)
     m_range = new GraphRange(m_mixer, *m_session, this);
     m_range->fill(m_texts.menu(menu, [] { return tr("&Graph Range"); }), m_texts);
     addLanguageMenu(menu, m_mixer.language, m_texts);
-    m_texts.action(
+    m_toMixer = m_texts.action(
         menu, [] { return tr("&Mixer"); }, QKeySequence(Qt::CTRL | Qt::Key_M), this,
         [this] { Q_EMIT mixerWanted(); });
 }
@@ -237,8 +248,16 @@ void EditorWindow::buildStatus()
     listen();
 }
 
+void EditorWindow::showDesktop()
+{
+    m_bar->followRate(m_desktop->rate() > 0 ? m_desktop->rate() : settings().sampleRate);
+    showAudio();
+}
+
 void EditorWindow::showAudio()
 {
+    if (m_desktop && !m_desktop->output().isEmpty())
+        return m_audio->setText(tr("Plays to %1").arg(m_desktop->output()));
     const AudioSession* transport = m_mixer.mixerModel.transport();
     const bool playing = transport && transport->state() == AudioSession::State::Playing;
     m_audio->setText(playing ? QString() : tr("No audio"));
@@ -311,6 +330,8 @@ void EditorWindow::showEvent(QShowEvent* event)
 
 void EditorWindow::showTitle()
 {
+    if (m_desktop)
+        return setWindowTitle(tr("Desktop Equalizer"));
     const int channel = settings().channel;
     const int number = shownNumber(channel);
     const int partner = shownNumber(partnerOf(channel));

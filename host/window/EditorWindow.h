@@ -9,6 +9,7 @@
 #include <memory>
 
 struct Mixer;
+class DesktopEqualizer;
 class EditorToolBar;
 class GraphRange;
 class PresetMenu;
@@ -42,6 +43,10 @@ public:
     void fitTo(double scale, const QSize& room);
     /// Shows, below the editor, the response as an impulse measures it.
     void setMeasured(bool measured);
+
+    /// Makes it the window of \a desktop, which must outlive it: its pair alone, at the rate that
+    /// is heard, and no way to the mixer.
+    void follow(const DesktopEqualizer& desktop);
 
     /// Presets. Errors are shown in a message box.
     void loadPreset(const QString& name);
@@ -78,6 +83,7 @@ private:
     void buildToolBar();
     void buildStatus();
     void showAudio();
+    void showDesktop();
     void buildEditorArea(std::unique_ptr<QWidget> stage);
     void buildPanels();
     void followZoom();
@@ -100,5 +106,7 @@ private:
     PresetMenu* m_presets = nullptr;
     GraphRange* m_range = nullptr;
     QLabel* m_audio = nullptr;
+    QAction* m_toMixer = nullptr;
+    const DesktopEqualizer* m_desktop = nullptr; // whose window this is; null: the mixer's
     QSize m_zoomRoom{0, 0}; // what the window has grown by for the editor's zoom
 };

@@ -28,6 +28,10 @@
         <source>The session&apos;s sound file %1 is not there any more.</source>
         <translation>Die Audiodatei %1 der Sitzung ist nicht mehr da.</translation>
     </message>
+    <message>
+        <source>The desktop equalizer is already running.</source>
+        <translation>Der Desktop-Equalizer läuft bereits.</translation>
+    </message>
 </context>
 <context>
     <name>EditorToolBar</name>
@@ -257,6 +261,14 @@
     <message>
         <source>&amp;Open Audio...</source>
         <translation>&amp;Audiodatei öffnen ...</translation>
+    </message>
+    <message>
+        <source>Desktop Equalizer</source>
+        <translation>Desktop-Equalizer</translation>
+    </message>
+    <message>
+        <source>Plays to %1</source>
+        <translation>Spielt auf %1</translation>
     </message>
 </context>
 <context>
@@ -1635,6 +1647,10 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
         <source>the channel to open, counted from 0 (default: 0); windows count from 1</source>
         <translation>der Kanal, der geöffnet wird, von 0 an gezählt (Vorgabe: 0); Fenster zählen von 1 an</translation>
     </message>
+    <message>
+        <source>equalize everything that the desktop plays through PipeWire as long as the editor is open, instead of opening the mixer; its settings are kept for the next time</source>
+        <translation>alles, was der Desktop über PipeWire abspielt, durch den Equalizer schicken, solange der Editor offen ist, statt das Mischpult zu öffnen; die Einstellungen bleiben für das nächste Mal erhalten</translation>
+    </message>
 </context>
 <context>
     <name>CommonController_MemAPI</name>
@@ -2286,6 +2302,17 @@ Tab und Pfeiltasten: dasselbe mit der Tastatur</translation>
     <message>
         <source>%1: %2</source>
         <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopEqualizer</name>
+    <message>
+        <source>The desktop equalizer has no sound because PipeWire is not running. Start it with &quot;systemctl --user start pipewire wireplumber&quot;; the equalizer then plays by itself.</source>
+        <translation>Der Desktop-Equalizer hat keinen Ton, weil PipeWire nicht läuft. Mit &quot;systemctl --user start pipewire wireplumber&quot; starten; dann spielt der Equalizer von selbst.</translation>
+    </message>
+    <message>
+        <source>The desktop equalizer has no sound because PipeWire runs without a session manager. Start one with &quot;systemctl --user start wireplumber&quot;; the equalizer then plays by itself.</source>
+        <translation>Der Desktop-Equalizer hat keinen Ton, weil PipeWire ohne Sitzungsverwaltung läuft. Mit &quot;systemctl --user start wireplumber&quot; eine starten; dann spielt der Equalizer von selbst.</translation>
     </message>
 </context>
 </TS>

@@ -28,6 +28,10 @@
         <source>The session&apos;s sound file %1 is not there any more.</source>
         <translation>セッションの音声ファイル %1 が見つかりません。</translation>
     </message>
+    <message>
+        <source>The desktop equalizer is already running.</source>
+        <translation>デスクトップイコライザーはすでに動作しています。</translation>
+    </message>
 </context>
 <context>
     <name>EditorToolBar</name>
@@ -257,6 +261,14 @@
     <message>
         <source>&amp;Open Audio...</source>
         <translation>音声ファイルを開く(&amp;O)...</translation>
+    </message>
+    <message>
+        <source>Desktop Equalizer</source>
+        <translation>デスクトップイコライザー</translation>
+    </message>
+    <message>
+        <source>Plays to %1</source>
+        <translation>再生先: %1</translation>
     </message>
 </context>
 <context>
@@ -1635,6 +1647,10 @@ A mixer with 8 channels that opens the channel equalizer&apos;s editor.
         <source>the channel to open, counted from 0 (default: 0); windows count from 1</source>
         <translation>開くチャンネル。0 から数える (既定値: 0)。ウィンドウでは 1 から数える</translation>
     </message>
+    <message>
+        <source>equalize everything that the desktop plays through PipeWire as long as the editor is open, instead of opening the mixer; its settings are kept for the next time</source>
+        <translation>ミキサーを開く代わりに、エディターが開いている間、デスクトップが PipeWire で再生するすべての音をイコライザーに通す。設定は次回のために保存される</translation>
+    </message>
 </context>
 <context>
     <name>CommonController_MemAPI</name>
@@ -2286,6 +2302,17 @@ Tab と矢印キー: キーボードで同じ操作</translation>
     <message>
         <source>%1: %2</source>
         <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>DesktopEqualizer</name>
+    <message>
+        <source>The desktop equalizer has no sound because PipeWire is not running. Start it with &quot;systemctl --user start pipewire wireplumber&quot;; the equalizer then plays by itself.</source>
+        <translation>PipeWire が動作していないため、デスクトップイコライザーから音が出ません。「systemctl --user start pipewire wireplumber」で起動すると、自動的に再生が始まります。</translation>
+    </message>
+    <message>
+        <source>The desktop equalizer has no sound because PipeWire runs without a session manager. Start one with &quot;systemctl --user start wireplumber&quot;; the equalizer then plays by itself.</source>
+        <translation>PipeWire がセッションマネージャーなしで動作しているため、デスクトップイコライザーから音が出ません。「systemctl --user start wireplumber」で起動すると、自動的に再生が始まります。</translation>
     </message>
 </context>
 </TS>

@@ -55,6 +55,9 @@ class PackageTest(unittest.TestCase):
                      "usr/share/zolta/fonts/fonts.conf",
                      "usr/share/fontconfig/conf.avail/60-zolta-fonts.conf",
                      "usr/share/applications/zolta-host.desktop",
+                     "usr/share/applications/zolta-desktop.desktop",
+                     "usr/share/pipewire/zolta-equalizer.conf",
+                     "usr/lib/systemd/user/zolta-equalizer.service",
                      "usr/share/icons/hicolor/scalable/apps/zolta-host.svg",
                      "usr/share/bash-completion/completions/zolta-host",
                      "usr/share/doc/zolta/copyright"):
@@ -111,6 +114,7 @@ class PackageTest(unittest.TestCase):
     def test_manual_page_names_the_files(self):
         page = run("sh", "-c", f"cat {self.root}/usr/share/man/man1/zolta-host.1*")
         for file in ("~/.local/share/zolta-host/session.json",
+                     "~/.local/share/zolta-host/desktop.json",
                      "~/.local/share/zolta-host/presets/", "~/.config/zolta/editors.json"):
             self.assertIn(file, page.replace("\\-", "-"))
 
@@ -142,6 +146,8 @@ class PackageTest(unittest.TestCase):
         entry = (self.root / "usr/share/applications/zolta-host.desktop").read_text()
         self.assertIn("Exec=zolta-host %f\n", entry)
         self.assertIn("Icon=zolta-host\n", entry)
+        entry = (self.root / "usr/share/applications/zolta-desktop.desktop").read_text()
+        self.assertIn("Exec=zolta-host --desktop\n", entry)
 
 
 if __name__ == "__main__":

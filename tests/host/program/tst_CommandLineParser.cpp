@@ -217,6 +217,11 @@ void tst_CommandLineParser::refuses_data()
                                     "plugin|a.so", "sample-rate|48000", "meters|on", "scale|2"})
         row("--render|in.wav|out.wav|--" + option,
             "--render cannot be combined with --" + option.split('|')[0] + ".");
+    for (const QByteArray option :
+         {"channel|1", "mono", "sample-rate|48000", "session|a", "audio|a.wav", "live", "list",
+          "save-state|a", "screenshot|a.png", "devices"})
+        row("--desktop|--" + option,
+            "--desktop cannot be combined with --" + option.split('|')[0] + ".");
     row("--render|in.wav", "--render must be followed by the names of two files, IN and OUT.");
     row("--render|in.wav|out.wav|more", "One file too many: \"more\". One sound file can be "
                                         "played, and --render takes two.");
