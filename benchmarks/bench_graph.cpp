@@ -3,6 +3,7 @@
 // the same grid in a widget of the same size. All three repaint a shown window of Qt's offscreen
 // platform, whose raster engine is also what a desktop window is painted with. "Repaint" draws the
 // same picture again; "Moved" changes the gain of one band, and so one curve and the total, first.
+// graphBlit copies one opaque picture of the graph's size to a window.
 #include "editor/ZoltaEditor.h"
 #include "equalizer/BandDesign.h"
 #include "equalizer/EqualizerBands.h"
@@ -16,6 +17,8 @@
 #include <QChartView>
 #include <QLineSeries>
 #include <QLogValueAxis>
+#include <QPainter>
+#include <QPixmap>
 #include <QValueAxis>
 
 #include <qcustomplot.h>
@@ -133,6 +136,33 @@ void repaintGraph(benchmark::State& state, bool move)
 
 void graphRepaint(benchmark::State& state) { repaintGraph(state, false); }
 void graphMoved(benchmark::State& state) { repaintGraph(state, true); }
+
+class Picture : public QWidget
+{
+public:
+    explicit Picture(QSize size)
+        : m_pixmap(size)
+    {
+        setAttribute(Qt::WA_OpaquePaintEvent);
+        m_pixmap.fill(Qt::black);
+        resize(size);
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override { QPainter(this).drawPixmap(0, 0, m_pixmap); }
+
+private:
+    QPixmap m_pixmap;
+};
+
+void graphBlit(benchmark::State& state)
+{
+    Picture picture(GraphSize * static_cast<double>(state.range(0)));
+    picture.show();
+    QApplication::processEvents();
+    for (auto _ : state)
+        picture.repaint();
+}
 
 std::array<Curves, 2> movedCurves(double scale)
 {
@@ -267,6 +297,7 @@ void atEveryScale(benchmark::internal::Benchmark* benchmark)
     benchmark->Arg(1)->Arg(2)->Arg(4)->Unit(benchmark::kMicrosecond);
 }
 
+BENCHMARK(graphBlit)->Apply(atEveryScale);
 BENCHMARK(graphRepaint)->Apply(atEveryScale);
 BENCHMARK(chartRepaint)->Apply(atEveryScale);
 BENCHMARK(customPlotRepaint)->Apply(atEveryScale);

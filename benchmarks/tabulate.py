@@ -1,13 +1,15 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Runs the benchmark programs of a folder and prints their results as Markdown tables.
 
-Usage: tabulate.py FOLDER [option of Google Benchmark ...]
+Usage: tabulate.py FOLDER [--json=FILE] [option of Google Benchmark ...]
 
 Every program runs its benchmarks five times in random order, so that a machine whose speed drifts
 treats all alike; the tables show medians. "Against ours" compares "chartRepaint/2", say, with
 "graphRepaint/2": what the equalizer graph needs for the same at the same scale; "directKnobMove/2"
-with "cachedKnobMove/2", "editorRepaint/2" with "pictureBlit/2", and "lv2Run/0" with "engine/0". The
-last column holds what else a benchmark counted.
+with "cachedKnobMove/2", "editorRepaint/2" with "pictureBlit/2", "graphMoved/2" with "graphBlit/2",
+and "lv2Run/0" with "engine/0". "Noise" is how far the five runs lie from their median on average.
+"Limit" is what a benchmark has to keep, and whether it is missed. The last column holds what else a
+benchmark counted. With --json the samples are written to a file, too, which compare.py reads.
 """
 
 import json
@@ -22,7 +24,34 @@ from pathlib import Path
 
 # What a benchmark's name begins with, and what that of its twin of ours does.
 TWINS = {"chart": "graph", "customPlot": "graph", "direct": "cached", "editorRepaint": "pictureBlit",
-         "lv2Run": "engine", "vst3Process": "engine"}
+         "graphMoved": "graphBlit", "lv2Run": "engine", "vst3Process": "engine"}
+# What a benchmark has to keep: its time in ns, its ratio against its twin, or one of its counters.
+LIMITS = {
+    "directMeterMove/1": ("against ours", "≥", 10.0),
+    "directMeterMove/2": ("against ours", "≥", 10.0),
+    "directMeterTick/1": ("against ours", "≥", 10.0),
+    "directMeterTick/2": ("against ours", "≥", 10.0),
+    "firstEditor/1": ("time", "≤", 25e6),
+    "firstEditor/2": ("time", "≤", 40e6),
+    "editorRepaint/1": ("against ours", "≤", 4.0),
+    "editorRepaint/2": ("against ours", "≤", 2.5),
+    "meterTickSwing/1": ("time", "≤", 200e3),
+    "meterTickSwing/2": ("time", "≤", 400e3),
+    "meters64/1": ("counter core_%", "≤", 8.0),
+    "meters64/2": ("counter core_%", "≤", 12.0),
+    "graphMoved/1": ("against ours", "≤", 3.0),
+    "graphMoved/2": ("against ours", "≤", 3.0),
+    "graphMoved/4": ("against ours", "≤", 3.0),
+    "chartMoved/1": ("against ours", "≥", 2.5),
+    "chartMoved/2": ("against ours", "≥", 2.5),
+    "chartMoved/4": ("against ours", "≥", 2.5),
+    "customPlotMoved/1": ("against ours", "≥", 2.5),
+    "customPlotMoved/2": ("against ours", "≥", 2.5),
+    "customPlotMoved/4": ("against ours", "≥", 2.5),
+    "hostWriteToRepaint/1": ("time", "≤", 200e3),
+    "hostWriteToRepaint/2": ("time", "≤", 600e3),
+    "hostWriteToRepaint/4": ("time", "≤", 1.6e6),
+}
 # What Google Benchmark appends to a name that says how it was run.
 SETTINGS = re.compile(r"/(iterations:\d+|manual_time|real_time)")
 COUNTER = "counter "
@@ -49,23 +78,36 @@ def run(program, options):
     return json.loads(output)["benchmarks"] if output.strip() else []
 
 
-def medians(results):
-    """{name: {"time": ns, counter: value}}, in the order in which the program lists them."""
-    samples = defaultdict(lambda: defaultdict(list))
+def samples(results):
+    """{name: {"time": [ns ...], counter: [value ...]}}, in the order in which the program lists
+    them."""
+    rows = defaultdict(lambda: defaultdict(list))
     to_ns = {"ns": 1.0, "us": 1e3, "ms": 1e6, "s": 1e9}
     for result in results:
         if result["run_type"] != "iteration":
             continue
-        values = samples[(result["family_index"], result["per_family_instance_index"],
-                          SETTINGS.sub("", result["run_name"]))]
+        values = rows[(result["family_index"], result["per_family_instance_index"],
+                       SETTINGS.sub("", result["run_name"]))]
         values["time"].append(result["real_time"] * to_ns[result["time_unit"]])
         if "items_per_second" in result:
             values["items"].append(result["items_per_second"])
         for field in result.keys() - FIELDS:
             if isinstance(result[field], (int, float)):
                 values[COUNTER + field].append(result[field])
-    return {key[2]: {kind: statistics.median(v) for kind, v in samples[key].items()}
-            for key in sorted(samples)}
+    return {key[2]: dict(rows[key]) for key in sorted(rows)}
+
+
+def medians(rows):
+    """{name: {"time": ns, counter: value, "noise": share of the time}} of samples."""
+    return {name: {kind: statistics.median(v) for kind, v in values.items()} |
+                  {"noise": noise(values["time"])}
+            for name, values in rows.items()}
+
+
+def noise(times):
+    """How far the samples lie from their median on average, as a share of it."""
+    middle = statistics.median(times)
+    return statistics.fmean(abs(time - middle) for time in times) / middle
 
 
 def duration(ns):
@@ -77,7 +119,17 @@ def duration(ns):
 
 def against_twin(row, rows):
     twin = re.sub(f"^({'|'.join(TWINS)})(?![a-z])", lambda match: TWINS[match[0]], row)
-    return f"× {rows[row]['time'] / rows[twin]['time']:.2f}" if twin != row and twin in rows else ""
+    return rows[row]["time"] / rows[twin]["time"] if twin != row and twin in rows else None
+
+
+def limit(row, rows):
+    if row not in LIMITS:
+        return ""
+    kind, sign, bound = LIMITS[row]
+    value = against_twin(row, rows) if kind == "against ours" else rows[row].get(kind)
+    text = duration(bound) if kind == "time" else f"{bound:g}"
+    is_missed = value is not None and (value > bound if sign == "≤" else value < bound)
+    return f"{sign} {text}{', missed' if is_missed else ''}"
 
 
 def counted(values):
@@ -87,20 +139,28 @@ def counted(values):
 
 
 def print_table(name, rows):
-    print(f"\n### {name}\n\n| benchmark | time | a second | against ours | counted |")
-    print("|---|---|---|---|---|")
+    print(f"\n### {name}\n")
+    print("| benchmark | time | noise | a second | against ours | limit | counted |")
+    print("|---|---|---|---|---|---|---|")
     for row, values in rows.items():
         rate = f"{values['items'] / 1e6:.3g} M" if "items" in values else ""
-        print(f"| `{row}` | {duration(values['time'])} | {rate} | {against_twin(row, rows)} "
-              f"| {counted(values)} |")
+        ratio = against_twin(row, rows)
+        print(f"| `{row}` | {duration(values['time'])} | {100.0 * values['noise']:.0f} % | {rate} "
+              f"| {f'× {ratio:.2f}' if ratio else ''} | {limit(row, rows)} | {counted(values)} |")
 
 
 def main(folder, options):
+    files = [option.removeprefix("--json=") for option in options if option.startswith("--json=")]
+    options = [option for option in options if not option.startswith("--json=")]
     print(f"{processor()}, {os.cpu_count()} processors, {platform.system()}; release preset; "
           f"`./bench{''.join(' ' + o for o in options)}`; medians of five runs")
+    programs = {}
     for program in sorted(Path(folder).glob("bench_*")):
         if program.is_file() and os.access(program, os.X_OK):
-            print_table(program.name, medians(run(program, options)))
+            programs[program.name] = samples(run(program, options))
+            print_table(program.name, medians(programs[program.name]))
+    for file in files:
+        Path(file).write_text(json.dumps(programs, indent=1) + "\n")
 
 
 if __name__ == "__main__":
