@@ -51,7 +51,11 @@ class Lv2Clients(unittest.TestCase):
         cls.names = [line.split("\t")[0] for line in lines]
 
     def test_descriptions_are_valid(self):
-        files = [*Path("/usr/lib/lv2").glob("*.lv2/*.ttl"), *build.glob("lib/lv2/*.lv2/*.ttl")]
+        # Other plug-ins on this machine need not be valid.
+        vocabularies = [manifest.parent for manifest in Path("/usr/lib/lv2").glob("*.lv2/manifest.ttl")
+                        if "lv2:Specification" in manifest.read_text()]
+        folders = [*vocabularies, Path("/usr/lib/lv2/schemas.lv2"), *build.glob("lib/lv2/*.lv2")]
+        files = [file for folder in folders for file in folder.glob("*.ttl")]
         self.assertGreater(len(files), 40)
         result = subprocess.run(["sord_validate", *map(str, files)], capture_output=True, text=True)
         self.assertEqual(result.returncode, 0, result.stdout + result.stderr)
