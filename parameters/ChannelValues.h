@@ -22,7 +22,9 @@ Band bandOf(const ChannelValues& values, int band);
 void setBands(EqualizerBands& bands, const ChannelValues& values);
 /// Whether a band has the same values in both.
 bool isSameBand(const ChannelValues& a, const ChannelValues& b, int band);
-/// In dB.
+/// The input level in dB.
 double inputLevelOf(const ChannelValues& values);
+/// The output level in dB.
 double outputLevelOf(const ChannelValues& values);
+/// Whether there is drive.
 bool isDriven(const ChannelValues& values);

@@ -22,6 +22,8 @@ struct FactoryPreset
     std::vector<PresetSetting> settings; ///< what it sets
 };
 
+/// All presets, in the order in which they are offered.
 std::span<const FactoryPreset> factoryPresets();
 
+/// The values of every parameter.
 ChannelValues valuesOf(const FactoryPreset& preset);

@@ -45,6 +45,7 @@ constexpr int partnerOf(int channel) { return channel ^ 1; }
 extern const std::array<Parameter, parameterCount> parameterTable;
 
 /// The two words of the address of the parameter at \a index.
+/// @{
 constexpr unsigned short parameterId(std::size_t index)
 {
     return static_cast<unsigned short>(0x0101 + index);
@@ -53,7 +54,10 @@ constexpr unsigned short parameterSecondWord(std::size_t index)
 {
     return static_cast<unsigned short>(0x4001 + index);
 }
+/// @}
 
 /// The index of the parameter called \a name, or with the id \a id; parameterCount if none is.
+/// @{
 std::size_t findParameterByName(std::string_view name);
 std::size_t findParameterById(unsigned short id);
+/// @}

@@ -19,6 +19,7 @@ struct SavedState
     bool operator==(const SavedState&) const = default;
 };
 
+/// The bytes that the component would save.
 std::array<unsigned char, stateSize> encodeState(const SavedState& state);
 
 /// Nothing unless \a bytes begin with the version of a state and are as many as one has, or more.

@@ -43,7 +43,9 @@ def main(header):
     text = open(header).read()
     properties = {match[2]: match[1] for match in PROPERTY.finditer(text)}
     said = False
-    for line in text.splitlines():
+    for number, line in enumerate(text.splitlines()):
+        if number == 0:  # the licence; Doxygen leaves out the functions of files without a comment
+            line = "/** \\file */"
         if not said and HIDDEN.search(line):
             print()
             continue

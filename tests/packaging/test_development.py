@@ -40,7 +40,8 @@ class DevelopmentTest(unittest.TestCase):
 
     def test_each_header_compiles_by_itself_without_warnings(self):
         with ThreadPoolExecutor() as pool:
-            list(pool.map(lambda entry: self.compile("c++20", *entry[:2]), public_headers()))
+            list(pool.map(lambda entry: self.compile("c++20", *entry[:2]),
+                          (entry for entry in public_headers() if not entry[2])))
 
     def test_all_headers_compile_together_in_newer_language(self):
         for component in ("Interfaces", "Controls", "Equalizer", "Engine"):
