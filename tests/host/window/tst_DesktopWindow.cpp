@@ -8,6 +8,7 @@
 #include "tests/support/TestObject.h"
 
 #include <QComboBox>
+#include <QLabel>
 #include <QStatusBar>
 
 using namespace Qt::StringLiterals;
