@@ -65,16 +65,16 @@ void engine(benchmark::State& state)
     const Block in = noise();
     std::array<ChannelProcessor, 2> channels;
     std::array<Block, 2> out = {in, in};
-    std::array<double, blockLength> block{};
+    std::array<std::array<double, blockLength>, 2> blocks{};
     for (ChannelProcessor& channel : channels)
         channel.setValues(settings(state.range(0)));
     for (auto _ : state) {
-        for (std::size_t c = 0; c < channels.size(); ++c) {
+        for (auto& block : blocks)
             std::copy(in.begin(), in.end(), block.begin());
-            channels[c].process(block);
-            std::transform(block.begin(), block.end(), out[c].begin(),
+        ChannelProcessor::processPair(&channels[0], &channels[1], blocks[0], blocks[1]);
+        for (std::size_t c = 0; c < channels.size(); ++c)
+            std::transform(blocks[c].begin(), blocks[c].end(), out[c].begin(),
                            [](double sample) { return static_cast<float>(sample); });
-        }
         benchmark::ClobberMemory();
     }
 }
