@@ -389,10 +389,15 @@ QWidget* MixerWindow::buildDesk()
     layout->setSpacing(0);
     layout->addWidget(buildStrips(), 1);
     m_master = new MasterStrip(m_mixer.mixerModel, desk);
-    auto* side = new QVBoxLayout;
-    side->setContentsMargins(stripGap, stripGap, stripGap, stripGap);
-    side->addWidget(m_master);
-    layout->addLayout(side);
+    auto* area = new QScrollArea(desk); // in a low window, too
+    area->setFrameShape(QFrame::NoFrame);
+    area->setBackgroundRole(QPalette::Base);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setWidgetResizable(true);
+    area->setWidget(m_master);
+    area->setFixedWidth(MixerStrip::stripWidth + stripGap);
+    layout->addWidget(area);
     return desk;
 }
 
