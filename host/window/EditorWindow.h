@@ -10,7 +10,6 @@
 
 struct Mixer;
 class EditorToolBar;
-class GraphRange;
 class PresetMenu;
 class QAction;
 class QDockWidget;
@@ -98,7 +97,6 @@ private:
     ResponseView* m_response = nullptr;
     EditorToolBar* m_bar = nullptr;
     PresetMenu* m_presets = nullptr;
-    GraphRange* m_range = nullptr;
     QLabel* m_audio = nullptr;
     QSize m_zoomRoom{0, 0}; // what the window has grown by for the editor's zoom
 };
