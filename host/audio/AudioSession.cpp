@@ -77,18 +77,17 @@ AudioSession::~AudioSession() { halt(); }
 
 Status AudioSession::openFile(const QString& file)
 {
-    const Status readable = AudioReader().open(file);
-    if (!readable.isOk()) {
-        Q_EMIT failed(readable.error());
-        return readable;
+    auto reader = std::make_unique<AudioReader>();
+    const Status opened = reader->open(file);
+    if (!opened.isOk()) {
+        Q_EMIT failed(opened.error());
+        return opened;
     }
     stop();
+    m_stream.use(std::move(reader));
     m_settings.live = false;
     m_frame = 0;
-    const Status opened = m_stream.open(file);
-    m_file = opened.isOk() ? file : QString();
-    if (!opened.isOk())
-        return fail(opened);
+    m_file = file;
     m_error.clear();
     Q_EMIT fileOpened(file);
     Q_EMIT changed();

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -19,14 +20,18 @@ FileStream::~FileStream() { stop(); }
 
 Status FileStream::open(const QString& file)
 {
+    auto reader = std::make_unique<AudioReader>();
+    const Status opened = reader->open(file);
+    use(opened.isOk() ? std::move(reader) : nullptr);
+    return opened;
+}
+
+void FileStream::use(std::unique_ptr<AudioReader> reader)
+{
     stop();
-    m_reader = std::make_unique<AudioReader>();
-    const Status opened = m_reader->open(file);
-    if (!opened.isOk())
-        m_reader.reset();
+    m_reader = std::move(reader);
     m_start = 0;
     m_delivered = 0;
-    return opened;
 }
 
 int FileStream::channels() const

@@ -30,6 +30,8 @@ public:
 
     /// Opens \a file. Where that fails, a file that was open before is closed, too.
     Status open(const QString& file);
+    /// Takes a file that was opened already.
+    void use(std::unique_ptr<AudioReader> reader);
     bool isOpen() const { return m_reader != nullptr; }
 
     int channels() const;

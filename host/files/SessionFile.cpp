@@ -139,9 +139,19 @@ void SessionFile::saveAnyway()
         m_file = std::exchange(m_taken, QString());
 }
 
+bool SessionFile::isSavedIn(const QString& file) const
+{
+    const QFileInfo asked(file);
+    const QFileInfo own(m_file);
+    if (m_file.isEmpty())
+        return false;
+    return asked.absoluteFilePath() == own.absoluteFilePath() ||
+           (asked.exists() && own.exists() && asked == own);
+}
+
 Status SessionFile::moveTo(const QString& file)
 {
-    if (QFileInfo(file) == QFileInfo(m_file) && !m_file.isEmpty())
+    if (isSavedIn(file))
         return Status();
     std::unique_ptr<LockedFile> next = lock(file);
     if (isLockedElsewhere(next.get()))

@@ -44,6 +44,8 @@ public:
     /// Saves in \a file from now on, whatever it holds; an error, which changes nothing, where
     /// another program has it open.
     Status moveTo(const QString& file);
+    /// Whether it is saved in \a file, by whatever name.
+    bool isSavedIn(const QString& file) const;
     /// Where it is saved; empty for nowhere.
     const QString& file() const { return m_file; }
     /// Replaces the file, at once or not at all, keeping what it held that this program does not

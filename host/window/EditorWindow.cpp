@@ -199,8 +199,8 @@ void EditorWindow::buildViewMenu(QMenu* menu)
         m_measured);
     addPanelItem(
         menu, [] { return tr("&Parameters"); }, QKeySequence(Qt::CTRL | Qt::Key_L), m_parameters);
-    m_range = new GraphRange(m_mixer, *m_session, this);
-    m_range->fill(m_texts.menu(menu, [] { return tr("&Graph Range"); }), m_texts);
+    auto* range = new GraphRange(m_mixer, *m_session, this);
+    range->fill(m_texts.menu(menu, [] { return tr("&Graph Range"); }), m_texts);
     addLanguageMenu(menu, m_mixer.language, m_texts);
     m_toMixer = m_texts.action(
         menu, [] { return tr("&Mixer"); }, QKeySequence(Qt::CTRL | Qt::Key_M), this,

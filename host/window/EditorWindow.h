@@ -11,7 +11,6 @@
 struct Mixer;
 class DesktopEqualizer;
 class EditorToolBar;
-class GraphRange;
 class PresetMenu;
 class QAction;
 class QDockWidget;
@@ -104,7 +103,6 @@ private:
     ResponseView* m_response = nullptr;
     EditorToolBar* m_bar = nullptr;
     PresetMenu* m_presets = nullptr;
-    GraphRange* m_range = nullptr;
     QLabel* m_audio = nullptr;
     QAction* m_toMixer = nullptr;
     const DesktopEqualizer* m_desktop = nullptr; // whose window this is; null: the mixer's

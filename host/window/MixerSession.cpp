@@ -96,7 +96,7 @@ void MixerSession::connectMenu()
 Status MixerSession::change(const QString& file)
 {
     const Status saved = write();
-    if (!saved.isOk() || QFileInfo(file) == QFileInfo(m_file->file()))
+    if (!saved.isOk() || m_file->isSavedIn(file))
         return saved;
     const Status sound = SessionFile::read(file).status();
     if (!sound.isOk())
@@ -114,9 +114,9 @@ Status MixerSession::change(const QString& file)
 Status MixerSession::begin(const QString& file)
 {
     const Status saved = write();
-    const Status taken = saved.isOk() ? m_file->moveTo(file) : saved;
-    if (!taken.isOk())
-        return taken;
+    const Status kept = saved.isOk() ? keepIn(file) : saved;
+    if (!kept.isOk())
+        return kept;
     m_data = SessionData();
     m_data.mixerGeometry = m_window->saveGeometry();
     return moved();
@@ -124,12 +124,23 @@ Status MixerSession::begin(const QString& file)
 
 Status MixerSession::saveAs(const QString& file)
 {
-    const Status taken = m_file->moveTo(file);
-    if (!taken.isOk())
-        return taken;
+    const Status kept = keepIn(file);
+    if (!kept.isOk())
+        return kept;
     m_mixer.settings.setPreference(lastFileName, QFileInfo(file).absoluteFilePath());
     m_window->setSessionName(QFileInfo(file).completeBaseName());
-    return write();
+    return kept;
+}
+
+// Where the file cannot be written, the session stays where it was.
+Status MixerSession::keepIn(const QString& file)
+{
+    const QString before = m_file->file();
+    const Status taken = m_file->moveTo(file);
+    const Status written = taken.isOk() ? write() : taken;
+    if (!written.isOk() && taken.isOk() && !before.isEmpty())
+        static_cast<void>(m_file->moveTo(before)); // it was ours
+    return written;
 }
 
 Status MixerSession::moved()

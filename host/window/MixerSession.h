@@ -88,6 +88,7 @@ private:
     bool staysOpen();
     bool showWindows();
     void connectMenu();
+    Status keepIn(const QString& file);
     Status moved();
     void restore();
     void restore(int channel);

@@ -75,6 +75,7 @@ private Q_SLOTS:
     void anotherSessionIsOpened();
     void newSessionBeginsAfresh();
     void savingAsGoesOnThere();
+    void savingAsNowhereStaysHere();
     void whatIsWrongChangesNothing_data();
     void whatIsWrongChangesNothing();
     void soundComesBack();
@@ -561,6 +562,25 @@ void tst_MixerSession::savingAsGoesOnThere()
     QVERIFY(session.save());
     QVERIFY(TestFiles::read(other).contains("Bass") && !TestFiles::read(m_file).contains("Bass"));
     QCOMPARE(m_mixer->mixerModel.name(0), u"Bass"_s);
+}
+
+void tst_MixerSession::savingAsNowhereStaysHere()
+{
+    const QString nowhere =
+        TestFiles::write(m_folder->filePath(u"a file"_s), "a file") + u"/session.json"_s;
+    QStringList errors;
+    Running running(*m_mixer, m_file, [&errors](const QString& error) { errors << error; });
+    auto& [window, session] = running;
+    m_mixer->mixerModel.rename(0, u"Drums"_s);
+    Q_EMIT window.saveSessionWanted(nowhere);
+    Q_EMIT window.newSessionWanted(nowhere);
+    QCOMPARE(errors.size(), 2);
+    QVERIFY2(errors[0].contains("cannot be saved"_L1), qPrintable(errors[0]));
+    QCOMPARE(m_mixer->mixerModel.name(0), u"Drums"_s);
+    m_mixer->mixerModel.rename(0, u"Bass"_s);
+    QVERIFY(session.save());
+    QCOMPARE(saved()[u"channels"_s][0][u"name"_s].toString(), u"Bass"_s);
+    QCOMPARE(window.windowTitle().section(u" - "_s, 0, 0), u"session"_s);
 }
 
 void tst_MixerSession::whatIsWrongChangesNothing_data()
