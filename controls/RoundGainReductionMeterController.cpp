@@ -36,7 +36,7 @@ void RoundGainReductionMeterController::drawMeter(QPainter* painter)
     const QRectF above = rectAbove(convertNormalized(paintedValue()));
     QRectF lit = track;
     lit.setBottom(RoundShapes::snapped(*painter, above).bottom());
-    RoundShapes::fillPart(*painter, lit, track, brush(QPalette::Mid));
+    RoundShapes::fillPart(*painter, lit, track, QRectF(), brush(QPalette::Mid));
 }
 
 QRegion RoundGainReductionMeterController::changedRegion(int from, int to) const

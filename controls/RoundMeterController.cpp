@@ -54,12 +54,9 @@ void RoundMeterController::drawMeter(QPainter* painter)
     };
     const QRectF lit = below(convertNormalized(paintedValue()));
     const QRectF lower = below(upperZoneStart());
-    painter->save();
-    painter->setClipRect(lower, Qt::IntersectClip);
-    RoundShapes::fillPart(*painter, lit, track, brush(QPalette::Dark));
-    painter->restore();
-    painter->setClipRect(QRectF(track.topLeft(), lower.topRight()), Qt::IntersectClip);
-    RoundShapes::fillPart(*painter, lit, track, brush(QPalette::Mid));
+    const QRectF upper(track.topLeft(), lower.topRight());
+    RoundShapes::fillPart(*painter, lit, track, lower, brush(QPalette::Dark));
+    RoundShapes::fillPart(*painter, lit, track, upper, brush(QPalette::Mid));
 }
 
 QRegion RoundMeterController::changedRegion(int from, int to) const

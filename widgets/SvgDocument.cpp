@@ -10,6 +10,7 @@
 #include <QImage>
 #include <QLoggingCategory>
 #include <QPainter>
+#include <QResource>
 
 #include <cstring>
 
@@ -52,8 +53,19 @@ QCache<QString, Kept>& keptDocuments()
     return kept;
 }
 
+/// The bytes of a resource as they are compiled in, without a copy.
+QByteArray resourceBytes(const QString& path)
+{
+    const QResource resource(path);
+    return QByteArray::fromRawData(reinterpret_cast<const char*>(resource.data()),
+                                   static_cast<qsizetype>(resource.size()));
+}
+
+/// What tells one file at \a path from the next; empty if it cannot be read.
 QByteArray contents(const QString& path)
 {
+    if (path.startsWith(u':'))
+        return resourceBytes(path);
     QFile file(path);
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
         return {};
@@ -100,9 +112,16 @@ std::shared_ptr<SvgDocument> SvgDocument::load(const QString& path)
         return nullptr;
     if (document->m_renderer.animated())
         return document;
-    document->m_extent = measureExtent(document->m_renderer);
-    keptDocuments().insert(path, new Kept{bytes, document}, bytes.size());
+    keptDocuments().insert(path, new Kept{QByteArray(bytes.constData(), bytes.size()), document},
+                           bytes.size());
     return document;
+}
+
+QRectF SvgDocument::extent()
+{
+    if (!m_extent)
+        m_extent = m_renderer.animated() ? QRectF() : measureExtent(m_renderer);
+    return *m_extent;
 }
 
 SvgDocument::SvgDocument()

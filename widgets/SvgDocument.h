@@ -6,6 +6,7 @@
 #include <QSvgRenderer>
 
 #include <memory>
+#include <optional>
 
 /// A parsed SVG file, shared by every SvgImage that shows it.
 ///
@@ -30,12 +31,12 @@ public:
     /// The part of the target rectangle that the picture draws on, in units of its width and
     /// height: (0, 0, 1, 1) for a picture that fills it exactly. Pictures may draw beyond their
     /// edges. Empty when the extent is unknown, too large to keep a raster of, or changing.
-    QRectF extent() const { return m_extent; }
+    QRectF extent();
 
 private:
     SvgDocument();
 
     QSvgRenderer m_renderer;
     quint64 m_id;
-    QRectF m_extent;
+    std::optional<QRectF> m_extent; ///< measured when it is first asked for
 };

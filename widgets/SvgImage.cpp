@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "widgets/SvgImage.h"
 
+#include "widgets/PixelCopy.h"
 #include "widgets/SvgDocument.h"
 #include "widgets/SvgPlacement.h"
 #include "widgets/SvgRasters.h"
@@ -47,6 +48,13 @@ QImage emptyGround(const QSize& size)
     return image;
 }
 
+/// The same pixels, which all have an alpha; \a image must outlive it.
+QImage withAlpha(const QImage& image)
+{
+    return {image.constBits(), image.width(), image.height(), image.bytesPerLine(),
+            QImage::Format_ARGB32_Premultiplied};
+}
+
 /// The part \a pixels (counted from the origin) of the picture on an empty ground.
 QImage rendered(QSvgRenderer& renderer, const SvgPlacement& placement, const QRect& pixels,
                 double opacity)
@@ -81,7 +89,7 @@ double toDeviceRadius(double radius, const SvgPlacement& placement)
 }
 
 /// What of a picture can be seen on a canvas. A painter that turns is left to its own clip.
-QRect sheetPart(const SvgDocument& document, const SvgPlacement& placement, const QRect& canvas)
+QRect sheetPart(SvgDocument& document, const SvgPlacement& placement, const QRect& canvas)
 {
     if (!placement.isUpright())
         return placement.inkPixels(document.extent());
@@ -92,7 +100,7 @@ QRect sheetPart(const SvgDocument& document, const SvgPlacement& placement, cons
 /// What of a picture a blur of \a radius needs and shows. Beyond four radii it has faded to
 /// nothing. Wide blurs work on pairs of pixels counted from the canvas's corner; an even start
 /// keeps the pairs together.
-QRect blurPart(const SvgDocument& document, const SvgPlacement& placement, const QRect& canvas,
+QRect blurPart(SvgDocument& document, const SvgPlacement& placement, const QRect& canvas,
                double radius)
 {
     const int reach = static_cast<int>(std::ceil(4.0 * radius)) + 2;
@@ -119,7 +127,7 @@ const SvgRaster* plainRaster(SvgDocument& document, const SvgPlacement& placemen
     if (!fits(pixels.size()))
         return nullptr;
     const QImage image = rendered(document.renderer(), placement, pixels, opacity);
-    return SvgRasters::insert(key, trimmed({image, pixels.topLeft()}));
+    return SvgRasters::insert(key, simplified(trimmed({image, pixels.topLeft()})));
 }
 
 /// The raster of \a key from memory, or else as \a make makes it.
@@ -144,30 +152,13 @@ SvgRaster blurredRaster(SvgDocument& document, const SvgPlacement& placement, co
     return kept(key, make);
 }
 
-/// Under a clip of several rectangles Qt cuts an image up row by row, and hands many rows to other
-/// threads: waking those takes longer than the copying. Of so few rows it does not.
-constexpr int fewRows = 64;
-
-bool isClippedToRegion(const QPainter& painter)
-{
-    return painter.paintEngine()->systemClip().rectCount() > 1;
-}
-
 /// Copies the part \a pixels of \a raster to the device, both counted from \a origin.
 void paintPixels(QPainter& painter, const SvgRaster& raster, const QPoint& origin,
                  const QRect& pixels, double opacity)
 {
-    const QTransform world = painter.worldMatrixEnabled() ? painter.worldTransform() : QTransform();
-    const QTransform rest = world.inverted() * painter.deviceTransform();
-    painter.save();
-    painter.setWorldTransform(rest.inverted());
-    painter.setOpacity(opacity);
-    const int step = isClippedToRegion(painter) ? fewRows : pixels.height();
-    for (int y = pixels.top(); y <= pixels.bottom(); y += step) {
-        const QRect rows = pixels & QRect(pixels.left(), y, pixels.width(), step);
-        painter.drawImage(origin + rows.topLeft(), raster.image, rows.translated(-raster.offset));
-    }
-    painter.restore();
+    const QImage image = opacity < 1.0 ? withAlpha(raster.image) : raster.image;
+    copyPixels(painter, origin + pixels.topLeft(), image, pixels.translated(-raster.offset),
+               opacity);
 }
 
 QRect pixelsOf(const SvgRaster& raster) { return {raster.offset, raster.image.size()}; }
@@ -213,34 +204,33 @@ SvgImage::SvgImage(QObject* parent)
 
 SvgImage::~SvgImage() = default;
 
-bool SvgImage::load(const QString& path)
+void SvgImage::load(const QString& path)
 {
     if (m_document)
         m_document->renderer().disconnect(this);
     m_path = path;
-    m_document = SvgDocument::load(path);
-    if (m_document)
-        connect(&m_document->renderer(), &QSvgRenderer::repaintNeeded, this,
-                &SvgImage::repaintNeeded);
+    m_document = nullptr;
+    m_isRead = false;
+    if (!path.startsWith(u':'))
+        read();
     Q_EMIT repaintNeeded();
-    return isValid();
 }
 
 QSize SvgImage::defaultSize() const
 {
-    return m_document ? m_document->renderer().defaultSize() : QSize(0, 0);
+    return isValid() ? m_document->renderer().defaultSize() : QSize(0, 0);
 }
 
 void SvgImage::draw(QPainter& painter, const QRectF& rect)
 {
-    if (m_document && painter.isActive())
+    if (isValid() && painter.isActive())
         paint(painter, *m_document, rect);
 }
 
 void SvgImage::drawTurned(QPainter& painter, const QRectF& rect, double degrees, double opacity,
                           const QRect& canvas)
 {
-    if (!m_document || !painter.isActive())
+    if (!isValid() || !painter.isActive())
         return;
     const SvgPlacement placement(painter, rect);
     if (!placement.isSane() || !std::isfinite(degrees))
@@ -255,7 +245,7 @@ void SvgImage::drawTurned(QPainter& painter, const QRectF& rect, double degrees,
 void SvgImage::drawBlurred(QPainter& painter, const QRectF& rect, double radius,
                            const QRect& canvas)
 {
-    if (!m_document || !painter.isActive())
+    if (!isValid() || !painter.isActive())
         return;
     const SvgPlacement placement(painter, rect);
     if (!placement.isSane())
@@ -271,7 +261,7 @@ void SvgImage::drawBlurred(QPainter& painter, const QRectF& rect, double radius,
 void SvgImage::drawTranslucent(QPainter& painter, const QRectF& rect, double opacity,
                                const QRect& canvas)
 {
-    if (!m_document || !painter.isActive() || !(opacity > 0.0))
+    if (!isValid() || !painter.isActive() || !(opacity > 0.0))
         return;
     const SvgPlacement placement(painter, rect);
     if (!placement.isSane())
@@ -285,6 +275,33 @@ void SvgImage::drawTranslucent(QPainter& painter, const QRectF& rect, double opa
              : SvgRaster{rendered(m_document->renderer(), placement, part, 1.0), part.topLeft()};
     paintPixels(painter, raster, placement.origin(), part & pixelsOf(raster),
                 painter.opacity() * std::min(opacity, 1.0));
+}
+
+SvgRaster SvgImage::coveringPixels(const QPainter& painter, const QRectF& rect)
+{
+    const SvgPlacement placement(painter, rect);
+    if (!isValid() || !takesRasters(painter) || !placement.isSane())
+        return {};
+    const SvgRaster* raster = plainRaster(*m_document, placement, painter.opacity());
+    if (!raster || raster->image.format() != QImage::Format_RGB32)
+        return {};
+    return {raster->image, placement.origin() + raster->offset};
+}
+
+SvgDocument* SvgImage::document() const
+{
+    if (!m_isRead)
+        read();
+    return m_document.get();
+}
+
+void SvgImage::read() const
+{
+    m_isRead = true;
+    m_document = SvgDocument::load(m_path);
+    if (m_document && m_document->renderer().animated())
+        connect(&m_document->renderer(), &QSvgRenderer::repaintNeeded, this,
+                &SvgImage::repaintNeeded);
 }
 
 #include "moc_SvgImage.cpp"

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "widgets/SvgRasters.h"
+
 #include <QObject>
 #include <QRect>
 #include <QSize>
@@ -29,14 +31,15 @@ public:
     explicit SvgImage(QObject* parent = nullptr);
     ~SvgImage() override;
 
-    /// Reads the file or resource \a path and emits repaintNeeded(). False, and an image that is
-    /// not valid, if that is empty, cannot be read or is no SVG. Loading the same path again reads
-    /// it again; rasters survive only if the file is the same.
-    bool load(const QString& path);
+    /// Reads the file \a path and emits repaintNeeded(). The image is not valid if that is empty,
+    /// cannot be read or is no SVG. Loading the same path again reads it again; rasters survive
+    /// only if the file is the same. A resource, which does not change, is read when it is first
+    /// needed.
+    void load(const QString& path);
 
     /// The path last given to load(), whether or not it was good.
     QString path() const { return m_path; }
-    bool isValid() const { return m_document != nullptr; }
+    bool isValid() const { return document() != nullptr; }
     /// The picture's own size; (0, 0) if not valid.
     QSize defaultSize() const;
 
@@ -69,11 +72,19 @@ public:
     void drawTranslucent(QPainter& painter, const QRectF& rect, double opacity,
                          const QRect& canvas);
 
+    /// The pixels that draw() copies to the device of \a painter, with their place on it, if they
+    /// cover everything that lies beneath them; else an image that is null.
+    SvgRaster coveringPixels(const QPainter& painter, const QRectF& rect);
+
 Q_SIGNALS:
     /// The picture changed: it was loaded, or it is animated.
     void repaintNeeded();
 
 private:
+    SvgDocument* document() const;
+    void read() const;
+
     QString m_path;
-    std::shared_ptr<SvgDocument> m_document;
+    mutable bool m_isRead = true;
+    mutable std::shared_ptr<SvgDocument> m_document; ///< null until it is read
 };

@@ -2,6 +2,7 @@
 #include "widgets/SvgLabel.h"
 
 #include <QPainter>
+#include <QStyle>
 
 namespace {
 
@@ -32,6 +33,14 @@ void SvgLabel::setOpacity(double opacity)
     update();
 }
 
+SvgRaster SvgLabel::coveringPixels(const QPainter& painter, const QPoint& corner)
+{
+    if (!isVisible() || !updatesEnabled() || graphicsEffect() || !mask().isEmpty() ||
+        m_opacity != 1.0 || showsMore())
+        return {};
+    return shownImage().coveringPixels(painter, QRect(corner, size()));
+}
+
 void SvgLabel::paintEvent(QPaintEvent* event)
 {
     if (m_image.isValid()) {
@@ -40,7 +49,14 @@ void SvgLabel::paintEvent(QPaintEvent* event)
         painter.setOpacity(m_opacity);
         shownImage().draw(painter, rect());
     }
-    QLabel::paintEvent(event);
+    if (showsMore())
+        QLabel::paintEvent(event);
+}
+
+bool SvgLabel::showsMore() const
+{
+    return frameShape() != NoFrame || !text().isEmpty() || !pixmap(Qt::ReturnByValue).isNull() ||
+           !picture(Qt::ReturnByValue).isNull() || movie() || style()->inherits("QStyleSheetStyle");
 }
 
 SvgImage& SvgLabel::shownImage()

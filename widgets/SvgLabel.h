@@ -29,11 +29,18 @@ public:
     double opacity() const { return m_opacity; }
     void setOpacity(double opacity);
 
+    /// The pixels that the label paints on the device of \a painter, with their place on it, when
+    /// its left top corner lies at \a corner of the painter and it paints nothing but a picture
+    /// that covers everything beneath; else an image that is null.
+    SvgRaster coveringPixels(const QPainter& painter, const QPoint& corner);
+
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
     SvgImage& shownImage();
+    /// Whether the label has a frame or contents, or a style sheet that may give it some.
+    bool showsMore() const;
 
     SvgImage m_image;
     SvgImage m_disabledImage;

@@ -39,6 +39,18 @@ SvgRaster trimmed(const SvgRaster& raster)
     return {raster.image.copy(ink), raster.offset + ink.topLeft()};
 }
 
+SvgRaster simplified(SvgRaster raster)
+{
+    const QImage& image = raster.image;
+    for (int y = 0; y < image.height(); ++y) {
+        const QRgb* row = rowOf(image, y);
+        if (!std::all_of(row, row + image.width(), [](QRgb pixel) { return qAlpha(pixel) == 255; }))
+            return raster;
+    }
+    raster.image.reinterpretAsFormat(QImage::Format_RGB32);
+    return raster;
+}
+
 namespace SvgRasters {
 
 namespace {

@@ -34,8 +34,8 @@ inline size_t qHash(const SvgRasterKey& key, size_t seed = 0)
                       key.degrees, key.scaleX, key.scaleY);
 }
 
-/// The pixels of a picture, and where the first of them lies from the pixel that holds the left top
-/// corner of the picture's rectangle.
+/// The pixels of a picture, premultiplied, and where the first of them lies from the pixel that
+/// holds the left top corner of the picture's rectangle.
 struct SvgRaster
 {
     QImage image;
@@ -48,6 +48,10 @@ QRect inkOf(const QImage& image);
 /// A raster of the same picture without its empty margins; a raster that shows nothing keeps one
 /// pixel.
 SvgRaster trimmed(const SvgRaster& raster);
+
+/// The same raster in the format RGB32, which is copied without blending, if nothing of it is
+/// translucent.
+SvgRaster simplified(SvgRaster raster);
 
 /// The process's rasters of SVG pictures, one for each way in which one is drawn (straight, turned,
 /// blurred or translucent), whoever draws it. They belong to the document that was loaded, not to

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/RoundGainReductionMeterController.h"
 #include "controls/RoundMeterController.h"
+#include "controls/RoundShapes.h"
 #include "tests/controls/MeterTesting.h"
 #include "tests/support/Columns.h"
 #include "tests/support/TestObject.h"
 
 #include <QApplication>
+#include <QPainter>
 
 using namespace CommonController_MemAPI;
 using namespace MeterTesting;
@@ -74,6 +76,8 @@ private Q_SLOTS:
     void gainReductionFillsFromTheTop();
     void gainReductionHasNoOver();
     void aTickRepaintsItsStripOnly();
+    void copiesHaveThePixelsOfFilling_data();
+    void copiesHaveThePixelsOfFilling();
 };
 
 void tst_RoundMeters::aNewMeterShowsItsTrackOnly()
@@ -291,6 +295,50 @@ void tst_RoundMeters::aTickRepaintsItsStripOnly()
     paints.take();
     meter.setValue(-288);
     QVERIFY(paints.take().isEmpty());
+}
+
+void tst_RoundMeters::copiesHaveThePixelsOfFilling_data()
+{
+    addColumns<double, QPointF, QBrush>("ratio", "offset", "brush");
+    const std::pair<const char*, QBrush> brushes[] = {{"opaque", Lower},
+                                                      {"translucent", QColor(252, 103, 105, 90)}};
+    for (const double ratio : {0.5, 1.0, 1.25, 1.5, 2.0}) {
+        for (const QPointF& offset : {QPointF(), QPointF(3, 5), QPointF(0.3, 0.7)}) {
+            for (const auto& [name, brush] : brushes)
+                QTest::addRow("%s at %g, moved by %g", name, ratio, offset.x())
+                    << ratio << offset << brush;
+        }
+    }
+}
+
+void tst_RoundMeters::copiesHaveThePixelsOfFilling()
+{
+    QFETCH(double, ratio);
+    QFETCH(QPointF, offset);
+    QFETCH(QBrush, brush);
+    // A painter with a clip, here one that clips nothing away, has its shapes filled.
+    const auto drawn = [&](bool isClipped, double level) {
+        QImage image(QSize(40, 240), QImage::Format_RGB32);
+        image.fill(Unlit);
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        if (isClipped)
+            painter.setClipRect(image.rect());
+        painter.scale(ratio, ratio);
+        painter.translate(offset);
+        const QRectF track = RoundShapes::snapped(painter, {2, 3, 6, 100});
+        const QRectF zone = RoundShapes::snapped(painter, {0, 20, 20, 60});
+        RoundShapes::fill(painter, {20.2, 4.4, 5, 6}, brush);
+        QRectF lit = track;
+        lit.setTop(RoundShapes::snapped(painter, {0, 0, 10, level}).bottom());
+        RoundShapes::fillPart(painter, lit, track, zone, brush);
+        lit = track.translated(10, 0);
+        lit.setBottom(RoundShapes::snapped(painter, {0, 0, 10, level}).bottom());
+        RoundShapes::fillPart(painter, lit, track.translated(10, 0), QRectF(), brush);
+        return image;
+    };
+    for (const double level : {0.0, 5.0, 8.0, 12.0, 50.5, 97.0, 101.0, 103.0})
+        QCOMPARE(drawn(false, level), drawn(true, level));
 }
 
 ZOLTA_TEST_MAIN(tst_RoundMeters)
