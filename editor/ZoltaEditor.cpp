@@ -49,6 +49,7 @@ ZoltaEditor::ZoltaEditor(QWidget* parent)
     hideAlternatives();
     m_graph = new ZoltaEqualizerGraph(this);
     m_graph->setGeometry(EqualizerGraphRect);
+    m_graph->setGround(m_ui->m_pBackground);
     m_about = new ZoltaAbout(this);
     m_about->setGeometry(rect());
     m_component = new ZoltaComponent;

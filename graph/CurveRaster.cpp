@@ -6,58 +6,6 @@
 #include <cmath>
 #include <utility>
 
-namespace {
-
-/// \a top over \a bottom, where \a share of 255 parts are covered; two channels at a time.
-QRgb blend(QRgb bottom, QRgb top, unsigned int share)
-{
-    constexpr QRgb mask = 0x00ff00ff;
-    const auto mix = [&](QRgb b, QRgb t) {
-        const QRgb mixed = (t & mask) * share + (b & mask) * (255 - share) + 0x00800080;
-        return (mixed + (mixed >> 8 & mask)) >> 8 & mask;
-    };
-    return mix(bottom, top) | mix(bottom >> 8, top >> 8) << 8;
-}
-
-QRgb* pixels(QImage& picture) { return reinterpret_cast<QRgb*>(picture.bits()); }
-
-const QRgb* pixels(const QImage& picture)
-{
-    return reinterpret_cast<const QRgb*>(picture.constBits());
-}
-
-qsizetype stride(const QImage& picture)
-{
-    return picture.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb));
-}
-
-} // namespace
-
-void CurveStroke::draw(QImage& picture, QColor color) const
-{
-    QRgb* const bits = pixels(picture);
-    const qsizetype line = stride(picture);
-    const QRgb rgb = color.rgb();
-    const unsigned char* share = coverage.data();
-    for (const Run& run : runs) {
-        QRgb* pixel = bits + run.first * line + run.column;
-        for (int row = 0; row < run.count; ++row, pixel += line, ++share)
-            *pixel = *share == 255 ? rgb : blend(*pixel, rgb, *share);
-    }
-}
-
-void CurveStroke::erase(QImage& picture, const QImage& background) const
-{
-    QRgb* const to = pixels(picture);
-    const QRgb* const from = pixels(background);
-    const qsizetype line = stride(picture);
-    for (const Run& run : runs) {
-        qsizetype pixel = run.first * line + run.column;
-        for (int row = 0; row < run.count; ++row, pixel += line)
-            to[pixel] = from[pixel];
-    }
-}
-
 void CurveRaster::setClip(const QRect& clip)
 {
     m_clip = clip;

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QColor>
-#include <QImage>
 #include <QPointF>
 #include <QRect>
 
@@ -23,12 +21,6 @@ struct CurveStroke
 
     std::vector<Run> runs;
     std::vector<unsigned char> coverage; ///< of all runs, one after the other
-
-    /// Draws the stroke in an opaque \a color onto \a picture, in the format
-    /// ARGB32_Premultiplied.
-    void draw(QImage& picture, QColor color) const;
-    /// Puts the pixels of \a background, a picture of the same size and format, back in its place.
-    void erase(QImage& picture, const QImage& background) const;
 };
 
 /// Scan-converts strokes of response curves.

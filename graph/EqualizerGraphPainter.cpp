@@ -4,6 +4,7 @@
 #include "effect/PixelRounding.h"
 #include "graph/GraphView.h"
 #include "graph/WideRegisters.h"
+#include "widgets/PixelCopy.h"
 
 #include <QPainter>
 #include <QPolygonF>
@@ -11,6 +12,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -135,6 +137,8 @@ std::array<std::vector<QPointF>, CurveCount> sampleCurves(const GraphView& view,
 
     std::array<std::vector<QPointF>, CurveCount> curves;
     const int step = std::max(static_cast<int>(SampleStep * axes.unit()), 1);
+    for (std::vector<QPointF>& curve : curves)
+        curve.reserve(static_cast<std::size_t>(axes.width()) / static_cast<std::size_t>(step) + 4);
     for (int i = -step; i <= axes.width() + step; i += step) {
         const double x = axes.left() + i;
         const EqualizerResponse::Levels levels =
@@ -172,10 +176,19 @@ void drawMark(QPainter& painter, const GraphView& view, int band)
     painter.drawEllipse(view.handle(band), radius, radius);
 }
 
+/// Whether pictures of the ratio \a pixelRatio are copied to the device pixel by pixel.
+bool isOneToOne(const QTransform& toDevice, double pixelRatio)
+{
+    const QPointF corner = toDevice.map(QPointF());
+    return toDevice.type() <= QTransform::TxScale && toDevice.m11() == pixelRatio &&
+           toDevice.m22() == pixelRatio && std::floor(pixelRatio) == pixelRatio &&
+           QPointF(corner.toPoint()) == corner;
+}
+
 } // namespace
 
 void EqualizerGraphPainter::paint(QPainter& painter, const GraphView& view, int editedBand,
-                                  int focusedBand)
+                                  int focusedBand, const SvgRaster& ground)
 {
     const PlotAxes& axes = view.axes();
     if (axes.width() <= 0.0 || axes.height() <= 0.0)
@@ -186,7 +199,7 @@ void EqualizerGraphPainter::paint(QPainter& painter, const GraphView& view, int 
         drawGrid(view);
     }
     drawCurves(view, editedBand);
-    painter.drawImage(QPointF(), m_picture);
+    drawPicture(painter, ground);
     drawHandles(painter, view, editedBand);
     if (view.isOn(focusedBand))
         drawMark(painter, view, focusedBand);
@@ -212,6 +225,7 @@ void EqualizerGraphPainter::drawGrid(const GraphView& view)
     m_raster.setClip(clipRect(view, m_gridKey.pixelRatio) & m_grid.rect());
     m_curves = {};
     m_shown.clear();
+    m_onGround = QImage();
 }
 
 void EqualizerGraphPainter::drawCurves(const GraphView& view, int editedBand)
@@ -219,21 +233,35 @@ void EqualizerGraphPainter::drawCurves(const GraphView& view, int editedBand)
     releaseWideRegisters();
     auto points = sampleCurves(view, m_gridKey.pixelRatio);
     std::vector<Shown> shown = shownCurves(view, editedBand);
-    const bool same = shown == m_shown && std::all_of(shown.begin(), shown.end(), [&](auto& item) {
-                          return points[item.curve] == m_curves[item.curve].points;
-                      });
-    if (same)
-        return;
-
-    for (const Shown& item : m_shown)
-        m_curves[item.curve].stroke.erase(m_picture, m_grid);
-    m_shown = std::move(shown);
+    const bool isRearranged = shown != m_shown;
     const double unit = view.axes().unit() * m_gridKey.pixelRatio;
-    for (const Shown& item : m_shown) {
-        Curve& curve = m_curves[item.curve];
-        setCurve(curve, std::move(points[item.curve]), item.width * unit);
-        curve.stroke.draw(m_picture, item.color);
+    m_changed.reset(m_picture.width());
+    bool isChanged = isRearranged;
+    for (std::size_t i = 0; i < m_curves.size(); ++i) {
+        const Shown* before = find(m_shown, i);
+        const Shown* now = find(shown, i);
+        Curve& curve = m_curves[i];
+        const bool isAnother =
+            now && (points[i] != curve.points || now->width * unit != curve.width);
+        if (isAnother) {
+            const CurveStroke old = setCurve(curve, std::move(points[i]), now->width * unit);
+            m_changed.add(before ? old : CurveStroke(), curve.stroke);
+        } else if (isRearranged && (before || now)) {
+            m_changed.add(curve.stroke, curve.stroke);
+        }
+        isChanged = isChanged || isAnother;
     }
+    m_shown = std::move(shown);
+    if (isChanged)
+        drawChanges();
+}
+
+const EqualizerGraphPainter::Shown* EqualizerGraphPainter::find(const std::vector<Shown>& shown,
+                                                                std::size_t curve)
+{
+    const auto found = std::find_if(shown.begin(), shown.end(),
+                                    [curve](const Shown& item) { return item.curve == curve; });
+    return found == shown.end() ? nullptr : &*found;
 }
 
 std::vector<EqualizerGraphPainter::Shown> EqualizerGraphPainter::shownCurves(const GraphView& view,
@@ -249,11 +277,47 @@ std::vector<EqualizerGraphPainter::Shown> EqualizerGraphPainter::shownCurves(con
     return shown;
 }
 
-void EqualizerGraphPainter::setCurve(Curve& curve, std::vector<QPointF>&& points, double width)
+CurveStroke EqualizerGraphPainter::setCurve(Curve& curve, std::vector<QPointF>&& points,
+                                            double width)
 {
-    if (points == curve.points && width == curve.width)
-        return;
-    curve.stroke = m_raster.stroke(points, width);
     curve.points = std::move(points);
     curve.width = width;
+    return std::exchange(curve.stroke, m_raster.stroke(curve.points, width));
+}
+
+void EqualizerGraphPainter::drawChanges()
+{
+    m_changed.copy(m_grid, m_picture);
+    for (const Shown& item : m_shown)
+        m_changed.draw(m_curves[item.curve].stroke, item.color, m_picture);
+    if (!m_onGround.isNull())
+        m_changed.lay(m_picture, m_ground.image, -m_ground.offset, m_onGround);
+}
+
+void EqualizerGraphPainter::drawPicture(QPainter& painter, const SvgRaster& ground)
+{
+    const QTransform toDevice = painter.deviceTransform();
+    const QPoint corner = toDevice.map(QPointF()).toPoint();
+    const bool isKnown =
+        isOneToOne(toDevice, m_gridKey.pixelRatio) &&
+        QRect(ground.offset, ground.image.size()).contains(QRect(corner, m_picture.size()));
+    if (!isKnown) {
+        painter.drawImage(QPointF(), m_picture);
+        return;
+    }
+    layOn({ground.image, ground.offset - corner});
+    copyPixels(painter, corner, m_onGround, m_onGround.rect(), painter.opacity());
+}
+
+void EqualizerGraphPainter::layOn(const SvgRaster& ground)
+{
+    const bool isSame =
+        ground.image.cacheKey() == m_ground.image.cacheKey() && ground.offset == m_ground.offset;
+    if (isSame && !m_onGround.isNull())
+        return;
+    m_ground = ground;
+    m_onGround = ground.image.copy(QRect(-ground.offset, m_picture.size()));
+    QImage picture = m_picture;
+    picture.setDevicePixelRatio(1.0);
+    QPainter(&m_onGround).drawImage(0, 0, picture);
 }

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "graph/ChangedRows.h"
 #include "graph/CurveRaster.h"
+#include "widgets/SvgRasters.h"
 
 #include <QColor>
 #include <QFont>
@@ -19,14 +21,18 @@ class QPainter;
 ///
 /// The curves are evaluated from the filters' coefficients on every call. What is drawn is kept:
 /// the grid with its labels as a picture, until size, pixel ratio, zoom or font change, and each
-/// curve's stroke, until the curve itself differs from the one evaluated before.
+/// curve's stroke, until the curve itself differs from the one evaluated before. Where a curve
+/// changed, and only there, the picture of grid and curves is made anew. On a ground that is known
+/// another picture holds both, which is copied instead of blended.
 class EqualizerGraphPainter
 {
 public:
     /// Paints \a view with the painter of its widget. \a editedBand is drawn in its full colour and
     /// above the others; the handle of \a focusedBand gets a ring in its full colour. A negative
-    /// number means none.
-    void paint(QPainter& painter, const GraphView& view, int editedBand, int focusedBand = -1);
+    /// number means none. \a ground is what lies beneath on the painter's device, and where, if
+    /// that is known; its image is opaque and in the format RGB32.
+    void paint(QPainter& painter, const GraphView& view, int editedBand, int focusedBand = -1,
+               const SvgRaster& ground = {});
 
 private:
     /// What the picture of the grid depends on.
@@ -57,8 +63,13 @@ private:
 
     void drawGrid(const GraphView& view);
     void drawCurves(const GraphView& view, int editedBand);
+    static const Shown* find(const std::vector<Shown>& shown, std::size_t curve);
     static std::vector<Shown> shownCurves(const GraphView& view, int editedBand);
-    void setCurve(Curve& curve, std::vector<QPointF>&& points, double width);
+    /// Returns the stroke that the curve had before.
+    CurveStroke setCurve(Curve& curve, std::vector<QPointF>&& points, double width);
+    void drawChanges();
+    void drawPicture(QPainter& painter, const SvgRaster& ground);
+    void layOn(const SvgRaster& ground);
 
     GridKey m_gridKey;
     QImage m_grid;
@@ -66,4 +77,7 @@ private:
     CurveRaster m_raster;
     std::array<Curve, 7> m_curves; ///< the bands', then the total
     std::vector<Shown> m_shown;
+    ChangedRows m_changed;
+    SvgRaster m_ground; ///< placed so that (0, 0) is the picture's corner
+    QImage m_onGround;  ///< the picture on the ground; null if that is not known
 };

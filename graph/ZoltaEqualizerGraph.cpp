@@ -6,12 +6,15 @@
 #include "graph/EqualizerGraphAccessible.h"
 #include "graph/GraphAnnouncements.h"
 #include "graph/HandleKeys.h"
+#include "widgets/SvgLabel.h"
 
+#include <QBackingStore>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPaintEngine>
 #include <QPainter>
-#include <QPointer>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -33,6 +36,8 @@ ZoltaEqualizerGraph::ZoltaEqualizerGraph(EffectEditor* editor)
             return new EqualizerGraphAccessible(widget, *static_cast<ZoltaEqualizerGraph*>(widget));
         });
 }
+
+void ZoltaEqualizerGraph::setGround(SvgLabel* ground) { m_ground = ground; }
 
 void ZoltaEqualizerGraph::setCh(int ch)
 {
@@ -86,7 +91,7 @@ int ZoltaEqualizerGraph::Update(unsigned short parameter, unsigned short ch, int
 {
     if (ch != m_binding.channel())
         return 0;
-    update();
+    update(view().plotRect().toAlignedRect()); // nothing of a band shows outside of the plot
     const std::optional<GraphBinding::Change> change = m_binding.receive(parameter, value);
     if (!change)
         return 0;
@@ -163,7 +168,36 @@ void ZoltaEqualizerGraph::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     m_painter.paint(painter, view(), bandOf(m_editTarget),
-                    hasFocus() ? bandOf(m_focusedHandle) : -1);
+                    hasFocus() ? bandOf(m_focusedHandle) : -1, knownGround(painter));
+}
+
+SvgRaster ZoltaEqualizerGraph::knownGround(const QPainter& painter)
+{
+    QBackingStore* store = window()->backingStore();
+    const bool isInWindow = store && painter.paintEngine()->paintDevice() == store->paintDevice();
+    if (!m_ground || !isInWindow || !isBareGround())
+        return {};
+    return m_ground->coveringPixels(painter, m_ground->pos() - pos());
+}
+
+bool ZoltaEqualizerGraph::isBareGround() const
+{
+    const auto isBeneath = [](QWidget* widget, const QRect& place) {
+        return widget && !widget->isHidden() && !widget->isWindow() &&
+               widget->geometry().intersects(place);
+    };
+    const QObjectList& siblings = parentWidget()->children(); // in the order of painting
+    const QObjectList before = siblings.first(siblings.indexOf(this));
+    if (!before.contains(m_ground.data()))
+        return false;
+    for (QObject* sibling : before) {
+        if (sibling != m_ground && isBeneath(qobject_cast<QWidget*>(sibling), geometry()))
+            return false;
+    }
+    const QRect place = geometry().translated(-m_ground->pos());
+    return std::none_of(
+        m_ground->children().begin(), m_ground->children().end(),
+        [&](QObject* child) { return isBeneath(qobject_cast<QWidget*>(child), place); });
 }
 
 void ZoltaEqualizerGraph::bind(IMemAPI* memAPI, unsigned short ch)

@@ -9,6 +9,7 @@
 #include "graph/HandleModel.h"
 #include "interfaces/IPrmObserver.h"
 
+#include <QPointer>
 #include <QWidget>
 
 #include <array>
@@ -16,6 +17,7 @@
 
 class EffectEditor;
 class IMemAPI;
+class SvgLabel;
 
 /// The interactive frequency response of the equalizer.
 ///
@@ -48,6 +50,10 @@ public:
 
     /// A child of \a editor, through which parameter names are looked up.
     explicit ZoltaEqualizerGraph(EffectEditor* editor);
+
+    /// The label beneath the graph. While the graph lies on nothing but its picture, that is
+    /// painted as one with the graph's own, which is faster.
+    void setGround(SvgLabel* ground);
 
     /// Leaves the memory that was set before, and mirrors \a memAPI; null unbinds.
     void setMemAPI(IMemAPI* memAPI) { bind(memAPI, m_binding.channel()); }
@@ -127,12 +133,17 @@ private:
         return {bands(), size(), ZoomRangeList[static_cast<std::size_t>(m_zoom)]};
     }
     void bind(IMemAPI* memAPI, unsigned short ch);
+    /// The picture that lies beneath everything that \a painter paints in the window, if it is
+    /// known.
+    SvgRaster knownGround(const QPainter& painter);
+    bool isBareGround() const;
     void markHandle(EditTarget target);
     /// Gives the mark up when its band is off.
     void dropMark();
     void endDrag();
 
     EqualizerGraphPainter m_painter;
+    QPointer<SvgLabel> m_ground;
     int m_zoom = DefaultZoom;
     EditTarget m_editTarget = EditTargetNone;
     EditTarget m_focusedHandle = EditTargetNone;

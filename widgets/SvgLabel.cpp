@@ -4,6 +4,7 @@
 #include "widgets/SvgRasters.h"
 
 #include <QPainter>
+#include <QStyle>
 
 namespace {
 
@@ -57,7 +58,7 @@ void SvgLabel::paintEvent(QPaintEvent* event)
 bool SvgLabel::showsMore() const
 {
     return frameShape() != NoFrame || !text().isEmpty() || !pixmap(Qt::ReturnByValue).isNull() ||
-           !picture(Qt::ReturnByValue).isNull() || movie() || testAttribute(Qt::WA_StyleSheet);
+           !picture(Qt::ReturnByValue).isNull() || movie() || style()->inherits("QStyleSheetStyle");
 }
 
 SvgImage& SvgLabel::shownImage()

@@ -6,7 +6,11 @@
 
 #include <QApplication>
 #include <QImage>
+#include <QLabel>
+#include <QScreen>
 #include <QSignalSpy>
+
+#include <functional>
 
 class tst_ZoltaEditor : public TestObject
 {
@@ -49,6 +53,8 @@ private Q_SLOTS:
     void settingsHoldTheZoom_data();
     void settingsHoldTheZoom();
     void sampleRateReachesTheGraph();
+    void theScreenShowsWhatIsRendered_data();
+    void theScreenShowsWhatIsRendered();
 };
 
 namespace {
@@ -673,6 +679,58 @@ void tst_ZoltaEditor::sampleRateReachesTheGraph()
     QVERIFY(picture() != low);
     fixture.editor->setFs(44100);
     QCOMPARE(picture(), low);
+}
+
+void tst_ZoltaEditor::theScreenShowsWhatIsRendered_data()
+{
+    QTest::addColumn<double>("scale");
+    for (const double scale : {0.5, 1.0, 1.5, 2.0})
+        QTest::addRow("%g", scale) << scale;
+}
+
+// On the screen the graph is painted as one with the picture beneath, and only where it changed.
+void tst_ZoltaEditor::theScreenShowsWhatIsRendered()
+{
+    QFETCH(double, scale);
+    EditorFixture fixture;
+    fixture.bind(0, 1);
+    fixture.editor->setScale(scale);
+    fixture.editor->show();
+    QVERIFY(QTest::qWaitForWindowExposed(fixture.editor.get()));
+    auto* ground = fixture.widget<SvgLabel>("Background");
+    auto* between = new QLabel(QStringLiteral("between"), ground);
+    between->setGeometry(fixture.graph()->geometry().adjusted(40, 40, -40, -40));
+    const auto set = [&](int number, int value) {
+        fixture.host.set(TestHost::name(number), 0, value);
+    };
+    const std::function<void()> changes[] = {
+        [] {},
+        [&] { set(7, 90); },
+        [&] { set(11, -70); },
+        [&] { set(12, 0); },
+        [&] { fixture.graph()->setEditTarget(ZoltaEqualizerGraph::EditTargetMiddle1); },
+        [&] { fixture.graph()->zoomUp(); },
+        [&] { between->show(); },
+        [&] { set(7, -30); },
+        [&] { between->hide(); },
+        [&] { ground->setOpacity(0.5); },
+        [&] { set(15, 60); },
+        [&] { ground->hide(); },
+        [&] { ground->show(); },
+        [&] { ground->setOpacity(1.0); },
+        [&] { ground->setSvg(QStringLiteral(":/image/zolta/back_meter.svg")); },
+        [&] { fixture.editor->setScale(1.25 * scale); },
+    };
+    const auto isSame = [&] {
+        const QImage seen = fixture.editor->screen()->grabWindow(fixture.editor->winId()).toImage();
+        QImage rendered(fixture.editor->size(), QImage::Format_RGB32);
+        fixture.editor->render(&rendered);
+        return seen.convertToFormat(QImage::Format_RGB32) == rendered;
+    };
+    for (std::size_t i = 0; i < std::size(changes); ++i) {
+        changes[i]();
+        QVERIFY2(QTest::qWaitFor(isSame), qPrintable(QString::number(i)));
+    }
 }
 
 ZOLTA_TEST_MAIN(tst_ZoltaEditor)
