@@ -66,30 +66,34 @@ void AudioEngine::processAll(std::span<Sample* const> channels, std::size_t fram
         Sample* samples = i < channels.size() ? channels[i] : nullptr;
         for (std::size_t done = 0; samples && done < frames; done += maxPart) {
             const std::size_t count = std::min(maxPart, frames - done);
-            const Peaks part = processPart(&channel.processor, {samples + done, count});
+            const Peaks part = processPart(&channel, {samples + done, count});
             peaks.send = std::max(peaks.send, part.send);
             peaks.returned = std::max(peaks.returned, part.returned);
         }
+        if (!samples)
+            channel.tap.writeSilence(frames);
         channel.meters.take(peaks.send, peaks.returned, seconds);
         channel.levels.store(packed(channel.meters.levels()), std::memory_order_relaxed);
     }
     m_blocks.fetch_add(1, std::memory_order_relaxed);
 }
 
-AudioEngine::Peaks AudioEngine::processPart(ChannelProcessor* processor, std::span<double> block)
+AudioEngine::Peaks AudioEngine::processPart(Channel* channel, std::span<double> block)
 {
-    processor->applyInput(block);
+    channel->processor.applyInput(block);
     const double send = peakOf(block);
-    processor->equalize(block);
+    channel->tap.writeBefore(block);
+    channel->processor.equalize(block);
+    channel->tap.writeAfter(block);
     return {send, peakOf(block)};
 }
 
-AudioEngine::Peaks AudioEngine::processPart(ChannelProcessor* processor, std::span<float> block)
+AudioEngine::Peaks AudioEngine::processPart(Channel* channel, std::span<float> block)
 {
     std::array<double, maxPart> samples;
     const std::span<double> part(samples.data(), block.size());
     std::copy(block.begin(), block.end(), part.begin());
-    const Peaks peaks = processPart(processor, part);
+    const Peaks peaks = processPart(channel, part);
     std::transform(part.begin(), part.end(), block.begin(),
                    [](double sample) { return static_cast<float>(sample); });
     return peaks;

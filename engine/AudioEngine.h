@@ -4,6 +4,7 @@
 #include "engine/ChannelMeters.h"
 #include "engine/ChannelProcessor.h"
 #include "engine/LatestValue.h"
+#include "engine/SignalTap.h"
 
 #include <array>
 #include <atomic>
@@ -46,6 +47,9 @@ public:
     MeterLevels levels(int channel) const;
     /// How many blocks have been processed: as long as it grows, audio runs. Any thread's.
     std::uint64_t blocks() const { return m_blocks.load(std::memory_order_relaxed); }
+    /// A channel's samples where the send meter measures and where the return meter does; silence
+    /// of one that gets no signal.
+    SignalTap& tap(int channel) { return at(channel).tap; }
     /// The delay of a channel in samples. The audio thread's.
     double latency(int channel) const { return at(channel).processor.latency(); }
 
@@ -60,6 +64,7 @@ private:
         LatestValue<Values> settings;
         ChannelProcessor processor;
         ChannelMeters meters;
+        SignalTap tap;
         std::atomic<std::uint32_t> levels = packed({});
     };
 
@@ -69,8 +74,8 @@ private:
 
     template <typename Sample>
     void processAll(std::span<Sample* const> channels, std::size_t frames) noexcept;
-    static Peaks processPart(ChannelProcessor* processor, std::span<double> block);
-    static Peaks processPart(ChannelProcessor* processor, std::span<float> block);
+    static Peaks processPart(Channel* channel, std::span<double> block);
+    static Peaks processPart(Channel* channel, std::span<float> block);
 
     double m_sampleRate = 48000.0;
     std::array<Channel, channelCount> m_channels;

@@ -62,6 +62,8 @@ public:
 
     /// For the meters.
     const AudioEngine& engine() const { return m_engine; }
+    /// For the spectrum of a channel.
+    SignalTap& tap(int channel) { return m_engine.tap(channel); }
 
 private:
     static constexpr std::size_t maxPart = 256;
