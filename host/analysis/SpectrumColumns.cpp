@@ -55,7 +55,10 @@ void SpectrumColumns::evaluate(std::span<const double> powers, const SpectrumWin
         std::size_t next = first;
         for (; next < m_points.size() && m_points[next].bin <= middle * m_reach; ++next)
             highest = std::max(highest, m_points[next].power);
-        const double level = highest < 0.0 ? lineAt(first, middle) : levelOf(highest);
+        const std::optional<double> mean = meanAround(middle);
+        const double level = mean            ? levelOf(*mean)
+                             : highest < 0.0 ? lineAt(first, middle)
+                                             : levelOf(highest);
         const double tilt = m_tilt * std::log2(frequency(i) / tiltCentre);
         (*levels)[i] = static_cast<float>(level + tilt);
     }
@@ -74,13 +77,8 @@ SpectrumColumns::Point SpectrumColumns::pointOf(std::size_t bin, std::span<const
                                                 const SpectrumWindow& window) const
 {
     const auto middle = static_cast<double>(bin);
-    if (m_parts > 0) {
-        const double half = std::exp2(0.5 / m_parts);
-        const double low = middle / half;
-        const double high = std::min(middle * half, static_cast<double>(powers.size()) - 0.5);
-        if (high - low >= leastBins)
-            return {middle, (sumBelow(high) - sumBelow(low)) / (high - low)};
-    }
+    if (const std::optional<double> mean = meanAround(middle))
+        return {middle, *mean};
     const double left = powers[bin - 1];
     const double right = powers[bin + 1];
     if (powers[bin] < left || powers[bin] <= right)
@@ -89,20 +87,42 @@ SpectrumColumns::Point SpectrumColumns::pointOf(std::size_t bin, std::span<const
     return {middle + peak.offset, peak.power};
 }
 
-// Of the bins before each one.
+// Weighted by a triangle that is 1/n octave wide at half its height; nothing where that is too
+// narrow for the bins.
+std::optional<double> SpectrumColumns::meanAround(double bin) const
+{
+    if (m_parts == 0)
+        return {};
+    const double reach = std::exp2(1.0 / m_parts);
+    const double left = bin - bin / reach;
+    const double right = std::min(bin * reach, static_cast<double>(m_sums.size()) - 1.5) - bin;
+    if (left + right < 2.0 * leastBins || right <= 0.0)
+        return {};
+    const double middle = sumOfSums(bin);
+    const double rise = (middle - sumOfSums(bin - left)) / left;
+    const double fall = (sumOfSums(bin + right) - middle) / right;
+    return std::max(fall - rise, 0.0) * 2.0 / (left + right);
+}
+
+// Of the bins before each one, and the same of these sums.
 void SpectrumColumns::sum(std::span<const double> powers)
 {
     m_sums.assign(1, 0.0);
-    for (const double power : powers)
+    m_sumsOfSums.assign(1, 0.0);
+    for (const double power : powers) {
+        m_sumsOfSums.push_back(m_sumsOfSums.back() + m_sums.back() + 0.5 * power);
         m_sums.push_back(m_sums.back() + power);
+    }
 }
 
 // A bin reaches half way to its neighbours.
-double SpectrumColumns::sumBelow(double bin) const
+double SpectrumColumns::sumOfSums(double bin) const
 {
     const double place = std::clamp(bin + 0.5, 0.0, static_cast<double>(m_sums.size() - 1));
     const auto whole = std::min(static_cast<std::size_t>(place), m_sums.size() - 2);
-    return std::lerp(m_sums[whole], m_sums[whole + 1], place - static_cast<double>(whole));
+    const double part = place - static_cast<double>(whole);
+    const double power = m_sums[whole + 1] - m_sums[whole];
+    return m_sumsOfSums[whole] + part * (m_sums[whole] + 0.5 * part * power);
 }
 
 // The level at a place before a point and behind the one before that.

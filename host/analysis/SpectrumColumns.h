@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -10,6 +11,7 @@ class SpectrumWindow;
 /// The levels of a spectrum along a logarithmic frequency axis from 20 Hz to 20 kHz: one for each
 /// of so many columns of the same width. Where bins are closer than columns the highest counts, so
 /// that no tone is lost; where they are farther apart a smooth line leads from one to the next.
+/// Smoothed, a column shows the mean around its middle.
 class SpectrumColumns
 {
 public:
@@ -39,8 +41,9 @@ private:
     void findPoints(std::span<const double> powers, const SpectrumWindow& window);
     Point pointOf(std::size_t bin, std::span<const double> powers,
                   const SpectrumWindow& window) const;
+    std::optional<double> meanAround(double bin) const;
     void sum(std::span<const double> powers);
-    double sumBelow(double bin) const;
+    double sumOfSums(double bin) const;
     double lineAt(std::size_t next, double bin) const;
 
     int m_parts = 0;
@@ -49,5 +52,6 @@ private:
     double m_reach = 1.0;          // from a column's middle as far as it looks, as a ratio
     std::vector<double> m_middles; // bins
     std::vector<double> m_sums;
+    std::vector<double> m_sumsOfSums;
     std::vector<Point> m_points;
 };

@@ -40,6 +40,9 @@ public:
                  std::chrono::milliseconds patience = std::chrono::seconds(3));
     ~AudioSession() override;
 
+    /// What it mixes by.
+    MixBus& bus() const { return m_bus; }
+
     /// Opens a file, which stops what plays before, and is what play() plays from now on. Where
     /// that fails no file is open.
     Status openFile(const QString& file);

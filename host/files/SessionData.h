@@ -36,6 +36,7 @@ struct SessionData
 
     std::array<Channel, channelCount> channels;
     QByteArray mixerGeometry;
+    QJsonObject analyzer; ///< how spectra are shown; empty where it was not said
     std::vector<Editor> editors; ///< that are open
 
     /// A new mixer: everything at its default.

@@ -46,6 +46,7 @@ bool MixerSession::restoreWindows(MixerWindow& window)
     connect(&m_mixer.mixerModel.history().stack(), &QUndoStack::indexChanged, this,
             &MixerSession::saveLater);
     connect(&m_mixer.mixerModel, &MixerModel::channelChanged, this, &MixerSession::saveLater);
+    connect(&m_mixer.analyzer, &AnalyzerStore::changed, this, &MixerSession::saveLater);
     qGuiApp->installEventFilter(this);
     window.restoreGeometry(m_data.mixerGeometry);
     bool opened = false;
@@ -111,6 +112,7 @@ Status MixerSession::writeChannels()
     m_timer.stop();
     for (int ch = 0; ch < channelCount; ++ch)
         collect(ch);
+    m_data.analyzer = m_mixer.analyzer.settings().toJson();
     const Status saved = m_file.save(m_data);
     m_saved = saved.isOk();
     return saved;
@@ -150,6 +152,7 @@ void MixerSession::restore()
     const EditHistory::Pause pause(m_mixer.mixerModel.history());
     for (int ch = 0; ch < channelCount; ++ch)
         restore(ch);
+    m_mixer.analyzer.setSettings(AnalyzerSettings::fromJson(m_data.analyzer));
     m_mixer.mixerModel.history().clear();
 }
 

@@ -217,10 +217,11 @@ void tst_SpectrumAnalyzer::smoothingAveragesPower()
     settings.smoothing = smoothing;
     analyzer.setSettings(settings);
     analyzer.update(sineBlock(analyzer, 5000.0), 1.0);
-    const double half = std::exp2(0.5 / settings.smoothingParts());
-    const double bins = 5000.0 * (half - 1.0 / half) * double(settings.size()) / 48000.0;
+    const double reach = std::exp2(1.0 / settings.smoothingParts());
+    const double width = 5000.0 * (reach - 1.0 / reach) / 2.0;
+    const double bins = width * double(settings.size()) / 48000.0;
     COMPARE_NEAR(levelAt(analyzer, 5000.0), 10.0 * std::log10(1.5 / bins), 0.1);
-    const double beside = 5000.0 * std::exp2(0.7 / settings.smoothingParts());
+    const double beside = 5000.0 * std::exp2(1.5 / settings.smoothingParts());
     QVERIFY(levelAt(analyzer, beside) < -60.0);
 }
 
