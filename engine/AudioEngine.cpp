@@ -72,7 +72,10 @@ void AudioEngine::processAll(std::span<Sample* const> channels, std::size_t fram
     for (std::size_t i = 0; i < m_channels.size(); i += 2)
         processBoth(&m_channels[i], samplesOf(i), samplesOf(i + 1), frames);
     const double seconds = static_cast<double>(frames) / m_sampleRate;
-    for (Channel& channel : m_channels) {
+    for (std::size_t i = 0; i < m_channels.size(); ++i) {
+        Channel& channel = m_channels[i];
+        if (!samplesOf(i))
+            channel.tap.writeSilence(frames);
         channel.meters.take(channel.peaks.send, channel.peaks.returned, seconds);
         channel.levels.set(channel.meters.levels());
     }
@@ -125,9 +128,11 @@ void AudioEngine::Channel::takeInput(std::span<double> block)
 {
     processor.applyInput(block);
     peaks.send = std::max(peaks.send, peakOf(block));
+    tap.writeBefore(block);
 }
 
 void AudioEngine::Channel::takeOutput(std::span<const double> block)
 {
     peaks.returned = std::max(peaks.returned, peakOf(block));
+    tap.writeAfter(block);
 }

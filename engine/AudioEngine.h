@@ -5,6 +5,7 @@
 #include "engine/ChannelProcessor.h"
 #include "engine/LatestValue.h"
 #include "engine/SharedLevels.h"
+#include "engine/SignalTap.h"
 
 #include <array>
 #include <atomic>
@@ -49,6 +50,9 @@ public:
     MeterLevels levels(int channel) const { return at(channel).levels.get(); }
     /// How many blocks have been processed: as long as it grows, audio runs. Any thread's.
     std::uint64_t blocks() const { return m_blocks.load(std::memory_order_relaxed); }
+    /// A channel's samples where the send meter measures and where the return meter does; silence
+    /// of one that gets no signal.
+    SignalTap& tap(int channel) { return at(channel).tap; }
     /// The delay of a channel in samples. The audio thread's.
     double latency(int channel) const { return at(channel).processor.latency(); }
 
@@ -66,6 +70,7 @@ private:
         LatestValue<Values> settings;
         ChannelProcessor processor;
         ChannelMeters meters;
+        SignalTap tap;
         Peaks peaks; // of the block under way
         SharedLevels levels;
     };

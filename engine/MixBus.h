@@ -73,6 +73,8 @@ public:
     const AudioEngine& engine() const { return m_engine; }
     /// What comes out in the end: left as sent, right as returned. Any thread's.
     MeterLevels outputLevels() const { return m_outputLevels.get(); }
+    /// For the spectrum of a channel.
+    SignalTap& tap(int channel) { return m_engine.tap(channel); }
 
 private:
     static constexpr std::size_t maxPart = 256;

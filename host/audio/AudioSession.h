@@ -41,6 +41,9 @@ public:
                  std::chrono::milliseconds patience = std::chrono::seconds(3));
     ~AudioSession() override;
 
+    /// What it mixes by.
+    MixBus& bus() const { return m_bus; }
+
     /// Opens a file, which stops what plays before, and is what play() plays from now on. A file
     /// that cannot be read changes nothing: what plays goes on, and error() is not about files.
     Status openFile(const QString& file);

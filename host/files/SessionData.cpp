@@ -19,6 +19,7 @@ constexpr QLatin1String otherKey("other");
 constexpr QLatin1String editorKey("editor");
 constexpr QLatin1String masterKey("master");
 constexpr QLatin1String mixerKey("mixer");
+constexpr QLatin1String analyzerKey("analyzer");
 constexpr QLatin1String editorsKey("editors");
 constexpr QLatin1String channelKey("channel");
 constexpr QLatin1String stereoKey("stereo");
@@ -298,6 +299,8 @@ QJsonObject SessionData::toJson(const QJsonObject& base) const
         open << ::toJson(editor);
     QJsonObject mixer = base[mixerKey].toObject();
     mixer[geometryKey] = ::toJson(mixerGeometry);
+    if (!analyzer.isEmpty())
+        mixer[analyzerKey] = analyzer;
     QJsonObject root = base;
     root[versionKey] = version;
     root[channelsKey] = list;
@@ -320,8 +323,12 @@ Status SessionData::read(const QJsonObject& root)
     Reader reader;
     readChannels(reader, root[channelsKey], this);
     reader.master(root[masterKey], &master);
-    if (reader.has(root[mixerKey], QJsonValue::Object, mixerKey))
-        reader.bytes(root[mixerKey][geometryKey], QStringLiteral("mixer.geometry"), &mixerGeometry);
+    if (reader.has(root[mixerKey], QJsonValue::Object, mixerKey)) {
+        const QJsonValue mixer = root[mixerKey];
+        reader.bytes(mixer[geometryKey], QStringLiteral("mixer.geometry"), &mixerGeometry);
+        if (reader.has(mixer[analyzerKey], QJsonValue::Object, QStringLiteral("mixer.analyzer")))
+            analyzer = mixer[analyzerKey].toObject();
+    }
     if (reader.has(root[editorsKey], QJsonValue::Array, editorsKey)) {
         const QJsonArray open = root[editorsKey].toArray();
         for (int i = 0; i < open.size(); ++i)

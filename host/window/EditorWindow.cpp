@@ -3,6 +3,8 @@
 
 #include "host/audio/AudioSession.h"
 #include "host/desktop/DesktopEqualizer.h"
+#include "host/window/AnalyzerPanel.h"
+#include "host/window/AnalyzerView.h"
 #include "host/window/EditMenu.h"
 #include "host/window/EditorToolBar.h"
 #include "host/window/FileDialogs.h"
@@ -75,7 +77,19 @@ void EditorWindow::fitTo(double scale, const QSize& room)
     m_zoomRoom = {0, 0};
 }
 
-void EditorWindow::setMeasured(bool measured) { m_panels->setShown(m_measured, measured); }
+void EditorWindow::setMeasured(bool measured)
+{
+    if (measured)
+        m_panels->setShown(m_analyzer, false);
+    m_panels->setShown(m_measured, measured);
+}
+
+void EditorWindow::setAnalyzer(bool shown)
+{
+    if (shown)
+        m_panels->setShown(m_measured, false);
+    m_panels->setShown(m_analyzer, shown);
+}
 
 void EditorWindow::follow(const DesktopEqualizer& desktop)
 {
@@ -196,9 +210,13 @@ void EditorWindow::buildViewMenu(QMenu* menu)
     menu->addSeparator();
     addPanelItem(
         menu, [] { return tr("Measured &Response"); }, QKeySequence(Qt::CTRL | Qt::Key_R),
-        m_measured);
+        m_measured, [this](bool shown) { setMeasured(shown); });
     addPanelItem(
-        menu, [] { return tr("&Parameters"); }, QKeySequence(Qt::CTRL | Qt::Key_L), m_parameters);
+        menu, [] { return tr("A&nalyzer"); }, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_R),
+        m_analyzer, [this](bool shown) { setAnalyzer(shown); });
+    addPanelItem(
+        menu, [] { return tr("&Parameters"); }, QKeySequence(Qt::CTRL | Qt::Key_L), m_parameters,
+        [this](bool shown) { m_panels->setShown(m_parameters, shown); });
     auto* range = new GraphRange(m_mixer, *m_session, this);
     range->fill(m_texts.menu(menu, [] { return tr("&Graph Range"); }), m_texts);
     addLanguageMenu(menu, m_mixer.language, m_texts);
@@ -209,10 +227,10 @@ void EditorWindow::buildViewMenu(QMenu* menu)
 
 // The panel's own action follows it, but shows it without making room for it.
 void EditorWindow::addPanelItem(QMenu* menu, const Retranslator::Text& text,
-                                const QKeySequence& keys, QDockWidget* panel)
+                                const QKeySequence& keys, QDockWidget* panel,
+                                const std::function<void(bool)>& show)
 {
-    QAction* action = m_texts.action(
-        menu, text, keys, this, [this, panel](bool shown) { m_panels->setShown(panel, shown); });
+    QAction* action = m_texts.action(menu, text, keys, this, show);
     action->setCheckable(true);
     connect(panel->toggleViewAction(), &QAction::toggled, action, &QAction::setChecked);
 }
@@ -224,6 +242,8 @@ void EditorWindow::buildToolBar()
     connect(m_bar, &EditorToolBar::stereoChosen, this, &EditorWindow::stereoChosen);
     connect(m_bar, &EditorToolBar::scaleChanged, this, &EditorWindow::followZoom);
     connect(m_bar, &EditorToolBar::sampleRateChanged, m_response, &ResponseView::setSampleRate);
+    connect(m_bar, &EditorToolBar::sampleRateChanged, m_spectrum->view(),
+            &AnalyzerView::setSampleRate);
     connect(m_bar, &EditorToolBar::modesChanged, this,
             [this] { settings().keepModes(&m_mixer.settings); });
     addToolBar(m_bar);
@@ -298,6 +318,19 @@ void EditorWindow::buildPanels()
     m_texts.add([this] {
         m_response->setAccessibleName(tr("Measured response"));
         m_measured->setWindowTitle(tr("Measured response"));
+    });
+    buildAnalyzer();
+}
+
+void EditorWindow::buildAnalyzer()
+{
+    m_spectrum = new AnalyzerPanel(m_mixer.mixerModel, m_mixer.analyzer, settings().channel, this);
+    m_spectrum->view()->setSampleRate(settings().sampleRate);
+    m_analyzer = m_panels->add(QStringLiteral("analyzer"), m_spectrum, Qt::BottomDockWidgetArea);
+    m_spectrum->view()->alignWith(m_stage);
+    m_texts.add([this] {
+        m_spectrum->view()->setAccessibleName(tr("Analyzer"));
+        m_analyzer->setWindowTitle(tr("Analyzer"));
     });
 }
 

@@ -6,9 +6,11 @@
 
 #include <QMainWindow>
 
+#include <functional>
 #include <memory>
 
 struct Mixer;
+class AnalyzerPanel;
 class DesktopEqualizer;
 class EditorToolBar;
 class PresetMenu;
@@ -22,8 +24,8 @@ class WindowPanels;
 
 /// The window of one open editor: the editor, what it can be switched between, presets, the
 /// channel's A and B settings, and in panels around it a list of the channel's parameters, which
-/// can be edited, and the measured response. The window's geometry and state hold where everything
-/// is.
+/// can be edited, and the measured response or the analyzer. The window's geometry and state hold
+/// where everything is.
 class EditorWindow : public QMainWindow
 {
     Q_OBJECT
@@ -42,6 +44,8 @@ public:
     void fitTo(double scale, const QSize& room);
     /// Shows, below the editor, the response as an impulse measures it.
     void setMeasured(bool measured);
+    /// Shows, in its place, the analyzer.
+    void setAnalyzer(bool shown);
 
     /// Makes it the window of \a desktop, which must outlive it: its pair alone, at the rate that
     /// is heard, and no way to the mixer.
@@ -78,13 +82,14 @@ private:
     void buildPresetMenu(QMenu* menu);
     void buildViewMenu(QMenu* menu);
     void addPanelItem(QMenu* menu, const Retranslator::Text& text, const QKeySequence& keys,
-                      QDockWidget* panel);
+                      QDockWidget* panel, const std::function<void(bool)>& show);
     void buildToolBar();
     void buildStatus();
     void showAudio();
     void showDesktop();
     void buildEditorArea(std::unique_ptr<QWidget> stage);
     void buildPanels();
+    void buildAnalyzer();
     void followZoom();
     void showTitle();
     void openStateFile();
@@ -101,6 +106,8 @@ private:
     QDockWidget* m_parameters = nullptr;
     QDockWidget* m_measured = nullptr;
     ResponseView* m_response = nullptr;
+    QDockWidget* m_analyzer = nullptr;
+    AnalyzerPanel* m_spectrum = nullptr;
     EditorToolBar* m_bar = nullptr;
     PresetMenu* m_presets = nullptr;
     QLabel* m_audio = nullptr;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/window/HandleGuide.h"
 
-#include "host/model/NoteName.h"
+#include "host/analysis/ReadoutText.h"
 #include "hosting/HostMemory.h"
 
 #include <QAccessible>

@@ -5,6 +5,7 @@
 #include "host/meters/BuiltInSignal.h"
 #include "host/meters/MeterSource.h"
 #include "host/model/MixerModel.h"
+#include "host/window/AnalyzerStore.h"
 #include "host/window/Language.h"
 #include "hosting/EditorLibrary.h"
 #include "hosting/HostMemory.h"
@@ -20,4 +21,5 @@ struct Mixer
     MeterSource meters{memory, std::make_unique<BuiltInSignal>()};
     SettingsFile settings;
     LanguageSwitch language;
+    AnalyzerStore analyzer;
 };

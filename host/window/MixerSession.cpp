@@ -54,6 +54,7 @@ bool MixerSession::restoreWindows(MixerWindow& window)
     connect(&m_mixer.mixerModel.history().stack(), &QUndoStack::indexChanged, this,
             &MixerSession::saveLater);
     connect(&m_mixer.mixerModel, &MixerModel::channelChanged, this, &MixerSession::saveLater);
+    connect(&m_mixer.analyzer, &AnalyzerStore::changed, this, &MixerSession::saveLater);
     qGuiApp->installEventFilter(this);
     connectMenu();
     return showWindows();
@@ -236,6 +237,7 @@ Status MixerSession::writeChannels()
     collectSound();
     for (std::size_t i = 0; i < masterParameterCount; ++i)
         m_data.master[i] = m_mixer.memory.master(static_cast<MasterParameter>(i));
+    m_data.analyzer = m_mixer.analyzer.settings().toJson();
     const Status saved = m_file->save(m_data);
     m_saved = saved.isOk();
     return saved;
@@ -277,6 +279,7 @@ void MixerSession::restore()
         restore(ch);
     for (std::size_t i = 0; i < masterParameterCount; ++i)
         m_mixer.memory.setMaster(static_cast<MasterParameter>(i), m_data.master[i]);
+    m_mixer.analyzer.setSettings(AnalyzerSettings::fromJson(m_data.analyzer));
     m_mixer.mixerModel.history().clear();
 }
 

@@ -270,6 +270,14 @@
         <source>Plays to %1</source>
         <translation>Spielt auf %1</translation>
     </message>
+    <message>
+        <source>A&amp;nalyzer</source>
+        <translation>&amp;Analysator</translation>
+    </message>
+    <message>
+        <source>Analyzer</source>
+        <translation>Analysator</translation>
+    </message>
 </context>
 <context>
     <name>LanguageMenu</name>
@@ -2313,6 +2321,152 @@ Tab und Pfeiltasten: dasselbe mit der Tastatur</translation>
     <message>
         <source>The desktop equalizer has no sound because PipeWire runs without a session manager. Start one with &quot;systemctl --user start wireplumber&quot;; the equalizer then plays by itself.</source>
         <translation>Der Desktop-Equalizer hat keinen Ton, weil PipeWire ohne Sitzungsverwaltung läuft. Mit &quot;systemctl --user start wireplumber&quot; eine starten; dann spielt der Equalizer von selbst.</translation>
+    </message>
+</context>
+<context>
+    <name>AnalyzerView</name>
+    <message>
+        <source>Frequency</source>
+        <translation>Frequenz</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Note</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>Vorher</translation>
+    </message>
+    <message>
+        <source>After</source>
+        <translation>Nachher</translation>
+    </message>
+    <message>
+        <source>Difference</source>
+        <translation>Differenz</translation>
+    </message>
+    <message>
+        <source>Peak</source>
+        <translation>Spitze</translation>
+    </message>
+    <message>
+        <source>Curve</source>
+        <translation>Kurve</translation>
+    </message>
+    <message>
+        <source>Measured</source>
+        <translation>Gemessen</translation>
+    </message>
+    <message>
+        <source>Nothing is played</source>
+        <translation>Es wird nichts wiedergegeben</translation>
+    </message>
+</context>
+<context>
+    <name>AnalyzerBar</name>
+    <message>
+        <source>No smoothing</source>
+        <translation>Keine Glättung</translation>
+    </message>
+    <message>
+        <source>1 octave</source>
+        <translation>1 Oktave</translation>
+    </message>
+    <message>
+        <source>1/%1 octave</source>
+        <translation>1/%1 Oktave</translation>
+    </message>
+    <message>
+        <source>No tilt</source>
+        <translation>Keine Neigung</translation>
+    </message>
+    <message>
+        <source>%1 dB/octave</source>
+        <translation>%1 dB/Oktave</translation>
+    </message>
+    <message>
+        <source>Peak hold</source>
+        <translation>Spitzen halten</translation>
+    </message>
+    <message>
+        <source>Keep the highest levels in view</source>
+        <translation>Die höchsten Pegel stehen lassen</translation>
+    </message>
+    <message>
+        <source>Curve</source>
+        <translation>Kurve</translation>
+    </message>
+    <message>
+        <source>Show the equalizer's curve, drawn and measured</source>
+        <translation>Die Kurve des Equalizers zeigen, gezeichnet und gemessen</translation>
+    </message>
+    <message>
+        <source>Freeze</source>
+        <translation>Einfrieren</translation>
+    </message>
+    <message>
+        <source>Keep the picture as it is</source>
+        <translation>Das Bild stehen lassen</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Begin averages and peaks anew</source>
+        <translation>Mittelwerte und Spitzen neu beginnen</translation>
+    </message>
+    <message>
+        <source>Samples of a transform</source>
+        <translation>Samples einer Transformation</translation>
+    </message>
+    <message>
+        <source>Window</source>
+        <translation>Fenster</translation>
+    </message>
+    <message>
+        <source>Hann</source>
+        <translation>Hann</translation>
+    </message>
+    <message>
+        <source>Blackman-Harris</source>
+        <translation>Blackman-Harris</translation>
+    </message>
+    <message>
+        <source>Flat top</source>
+        <translation>Flat-Top</translation>
+    </message>
+    <message>
+        <source>Smoothing</source>
+        <translation>Glättung</translation>
+    </message>
+    <message>
+        <source>Tilt</source>
+        <translation>Neigung</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>Geschwindigkeit</translation>
+    </message>
+    <message>
+        <source>Fast</source>
+        <translation>Schnell</translation>
+    </message>
+    <message>
+        <source>Medium</source>
+        <translation>Mittel</translation>
+    </message>
+    <message>
+        <source>Slow</source>
+        <translation>Langsam</translation>
+    </message>
+    <message>
+        <source>Infinite</source>
+        <translation>Unendlich</translation>
+    </message>
+    <message>
+        <source>%1 samples</source>
+        <translation>%1 Samples</translation>
     </message>
 </context>
 </TS>

@@ -270,6 +270,14 @@
         <source>Plays to %1</source>
         <translation>再生先: %1</translation>
     </message>
+    <message>
+        <source>A&amp;nalyzer</source>
+        <translation>アナライザー(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Analyzer</source>
+        <translation>アナライザー</translation>
+    </message>
 </context>
 <context>
     <name>LanguageMenu</name>
@@ -2313,6 +2321,152 @@ Tab と矢印キー: キーボードで同じ操作</translation>
     <message>
         <source>The desktop equalizer has no sound because PipeWire runs without a session manager. Start one with &quot;systemctl --user start wireplumber&quot;; the equalizer then plays by itself.</source>
         <translation>PipeWire がセッションマネージャーなしで動作しているため、デスクトップイコライザーから音が出ません。「systemctl --user start wireplumber」で起動すると、自動的に再生が始まります。</translation>
+    </message>
+</context>
+<context>
+    <name>AnalyzerView</name>
+    <message>
+        <source>Frequency</source>
+        <translation>周波数</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>音名</translation>
+    </message>
+    <message>
+        <source>Before</source>
+        <translation>EQ前</translation>
+    </message>
+    <message>
+        <source>After</source>
+        <translation>EQ後</translation>
+    </message>
+    <message>
+        <source>Difference</source>
+        <translation>差</translation>
+    </message>
+    <message>
+        <source>Peak</source>
+        <translation>ピーク</translation>
+    </message>
+    <message>
+        <source>Curve</source>
+        <translation>カーブ</translation>
+    </message>
+    <message>
+        <source>Measured</source>
+        <translation>測定</translation>
+    </message>
+    <message>
+        <source>Nothing is played</source>
+        <translation>再生していません</translation>
+    </message>
+</context>
+<context>
+    <name>AnalyzerBar</name>
+    <message>
+        <source>No smoothing</source>
+        <translation>平滑化なし</translation>
+    </message>
+    <message>
+        <source>1 octave</source>
+        <translation>1オクターブ</translation>
+    </message>
+    <message>
+        <source>1/%1 octave</source>
+        <translation>1/%1オクターブ</translation>
+    </message>
+    <message>
+        <source>No tilt</source>
+        <translation>傾斜なし</translation>
+    </message>
+    <message>
+        <source>%1 dB/octave</source>
+        <translation>%1 dB/オクターブ</translation>
+    </message>
+    <message>
+        <source>Peak hold</source>
+        <translation>ピークホールド</translation>
+    </message>
+    <message>
+        <source>Keep the highest levels in view</source>
+        <translation>最大レベルを表示し続けます</translation>
+    </message>
+    <message>
+        <source>Curve</source>
+        <translation>カーブ</translation>
+    </message>
+    <message>
+        <source>Show the equalizer's curve, drawn and measured</source>
+        <translation>イコライザーのカーブを、計算値と測定値で表示します</translation>
+    </message>
+    <message>
+        <source>Freeze</source>
+        <translation>フリーズ</translation>
+    </message>
+    <message>
+        <source>Keep the picture as it is</source>
+        <translation>表示をそのまま止めます</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>リセット</translation>
+    </message>
+    <message>
+        <source>Begin averages and peaks anew</source>
+        <translation>平均とピークを最初からやり直します</translation>
+    </message>
+    <message>
+        <source>Samples of a transform</source>
+        <translation>変換のサンプル数</translation>
+    </message>
+    <message>
+        <source>Window</source>
+        <translation>窓関数</translation>
+    </message>
+    <message>
+        <source>Hann</source>
+        <translation>ハン</translation>
+    </message>
+    <message>
+        <source>Blackman-Harris</source>
+        <translation>ブラックマン・ハリス</translation>
+    </message>
+    <message>
+        <source>Flat top</source>
+        <translation>フラットトップ</translation>
+    </message>
+    <message>
+        <source>Smoothing</source>
+        <translation>平滑化</translation>
+    </message>
+    <message>
+        <source>Tilt</source>
+        <translation>傾斜</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>速度</translation>
+    </message>
+    <message>
+        <source>Fast</source>
+        <translation>速い</translation>
+    </message>
+    <message>
+        <source>Medium</source>
+        <translation>中</translation>
+    </message>
+    <message>
+        <source>Slow</source>
+        <translation>遅い</translation>
+    </message>
+    <message>
+        <source>Infinite</source>
+        <translation>無限</translation>
+    </message>
+    <message>
+        <source>%1 samples</source>
+        <translation>%1サンプル</translation>
     </message>
 </context>
 </TS>

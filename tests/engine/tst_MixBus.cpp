@@ -378,6 +378,7 @@ void tst_MixBus::trapsAreSet()
 void tst_MixBus::neitherAllocatesNorLocks()
 {
     m_bus->prepare(rate, false);
+    m_bus->tap(3).listen();
     std::minstd_rand generator(5);
     Samples left = tone(4096);
     Samples right = tone(4096);

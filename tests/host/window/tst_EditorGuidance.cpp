@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "host/model/NoteName.h"
 #include "host/window/EditorWindow.h"
 #include "host/window/HostTheme.h"
 #include "host/window/MixerWindow.h"
@@ -30,8 +29,6 @@ private Q_SLOTS:
     void controlsHaveTips();
     void metersSayTheirLevel();
     void everyControlHasATip();
-    void notesAreNamed_data();
-    void notesAreNamed();
     void handlesAreMarkedUnderThePointer();
     void bubbleFollowsADrag();
     void clickedHandleKeepsTheKeyboard();
@@ -154,25 +151,6 @@ void tst_EditorGuidance::everyControlHasATip()
                  qPrintable(control->objectName()));
     }
     QCOMPARE(controls, 20 + 18 + 11); // knobs, fields, buttons but the hidden one of the spectrum
-}
-
-void tst_EditorGuidance::notesAreNamed_data()
-{
-    QTest::addColumn<double>("frequency");
-    QTest::addColumn<QString>("name");
-    QTest::newRow("concert pitch") << 440.0 << u"A4"_s;
-    QTest::newRow("middle C") << 261.6256 << u"C4"_s;
-    QTest::newRow("lowest of a piano") << 27.5 << u"A0"_s;
-    QTest::newRow("sharp") << 450.0 << u"A4 +39 ct"_s;
-    QTest::newRow("flat") << 980.0 << u"B5 \u221214 ct"_s;
-    QTest::newRow("1 kHz") << 1000.0 << u"B5 +21 ct"_s;
-    QTest::newRow("lowest that is drawn") << 20.0 << u"D#0 +49 ct"_s;
-}
-
-void tst_EditorGuidance::notesAreNamed()
-{
-    QFETCH(const double, frequency);
-    QTEST(noteName(frequency), "name");
 }
 
 void tst_EditorGuidance::handlesAreMarkedUnderThePointer()

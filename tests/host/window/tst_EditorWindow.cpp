@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/PushButtonController.h"
+#include "host/window/AnalyzerView.h"
+#include "host/window/EditorToolBar.h"
 #include "host/window/EditorWindow.h"
 #include "host/window/HostTheme.h"
 #include "host/window/Mixer.h"
@@ -46,6 +48,8 @@ private Q_SLOTS:
     void unusualSampleRateIsShown();
     void measuredResponseIsSwitched();
     void measuredResponseTakesBackWhatItAdded();
+    void analyzerTakesThePlaceOfTheMeasuredResponse();
+    void analyzerStandsBelowTheEditorsPlot();
     void zoomGrowsTheWindowAndShrinksItBack();
     void parametersAreSwitched();
     void editorIsSeenWholeWithoutParameters();
@@ -339,6 +343,42 @@ void tst_EditorWindow::measuredResponseTakesBackWhatItAdded()
     }
 }
 
+void tst_EditorWindow::analyzerTakesThePlaceOfTheMeasuredResponse()
+{
+    EditorWindow* window = openWindow(2);
+    const auto* view = window->findChild<AnalyzerView*>();
+    const auto* response = window->findChild<ResponseView*>();
+    const QAction* item = actionOf(window, u"Analyzer"_s);
+    const int height = window->height();
+    QTest::keyClick(window, Qt::Key_R, Qt::ControlModifier | Qt::ShiftModifier);
+    QVERIFY(view->isVisible() && item->isChecked());
+    trigger(window, "Measured Response");
+    QVERIFY(!view->isVisible() && !item->isChecked() && response->isVisible());
+    trigger(window, "Analyzer");
+    QVERIFY(view->isVisible() && !response->isVisible());
+    const QByteArray state = window->saveState();
+    trigger(window, "Analyzer");
+    QVERIFY(!view->isVisible() && !item->isChecked());
+    QCOMPARE(window->height(), height);
+    window->restoreState(state);
+    QVERIFY(view->isVisible() && item->isChecked());
+}
+
+void tst_EditorWindow::analyzerStandsBelowTheEditorsPlot()
+{
+    EditorWindow* window = openWindow();
+    trigger(window, "Parameters");
+    window->setAnalyzer(true);
+    const auto* view = window->findChild<AnalyzerView*>();
+    const QWidget* stage = editorOf(window)->parentWidget();
+    for (const double scale : {1.0, 1.5}) {
+        window->setScale(scale);
+        const double left = view->mapFrom(window, stage->mapTo(window, QPoint())).x() +
+                            stage->width() * 137.5 / 977.0;
+        QVERIFY(std::abs(view->plot().area.left() - left) <= 1.0);
+    }
+}
+
 void tst_EditorWindow::zoomGrowsTheWindowAndShrinksItBack()
 {
     EditorWindow* window = openWindow();
@@ -427,7 +467,8 @@ void tst_EditorWindow::parametersTakeWhatRoomThereIs()
 void tst_EditorWindow::overflowOfTheBarShowsAnArrow()
 {
     EditorWindow* window = openWindow();
-    auto* key = window->findChild<QToolButton*>(u"qt_toolbar_ext_button"_s);
+    const auto* bar = window->findChild<EditorToolBar*>();
+    auto* key = bar->findChild<QToolButton*>(u"qt_toolbar_ext_button"_s);
     QTRY_VERIFY(key && key->isVisible());
     const QImage picture = key->grab().toImage();
     int bright = 0;

@@ -134,6 +134,10 @@ void tst_MixerSession::everythingComesBack()
         m_mixer->settings.keep(ch, {{u"GraphZoom"_s, ch}});
     }
     m_mixer->mixerModel.compare().choose(3, true);
+    AnalyzerSettings spectra;
+    spectra.order = AnalyzerSettings::smallestOrder;
+    spectra.peaks = true;
+    m_mixer->analyzer.setSettings(spectra);
     QVERIFY(session->save());
     session.reset();
 
@@ -149,6 +153,7 @@ void tst_MixerSession::everythingComesBack()
         QCOMPARE(fresh.settings.map(ch).value(u"GraphZoom"_s).toInt(), ch);
         QCOMPARE(fresh.mixerModel.compare().isB(ch), ch == 3);
     }
+    QCOMPARE(fresh.analyzer.settings(), spectra);
     QCOMPARE(fresh.memory.values(3), HostMemory().values(3));
     fresh.mixerModel.compare().choose(3, false);
     QCOMPARE(fresh.memory.values(3), values[3]);
@@ -252,6 +257,11 @@ void tst_MixerSession::changesAreSavedAfterAWhile_data()
     row("window resized", [](Mixer&, MixerWindow& window, EditorWindow*) {
         window.resize(window.size() - QSize(5, 5));
     });
+    row("analyzer set", [](Mixer& mixer, MixerWindow&, EditorWindow*) {
+        AnalyzerSettings settings;
+        settings.peaks = true;
+        mixer.analyzer.setSettings(settings);
+    });
     row("editor closed", [](Mixer&, MixerWindow&, EditorWindow* editor) { editor->close(); });
 }
 
@@ -305,6 +315,7 @@ void tst_MixerSession::damagedFileIsKeptAside_data()
          "channels[0].compare.other must be an object.");
     part("map", R"("channels": [{"editor": [1]}])", "channels[0].editor must be an object.");
     part("geometry", R"("mixer": {"geometry": [1, 2]})", "mixer.geometry must be text.");
+    part("analyzer", R"("mixer": {"analyzer": 3})", "mixer.analyzer must be an object.");
     part("editor", R"("editors": [4])", "editors[0] must be an object.");
     part("channel of an editor", R"("editors": [{"channel": 8}])",
          "editors[0].channel is 8, but must be between 0 and 7.");
@@ -506,6 +517,7 @@ void tst_MixerSession::earlierSessionsOpen()
     QCOMPARE(window.editors().size(), 2);
     QVERIFY(isMeasured(window.editors()[0]));
     QVERIFY(!isMeasured(window.editors()[1]));
+    QCOMPARE(m_mixer->analyzer.settings(), AnalyzerSettings());
 }
 
 void tst_MixerSession::anotherSessionIsOpened()
