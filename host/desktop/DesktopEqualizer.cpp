@@ -77,8 +77,11 @@ void DesktopEqualizer::lose()
     m_retry.start();
 }
 
+// A session manager that has just started overlooks what comes before it is through with that.
 void DesktopEqualizer::enter()
 {
+    if (!m_streams && !m_graph->isSettled())
+        return;
     rememberChoice();
     if (m_streams && m_streams->isGone())
         m_streams.reset();

@@ -207,6 +207,11 @@ SoundGraph::~SoundGraph() = default;
 
 bool SoundGraph::hasManager() const { return m_watch->ready; }
 
+bool SoundGraph::isSettled() const
+{
+    return m_watch->sinks.empty() || !m_watch->defaultSink.isEmpty();
+}
+
 QString SoundGraph::defaultSink() const { return m_watch->defaultSink; }
 
 QString SoundGraph::chosenSink() const { return m_watch->chosenSink; }

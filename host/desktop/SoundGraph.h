@@ -28,6 +28,9 @@ public:
 
     /// Whether there is a session manager, and what it keeps is known.
     bool hasManager() const;
+    /// Whether the session manager has looked at all that there is: it has a default sink, or there
+    /// is none to be it.
+    bool isSettled() const;
     /// The name of the sink that programs play to unless they are told another one.
     QString defaultSink() const;
     /// The name of the sink that was chosen to be that, which need not exist; empty if none was.
