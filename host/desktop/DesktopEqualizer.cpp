@@ -99,14 +99,21 @@ void DesktopEqualizer::enter()
     m_insistence.start();
 }
 
-// A session manager that has just started may miss what is chosen, and the same choice again is no
-// news to it.
+// A session manager that has just started may miss what is chosen, the default sink or where the
+// output plays to, and the same choice again is no news to it.
 void DesktopEqualizer::insist()
 {
-    if (!m_streams || !m_graph->hasManager() || m_graph->defaultSink() == SinkStreams::sinkName)
+    if (!m_streams || !m_graph->hasManager())
+        return;
+    const bool isDefault = m_graph->defaultSink() == SinkStreams::sinkName;
+    const std::optional<std::uint32_t> output = m_streams->output();
+    if (isDefault && output && !m_graph->sinkBehind(*output).name.isEmpty())
         return;
     m_isDefault = false;
-    m_graph->chooseSink({});
+    if (output)
+        m_graph->moveTo(*output, {});
+    if (!isDefault)
+        m_graph->chooseSink({});
     follow();
 }
 

@@ -24,7 +24,8 @@ MixBus::Strips bothInputs()
 {
     MixBus::Strips strips{};
     for (const std::size_t side : {0U, 1U})
-        strips[side] = {{MixBus::Source::Input, int(side), side == 0, side == 1}, 1.0};
+        strips[side] = {
+            {MixBus::Source::Input, int(side)}, side == 0 ? 1.0 : 0.0, side == 1 ? 1.0 : 0.0};
     return strips;
 }
 

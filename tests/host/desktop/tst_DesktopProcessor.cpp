@@ -38,7 +38,8 @@ void tst_DesktopProcessor::init()
     m_bus = std::make_unique<MixBus>();
     MixBus::Strips strips{};
     for (const std::size_t side : {0U, 1U})
-        strips[side] = {{MixBus::Source::Input, int(side), side == 0, side == 1}, 1.0};
+        strips[side] = {
+            {MixBus::Source::Input, int(side)}, side == 0 ? 1.0 : 0.0, side == 1 ? 1.0 : 0.0};
     m_bus->publish(strips);
     m_processor = std::make_unique<DesktopProcessor>(*m_bus);
 }
