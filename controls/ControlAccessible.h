@@ -42,6 +42,7 @@ protected:
     AbstractController* controller() const { return m_controller; }
     /// Whether the user may change the control.
     bool isOperable() const;
+    /// The text of the value, with its unit.
     virtual QString valueText() const;
 
 private:

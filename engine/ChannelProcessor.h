@@ -59,6 +59,7 @@ public:
     /// the same bands.
     static void processPair(ChannelProcessor* left, ChannelProcessor* right,
                             std::span<double> leftBlock, std::span<double> rightBlock);
+    /// What equalize() does, for two channels.
     static void equalizePair(ChannelProcessor* left, ChannelProcessor* right,
                              std::span<double> leftBlock, std::span<double> rightBlock);
 

@@ -127,6 +127,7 @@ public:
             return y;
         }
     };
+    /// Of one signal.
     using Runner = BasicRunner<double>;
 
     /// Each sample of a block in place with the gain factor k, bit by bit as the operations on one

@@ -125,6 +125,7 @@ public:
             return y;
         }
     };
+    /// Of one signal.
     using Runner = BasicRunner<double>;
 
     /// Whether neither a cross-fade runs nor a new design waits for one.

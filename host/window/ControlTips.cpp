@@ -60,8 +60,8 @@ bool hasTip(const QWidget& control, QAccessible::Role role)
 
 } // namespace
 
-ControlTips::ControlTips(QWidget* stage)
-    : QObject(stage)
+ControlTips::ControlTips(QWidget* stage, QWidget* editor)
+    : QObject(editor)
     , m_stage(stage)
 {
     stage->installEventFilter(this);

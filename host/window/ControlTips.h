@@ -19,8 +19,8 @@ class ControlTips : public QObject
     Q_OBJECT
 
 public:
-    /// Answers for the editor in \a stage, which owns this.
-    explicit ControlTips(QWidget* stage);
+    /// Answers for \a editor, which owns this and lies in \a stage.
+    ControlTips(QWidget* stage, QWidget* editor);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 

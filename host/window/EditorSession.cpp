@@ -76,7 +76,7 @@ EditorSession::EditorSession(Mixer& mixer, const EditorSettings& settings, QWidg
 void EditorSession::guideUser()
 {
     new WheelSpeed(m_editor);
-    new ControlTips(m_stage);
+    new ControlTips(m_stage, m_editor);
     for (QWidget* part : m_editor->findChildren<QWidget*>()) {
         if (part->inherits("ZoltaEqualizerGraph"))
             new HandleGuide(m_mixer.memory, m_settings.channel, part);

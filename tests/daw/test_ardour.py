@@ -156,7 +156,7 @@ class ArdourTest(unittest.TestCase):
                     with self.subTest(kind=kind, channels=channels, rate=rate, drive=27 in values):
                         Sound.write(self.work / "in.wav", Sound.noise(FRAMES, channels), rate,
                                     channels)
-                        run(build / "bin/zolta-host", "--render", self.work / "in.wav",
+                        run(build / "bin/zolta-host", "--overwrite", "--render", self.work / "in.wav",
                             self.work / "host.wav", *Sound.host_options(values))
                         wanted = Sound.read(self.work / "host.wav")
                         # What Ardour has not exported when its range ends is the delay's length.

@@ -117,7 +117,7 @@ class Lv2Clients(unittest.TestCase):
     def compare_one(self, apply, channels, rate, values):
         source, target, expected = (self.work / name for name in ("in.wav", "out.wav", "host.wav"))
         Sound.write(source, Sound.noise(FRAMES, channels), rate, channels)
-        run(build / "bin/zolta-host", "--render", source, expected, *Sound.host_options(values))
+        run(build / "bin/zolta-host", "--overwrite", "--render", source, expected, *Sound.host_options(values))
         target.unlink(missing_ok=True)
         apply(channels, self.settings(values), source, target)
         skipped = channels * Sound.latency_of(values)

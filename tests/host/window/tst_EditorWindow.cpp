@@ -367,7 +367,6 @@ void tst_EditorWindow::analyzerTakesThePlaceOfTheMeasuredResponse()
 void tst_EditorWindow::analyzerStandsBelowTheEditorsPlot()
 {
     EditorWindow* window = openWindow();
-    trigger(window, "Parameters");
     window->setAnalyzer(true);
     const auto* view = window->findChild<AnalyzerView*>();
     const QWidget* stage = editorOf(window)->parentWidget();

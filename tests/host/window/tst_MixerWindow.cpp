@@ -85,7 +85,7 @@ private:
     FaderController* fader(int channel) const
     {
         return named<FaderController>(strip(channel),
-                                      QStringLiteral("Fader of Channel %1").arg(channel));
+                                      QStringLiteral("Fader of Channel %1").arg(channel + 1));
     }
     QUndoStack& stack() { return m_mixer->mixerModel.history().stack(); }
     int value(int channel, StripParameter parameter) const
@@ -518,7 +518,7 @@ void tst_MixerWindow::peaksStayForAWhile()
 void tst_MixerWindow::highestLevelStaysUntilItIsClicked()
 {
     auto* display = strip(0)->findChild<PeakDisplay*>();
-    QCOMPARE(display->accessibleName(), u"Highest level of Channel 0"_s);
+    QCOMPARE(display->accessibleName(), u"Highest level of Channel 1"_s);
     QTest::mouseClick(display, Qt::LeftButton);
     sendMeters(0, -60, -60);
     sendMeters(0, -300, -300);

@@ -110,7 +110,8 @@ void tst_TrueCurve::drawnIsHeard()
     mixer.memory.write(0, values);
     SoundFiles::Sound sound{SF_FORMAT_WAV | SF_FORMAT_FLOAT, deviceRate, 1, {}};
     sound.samples.assign(static_cast<std::size_t>(deviceRate), 0.0);
-    sound.samples.front() = double(impulse);
+    // Not in the first block, which a server that is busy connecting may drop.
+    sound.samples[sound.samples.size() / 4] = double(impulse);
     QVERIFY(session.openFile(SoundFiles::write(m_folder.filePath(u"impulse.wav"_s), sound)).isOk());
     session.setDevice({u"ears"_s});
     MixerWindow window(mixer, EditorSettings());
