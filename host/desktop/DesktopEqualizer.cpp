@@ -111,7 +111,8 @@ void DesktopEqualizer::insist()
         return;
     m_isDefault = false;
     if (output)
-        m_graph->moveTo(*output, {});
+        m_graph->moveTo(*output, m_chosen->isEmpty() ? m_graph->anotherSink(SinkStreams::sinkName)
+                                                     : QString());
     if (!isDefault)
         m_graph->chooseSink({});
     follow();

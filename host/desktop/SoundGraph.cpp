@@ -241,6 +241,15 @@ SoundGraph::Sink SoundGraph::sinkBehind(std::uint32_t node) const
     return {};
 }
 
+QString SoundGraph::anotherSink(const QString& name) const
+{
+    const auto& sinks = m_watch->sinks;
+    const auto other = std::find_if(sinks.begin(), sinks.end(), [&name](const auto& entry) {
+        return entry.second.name != name;
+    });
+    return other != sinks.end() ? other->second.name : QString();
+}
+
 bool SoundGraph::isPlayedTo(std::uint32_t node) const
 {
     return std::any_of(m_watch->links.begin(), m_watch->links.end(),

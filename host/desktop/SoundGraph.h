@@ -46,6 +46,8 @@ public:
 
     /// The sink that the node with the number \a node plays to; without names if it plays to none.
     Sink sinkBehind(std::uint32_t node) const;
+    /// The name of some sink that is called otherwise; empty if there is none.
+    QString anotherSink(const QString& name) const;
     /// Whether anything plays to the node with the number \a node.
     bool isPlayedTo(std::uint32_t node) const;
 

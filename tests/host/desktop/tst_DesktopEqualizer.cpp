@@ -86,7 +86,6 @@ class tst_DesktopEqualizer : public TestObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
     void init();
     void cleanup();
     void playsWhatTheEngineGives_data();
@@ -114,16 +113,12 @@ private:
     std::unique_ptr<DesktopEqualizer> m_equalizer;
 };
 
-void tst_DesktopEqualizer::initTestCase()
-{
-    m_server = std::make_unique<PipeWireServer>();
-    QVERIFY2(m_server->start(), qPrintable(m_server->errorText()));
-    QCOMPARE(m_server->defaultSink(), u"speakers"_s);
-}
-
 void tst_DesktopEqualizer::init()
 {
     TestObject::init();
+    m_server = std::make_unique<PipeWireServer>();
+    QVERIFY2(m_server->start(), qPrintable(m_server->errorText()));
+    QCOMPARE(m_server->defaultSink(), u"speakers"_s);
     m_bus = makeBus();
     m_equalizer = std::make_unique<DesktopEqualizer>(*m_bus, quick);
 }
@@ -132,6 +127,7 @@ void tst_DesktopEqualizer::cleanup()
 {
     m_equalizer.reset();
     m_bus.reset();
+    m_server.reset();
 }
 
 bool tst_DesktopEqualizer::isReady() const
