@@ -23,8 +23,8 @@ QRectF snapped(const QPainter& painter, const QRectF& rect);
 /// Fills \a rect with its ends rounded to half circles.
 void fill(QPainter& painter, const QRectF& rect, const QBrush& brush);
 
-/// Fills the part \a lit of the rounded shape \a track, with ends as round as those of the track, as
-/// far as it lies in \a zone; a zone that is null is everywhere.
+/// Fills the part \a lit of the rounded shape \a track, with ends as round as those of the track,
+/// as far as it lies in \a zone; a zone that is null is everywhere.
 void fillPart(QPainter& painter, const QRectF& lit, const QRectF& track, const QRectF& zone,
               const QBrush& brush);
 

@@ -45,7 +45,7 @@ struct SessionData
     Audio audio;
     std::array<int, masterParameterCount> master;
     QByteArray mixerGeometry;
-    QJsonObject analyzer; ///< how spectra are shown; empty where it was not said
+    QJsonObject analyzer;        ///< how spectra are shown; empty where it was not said
     std::vector<Editor> editors; ///< that are open
 
     /// A new mixer: everything at its default.

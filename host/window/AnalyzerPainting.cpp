@@ -152,7 +152,8 @@ void AnalyzerPainting::drawReadout(QPainter& painter, const QSize& size, const A
 
 void AnalyzerPainting::drawHint(QPainter& painter, const AnalyzerPlot& plot, const QString& text)
 {
-    write(painter, plot.area, Qt::AlignHCenter, text);
+    const auto aboveCurves = plot.area.adjusted(0, 0, 0, -plot.area.height() / 2);
+    write(painter, aboveCurves, Qt::AlignHCenter, text);
 }
 
 void AnalyzerPainting::drawFocus(QPainter& painter, const QSize& size)
