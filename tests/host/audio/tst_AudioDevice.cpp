@@ -72,9 +72,16 @@ private:
     static void addDevices();
     void open(bool directly, std::chrono::milliseconds patience = std::chrono::seconds(20));
     void play(Player* player, bool live = false);
+    /// One that outlives the device, whose thread goes on after a row's last line.
+    template <typename... Arguments> Player& newPlayer(Arguments... arguments)
+    {
+        m_player = std::make_unique<Player>(arguments...);
+        return *m_player;
+    }
 
     std::unique_ptr<JackServer> m_server;
     std::unique_ptr<JackEars> m_ears;
+    std::unique_ptr<Player> m_player;
     std::unique_ptr<AudioDevice> m_device;
 };
 
@@ -136,7 +143,7 @@ void tst_AudioDevice::playsEverySample()
 {
     QFETCH(const bool, directly);
     open(directly);
-    Player player;
+    Player& player = newPlayer();
     play(&player);
     QCOMPARE(m_device->name(), QStringLiteral("jack:ears"));
     QCOMPARE(m_device->rate(), JackServer::rate);
@@ -161,7 +168,7 @@ void tst_AudioDevice::playsWhatComesIn()
     QFETCH(const bool, directly);
     QFETCH(const int, input);
     open(directly);
-    Player player(static_cast<std::size_t>(input) - 1);
+    Player& player = newPlayer(static_cast<std::size_t>(input) - 1);
     m_ears.reset();
     m_ears = std::make_unique<JackEars>("ears", player.samples);
     play(&player, true);
@@ -192,7 +199,7 @@ void tst_AudioDevice::leavesADeviceThatDoesNotRespond()
 {
     QFETCH(const bool, directly);
     open(directly, std::chrono::seconds(1));
-    Player player;
+    Player& player = newPlayer();
     play(&player);
     m_server->freeze();
     m_device->close();
