@@ -9,6 +9,7 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QSet>
 
 #include <csignal>
 #include <memory>
@@ -51,6 +52,14 @@ std::vector<float> equalizedNoise(int gain)
     return {block.begin(), block.end()};
 }
 
+/// What the display shows there.
+QImage grab(const QRect& area)
+{
+    return qGuiApp->primaryScreen()
+        ->grabWindow(0, area.x(), area.y(), area.width(), area.height())
+        .toImage();
+}
+
 /// A program that hosts the plug-in, its editor open and both channels connected.
 class Jalv
 {
@@ -90,10 +99,19 @@ public:
     /// What is shown in an area of the editor, which counts as one at scale 1.
     QImage picture(const QRect& area) const
     {
-        const QRect at(onDisplay(area.topLeft()), onDisplay(area.bottomRight()));
-        return qGuiApp->primaryScreen()
-            ->grabWindow(0, at.x(), at.y(), at.width(), at.height())
-            .toImage();
+        return grab({onDisplay(area.topLeft()), onDisplay(area.bottomRight())});
+    }
+    /// That, once it has been the same for a while.
+    QImage restingPicture(const QRect& area) const
+    {
+        QImage last;
+        for (int alike = 0; alike < 3;) {
+            QTest::qWait(50);
+            const QImage now = picture(area);
+            alike = now == last ? alike + 1 : 0;
+            last = now;
+        }
+        return last;
     }
     /// "mousemove" to a point of the editor, for xdotool().
     QByteArrayList moveTo(QPoint point) const
@@ -249,13 +267,15 @@ private Q_SLOTS:
         QFETCH(QString, program);
         Jalv host(program);
         QVERIFY(host.isReady());
+        const QImage flat = host.restingPicture(graph);
         type(host, "6.5");
-        QVERIFY(host.soundsSoon(65));
-        const QImage before = host.picture(graph);
+        QTRY_VERIFY_WITH_TIMEOUT(host.picture(graph) != flat, patience);
+        const QImage before = host.restingPicture(graph);
         const QRect place = host.place();
         QCOMPARE(host.editors().size(), 1);
         ::kill(host.editors().first().toInt(), SIGSEGV);
-        QTRY_VERIFY_WITH_TIMEOUT(host.editors().isEmpty(), patience);
+        QTRY_VERIFY_WITH_TIMEOUT(showsMessage(place), patience);
+        QVERIFY(host.editors().isEmpty());
         QVERIFY(host.soundsSoon(65));
         xdotool({"mousemove", QByteArray::number(place.x() + 100),
                  QByteArray::number(place.y() + 300), "click", "1"});
@@ -282,6 +302,17 @@ private:
         QTest::addColumn<QString>("program");
         for (const char* program : {"jalv.gtk3", "jalv.qt5"})
             QTest::newRow(program) << QString::fromLatin1(program);
+    }
+    // Whether the plug-in's window itself, with a line of text in the middle, is shown there.
+    static bool showsMessage(const QRect& place)
+    {
+        const QImage shown = grab(place);
+        QSet<QRgb> colors;
+        for (int x = 0; x < shown.width(); ++x) {
+            for (int y = shown.height() / 2 - 12; y < shown.height() / 2; ++y)
+                colors << shown.pixel(x, y);
+        }
+        return shown.pixelColor(shown.width() / 2, 4) == HostWindow::ground && colors.size() > 1;
     }
     // The keys go to the field once it is open and has the focus.
     static void type(const Jalv& host, const char* text)
