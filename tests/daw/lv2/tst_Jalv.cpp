@@ -205,7 +205,9 @@ private Q_SLOTS:
         m_server = std::make_unique<JackServer>();
         QVERIFY2(m_server->isRunning(), qPrintable(m_server->errorText()));
         m_manager.start(QStringLiteral("openbox"), {QStringLiteral("--sm-disable")});
-        QVERIFY(m_manager.waitForStarted());
+        QTRY_COMPARE_WITH_TIMEOUT(
+            QProcess::execute(QStringLiteral("xdotool"), {QStringLiteral("get_num_desktops")}), 0,
+            patience);
     }
     void cleanupTestCase()
     {
