@@ -14,7 +14,7 @@ extern "C" __attribute__((weak)) void __sanitizer_set_death_callback(void (*call
 namespace {
 
 constexpr std::size_t kept = 40;
-constexpr unsigned patience = 120; // s
+constexpr unsigned patience = 600; // s, since the machine may be busy
 
 struct Entry
 {

@@ -7,7 +7,7 @@
 namespace EventLog {
 
 /// Prints the seed and the last events where the program crashes, or where one event takes longer
-/// than two minutes.
+/// than ten minutes.
 void watch(std::uint32_t seed);
 /// Prints every event from now on before it happens.
 void trace();

@@ -29,6 +29,7 @@ private:
     void start(const QStringList& arguments);
     bool runsUntilTerminated();
     QString errors();
+    bool hearsTheFile(int side) const;
     QString path(const char* name) const { return m_folder.filePath(QLatin1String(name)); }
 
     QTemporaryDir m_folder;
@@ -104,20 +105,30 @@ void tst_zolta_audio::listsDevices()
     QCOMPARE(errors(), QString());
 }
 
-// The levels make the difference from the file known without an equalizer of the test's own.
+// The levels make the difference from the file known without an equalizer of the test's own. A
+// cycle that a busy machine misses is a gap: then it is played once more.
 void tst_zolta_audio::playsBesideTheWindows()
 {
-    start({u"--audio"_s, u"in.wav"_s, u"--device"_s, u"ears"_s, u"--set"_s,
-           u"fx_rackfx_prm_26=-20"_s});
-    QTRY_VERIFY2_WITH_TIMEOUT(m_ears->heard() > 20000, qPrintable(errors()), 30000);
-    QCOMPARE(m_program->state(), QProcess::Running);
-    QCOMPARE(errors(), QString());
-    for (const int side : {0, 1}) {
-        const std::vector<float> heard = m_ears->channel(side);
-        const std::vector<double> file = SoundFiles::read(path("in.wav")).channel(side);
-        for (std::size_t i = 0; i < 20000; ++i)
-            QVERIFY(std::abs(double(heard[i]) - file[i] / 10.0) < 1e-6);
+    bool isSame = false;
+    for (int attempt = 0; attempt < 3 && !isSame; ++attempt) {
+        cleanup();
+        init();
+        start({u"--audio"_s, u"in.wav"_s, u"--device"_s, u"ears"_s, u"--set"_s,
+               u"fx_rackfx_prm_26=-20"_s});
+        QTRY_VERIFY2_WITH_TIMEOUT(m_ears->heard() > 20000, qPrintable(errors()), 30000);
+        QCOMPARE(m_program->state(), QProcess::Running);
+        QCOMPARE(errors(), QString());
+        isSame = hearsTheFile(0) && hearsTheFile(1);
     }
+    QVERIFY(isSame);
+}
+
+bool tst_zolta_audio::hearsTheFile(int side) const
+{
+    const std::vector<float> heard = m_ears->channel(side);
+    const std::vector<double> file = SoundFiles::read(path("in.wav")).channel(side);
+    return std::equal(heard.begin(), heard.begin() + 20000, file.begin(),
+                      [](float a, double b) { return std::abs(double(a) - b / 10.0) < 1e-6; });
 }
 
 void tst_zolta_audio::playsLive()
