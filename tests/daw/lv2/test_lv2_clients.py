@@ -53,7 +53,7 @@ class Lv2Clients(unittest.TestCase):
     def test_descriptions_are_valid(self):
         # Other plug-ins on this machine need not be valid.
         vocabularies = [manifest.parent for manifest in Path("/usr/lib/lv2").glob("*.lv2/manifest.ttl")
-                        if "lv2:Specification" in manifest.read_text()]
+                        if re.search(r"a lv2:Spec\w+", manifest.read_text())]
         folders = [*vocabularies, Path("/usr/lib/lv2/schemas.lv2"), *build.glob("lib/lv2/*.lv2")]
         files = [file for folder in folders for file in folder.glob("*.ttl")]
         self.assertGreater(len(files), 40)
