@@ -55,6 +55,11 @@ constexpr std::array keys = {
           QT_TRANSLATE_NOOP("HelpMenu", "undo and redo every gesture")},
     Entry{QT_TRANSLATE_NOOP("HelpMenu", "Ctrl+B"),
           QT_TRANSLATE_NOOP("HelpMenu", "switch between A and B")},
+    Entry{QT_TRANSLATE_NOOP("HelpMenu", "Ctrl+Shift+B, L"),
+          QT_TRANSLATE_NOOP("HelpMenu", "bypass at equal loudness; while held, hear only what the "
+                                        "band changes")},
+    Entry{QT_TRANSLATE_NOOP("HelpMenu", "Ctrl+PgUp, Ctrl+PgDown"),
+          QT_TRANSLATE_NOOP("HelpMenu", "previous preset; next preset")},
     Entry{QT_TRANSLATE_NOOP("HelpMenu", "Ctrl+R, Ctrl+L"),
           QT_TRANSLATE_NOOP("HelpMenu", "measured response; table of parameters")},
     Entry{QT_TRANSLATE_NOOP("HelpMenu", "Knob: drag, wheel, arrow keys"),
