@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <functional>
 
 namespace {
 
@@ -14,6 +13,12 @@ ChannelValues withoutBand(ChannelValues values, int band)
 {
     values[parameterIndex(band, EqualizerField::On)] = 0;
     return values;
+}
+
+// Both rounded as they would be played, so that a band that does nothing leaves nothing.
+double difference(double with, double without)
+{
+    return with - double{static_cast<float>(without)};
 }
 
 double audible(float sample)
@@ -105,7 +110,7 @@ void ChannelAudition::mixDifference(std::span<double> block)
         return m_bypass.process(block);
     std::span<double> without = std::span(m_input).first(m_count);
     m_without.process(without);
-    std::transform(block.begin(), block.end(), without.begin(), without.begin(), std::minus());
+    std::transform(block.begin(), block.end(), without.begin(), without.begin(), difference);
     m_bypass.process(block);
     for (std::size_t i = 0; i < block.size(); ++i) {
         if (m_difference.isMoving())

@@ -24,9 +24,10 @@ struct Audition
 /// Lets a channel be heard as an Audition says, after its equalizer has run. std only; neither
 /// allocates nor locks. Everything fades in and out within rampSeconds.
 ///
-/// What a band changes is the difference between what the equalizer makes and what it would make
-/// with that band off: by a copy of the equalizer, which has heard all that the original has, so
-/// that the difference begins and ends without a click and holds for drive and levels, too.
+/// What a band changes is the difference between what the equalizer plays and what it would play
+/// with that band off, to the last bit: by a copy of the equalizer, which has heard all that the
+/// original has, so that the difference begins and ends without a click and holds for drive and
+/// levels, too.
 class ChannelAudition
 {
 public:
