@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/Auditions.h"
 
+#include <algorithm>
 #include <utility>
 void Auditions::prepare(double hertz)
 {
@@ -10,12 +11,25 @@ void Auditions::prepare(double hertz)
     }
 }
 
+void Auditions::takeWanted()
+{
+    bool changed = false;
+    for (Channel& channel : m_channels) {
+        if (const Audition* audition = channel.wanted.take()) {
+            channel.audition.set(*audition);
+            changed = true;
+        }
+    }
+    if (changed)
+        m_isListening =
+            std::any_of(m_channels.begin(), m_channels.end(),
+                        [](const Channel& channel) { return channel.audition.isListening(); });
+}
+
 void Auditions::takeInput(std::size_t channel, std::span<const float> part,
                           const ChannelProcessor& equalizer)
 {
     Channel& taken = m_channels[channel];
-    if (const Audition* audition = taken.wanted.take())
-        taken.audition.set(*audition);
     taken.isTaken = taken.audition.isActive();
     if (taken.isTaken)
         taken.audition.takeInput(part, equalizer);

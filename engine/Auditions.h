@@ -13,10 +13,10 @@
 
 /// The auditions of all channels, between the equalizers and the mix. std only.
 ///
-/// Whoever sets audio up calls prepare(); the audio thread calls takeInput() and process() for
-/// every part of a block, which neither allocate nor lock nor wait. The GUI thread publishes, and
-/// any thread reads. A channel of which nothing is wanted costs next to nothing, and its samples
-/// stay as they are.
+/// Whoever sets audio up calls prepare(); the audio thread calls takeWanted(), takeInput() and
+/// process() for every part of a block, which neither allocate nor lock nor wait. The GUI thread
+/// publishes, and any thread reads. A channel of which nothing is wanted costs next to nothing, and
+/// its samples stay as they are.
 class Auditions
 {
 public:
@@ -30,6 +30,13 @@ public:
 
     /// In Hz; what was heard is forgotten, but not the gains.
     void prepare(double hertz);
+    /// Takes what is published.
+    void takeWanted();
+    /// Whether only another channel is to be heard: one that is listened to.
+    bool isHushed(std::size_t channel) const
+    {
+        return m_isListening && !m_channels[channel].audition.isListening();
+    }
     /// Takes what a channel plays, before its equalizer processes it. A channel without signal is
     /// left out.
     void takeInput(std::size_t channel, std::span<const float> part,
@@ -57,4 +64,5 @@ private:
     const Channel& at(int channel) const { return m_channels[static_cast<std::size_t>(channel)]; }
 
     std::array<Channel, channelCount> m_channels;
+    bool m_isListening = false; // to any channel
 };

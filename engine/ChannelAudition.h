@@ -38,6 +38,8 @@ public:
     void setSampleRate(double hertz);
     void set(const Audition& audition);
     const Audition& audition() const { return m_audition; }
+    /// Whether a band is to be heard.
+    bool isListening() const { return m_audition.band != noBand; }
     /// Whether blocks have to be taken and processed.
     bool isActive() const;
 
@@ -54,7 +56,6 @@ public:
 private:
     using Buffer = std::array<double, maxBlock>;
 
-    bool isListening() const { return m_audition.band != noBand; }
     void followSettings(const ChannelProcessor& equalizer);
     void mixDifference(std::span<double> block);
 

@@ -62,14 +62,16 @@ void MixBus::reroute(std::size_t channel)
     const bool ready = current.route == target.route || (left.isSilent() && right.isSilent());
     if (ready)
         current = target;
-    left.moveTo(ready ? target.left : 0.0, m_rampLength);
-    right.moveTo(ready ? target.right : 0.0, m_rampLength);
+    const bool audible = ready && !m_auditions.isHushed(channel);
+    left.moveTo(audible ? target.left : 0.0, m_rampLength);
+    right.moveTo(audible ? target.right : 0.0, m_rampLength);
 }
 
 void MixBus::playStrips(Inputs inputs, std::size_t first, std::size_t frames)
 {
     if (const Strips* strips = m_strips.take())
         m_target = *strips;
+    m_auditions.takeWanted();
     std::array<float*, channelCount> blocks{};
     for (std::size_t i = 0; i < blocks.size(); ++i) {
         reroute(i);

@@ -61,6 +61,7 @@ public:
     void publish(int channel, const ChannelValues& values) { m_engine.publish(channel, values); }
 
     /// What is to be heard of a channel for a comparison; meters and taps stay its equalizer's.
+    /// While one is listened to, the others are silent.
     void publish(int channel, const Audition& audition) { m_auditions.publish(channel, audition); }
 
     /// The rate in Hz, and whether process() gets a device's inputs instead of a file. Resets what

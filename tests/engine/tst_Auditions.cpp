@@ -27,6 +27,7 @@ private Q_SLOTS:
     void bandThatIsOffIsSilent();
     void bandGoesBeforeBypass();
     void releaseBringsEveryBitBack();
+    void othersAreSilentWhileABandIsHeard();
     void bypassIsAsLoud_data();
     void bypassIsAsLoud();
     void bypassAtRestIsTheInput();
@@ -314,6 +315,21 @@ void tst_Auditions::releaseBringsEveryBitBack()
         next += rate / 4;
     }
     QCOMPARE(play(input), expected);
+}
+
+// Also where the channel has nothing to play.
+void tst_Auditions::othersAreSilentWhileABandIsHeard()
+{
+    prepare({});
+    const Samples input = pink(1000);
+    for (const int listened : {0, 5}) {
+        want(listenTo(2), listened);
+        playBoth({input, input}, 100);
+        QCOMPARE(playBoth({input, input}, 100), (std::array{quiet(1000, 0.0F), quiet(1000, 0.0F)}));
+        want(measured, listened);
+        playBoth({input, input}, 100);
+        QCOMPARE(playBoth({input, input}, 100), (std::array{input, input}));
+    }
 }
 
 void tst_Auditions::bypassIsAsLoud_data()
