@@ -33,7 +33,9 @@ constexpr std::array guide = {
     Entry{QT_TRANSLATE_NOOP("HelpMenu", "Compare"),
           QT_TRANSLATE_NOOP("HelpMenu", "A and B above the equalizer are two settings (Ctrl+B "
                                         "switches). The EQ key of the strip switches the "
-                                        "equalizer off and on.")},
+                                        "equalizer off and on. Bypass plays past it at equal "
+                                        "loudness; Listen, while held, plays only what one band "
+                                        "changes.")},
     Entry{QT_TRANSLATE_NOOP("HelpMenu", "Keep it"),
           QT_TRANSLATE_NOOP("HelpMenu", "The session is saved by itself. File > Save Session As "
                                         "keeps it under a name, Presets > Save as Preset keeps "
