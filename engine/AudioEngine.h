@@ -53,6 +53,8 @@ public:
     /// A channel's samples where the send meter measures and where the return meter does; silence
     /// of one that gets no signal.
     SignalTap& tap(int channel) { return at(channel).tap; }
+    /// What a channel's sound goes through, as of the last block. The audio thread's.
+    const ChannelProcessor& processor(int channel) const { return at(channel).processor; }
     /// The delay of a channel in samples. The audio thread's.
     double latency(int channel) const { return at(channel).processor.latency(); }
 

@@ -16,6 +16,8 @@
 /// middle 1 to 4, high, drive, and output level. The filters are the ones that the editors draw,
 /// and every setting sounds as its curve looks. Samples are full scale at 1. std only.
 ///
+/// One can be assigned to another, which then goes on as the first one would, bit by bit.
+///
 /// No operation but the constructor allocates or locks, so all of them may be called on the audio
 /// thread; an object is used by one thread at a time. How a signal is cut into blocks makes no
 /// difference to what comes out, and settings at rest that change nothing let every bit through.
@@ -46,6 +48,7 @@ public:
     double sampleRate() const { return m_sampleRate; }
     /// The channel's raw values; only bands whose values changed are designed.
     void setValues(const Values& values);
+    const Values& values() const { return m_values; }
 
     /// Processes \a block in place: applyInput(), then equalize().
     void process(std::span<double> block);

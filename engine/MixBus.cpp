@@ -8,6 +8,7 @@ void MixBus::prepare(double hertz, bool live)
     m_live = live;
     m_engine.setSampleRate(hertz);
     m_engine.reset();
+    m_auditions.prepare(hertz);
     if (const Strips* strips = m_strips.take())
         m_target = *strips;
     m_current = m_target;
@@ -61,14 +62,16 @@ void MixBus::reroute(std::size_t channel)
     const bool ready = current.route == target.route || (left.isSilent() && right.isSilent());
     if (ready)
         current = target;
-    left.moveTo(ready ? target.left : 0.0, m_rampLength);
-    right.moveTo(ready ? target.right : 0.0, m_rampLength);
+    const bool audible = ready && !m_auditions.isHushed(channel);
+    left.moveTo(audible ? target.left : 0.0, m_rampLength);
+    right.moveTo(audible ? target.right : 0.0, m_rampLength);
 }
 
 void MixBus::playStrips(Inputs inputs, std::size_t first, std::size_t frames)
 {
     if (const Strips* strips = m_strips.take())
         m_target = *strips;
+    m_auditions.takeWanted();
     std::array<float*, channelCount> blocks{};
     for (std::size_t i = 0; i < blocks.size(); ++i) {
         reroute(i);
@@ -79,9 +82,22 @@ void MixBus::playStrips(Inputs inputs, std::size_t first, std::size_t frames)
         }
         std::copy_n(input + first, frames, m_parts[i].begin());
         blocks[i] = m_parts[i].data();
+        m_auditions.takeInput(i, std::span(m_parts[i]).first(frames),
+                              m_engine.processor(static_cast<int>(i)));
     }
     m_engine.process(std::span<float* const>(blocks), frames);
+    audition(frames);
     align(frames);
+}
+
+void MixBus::audition(std::size_t frames)
+{
+    for (std::size_t i = 0; i < m_parts.size(); i += 2) {
+        const int channel = static_cast<int>(i);
+        m_auditions.process(
+            i, {std::span(m_parts[i]).first(frames), std::span(m_parts[i + 1]).first(frames)},
+            {&m_engine.processor(channel), &m_engine.processor(channel + 1)});
+    }
 }
 
 void MixBus::align(std::size_t frames)

@@ -3,6 +3,7 @@
 
 #include "engine/AlignmentDelay.h"
 #include "engine/AudioEngine.h"
+#include "engine/Auditions.h"
 #include "engine/LatestValue.h"
 #include "engine/Ramps.h"
 #include "engine/SharedLevels.h"
@@ -59,6 +60,10 @@ public:
     void publish(const Master& master) { m_master.publish(master); }
     void publish(int channel, const ChannelValues& values) { m_engine.publish(channel, values); }
 
+    /// What is to be heard of a channel for a comparison; meters and taps stay its equalizer's.
+    /// While one is listened to, the others are silent.
+    void publish(int channel, const Audition& audition) { m_auditions.publish(channel, audition); }
+
     /// The rate in Hz, and whether process() gets a device's inputs instead of a file. Resets what
     /// was heard; what is published is in force at once.
     void prepare(double hertz, bool live);
@@ -73,6 +78,9 @@ public:
     const AudioEngine& engine() const { return m_engine; }
     /// What comes out in the end: left as sent, right as returned. Any thread's.
     MeterLevels outputLevels() const { return m_outputLevels.get(); }
+    /// The gain in dB of a channel's bypassed sound that makes it as loud as the equalized one, as
+    /// last measured; 0 at first. Any thread's.
+    double matchedGain(int channel) const { return m_auditions.matchedGain(channel); }
     /// For the spectrum of a channel.
     SignalTap& tap(int channel) { return m_engine.tap(channel); }
 
@@ -86,6 +94,7 @@ private:
     const float* inputOf(const Route& route, Inputs inputs) const;
     void reroute(std::size_t channel);
     void playStrips(Inputs inputs, std::size_t first, std::size_t frames);
+    void audition(std::size_t frames);
     void align(std::size_t frames);
     double maxLatency() const;
     void mixDown(Outputs outputs, std::size_t first, std::size_t frames);
@@ -95,6 +104,7 @@ private:
     static void add(const Part& part, LevelRamp* level, std::size_t frames, Part* side);
 
     AudioEngine m_engine;
+    Auditions m_auditions;
     LatestValue<Strips> m_strips;
     bool m_live = false;
     Strips m_target;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "engine/AssignableFilter.h"
 #include "engine/Ramps.h"
 #include "equalizer/EqualizerBands.h"
 #include "equalizer/VEQ_Filter.h"
@@ -48,9 +49,9 @@ private:
     Side m_side;
     Band m_band;
     double m_sampleRate = 48000.0;
-    VEQ_Filter m_filter;
+    AssignableFilter<VEQ_Filter> m_filter;
     FadeRamp m_presence;
-    VEQ_Filter m_listener;
+    AssignableFilter<VEQ_Filter> m_listener;
     std::int64_t m_listening = 0; // samples left to listen to
     bool m_waiting = false;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "engine/AssignableFilter.h"
 #include "engine/Ramps.h"
 #include "equalizer/EqualizerBands.h"
 #include "equalizer/FILTER2PEQ.h"
@@ -41,7 +42,7 @@ private:
     double next(double sample, FILTER2PEQ::Runner* used, FILTER2PEQ::Runner* faded);
     std::span<double> processChange(std::span<double> block);
 
-    std::array<FILTER2PEQ, 2> m_filters;
+    std::array<AssignableFilter<FILTER2PEQ>, 2> m_filters;
     std::size_t m_used = 0;
     FadeRamp m_fade; // to the filter in use, from the other one
     GainRamp m_gain; // 10^(dB / 20)

@@ -143,6 +143,13 @@ public:
     /// Takes over what another band has heard, as if this one's input had been the other's.
     void setDelayByCopy(const FILTER2PEQ* other);
 
+    /// Becomes as \a other is, with what it has heard. Does not allocate.
+    void copyFrom(const FILTER2PEQ& other)
+    {
+        setCoefByCopy(&other);
+        m_state.copyFrom(other.m_state);
+    }
+
     /// 2, or 0 without storage.
     std::int64_t order() const { return m_order; }
     /// A value of Mode.

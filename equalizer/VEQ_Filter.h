@@ -154,6 +154,10 @@ public:
     /// no sections to the response.
     void setCoefByCopy(const VEQ_Filter* other);
 
+    /// Becomes as \a other is, with what it has heard and a cross-fade under way, as far as there
+    /// is storage. Does not allocate.
+    void copyFrom(const VEQ_Filter& other);
+
     /// Sets the fade length to 10 ms at this rate. The designs are given their rate themselves.
     void SetSampleRate(double fs);
     /// In Hz.
@@ -178,3 +182,18 @@ private:
     std::int64_t m_fadeCounter = 0;
     std::int64_t m_order = 0;
 };
+
+inline void VEQ_Filter::copyFrom(const VEQ_Filter& other)
+{
+    m_state.copyFrom(other.m_state);
+    m_coefficients.copyFrom(other.m_coefficients);
+    m_currentState.copyFrom(other.m_currentState);
+    m_currentCoefficients.copyFrom(other.m_currentCoefficients);
+    m_previousState.copyFrom(other.m_previousState);
+    m_previousCoefficients.copyFrom(other.m_previousCoefficients);
+    m_sampleRate = other.m_sampleRate;
+    m_changed = other.m_changed;
+    m_fadeLength = other.m_fadeLength;
+    m_fadeCounter = other.m_fadeCounter;
+    m_order = other.m_order;
+}

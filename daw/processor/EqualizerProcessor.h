@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "daw/processor/BypassPath.h"
+#include "engine/BypassPath.h"
 #include "engine/ChannelMeters.h"
 #include "engine/ChannelProcessor.h"
 

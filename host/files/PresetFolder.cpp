@@ -8,6 +8,8 @@
 #include <QStandardPaths>
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 namespace {
 
@@ -86,4 +88,20 @@ Status PresetFolder::remove(const QString& name) const
     if (file.remove())
         return Status();
     return Error{tr("The preset %1 cannot be deleted: %2.").arg(name, file.errorString())};
+}
+
+Status PresetFolder::rename(const QString& from, const QString& to) const
+{
+    const Status named = checkName(to);
+    if (!named.isOk())
+        return named;
+    const auto pathOf = [this](const QString& name) {
+        return std::filesystem::path(QFile::encodeName(fileOf(name)).toStdString());
+    };
+    std::error_code error;
+    std::filesystem::rename(pathOf(from), pathOf(to), error);
+    if (!error)
+        return Status();
+    return Error{
+        tr("The preset %1 cannot be renamed: %2.").arg(from, qt_error_string(error.value()))};
 }

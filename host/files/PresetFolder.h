@@ -19,6 +19,7 @@ public:
 
     explicit PresetFolder(QString folder);
 
+    const QString& path() const { return m_folder; }
     /// The presets' names, in the order in which people look for them.
     QStringList names() const;
     bool contains(const QString& name) const;
@@ -30,6 +31,8 @@ public:
     /// Makes the folder.
     Status prepare() const;
     Status remove(const QString& name) const;
+    /// Gives a preset another name, and so takes the place of one that has it.
+    Status rename(const QString& from, const QString& to) const;
 
 private:
     QString m_folder;

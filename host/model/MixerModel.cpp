@@ -13,6 +13,7 @@ MixerModel::MixerModel(HostMemory& memory)
     : m_memory(memory)
     , m_history(memory)
     , m_compare(memory, m_history)
+    , m_presets(memory)
 {
     m_memory.addChangeListener(this);
 }

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "host/model/AuditionModel.h"
 #include "host/model/ChannelCompare.h"
+#include "host/model/ChannelPresets.h"
 #include "host/model/EditHistory.h"
 #include "hosting/ChangeListener.h"
 #include "hosting/Result.h"
@@ -33,6 +35,9 @@ public:
     const HostMemory& memory() const { return m_memory; }
     EditHistory& history() { return m_history; }
     ChannelCompare& compare() { return m_compare; }
+    ChannelPresets& presets() { return m_presets; }
+    AuditionModel& auditions() { return m_auditions; }
+    const AuditionModel& auditions() const { return m_auditions; }
 
     /// The name that the user gave a channel; empty if none.
     QString name(int channel) const { return m_names[static_cast<std::size_t>(channel)]; }
@@ -83,6 +88,8 @@ private:
     HostMemory& m_memory;
     EditHistory m_history;
     ChannelCompare m_compare;
+    ChannelPresets m_presets;
+    AuditionModel m_auditions;
     std::array<QString, channelCount> m_names;
     QPointer<AudioSession> m_transport;
     int m_soundingRate = 0;

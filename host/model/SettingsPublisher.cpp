@@ -28,10 +28,17 @@ SettingsPublisher::SettingsPublisher(MixerModel& mixerModel, MixBus& bus)
     m_delay.setSingleShot(true);
     m_delay.callOnTimeout(this, &SettingsPublisher::publish);
     m_mixerModel.memory().addChangeListener(this);
+    AuditionModel& auditions = m_mixerModel.auditions();
+    connect(&auditions, &AuditionModel::changed, this, [this] { m_delay.start(0); });
+    auditions.setMeter([&bus](int channel) { return bus.matchedGain(channel); });
     publish();
 }
 
-SettingsPublisher::~SettingsPublisher() { m_mixerModel.memory().removeChangeListener(this); }
+SettingsPublisher::~SettingsPublisher()
+{
+    m_mixerModel.memory().removeChangeListener(this);
+    m_mixerModel.auditions().setMeter({});
+}
 
 void SettingsPublisher::changed(unsigned short, unsigned short, int, int) { m_delay.start(0); }
 
@@ -41,6 +48,7 @@ void SettingsPublisher::publish()
     MixBus::Strips strips;
     for (int channel = 0; channel < channelCount; ++channel) {
         publishValues(channel);
+        publishAudition(channel);
         strips[static_cast<std::size_t>(channel)] = stripOf(channel);
     }
     if (std::exchange(m_publishedStrips, strips) != strips)
@@ -59,6 +67,15 @@ void SettingsPublisher::publishValues(int channel)
         return;
     published = values;
     m_bus.publish(channel, values);
+}
+
+void SettingsPublisher::publishAudition(int channel)
+{
+    Audition audition = m_mixerModel.auditions().of(m_mixerModel.leaderOf(channel));
+    audition.linked = m_mixerModel.isPair(channel);
+    Audition& published = m_publishedAuditions[static_cast<std::size_t>(channel)];
+    if (std::exchange(published, audition) != audition)
+        m_bus.publish(channel, audition);
 }
 
 MixBus::Strip SettingsPublisher::stripOf(int channel) const

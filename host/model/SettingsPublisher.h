@@ -18,7 +18,7 @@ class MixerModel;
 /// by its number, to the second channel of a pair the input after the first one's. Of a pair the
 /// even channel is heard on the left, the odd one on the right; a mono strip is heard on both
 /// sides, at full level on each as long as it is in the middle. A strip whose equalizer is off lets
-/// the sound past as it is.
+/// the sound past as it is. What is wanted of a pair's first channel to compare is wanted of both.
 class SettingsPublisher : public QObject, private ChangeListener
 {
     Q_OBJECT
@@ -34,6 +34,7 @@ public:
 private:
     void changed(unsigned short parameter, unsigned short ch, int before, int after) override;
     void publishValues(int channel);
+    void publishAudition(int channel);
     MixBus::Strip stripOf(int channel) const;
     MixBus::Route routeOf(int channel) const;
 
@@ -41,6 +42,7 @@ private:
     MixBus& m_bus;
     QTimer m_delay;
     std::array<ChannelValues, channelCount> m_publishedValues;
+    std::array<Audition, channelCount> m_publishedAuditions;
     MixBus::Strips m_publishedStrips{};
     MixBus::Master m_publishedMaster;
 };

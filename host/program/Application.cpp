@@ -54,13 +54,22 @@ void bringMessagesToFront(QWidget& window)
     }
 }
 
+// What can be done about it; the other button leaves everything as it is.
+QPushButton* addAction(QMessageBox* box, const QString& action)
+{
+    box->setStandardButtons(QMessageBox::Cancel);
+    box->setDefaultButton(QMessageBox::Cancel);
+    box->setEscapeButton(QMessageBox::Cancel);
+    return box->addButton(action, QMessageBox::YesRole);
+}
+
 void offerToFind(MixerWindow& window, MixerSession& session, const QString& file)
 {
     QMessageBox* box = WarningBox::show(
         window, Application::tr("The session's sound file %1 is not there any more.").arg(file));
     if (!box)
         return;
-    const auto* find = box->addButton(Application::tr("Find It..."), QMessageBox::YesRole);
+    const auto* find = addAction(box, Application::tr("Find It..."));
     QObject::connect(find, &QPushButton::clicked, &session, [&window, &session] {
         const QString found = window.askForSound();
         if (!found.isEmpty())
@@ -70,7 +79,7 @@ void offerToFind(MixerWindow& window, MixerSession& session, const QString& file
 
 void offerToSaveAnyway(QMessageBox* box, MixerSession& session)
 {
-    const auto* save = box->addButton(Application::tr("Save Anyway"), QMessageBox::YesRole);
+    const auto* save = addAction(box, Application::tr("Save Anyway"));
     QObject::connect(save, &QPushButton::clicked, &session, &MixerSession::saveAnyway);
 }
 

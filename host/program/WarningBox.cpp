@@ -47,6 +47,8 @@ bool WarningBox::endsUnsaved(QWidget& window, const QString& error)
     const auto* quit =
         box.addButton(QCoreApplication::translate("Application", "Quit Without Saving"),
                       QMessageBox::DestructiveRole);
+    box.setDefaultButton(QMessageBox::Cancel);
+    box.setEscapeButton(QMessageBox::Cancel);
     box.exec();
     return box.clickedButton() == quit;
 }

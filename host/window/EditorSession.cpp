@@ -3,6 +3,7 @@
 
 #include "equalizer/EqualizerParameters.h"
 #include "host/window/ControlTips.h"
+#include "host/window/FlatStep.h"
 #include "host/window/HandleGuide.h"
 #include "host/window/Mixer.h"
 #include "host/window/WheelSpeed.h"
@@ -80,6 +81,8 @@ void EditorSession::guideUser()
     for (QWidget* part : m_editor->findChildren<QWidget*>()) {
         if (part->inherits("ZoltaEqualizerGraph"))
             new HandleGuide(m_mixer.memory, m_settings.channel, part);
+        else if (part->objectName() == QLatin1String("m_pFlatButton"))
+            new FlatStep(m_mixer.mixerModel.history(), part);
     }
 }
 

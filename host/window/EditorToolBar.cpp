@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/window/EditorToolBar.h"
 
-#include "host/model/ChannelCompare.h"
 #include "host/window/EditorSession.h"
 #include "host/window/HostTheme.h"
 
-#include <QActionGroup>
 #include <QComboBox>
 #include <QEvent>
 #include <QLabel>
@@ -26,22 +24,20 @@ int percentOf(double scale) { return static_cast<int>(std::lround(scale * 100.0)
 
 } // namespace
 
-EditorToolBar::EditorToolBar(EditorSession& session, ChannelCompare& compare, QWidget* parent)
+EditorToolBar::EditorToolBar(EditorSession& session, QWidget* parent)
     : QToolBar(parent)
     , m_session(session)
-    , m_compare(compare)
 {
     setObjectName(QStringLiteral("editorToolBar")); // for the window's state
     m_texts.add([this] { setWindowTitle(tr("Editor")); });
     setMovable(false);
     setContextMenuPolicy(Qt::PreventContextMenu);
     applyHostSheet(this);
-    addCompare();
     addZoom();
     addStereo();
     addSampleRate();
     addModes();
-    styleExtension();
+    styleExtension(*this, m_texts);
 }
 
 void EditorToolBar::setStereo(bool stereo)
@@ -68,33 +64,6 @@ void EditorToolBar::changeEvent(QEvent* event)
     QToolBar::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
         m_texts.retranslate();
-}
-
-void EditorToolBar::addCompare()
-{
-    m_chooseA = addCompareChoice(QStringLiteral("A"), false);
-    m_chooseB = addCompareChoice(QStringLiteral("B"), true);
-    auto* group = new QActionGroup(this);
-    group->addAction(m_chooseA);
-    group->addAction(m_chooseB);
-    connect(&m_compare, &ChannelCompare::chosen, this, &EditorToolBar::showCompare);
-    showCompare();
-}
-
-QAction* EditorToolBar::addCompareChoice(const QString& letter, bool isB)
-{
-    QAction* action = addAction(letter);
-    action->setCheckable(true);
-    m_texts.add([action, letter] { action->setToolTip(tr("Settings %1").arg(letter)); });
-    connect(action, &QAction::triggered, this,
-            [this, isB] { m_compare.choose(m_session.settings().channel, isB); });
-    return action;
-}
-
-void EditorToolBar::showCompare()
-{
-    const bool isB = m_compare.isB(m_session.settings().channel);
-    (isB ? m_chooseB : m_chooseA)->setChecked(true);
 }
 
 void EditorToolBar::addZoom()
@@ -180,14 +149,14 @@ void EditorToolBar::addModes()
 }
 
 // The button for what has no room on the bar. Its own picture is too dark for the bar.
-void EditorToolBar::styleExtension()
+void EditorToolBar::styleExtension(const QToolBar& bar, Retranslator& texts)
 {
-    auto* key = findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
+    auto* key = bar.findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
     if (!key)
         return;
     key->setText(QStringLiteral("\u00bb"));
     key->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    m_texts.add([key] {
+    texts.add([key] {
         key->setToolTip(tr("More"));
         key->setAccessibleName(tr("More"));
     });

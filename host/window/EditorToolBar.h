@@ -5,19 +5,18 @@
 
 #include <QToolBar>
 
-class ChannelCompare;
 class EditorSession;
 class QComboBox;
 class QSpinBox;
 
-/// What an open editor can be switched between, and its channel's A and B settings.
+/// What an open editor can be switched between.
 class EditorToolBar : public QToolBar
 {
     Q_OBJECT
 
 public:
-    /// \a session and \a compare must outlive its use.
-    EditorToolBar(EditorSession& session, ChannelCompare& compare, QWidget* parent = nullptr);
+    /// \a session must outlive its use.
+    explicit EditorToolBar(EditorSession& session, QWidget* parent = nullptr);
 
     void setStereo(bool stereo);
     void setScale(double scale);
@@ -27,6 +26,8 @@ public:
     void followRate(int hertz);
     /// Leaves users no choice of the channels.
     void fixChannel();
+    /// Gives \a bar a button that can be seen for what has no room on it.
+    static void styleExtension(const QToolBar& bar, Retranslator& texts);
 
 Q_SIGNALS:
     /// The editor has been switched between the pair and the channel alone.
@@ -43,22 +44,15 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    void addCompare();
-    QAction* addCompareChoice(const QString& letter, bool isB);
-    void showCompare();
     void addZoom();
     void addStereo();
     void addSampleRate();
     void chooseRate(int hertz);
     void addModes();
-    void styleExtension();
 
     EditorSession& m_session;
-    ChannelCompare& m_compare;
     Retranslator m_texts;
     QSpinBox* m_zoom = nullptr;
     QComboBox* m_stereo = nullptr;
     QComboBox* m_rates = nullptr;
-    QAction* m_chooseA = nullptr;
-    QAction* m_chooseB = nullptr;
 };

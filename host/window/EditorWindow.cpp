@@ -5,7 +5,9 @@
 #include "host/desktop/DesktopEqualizer.h"
 #include "host/window/AnalyzerPanel.h"
 #include "host/window/AnalyzerView.h"
+#include "host/window/AuditionBar.h"
 #include "host/window/EditMenu.h"
+#include "host/window/EditorPresets.h"
 #include "host/window/EditorToolBar.h"
 #include "host/window/FileDialogs.h"
 #include "host/window/FileDrop.h"
@@ -15,13 +17,12 @@
 #include "host/window/MessageDialog.h"
 #include "host/window/Mixer.h"
 #include "host/window/ParameterListView.h"
+#include "host/window/PresetBar.h"
 #include "host/window/PresetMenu.h"
 #include "host/window/ResponseView.h"
 #include "host/window/TransportMenu.h"
 #include "host/window/WindowPanels.h"
-#include "parameters/FactoryPresets.h"
 
-#include <QCoreApplication>
 #include <QDockWidget>
 #include <QFileInfo>
 #include <QLabel>
@@ -34,7 +35,7 @@
 
 namespace {
 
-constexpr int barsHeight = 100; // menu, tool and status bar
+constexpr int barsHeight = 136; // menu, tool bars and status bar
 constexpr int messageTime = 8000;
 
 const QString stateKind = QStringLiteral("state");
@@ -42,6 +43,14 @@ const QString stateKind = QStringLiteral("state");
 QString stateFilter()
 {
     return EditorWindow::tr("Presets (*.vstpreset);;Plain states (*.state);;All files (*)");
+}
+
+QString withSuffix(const QString& file, const QString& filter)
+{
+    if (!QFileInfo(file).suffix().isEmpty())
+        return file;
+    return file + (filter.contains(QLatin1String("vstpreset")) ? QLatin1String(".vstpreset")
+                                                               : QLatin1String(".state"));
 }
 
 } // namespace
@@ -64,7 +73,8 @@ EditorWindow::EditorWindow(Mixer& mixer, std::unique_ptr<QWidget> stage,
     connect(new FileDrop(this), &FileDrop::dropped, this, &EditorWindow::fileDropped);
 }
 
-EditorWindow::~EditorWindow() = default;
+// What is heard to compare ends while there are a bar and an editor.
+EditorWindow::~EditorWindow() { delete m_audition; }
 
 void EditorWindow::setStereo(bool stereo) { m_bar->setStereo(stereo); }
 
@@ -99,37 +109,6 @@ void EditorWindow::follow(const DesktopEqualizer& desktop)
     m_bar->fixChannel();
     showDesktop();
     showTitle();
-}
-
-void EditorWindow::loadPreset(const QString& name)
-{
-    report(m_session->loadState(m_presets->folder().fileOf(name)).error(),
-           tr("Loaded %1.").arg(name));
-}
-
-void EditorWindow::savePreset(const QString& name)
-{
-    const PresetFolder& folder = m_presets->folder();
-    QString error = PresetFolder::checkName(name).error();
-    if (error.isEmpty())
-        error = folder.prepare().error();
-    if (error.isEmpty())
-        error = m_session->saveState(folder.fileOf(name)).error();
-    report(error, tr("Saved %1.").arg(name));
-}
-
-void EditorWindow::deletePreset(const QString& name)
-{
-    report(m_presets->folder().remove(name).error(), tr("Deleted %1.").arg(name));
-}
-
-void EditorWindow::applyFactoryPreset(int index)
-{
-    const FactoryPreset& preset = factoryPresets()[static_cast<std::size_t>(index)];
-    const QString name = QCoreApplication::translate("FactoryPreset", preset.name);
-    const EditHistory::Step step(m_mixer.mixerModel.history(), name);
-    m_mixer.memory.write(settings().channel, valuesOf(preset));
-    report(QString(), tr("Loaded %1.").arg(name));
 }
 
 void EditorWindow::buildMenus()
@@ -183,17 +162,19 @@ void EditorWindow::buildEditMenu(QMenu* menu)
     m_texts.action(
         menu, [] { return tr("Copy B t&o A"); }, QKeySequence(), this,
         [&compare, channel] { compare.copy(channel, false); });
+    m_audition->fillMenu(menu, m_texts);
 }
 
 void EditorWindow::buildPresetMenu(QMenu* menu)
 {
-    m_presets = new PresetMenu(
-        menu, PresetFolder(PresetFolder::standardFolder()),
-        [this] { return m_mixer.mixerModel.name(settings().channel); }, m_texts);
-    connect(m_presets, &PresetMenu::factoryChosen, this, &EditorWindow::applyFactoryPreset);
-    connect(m_presets, &PresetMenu::userChosen, this, &EditorWindow::loadPreset);
-    connect(m_presets, &PresetMenu::saveWanted, this, &EditorWindow::savePreset);
-    connect(m_presets, &PresetMenu::deleteWanted, this, &EditorWindow::deletePreset);
+    m_presets = new EditorPresets(m_mixer, *m_session, this);
+    connect(m_presets, &EditorPresets::finished, this, &EditorWindow::report);
+    auto* entries = new PresetMenu(
+        menu, *m_presets, [this] { return m_mixer.mixerModel.name(settings().channel); }, m_texts);
+    auto* bar = new PresetBar(*m_presets, *entries, menu, this);
+    m_audition->addTo(bar);
+    insertToolBar(m_bar, bar);
+    insertToolBarBreak(m_bar);
 }
 
 void EditorWindow::buildViewMenu(QMenu* menu)
@@ -237,7 +218,7 @@ void EditorWindow::addPanelItem(QMenu* menu, const Retranslator::Text& text,
 
 void EditorWindow::buildToolBar()
 {
-    m_bar = new EditorToolBar(*m_session, m_mixer.mixerModel.compare(), this);
+    m_bar = new EditorToolBar(*m_session, this);
     connect(m_bar, &EditorToolBar::stereoChanged, this, &EditorWindow::showTitle);
     connect(m_bar, &EditorToolBar::stereoChosen, this, &EditorWindow::stereoChosen);
     connect(m_bar, &EditorToolBar::scaleChanged, this, &EditorWindow::followZoom);
@@ -247,6 +228,9 @@ void EditorWindow::buildToolBar()
     connect(m_bar, &EditorToolBar::modesChanged, this,
             [this] { settings().keepModes(&m_mixer.settings); });
     addToolBar(m_bar);
+    m_audition = new AuditionBar(m_mixer.mixerModel, settings().channel, m_stage, this);
+    connect(m_audition, &AuditionBar::said, this,
+            [this](const QString& sentence) { statusBar()->showMessage(sentence); });
     const MixerModel& mixerModel = m_mixer.mixerModel;
     connect(&mixerModel, &MixerModel::soundingRateChanged, m_bar, &EditorToolBar::followRate);
     m_bar->followRate(mixerModel.soundingRate());
@@ -343,8 +327,10 @@ void EditorWindow::followZoom()
 void EditorWindow::changeEvent(QEvent* event)
 {
     QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
-        m_texts.retranslate();
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    m_texts.retranslate();
+    m_audition->retranslate();
 }
 
 void EditorWindow::closeEvent(QCloseEvent* event)
@@ -387,15 +373,11 @@ void EditorWindow::openStateFile()
 
 void EditorWindow::saveStateFile()
 {
-    QString filter;
-    QString file = FileDialogs::save(this, m_mixer.settings,
-                                     {stateKind, tr("Save State"), stateFilter()}, &filter);
-    if (file.isEmpty())
-        return;
-    if (QFileInfo(file).suffix().isEmpty())
-        file += filter.contains(QLatin1String("vstpreset")) ? QLatin1String(".vstpreset")
-                                                            : QLatin1String(".state");
-    report(m_session->saveState(file).error(), tr("Saved %1.").arg(file));
+    const QString file =
+        FileDialogs::save(this, m_mixer.settings,
+                          {stateKind, tr("Save State"), stateFilter(), QString(), &withSuffix});
+    if (!file.isEmpty())
+        report(m_session->saveState(file).error(), tr("Saved %1.").arg(file));
 }
 
 void EditorWindow::showMessage(const QString& message)

@@ -11,9 +11,10 @@
 
 struct Mixer;
 class AnalyzerPanel;
+class AuditionBar;
 class DesktopEqualizer;
+class EditorPresets;
 class EditorToolBar;
-class PresetMenu;
 class QAction;
 class QDockWidget;
 class QLabel;
@@ -51,11 +52,8 @@ public:
     /// is heard, and no way to the mixer.
     void follow(const DesktopEqualizer& desktop);
 
-    /// Presets. Errors are shown in a message box.
-    void loadPreset(const QString& name);
-    void savePreset(const QString& name);
-    void deletePreset(const QString& name);
-    void applyFactoryPreset(int index);
+    /// Its presets. Errors are shown in a message box.
+    EditorPresets& presets() { return *m_presets; }
 
 Q_SIGNALS:
     /// The user wants to see the window with all channels.
@@ -109,7 +107,8 @@ private:
     QDockWidget* m_analyzer = nullptr;
     AnalyzerPanel* m_spectrum = nullptr;
     EditorToolBar* m_bar = nullptr;
-    PresetMenu* m_presets = nullptr;
+    AuditionBar* m_audition = nullptr;
+    EditorPresets* m_presets = nullptr;
     QLabel* m_audio = nullptr;
     QAction* m_toMixer = nullptr;
     const DesktopEqualizer* m_desktop = nullptr; // whose window this is; null: the mixer's

@@ -2,10 +2,13 @@
 #include "host/window/FileDialogs.h"
 
 #include "host/files/SettingsFile.h"
+#include "host/window/MessageDialog.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QPointer>
 
 namespace {
 
@@ -25,6 +28,18 @@ QString kept(SettingsFile& settings, const QString& kind, const QString& file)
     return file;
 }
 
+bool mayReplace(QWidget* parent, const QString& title, const QString& file)
+{
+    const auto text = [](const char* english) {
+        return QCoreApplication::translate("FileDialogs", english);
+    };
+    const QString question =
+        text(QT_TRANSLATE_NOOP("FileDialogs", "The file %1 already exists. Replace it?"));
+    return !QFileInfo::exists(file) ||
+           MessageDialog::ask(parent, title, question.arg(QFileInfo(file).fileName()),
+                              text(QT_TRANSLATE_NOOP("FileDialogs", "Replace")));
+}
+
 } // namespace
 
 QString FileDialogs::open(QWidget* parent, SettingsFile& settings, const Question& question)
@@ -34,10 +49,19 @@ QString FileDialogs::open(QWidget* parent, SettingsFile& settings, const Questio
                                              question.filter));
 }
 
-QString FileDialogs::save(QWidget* parent, SettingsFile& settings, const Question& question,
-                          QString* filter)
+// The dialog's own question would not know the complete name.
+QString FileDialogs::save(QWidget* parent, SettingsFile& settings, const Question& question)
 {
-    return kept(settings, question.kind,
-                QFileDialog::getSaveFileName(parent, question.title, startOf(settings, question),
-                                             question.filter, filter));
+    const QPointer<QWidget> guard = parent;
+    QString file = startOf(settings, question);
+    while (guard) {
+        QString filter;
+        file = QFileDialog::getSaveFileName(parent, question.title, file, question.filter, &filter,
+                                            QFileDialog::DontConfirmOverwrite);
+        if (!file.isEmpty() && question.complete)
+            file = question.complete(file, filter);
+        if (file.isEmpty() || mayReplace(parent, question.title, file))
+            return kept(settings, question.kind, file);
+    }
+    return {};
 }

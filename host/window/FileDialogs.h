@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include <functional>
+
 class QWidget;
 class SettingsFile;
 
@@ -17,13 +19,13 @@ struct Question
     QString title;
     QString filter;
     QString name = {}; ///< suggested for a file to save
+    /// Gives a file to save the ending that it needs by the filter that was chosen.
+    std::function<QString(const QString& file, const QString& filter)> complete = {};
 };
 
 /// The file to read; empty if the user gives up.
 QString open(QWidget* parent, SettingsFile& settings, const Question& question);
-/// The file to write, which the user allows to be replaced, and the filter that was chosen; empty
-/// likewise.
-QString save(QWidget* parent, SettingsFile& settings, const Question& question,
-             QString* filter = nullptr);
+/// The complete name of the file to write, which the user allows to be replaced; empty likewise.
+QString save(QWidget* parent, SettingsFile& settings, const Question& question);
 
 } // namespace FileDialogs

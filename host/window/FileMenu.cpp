@@ -124,9 +124,10 @@ QString FileMenu::askForSession(bool saves, const QString& title)
     if (!saves)
         return FileDialogs::open(window(), m_mixer.settings, question);
     question.name = QStringLiteral("mix.json");
-    const QString file = FileDialogs::save(window(), m_mixer.settings, question);
-    return file.isEmpty() || !QFileInfo(file).suffix().isEmpty() ? file
-                                                                 : file + QLatin1String(".json");
+    question.complete = [](const QString& file, const QString&) {
+        return QFileInfo(file).suffix().isEmpty() ? file + QLatin1String(".json") : file;
+    };
+    return FileDialogs::save(window(), m_mixer.settings, question);
 }
 
 QWidget* FileMenu::window() const

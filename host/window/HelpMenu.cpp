@@ -33,7 +33,9 @@ constexpr std::array guide = {
     Entry{QT_TRANSLATE_NOOP("HelpMenu", "Compare"),
           QT_TRANSLATE_NOOP("HelpMenu", "A and B above the equalizer are two settings (Ctrl+B "
                                         "switches). The EQ key of the strip switches the "
-                                        "equalizer off and on.")},
+                                        "equalizer off and on. Bypass plays past it at equal "
+                                        "loudness; Listen, while held, plays only what one band "
+                                        "changes.")},
     Entry{QT_TRANSLATE_NOOP("HelpMenu", "Keep it"),
           QT_TRANSLATE_NOOP("HelpMenu", "The session is saved by itself. File > Save Session As "
                                         "keeps it under a name, Presets > Save as Preset keeps "
@@ -55,6 +57,11 @@ constexpr std::array keys = {
           QT_TRANSLATE_NOOP("HelpMenu", "undo and redo every gesture")},
     Entry{QT_TRANSLATE_NOOP("HelpMenu", "Ctrl+B"),
           QT_TRANSLATE_NOOP("HelpMenu", "switch between A and B")},
+    Entry{QT_TRANSLATE_NOOP("HelpMenu", "Ctrl+Shift+B, L"),
+          QT_TRANSLATE_NOOP("HelpMenu", "bypass at equal loudness; while held, hear only what the "
+                                        "band changes")},
+    Entry{QT_TRANSLATE_NOOP("HelpMenu", "Ctrl+PgUp, Ctrl+PgDown"),
+          QT_TRANSLATE_NOOP("HelpMenu", "previous preset; next preset")},
     Entry{QT_TRANSLATE_NOOP("HelpMenu", "Ctrl+R, Ctrl+L"),
           QT_TRANSLATE_NOOP("HelpMenu", "measured response; table of parameters")},
     Entry{QT_TRANSLATE_NOOP("HelpMenu", "Knob: drag, wheel, arrow keys"),

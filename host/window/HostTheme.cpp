@@ -51,6 +51,8 @@ void applyHostSheet(QWidget* widget)
         "QToolBar QToolButton { color: #d7dce1; background: #2a2e34; border: 1px solid #101214;"
         "  border-radius: 3px; padding: 3px 10px; }"
         "QToolBar QToolButton:hover { background: #343a41; }"
+        "QToolBar QToolButton:pressed { background: #0b4f6e; color: #ffffff; }"
+        "QToolBar QToolButton:disabled { color: #6b737b; }"
         "QToolBar QToolButton:checked { background: #0378a8; color: #ffffff; }"
         "QToolBar QToolButton:focus { border-color: #0394d0; }"
         "QToolBar QToolButton#qt_toolbar_ext_button { padding: 0; }"

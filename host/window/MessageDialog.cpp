@@ -3,31 +3,28 @@
 
 #include <QMessageBox>
 #include <QPointer>
-
-namespace {
-
-// The button; none where the parent is gone.
-int run(QMessageBox* box)
-{
-    const QPointer<QMessageBox> guard = box;
-    const int answer = box->exec();
-    if (!guard)
-        return QMessageBox::NoButton;
-    delete box;
-    return answer;
-}
-
-} // namespace
+#include <QPushButton>
 
 bool MessageDialog::warn(QWidget* parent, const QString& title, const QString& text)
 {
     const QPointer<QWidget> guard = parent;
-    run(new QMessageBox(QMessageBox::Warning, title, text, QMessageBox::Ok, parent));
+    const QPointer<QMessageBox> box =
+        new QMessageBox(QMessageBox::Warning, title, text, QMessageBox::Ok, parent);
+    box->exec();
+    delete box;
     return !guard.isNull();
 }
 
-bool MessageDialog::ask(QWidget* parent, const QString& title, const QString& question)
+bool MessageDialog::ask(QWidget* parent, const QString& title, const QString& question,
+                        const QString& action)
 {
-    return run(new QMessageBox(QMessageBox::Question, title, question,
-                               QMessageBox::Yes | QMessageBox::No, parent)) == QMessageBox::Yes;
+    const QPointer<QMessageBox> box =
+        new QMessageBox(QMessageBox::Question, title, question, QMessageBox::Cancel, parent);
+    const QAbstractButton* agreeing = box->addButton(action, QMessageBox::AcceptRole);
+    box->setDefaultButton(QMessageBox::Cancel);
+    box->setEscapeButton(QMessageBox::Cancel);
+    box->exec();
+    const bool agreed = box && box->clickedButton() == agreeing;
+    delete box;
+    return agreed;
 }

@@ -11,7 +11,8 @@ namespace MessageDialog {
 
 /// Waits until \a text has been read. Whether \a parent is still there.
 bool warn(QWidget* parent, const QString& title, const QString& text);
-/// Whether the answer to \a question is yes, and \a parent is still there.
-bool ask(QWidget* parent, const QString& title, const QString& question);
+/// Whether the user answers \a question by \a action, the button's text, and \a parent is still
+/// there. The other button, which Return and Escape press, cancels.
+bool ask(QWidget* parent, const QString& title, const QString& question, const QString& action);
 
 } // namespace MessageDialog

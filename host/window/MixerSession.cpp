@@ -291,6 +291,7 @@ void MixerSession::restore(int channel)
         m_mixer.memory.setStrip(channel, static_cast<StripParameter>(i), data.strip[i]);
     m_mixer.memory.write(channel, data.equalizer);
     m_mixer.mixerModel.compare().setState(channel, data.compare);
+    m_mixer.mixerModel.presets().clear(channel);
     if (!data.editor.isEmpty())
         m_mixer.settings.keep(channel, data.editor);
 }

@@ -323,15 +323,15 @@ void MixerWindow::chooseRenderFile()
 {
     const QFileInfo input(m_mixer.mixerModel.transport()->file());
     const QString title = tr("Render through %1").arg(m_mixer.mixerModel.shownName(m_selected));
-    QString file =
+    const auto complete = [](const QString& file, const QString&) {
+        return AudioFormat::canWrite(file) ? file : file + QLatin1String(".wav");
+    };
+    const QString file =
         FileDialogs::save(this, m_mixer.settings,
                           {QStringLiteral("render"), title, tr("Sound files (*.wav *.flac *.ogg)"),
-                           input.completeBaseName() + QLatin1String(" eq.wav")});
-    if (file.isEmpty())
-        return;
-    if (!AudioFormat::canWrite(file))
-        file += QLatin1String(".wav");
-    render(file);
+                           input.completeBaseName() + QLatin1String(" eq.wav"), complete});
+    if (!file.isEmpty())
+        render(file);
 }
 
 void MixerWindow::buildEditMenu()

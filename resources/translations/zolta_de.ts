@@ -104,10 +104,6 @@
         <translation>Mehr</translation>
     </message>
     <message>
-        <source>Settings %1</source>
-        <translation>Einstellungen %1</translation>
-    </message>
-    <message>
         <source>The curve is drawn for the rate that the sound device runs at. It can be chosen while nothing plays.</source>
         <translation>Die Kurve gilt für die Abtastrate, mit der das Audiogerät läuft. Wählen lässt sie sich, solange nichts spielt.</translation>
     </message>
@@ -229,10 +225,6 @@
     <message>
         <source>Copy B t&amp;o A</source>
         <translation>B n&amp;ach A kopieren</translation>
-    </message>
-    <message>
-        <source>Deleted %1.</source>
-        <translation>%1 gelöscht.</translation>
     </message>
     <message>
         <source>No audio</source>
@@ -1104,6 +1096,10 @@
         <source>The presets' folder %1 cannot be created. Check whether its parent folder can be written.</source>
         <translation>Der Ordner %1 für die Presets lässt sich nicht anlegen. Ist der übergeordnete Ordner beschreibbar?</translation>
     </message>
+    <message>
+        <source>The preset %1 cannot be renamed: %2.</source>
+        <translation>Das Preset %1 lässt sich nicht umbenennen: %2.</translation>
+    </message>
 </context>
 <context>
     <name>PresetMenu</name>
@@ -1138,6 +1134,38 @@
     <message>
         <source>Delete the preset %1?</source>
         <translation>Preset %1 löschen?</translation>
+    </message>
+    <message>
+        <source>&amp;Previous</source>
+        <translation>&amp;Voriges</translation>
+    </message>
+    <message>
+        <source>&amp;Next</source>
+        <translation>&amp;Nächstes</translation>
+    </message>
+    <message>
+        <source>Save Preset A&amp;gain</source>
+        <translation>Preset &amp;erneut speichern</translation>
+    </message>
+    <message>
+        <source>&amp;Rename...</source>
+        <translation>&amp;Umbenennen ...</translation>
+    </message>
+    <message>
+        <source>Show F&amp;older</source>
+        <translation>&amp;Ordner zeigen</translation>
+    </message>
+    <message>
+        <source>Rename Preset</source>
+        <translation>Preset umbenennen</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
     </message>
 </context>
 <context>
@@ -2019,8 +2047,8 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
         <translation>&amp;Tasten und Maus</translation>
     </message>
     <message>
-        <source>A and B above the equalizer are two settings (Ctrl+B switches). The EQ key of the strip switches the equalizer off and on.</source>
-        <translation>A und B über dem Equalizer sind zwei Einstellungen (Strg+B wechselt). Die Taste EQ des Kanalzugs schaltet den Equalizer aus und ein.</translation>
+        <source>A and B above the equalizer are two settings (Ctrl+B switches). The EQ key of the strip switches the equalizer off and on. Bypass plays past it at equal loudness; Listen, while held, plays only what one band changes.</source>
+        <translation>A und B über dem Equalizer sind zwei Einstellungen (Strg+B wechselt). Die Taste EQ des Kanalzugs schaltet den Equalizer aus und ein. Bypass spielt bei gleicher Lautheit an ihm vorbei; „Hören“ spielt, solange gehalten, nur, was ein Band verändert.</translation>
     </message>
     <message>
         <source>A channel equalizer whose curve is what is heard, and a mixer to hear it with.</source>
@@ -2161,6 +2189,22 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
     <message>
         <source>open a song; in the mixer: render it to a file</source>
         <translation>ein Stück öffnen; im Mischpult: in eine Datei rendern</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+B, L</source>
+        <translation>Strg+Umschalt+B, L</translation>
+    </message>
+    <message>
+        <source>bypass at equal loudness; while held, hear only what the band changes</source>
+        <translation>Bypass bei gleicher Lautheit; solange gehalten, nur hören, was das Band verändert</translation>
+    </message>
+    <message>
+        <source>Ctrl+PgUp, Ctrl+PgDown</source>
+        <translation>Strg+Bild auf, Strg+Bild ab</translation>
+    </message>
+    <message>
+        <source>previous preset; next preset</source>
+        <translation>voriges Preset; nächstes Preset</translation>
     </message>
 </context>
 <context>
@@ -2467,6 +2511,161 @@ Tab und Pfeiltasten: dasselbe mit der Tastatur</translation>
     <message>
         <source>%1 samples</source>
         <translation>%1 Samples</translation>
+    </message>
+</context>
+<context>
+    <name>AuditionBar</name>
+    <message>
+        <source>Bypass at &amp;Equal Loudness</source>
+        <translation>Bypass bei gleicher &amp;Lautheit</translation>
+    </message>
+    <message>
+        <source>Bypass at equal loudness</source>
+        <translation>Bypass bei gleicher Lautheit</translation>
+    </message>
+    <message>
+        <source>Settings %1</source>
+        <translation>Einstellungen %1</translation>
+    </message>
+    <message>
+        <source>Hear the sound without the equalizer, as loud as with it (Ctrl+Shift+B). The loudness is measured while it plays.</source>
+        <translation>Den Klang ohne Equalizer hören, so laut wie mit ihm (Strg+Umschalt+B). Die Lautheit wird gemessen, während er spielt.</translation>
+    </message>
+    <message>
+        <source>Low</source>
+        <translation>Tiefen</translation>
+    </message>
+    <message>
+        <source>Middle 1</source>
+        <translation>Mitten 1</translation>
+    </message>
+    <message>
+        <source>Middle 2</source>
+        <translation>Mitten 2</translation>
+    </message>
+    <message>
+        <source>Middle 3</source>
+        <translation>Mitten 3</translation>
+    </message>
+    <message>
+        <source>Middle 4</source>
+        <translation>Mitten 4</translation>
+    </message>
+    <message>
+        <source>High</source>
+        <translation>Höhen</translation>
+    </message>
+    <message>
+        <source>Listen</source>
+        <translation>Hören</translation>
+    </message>
+    <message>
+        <source>Listen to the band while held</source>
+        <translation>Das Band hören, solange gehalten</translation>
+    </message>
+    <message>
+        <source>Hold this or the key L to hear only what the band changes.</source>
+        <translation>Gedrückt halten, hier oder die Taste L: zu hören ist nur, was das Band verändert.</translation>
+    </message>
+    <message>
+        <source>Band to listen to</source>
+        <translation>Band zum Hören</translation>
+    </message>
+    <message>
+        <source>The band that Listen lets you hear. It follows the control or handle that you touched last.</source>
+        <translation>Das Band, das „Hören“ hören lässt. Es folgt dem Regler oder Griff, der zuletzt berührt wurde.</translation>
+    </message>
+    <message>
+        <source>Bypass</source>
+        <translation>Bypass</translation>
+    </message>
+    <message>
+        <source>You hear only what this band changes: %1.</source>
+        <translation>Zu hören ist nur, was dieses Band verändert: %1.</translation>
+    </message>
+    <message>
+        <source>Bypass %1 dB</source>
+        <translation>Bypass %1 dB</translation>
+    </message>
+</context>
+<context>
+    <name>EditorPresets</name>
+    <message>
+        <source>Loaded %1.</source>
+        <translation>%1 ist geladen.</translation>
+    </message>
+    <message>
+        <source>Saved %1.</source>
+        <translation>%1 ist gespeichert.</translation>
+    </message>
+    <message>
+        <source>Deleted %1.</source>
+        <translation>%1 gelöscht.</translation>
+    </message>
+    <message>
+        <source>%1 is called %2 now.</source>
+        <translation>%1 heißt jetzt %2.</translation>
+    </message>
+</context>
+<context>
+    <name>PresetBar</name>
+    <message>
+        <source>Presets</source>
+        <translation>Presets</translation>
+    </message>
+    <message>
+        <source>Preset</source>
+        <translation>Preset</translation>
+    </message>
+    <message>
+        <source>Previous preset</source>
+        <translation>Voriges Preset</translation>
+    </message>
+    <message>
+        <source>Next preset</source>
+        <translation>Nächstes Preset</translation>
+    </message>
+    <message>
+        <source>Save the preset</source>
+        <translation>Das Preset speichern</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Choose, rename and delete presets</source>
+        <translation>Presets wählen, umbenennen und löschen</translation>
+    </message>
+    <message>
+        <source>No preset</source>
+        <translation>Kein Preset</translation>
+    </message>
+    <message>
+        <source>Preset: %1, modified</source>
+        <translation>Preset: %1, verändert</translation>
+    </message>
+    <message>
+        <source>Preset: %1</source>
+        <translation>Preset: %1</translation>
+    </message>
+</context>
+<context>
+    <name>FileDialogs</name>
+    <message>
+        <source>The file %1 already exists. Replace it?</source>
+        <translation>Die Datei %1 gibt es schon. Ersetzen?</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
+</context>
+<context>
+    <name>FlatStep</name>
+    <message>
+        <source>Flat</source>
+        <translation>Linear</translation>
     </message>
 </context>
 </TS>

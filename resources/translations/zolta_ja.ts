@@ -104,10 +104,6 @@
         <translation>その他</translation>
     </message>
     <message>
-        <source>Settings %1</source>
-        <translation>設定 %1</translation>
-    </message>
-    <message>
         <source>The curve is drawn for the rate that the sound device runs at. It can be chosen while nothing plays.</source>
         <translation>特性曲線は、動作中のオーディオデバイスのサンプリング周波数で描かれます。再生していないときに選択できます。</translation>
     </message>
@@ -229,10 +225,6 @@
     <message>
         <source>Copy B t&amp;o A</source>
         <translation>B を A にコピー(&amp;O)</translation>
-    </message>
-    <message>
-        <source>Deleted %1.</source>
-        <translation>%1 を削除しました。</translation>
     </message>
     <message>
         <source>No audio</source>
@@ -1104,6 +1096,10 @@
         <source>The presets' folder %1 cannot be created. Check whether its parent folder can be written.</source>
         <translation>プリセットのフォルダー %1 を作成できません。上位のフォルダーに書き込めるか確認してください。</translation>
     </message>
+    <message>
+        <source>The preset %1 cannot be renamed: %2.</source>
+        <translation>プリセット %1 の名前を変えられません: %2。</translation>
+    </message>
 </context>
 <context>
     <name>PresetMenu</name>
@@ -1138,6 +1134,38 @@
     <message>
         <source>Delete the preset %1?</source>
         <translation>プリセット %1 を削除しますか?</translation>
+    </message>
+    <message>
+        <source>&amp;Previous</source>
+        <translation>前へ(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;Next</source>
+        <translation>次へ(&amp;N)</translation>
+    </message>
+    <message>
+        <source>Save Preset A&amp;gain</source>
+        <translation>プリセットを上書き保存(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Rename...</source>
+        <translation>名前の変更(&amp;R)...</translation>
+    </message>
+    <message>
+        <source>Show F&amp;older</source>
+        <translation>フォルダーを表示(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Rename Preset</source>
+        <translation>プリセットの名前の変更</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>削除</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>置き換える</translation>
     </message>
 </context>
 <context>
@@ -2019,8 +2047,8 @@ A mixer with 8 channels that opens the channel equalizer&apos;s editor.
         <translation>キーとマウス(&amp;K)</translation>
     </message>
     <message>
-        <source>A and B above the equalizer are two settings (Ctrl+B switches). The EQ key of the strip switches the equalizer off and on.</source>
-        <translation>イコライザーの上の A と B は 2 組の設定です (Ctrl+B で切り替え)。ストリップの EQ キーでイコライザーをオフ、オンします。</translation>
+        <source>A and B above the equalizer are two settings (Ctrl+B switches). The EQ key of the strip switches the equalizer off and on. Bypass plays past it at equal loudness; Listen, while held, plays only what one band changes.</source>
+        <translation>イコライザーの上の A と B は 2 組の設定です (Ctrl+B で切り替え)。ストリップの EQ キーでイコライザーをオフ、オンします。「バイパス」は同じ音量でイコライザーを通さずに、「試聴」は押している間 1 つのバンドによる変化だけを再生します。</translation>
     </message>
     <message>
         <source>A channel equalizer whose curve is what is heard, and a mixer to hear it with.</source>
@@ -2161,6 +2189,22 @@ A mixer with 8 channels that opens the channel equalizer&apos;s editor.
     <message>
         <source>open a song; in the mixer: render it to a file</source>
         <translation>曲を開く。ミキサーで: ファイルに書き出す</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+B, L</source>
+        <translation>Ctrl+Shift+B、L</translation>
+    </message>
+    <message>
+        <source>bypass at equal loudness; while held, hear only what the band changes</source>
+        <translation>同じ音量でバイパス、押している間バンドによる変化だけを試聴</translation>
+    </message>
+    <message>
+        <source>Ctrl+PgUp, Ctrl+PgDown</source>
+        <translation>Ctrl+PgUp、Ctrl+PgDown</translation>
+    </message>
+    <message>
+        <source>previous preset; next preset</source>
+        <translation>前のプリセット、次のプリセット</translation>
     </message>
 </context>
 <context>
@@ -2467,6 +2511,161 @@ Tab と矢印キー: キーボードで同じ操作</translation>
     <message>
         <source>%1 samples</source>
         <translation>%1サンプル</translation>
+    </message>
+</context>
+<context>
+    <name>AuditionBar</name>
+    <message>
+        <source>Bypass at &amp;Equal Loudness</source>
+        <translation>同じ音量でバイパス(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Bypass at equal loudness</source>
+        <translation>同じ音量でバイパス</translation>
+    </message>
+    <message>
+        <source>Settings %1</source>
+        <translation>設定 %1</translation>
+    </message>
+    <message>
+        <source>Hear the sound without the equalizer, as loud as with it (Ctrl+Shift+B). The loudness is measured while it plays.</source>
+        <translation>イコライザーを通さない音を、通した音と同じ音量で聴きます (Ctrl+Shift+B)。音量は再生中に測ります。</translation>
+    </message>
+    <message>
+        <source>Low</source>
+        <translation>ロー</translation>
+    </message>
+    <message>
+        <source>Middle 1</source>
+        <translation>ミドル1</translation>
+    </message>
+    <message>
+        <source>Middle 2</source>
+        <translation>ミドル2</translation>
+    </message>
+    <message>
+        <source>Middle 3</source>
+        <translation>ミドル3</translation>
+    </message>
+    <message>
+        <source>Middle 4</source>
+        <translation>ミドル4</translation>
+    </message>
+    <message>
+        <source>High</source>
+        <translation>ハイ</translation>
+    </message>
+    <message>
+        <source>Listen</source>
+        <translation>試聴</translation>
+    </message>
+    <message>
+        <source>Listen to the band while held</source>
+        <translation>押している間バンドを試聴</translation>
+    </message>
+    <message>
+        <source>Hold this or the key L to hear only what the band changes.</source>
+        <translation>ここか L キーを押している間、バンドによる変化だけが聞こえます。</translation>
+    </message>
+    <message>
+        <source>Band to listen to</source>
+        <translation>試聴するバンド</translation>
+    </message>
+    <message>
+        <source>The band that Listen lets you hear. It follows the control or handle that you touched last.</source>
+        <translation>「試聴」で聴くバンドです。最後に触れたコントロールやハンドルに従います。</translation>
+    </message>
+    <message>
+        <source>Bypass</source>
+        <translation>バイパス</translation>
+    </message>
+    <message>
+        <source>You hear only what this band changes: %1.</source>
+        <translation>このバンドによる変化だけが聞こえています: %1</translation>
+    </message>
+    <message>
+        <source>Bypass %1 dB</source>
+        <translation>バイパス %1 dB</translation>
+    </message>
+</context>
+<context>
+    <name>EditorPresets</name>
+    <message>
+        <source>Loaded %1.</source>
+        <translation>%1 を読み込みました。</translation>
+    </message>
+    <message>
+        <source>Saved %1.</source>
+        <translation>%1 を保存しました。</translation>
+    </message>
+    <message>
+        <source>Deleted %1.</source>
+        <translation>%1 を削除しました。</translation>
+    </message>
+    <message>
+        <source>%1 is called %2 now.</source>
+        <translation>%1 の名前を %2 に変えました。</translation>
+    </message>
+</context>
+<context>
+    <name>PresetBar</name>
+    <message>
+        <source>Presets</source>
+        <translation>プリセット</translation>
+    </message>
+    <message>
+        <source>Preset</source>
+        <translation>プリセット</translation>
+    </message>
+    <message>
+        <source>Previous preset</source>
+        <translation>前のプリセット</translation>
+    </message>
+    <message>
+        <source>Next preset</source>
+        <translation>次のプリセット</translation>
+    </message>
+    <message>
+        <source>Save the preset</source>
+        <translation>プリセットを保存</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>Choose, rename and delete presets</source>
+        <translation>プリセットの選択、名前の変更、削除</translation>
+    </message>
+    <message>
+        <source>No preset</source>
+        <translation>プリセットなし</translation>
+    </message>
+    <message>
+        <source>Preset: %1, modified</source>
+        <translation>プリセット: %1、変更あり</translation>
+    </message>
+    <message>
+        <source>Preset: %1</source>
+        <translation>プリセット: %1</translation>
+    </message>
+</context>
+<context>
+    <name>FileDialogs</name>
+    <message>
+        <source>The file %1 already exists. Replace it?</source>
+        <translation>ファイル %1 は既にあります。置き換えますか?</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>置き換える</translation>
+    </message>
+</context>
+<context>
+    <name>FlatStep</name>
+    <message>
+        <source>Flat</source>
+        <translation>フラット</translation>
     </message>
 </context>
 </TS>

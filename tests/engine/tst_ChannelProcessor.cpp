@@ -28,6 +28,7 @@ private Q_SLOTS:
     void staysBoundedAtEveryRate_data();
     void staysBoundedAtEveryRate();
     void lowestNumbersAreFlushed();
+    void assignedOneGoesOnAlike();
 };
 
 // With gains whose positions single precision holds exactly.
@@ -331,6 +332,30 @@ void tst_ChannelProcessor::lowestNumbersAreFlushed()
     QVERIFY(std::abs(block.back()) < 1e-300);
     volatile double lowest = std::numeric_limits<double>::min();
     QVERIFY(lowest / 2.0 > 0.0);
+}
+
+// Also in the middle of changes, and whatever it did before.
+void tst_ChannelProcessor::assignedOneGoesOnAlike()
+{
+    ChannelProcessor copy;
+    for (const std::size_t place : {1, 100, 481, 700, 1500}) {
+        ChannelProcessor processor;
+        processor.setSampleRate(44100.0);
+        processor.setValues(valuesFrom(QStringLiteral("3=60 7=-60 10=300 11=200 22=500 23=90")));
+        Block block = noise(1000);
+        processor.process(block);
+        processor.setValues(valuesFrom(QStringLiteral(
+            "1=0 2=300 5=300 6=800 7=90 10=900 11=-90 15=30 22=800 23=-60 25=60 26=-90 27=1")));
+        block = noise(place);
+        processor.process(block);
+        copy = processor;
+        Block expected = noise(4000);
+        block = expected;
+        processor.process(expected);
+        copy.process(block);
+        QCOMPARE(block, expected);
+        QCOMPARE(copy.values(), processor.values());
+    }
 }
 
 QTEST_APPLESS_MAIN(tst_ChannelProcessor)

@@ -395,6 +395,8 @@ void tst_MixBus::neitherAllocatesNorLocks()
             m_bus->publish(channel, values);
         }
         m_bus->publish(MixBus::Master{round / 50.0, round % 7 == 0});
+        m_bus->publish(round % channelCount,
+                       Audition{round % 2 == 0, round % 3 == 0, round % 7 - 1, round % 5 == 0});
         setStrip(static_cast<std::size_t>(round % channelCount),
                  file(round % 3, round % 5 != 0, round % 2 != 0, round / 100.0));
         for (const std::size_t frames : {16U, 256U, 1000U}) {

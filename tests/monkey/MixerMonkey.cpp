@@ -3,6 +3,7 @@
 
 #include "host/files/PresetFolder.h"
 #include "host/files/SessionFile.h"
+#include "host/window/EditorPresets.h"
 #include "host/window/EditorWindow.h"
 #include "parameters/ParameterTable.h"
 #include "tests/monkey/Clock.h"
@@ -245,7 +246,7 @@ void MixerMonkey::editor()
     else if (choice == 5)
         window->setMeasured(m_dice.oneIn(2));
     else
-        window->savePreset(m_user.anyText());
+        window->presets().save(m_user.anyText());
 }
 
 void MixerMonkey::clipboard()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/monkey/MixerProgram.h"
 
+#include <QDesktopServices>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -42,6 +43,7 @@ MixerProgram::MixerProgram(const QString& plugin, const QString& folder)
     , m_session(
           m_mixer, [this](const QString& text) { report(text); }, std::numeric_limits<int>::max())
 {
+    QDesktopServices::setUrlHandler(QStringLiteral("file"), &m_fileManager, "open");
     m_mixer.settings.setReporter([this](const QString& text) { report(text); });
     m_session.setAsker([this](const QString& text) { return endsUnsaved(text); });
     const Status settings = m_mixer.settings.open(SettingsFile::standardFile());

@@ -8,6 +8,17 @@
 #include "host/window/MixerSession.h"
 #include "host/window/MixerWindow.h"
 
+#include <QUrl>
+
+/// Stands for the desktop, which would start programs to show folders.
+class NoFileManager : public QObject
+{
+    Q_OBJECT
+
+public Q_SLOTS:
+    void open(const QUrl&) {}
+};
+
 /// The mixer from its start to its end, as the program puts it together, on a machine without sound
 /// devices and with a session and settings in one folder.
 class MixerProgram
@@ -31,6 +42,7 @@ private:
     void report(const QString& sentence);
     bool endsUnsaved(const QString& sentence);
 
+    NoFileManager m_fileManager;
     MixBus m_bus;
     Mixer m_mixer;
     Status m_loaded;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/files/PresetFolder.h"
+#include "host/window/EditorPresets.h"
 #include "host/window/EditorWindow.h"
 #include "host/window/Mixer.h"
 #include "host/window/MixerWindow.h"
@@ -10,6 +11,7 @@
 #include "tests/support/TestObject.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QDir>
 #include <QInputDialog>
 #include <QLineEdit>
@@ -20,8 +22,22 @@
 #include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QToolButton>
+#include <QUndoStack>
+#include <QUrl>
 
 using namespace Qt::StringLiterals;
+
+class DesktopHandler : public QObject
+{
+    Q_OBJECT
+
+public:
+    QUrl opened;
+
+public Q_SLOTS:
+    void open(const QUrl& url) { opened = url; }
+};
 
 class tst_Presets : public TestObject
 {
@@ -41,6 +57,17 @@ private Q_SLOTS:
     void everyScriptsNamesAreTaken();
     void badNameIsAskedForAgain();
     void replacingIsAsked();
+    void questionsNameTheAction_data();
+    void questionsNameTheAction();
+    void barShowsThePresetAndWhetherItIsModified();
+    void longNamesAreCut();
+    void previousAndNextGoAround();
+    void saveKeySavesAgain();
+    void saveKeyAsksForANewName();
+    void renamedPresetKeepsItsSettings();
+    void knownValuesAreRecognized_data();
+    void knownValuesAreRecognized();
+    void folderIsShown();
     void deletedPresetIsGone();
     void wrongNames_data();
     void wrongNames();
@@ -52,6 +79,15 @@ private:
     {
         return WindowTesting::actionOf(m_editor, QLatin1String(text));
     }
+    EditorPresets& presets() const { return m_editor->presets(); }
+    QToolButton* key(const char* name) const
+    {
+        return WindowTesting::named<QToolButton>(m_editor, QLatin1String(name));
+    }
+    QToolButton* nameKey() const;
+    QAction* deletionOf(const QString& name) const;
+    QUndoStack& history() { return m_mixer.mixerModel.history().stack(); }
+    void turn() { m_mixer.memory.setValue(parameterId(2), 2, 99, 0, 0, 1); }
     QString fileOf(const QString& name) const { return m_folder.fileOf(name); }
     template <typename Dialog, typename Act> static void whenAsked(Act act);
 
@@ -80,8 +116,30 @@ void tst_Presets::cleanup()
 {
     m_window.reset();
     m_mixer.memory.reset(2);
+    m_mixer.mixerModel.presets().clear(2);
     m_mixer.mixerModel.history().clear();
     QDir(PresetFolder::standardFolder()).removeRecursively();
+}
+
+QToolButton* tst_Presets::nameKey() const
+{
+    for (QToolButton* each : m_editor->findChildren<QToolButton*>()) {
+        if (each->menu() && !each->accessibleName().isEmpty())
+            return each;
+    }
+    qFatal("no name");
+}
+
+// In the menu of what can be deleted, as it is when the menu opens.
+QAction* tst_Presets::deletionOf(const QString& name) const
+{
+    auto* menu = qobject_cast<QMenu*>(action("Rename...")->associatedObjects().value(0));
+    Q_EMIT menu->aboutToShow();
+    for (QAction* each : action("Delete")->menu()->actions()) {
+        if (each->text() == name)
+            return each;
+    }
+    qFatal("no deletion");
 }
 
 // Does something with the next dialog, which has to come.
@@ -164,12 +222,12 @@ void tst_Presets::factoryMenuLoadsOneStep()
 void tst_Presets::savedPresetComesBack()
 {
     m_mixer.memory.write(2, valuesOf(factoryPresets()[0]));
-    m_editor->savePreset(u"My vocal"_s);
+    presets().save(u"My vocal"_s);
     QVERIFY(QFile::exists(fileOf(u"My vocal"_s)));
     QCOMPARE(m_editor->statusBar()->currentMessage(), u"Saved My vocal."_s);
     m_mixer.memory.reset(2);
     m_mixer.mixerModel.history().clear();
-    m_editor->loadPreset(u"My vocal"_s);
+    presets().load({u"My vocal"_s});
     QCOMPARE(m_mixer.memory.values(2), valuesOf(factoryPresets()[0]));
     QCOMPARE(m_mixer.mixerModel.history().stack().count(), 1);
     QCOMPARE(m_mixer.mixerModel.history().stack().undoText(), u"Load My vocal"_s);
@@ -177,7 +235,7 @@ void tst_Presets::savedPresetComesBack()
 
 void tst_Presets::menuListsTheUsersOwn()
 {
-    m_editor->savePreset(u"Rock & roll"_s);
+    presets().save(u"Rock & roll"_s);
     QAction* save = action("Save as Preset...");
     auto* menu = qobject_cast<QMenu*>(save->associatedObjects().value(0));
     QVERIFY(menu);
@@ -205,9 +263,9 @@ void tst_Presets::everyScriptsNamesAreTaken()
     for (const QString& name :
          {u"Vocal \U00020bb7"_s, u"\U0001f941 loud"_s, u"\U0001f469\u200d\U0001f3a4"_s,
           u"ボーカル"_s, u"Che\u0301rie"_s}) {
-        m_editor->savePreset(name);
+        presets().save(name);
         QCOMPARE(m_folder.names(), QStringList{name});
-        m_editor->deletePreset(name);
+        presets().remove(name);
     }
 }
 
@@ -231,28 +289,226 @@ void tst_Presets::badNameIsAskedForAgain()
 
 void tst_Presets::replacingIsAsked()
 {
-    m_editor->savePreset(u"Twice"_s);
+    presets().save(u"Twice"_s);
     m_mixer.memory.setValue(parameterId(2), 2, 99, 0, 0, 1);
     const QByteArray before = TestFiles::read(fileOf(u"Twice"_s));
     whenAsked<QInputDialog>([](QInputDialog* dialog) {
         dialog->setTextValue(u"Twice"_s);
-        whenAsked<QMessageBox>([](QMessageBox* box) { box->button(QMessageBox::No)->click(); });
+        whenAsked<QMessageBox>([](QMessageBox* box) { box->button(QMessageBox::Cancel)->click(); });
         dialog->accept();
     });
     action("Save as Preset...")->trigger();
     QCOMPARE(TestFiles::read(fileOf(u"Twice"_s)), before);
 }
 
+// Return and Escape cancel; the other button says what it does.
+void tst_Presets::questionsNameTheAction_data()
+{
+    QTest::addColumn<QString>("action");
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<int>("key");
+    for (const auto& [text, button] :
+         {std::pair("Save as Preset...", "Replace"), std::pair("Rename...", "Replace"),
+          std::pair("Mine", "Delete")}) {
+        const QString action = QString::fromLatin1(text);
+        const QString agreeing = QString::fromLatin1(button);
+        QTest::addRow("%s, Return", text) << action << agreeing << int(Qt::Key_Return);
+        QTest::addRow("%s, Escape", text) << action << agreeing << int(Qt::Key_Escape);
+        QTest::addRow("%s, agreed", text) << action << agreeing << 0;
+    }
+}
+
+void tst_Presets::questionsNameTheAction()
+{
+    QFETCH(const QString, action);
+    QFETCH(const QString, button);
+    QFETCH(const int, key);
+    turn();
+    presets().save(u"Other"_s);
+    m_mixer.memory.reset(2);
+    presets().save(u"Mine"_s);
+    const QByteArray other = TestFiles::read(fileOf(u"Other"_s));
+    QSet<QString> buttons;
+    const auto answer = [&](QMessageBox* box) {
+        QAbstractButton* agreeing = nullptr;
+        for (QAbstractButton* each : box->buttons()) {
+            buttons << each->text().remove(QLatin1Char('&'));
+            agreeing = each->text() == button ? each : agreeing;
+        }
+        if (key != 0)
+            QTest::keyClick(box, Qt::Key(key));
+        else
+            agreeing->click();
+    };
+    const auto name = [&](QInputDialog* dialog) {
+        dialog->setTextValue(u"Other"_s);
+        whenAsked<QMessageBox>(answer);
+        dialog->accept();
+    };
+    if (action == "Mine"_L1)
+        whenAsked<QMessageBox>(answer);
+    else
+        whenAsked<QInputDialog>(name);
+    (action == "Mine"_L1 ? deletionOf(action) : this->action(qPrintable(action)))->trigger();
+    QCOMPARE(buttons, (QSet<QString>{button, u"Cancel"_s}));
+    const bool isAsBefore = m_folder.names() == QStringList{u"Mine"_s, u"Other"_s} &&
+                            TestFiles::read(fileOf(u"Other"_s)) == other;
+    QCOMPARE(isAsBefore, key != 0);
+}
+
+void tst_Presets::barShowsThePresetAndWhetherItIsModified()
+{
+    QCOMPARE(nameKey()->text(), u"No preset"_s);
+    action("Kick")->trigger();
+    QCOMPARE(nameKey()->text(), u"Kick"_s);
+    QVERIFY(action("Kick")->isChecked());
+    turn();
+    QCOMPARE(nameKey()->text(), u"Kick *"_s);
+    QCOMPARE(nameKey()->accessibleName(), u"Preset: Kick, modified"_s);
+    for (const QString& text : {u"Kick"_s, u"No preset"_s}) {
+        history().undo();
+        QCOMPARE(nameKey()->text(), text);
+    }
+    history().redo();
+    m_mixer.memory.setValue(parameterId(2), 4, 99, 0, 0, 1); // another channel's
+    QCOMPARE(nameKey()->text(), u"Kick"_s);
+    m_mixer.language.choose(Language::Japanese);
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(nameKey()->text(), QCoreApplication::translate("FactoryPreset", "Kick"));
+    m_mixer.language.choose(Language::English);
+    QCoreApplication::sendPostedEvents();
+    m_mixer.memory.reset(4);
+}
+
+void tst_Presets::longNamesAreCut()
+{
+    const QString name(80, QLatin1Char('W'));
+    presets().save(name);
+    QVERIFY(nameKey()->text().endsWith(QChar(0x2026)));
+    QVERIFY(nameKey()->accessibleName().endsWith(name));
+    QVERIFY(nameKey()->sizeHint().width() <= nameKey()->width());
+    presets().save(u"Rock & roll"_s);
+    QCOMPARE(nameKey()->text(), u"Rock && roll"_s);
+}
+
+void tst_Presets::previousAndNextGoAround()
+{
+    presets().save(u"Mine"_s);
+    m_mixer.mixerModel.presets().clear(2);
+    const QString first = QString::fromLatin1(factoryPresets().front().name);
+    const QString last = QString::fromLatin1(factoryPresets().back().name);
+    key("Next preset")->click();
+    QCOMPARE(nameKey()->text(), first);
+    key("Previous preset")->click();
+    QCOMPARE(nameKey()->text(), u"Mine"_s);
+    QCOMPARE(history().undoText(), u"Load Mine"_s);
+    action("Previous")->trigger();
+    QCOMPARE(nameKey()->text(), last);
+    QCOMPARE(m_mixer.memory.values(2), valuesOf(factoryPresets().back()));
+    action("Next")->trigger();
+    action("Next")->trigger();
+    QCOMPARE(nameKey()->text(), first);
+    m_mixer.mixerModel.presets().clear(2);
+    key("Previous preset")->click();
+    QCOMPARE(nameKey()->text(), u"Mine"_s);
+}
+
+void tst_Presets::saveKeySavesAgain()
+{
+    presets().save(u"Mine"_s);
+    QVERIFY(!key("Save the preset")->isEnabled());
+    QVERIFY(!action("Save Preset Again")->isEnabled());
+    turn();
+    const HostMemory::Values values = m_mixer.memory.values(2);
+    key("Save the preset")->click();
+    QCOMPARE(nameKey()->text(), u"Mine"_s);
+    m_mixer.memory.reset(2);
+    presets().load({u"Mine"_s});
+    QCOMPARE(m_mixer.memory.values(2), values);
+}
+
+// Of one that comes with the mixer the user makes an own one.
+void tst_Presets::saveKeyAsksForANewName()
+{
+    action("Kick")->trigger();
+    QVERIFY(!action("Rename...")->isEnabled());
+    whenAsked<QInputDialog>([](QInputDialog* dialog) {
+        dialog->setTextValue(u"My kick"_s);
+        dialog->accept();
+    });
+    key("Save the preset")->click();
+    QCOMPARE(m_folder.names(), QStringList{u"My kick"_s});
+    QCOMPARE(nameKey()->text(), u"My kick"_s);
+    QVERIFY(action("Rename...")->isEnabled());
+}
+
+void tst_Presets::renamedPresetKeepsItsSettings()
+{
+    turn();
+    presets().save(u"Old"_s);
+    const QByteArray bytes = TestFiles::read(fileOf(u"Old"_s));
+    whenAsked<QInputDialog>([](QInputDialog* dialog) {
+        QCOMPARE(dialog->textValue(), u"Old"_s);
+        dialog->setTextValue(u"New"_s);
+        dialog->accept();
+    });
+    action("Rename...")->trigger();
+    QCOMPARE(m_folder.names(), QStringList{u"New"_s});
+    QCOMPARE(TestFiles::read(fileOf(u"New"_s)), bytes);
+    QCOMPARE(nameKey()->text(), u"New"_s);
+    QCOMPARE(m_editor->statusBar()->currentMessage(), u"Old is called New now."_s);
+    QVERIFY(QFile::remove(fileOf(u"New"_s)));
+    whenAsked<QMessageBox>([](QMessageBox* box) {
+        QVERIFY(box->text().startsWith(u"The preset New cannot be renamed"_s));
+        box->accept();
+    });
+    presets().rename(u"New"_s, u"Newer"_s);
+    QCOMPARE(nameKey()->text(), u"New"_s);
+}
+
+void tst_Presets::knownValuesAreRecognized_data()
+{
+    QTest::addColumn<bool>("isFactory");
+    QTest::newRow("factory") << true;
+    QTest::newRow("the user's") << false;
+}
+
+void tst_Presets::knownValuesAreRecognized()
+{
+    QFETCH(const bool, isFactory);
+    turn();
+    presets().save(u"Mine"_s);
+    m_mixer.memory.write(4, isFactory ? valuesOf(factoryPresets()[1]) : m_mixer.memory.values(2));
+    EditorWindow* other = m_window->openEditor(4, true);
+    QCOMPARE(other->presets().current(),
+             (isFactory ? PresetName{QString::fromLatin1(factoryPresets()[1].name), true}
+                        : PresetName{u"Mine"_s, false}));
+    QVERIFY(!other->presets().isModified());
+    m_mixer.mixerModel.presets().clear(4);
+    m_mixer.memory.reset(4);
+}
+
+void tst_Presets::folderIsShown()
+{
+    DesktopHandler handler;
+    QDesktopServices::setUrlHandler(u"file"_s, &handler, "open");
+    action("Show Folder")->trigger();
+    QDesktopServices::unsetUrlHandler(u"file"_s);
+    QCOMPARE(handler.opened, QUrl::fromLocalFile(m_folder.path()));
+    QVERIFY(QDir(m_folder.path()).exists());
+}
+
 void tst_Presets::deletedPresetIsGone()
 {
-    m_editor->savePreset(u"Short-lived"_s);
-    m_editor->deletePreset(u"Short-lived"_s);
+    presets().save(u"Short-lived"_s);
+    presets().remove(u"Short-lived"_s);
     QCOMPARE(m_folder.names(), QStringList());
+    QCOMPARE(nameKey()->text(), u"No preset"_s);
     whenAsked<QMessageBox>([](QMessageBox* box) {
         QVERIFY(box->text().startsWith(u"The preset Short-lived cannot be deleted"_s));
         box->accept();
     });
-    m_editor->deletePreset(u"Short-lived"_s);
+    presets().remove(u"Short-lived"_s);
 }
 
 void tst_Presets::wrongNames_data()
@@ -278,7 +534,7 @@ void tst_Presets::wrongNames()
         said = box->text();
         box->accept();
     });
-    m_editor->savePreset(name);
+    presets().save(name);
     QCOMPARE(said, PresetFolder::checkName(name).error());
     QVERIFY(!said.isEmpty());
     QCOMPARE(m_folder.names(), QStringList());
@@ -293,7 +549,7 @@ void tst_Presets::badFileIsExplained()
         said = box->text();
         box->accept();
     });
-    m_editor->loadPreset(u"Bad"_s);
+    presets().load({u"Bad"_s});
     QVERIFY2(said.contains("Bad.vstpreset is neither an equalizer state"_L1), qPrintable(said));
     QCOMPARE(m_mixer.memory.values(2), HostMemory().values(2));
     QCOMPARE(m_mixer.mixerModel.history().stack().count(), 0);

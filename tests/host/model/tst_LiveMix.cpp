@@ -45,6 +45,9 @@ void tst_LiveMix::moveEverything(int step)
         const Parameter& entry = parameterTable[parameter];
         values[parameter] = n % 2 == 0 ? entry.maximum : entry.minimum;
         m_memory.write(channel, values);
+        m_mixerModel.auditions().watch(channel);
+        m_mixerModel.auditions().setBypassed(channel, n % 2 == 0);
+        m_mixerModel.auditions().setBand(channel, n % 7 - 1);
     }
 }
 
@@ -52,6 +55,8 @@ void tst_LiveMix::moveEverything(int step)
 void tst_LiveMix::settle()
 {
     for (int channel = 0; channel < channelCount; ++channel) {
+        m_mixerModel.auditions().setBypassed(channel, false);
+        m_mixerModel.auditions().setBand(channel, noBand);
         m_memory.reset(channel);
         for (std::size_t i = 0; i < stripParameterCount; ++i)
             m_memory.setStrip(channel, StripParameter(i), stripTable[i].defaultValue);

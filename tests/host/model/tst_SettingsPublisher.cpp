@@ -22,6 +22,7 @@ private Q_SLOTS:
     void monoStripsAreHeardOnBothSides();
     void equalizesAsTheStripIsSet();
     void equalizerOffLetsEveryBitPast();
+    void pairIsComparedAsOne();
     void faderScales();
     void balanceTurnsDownOneSide();
     void masterHasTheLastWord();
@@ -126,6 +127,36 @@ void tst_SettingsPublisher::equalizerOffLetsEveryBitPast()
     m_f->memory.write(0, values);
     set(0, StripParameter::EqualizerOn, 0);
     QCOMPARE(play({0.3F, 0.7F}), (std::vector<Block>{steady(0.3F), steady(0.7F)}));
+}
+
+// Past the equalizer, which is 6 dB louder, and only as long as somebody watches.
+void tst_SettingsPublisher::pairIsComparedAsOne()
+{
+    ChannelValues values = m_f->memory.values(0);
+    values[25] = 60;
+    m_f->memory.write(0, values);
+    AuditionModel& auditions = m_f->mixerModel.auditions();
+    const auto isPast = [this](float left, float right) {
+        m_f->publisher.publish();
+        process({0.25F, 0.125F}); // the fade
+        const std::vector<Block> heard = process({0.25F, 0.125F});
+        return heard == std::vector<Block>{steady(left), steady(right)};
+    };
+    play({0.25F, 0.125F});
+    auditions.setBypassed(0, true);
+    QVERIFY(!isPast(0.25F, 0.125F));
+    auditions.watch(0);
+    auditions.setBypassed(0, true);
+    QVERIFY(isPast(0.25F, 0.125F));
+    auditions.setBand(0, 2); // which changes nothing
+    QVERIFY(isPast(0.0F, 0.0F));
+    auditions.setBand(0, noBand);
+    set(0, StripParameter::Stereo, 0);
+    set(1, StripParameter::Source, SourceFile);
+    QVERIFY(isPast(0.375F, 0.375F)); // the second one has no equalizer of that kind
+    auditions.unwatch(0);
+    QVERIFY(!isPast(0.375F, 0.375F));
+    QCOMPARE(auditions.of(0), Audition());
 }
 
 void tst_SettingsPublisher::faderScales()

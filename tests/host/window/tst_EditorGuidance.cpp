@@ -33,6 +33,8 @@ private Q_SLOTS:
     void bubbleFollowsADrag();
     void clickedHandleKeepsTheKeyboard();
     void switchedOffHandlesShowNothing();
+    void flatIsOneStep_data();
+    void flatIsOneStep();
 
 private:
     void hover(const QWidget* control) const;
@@ -210,6 +212,46 @@ void tst_EditorGuidance::switchedOffHandlesShowNothing()
     QVERIFY(!bubble()->isVisible());
     move(place + QPoint(1, 0));
     QVERIFY(!bubble()->isVisible());
+}
+
+void tst_EditorGuidance::flatIsOneStep_data()
+{
+    QTest::addColumn<QString>("how");
+    QTest::addColumn<bool>("isHeld");
+    for (const char* how : {"mouse", "key"}) {
+        QTest::addRow("%s", how) << QString::fromLatin1(how) << false;
+        QTest::addRow("%s, held", how) << QString::fromLatin1(how) << true;
+    }
+}
+
+// Held for a second it resets more than the gains.
+void tst_EditorGuidance::flatIsOneStep()
+{
+    QFETCH(const QString, how);
+    QFETCH(const bool, isHeld);
+    auto* button = m_editor->findChild<QWidget*>(u"m_pFlatButton"_s);
+    button->setFocus(Qt::TabFocusReason);
+    for (const int gain : {3, 7, 11, 15, 19, 23})
+        setValue(gain, 50);
+    setValue(2, 600);
+    const HostMemory::Values before = m_mixer.memory.values(0);
+    QUndoStack& history = m_mixer.mixerModel.history().stack();
+    history.clear();
+    if (how == "mouse"_L1)
+        QTest::mousePress(button, Qt::LeftButton);
+    else
+        QTest::keyPress(button, Qt::Key_Space);
+    QCOMPARE(m_mixer.memory.values(0)[2], 0);
+    if (isHeld)
+        QTRY_VERIFY(m_mixer.memory.values(0)[1] != 600);
+    if (how == "mouse"_L1)
+        QTest::mouseRelease(button, Qt::LeftButton);
+    else
+        QTest::keyRelease(button, Qt::Key_Space);
+    QCOMPARE(history.count(), 1);
+    QVERIFY(WindowTesting::actionOf(m_editor, u"Undo Flat"_s)->isEnabled());
+    history.undo();
+    QCOMPARE(m_mixer.memory.values(0), before);
 }
 
 ZOLTA_TEST_MAIN(tst_EditorGuidance)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/PushButtonController.h"
 #include "host/window/AnalyzerView.h"
+#include "host/window/EditorPresets.h"
 #include "host/window/EditorToolBar.h"
 #include "host/window/EditorWindow.h"
 #include "host/window/HostTheme.h"
@@ -530,7 +531,7 @@ void tst_EditorWindow::closesWhileItShowsAnError()
 {
     const QPointer<EditorWindow> window = openWindow();
     QTimer::singleShot(0, window, [&] { window->close(); });
-    window->loadPreset(QStringLiteral("no such preset"));
+    window->presets().load({QStringLiteral("no such preset")});
     QVERIFY(!window);
 }
 

@@ -19,13 +19,17 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QProgressDialog>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QUrl>
+
+#include <functional>
 
 using namespace Qt::StringLiterals;
 using namespace WindowTesting;
@@ -48,6 +52,8 @@ private Q_SLOTS:
     void rendersThroughTheMarkedStrip();
     void renderingCanBeCancelled();
     void sessionsAreAskedFor();
+    void replacingIsAsked_data();
+    void replacingIsAsked();
     void helpIsShown_data();
     void helpIsShown();
 
@@ -55,7 +61,8 @@ private:
     QString sound(const char* name, std::size_t frames = 4800) const;
     void drop(QWidget* window, const QString& file);
     QStringList recent() const;
-    void answer(const QString& file, QString* folder = nullptr);
+    void answer(const QString& file, QString* folder = nullptr,
+                const std::function<void()>& next = {});
     int source(int channel) const { return m_mixer->memory.strip(channel, StripParameter::Source); }
 
     std::unique_ptr<QTemporaryDir> m_folder;
@@ -129,10 +136,10 @@ QStringList tst_FileMenu::recent() const
     return {};
 }
 
-// Chooses a file, or nothing, in the dialog that opens next.
-void tst_FileMenu::answer(const QString& file, QString* folder)
+// Chooses a file, or nothing, in the dialog that opens next; what comes after it is up to \a next.
+void tst_FileMenu::answer(const QString& file, QString* folder, const std::function<void()>& next)
 {
-    QTimer::singleShot(0, this, [file, folder] {
+    QTimer::singleShot(0, this, [this, file, folder, next] {
         auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
         QVERIFY(dialog);
         if (folder)
@@ -141,6 +148,8 @@ void tst_FileMenu::answer(const QString& file, QString* folder)
             return dialog->reject();
         auto* name = dialog->findChild<QLineEdit*>(u"fileNameEdit"_s);
         name->setText(file);
+        if (next)
+            QTimer::singleShot(0, this, next);
         QTest::keyClick(name, Qt::Key_Return);
     });
 }
@@ -303,6 +312,56 @@ void tst_FileMenu::sessionsAreAskedFor()
     answer(QString());
     actionOf(m_window.get(), u"Save Session As..."_s)->trigger();
     QCOMPARE(saved.count(), 0);
+}
+
+void tst_FileMenu::replacingIsAsked_data()
+{
+    QTest::addColumn<QString>("action");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("complete");
+    QTest::newRow("the name as it is") << u"Save Session As..."_s << u"a.json"_s << u"a.json"_s;
+    QTest::newRow("the name with its ending") << u"Save Session As..."_s << u"a"_s << u"a.json"_s;
+    QTest::newRow("a sound") << u"Render To File..."_s << u"b"_s << u"b.wav"_s;
+}
+
+// First the question is cancelled, then the dialog that comes up again, then all is agreed to.
+void tst_FileMenu::replacingIsAsked()
+{
+    QFETCH(const QString, action);
+    QFETCH(const QString, typed);
+    QFETCH(const QString, complete);
+    drop(m_window.get(), sound("song.wav"));
+    SoundFiles::writeBytes(m_folder->filePath(complete), "old");
+    QStringList saved;
+    connect(m_window.get(), &MixerWindow::saveSessionWanted, this,
+            [&saved](const QString& file) { saved << QFileInfo(file).fileName(); });
+    QStringList asked;
+    bool agrees = false;
+    const auto reply = [&] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        QVERIFY(box);
+        asked << box->text();
+        QCOMPARE(box->defaultButton()->text(), u"Cancel"_s);
+        if (!agrees)
+            answer(QString());
+        for (QAbstractButton* button : box->buttons()) {
+            if (button->text() == (agrees ? u"Replace"_s : u"Cancel"_s))
+                return button->click();
+        }
+        box->reject();
+    };
+    for (const bool agreed : {false, true}) {
+        agrees = agreed;
+        answer(m_folder->filePath(typed), nullptr, reply);
+        actionOf(m_window.get(), action)->trigger();
+        if (!agreed)
+            QCOMPARE(SoundFiles::bytesOf(m_folder->filePath(complete)), "old"_ba);
+    }
+    QCOMPARE(asked, QStringList(2, u"The file %1 already exists. Replace it?"_s.arg(complete)));
+    if (action.startsWith("Save"_L1))
+        QCOMPARE(saved, QStringList{complete});
+    else
+        QTRY_VERIFY(SoundFiles::bytesOf(m_folder->filePath(complete)) != "old"_ba);
 }
 
 void tst_FileMenu::helpIsShown_data()

@@ -174,7 +174,7 @@ void tst_MixerSession::windowsComeBack()
         editor->setMeasured(true);
         auto* parameters = editor->findChild<QDockWidget*>(u"parameters"_s);
         editor->addDockWidget(Qt::LeftDockWidgetArea, parameters);
-        editor->resize(644, 433);
+        editor->resize(644, 473);
         editor->move(12, 34);
         window.openEditor(6, true);
         QVERIFY(session.save());
@@ -197,7 +197,7 @@ void tst_MixerSession::windowsComeBack()
     QVERIFY(!isMeasured(editors[1]));
     auto* parameters = editors[0]->findChild<QDockWidget*>(u"parameters"_s);
     QCOMPARE(editors[0]->dockWidgetArea(parameters), Qt::LeftDockWidgetArea);
-    QCOMPARE(editors[0]->size(), QSize(644, 433));
+    QCOMPARE(editors[0]->size(), QSize(644, 473));
     QCOMPARE(editors[0]->pos(), QPoint(12, 34));
     QCOMPARE(editors[1]->settings().channel, 6);
     QVERIFY(editors[1]->settings().stereo);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "daw/processor/BypassPath.h"
+#include "engine/BypassPath.h"
 
 #include "engine/ChannelProcessor.h"
 
@@ -19,12 +19,13 @@ void BypassPath::setSampleRate(double hertz)
 {
     m_share.setLength(rampSamples(hertz));
     m_lateShare.setLength(rampSamples(hertz));
+    m_gainLength = std::max<std::int64_t>(1, std::llround(hertz * gainSeconds));
     reset();
 }
 
 void BypassPath::reset()
 {
-    m_past.fill(0.0);
+    clear();
     m_isFresh = true;
 }
 
@@ -33,6 +34,11 @@ void BypassPath::set(bool on) { m_isFresh ? m_share.jumpTo(on) : m_share.moveTo(
 void BypassPath::setLate(bool late)
 {
     m_isFresh || !isUsed() ? m_lateShare.jumpTo(late) : m_lateShare.moveTo(late);
+}
+
+void BypassPath::setGain(double factor)
+{
+    isUsed() ? m_gain.moveTo(factor, m_gainLength) : m_gain.jumpTo(factor);
 }
 
 void BypassPath::addInput(std::span<const double> block)
@@ -51,10 +57,11 @@ void BypassPath::addInput(std::span<const double> block)
 void BypassPath::process(std::span<double> block)
 {
     for (std::size_t i = 0; isUsed() && i < block.size(); ++i) {
+        const double around = m_gain.next() * m_block[i];
         if (m_share.isMoving())
-            block[i] += m_share.next() * (m_block[i] - block[i]);
+            block[i] += m_share.next() * (around - block[i]);
         else
-            block[i] = m_block[i];
+            block[i] = around;
     }
 }
 

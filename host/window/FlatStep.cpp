@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/window/FlatStep.h"
+
+#include <QEvent>
+#include <QKeyEvent>
+#include <QWidget>
+
+namespace {
+
+bool isRepeated(const QEvent& event) { return static_cast<const QKeyEvent&>(event).isAutoRepeat(); }
+
+bool isPress(const QEvent& event)
+{
+    return event.type() == QEvent::MouseButtonPress ||
+           event.type() == QEvent::MouseButtonDblClick ||
+           (event.type() == QEvent::KeyPress && !isRepeated(event));
+}
+
+bool isEnd(const QEvent& event)
+{
+    return event.type() == QEvent::MouseButtonRelease || event.type() == QEvent::FocusOut ||
+           event.type() == QEvent::Hide ||
+           (event.type() == QEvent::KeyRelease && !isRepeated(event));
+}
+
+} // namespace
+
+FlatStep::FlatStep(EditHistory& history, QWidget* button)
+    : QObject(button)
+    , m_history(history)
+{
+    button->installEventFilter(this);
+}
+
+bool FlatStep::eventFilter(QObject*, QEvent* event)
+{
+    if (isPress(*event) && !m_step)
+        m_step.emplace(m_history, tr("Flat"));
+    else if (isEnd(*event))
+        m_step.reset();
+    return false;
+}
+
+#include "moc_FlatStep.cpp"
