@@ -103,14 +103,14 @@ void EditorToolBar::addZoom()
     m_zoom->setRange(smallestZoom, largestZoom);
     m_zoom->setSingleStep(zoomStep);
     m_texts.add([this] { m_zoom->setSuffix(tr(" %")); });
-    m_texts.add([this] { m_zoom->setAccessibleName(tr("Zoom")); });
+    m_texts.add([this] { m_zoom->setAccessibleName(tr("UI zoom")); });
     m_zoom->setKeyboardTracking(false);
     setScale(m_session.settings().scale);
     connect(m_zoom, &QSpinBox::valueChanged, this, [this](int percent) {
         m_session.setScale(percent / 100.0);
         Q_EMIT scaleChanged();
     });
-    addWidget(m_texts.label(this, [] { return tr("Zoom"); }));
+    addWidget(m_texts.label(this, [] { return tr("UI zoom"); }));
     addWidget(m_zoom);
 }
 

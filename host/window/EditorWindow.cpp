@@ -34,7 +34,6 @@
 
 namespace {
 
-constexpr int barsHeight = 100; // menu, tool and status bar
 constexpr int messageTime = 8000;
 
 const QString stateKind = QStringLiteral("state");
@@ -73,8 +72,9 @@ void EditorWindow::setScale(double scale) { m_bar->setScale(scale); }
 void EditorWindow::fitTo(double scale, const QSize& room)
 {
     setScale(scale);
-    resize((m_stage->size() + QSize(0, barsHeight)).boundedTo(room));
-    m_zoomRoom = {0, 0};
+    const int bars = menuBar()->sizeHint().height() + m_bar->sizeHint().height() +
+                     statusBar()->sizeHint().height();
+    resize((m_stage->size() + QSize(0, bars)).boundedTo(room));
 }
 
 void EditorWindow::setMeasured(bool measured)
@@ -196,7 +196,7 @@ void EditorWindow::buildPresetMenu(QMenu* menu)
     connect(m_presets, &PresetMenu::deleteWanted, this, &EditorWindow::deletePreset);
 }
 
-void EditorWindow::buildViewMenu(QMenu* menu)
+void EditorWindow::buildZoomMenu(QMenu* menu)
 {
     m_texts.action(
         menu, [] { return tr("Zoom &In"); }, QKeySequence::ZoomIn, this,
@@ -207,6 +207,13 @@ void EditorWindow::buildViewMenu(QMenu* menu)
     m_texts.action(
         menu, [] { return tr("&Actual Size"); }, QKeySequence(Qt::CTRL | Qt::Key_0), this,
         [this] { setScale(1.0); });
+}
+
+void EditorWindow::buildViewMenu(QMenu* menu)
+{
+    buildZoomMenu(m_texts.menu(menu, [] { return tr("&UI Zoom"); }));
+    auto* range = new GraphRange(m_mixer, *m_session, this);
+    range->fill(m_texts.menu(menu, [] { return tr("&Graph Zoom"); }), m_texts);
     menu->addSeparator();
     addPanelItem(
         menu, [] { return tr("Measured &Response"); }, QKeySequence(Qt::CTRL | Qt::Key_R),
@@ -217,8 +224,6 @@ void EditorWindow::buildViewMenu(QMenu* menu)
     addPanelItem(
         menu, [] { return tr("&Parameters"); }, QKeySequence(Qt::CTRL | Qt::Key_L), m_parameters,
         [this](bool shown) { m_panels->setShown(m_parameters, shown); });
-    auto* range = new GraphRange(m_mixer, *m_session, this);
-    range->fill(m_texts.menu(menu, [] { return tr("&Graph Range"); }), m_texts);
     addLanguageMenu(menu, m_mixer.language, m_texts);
     m_toMixer = m_texts.action(
         menu, [] { return tr("&Mixer"); }, QKeySequence(Qt::CTRL | Qt::Key_M), this,
@@ -240,7 +245,7 @@ void EditorWindow::buildToolBar()
     m_bar = new EditorToolBar(*m_session, m_mixer.mixerModel.compare(), this);
     connect(m_bar, &EditorToolBar::stereoChanged, this, &EditorWindow::showTitle);
     connect(m_bar, &EditorToolBar::stereoChosen, this, &EditorWindow::stereoChosen);
-    connect(m_bar, &EditorToolBar::scaleChanged, this, &EditorWindow::followZoom);
+    connect(m_bar, &EditorToolBar::scaleChanged, this, [this] { m_panels->fitWindow(); });
     connect(m_bar, &EditorToolBar::sampleRateChanged, m_response, &ResponseView::setSampleRate);
     connect(m_bar, &EditorToolBar::sampleRateChanged, m_spectrum->view(),
             &AnalyzerView::setSampleRate);
@@ -332,12 +337,6 @@ void EditorWindow::buildAnalyzer()
         m_spectrum->view()->setAccessibleName(tr("Analyzer"));
         m_analyzer->setWindowTitle(tr("Analyzer"));
     });
-}
-
-void EditorWindow::followZoom()
-{
-    const QSize missing = m_stage->size() - m_area->maximumViewportSize();
-    m_zoomRoom += growWindow(*this, missing.expandedTo(-1 * m_zoomRoom));
 }
 
 void EditorWindow::changeEvent(QEvent* event)

@@ -2,6 +2,7 @@
 #include "host/window/ParameterListView.h"
 
 #include "host/window/HostTheme.h"
+#include "host/window/ParameterDelegate.h"
 #include "host/window/ParameterListModel.h"
 
 #include <QEvent>
@@ -11,7 +12,8 @@ namespace {
 
 constexpr int smallestWidth = 260;
 constexpr int wholeWidth = 460;
-constexpr int lineHeight = 20;
+constexpr int lineMargin = 4;
+constexpr int markWidth = 6;
 
 } // namespace
 
@@ -26,12 +28,13 @@ ParameterListView::ParameterListView(HostMemory& memory, int channel, QWidget* p
     setShowGrid(false);
     setWordWrap(false);
     setHorizontalScrollMode(ScrollPerPixel);
-    setIconSize(QSize(6, 14));
+    setTabKeyNavigation(false);
+    setItemDelegate(new ParameterDelegate(this));
     setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
     setSelectionMode(SingleSelection);
     verticalHeader()->hide();
-    verticalHeader()->setMinimumSectionSize(lineHeight);
-    verticalHeader()->setDefaultSectionSize(lineHeight);
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    fitRows();
     horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     horizontalHeader()->setSectionResizeMode(ParameterListModel::ValueColumn, QHeaderView::Stretch);
     setMinimumWidth(smallestWidth);
@@ -39,13 +42,14 @@ ParameterListView::ParameterListView(HostMemory& memory, int channel, QWidget* p
 
 QSize ParameterListView::sizeHint() const
 {
-    return {wholeWidth,
-            horizontalHeader()->sizeHint().height() + m_parameters->rowCount() * lineHeight};
+    return {wholeWidth, horizontalHeader()->sizeHint().height() + verticalHeader()->length()};
 }
 
 void ParameterListView::changeEvent(QEvent* event)
 {
     QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        fitRows();
     if (event->type() != QEvent::LanguageChange)
         return;
     m_parameters->retranslate();
@@ -56,6 +60,14 @@ void ParameterListView::resizeEvent(QResizeEvent* event)
 {
     QTableView::resizeEvent(event);
     fitColumns();
+}
+
+void ParameterListView::fitRows()
+{
+    const int height = fontMetrics().height() + lineMargin;
+    verticalHeader()->setMinimumSectionSize(height);
+    verticalHeader()->setDefaultSectionSize(height);
+    setIconSize(QSize(markWidth, fontMetrics().ascent()));
 }
 
 // The values take the room that is left. Without any the list scrolls and they stay whole.

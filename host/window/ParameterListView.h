@@ -6,7 +6,8 @@
 class HostMemory;
 class ParameterListModel;
 
-/// A channel's parameters as the mixer holds them, in a table that can be edited.
+/// A channel's parameters as the mixer holds them, in a table that can be edited. Tab and Backtab
+/// leave it; the arrow keys walk it.
 class ParameterListView : public QTableView
 {
     Q_OBJECT
@@ -27,6 +28,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void fitRows();
     void fitColumns();
 
     ParameterListModel* m_parameters;

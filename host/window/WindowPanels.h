@@ -32,8 +32,12 @@ public:
     void setShown(QDockWidget* panel, bool shown);
     /// Gives a panel what the content leaves, within the panel's own smallest and best size.
     void fit(QDockWidget* panel) const;
+    /// Gives the window the size that shows all of the content, as far as the screen allows; where
+    /// it does not, panels become as small as they can be.
+    void fitWindow() const;
 
 private:
+    void yield() const;
     void shrink(const QDockWidget* panel);
     Qt::Orientation orientationOf(const QDockWidget* panel) const;
     int separator() const;
