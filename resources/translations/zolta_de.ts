@@ -44,8 +44,8 @@
         <translation> %</translation>
     </message>
     <message>
-        <source>Zoom</source>
-        <translation>Vergrößerung</translation>
+        <source>UI zoom</source>
+        <translation>UI-Zoom</translation>
     </message>
     <message>
         <source>Stereo</source>
@@ -247,8 +247,12 @@
         <translation>Parameter</translation>
     </message>
     <message>
-        <source>&amp;Graph Range</source>
-        <translation>&amp;Bereich der Kurve</translation>
+        <source>&amp;UI Zoom</source>
+        <translation>&amp;UI-Zoom</translation>
+    </message>
+    <message>
+        <source>&amp;Graph Zoom</source>
+        <translation>&amp;Kurvenzoom</translation>
     </message>
     <message>
         <source>&amp;Help</source>

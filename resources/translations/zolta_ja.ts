@@ -44,8 +44,8 @@
         <translation> %</translation>
     </message>
     <message>
-        <source>Zoom</source>
-        <translation>表示倍率</translation>
+        <source>UI zoom</source>
+        <translation>画面倍率</translation>
     </message>
     <message>
         <source>Stereo</source>
@@ -247,8 +247,12 @@
         <translation>パラメーター</translation>
     </message>
     <message>
-        <source>&amp;Graph Range</source>
-        <translation>グラフの範囲(&amp;G)</translation>
+        <source>&amp;UI Zoom</source>
+        <translation>画面倍率(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Graph Zoom</source>
+        <translation>グラフの倍率(&amp;G)</translation>
     </message>
     <message>
         <source>&amp;Help</source>
