@@ -4,13 +4,13 @@
 #include "host/model/ChannelCompare.h"
 #include "host/window/EditorSession.h"
 #include "host/window/HostTheme.h"
+#include "host/window/ToolBarExtension.h"
 
 #include <QActionGroup>
 #include <QComboBox>
 #include <QEvent>
 #include <QLabel>
 #include <QSpinBox>
-#include <QToolButton>
 
 #include <cmath>
 
@@ -41,7 +41,7 @@ EditorToolBar::EditorToolBar(EditorSession& session, ChannelCompare& compare, QW
     addStereo();
     addSampleRate();
     addModes();
-    styleExtension();
+    styleExtension(*this, m_texts);
 }
 
 void EditorToolBar::setStereo(bool stereo)
@@ -177,20 +177,6 @@ void EditorToolBar::addModes()
     addWidget(dials);
     addWidget(m_texts.label(this, [] { return tr("Sliders"); }));
     addWidget(sliders);
-}
-
-// The button for what has no room on the bar. Its own picture is too dark for the bar.
-void EditorToolBar::styleExtension()
-{
-    auto* key = findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
-    if (!key)
-        return;
-    key->setText(QStringLiteral("\u00bb"));
-    key->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    m_texts.add([key] {
-        key->setToolTip(tr("More"));
-        key->setAccessibleName(tr("More"));
-    });
 }
 
 #include "moc_EditorToolBar.cpp"

@@ -51,7 +51,6 @@ private:
     void addSampleRate();
     void chooseRate(int hertz);
     void addModes();
-    void styleExtension();
 
     EditorSession& m_session;
     ChannelCompare& m_compare;

@@ -72,8 +72,9 @@ void EditorWindow::setScale(double scale) { m_bar->setScale(scale); }
 void EditorWindow::fitTo(double scale, const QSize& room)
 {
     setScale(scale);
-    const int bars = menuBar()->sizeHint().height() + m_bar->sizeHint().height() +
-                     statusBar()->sizeHint().height();
+    polish(*this);
+    statusBar()->setMinimumHeight(statusBar()->sizeHint().height()); // else it grows when seen
+    const int bars = sizeHint().height() - m_area->sizeHint().height();
     resize((m_stage->size() + QSize(0, bars)).boundedTo(room));
 }
 

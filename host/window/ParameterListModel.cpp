@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/window/ParameterListModel.h"
 
+#include "host/window/MixerStyle.h"
 #include "hosting/HostMemory.h"
 #include "parameters/ParameterText.h"
 
@@ -79,7 +80,7 @@ QVariant colorOf(int column)
 {
     const bool main =
         column == ParameterListModel::TitleColumn || column == ParameterListModel::ValueColumn;
-    return main ? QVariant() : QVariant(QColor(0x8a, 0x91, 0x99));
+    return main ? QVariant() : QVariant(MixerStyle::dimLetters);
 }
 
 } // namespace

@@ -43,6 +43,15 @@ QSize growWindow(QWidget& window, const QSize& by)
     return window.size() - before;
 }
 
+void polish(QWidget& widget)
+{
+    widget.ensurePolished();
+    for (QWidget* part : widget.findChildren<QWidget*>()) {
+        part->ensurePolished();
+        part->updateGeometry();
+    }
+}
+
 WindowPanels::WindowPanels(QMainWindow& window, const QWidget& center, const QWidget& content)
     : m_window(window)
     , m_center(center)
@@ -71,7 +80,7 @@ QDockWidget* WindowPanels::add(const QString& name, QWidget* widget, Qt::DockWid
     panel->setAllowedAreas(beside ? Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea
                                   : Qt::TopDockWidgetArea | Qt::BottomDockWidgetArea);
     applyHostSheet(panel);
-    panel->ensurePolished(); // its size is asked for before it is seen
+    polish(*panel);
     m_window.addDockWidget(area, panel);
     panel->hide();
     return panel;

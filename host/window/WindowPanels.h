@@ -13,6 +13,10 @@ class QWidget;
 /// screen. Returns how far it was; a maximized window stays as it is.
 QSize growWindow(QWidget& window, const QSize& by);
 
+/// Gives a widget and what it holds their looks now, so that their sizes can be asked for before
+/// they are seen.
+void polish(QWidget& widget);
+
 /// The dock widgets around what a window shows. One that the user switches on makes the window
 /// larger, and one that goes makes it smaller again, but not smaller than what it is about.
 class WindowPanels
