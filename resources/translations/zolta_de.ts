@@ -100,10 +100,6 @@
         <translation>Schieberegler</translation>
     </message>
     <message>
-        <source>More</source>
-        <translation>Mehr</translation>
-    </message>
-    <message>
         <source>Settings %1</source>
         <translation>Einstellungen %1</translation>
     </message>
@@ -2471,6 +2467,13 @@ Tab und Pfeiltasten: dasselbe mit der Tastatur</translation>
     <message>
         <source>%1 samples</source>
         <translation>%1 Samples</translation>
+    </message>
+</context>
+<context>
+    <name>ToolBarExtension</name>
+    <message>
+        <source>More</source>
+        <translation>Mehr</translation>
     </message>
 </context>
 </TS>

@@ -100,10 +100,6 @@
         <translation>スライダー</translation>
     </message>
     <message>
-        <source>More</source>
-        <translation>その他</translation>
-    </message>
-    <message>
         <source>Settings %1</source>
         <translation>設定 %1</translation>
     </message>
@@ -2471,6 +2467,13 @@ Tab と矢印キー: キーボードで同じ操作</translation>
     <message>
         <source>%1 samples</source>
         <translation>%1サンプル</translation>
+    </message>
+</context>
+<context>
+    <name>ToolBarExtension</name>
+    <message>
+        <source>More</source>
+        <translation>その他</translation>
     </message>
 </context>
 </TS>
