@@ -61,7 +61,7 @@ AnalyzerBar::AnalyzerBar(AnalyzerStore& store, QWidget* parent)
     const QAction* reset =
         addKey([] { return tr("Reset"); }, [] { return tr("Begin averages and peaks anew"); });
     connect(reset, &QAction::triggered, this, &AnalyzerBar::resetWanted);
-    styleExtension(*this, m_texts);
+    completeToolBar(*this, m_texts);
 }
 
 void AnalyzerBar::changeEvent(QEvent* event)

@@ -41,7 +41,7 @@ EditorToolBar::EditorToolBar(EditorSession& session, ChannelCompare& compare, QW
     addStereo();
     addSampleRate();
     addModes();
-    styleExtension(*this, m_texts);
+    completeToolBar(*this, m_texts);
 }
 
 void EditorToolBar::setStereo(bool stereo)

@@ -295,6 +295,7 @@ void EditorWindow::buildEditorArea(std::unique_ptr<QWidget> stage)
     m_area->setFrameShape(QFrame::NoFrame);
     m_area->setAlignment(Qt::AlignCenter);
     m_area->setBackgroundRole(QPalette::Base);
+    m_area->setFocusPolicy(Qt::NoFocus);
     m_stage = stage.release();
     m_area->setWidget(m_stage);
     setCentralWidget(m_area);

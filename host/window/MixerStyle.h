@@ -6,6 +6,7 @@
 #include <QString>
 
 class QPainter;
+class QWidget;
 
 namespace CommonController_MemAPI {
 class PushButtonController;
@@ -34,6 +35,13 @@ QString image(const QString& name);
 /// The graphite panel with its edges; a sunken glass.
 void drawPanel(QPainter& painter, const QRectF& rect);
 void drawWell(QPainter& painter, const QRectF& rect, double radius);
+
+/// The line around what has the focus on a panel, for the panel's painting; panels whose focus is
+/// followed are painted again whenever it changes.
+/// @{
+void followFocus(QWidget* panel);
+void drawFocus(QPainter& painter, const QWidget& panel);
+/// @}
 
 /// Enables a key or disables it, which dims all of it.
 void enableKey(CommonController_MemAPI::PushButtonController* key, bool enabled);

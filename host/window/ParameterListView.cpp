@@ -7,6 +7,7 @@
 
 #include <QEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
 
 namespace {
 
@@ -54,6 +55,14 @@ void ParameterListView::changeEvent(QEvent* event)
         return;
     m_parameters->retranslate();
     fitColumns();
+}
+
+void ParameterListView::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape && state() != EditingState)
+        focusNextPrevChild(true);
+    else
+        QTableView::keyPressEvent(event);
 }
 
 void ParameterListView::resizeEvent(QResizeEvent* event)

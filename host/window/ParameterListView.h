@@ -6,8 +6,8 @@
 class HostMemory;
 class ParameterListModel;
 
-/// A channel's parameters as the mixer holds them, in a table that can be edited. Tab and Backtab
-/// leave it; the arrow keys walk it.
+/// A channel's parameters as the mixer holds them, in a table that can be edited. Tab,
+/// Backtab and Escape leave it; the arrow keys walk it.
 class ParameterListView : public QTableView
 {
     Q_OBJECT
@@ -25,6 +25,7 @@ Q_SIGNALS:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:

@@ -7,8 +7,10 @@
 #include <QToolBar>
 #include <QToolButton>
 
-void styleExtension(QToolBar& bar, Retranslator& texts)
+void completeToolBar(QToolBar& bar, Retranslator& texts)
 {
+    for (QToolButton* button : bar.findChildren<QToolButton*>())
+        button->setFocusPolicy(Qt::TabFocus);
     auto* key = bar.findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
     if (!key)
         return;

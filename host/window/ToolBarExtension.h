@@ -4,6 +4,6 @@
 class QToolBar;
 class Retranslator;
 
-/// Gives the button for what has no room on a tool bar a sign that is seen on the bar's ground, and
-/// a name. \a texts must live no longer than the bar.
-void styleExtension(QToolBar& bar, Retranslator& texts);
+/// Lets Tab reach the buttons that are on a tool bar, and gives the one for what has no room a sign
+/// that is seen on the bar's ground, and a name. \a texts must live no longer than the bar.
+void completeToolBar(QToolBar& bar, Retranslator& texts);
