@@ -1,14 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/window/HostStyle.h"
 
+#include "host/window/HostTheme.h"
 #include "host/window/MixerStyle.h"
 
 #include <QIcon>
 #include <QPainter>
+#include <QPolygonF>
 #include <QStyleFactory>
 #include <QStyleOption>
 
+#include <iterator>
+
 namespace {
+
+constexpr double boxSize = 12.0;
 
 QString symbolOf(QStyle::StandardPixmap symbol)
 {
@@ -24,6 +30,40 @@ QString symbolOf(QStyle::StandardPixmap symbol)
     default:
         return {};
     }
+}
+
+void drawFrame(QPainter& painter, const QRectF& rect, const QColor& line, const QBrush& inside)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(line);
+    painter.setBrush(inside);
+    painter.drawRoundedRect(rect.adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+    painter.restore();
+}
+
+void drawBox(QPainter& painter, const QStyleOption& option)
+{
+    const bool enabled = option.state & QStyle::State_Enabled;
+    const bool on = option.state & QStyle::State_On;
+    QRectF box(0, 0, boxSize, boxSize);
+    box.moveCenter(QRectF(option.rect).center());
+    box.moveTopLeft(box.topLeft().toPoint());
+    drawFrame(painter, box,
+              !enabled ? MixerStyle::disabledLetters
+              : on     ? MixerStyle::accent
+                       : MixerStyle::dimLetters,
+              on && enabled ? HostGrounds::chosen : HostGrounds::base);
+    if (!on)
+        return;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(enabled ? QColor(Qt::white) : MixerStyle::disabledLetters, 1.6,
+                        Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const QPointF mark[] = {{3.2, 6.3}, {5.4, 8.7}, {9.0, 3.8}};
+    const QPolygonF line(QList<QPointF>(std::begin(mark), std::end(mark)));
+    painter.drawPolyline(line.translated(box.topLeft()));
+    painter.restore();
 }
 
 } // namespace
@@ -51,14 +91,15 @@ QIcon HostStyle::standardIcon(StandardPixmap symbol, const QStyleOption* option,
 void HostStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                               QPainter* painter, const QWidget* widget) const
 {
-    if (element != PE_FrameFocusRect)
+    switch (element) {
+    case PE_FrameFocusRect:
+        return drawFrame(*painter, option->rect, MixerStyle::accent, Qt::NoBrush);
+    case PE_IndicatorCheckBox:
+    case PE_IndicatorItemViewItemCheck:
+        return drawBox(*painter, *option);
+    default:
         return QProxyStyle::drawPrimitive(element, option, painter, widget);
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(MixerStyle::accent);
-    painter->setBrush(Qt::NoBrush);
-    painter->drawRoundedRect(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
-    painter->restore();
+    }
 }
 
 #include "moc_HostStyle.cpp"

@@ -16,7 +16,8 @@ public:
                   QStyleHintReturn* data) const override;
     QIcon standardIcon(StandardPixmap symbol, const QStyleOption* option,
                        const QWidget* widget) const override;
-    /// Of the keyboard focus: a line in the accent's colour.
+    /// The keyboard focus is a line in the accent's colour, a box for a switch is seen when it is
+    /// empty, too.
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
 };

@@ -12,8 +12,8 @@
 namespace {
 
 constexpr int smallestWidth = 260;
-constexpr int wholeWidth = 460;
-constexpr int lineMargin = 4;
+constexpr int wholeWidth = 480;
+constexpr int lineMargin = 1;
 constexpr int markWidth = 6;
 
 } // namespace

@@ -719,7 +719,7 @@ void tst_EditorWindow::switchingTheLanguageChangesNoSetting()
     speak(Language::German);
     QCOMPARE(calls(window), QStringList());
     QVERIFY(!window->settings().stereo);
-    QCOMPARE(choice(window, u"Geradlinig"_s)->currentIndex(), 2);
+    QCOMPARE(choice(window, u"Linear"_s)->currentIndex(), 2);
 }
 
 ZOLTA_TEST_MAIN(tst_EditorWindow)
