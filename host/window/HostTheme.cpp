@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/window/HostTheme.h"
 
+#include "host/window/HostGrounds.h"
 #include "host/window/HostStyle.h"
 #include "host/window/MixerStyle.h"
 

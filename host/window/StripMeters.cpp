@@ -15,7 +15,7 @@ constexpr int gap = 2;
 constexpr int displayHeight = 22;
 constexpr int barsTop = displayHeight + 6;
 constexpr int barsWidth = 16;
-constexpr int scaleFontSize = 9;
+constexpr int scaleFontSize = 8;
 constexpr int peakLight = 140; // per cent of the bar
 // As beside the editor's meters, in dB.
 constexpr int marks[] = {0, -3, -6, -9, -12, -15, -18, -24, -30, -40, -50, -60};

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/PushButtonController.h"
 #include "host/window/AnalyzerPainting.h"
+#include "host/window/HostGrounds.h"
 #include "host/window/HostTheme.h"
 #include "host/window/MixerStyle.h"
 #include "tests/support/TestObject.h"
