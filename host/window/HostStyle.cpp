@@ -10,27 +10,37 @@
 #include <QStyleFactory>
 #include <QStyleOption>
 
+#include <algorithm>
 #include <iterator>
 
 namespace {
 
 constexpr double boxSize = 12.0;
 
-QString symbolOf(QStyle::StandardPixmap symbol)
+struct Symbol
 {
-    switch (symbol) {
-    case QStyle::SP_MessageBoxWarning:
-        return QStringLiteral("notice_warning");
-    case QStyle::SP_MessageBoxCritical:
-        return QStringLiteral("notice_error");
-    case QStyle::SP_MessageBoxQuestion:
-        return QStringLiteral("notice_question");
-    case QStyle::SP_MessageBoxInformation:
-        return QStringLiteral("notice_information");
-    default:
-        return {};
-    }
-}
+    QStyle::StandardPixmap symbol;
+    const char* picture;
+};
+constexpr Symbol symbols[] = {
+    {QStyle::SP_MessageBoxWarning, "notice_warning"},
+    {QStyle::SP_MessageBoxCritical, "notice_error"},
+    {QStyle::SP_MessageBoxQuestion, "notice_question"},
+    {QStyle::SP_MessageBoxInformation, "notice_information"},
+    {QStyle::SP_ArrowBack, "symbol_back"},
+    {QStyle::SP_ArrowForward, "symbol_forward"},
+    {QStyle::SP_FileDialogToParent, "symbol_up"},
+    {QStyle::SP_FileDialogNewFolder, "symbol_new_folder"},
+    {QStyle::SP_FileDialogListView, "symbol_list"},
+    {QStyle::SP_FileDialogDetailedView, "symbol_details"},
+    {QStyle::SP_DirIcon, "symbol_folder"},
+    {QStyle::SP_DirClosedIcon, "symbol_folder"},
+    {QStyle::SP_DirOpenIcon, "symbol_folder"},
+    {QStyle::SP_DirHomeIcon, "symbol_home"},
+    {QStyle::SP_FileIcon, "symbol_file"},
+    {QStyle::SP_ComputerIcon, "symbol_computer"},
+    {QStyle::SP_DriveHDIcon, "symbol_computer"},
+};
 
 void drawFrame(QPainter& painter, const QRectF& rect, const QColor& line, const QBrush& inside)
 {
@@ -83,9 +93,9 @@ int HostStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
 QIcon HostStyle::standardIcon(StandardPixmap symbol, const QStyleOption* option,
                               const QWidget* widget) const
 {
-    const QString own = symbolOf(symbol);
-    return own.isEmpty() ? QProxyStyle::standardIcon(symbol, option, widget)
-                         : QIcon(MixerStyle::image(own));
+    const auto* found = std::ranges::find(symbols, symbol, &Symbol::symbol);
+    return found == std::end(symbols) ? QProxyStyle::standardIcon(symbol, option, widget)
+                                      : QIcon(MixerStyle::image(QLatin1String(found->picture)));
 }
 
 void HostStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,

@@ -87,6 +87,9 @@ private Q_SLOTS:
     void typeFaceIsTheEditors();
     void messagesBearTheMixersSigns_data();
     void messagesBearTheMixersSigns();
+    void symbolsAreTheMixers_data();
+    void symbolsAreTheMixers();
+    void boxesOfSwitchesAreSeen();
     void focusIsALine();
 };
 
@@ -220,6 +223,47 @@ void tst_HostTheme::messagesBearTheMixersSigns()
     QCOMPARE(shown.toImage(), QIcon(MixerStyle::image(picture)).pixmap(shown.size()).toImage());
     for (const QAbstractButton* button : box.buttons())
         QVERIFY(button->icon().isNull());
+}
+
+void tst_HostTheme::symbolsAreTheMixers_data()
+{
+    QTest::addColumn<QStyle::StandardPixmap>("symbol");
+    QTest::addColumn<QString>("picture");
+    QTest::newRow("back") << QStyle::SP_ArrowBack << u"symbol_back"_s;
+    QTest::newRow("parent") << QStyle::SP_FileDialogToParent << u"symbol_up"_s;
+    QTest::newRow("folder") << QStyle::SP_DirIcon << u"symbol_folder"_s;
+    QTest::newRow("file") << QStyle::SP_FileIcon << u"symbol_file"_s;
+    QTest::newRow("list") << QStyle::SP_FileDialogListView << u"symbol_list"_s;
+}
+
+// Of file dialogs, where the desktop has none of its own.
+void tst_HostTheme::symbolsAreTheMixers()
+{
+    QFETCH(const QStyle::StandardPixmap, symbol);
+    QFETCH(const QString, picture);
+    const QImage shown = QApplication::style()->standardIcon(symbol).pixmap(16).toImage();
+    QCOMPARE(shown, QIcon(MixerStyle::image(picture)).pixmap(16).toImage());
+    QVERIFY(!shown.isNull());
+}
+
+void tst_HostTheme::boxesOfSwitchesAreSeen()
+{
+    for (const auto box : {QStyle::PE_IndicatorCheckBox, QStyle::PE_IndicatorItemViewItemCheck}) {
+        QList<QImage> images;
+        for (const auto state : {QStyle::State_Off, QStyle::State_On}) {
+            QImage image(16, 16, QImage::Format_RGB32);
+            image.fill(HostGrounds::base);
+            QPainter painter(&image);
+            QStyleOptionButton option;
+            option.rect = image.rect();
+            option.state = QStyle::State_Enabled | state;
+            QApplication::style()->drawPrimitive(box, &option, &painter);
+            painter.end();
+            QCOMPARE_GE(contrast(image.pixelColor(8, 2), HostGrounds::base), lines);
+            images << image;
+        }
+        QVERIFY(images[0] != images[1]);
+    }
 }
 
 void tst_HostTheme::focusIsALine()
