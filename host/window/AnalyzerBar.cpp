@@ -3,6 +3,7 @@
 
 #include "host/window/AnalyzerStore.h"
 #include "host/window/HostTheme.h"
+#include "host/window/ToolBarExtension.h"
 
 #include <QComboBox>
 #include <QEvent>
@@ -60,6 +61,7 @@ AnalyzerBar::AnalyzerBar(AnalyzerStore& store, QWidget* parent)
     const QAction* reset =
         addKey([] { return tr("Reset"); }, [] { return tr("Begin averages and peaks anew"); });
     connect(reset, &QAction::triggered, this, &AnalyzerBar::resetWanted);
+    completeToolBar(*this, m_texts);
 }
 
 void AnalyzerBar::changeEvent(QEvent* event)

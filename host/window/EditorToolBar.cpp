@@ -3,12 +3,12 @@
 
 #include "host/window/EditorSession.h"
 #include "host/window/HostTheme.h"
+#include "host/window/ToolBarExtension.h"
 
 #include <QComboBox>
 #include <QEvent>
 #include <QLabel>
 #include <QSpinBox>
-#include <QToolButton>
 
 #include <cmath>
 
@@ -37,7 +37,7 @@ EditorToolBar::EditorToolBar(EditorSession& session, QWidget* parent)
     addStereo();
     addSampleRate();
     addModes();
-    styleExtension(*this, m_texts);
+    completeToolBar(*this, m_texts);
 }
 
 void EditorToolBar::setStereo(bool stereo)
@@ -72,14 +72,14 @@ void EditorToolBar::addZoom()
     m_zoom->setRange(smallestZoom, largestZoom);
     m_zoom->setSingleStep(zoomStep);
     m_texts.add([this] { m_zoom->setSuffix(tr(" %")); });
-    m_texts.add([this] { m_zoom->setAccessibleName(tr("Zoom")); });
+    m_texts.add([this] { m_zoom->setAccessibleName(tr("UI zoom")); });
     m_zoom->setKeyboardTracking(false);
     setScale(m_session.settings().scale);
     connect(m_zoom, &QSpinBox::valueChanged, this, [this](int percent) {
         m_session.setScale(percent / 100.0);
         Q_EMIT scaleChanged();
     });
-    addWidget(m_texts.label(this, [] { return tr("Zoom"); }));
+    addWidget(m_texts.label(this, [] { return tr("UI zoom"); }));
     addWidget(m_zoom);
 }
 
@@ -146,20 +146,6 @@ void EditorToolBar::addModes()
     addWidget(dials);
     addWidget(m_texts.label(this, [] { return tr("Sliders"); }));
     addWidget(sliders);
-}
-
-// The button for what has no room on the bar. Its own picture is too dark for the bar.
-void EditorToolBar::styleExtension(const QToolBar& bar, Retranslator& texts)
-{
-    auto* key = bar.findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
-    if (!key)
-        return;
-    key->setText(QStringLiteral("\u00bb"));
-    key->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    texts.add([key] {
-        key->setToolTip(tr("More"));
-        key->setAccessibleName(tr("More"));
-    });
 }
 
 #include "moc_EditorToolBar.cpp"

@@ -26,8 +26,6 @@ public:
     void followRate(int hertz);
     /// Leaves users no choice of the channels.
     void fixChannel();
-    /// Gives \a bar a button that can be seen for what has no room on it.
-    static void styleExtension(const QToolBar& bar, Retranslator& texts);
 
 Q_SIGNALS:
     /// The editor has been switched between the pair and the channel alone.

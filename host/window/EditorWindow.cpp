@@ -35,7 +35,6 @@
 
 namespace {
 
-constexpr int barsHeight = 136; // menu, tool bars and status bar
 constexpr int messageTime = 8000;
 
 const QString stateKind = QStringLiteral("state");
@@ -83,8 +82,10 @@ void EditorWindow::setScale(double scale) { m_bar->setScale(scale); }
 void EditorWindow::fitTo(double scale, const QSize& room)
 {
     setScale(scale);
-    resize((m_stage->size() + QSize(0, barsHeight)).boundedTo(room));
-    m_zoomRoom = {0, 0};
+    polish(*this);
+    statusBar()->setMinimumHeight(statusBar()->sizeHint().height()); // else it grows when seen
+    const int bars = sizeHint().height() - m_area->sizeHint().height();
+    resize((m_stage->size() + QSize(0, bars)).boundedTo(room));
 }
 
 void EditorWindow::setMeasured(bool measured)
@@ -177,7 +178,7 @@ void EditorWindow::buildPresetMenu(QMenu* menu)
     insertToolBarBreak(m_bar);
 }
 
-void EditorWindow::buildViewMenu(QMenu* menu)
+void EditorWindow::buildZoomMenu(QMenu* menu)
 {
     m_texts.action(
         menu, [] { return tr("Zoom &In"); }, QKeySequence::ZoomIn, this,
@@ -188,6 +189,13 @@ void EditorWindow::buildViewMenu(QMenu* menu)
     m_texts.action(
         menu, [] { return tr("&Actual Size"); }, QKeySequence(Qt::CTRL | Qt::Key_0), this,
         [this] { setScale(1.0); });
+}
+
+void EditorWindow::buildViewMenu(QMenu* menu)
+{
+    buildZoomMenu(m_texts.menu(menu, [] { return tr("&UI Zoom"); }));
+    auto* range = new GraphRange(m_mixer, *m_session, this);
+    range->fill(m_texts.menu(menu, [] { return tr("&Graph Zoom"); }), m_texts);
     menu->addSeparator();
     addPanelItem(
         menu, [] { return tr("Measured &Response"); }, QKeySequence(Qt::CTRL | Qt::Key_R),
@@ -198,8 +206,6 @@ void EditorWindow::buildViewMenu(QMenu* menu)
     addPanelItem(
         menu, [] { return tr("&Parameters"); }, QKeySequence(Qt::CTRL | Qt::Key_L), m_parameters,
         [this](bool shown) { m_panels->setShown(m_parameters, shown); });
-    auto* range = new GraphRange(m_mixer, *m_session, this);
-    range->fill(m_texts.menu(menu, [] { return tr("&Graph Range"); }), m_texts);
     addLanguageMenu(menu, m_mixer.language, m_texts);
     m_toMixer = m_texts.action(
         menu, [] { return tr("&Mixer"); }, QKeySequence(Qt::CTRL | Qt::Key_M), this,
@@ -221,7 +227,7 @@ void EditorWindow::buildToolBar()
     m_bar = new EditorToolBar(*m_session, this);
     connect(m_bar, &EditorToolBar::stereoChanged, this, &EditorWindow::showTitle);
     connect(m_bar, &EditorToolBar::stereoChosen, this, &EditorWindow::stereoChosen);
-    connect(m_bar, &EditorToolBar::scaleChanged, this, &EditorWindow::followZoom);
+    connect(m_bar, &EditorToolBar::scaleChanged, this, [this] { m_panels->fitWindow(); });
     connect(m_bar, &EditorToolBar::sampleRateChanged, m_response, &ResponseView::setSampleRate);
     connect(m_bar, &EditorToolBar::sampleRateChanged, m_spectrum->view(),
             &AnalyzerView::setSampleRate);
@@ -273,6 +279,7 @@ void EditorWindow::buildEditorArea(std::unique_ptr<QWidget> stage)
     m_area->setFrameShape(QFrame::NoFrame);
     m_area->setAlignment(Qt::AlignCenter);
     m_area->setBackgroundRole(QPalette::Base);
+    m_area->setFocusPolicy(Qt::NoFocus);
     m_stage = stage.release();
     m_area->setWidget(m_stage);
     setCentralWidget(m_area);
@@ -316,12 +323,6 @@ void EditorWindow::buildAnalyzer()
         m_spectrum->view()->setAccessibleName(tr("Analyzer"));
         m_analyzer->setWindowTitle(tr("Analyzer"));
     });
-}
-
-void EditorWindow::followZoom()
-{
-    const QSize missing = m_stage->size() - m_area->maximumViewportSize();
-    m_zoomRoom += growWindow(*this, missing.expandedTo(-1 * m_zoomRoom));
 }
 
 void EditorWindow::changeEvent(QEvent* event)

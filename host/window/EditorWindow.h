@@ -40,6 +40,7 @@ public:
     EditorSession& session() { return *m_session; }
     const EditorSettings& settings() const { return m_session->settings(); }
     void setStereo(bool stereo);
+    /// The window takes the size that shows all of the editor, as far as the screen allows.
     void setScale(double scale);
     /// Gives the editor a zoom, and the window the size that shows all of it, within \a room.
     void fitTo(double scale, const QSize& room);
@@ -88,7 +89,7 @@ private:
     void buildEditorArea(std::unique_ptr<QWidget> stage);
     void buildPanels();
     void buildAnalyzer();
-    void followZoom();
+    void buildZoomMenu(QMenu* menu);
     void showTitle();
     void openStateFile();
     void saveStateFile();
@@ -112,5 +113,4 @@ private:
     QLabel* m_audio = nullptr;
     QAction* m_toMixer = nullptr;
     const DesktopEqualizer* m_desktop = nullptr; // whose window this is; null: the mixer's
-    QSize m_zoomRoom{0, 0}; // what the window has grown by for the editor's zoom
 };

@@ -3,7 +3,8 @@
 
 class QWidget;
 
-/// The mixer's dark look: graphite like the editor's panel, its lettering and its blue.
+/// The mixer's dark look: graphite like the editor's panel, its lettering, its type face and its
+/// blue.
 ///
 /// It is a style and a palette, never an application-wide style sheet: those would reach into the
 /// editors, which bring a style of their own.

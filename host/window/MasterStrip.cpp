@@ -51,6 +51,7 @@ MasterStrip::MasterStrip(MixerModel& mixerModel, QWidget* parent)
     setMinimumHeight(MixerStrip::minStripHeight);
     buildKeys();
     buildSection();
+    MixerStyle::followFocus(this);
 }
 
 void MasterStrip::showLevels(const MeterLevels& levels)
@@ -82,6 +83,7 @@ void MasterStrip::paintEvent(QPaintEvent*)
     painter.setFont(bold);
     painter.setPen(MixerStyle::letters);
     painter.drawText(titlePlace, Qt::AlignCenter, tr("Master"));
+    MixerStyle::drawFocus(painter, *this);
 }
 
 void MasterStrip::buildKeys()

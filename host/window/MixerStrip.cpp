@@ -14,7 +14,6 @@
 #include "hosting/HostModel.h"
 #include "widgets/ChannelNameEdit.h"
 
-#include <QApplication>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -100,10 +99,7 @@ MixerStrip::MixerStrip(MixerModel& mixerModel, int channel, QWidget* parent)
         if (changed == m_channel)
             retranslate();
     });
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* old, QWidget* now) {
-        if ((old && isAncestorOf(old)) || (now && isAncestorOf(now)))
-            update();
-    });
+    MixerStyle::followFocus(this);
     for (QWidget* control : findChildren<QWidget*>())
         control->installEventFilter(this);
 }
@@ -174,7 +170,8 @@ void MixerStrip::paintEvent(QPaintEvent*)
                    : m_selected ? MixerStyle::letters
                                 : MixerStyle::dimLetters);
     painter.drawText(QRect(margin, height() - 26, innerWidth, 16), Qt::AlignCenter, footText());
-    drawFocus(painter);
+    if (!m_name->hasFocus())
+        MixerStyle::drawFocus(painter, *this);
 }
 
 void MixerStrip::buildName()
@@ -375,17 +372,6 @@ void MixerStrip::drawBalance(QPainter& painter) const
         QRectF(balancePlace.left() + 4, middle.y() - 2, balancePlace.width() - 8, 4), 2, 2);
     painter.fillRect(QRectF(middle.x() - 0.5, balancePlace.top() - 1, 1, balancePlace.height() + 2),
                      MixerStyle::dimLetters);
-}
-
-void MixerStrip::drawFocus(QPainter& painter) const
-{
-    const QWidget* focused = QApplication::focusWidget();
-    if (!focused || focused == m_name || !isAncestorOf(focused))
-        return;
-    const QRect place(focused->mapTo(this, QPoint()), focused->size());
-    painter.setPen(QPen(MixerStyle::accent, 1));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(QRectF(place).adjusted(-2.5, -2.5, 2.5, 2.5), 4, 4);
 }
 
 #include "moc_MixerStrip.cpp"

@@ -79,7 +79,6 @@ private:
     bool isSilenced() const;
     QString footText() const;
     void drawBalance(QPainter& painter) const;
-    void drawFocus(QPainter& painter) const;
 
     MixerModel& m_mixerModel;
     int m_channel;

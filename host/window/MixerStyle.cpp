@@ -3,6 +3,7 @@
 
 #include "controls/PushButtonController.h"
 
+#include <QApplication>
 #include <QLinearGradient>
 #include <QPainter>
 
@@ -70,6 +71,26 @@ void MixerStyle::drawWell(QPainter& painter, const QRectF& rect, double radius)
     glass.setColorAt(1, QColor(0x12, 0x15, 0x19));
     painter.setBrush(glass);
     painter.drawRoundedRect(inner, radius - 1, radius - 1);
+}
+
+void MixerStyle::followFocus(QWidget* panel)
+{
+    QObject::connect(qApp, &QApplication::focusChanged, panel, [panel](QWidget* old, QWidget* now) {
+        if ((old && panel->isAncestorOf(old)) || (now && panel->isAncestorOf(now)))
+            panel->update();
+    });
+}
+
+void MixerStyle::drawFocus(QPainter& painter, const QWidget& panel)
+{
+    const QWidget* focused = QApplication::focusWidget();
+    if (!focused || !panel.isAncestorOf(focused))
+        return;
+    const QRect place(focused->mapTo(&panel, QPoint()), focused->size());
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(accent, 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(place).adjusted(-2.5, -2.5, 2.5, 2.5), 4, 4);
 }
 
 void MixerStyle::enableKey(PushButtonController* key, bool enabled)

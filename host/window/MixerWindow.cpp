@@ -4,6 +4,7 @@
 #include "host/audio/AudioFormat.h"
 #include "host/audio/AudioSession.h"
 #include "host/window/EditMenu.h"
+#include "host/window/EditorStage.h"
 #include "host/window/EditorWindow.h"
 #include "host/window/FileDialogs.h"
 #include "host/window/FileDrop.h"
@@ -153,7 +154,7 @@ EditorWindow* MixerWindow::createEditor(int channel, bool stereo)
     settings.channel = channel;
     settings.stereo = stereo;
     settings.takeModes(m_mixer.settings);
-    auto stage = std::make_unique<QWidget>();
+    auto stage = std::make_unique<EditorStage>();
     auto session = EditorSession::open(m_mixer, settings, stage.get());
     if (!session)
         return nullptr;

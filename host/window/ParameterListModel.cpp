@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/window/ParameterListModel.h"
 
+#include "host/window/MixerStyle.h"
 #include "hosting/HostMemory.h"
 #include "parameters/ParameterText.h"
 
@@ -57,6 +58,8 @@ QColor bandColor(int row)
     return QColor::fromRgba(colors[row / rowsPerBand]);
 }
 
+bool isSwitch(const Parameter& parameter) { return parameter.kind == ParameterKind::Switch; }
+
 int alignmentOf(int column)
 {
     const bool number =
@@ -64,12 +67,20 @@ int alignmentOf(int column)
     return int(Qt::AlignVCenter | (number ? Qt::AlignRight : Qt::AlignLeft));
 }
 
+// The word of a switch stands beside its box.
+int alignmentOf(const QModelIndex& index)
+{
+    const bool boxed =
+        index.column() == ParameterListModel::ValueColumn && isSwitch(parameterAt(index));
+    return boxed ? int(Qt::AlignVCenter | Qt::AlignLeft) : alignmentOf(index.column());
+}
+
 // Titles and values stand out; the other columns are dim.
 QVariant colorOf(int column)
 {
     const bool main =
         column == ParameterListModel::TitleColumn || column == ParameterListModel::ValueColumn;
-    return main ? QVariant() : QVariant(QColor(0x8a, 0x91, 0x99));
+    return main ? QVariant() : QVariant(MixerStyle::dimLetters);
 }
 
 } // namespace
@@ -130,11 +141,19 @@ QVariant ParameterListModel::data(const QModelIndex& index, int role) const
     case Qt::EditRole:
         return text(index);
     case Qt::TextAlignmentRole:
-        return alignmentOf(index.column());
+        return alignmentOf(index);
     case Qt::ForegroundRole:
         return colorOf(index.column());
     case Qt::ToolTipRole:
         return possibleValues(parameterAt(index));
+    case ChoicesRole:
+        return isChoice(parameterAt(index)) ? valueTexts(parameterAt(index)) : QStringList();
+    case Qt::CheckStateRole:
+        return flags(index).testFlag(Qt::ItemIsUserCheckable)
+                   ? QVariant(m_memory.values(m_channel)[static_cast<std::size_t>(index.row())] != 0
+                                  ? Qt::Checked
+                                  : Qt::Unchecked)
+                   : QVariant();
     case Qt::DecorationRole:
         return index.column() == TitleColumn ? QVariant(bandColor(index.row())) : QVariant();
     default:
@@ -144,22 +163,37 @@ QVariant ParameterListModel::data(const QModelIndex& index, int role) const
 
 bool ParameterListModel::setData(const QModelIndex& index, const QVariant& value, int role)
 {
-    if (!flags(index).testFlag(Qt::ItemIsEditable) || role != Qt::EditRole)
-        return false;
-    const QString typed = value.toString();
+    const Qt::ItemFlags allowed = flags(index);
+    if (role == Qt::CheckStateRole && allowed.testFlag(Qt::ItemIsUserCheckable))
+        return setRaw(index, value.toInt() == Qt::Unchecked ? 0 : 1);
+    if (role == Qt::EditRole && allowed.testFlag(Qt::ItemIsEditable))
+        return setText(index, value.toString());
+    return false;
+}
+
+bool ParameterListModel::setText(const QModelIndex& index, const QString& typed)
+{
     const unsigned short id = parameterId(static_cast<std::size_t>(index.row()));
     int raw = 0;
-    if (m_memory.stringToValue(id, channel(), typed.toUtf8().constData(), &raw) < 0) {
-        Q_EMIT refused(errorOf(typed, parameterAt(index)));
-        return false;
-    }
+    if (m_memory.stringToValue(id, channel(), typed.toUtf8().constData(), &raw) >= 0)
+        return setRaw(index, raw);
+    Q_EMIT refused(errorOf(typed, parameterAt(index)));
+    return false;
+}
+
+bool ParameterListModel::setRaw(const QModelIndex& index, int raw)
+{
+    const unsigned short id = parameterId(static_cast<std::size_t>(index.row()));
     return m_memory.setValue(id, channel(), raw, 0, 0, 1) >= 0;
 }
 
 Qt::ItemFlags ParameterListModel::flags(const QModelIndex& index) const
 {
     const Qt::ItemFlags flags = QAbstractTableModel::flags(index);
-    return index.isValid() && index.column() == ValueColumn ? flags | Qt::ItemIsEditable : flags;
+    if (!index.isValid() || index.column() != ValueColumn)
+        return flags;
+    return flags | Qt::ItemIsEditable |
+           (isSwitch(parameterAt(index)) ? Qt::ItemIsUserCheckable : Qt::NoItemFlags);
 }
 
 int ParameterListModel::Update(unsigned short parameter, unsigned short, int, const char*)

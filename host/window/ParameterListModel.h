@@ -12,13 +12,16 @@ struct Parameter;
 /// parameterTable.
 ///
 /// Values are edited as text, the way an editor's text fields do it: the memory parses what was
-/// typed. A text that is not a value is refused and changes nothing. The memory must outlive it.
+/// typed. A text that is not a value is refused and changes nothing. Switches can be checked, too.
+/// The memory must outlive it.
 class ParameterListModel : public QAbstractTableModel, public IPrmObserver
 {
     Q_OBJECT
 
 public:
     enum Column { TitleColumn, ValueColumn, UnitColumn, RawColumn, NameColumn, ColumnCount };
+    /// The texts that a value can have, a QStringList; none for numbers.
+    static constexpr int ChoicesRole = Qt::UserRole;
 
     ParameterListModel(HostMemory& memory, int channel, QObject* parent = nullptr);
     ~ParameterListModel() override;
@@ -45,6 +48,8 @@ private:
     static QString possibleValues(const Parameter& parameter);
     static QString errorOf(const QString& typed, const Parameter& parameter);
     QVariant text(const QModelIndex& index) const;
+    bool setText(const QModelIndex& index, const QString& typed);
+    bool setRaw(const QModelIndex& index, int raw);
     QString valueText(std::size_t parameter) const;
     unsigned short channel() const { return static_cast<unsigned short>(m_channel); }
 

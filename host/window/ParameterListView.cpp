@@ -2,16 +2,19 @@
 #include "host/window/ParameterListView.h"
 
 #include "host/window/HostTheme.h"
+#include "host/window/ParameterDelegate.h"
 #include "host/window/ParameterListModel.h"
 
 #include <QEvent>
 #include <QHeaderView>
+#include <QKeyEvent>
 
 namespace {
 
 constexpr int smallestWidth = 260;
-constexpr int wholeWidth = 460;
-constexpr int lineHeight = 20;
+constexpr int wholeWidth = 480;
+constexpr int lineMargin = 1;
+constexpr int markWidth = 6;
 
 } // namespace
 
@@ -26,12 +29,13 @@ ParameterListView::ParameterListView(HostMemory& memory, int channel, QWidget* p
     setShowGrid(false);
     setWordWrap(false);
     setHorizontalScrollMode(ScrollPerPixel);
-    setIconSize(QSize(6, 14));
+    setTabKeyNavigation(false);
+    setItemDelegate(new ParameterDelegate(this));
     setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
     setSelectionMode(SingleSelection);
     verticalHeader()->hide();
-    verticalHeader()->setMinimumSectionSize(lineHeight);
-    verticalHeader()->setDefaultSectionSize(lineHeight);
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    fitRows();
     horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     horizontalHeader()->setSectionResizeMode(ParameterListModel::ValueColumn, QHeaderView::Stretch);
     setMinimumWidth(smallestWidth);
@@ -39,23 +43,40 @@ ParameterListView::ParameterListView(HostMemory& memory, int channel, QWidget* p
 
 QSize ParameterListView::sizeHint() const
 {
-    return {wholeWidth,
-            horizontalHeader()->sizeHint().height() + m_parameters->rowCount() * lineHeight};
+    return {wholeWidth, horizontalHeader()->sizeHint().height() + verticalHeader()->length()};
 }
 
 void ParameterListView::changeEvent(QEvent* event)
 {
     QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        fitRows();
     if (event->type() != QEvent::LanguageChange)
         return;
     m_parameters->retranslate();
     fitColumns();
 }
 
+void ParameterListView::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape && state() != EditingState)
+        focusNextPrevChild(true);
+    else
+        QTableView::keyPressEvent(event);
+}
+
 void ParameterListView::resizeEvent(QResizeEvent* event)
 {
     QTableView::resizeEvent(event);
     fitColumns();
+}
+
+void ParameterListView::fitRows()
+{
+    const int height = fontMetrics().height() + lineMargin;
+    verticalHeader()->setMinimumSectionSize(height);
+    verticalHeader()->setDefaultSectionSize(height);
+    setIconSize(QSize(markWidth, fontMetrics().ascent()));
 }
 
 // The values take the room that is left. Without any the list scrolls and they stay whole.

@@ -6,7 +6,8 @@
 class HostMemory;
 class ParameterListModel;
 
-/// A channel's parameters as the mixer holds them, in a table that can be edited.
+/// A channel's parameters as the mixer holds them, in a table that can be edited. Tab,
+/// Backtab and Escape leave it; the arrow keys walk it.
 class ParameterListView : public QTableView
 {
     Q_OBJECT
@@ -24,9 +25,11 @@ Q_SIGNALS:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void fitRows();
     void fitColumns();
 
     ParameterListModel* m_parameters;

@@ -11,8 +11,8 @@ namespace {
 
 constexpr int lampHeight = 4;
 constexpr int fontSize = 10;
-constexpr QColor litLamp{0xff, 0x4a, 0x48};
-constexpr QColor darkLamp{0x3a, 0x16, 0x18};
+constexpr QColor litLamp = MixerStyle::meterClipped;
+constexpr QColor darkLamp{0x6e, 0x2a, 0x2d};
 
 QString textOf(int level)
 {

@@ -2,9 +2,9 @@
 #include "host/window/PresetBar.h"
 
 #include "host/window/EditorPresets.h"
-#include "host/window/EditorToolBar.h"
 #include "host/window/HostTheme.h"
 #include "host/window/PresetMenu.h"
+#include "host/window/ToolBarExtension.h"
 
 #include <QEvent>
 #include <QLabel>
@@ -38,7 +38,7 @@ PresetBar::PresetBar(EditorPresets& presets, PresetMenu& menu, QMenu* entries, Q
     m_texts.add([this] { m_save->setText(tr("Save")); });
     connect(m_save, &QToolButton::clicked, &menu, &PresetMenu::save);
     addRoom();
-    EditorToolBar::styleExtension(*this, m_texts);
+    completeToolBar(*this, m_texts);
     connect(&presets, &EditorPresets::changed, this, &PresetBar::follow);
     m_texts.add([this] { follow(); });
 }

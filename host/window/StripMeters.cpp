@@ -16,6 +16,7 @@ constexpr int displayHeight = 22;
 constexpr int barsTop = displayHeight + 6;
 constexpr int barsWidth = 16;
 constexpr int scaleFontSize = 8;
+constexpr int peakLight = 140; // per cent of the bar
 // As beside the editor's meters, in dB.
 constexpr int marks[] = {0, -3, -6, -9, -12, -15, -18, -24, -30, -40, -50, -60};
 
@@ -24,7 +25,7 @@ void setColors(QWidget* meter, const QColor& low, const QColor& high)
     QPalette palette;
     palette.setColor(QPalette::Dark, low);
     palette.setColor(QPalette::Mid, high);
-    palette.setColor(QPalette::Light, QColor(0xff, 0x4a, 0x48));
+    palette.setColor(QPalette::Light, MixerStyle::meterClipped);
     meter->setPalette(palette);
 }
 
@@ -46,8 +47,9 @@ StripMeters::StripMeters(QWidget* parent)
     for (Side& side : m_sides) {
         side.bar = new Bar(this);
         side.peak = new PeakMeterController(this);
-        setColors(side.bar, QColor(0x1f, 0xb0, 0x4e), QColor(0xe3, 0xc2, 0x2e));
-        setColors(side.peak, QColor(0x8f, 0xf0, 0xac), QColor(0xff, 0xee, 0x99));
+        setColors(side.bar, MixerStyle::meterLow, MixerStyle::meterHigh);
+        setColors(side.peak, MixerStyle::meterLow.lighter(peakLight),
+                  MixerStyle::meterHigh.lighter(peakLight));
     }
     place();
 }

@@ -101,6 +101,7 @@ TransportBar::TransportBar(MixerModel& mixerModel, QWidget* parent)
 {
     setFixedHeight(barHeight);
     build();
+    MixerStyle::followFocus(this);
     connect(&mixerModel, &MixerModel::transportChanged, this, &TransportBar::listen);
     listen();
 }
@@ -115,6 +116,7 @@ void TransportBar::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     MixerStyle::drawPanel(painter, rect());
+    MixerStyle::drawFocus(painter, *this);
 }
 
 TransportBar::Button* TransportBar::addButton(const QString& symbol, const Retranslator::Text& name)

@@ -43,6 +43,15 @@ QSize growWindow(QWidget& window, const QSize& by)
     return window.size() - before;
 }
 
+void polish(QWidget& widget)
+{
+    widget.ensurePolished();
+    for (QWidget* part : widget.findChildren<QWidget*>()) {
+        part->ensurePolished();
+        part->updateGeometry();
+    }
+}
+
 WindowPanels::WindowPanels(QMainWindow& window, const QWidget& center, const QWidget& content)
     : m_window(window)
     , m_center(center)
@@ -71,7 +80,7 @@ QDockWidget* WindowPanels::add(const QString& name, QWidget* widget, Qt::DockWid
     panel->setAllowedAreas(beside ? Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea
                                   : Qt::TopDockWidgetArea | Qt::BottomDockWidgetArea);
     applyHostSheet(panel);
-    panel->ensurePolished(); // its size is asked for before it is seen
+    polish(*panel);
     m_window.addDockWidget(area, panel);
     panel->hide();
     return panel;
@@ -99,6 +108,35 @@ void WindowPanels::fit(QDockWidget* panel) const
         qBound(along(orientation, panel->minimumSizeHint()),
                both - along(orientation, m_content.size()), along(orientation, panel->sizeHint()));
     m_window.resizeDocks({panel}, {size}, orientation);
+    m_window.layout()->activate();
+}
+
+void WindowPanels::fitWindow() const
+{
+    growWindow(m_window, m_content.size() - m_center.size());
+    yield();
+    // A scroll bar along one side takes room on the other.
+    const QSize missing = m_content.size() - m_center.size();
+    const int bar = m_window.style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &m_center);
+    const auto room = [bar](int here, int there) {
+        return there > 0 && here <= 0 ? bar + here : 0;
+    };
+    growWindow(m_window,
+               {room(missing.width(), missing.height()), room(missing.height(), missing.width())});
+}
+
+void WindowPanels::yield() const
+{
+    m_window.layout()->activate();
+    for (QDockWidget* panel : m_window.findChildren<QDockWidget*>(Qt::FindDirectChildrenOnly)) {
+        const Qt::Orientation orientation = orientationOf(panel);
+        const int missing = along(orientation, m_content.size() - m_center.size());
+        if (panel->isHidden() || missing <= 0)
+            continue;
+        const int smallest = along(orientation, panel->minimumSizeHint());
+        const int size = qMax(smallest, along(orientation, panel->size()) - missing);
+        m_window.resizeDocks({panel}, {size}, orientation);
+    }
     m_window.layout()->activate();
 }
 

@@ -13,6 +13,10 @@ class QWidget;
 /// screen. Returns how far it was; a maximized window stays as it is.
 QSize growWindow(QWidget& window, const QSize& by);
 
+/// Gives a widget and what it holds their looks now, so that their sizes can be asked for before
+/// they are seen.
+void polish(QWidget& widget);
+
 /// The dock widgets around what a window shows. One that the user switches on makes the window
 /// larger, and one that goes makes it smaller again, but not smaller than what it is about.
 class WindowPanels
@@ -32,8 +36,12 @@ public:
     void setShown(QDockWidget* panel, bool shown);
     /// Gives a panel what the content leaves, within the panel's own smallest and best size.
     void fit(QDockWidget* panel) const;
+    /// Gives the window the size that shows all of the content, as far as the screen allows; where
+    /// it does not, panels become as small as they can be.
+    void fitWindow() const;
 
 private:
+    void yield() const;
     void shrink(const QDockWidget* panel);
     Qt::Orientation orientationOf(const QDockWidget* panel) const;
     int separator() const;

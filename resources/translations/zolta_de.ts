@@ -6,7 +6,7 @@
     <name>Application</name>
     <message>
         <source>Quit Without Saving</source>
-        <translation>Beenden, ohne zu sichern</translation>
+        <translation>Beenden, ohne zu speichern</translation>
     </message>
     <message>
         <source>The plug-in has no editor for channel %1.</source>
@@ -14,7 +14,7 @@
     </message>
     <message>
         <source>Save Anyway</source>
-        <translation>Trotzdem sichern</translation>
+        <translation>Trotzdem speichern</translation>
     </message>
     <message>
         <source>The list cannot be printed: %1.</source>
@@ -44,8 +44,8 @@
         <translation> %</translation>
     </message>
     <message>
-        <source>Zoom</source>
-        <translation>Vergrößerung</translation>
+        <source>UI zoom</source>
+        <translation>UI-Zoom</translation>
     </message>
     <message>
         <source>Stereo</source>
@@ -73,7 +73,7 @@
     </message>
     <message>
         <source>Linear</source>
-        <translation>Geradlinig</translation>
+        <translation>Linear</translation>
     </message>
     <message>
         <source>Relative</source>
@@ -81,15 +81,15 @@
     </message>
     <message>
         <source>Jump</source>
-        <translation>Springend</translation>
+        <translation>Springen</translation>
     </message>
     <message>
         <source>Touch</source>
-        <translation>Greifend</translation>
+        <translation>Berühren</translation>
     </message>
     <message>
         <source>Ramp</source>
-        <translation>Gleitend</translation>
+        <translation>Rampe</translation>
     </message>
     <message>
         <source>Dials</source>
@@ -98,10 +98,6 @@
     <message>
         <source>Sliders</source>
         <translation>Schieberegler</translation>
-    </message>
-    <message>
-        <source>More</source>
-        <translation>Mehr</translation>
     </message>
     <message>
         <source>The curve is drawn for the rate that the sound device runs at. It can be chosen while nothing plays.</source>
@@ -239,8 +235,12 @@
         <translation>Parameter</translation>
     </message>
     <message>
-        <source>&amp;Graph Range</source>
-        <translation>&amp;Bereich der Kurve</translation>
+        <source>&amp;UI Zoom</source>
+        <translation>&amp;UI-Zoom</translation>
+    </message>
+    <message>
+        <source>&amp;Graph Zoom</source>
+        <translation>Kurven&amp;zoom</translation>
     </message>
     <message>
         <source>&amp;Help</source>
@@ -260,15 +260,15 @@
     </message>
     <message>
         <source>Plays to %1</source>
-        <translation>Spielt auf %1</translation>
+        <translation>Wiedergabe über %1</translation>
     </message>
     <message>
         <source>A&amp;nalyzer</source>
-        <translation>&amp;Analysator</translation>
+        <translation>&amp;Analyzer</translation>
     </message>
     <message>
         <source>Analyzer</source>
-        <translation>Analysator</translation>
+        <translation>Analyzer</translation>
     </message>
 </context>
 <context>
@@ -469,7 +469,7 @@
     </message>
     <message>
         <source>Equalizer on</source>
-        <translation>Equalizer ein</translation>
+        <translation>Equalizer an</translation>
     </message>
     <message>
         <source>Level</source>
@@ -505,7 +505,7 @@
     </message>
     <message>
         <source>Dim</source>
-        <translation>Dämpfung</translation>
+        <translation>Dim</translation>
     </message>
     <message>
         <source>Mono</source>
@@ -528,7 +528,7 @@
     </message>
     <message>
         <source>Raw</source>
-        <translation>Roh</translation>
+        <translation>Rohwert</translation>
     </message>
     <message>
         <source>Name</source>
@@ -544,11 +544,11 @@
     </message>
     <message>
         <source>&quot;%1&quot; is not a value of %2: enter %3 or %4.</source>
-        <translation>&quot;%1&quot; ist kein Wert für &quot;%2&quot;: möglich ist %3 oder %4.</translation>
+        <translation>„%1“ ist kein Wert für „%2“: möglich ist %3 oder %4.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not a value of %2: enter a value from %3 to %4.</source>
-        <translation>&quot;%1&quot; ist kein Wert für &quot;%2&quot;: möglich ist ein Wert von %3 bis %4.</translation>
+        <translation>„%1“ ist kein Wert für „%2“: möglich ist ein Wert von %3 bis %4.</translation>
     </message>
 </context>
 <context>
@@ -567,7 +567,7 @@
     </message>
     <message>
         <source>FLAT</source>
-        <translation>LIN.</translation>
+        <translation>FLAT</translation>
     </message>
     <message>
         <source>G</source>
@@ -579,7 +579,7 @@
     </message>
     <message>
         <source>INPUT</source>
-        <translation>EINGANG</translation>
+        <translation>INPUT</translation>
     </message>
     <message>
         <source>OUT</source>
@@ -587,11 +587,11 @@
     </message>
     <message>
         <source>OUTPUT</source>
-        <translation>AUSGANG</translation>
+        <translation>OUTPUT</translation>
     </message>
     <message>
         <source>PEAK</source>
-        <translation>MAX</translation>
+        <translation>PEAK</translation>
     </message>
     <message>
         <source>Q</source>
@@ -599,7 +599,7 @@
     </message>
     <message>
         <source>ZOOM</source>
-        <translation>LUPE</translation>
+        <translation>ZOOM</translation>
     </message>
     <message>
         <source>Low type</source>
@@ -715,11 +715,11 @@
     </message>
     <message>
         <source>Zoom the curve in</source>
-        <translation>Kurve vergrößern</translation>
+        <translation>Kurvenzoom: vergrößern</translation>
     </message>
     <message>
         <source>Zoom the curve out</source>
-        <translation>Kurve verkleinern</translation>
+        <translation>Kurvenzoom: verkleinern</translation>
     </message>
     <message>
         <source>Spectrum</source>
@@ -727,7 +727,7 @@
     </message>
     <message>
         <source>Flat</source>
-        <translation>Linear</translation>
+        <translation>Flat</translation>
     </message>
     <message>
         <source>Input meter, left</source>
@@ -769,11 +769,11 @@
     <name>ChannelText</name>
     <message>
         <source>The value of &quot;%1&quot; must be text.</source>
-        <translation>Der Wert von &quot;%1&quot; muss ein Text sein.</translation>
+        <translation>Der Wert von „%1“ muss ein Text sein.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not a value of &quot;%2&quot;.</source>
-        <translation>&quot;%1&quot; ist kein Wert für &quot;%2&quot;.</translation>
+        <translation>„%1“ ist kein Wert für „%2“.</translation>
     </message>
     <message>
         <source>Cannot paste. The clipboard holds no equalizer settings.</source>
@@ -853,11 +853,11 @@
     </message>
     <message>
         <source>Clears the chest and brings the words forward</source>
-        <translation>Räumt die Brust auf und holt die Worte nach vorn</translation>
+        <translation>Nimmt den Brustton zurück und holt die Worte nach vorn</translation>
     </message>
     <message>
         <source>De-mud</source>
-        <translation>Entmulmen</translation>
+        <translation>Weniger Mulm</translation>
     </message>
     <message>
         <source>Electric guitar</source>
@@ -1215,19 +1215,19 @@
     </message>
     <message>
         <source>The file is left alone, and nothing will be saved.</source>
-        <translation>Die Datei bleibt, wie sie ist, und nichts wird gesichert.</translation>
+        <translation>Die Datei bleibt, wie sie ist, und nichts wird gespeichert.</translation>
     </message>
     <message>
         <source>Another program has the session %1 open, as its lock file %2 says. Changes made here will not be saved.</source>
-        <translation>Ein anderes Programm hat die Sitzung %1 geöffnet, wie ihre Sperrdatei %2 angibt. Was hier geändert wird, wird nicht gesichert.</translation>
+        <translation>Ein anderes Programm hat die Sitzung %1 geöffnet, wie ihre Sperrdatei %2 angibt. Was hier geändert wird, wird nicht gespeichert.</translation>
     </message>
     <message>
         <source>The session cannot be saved. %1</source>
-        <translation>Die Sitzung lässt sich nicht sichern. %1</translation>
+        <translation>Die Sitzung lässt sich nicht speichern. %1</translation>
     </message>
     <message>
         <source>The file cannot be renamed, so it is left alone, and nothing will be saved.</source>
-        <translation>Die Datei lässt sich nicht umbenennen; sie bleibt deshalb, wie sie ist, und nichts wird gesichert.</translation>
+        <translation>Die Datei lässt sich nicht umbenennen; sie bleibt deshalb, wie sie ist, und nichts wird gespeichert.</translation>
     </message>
     <message>
         <source>The session is not used, and the file is kept as %1.</source>
@@ -1242,7 +1242,7 @@
     <name>SettingsFile</name>
     <message>
         <source>&quot;%1&quot; is not a channel with settings.</source>
-        <translation>&quot;%1&quot; ist kein Kanal mit Einstellungen.</translation>
+        <translation>„%1“ ist kein Kanal mit Einstellungen.</translation>
     </message>
     <message>
         <source>The file is not a settings file of version %1.</source>
@@ -1262,19 +1262,19 @@
     </message>
     <message>
         <source>The editors' settings in %1 cannot be read because %1 is not a regular file. No settings will be saved.</source>
-        <translation>Die Einstellungen der Editoren in %1 lassen sich nicht lesen, weil %1 keine gewöhnliche Datei ist. Es werden keine Einstellungen gesichert.</translation>
+        <translation>Die Einstellungen der Editoren in %1 lassen sich nicht lesen, weil %1 keine gewöhnliche Datei ist. Es werden keine Einstellungen gespeichert.</translation>
     </message>
     <message>
         <source>The editors' settings in %1 cannot be read: %2. No settings will be saved.</source>
-        <translation>Die Einstellungen der Editoren in %1 lassen sich nicht lesen: %2. Es werden keine Einstellungen gesichert.</translation>
+        <translation>Die Einstellungen der Editoren in %1 lassen sich nicht lesen: %2. Es werden keine Einstellungen gespeichert.</translation>
     </message>
     <message>
         <source>The editors' settings in %1 were saved by a later version of this program. They are left alone, and no settings will be saved.</source>
-        <translation>Die Einstellungen der Editoren in %1 wurden von einer neueren Version dieses Programms gesichert. Sie bleiben, wie sie sind, und es werden keine Einstellungen gesichert.</translation>
+        <translation>Die Einstellungen der Editoren in %1 wurden von einer neueren Version dieses Programms gespeichert. Sie bleiben, wie sie sind, und es werden keine Einstellungen gespeichert.</translation>
     </message>
     <message>
         <source>The editors' settings cannot be saved. %1</source>
-        <translation>Die Einstellungen der Editoren lassen sich nicht sichern. %1</translation>
+        <translation>Die Einstellungen der Editoren lassen sich nicht speichern. %1</translation>
     </message>
     <message>
         <source>The editors' settings in %1 are damaged and ignored. %2 The file is kept as %3.</source>
@@ -1282,7 +1282,7 @@
     </message>
     <message>
         <source>The editors' settings in %1 are damaged and ignored. %2 The file cannot be renamed, so no settings will be saved.</source>
-        <translation>Die Einstellungen der Editoren in %1 sind beschädigt und werden nicht verwendet. %2 Die Datei lässt sich nicht umbenennen, deshalb werden keine Einstellungen gesichert.</translation>
+        <translation>Die Einstellungen der Editoren in %1 sind beschädigt und werden nicht verwendet. %2 Die Datei lässt sich nicht umbenennen, deshalb werden keine Einstellungen gespeichert.</translation>
     </message>
 </context>
 <context>
@@ -1344,11 +1344,11 @@
     <name>AudioDevices</name>
     <message>
         <source>There is no sound device &quot;%1&quot;; --devices shows them all.</source>
-        <translation>Es gibt kein Audiogerät &quot;%1&quot;; --devices zeigt alle.</translation>
+        <translation>Es gibt kein Audiogerät „%1“; --devices zeigt alle.</translation>
     </message>
     <message>
         <source>&quot;%1&quot; may mean several sound devices: %2.</source>
-        <translation>&quot;%1&quot; trifft auf mehrere Audiogeräte zu: %2.</translation>
+        <translation>„%1“ trifft auf mehrere Audiogeräte zu: %2.</translation>
     </message>
     <message>
         <source>The sound device %1 cannot be used: it does not run at %2 Hz.</source>
@@ -1479,11 +1479,11 @@
     </message>
     <message>
         <source>The name of the file to render must end in .wav, .flac or .ogg; &quot;%1&quot; does not.</source>
-        <translation>Der Name der Ausgabedatei muss auf .wav, .flac oder .ogg enden; &quot;%1&quot; tut das nicht.</translation>
+        <translation>Der Name der Ausgabedatei muss auf .wav, .flac oder .ogg enden; „%1“ tut das nicht.</translation>
     </message>
     <message>
         <source>--float can only be used for a file whose name ends in .wav; &quot;%1&quot; does not.</source>
-        <translation>--float geht nur für eine Datei, deren Name auf .wav endet; &quot;%1&quot; tut das nicht.</translation>
+        <translation>--float geht nur für eine Datei, deren Name auf .wav endet; „%1“ tut das nicht.</translation>
     </message>
     <message>
         <source>--render with --channel also needs --session; without one, all channels have the same settings.</source>
@@ -1491,7 +1491,7 @@
     </message>
     <message>
         <source>The argument &quot;%1&quot; is not valid UTF-8. Rename the file, or use another one.</source>
-        <translation>Das Argument &quot;%1&quot; ist kein gültiges UTF-8. Die Datei umbenennen oder eine andere verwenden.</translation>
+        <translation>Das Argument „%1“ ist kein gültiges UTF-8. Die Datei umbenennen oder eine andere verwenden.</translation>
     </message>
     <message>
         <source>Exit codes: 0 done, 1 a file or the plug-in has an error, 2 usage error.
@@ -1513,7 +1513,7 @@
     </message>
     <message>
         <source>zoom, 0.5 to 4 (default: 1)</source>
-        <translation>Vergrößerung, 0.5 bis 4 (Vorgabe: 1)</translation>
+        <translation>Zoom, 0.5 bis 4 (Vorgabe: 1)</translation>
     </message>
     <message>
         <source>sampling rate of the curve, 1000 to 768000 (default: 48000)</source>
@@ -1521,7 +1521,7 @@
     </message>
     <message>
         <source>the session to restore and to save at the end (default: with a window, the one in the user's data; without one, none; without a window a session is only read)</source>
-        <translation>die Sitzung, die geladen und am Ende gesichert wird (Vorgabe: mit Fenster die in den Benutzerdaten, ohne Fenster keine; ohne Fenster wird eine Sitzung nur gelesen)</translation>
+        <translation>die Sitzung, die geladen und am Ende gespeichert wird (Vorgabe: mit Fenster die in den Benutzerdaten, ohne Fenster keine; ohne Fenster wird eine Sitzung nur gelesen)</translation>
     </message>
     <message>
         <source>load the channel's settings: a state of 116 bytes or a .vstpreset</source>
@@ -1593,15 +1593,15 @@
     </message>
     <message>
         <source>--%1 must be one of these: %2. It cannot be &quot;%3&quot;.</source>
-        <translation>--%1 muss einer dieser Werte sein: %2. &quot;%3&quot; ist nicht möglich.</translation>
+        <translation>--%1 muss einer dieser Werte sein: %2. „%3“ ist nicht möglich.</translation>
     </message>
     <message>
         <source>--set %1: &quot;@%2&quot; is not a raw value of %3 (@%4 to @%5).</source>
-        <translation>--set %1: &quot;@%2&quot; ist kein Rohwert für &quot;%3&quot; (@%4 bis @%5).</translation>
+        <translation>--set %1: „@%2“ ist kein Rohwert für „%3“ (@%4 bis @%5).</translation>
     </message>
     <message>
         <source>--set %1: &quot;%2&quot; is not a value of %3 (%4).</source>
-        <translation>--set %1: &quot;%2&quot; ist kein Wert für &quot;%3&quot; (%4).</translation>
+        <translation>--set %1: „%2“ ist kein Wert für „%3“ (%4).</translation>
     </message>
     <message>
         <source>--%1 must be the name of a file.</source>
@@ -1609,19 +1609,19 @@
     </message>
     <message>
         <source>--%1 must be a whole number from %2 to %3, not &quot;%4&quot;.</source>
-        <translation>--%1 muss eine ganze Zahl von %2 bis %3 sein, nicht &quot;%4&quot;.</translation>
+        <translation>--%1 muss eine ganze Zahl von %2 bis %3 sein, nicht „%4“.</translation>
     </message>
     <message>
         <source>--%1 must be a number from %2 to %3, not &quot;%4&quot;.</source>
-        <translation>--%1 muss eine Zahl von %2 bis %3 sein, nicht &quot;%4&quot;.</translation>
+        <translation>--%1 muss eine Zahl von %2 bis %3 sein, nicht „%4“.</translation>
     </message>
     <message>
         <source>--set must be NAME=TEXT or NAME=@N, not &quot;%1&quot;.</source>
-        <translation>--set muss NAME=TEXT oder NAME=@N sein, nicht &quot;%1&quot;.</translation>
+        <translation>--set muss NAME=TEXT oder NAME=@N sein, nicht „%1“.</translation>
     </message>
     <message>
         <source>--set: there is no parameter &quot;%1&quot;. See --list for all of them.</source>
-        <translation>--set: Es gibt keinen Parameter &quot;%1&quot;. --list zeigt alle.</translation>
+        <translation>--set: Es gibt keinen Parameter „%1“. --list zeigt alle.</translation>
     </message>
     <message>
         <source>Warning: Samples in %2 that are NaN or larger than %3 and count as 0: %1; the first is in frame %4 of channel %5.</source>
@@ -1637,7 +1637,7 @@
     </message>
     <message>
         <source>One file too many: &quot;%1&quot;. One sound file can be played, and --render takes two.</source>
-        <translation>Eine Datei zu viel: &quot;%1&quot;. Abspielen lässt sich eine Audiodatei, und --render nimmt zwei.</translation>
+        <translation>Eine Datei zu viel: „%1“. Abspielen lässt sich eine Audiodatei, und --render nimmt zwei.</translation>
     </message>
     <message>
         <source>The file %1 exists and is left as it is. Choose another name, or use --overwrite to replace it.</source>
@@ -1791,7 +1791,7 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
     </message>
     <message>
         <source>%1 cannot be set to &quot;%2&quot;.</source>
-        <translation>%1 lässt sich nicht auf &quot;%2&quot; setzen.</translation>
+        <translation>%1 lässt sich nicht auf „%2“ setzen.</translation>
     </message>
     <message>
         <source>%1 must be true or false.</source>
@@ -1986,7 +1986,7 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
     </message>
     <message>
         <source>&amp;Save Session As...</source>
-        <translation>Sitzung sichern &amp;unter ...</translation>
+        <translation>Sitzung speichern &amp;unter ...</translation>
     </message>
     <message>
         <source>New Session</source>
@@ -2014,7 +2014,7 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
     </message>
     <message>
         <source>Save Session As</source>
-        <translation>Sitzung sichern unter</translation>
+        <translation>Sitzung speichern unter</translation>
     </message>
     <message>
         <source>Sessions (*.json);;All files (*)</source>
@@ -2045,10 +2045,6 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
     <message>
         <source>&amp;Keys and Mouse</source>
         <translation>&amp;Tasten und Maus</translation>
-    </message>
-    <message>
-        <source>A and B above the equalizer are two settings (Ctrl+B switches). The EQ key of the strip switches the equalizer off and on. Bypass plays past it at equal loudness; Listen, while held, plays only what one band changes.</source>
-        <translation>A und B über dem Equalizer sind zwei Einstellungen (Strg+B wechselt). Die Taste EQ des Kanalzugs schaltet den Equalizer aus und ein. Bypass spielt bei gleicher Lautheit an ihm vorbei; „Hören“ spielt, solange gehalten, nur, was ein Band verändert.</translation>
     </message>
     <message>
         <source>A channel equalizer whose curve is what is heard, and a mixer to hear it with.</source>
@@ -2088,11 +2084,11 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
     </message>
     <message>
         <source>File &gt; Open Audio, or drop the file on the window. The marked strip plays it; Space plays and stops.</source>
-        <translation>Datei &gt; Audiodatei öffnen, oder die Datei auf das Fenster ziehen. Der markierte Kanalzug spielt sie; die Leertaste startet und hält an.</translation>
+        <translation>„Datei &gt; Audiodatei öffnen“, oder die Datei auf das Fenster ziehen. Der markierte Kanalzug spielt sie; die Leertaste startet und hält an.</translation>
     </message>
     <message>
         <source>File &gt; Render To File sends the whole song through the equalizer of the marked strip into a new file.</source>
-        <translation>Datei &gt; In Datei rendern schickt das ganze Stück durch den Equalizer des markierten Kanalzugs in eine neue Datei.</translation>
+        <translation>„Datei &gt; In Datei rendern“ schickt das ganze Stück durch den Equalizer des markierten Kanalzugs in eine neue Datei.</translation>
     </message>
     <message>
         <source>Free software under the GNU General Public License, version 3 or later.</source>
@@ -2100,7 +2096,7 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
     </message>
     <message>
         <source>Keep it</source>
-        <translation>Behalten</translation>
+        <translation>Aufbewahren</translation>
     </message>
     <message>
         <source>Knob or number: double click</source>
@@ -2136,7 +2132,7 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
     </message>
     <message>
         <source>The session is saved by itself. File &gt; Save Session As keeps it under a name, Presets &gt; Save as Preset keeps the settings of one equalizer.</source>
-        <translation>Die Sitzung wird von selbst gesichert. Datei &gt; Sitzung sichern unter behält sie unter einem Namen, Presets &gt; Als Preset sichern die Einstellungen eines Equalizers.</translation>
+        <translation>Die Sitzung wird von selbst gespeichert. „Datei &gt; Sitzung speichern unter“ gibt ihr einen Namen, „Presets &gt; Als Preset speichern“ bewahrt die Einstellungen eines Equalizers auf.</translation>
     </message>
     <message>
         <source>Write a file</source>
@@ -2189,6 +2185,10 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
     <message>
         <source>open a song; in the mixer: render it to a file</source>
         <translation>ein Stück öffnen; im Mischpult: in eine Datei rendern</translation>
+    </message>
+    <message>
+        <source>A and B above the equalizer are two settings (Ctrl+B switches). The EQ key of the strip switches the equalizer off and on. Bypass plays past it at equal loudness; Listen, while held, plays only what one band changes.</source>
+        <translation>A und B über dem Equalizer sind zwei Einstellungen (Strg+B wechselt). Die Taste EQ des Kanalzugs schaltet den Equalizer aus und ein. Bypass spielt bei gleicher Lautheit an ihm vorbei; „Hören“ spielt, solange gehalten, nur, was ein Band verändert.</translation>
     </message>
     <message>
         <source>Ctrl+Shift+B, L</source>
@@ -2268,7 +2268,7 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
     </message>
     <message>
         <source>Dim</source>
-        <translation>Leiser</translation>
+        <translation>Dim</translation>
     </message>
     <message>
         <source>Plays 20 dB quieter</source>
@@ -2280,7 +2280,7 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
     </message>
     <message>
         <source>Plays both sides as one</source>
-        <translation>Spielt beide Seiten zusammen</translation>
+        <translation>Spielt beide Seiten als eine</translation>
     </message>
     <message>
         <source>Fader of the master</source>
@@ -2300,7 +2300,7 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
     </message>
     <message>
         <source>Peak of the master, left</source>
-        <translation>Spitze der Summe, links</translation>
+        <translation>Spitzenpegel der Summe, links</translation>
     </message>
     <message>
         <source>Meter of the master, right</source>
@@ -2308,7 +2308,7 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
     </message>
     <message>
         <source>Peak of the master, right</source>
-        <translation>Spitze der Summe, rechts</translation>
+        <translation>Spitzenpegel der Summe, rechts</translation>
     </message>
 </context>
 <context>
@@ -2360,11 +2360,11 @@ Tab und Pfeiltasten: dasselbe mit der Tastatur</translation>
     <name>DesktopEqualizer</name>
     <message>
         <source>The desktop equalizer has no sound because PipeWire is not running. Start it with &quot;systemctl --user start pipewire wireplumber&quot;; the equalizer then plays by itself.</source>
-        <translation>Der Desktop-Equalizer hat keinen Ton, weil PipeWire nicht läuft. Mit &quot;systemctl --user start pipewire wireplumber&quot; starten; dann spielt der Equalizer von selbst.</translation>
+        <translation>Der Desktop-Equalizer hat keinen Ton, weil PipeWire nicht läuft. Mit „systemctl --user start pipewire wireplumber“ starten; dann spielt der Equalizer von selbst.</translation>
     </message>
     <message>
         <source>The desktop equalizer has no sound because PipeWire runs without a session manager. Start one with &quot;systemctl --user start wireplumber&quot;; the equalizer then plays by itself.</source>
-        <translation>Der Desktop-Equalizer hat keinen Ton, weil PipeWire ohne Sitzungsverwaltung läuft. Mit &quot;systemctl --user start wireplumber&quot; eine starten; dann spielt der Equalizer von selbst.</translation>
+        <translation>Der Desktop-Equalizer hat keinen Ton, weil PipeWire ohne Sitzungsverwaltung läuft. Mit „systemctl --user start wireplumber“ eine starten; dann spielt der Equalizer von selbst.</translation>
     </message>
 </context>
 <context>
@@ -2511,6 +2511,13 @@ Tab und Pfeiltasten: dasselbe mit der Tastatur</translation>
     <message>
         <source>%1 samples</source>
         <translation>%1 Samples</translation>
+    </message>
+</context>
+<context>
+    <name>ToolBarExtension</name>
+    <message>
+        <source>More</source>
+        <translation>Mehr</translation>
     </message>
 </context>
 <context>

@@ -26,7 +26,7 @@
     </message>
     <message>
         <source>The session&apos;s sound file %1 is not there any more.</source>
-        <translation>セッションの音声ファイル %1 が見つかりません。</translation>
+        <translation>セッションのオーディオファイル %1 が見つかりません。</translation>
     </message>
     <message>
         <source>The desktop equalizer is already running.</source>
@@ -44,8 +44,8 @@
         <translation> %</translation>
     </message>
     <message>
-        <source>Zoom</source>
-        <translation>表示倍率</translation>
+        <source>UI zoom</source>
+        <translation>画面ズーム</translation>
     </message>
     <message>
         <source>Stereo</source>
@@ -93,23 +93,19 @@
     </message>
     <message>
         <source>Dials</source>
-        <translation>ダイヤル</translation>
+        <translation>ノブ</translation>
     </message>
     <message>
         <source>Sliders</source>
         <translation>スライダー</translation>
     </message>
     <message>
-        <source>More</source>
-        <translation>その他</translation>
-    </message>
-    <message>
         <source>The curve is drawn for the rate that the sound device runs at. It can be chosen while nothing plays.</source>
-        <translation>特性曲線は、動作中のオーディオデバイスのサンプリング周波数で描かれます。再生していないときに選択できます。</translation>
+        <translation>カーブは、動作中のオーディオデバイスのサンプリング周波数で描かれます。再生していないときに選択できます。</translation>
     </message>
     <message>
         <source>The rate that the curve is drawn for</source>
-        <translation>特性曲線を描くサンプリング周波数</translation>
+        <translation>カーブを描くサンプリング周波数</translation>
     </message>
 </context>
 <context>
@@ -228,7 +224,7 @@
     </message>
     <message>
         <source>No audio</source>
-        <translation>音声なし</translation>
+        <translation>オーディオなし</translation>
     </message>
     <message>
         <source>S&amp;witch between A and B</source>
@@ -239,8 +235,12 @@
         <translation>パラメーター</translation>
     </message>
     <message>
-        <source>&amp;Graph Range</source>
-        <translation>グラフの範囲(&amp;G)</translation>
+        <source>&amp;UI Zoom</source>
+        <translation>画面のズーム(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Graph Zoom</source>
+        <translation>カーブのズーム(&amp;G)</translation>
     </message>
     <message>
         <source>&amp;Help</source>
@@ -252,7 +252,7 @@
     </message>
     <message>
         <source>&amp;Open Audio...</source>
-        <translation>音声ファイルを開く(&amp;O)...</translation>
+        <translation>オーディオファイルを開く(&amp;O)...</translation>
     </message>
     <message>
         <source>Desktop Equalizer</source>
@@ -354,7 +354,7 @@
     </message>
     <message>
         <source>Sound files (*.wav *.flac *.ogg)</source>
-        <translation>音声ファイル (*.wav *.flac *.ogg)</translation>
+        <translation>オーディオファイル (*.wav *.flac *.ogg)</translation>
     </message>
 </context>
 <context>
@@ -477,7 +477,7 @@
     </message>
     <message>
         <source>Mono/stereo</source>
-        <translation>モノ/ステレオ</translation>
+        <translation>モノラル/ステレオ</translation>
     </message>
     <message>
         <source>Mute</source>
@@ -567,7 +567,7 @@
     </message>
     <message>
         <source>FLAT</source>
-        <translation>平坦</translation>
+        <translation>FLAT</translation>
     </message>
     <message>
         <source>G</source>
@@ -579,7 +579,7 @@
     </message>
     <message>
         <source>INPUT</source>
-        <translation>入力</translation>
+        <translation>INPUT</translation>
     </message>
     <message>
         <source>OUT</source>
@@ -587,11 +587,11 @@
     </message>
     <message>
         <source>OUTPUT</source>
-        <translation>出力</translation>
+        <translation>OUTPUT</translation>
     </message>
     <message>
         <source>PEAK</source>
-        <translation>ピーク</translation>
+        <translation>PEAK</translation>
     </message>
     <message>
         <source>Q</source>
@@ -599,7 +599,7 @@
     </message>
     <message>
         <source>ZOOM</source>
-        <translation>ズーム</translation>
+        <translation>ZOOM</translation>
     </message>
     <message>
         <source>Low type</source>
@@ -715,11 +715,11 @@
     </message>
     <message>
         <source>Zoom the curve in</source>
-        <translation>カーブを拡大</translation>
+        <translation>カーブのズーム: 拡大</translation>
     </message>
     <message>
         <source>Zoom the curve out</source>
-        <translation>カーブを縮小</translation>
+        <translation>カーブのズーム: 縮小</translation>
     </message>
     <message>
         <source>Spectrum</source>
@@ -885,7 +885,7 @@
     </message>
     <message>
         <source>Makes room between 200 and 500 Hz</source>
-        <translation>200~500 Hz をすっきりさせる</translation>
+        <translation>200〜500 Hz をすっきりさせる</translation>
     </message>
     <message>
         <source>Opens the top</source>
@@ -979,11 +979,11 @@
     <name>MixerStrip</name>
     <message>
         <source>%1 mono</source>
-        <translation>%1 をモノ</translation>
+        <translation>%1 をモノラルに</translation>
     </message>
     <message>
         <source>%1 stereo</source>
-        <translation>%1 をステレオ</translation>
+        <translation>%1 をステレオに</translation>
     </message>
     <message>
         <source>A double click renames the channel</source>
@@ -1027,7 +1027,7 @@
     </message>
     <message>
         <source>Mono or stereo of %1</source>
-        <translation>%1 のモノ/ステレオ</translation>
+        <translation>%1 のモノラル/ステレオ</translation>
     </message>
     <message>
         <source>Mute of %1</source>
@@ -1180,11 +1180,11 @@
     </message>
     <message>
         <source>Drawn</source>
-        <translation>描かれた特性</translation>
+        <translation>描画したカーブ</translation>
     </message>
     <message>
         <source>Measured</source>
-        <translation>測定した特性</translation>
+        <translation>測定したカーブ</translation>
     </message>
 </context>
 <context>
@@ -1289,11 +1289,11 @@
     <name>TransportBar</name>
     <message>
         <source>Audio error</source>
-        <translation>音声エラー</translation>
+        <translation>オーディオエラー</translation>
     </message>
     <message>
         <source>No audio</source>
-        <translation>音声なし</translation>
+        <translation>オーディオなし</translation>
     </message>
     <message>
         <source>No device</source>
@@ -1305,7 +1305,7 @@
     </message>
     <message>
         <source>Open sound file</source>
-        <translation>音声ファイルを開く</translation>
+        <translation>オーディオファイルを開く</translation>
     </message>
     <message>
         <source>Output device</source>
@@ -1371,54 +1371,54 @@
     <name>AudioReader</name>
     <message>
         <source>The sound file %1 cannot be read: it is a folder.</source>
-        <translation>音声ファイル %1 を読み込めません。フォルダーです。</translation>
+        <translation>オーディオファイル %1 を読み込めません。フォルダーです。</translation>
     </message>
     <message>
         <source>The sound file %1 cannot be read: it is not a regular file.</source>
-        <translation>音声ファイル %1 を読み込めません。通常のファイルではありません。</translation>
+        <translation>オーディオファイル %1 を読み込めません。通常のファイルではありません。</translation>
     </message>
     <message>
         <source>The sound file %1 cannot be read: it is longer than its header can state.</source>
-        <translation>音声ファイル %1 を読み込めません。ヘッダーで表せる長さを超えています。</translation>
+        <translation>オーディオファイル %1 を読み込めません。ヘッダーで表せる長さを超えています。</translation>
     </message>
     <message>
         <source>The sound file %1 cannot be read. It is cut short: its header promises %2 bytes of samples, but it holds %3.</source>
-        <translation>音声ファイル %1 を読み込めません。途中で切れています。ヘッダーではサンプルが %2 バイトですが、実際は %3 バイトです。</translation>
+        <translation>オーディオファイル %1 を読み込めません。途中で切れています。ヘッダーではサンプルが %2 バイトですが、実際は %3 バイトです。</translation>
     </message>
     <message>
         <source>The file %1 is not a sound file that can be read.</source>
-        <translation>ファイル %1 は、読み込める音声ファイルではありません。</translation>
+        <translation>ファイル %1 は、読み込めるオーディオファイルではありません。</translation>
     </message>
     <message>
         <source>The sound file %1 cannot be read. It is cut short: its last page is missing.</source>
-        <translation>音声ファイル %1 を読み込めません。途中で切れていて、最後のページがありません。</translation>
+        <translation>オーディオファイル %1 を読み込めません。途中で切れていて、最後のページがありません。</translation>
     </message>
     <message>
         <source>The sound file %1 cannot be read. It is cut short: it ends after %2 of %3 frames.</source>
-        <translation>音声ファイル %1 を読み込めません。途中で切れています。%3 フレームのうち %2 フレームしかありません。</translation>
+        <translation>オーディオファイル %1 を読み込めません。途中で切れています。%3 フレームのうち %2 フレームしかありません。</translation>
     </message>
     <message>
         <source>The sound file %1 cannot be read: it is damaged.</source>
-        <translation>音声ファイル %1 を読み込めません。壊れています。</translation>
+        <translation>オーディオファイル %1 を読み込めません。壊れています。</translation>
     </message>
     <message>
         <source>The sound file %1 cannot be read: %2.</source>
-        <translation>音声ファイル %1 を読み込めません: %2。</translation>
+        <translation>オーディオファイル %1 を読み込めません: %2。</translation>
     </message>
     <message>
         <source>The sound file %1 cannot be read: it holds several streams one after the other.</source>
-        <translation>音声ファイル %1 を読み込めません。複数のストリームが連続して入っています。</translation>
+        <translation>オーディオファイル %1 を読み込めません。複数のストリームが連続して入っています。</translation>
     </message>
     <message>
         <source>The sound file %1 cannot be read: it is damaged at byte %2.</source>
-        <translation>音声ファイル %1 を読み込めません。%2 バイト目で壊れています。</translation>
+        <translation>オーディオファイル %1 を読み込めません。%2 バイト目で壊れています。</translation>
     </message>
 </context>
 <context>
     <name>AudioRenderer</name>
     <message>
         <source>The sound file %1 cannot be written: it is also the input file.</source>
-        <translation>音声ファイル %1 に書き込めません。入力ファイルと同じファイルです。</translation>
+        <translation>オーディオファイル %1 に書き込めません。入力ファイルと同じファイルです。</translation>
     </message>
     <message>
         <source>Wrote %1: %2 seconds, %3 Hz, channels: %4.</source>
@@ -1429,7 +1429,7 @@
     <name>AudioSession</name>
     <message>
         <source>There is no sound file to play.</source>
-        <translation>再生する音声ファイルがありません。</translation>
+        <translation>再生するオーディオファイルがありません。</translation>
     </message>
     <message>
         <source>The sound device %1 is not responding.</source>
@@ -1440,23 +1440,23 @@
     <name>AudioWriter</name>
     <message>
         <source>The sound file %1 cannot be written: it is a folder.</source>
-        <translation>音声ファイル %1 に書き込めません。フォルダーです。</translation>
+        <translation>オーディオファイル %1 に書き込めません。フォルダーです。</translation>
     </message>
     <message>
         <source>The sound file %1 cannot be written: it is not a regular file.</source>
-        <translation>音声ファイル %1 に書き込めません。通常のファイルではありません。</translation>
+        <translation>オーディオファイル %1 に書き込めません。通常のファイルではありません。</translation>
     </message>
     <message>
         <source>The sound file %1 cannot be written: %2.</source>
-        <translation>音声ファイル %1 に書き込めません: %2。</translation>
+        <translation>オーディオファイル %1 に書き込めません: %2。</translation>
     </message>
     <message>
         <source>The sound file %1 cannot be written: its encoder failed.</source>
-        <translation>音声ファイル %1 に書き込めません。エンコーダーでエラーが発生しました。</translation>
+        <translation>オーディオファイル %1 に書き込めません。エンコーダーでエラーが発生しました。</translation>
     </message>
     <message>
         <source>The sound file %1 cannot be written: its format does not take %2 channels at %3 Hz.</source>
-        <translation>音声ファイル %1 に書き込めません。この形式は %3 Hz の %2 チャンネルに対応していません。</translation>
+        <translation>オーディオファイル %1 に書き込めません。この形式は %3 Hz の %2 チャンネルに対応していません。</translation>
     </message>
 </context>
 <context>
@@ -1513,7 +1513,7 @@
     </message>
     <message>
         <source>zoom, 0.5 to 4 (default: 1)</source>
-        <translation>表示倍率、0.5 から 4 (既定値: 1)</translation>
+        <translation>画面のズーム、0.5 から 4 (既定値: 1)</translation>
     </message>
     <message>
         <source>sampling rate of the curve, 1000 to 768000 (default: 48000)</source>
@@ -1637,7 +1637,7 @@
     </message>
     <message>
         <source>One file too many: &quot;%1&quot;. One sound file can be played, and --render takes two.</source>
-        <translation>ファイルが 1 つ多すぎます: 「%1」。再生できる音声ファイルは 1 つで、--render には 2 つ必要です。</translation>
+        <translation>ファイルが 1 つ多すぎます: 「%1」。再生できるオーディオファイルは 1 つで、--render には 2 つ必要です。</translation>
     </message>
     <message>
         <source>The file %1 exists and is left as it is. Choose another name, or use --overwrite to replace it.</source>
@@ -1982,7 +1982,7 @@ A mixer with 8 channels that opens the channel equalizer&apos;s editor.
     </message>
     <message>
         <source>&amp;Open Audio...</source>
-        <translation>音声ファイルを開く(&amp;O)...</translation>
+        <translation>オーディオファイルを開く(&amp;O)...</translation>
     </message>
     <message>
         <source>&amp;Save Session As...</source>
@@ -1998,7 +1998,7 @@ A mixer with 8 channels that opens the channel equalizer&apos;s editor.
     </message>
     <message>
         <source>Open Audio</source>
-        <translation>音声ファイルを開く</translation>
+        <translation>オーディオファイルを開く</translation>
     </message>
     <message>
         <source>Open S&amp;ession...</source>
@@ -2022,7 +2022,7 @@ A mixer with 8 channels that opens the channel equalizer&apos;s editor.
     </message>
     <message>
         <source>Sound files (*.wav *.flac *.ogg *.aif *.aiff *.mp3);;All files (*)</source>
-        <translation>音声ファイル (*.wav *.flac *.ogg *.aif *.aiff *.mp3);;すべてのファイル (*)</translation>
+        <translation>オーディオファイル (*.wav *.flac *.ogg *.aif *.aiff *.mp3);;すべてのファイル (*)</translation>
     </message>
 </context>
 <context>
@@ -2047,12 +2047,8 @@ A mixer with 8 channels that opens the channel equalizer&apos;s editor.
         <translation>キーとマウス(&amp;K)</translation>
     </message>
     <message>
-        <source>A and B above the equalizer are two settings (Ctrl+B switches). The EQ key of the strip switches the equalizer off and on. Bypass plays past it at equal loudness; Listen, while held, plays only what one band changes.</source>
-        <translation>イコライザーの上の A と B は 2 組の設定です (Ctrl+B で切り替え)。ストリップの EQ キーでイコライザーをオフ、オンします。「バイパス」は同じ音量でイコライザーを通さずに、「試聴」は押している間 1 つのバンドによる変化だけを再生します。</translation>
-    </message>
-    <message>
         <source>A channel equalizer whose curve is what is heard, and a mixer to hear it with.</source>
-        <translation>特性曲線どおりに聞こえるチャンネルイコライザーと、それを聴くためのミキサー。</translation>
+        <translation>カーブどおりに聞こえるチャンネルイコライザーと、それを聴くためのミキサー。</translation>
     </message>
     <message>
         <source>Compare</source>
@@ -2084,11 +2080,11 @@ A mixer with 8 channels that opens the channel equalizer&apos;s editor.
     </message>
     <message>
         <source>Curve: drag a handle</source>
-        <translation>曲線: ハンドルをドラッグ</translation>
+        <translation>カーブ: ハンドルをドラッグ</translation>
     </message>
     <message>
         <source>File &gt; Open Audio, or drop the file on the window. The marked strip plays it; Space plays and stops.</source>
-        <translation>「ファイル &gt; 音声ファイルを開く」を選ぶか、ファイルをウィンドウにドロップします。選択中のストリップが再生し、スペースキーで再生と停止を切り替えます。</translation>
+        <translation>「ファイル &gt; オーディオファイルを開く」を選ぶか、ファイルをウィンドウにドロップします。選択中のストリップが再生し、スペースキーで再生と停止を切り替えます。</translation>
     </message>
     <message>
         <source>File &gt; Render To File sends the whole song through the equalizer of the marked strip into a new file.</source>
@@ -2124,7 +2120,7 @@ A mixer with 8 channels that opens the channel equalizer&apos;s editor.
     </message>
     <message>
         <source>Space</source>
-        <translation>スペース</translation>
+        <translation>スペースキー</translation>
     </message>
     <message>
         <source>Tab</source>
@@ -2132,7 +2128,7 @@ A mixer with 8 channels that opens the channel equalizer&apos;s editor.
     </message>
     <message>
         <source>The Edit key of a strip opens its equalizer. Drag the coloured handles in the curve, or turn the knobs: up is more. Presets has good places to begin.</source>
-        <translation>ストリップの「編集」キーでイコライザーが開きます。曲線の色付きハンドルをドラッグするか、ノブを回します (上へ動かすと大きくなります)。「プリセット」には出発点になる設定があります。</translation>
+        <translation>ストリップの「編集」キーでイコライザーが開きます。カーブの色付きハンドルをドラッグするか、ノブを回します (上へ動かすと大きくなります)。「プリセット」には出発点になる設定があります。</translation>
     </message>
     <message>
         <source>The session is saved by itself. File &gt; Save Session As keeps it under a name, Presets &gt; Save as Preset keeps the settings of one equalizer.</source>
@@ -2144,7 +2140,7 @@ A mixer with 8 channels that opens the channel equalizer&apos;s editor.
     </message>
     <message>
         <source>back to its default</source>
-        <translation>既定値に戻す</translation>
+        <translation>初期値に戻す</translation>
     </message>
     <message>
         <source>frequency and gain; with Alt frequency alone, with Ctrl gain alone, with Shift the width of a middle band</source>
@@ -2189,6 +2185,10 @@ A mixer with 8 channels that opens the channel equalizer&apos;s editor.
     <message>
         <source>open a song; in the mixer: render it to a file</source>
         <translation>曲を開く。ミキサーで: ファイルに書き出す</translation>
+    </message>
+    <message>
+        <source>A and B above the equalizer are two settings (Ctrl+B switches). The EQ key of the strip switches the equalizer off and on. Bypass plays past it at equal loudness; Listen, while held, plays only what one band changes.</source>
+        <translation>イコライザーの上の A と B は 2 組の設定です (Ctrl+B で切り替え)。ストリップの EQ キーでイコライザーをオフ、オンします。「バイパス」は同じ音量でイコライザーを通さずに、「試聴」は押している間 1 つのバンドによる変化だけを再生します。</translation>
     </message>
     <message>
         <source>Ctrl+Shift+B, L</source>
@@ -2280,7 +2280,7 @@ A mixer with 8 channels that opens the channel equalizer&apos;s editor.
     </message>
     <message>
         <source>Plays both sides as one</source>
-        <translation>左右をまとめて再生</translation>
+        <translation>左右を 1 つにまとめて再生</translation>
     </message>
     <message>
         <source>Fader of the master</source>
@@ -2414,11 +2414,11 @@ Tab と矢印キー: キーボードで同じ操作</translation>
     </message>
     <message>
         <source>1 octave</source>
-        <translation>1オクターブ</translation>
+        <translation>1 オクターブ</translation>
     </message>
     <message>
         <source>1/%1 octave</source>
-        <translation>1/%1オクターブ</translation>
+        <translation>1/%1 オクターブ</translation>
     </message>
     <message>
         <source>No tilt</source>
@@ -2510,7 +2510,14 @@ Tab と矢印キー: キーボードで同じ操作</translation>
     </message>
     <message>
         <source>%1 samples</source>
-        <translation>%1サンプル</translation>
+        <translation>%1 サンプル</translation>
+    </message>
+</context>
+<context>
+    <name>ToolBarExtension</name>
+    <message>
+        <source>More</source>
+        <translation>その他</translation>
     </message>
 </context>
 <context>

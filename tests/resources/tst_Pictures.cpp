@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QImage>
 #include <QPainter>
+#include <QRegion>
 #include <QRegularExpression>
 #include <QSet>
 #include <QSvgRenderer>
@@ -15,6 +16,7 @@
 #include <cmath>
 #include <iterator>
 #include <span>
+#include <vector>
 
 int qInitResources_Zolta();
 int qCleanupResources_Zolta();
@@ -125,14 +127,6 @@ double meanBrightness(const QImage& image)
     return sum / (image.width() * image.height());
 }
 
-int largestDifference(const QImage& a, const QImage& b)
-{
-    int largest = 0;
-    for (std::size_t i = 0; i < pixelsOf(a).size(); ++i)
-        largest = std::max(largest, std::abs(qAlpha(pixelsOf(a)[i]) - qAlpha(pixelsOf(b)[i])));
-    return largest;
-}
-
 /// The height, in units of the picture, at which its brightest row lies.
 double brightestRow(const QImage& image)
 {
@@ -146,6 +140,43 @@ double brightestRow(const QImage& image)
         }
     }
     return (row + 0.5) / Scale;
+}
+
+/// How many columns of pixels lie between the first and the last one that is drawn on.
+int inkedColumns(const QImage& image)
+{
+    int first = image.width();
+    int last = -1;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (qAlpha(image.pixel(x, y)) == 0)
+                continue;
+            first = std::min(first, x);
+            last = std::max(last, x);
+        }
+    }
+    return std::max(0, last - first + 1);
+}
+
+/// How far down a drawn curve runs, 0 at its top and 1 at its bottom, pixel by pixel.
+std::vector<double> curveIn(const QImage& image)
+{
+    std::vector<double> rows;
+    for (int x = 0; x < image.width(); ++x) {
+        double sum = 0.0;
+        double moment = 0.0;
+        for (int y = 0; y < image.height(); ++y) {
+            const double ink = std::max(0.0, brightness(image.pixelColor(x, y)) - 60.0);
+            sum += ink;
+            moment += ink * y;
+        }
+        if (sum > 0.0)
+            rows.push_back(moment / sum);
+    }
+    const auto [top, bottom] = std::ranges::minmax(rows);
+    std::ranges::transform(rows, rows.begin(),
+                           [&](double row) { return (row - top) / (bottom - top); });
+    return rows;
 }
 
 void addPictures()
@@ -208,7 +239,9 @@ private Q_SLOTS:
     void lampShowsItsState();
     void meterLightsItsCount_data();
     void meterLightsItsCount();
-    void highIconMirrorsTheLowOne();
+    void typeCurveLooksLikeItsType_data();
+    void typeCurveLooksLikeItsType();
+    void typeCurveHasItsSlopeBelow();
     void logosAreWhite();
 };
 
@@ -544,12 +577,64 @@ void tst_Pictures::meterLightsItsCount()
     }
 }
 
-void tst_Pictures::highIconMirrorsTheLowOne()
+void tst_Pictures::typeCurveLooksLikeItsType_data()
+{
+    addColumns<QPoint, double, double, bool>("place", "start", "end", "steep");
+    const QPoint places[] = {{0, 261}, {15, 253}, {37, 253}, {52, 261}};
+    for (const bool high : {false, true}) {
+        for (int type = 0; type < 4; ++type) {
+            const bool shelf = type >= 2;
+            const bool rises = shelf == high;
+            QTest::addRow("%s type %d", high ? "high" : "low", type)
+                << places[type] + QPoint(high ? 730 : 275, 0) << (rises ? 1.0 : 0.0)
+                << (rises ? 0.0 : 1.0) << (type == 0 || type == 3);
+        }
+    }
+}
+
+// A pass filter falls to the ground, a shelf has a floor at either end.
+void tst_Pictures::typeCurveLooksLikeItsType()
+{
+    QFETCH(QPoint, place);
+    QFETCH(double, start);
+    QFETCH(double, end);
+    QFETCH(bool, steep);
+    const QImage image =
+        render(QStringLiteral("back_zolta")).copy(QRect(place * Scale, QSize(13, 8) * Scale));
+    const std::vector<double> heights = curveIn(image);
+    QCOMPARE_GT(heights.size(), std::size_t(10 * Scale));
+    QCOMPARE_LT(std::abs(heights.front() - start), 0.12);
+    QCOMPARE_LT(std::abs(heights.back() - end), 0.12);
+    const double slope = static_cast<double>(std::ranges::count_if(
+                             heights, [](double h) { return h > 0.15 && h < 0.85; })) /
+                         Scale;
+    QVERIFY2(steep ? slope < 3.5 : slope > 4.0, QByteArray::number(slope));
+    const bool shelf = place.x() % 455 > 300;
+    const auto level = [](double from, double to) { return std::abs(from - to) < 0.1; };
+    QCOMPARE(level(heights.front(), heights[Scale * 2]) &&
+                 level(heights.back(), heights[heights.size() - 1 - Scale * 2]),
+             shelf);
+}
+
+// 12 or 6 dB an octave, the same numbers for both columns.
+void tst_Pictures::typeCurveHasItsSlopeBelow()
 {
     const QImage low = render(QStringLiteral("icon_Q_Low"));
-    const QImage high = render(QStringLiteral("icon_Q_High"));
-    QVERIFY(largestDifference(low.mirrored(true, false), high) <= 16);
-    QVERIFY(largestDifference(low, high) > 128);
+    QCOMPARE(low, render(QStringLiteral("icon_Q_High")));
+    const struct
+    {
+        QRect place;
+        int width;
+    } numbers[] = {
+        {{0, 11, 12, 7}, 8}, {{16, 4, 12, 8}, 4}, {{38, 4, 12, 8}, 4}, {{54, 11, 12, 7}, 8}};
+    QRegion places;
+    for (const auto& [place, width] : numbers) {
+        places += place;
+        const QRect scaled(place.topLeft() * Scale, place.size() * Scale);
+        QCOMPARE_LT(std::abs(inkedColumns(low.copy(scaled)) - width * Scale), Scale);
+    }
+    for (const QRect& other : QRegion(0, 0, 66, 18) - places)
+        QCOMPARE(inkedColumns(low.copy(QRect(other.topLeft() * Scale, other.size() * Scale))), 0);
 }
 
 void tst_Pictures::logosAreWhite()

@@ -312,7 +312,7 @@ void tst_zolta_host::refusesArguments()
     QCOMPARE(result.output, QString());
     QCOMPARE(result.errors, u"zolta-host: Unknown option 'loud'.\n"_s);
     QCOMPARE(runWithPlugin("more again --language de").errors,
-             u"zolta-host: Eine Datei zu viel: \"again\". Abspielen lässt sich eine "
+             u"zolta-host: Eine Datei zu viel: „again“. Abspielen lässt sich eine "
              "Audiodatei, und --render nimmt zwei.\n"_s);
 }
 

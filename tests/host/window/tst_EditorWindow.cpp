@@ -19,6 +19,7 @@
 #include <QDockWidget>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSpinBox>
@@ -51,7 +52,11 @@ private Q_SLOTS:
     void measuredResponseTakesBackWhatItAdded();
     void analyzerTakesThePlaceOfTheMeasuredResponse();
     void analyzerStandsBelowTheEditorsPlot();
-    void zoomGrowsTheWindowAndShrinksItBack();
+    void windowFollowsTheZoom();
+    void panelsYieldToTheZoom();
+    void menuTellsTheTwoZoomsApart();
+    void valuesAreEditedByTheirKind();
+    void rowsFollowTheFont();
     void parametersAreSwitched();
     void editorIsSeenWholeWithoutParameters();
     void parametersCanBeNarrow();
@@ -379,27 +384,109 @@ void tst_EditorWindow::analyzerStandsBelowTheEditorsPlot()
     }
 }
 
-void tst_EditorWindow::zoomGrowsTheWindowAndShrinksItBack()
+void tst_EditorWindow::windowFollowsTheZoom()
 {
     EditorWindow* window = openWindow();
     const auto* area = window->findChild<QScrollArea*>();
-    const QSize before(430, 380);
-    window->resize(before);
-    window->setScale(1.5);
-    QCOMPARE(area->maximumViewportSize().width(), 600);
-    QVERIFY(area->maximumViewportSize().height() >= 360);
-    QTRY_COMPARE(area->horizontalScrollBar()->maximum(), 0);
+    const QSize before = window->size();
+    for (const double scale : {1.5, 1.0, 0.5, 1.25, 1.0}) {
+        window->setScale(scale);
+        QCOMPARE(area->maximumViewportSize().height(), qRound(240 * scale));
+        QCOMPARE(area->maximumViewportSize().width(),
+                 std::max(qRound(400 * scale), window->minimumSizeHint().width()));
+        QTRY_COMPARE(area->horizontalScrollBar()->maximum(), 0);
+        QCOMPARE(area->verticalScrollBar()->maximum(), 0);
+    }
+    QCOMPARE(window->size(), before);
     window->setScale(4.0);
     QCOMPARE(window->size(), roomOf(window));
     QCOMPARE(window->pos(), window->screen()->availableGeometry().topLeft());
     window->setScale(1.0);
     QCOMPARE(window->size(), before);
-    window->setScale(0.5);
-    QCOMPARE(window->size(), before);
     window->showMaximized();
     const QSize maximized = window->size();
     window->setScale(4.0);
     QCOMPARE(window->size(), maximized);
+}
+
+// Nothing of the editor is cut as long as a panel can be smaller, and where it scrolls downwards
+// the bar does not lie on it.
+void tst_EditorWindow::panelsYieldToTheZoom()
+{
+    EditorWindow* window = openWindow();
+    const auto* area = window->findChild<QScrollArea*>();
+    const auto* table = window->findChild<QTableView*>();
+    window->setScale(0.5);
+    trigger(window, "Parameters");
+    QVERIFY(table->width() > 400);
+    window->setScale(1.25);
+    QCOMPARE(area->maximumViewportSize().width(), 500);
+    QCOMPARE_LT(table->width(), 300);
+    trigger(window, "Parameters");
+    window->findChild<ResponseView*>()->setMinimumHeight(300);
+    window->setMeasured(true);
+    window->setScale(1.75); // 420 high, with the response and the bars more than the screen
+    QTRY_COMPARE_GT(area->verticalScrollBar()->maximum(), 0);
+    QCOMPARE(area->horizontalScrollBar()->maximum(), 0);
+}
+
+void tst_EditorWindow::menuTellsTheTwoZoomsApart()
+{
+    const EditorWindow* window = openWindow();
+    const QAction* in = actionOf(window, u"Zoom In"_s);
+    QCOMPARE(actionOf(window, u"UI Zoom"_s)->menu(), in->parent());
+    QVERIFY(actionOf(window, u"Graph Zoom"_s)
+                ->menu()
+                ->actions()
+                .contains(actionOf(window, u"\u00b140 dB"_s)));
+}
+
+// Numbers in a field that is aligned as they are, choices from a list, switches by a box.
+void tst_EditorWindow::valuesAreEditedByTheirKind()
+{
+    EditorWindow* window = openWithParameters();
+    auto* table = window->findChild<QTableView*>();
+    const auto cell = [table](int row) {
+        return table->model()->index(row, ParameterListModel::ValueColumn);
+    };
+    const auto edit = [&](int row) {
+        table->setCurrentIndex(cell(row));
+        QTest::keyClick(table, Qt::Key_F2);
+    };
+    edit(1);
+    const auto* field = table->viewport()->findChild<QLineEdit*>();
+    QVERIFY(field && field->alignment().testFlag(Qt::AlignRight));
+    QCOMPARE(field->accessibleName(), u"Low frequency"_s);
+    edit(0);
+    auto* list = table->viewport()->findChild<QComboBox*>();
+    QVERIFY(list);
+    QCOMPARE(list->currentText(), u"Shelf 12"_s);
+    QTRY_VERIFY(list->view()->isVisible());
+    QTest::keyClick(list->view(), Qt::Key_Home);
+    QTest::keyClick(list->view(), Qt::Key_Return);
+    QTRY_COMPARE(m_mixer.memory.values(0)[0], 0);
+    QTRY_VERIFY(!table->viewport()->findChild<QComboBox*>());
+    table->setFocus();
+    edit(3);
+    QVERIFY(!table->viewport()->findChild<QLineEdit*>());
+    QCOMPARE(cell(3).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
+    QTest::keyClick(table, Qt::Key_Space);
+    QCOMPARE(m_mixer.memory.values(0)[3], 0);
+    QTest::keyClick(table, Qt::Key_Space);
+    QCOMPARE(m_mixer.memory.values(0)[3], 1);
+}
+
+void tst_EditorWindow::rowsFollowTheFont()
+{
+    EditorWindow* window = openWithParameters();
+    auto* table = window->findChild<QTableView*>();
+    for (const int pixels : {10, 14, 30}) {
+        QFont font = table->font();
+        font.setPixelSize(pixels);
+        table->setFont(font);
+        QCOMPARE_GE(table->rowHeight(0), table->fontMetrics().height());
+        QCOMPARE_LE(table->rowHeight(26), table->fontMetrics().height() + 6);
+    }
 }
 
 void tst_EditorWindow::parametersAreSwitched()
@@ -633,7 +720,7 @@ void tst_EditorWindow::switchingTheLanguageChangesNoSetting()
     speak(Language::German);
     QCOMPARE(calls(window), QStringList());
     QVERIFY(!window->settings().stereo);
-    QCOMPARE(choice(window, u"Geradlinig"_s)->currentIndex(), 2);
+    QCOMPARE(choice(window, u"Linear"_s)->currentIndex(), 2);
 }
 
 ZOLTA_TEST_MAIN(tst_EditorWindow)

@@ -4,8 +4,6 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QFontDatabase>
-#include <QFontMetricsF>
 #include <QMessageBox>
 #include <QWidget>
 
@@ -23,7 +21,7 @@ private Q_SLOTS:
     void standardButtonsFollow();
     void widgetsAreTold();
     void theSameLanguageAgainTellsNobody();
-    void editorTextsFitTheirLabels();
+    void panelStaysAsOnTheHardware();
 
 private:
     static QString editorText(const QString& source);
@@ -75,8 +73,7 @@ void tst_Language::switchesBackAndForth_data()
         QTest::newRow(source) << QByteArray(context) << QByteArray(source)
                               << QString::fromUtf8(german) << QString::fromUtf8(japanese);
     };
-    row("ZoltaEditor", "OUTPUT", "AUSGANG", "出力");
-    row("ZoltaEditor", "PEAK", "MAX", "ピーク");
+    row("ZoltaEditor", "Output level", "Ausgangspegel", "出力レベル");
     row("MixerWindow", "Mixer", "Mischpult", "ミキサー");
     row("Parameter", "High gain", "Höhen: Gain", "ハイ ゲイン");
 }
@@ -149,34 +146,14 @@ void tst_Language::theSameLanguageAgainTellsNobody()
     m_switch.choose(Language::English);
 }
 
-// The labels of the editor were laid out for the English texts. What stays as on the hardware has
-// the place that it has in English.
-void tst_Language::editorTextsFitTheirLabels()
+// What is engraved on the hardware and painted on the panel reads the same everywhere.
+void tst_Language::panelStaysAsOnTheHardware()
 {
-    struct Label
-    {
-        const char* text;
-        int width;  // pixels
-        int points; // font size
-    };
-    constexpr Label labels[] = {{"ZOOM", 40, 9},  {"DRIVE", 40, 9},  {"CLEAN", 40, 9},
-                                {"INPUT", 76, 9}, {"OUTPUT", 76, 9}, {"PEAK", 34, 8},
-                                {"FLAT", 32, 9},  {"Q", 20, 13},     {"F", 20, 13},
-                                {"G", 20, 13},    {"IN", 40, 11},    {"OUT", 40, 11}};
-    for (const Label& label : labels) {
-        QFont font = QFontDatabase::font(u"M+ 1c"_s, u"Medium"_s, label.points);
-        font.setPixelSize(qRound(label.points * 1.34));
-        const QFontMetricsF metrics(font);
-        const QString text = QString::fromLatin1(label.text);
-        const double room = std::max<double>(label.width, metrics.horizontalAdvance(text));
-        for (const Language language : {Language::German, Language::Japanese}) {
-            m_switch.choose(language);
-            const QString translated = editorText(text);
-            QVERIFY(!translated.isEmpty());
-            for (const char32_t letter : translated.toStdU32String())
-                QVERIFY(metrics.inFontUcs4(letter));
-            QVERIFY2(metrics.horizontalAdvance(translated) <= room, qPrintable(translated));
-        }
+    for (const Language language : languages) {
+        m_switch.choose(language);
+        for (const char* text : {"ZOOM", "DRIVE", "CLEAN", "INPUT", "OUTPUT", "PEAK", "FLAT", "Q",
+                                 "F", "G", "IN", "OUT"})
+            QCOMPARE(editorText(QLatin1String(text)), QLatin1String(text));
     }
     m_switch.choose(Language::English);
 }

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/window/ToolBarExtension.h"
+
+#include "host/window/Retranslator.h"
+
+#include <QCoreApplication>
+#include <QToolBar>
+#include <QToolButton>
+
+void completeToolBar(QToolBar& bar, Retranslator& texts)
+{
+    for (QToolButton* button : bar.findChildren<QToolButton*>())
+        button->setFocusPolicy(Qt::TabFocus);
+    auto* key = bar.findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
+    if (!key)
+        return;
+    key->setText(QStringLiteral("\u00bb"));
+    key->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    texts.add([key] {
+        key->setToolTip(QCoreApplication::translate("ToolBarExtension", "More"));
+        key->setAccessibleName(key->toolTip());
+    });
+}

@@ -1,0 +1,9 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+class QToolBar;
+class Retranslator;
+
+/// Lets Tab reach the buttons that are on a tool bar, and gives the one for what has no room a sign
+/// that is seen on the bar's ground, and a name. \a texts must live no longer than the bar.
+void completeToolBar(QToolBar& bar, Retranslator& texts);
