@@ -69,9 +69,9 @@ void MixBus::reroute(std::size_t channel)
 
 void MixBus::playStrips(Inputs inputs, std::size_t first, std::size_t frames)
 {
+    m_auditions.takeWanted();
     if (const Strips* strips = m_strips.take())
         m_target = *strips;
-    m_auditions.takeWanted();
     std::array<float*, channelCount> blocks{};
     for (std::size_t i = 0; i < blocks.size(); ++i) {
         reroute(i);
