@@ -93,11 +93,11 @@
     </message>
     <message>
         <source>Dials</source>
-        <translation>Drehregler</translation>
+        <translation>Regler</translation>
     </message>
     <message>
         <source>Sliders</source>
-        <translation>Schieberegler</translation>
+        <translation>Fader</translation>
     </message>
     <message>
         <source>Settings %1</source>
