@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "gallery/GallerySection.h"
 
+#include "host/window/MixerStyle.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPainter>
 
 namespace {
 
@@ -37,6 +40,7 @@ GallerySection::GallerySection(const QString& title, QWidget* parent)
     m_rows->setContentsMargins(margin, margin * 3 / 4, margin, margin);
     m_rows->setSpacing(margin);
     m_rows->addWidget(m_title);
+    MixerStyle::followFocus(this);
 }
 
 QString GallerySection::title() const { return m_title->text(); }
@@ -66,9 +70,16 @@ void GallerySection::addStaged(QWidget* control, const QString& caption,
 void GallerySection::addFocused(QWidget* control)
 {
     addStaged(
-        control, QStringLiteral("focus: click"),
+        control, QStringLiteral("keyboard focus"),
         [control] { control->setFocus(Qt::OtherFocusReason); },
         [control] { control->clearFocus(); });
+}
+
+void GallerySection::paintEvent(QPaintEvent* event)
+{
+    QFrame::paintEvent(event);
+    QPainter painter(this);
+    MixerStyle::drawFocus(painter, *this);
 }
 
 QWidget* GallerySection::makeCell(QWidget* control, const QString& caption)
@@ -81,6 +92,8 @@ QWidget* GallerySection::makeCell(QWidget* control, const QString& caption)
     layout->addWidget(control, 0, Qt::AlignHCenter);
     layout->addWidget(captionLabel(caption, cell), 0, Qt::AlignHCenter);
     control->setFixedSize(control->size());
+    if (control->focusPolicy() == Qt::ClickFocus)
+        control->setFocusPolicy(Qt::StrongFocus);
     m_row->insertWidget(m_row->count() - 1, cell);
     m_controls.push_back(control);
     return cell;

@@ -42,6 +42,10 @@ public:
     /// Every control that was added.
     const std::vector<QWidget*>& controls() const { return m_controls; }
 
+protected:
+    /// With a line around what has the focus, which Tab moves.
+    void paintEvent(QPaintEvent* event) override;
+
 private:
     QWidget* makeCell(QWidget* control, const QString& caption);
 

@@ -3,6 +3,7 @@
 
 #include "gallery/GallerySection.h"
 #include "gallery/GallerySections.h"
+#include "host/window/MixerStyle.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -42,6 +43,10 @@ void paintStages(QPainter& painter, const GallerySection& section, const QWidget
         stage.enter();
         painter.fillRect(place, section.palette().window());
         paint(painter, *stage.cell, origin);
+        painter.save();
+        painter.translate(place.topLeft());
+        MixerStyle::drawFocus(painter, *stage.cell);
+        painter.restore();
         stage.leave();
     }
 }
@@ -94,6 +99,8 @@ void GallerySheet::settle()
         window()->show();
     }
     QApplication::setActiveWindow(window());
+    if (QWidget* focused = window()->focusWidget())
+        focused->clearFocus();
     QApplication::sendPostedEvents();
 }
 

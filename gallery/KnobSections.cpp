@@ -16,8 +16,8 @@ KnobController* turningKnob(double scale = 1.0)
 {
     auto* knob = new KnobController;
     knob->setKnobType(KnobController::RotateKnob);
-    knob->setKnobSvg(artwork("knob_F.svg"));
-    knob->setBackgroundSvg(artwork("knob_F_back.svg"));
+    knob->setKnobSvg(artwork("knob_G.svg"));
+    knob->setBackgroundSvg(artwork("knob_G_back.svg"));
     knob->setKnobDisableOpacity(disabledOpacity);
     return zoomed(knob, knobSize, scale);
 }

@@ -3,6 +3,7 @@
 
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QPointer>
 
 EditorStage::EditorStage(QWidget* parent)
     : QWidget(parent)
@@ -13,11 +14,13 @@ EditorStage::EditorStage(QWidget* parent)
 // With the focus on itself an editor begins at its first control, or goes back to its last one.
 void EditorStage::focusInEvent(QFocusEvent* event)
 {
-    auto* editor = findChild<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+    const QPointer<QWidget> editor = findChild<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
     if (!editor)
         return QWidget::focusInEvent(event);
     const bool back = event->reason() == Qt::BacktabFocusReason;
     editor->setFocus(event->reason());
+    if (!editor)
+        return;
     QKeyEvent key(QEvent::KeyPress, back ? Qt::Key_Backtab : Qt::Key_Tab,
                   back ? Qt::ShiftModifier : Qt::NoModifier);
     QCoreApplication::sendEvent(editor, &key);

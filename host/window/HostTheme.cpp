@@ -64,7 +64,7 @@ void applyHostSheet(QWidget* widget)
             "  border-radius: 3px; padding: 3px 10px; }"
             "QToolBar QToolButton:hover { background: %6; }"
             "QToolBar QToolButton:pressed { background: #0b4f6e; color: #ffffff; }"
-            "QToolBar QToolButton:disabled { color: #6b737b; }"
+            "QToolBar QToolButton:disabled { color: %9; }"
             "QToolBar QToolButton:checked { background: %5; color: #ffffff; }"
             "QToolBar QToolButton:focus { border-color: #0394d0; }"
             "QToolBar QToolButton#qt_toolbar_ext_button { padding: 0; }"
@@ -85,5 +85,5 @@ void applyHostSheet(QWidget* widget)
             .arg(HostGrounds::window.name(), HostGrounds::button.name(),
                  MixerStyle::dimLetters.name(), MixerStyle::letters.name(),
                  HostGrounds::chosen.name(), HostGrounds::hovered.name(), HostGrounds::base.name(),
-                 HostGrounds::stripe.name()));
+                 HostGrounds::stripe.name(), MixerStyle::disabledLetters.name()));
 }

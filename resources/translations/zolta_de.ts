@@ -93,11 +93,11 @@
     </message>
     <message>
         <source>Dials</source>
-        <translation>Drehregler</translation>
+        <translation>Regler</translation>
     </message>
     <message>
         <source>Sliders</source>
-        <translation>Schieberegler</translation>
+        <translation>Fader</translation>
     </message>
     <message>
         <source>The curve is drawn for the rate that the sound device runs at. It can be chosen while nothing plays.</source>

@@ -35,6 +35,8 @@ private Q_SLOTS:
     void nothingIsCutOff();
     void stagesAreWhatTheySay_data() { sectionRows(); }
     void stagesAreWhatTheySay();
+    void disabledIsDarkerThanEnabled();
+    void focusIsFramed();
     void stagesAreInThePicture_data();
     void stagesAreInThePicture();
     void pictureIsTheSameEachTime();
@@ -191,11 +193,51 @@ void tst_GallerySheet::stagesAreWhatTheySay()
     }
 }
 
+// The lights of what is disabled, pointer, letters, cap, have gone down.
+void tst_GallerySheet::disabledIsDarkerThanEnabled()
+{
+    const auto brightest = [](QWidget& widget) {
+        const QImage picture = pictureOf(widget);
+        int highest = 0;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x)
+                highest = std::max(highest, qGray(picture.pixel(x, y)));
+        }
+        return highest;
+    };
+    int compared = 0;
+    for (const char* title : {"KnobController", "FaderController", "TextEditController"}) {
+        QWidget* enabled = nullptr;
+        for (QWidget* control : m_sheet->section(QLatin1String(title))->controls()) {
+            const QString caption = control->parentWidget()->findChild<QLabel*>()->text();
+            if (caption == QLatin1String("75 %"))
+                enabled = control;
+            if (caption != QLatin1String("disabled") || !enabled)
+                continue;
+            QVERIFY2(brightest(*control) < brightest(*enabled), title);
+            ++compared;
+        }
+    }
+    QCOMPARE_GE(compared, 3);
+}
+
+void tst_GallerySheet::focusIsFramed()
+{
+    GallerySection& knobs = *m_sheet->section(QStringLiteral("KnobController"));
+    m_sheet->picture(knobs); // shows the window
+    QWidget* knob = knobs.controls().front();
+    QVERIFY(knob->focusPolicy() & Qt::TabFocus);
+    const QImage before = knobs.grab().toImage();
+    knob->setFocus(Qt::TabFocusReason);
+    QVERIFY(knobs.grab().toImage() != before);
+    knob->clearFocus();
+}
+
 void tst_GallerySheet::stagesAreInThePicture_data()
 {
     QTest::addColumn<QString>("title");
     QTest::addColumn<QString>("caption");
-    QTest::newRow("knob") << QStringLiteral("KnobController") << QStringLiteral("focus: click");
+    QTest::newRow("knob") << QStringLiteral("KnobController") << QStringLiteral("keyboard focus");
     QTest::newRow("lamp") << QStringLiteral("PushButtonController") << QStringLiteral("on, held");
     QTest::newRow("pull-down") << QStringLiteral("PullDownButtonController")
                                << QStringLiteral("held");

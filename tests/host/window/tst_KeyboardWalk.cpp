@@ -5,6 +5,7 @@
 #include "host/window/EditorWindow.h"
 #include "host/window/HostTheme.h"
 #include "host/window/MixerWindow.h"
+#include "host/window/PeakDisplay.h"
 #include "tests/host/window/WindowTesting.h"
 #include "tests/support/TestObject.h"
 
@@ -13,6 +14,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QTableView>
+#include <QToolButton>
 
 #include <algorithm>
 
@@ -33,6 +35,7 @@ private Q_SLOTS:
     void tabGoesRound_data();
     void tabGoesRound();
     void arrowsChooseTheWidth();
+    void spacePresses();
     void tableIsLeft_data();
     void tableIsLeft();
     void focusIsMarked();
@@ -163,6 +166,36 @@ void tst_KeyboardWalk::arrowsChooseTheWidth()
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
     QCOMPARE(m_mixer.memory.strip(2, StripParameter::Stereo), 0);
     m_mixer.memory.setStrip(2, StripParameter::Stereo, 1);
+}
+
+// The lamps of the meters, A and B, the analyzer's switches.
+void tst_KeyboardWalk::spacePresses()
+{
+    const auto press = [](QWidget* key) {
+        key->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(key, Qt::Key_Space);
+    };
+    const QMainWindow* mixer = openWindow(u"mixer"_s);
+    auto* lamp = named<PeakDisplay>(mixer, u"Highest level of the master"_s);
+    lamp->take(30);
+    QVERIFY(lamp->hasClipped());
+    press(lamp);
+    QVERIFY(!lamp->hasClipped());
+    const QMainWindow* editor = openWindow(u"Analyzer"_s);
+    const auto buttonOf = [editor](const QString& text) -> QToolButton* {
+        for (QToolButton* button : editor->findChildren<QToolButton*>()) {
+            if (button->text() == text && button->isVisible())
+                return button;
+        }
+        qFatal("no button %s", qPrintable(text));
+    };
+    press(buttonOf(u"B"_s));
+    QVERIFY(m_mixer.mixerModel.compare().isB(0));
+    press(buttonOf(u"A"_s));
+    QVERIFY(!m_mixer.mixerModel.compare().isB(0));
+    const bool held = m_mixer.analyzer.settings().peaks;
+    press(buttonOf(u"Peak hold"_s));
+    QCOMPARE(m_mixer.analyzer.settings().peaks, !held);
 }
 
 void tst_KeyboardWalk::tableIsLeft_data()

@@ -9,6 +9,9 @@
 #include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QRegularExpression>
 #include <QScrollBar>
 #include <QTableView>
 #include <QToolButton>
@@ -29,6 +32,8 @@ private Q_SLOTS:
     void textsFit_data();
     void textsFit();
     void editorHasItsSizeInEveryLanguage();
+    void lettersOfMenusAreTheirOwn_data();
+    void lettersOfMenusAreTheirOwn();
 
 private:
     void speak(Language language);
@@ -162,6 +167,35 @@ void tst_TranslatedWindows::editorHasItsSizeInEveryLanguage()
     }
     QCOMPARE(sizes.mid(2, 2), sizes.mid(0, 2));
     QCOMPARE(sizes.mid(4, 2), sizes.mid(0, 2));
+}
+
+void tst_TranslatedWindows::lettersOfMenusAreTheirOwn_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::newRow("mixer") << u"mixer"_s;
+    QTest::newRow("editor") << u"parameters"_s;
+}
+
+// A letter that two entries share would only walk between them.
+void tst_TranslatedWindows::lettersOfMenusAreTheirOwn()
+{
+    QFETCH(const QString, kind);
+    static const QRegularExpression letter(u"&([^&])"_s);
+    const QMainWindow* window = open(kind);
+    QList<const QWidget*> menus{window->menuBar()};
+    for (const QMenu* menu : window->findChildren<QMenu*>())
+        menus << menu;
+    for (const Language language : languages) {
+        speak(language);
+        for (const QWidget* menu : menus) {
+            QStringList letters;
+            for (const QAction* action : menu->actions()) {
+                const QString own = letter.match(action->text()).captured(1).toUpper();
+                QVERIFY2(own.isEmpty() || !letters.contains(own), qPrintable(action->text()));
+                letters << own;
+            }
+        }
+    }
 }
 
 ZOLTA_TEST_MAIN(tst_TranslatedWindows)
