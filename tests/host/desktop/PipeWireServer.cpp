@@ -212,6 +212,19 @@ void PipeWireServer::removeNode(const QString& name)
     }
 }
 
+void PipeWireServer::dropAnAnswer()
+{
+    const auto manager = static_cast<pid_t>(m_manager.processId());
+    ::kill(manager, SIGSTOP);
+    QProcess program;
+    prepare(&program);
+    program.start(u"pw-metadata"_s, {u"-m"_s});
+    waitFor([] { return run(u"pw-cli"_s, {u"ls"_s, u"Client"_s}).contains("\"pw-metadata\""); });
+    run(u"pw-cli"_s, {u"info"_s, u"0"_s}); // until what it has asked for has arrived
+    end(&program);
+    ::kill(manager, SIGCONT);
+}
+
 QByteArray PipeWireServer::run(const QString& program, const QStringList& arguments)
 {
     QProcess process;
