@@ -17,9 +17,9 @@ DesktopEqualizer::DesktopEqualizer(MixBus& bus, const DesktopTimes& times)
     connect(&m_connection, &PipeWireConnection::handled, this, &DesktopEqualizer::follow);
     m_retry.setInterval(m_times.retry);
     m_retry.callOnTimeout(this, &DesktopEqualizer::connectToServer);
-    m_insistence.setSingleShot(true);
-    m_insistence.setInterval(m_times.retry);
-    m_insistence.callOnTimeout(this, &DesktopEqualizer::insist);
+    m_refresh.setSingleShot(true);
+    m_refresh.setInterval(m_times.retry);
+    m_refresh.callOnTimeout(this, &DesktopEqualizer::refresh);
     m_patience.setSingleShot(true);
     m_patience.setInterval(m_times.patience);
     m_patience.callOnTimeout(this, &DesktopEqualizer::reportMissingManager);
@@ -54,15 +54,15 @@ void DesktopEqualizer::follow()
         return;
     if (!m_connection.isOpen())
         return lose();
-    if (!m_graph->hasManager()) {
-        m_streams.reset();
-        if (!m_patience.isActive() && m_reported.isEmpty())
-            m_patience.start();
-        return showState();
-    }
+    if (!m_graph->hasManager())
+        return loseManager();
     m_patience.stop();
     m_reported.clear();
+    if (m_isRefreshing && m_graph->isSynced())
+        insist();
     enter();
+    if (!m_refresh.isActive() && !m_isRefreshing && (m_graph->isDoubtful() || !isAsWanted()))
+        m_refresh.start();
     showState();
 }
 
@@ -73,8 +73,19 @@ void DesktopEqualizer::lose()
     m_graph.reset();
     m_connection.close();
     m_patience.stop();
+    m_isRefreshing = false;
     showState();
     m_retry.start();
+}
+
+void DesktopEqualizer::loseManager()
+{
+    m_isRefreshing = false;
+    m_streams.reset();
+    m_graph->renewSinks();
+    if (!m_patience.isActive() && m_reported.isEmpty())
+        m_patience.start();
+    showState();
 }
 
 // A session manager that has just started overlooks what comes before it is through with that.
@@ -90,32 +101,36 @@ void DesktopEqualizer::enter()
         m_streams = std::make_unique<SinkStreams>(m_connection.core(), m_processor, *m_chosen);
     }
     const bool isThere = m_streams->sink() && m_streams->output();
-    if (!isThere || m_isDefault)
+    if (!isThere || m_isDefault || m_isRefreshing)
         return;
     m_isDefault = true;
     if (!m_chosen->isEmpty())
         m_graph->moveTo(*m_streams->output(), *m_chosen);
     m_graph->chooseSink(SinkStreams::sinkName);
-    m_insistence.start();
 }
 
-// A session manager that has just started may miss what is chosen, the default sink or where the
-// output plays to, and the same choice again is no news to it.
+bool DesktopEqualizer::isAsWanted() const
+{
+    return m_streams && m_graph->defaultSink() == SinkStreams::sinkName;
+}
+
+void DesktopEqualizer::refresh()
+{
+    if (!m_graph || !m_graph->hasManager())
+        return;
+    m_graph->refresh();
+    m_isRefreshing = true;
+}
+
+// A session manager that has just started may miss what is chosen, and the same choice again is no
+// news to it.
 void DesktopEqualizer::insist()
 {
-    if (!m_streams || !m_graph->hasManager())
-        return;
-    const bool isDefault = m_graph->defaultSink() == SinkStreams::sinkName;
-    const std::optional<std::uint32_t> output = m_streams->output();
-    if (isDefault && output && !m_graph->sinkBehind(*output).name.isEmpty())
+    m_isRefreshing = false;
+    if (!m_streams || isAsWanted() || m_graph->chosenSink() != SinkStreams::sinkName)
         return;
     m_isDefault = false;
-    if (output)
-        m_graph->moveTo(*output, m_chosen->isEmpty() ? m_graph->anotherSink(SinkStreams::sinkName)
-                                                     : QString());
-    if (!isDefault)
-        m_graph->chooseSink({});
-    follow();
+    m_graph->chooseSink({});
 }
 
 // The equalizer itself is the choice where an earlier run did not end well: then what the session
@@ -135,9 +150,9 @@ void DesktopEqualizer::rememberChoice()
 void DesktopEqualizer::showState()
 {
     const std::optional<std::uint32_t> node = m_streams ? m_streams->output() : std::nullopt;
-    const QString output = node ? m_graph->sinkBehind(*node).description : QString();
+    const SoundGraph::Sink output = node ? m_graph->sinkBehind(*node) : SoundGraph::Sink();
     const int rate = m_streams && m_streams->rate() > 0 ? m_streams->rate() : m_rate;
-    if (output == m_output && rate == m_rate)
+    if (output.name == m_output.name && rate == m_rate)
         return;
     m_output = output;
     m_rate = rate;
@@ -164,9 +179,11 @@ void DesktopEqualizer::stop()
     m_stopping = true;
     m_retry.stop();
     m_patience.stop();
-    m_insistence.stop();
+    m_refresh.stop();
+    m_isRefreshing = false;
     if (m_streams && m_connection.isOpen() && m_graph->hasManager())
         giveBack();
+    m_chosen.reset();
     m_streams.reset();
     m_graph.reset();
     m_connection.close();

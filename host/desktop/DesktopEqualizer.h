@@ -48,7 +48,7 @@ public:
     /// In Hz, as of the sound that came last; 0 as long as none came.
     int rate() const { return m_rate; }
     /// What users know the sink by that it plays to; empty as long as there is none.
-    QString output() const { return m_output; }
+    QString output() const { return m_output.description; }
 
 Q_SIGNALS:
     /// Rate or output are others.
@@ -65,6 +65,9 @@ private:
     void showState();
     void report(const Error& error);
     void reportMissingManager();
+    void loseManager();
+    bool isAsWanted() const;
+    void refresh();
     void insist();
     void giveBack();
     void runUntil(const std::function<bool()>& isDone);
@@ -76,11 +79,12 @@ private:
     std::unique_ptr<SinkStreams> m_streams;
     QTimer m_retry;
     QTimer m_patience;
-    QTimer m_insistence;
+    QTimer m_refresh;
     std::optional<QString> m_chosen; // what the user chose to play to; empty: nothing
     bool m_isDefault = false;        // asked for
+    bool m_isRefreshing = false;     // what the session manager keeps
     bool m_stopping = false;
     int m_rate = 0;
-    QString m_output;
+    SoundGraph::Sink m_output;
     QString m_reported;
 };

@@ -5,11 +5,17 @@
 #include <QJsonObject>
 
 #include <algorithm>
+#include <array>
+#include <iterator>
 #include <map>
+#include <optional>
+#include <set>
 #include <string_view>
+#include <utility>
 
 #include <pipewire/extensions/metadata.h>
 #include <pipewire/pipewire.h>
+#include <spa/pod/builder.h>
 
 namespace {
 
@@ -17,6 +23,13 @@ constexpr std::string_view defaultKey = "default.audio.sink";
 constexpr const char* chosenKey = "default.configured.audio.sink";
 constexpr const char* textType = "Spa:String";
 constexpr const char* jsonType = "Spa:String:JSON";
+
+/// By the sinks' names.
+struct Defaults
+{
+    QString sink;
+    QString chosenSink;
+};
 
 struct Link
 {
@@ -59,14 +72,17 @@ public:
     Watch& operator=(const Watch&) = delete;
 
     void sync();
+    void refresh();
+    void renewSinks();
+    bool isLinked(std::uint32_t node) const;
     void set(std::uint32_t subject, const char* key, const char* type, const QByteArray& value);
 
     std::map<std::uint32_t, Sink> sinks;
     std::map<std::uint32_t, Link> links;
-    QString defaultSink;
-    QString chosenSink;
+    Defaults defaults;
     bool ready = false; // all that the session manager keeps has come
     bool synced = false;
+    bool doubtful = false;
 
 private:
     static void appeared(void* watch, std::uint32_t id, std::uint32_t permissions, const char* type,
@@ -75,13 +91,17 @@ private:
     static int changed(void* watch, std::uint32_t subject, const char* key, const char* type,
                        const char* value);
     static void done(void* watch, std::uint32_t id, int sequence);
+    void renewPorts(std::uint32_t sink);
     void bind(std::uint32_t id);
+    void unbind();
     void forget();
 
     pw_core* m_core;
     pw_registry* m_registry;
     pw_proxy* m_metadata = nullptr;
     std::uint32_t m_metadataId = 0;
+    std::optional<Defaults> m_answer; // to bind(), until all of it has come
+    std::set<std::uint32_t> m_old;    // sinks of the last session manager's time
     int m_sequence = 0;
     pw_core_events m_coreEvents{};
     pw_registry_events m_registryEvents{};
@@ -108,7 +128,7 @@ SoundGraph::Watch::Watch(pw_core* core)
 
 SoundGraph::Watch::~Watch()
 {
-    forget();
+    unbind();
     spa_hook_remove(&m_registryHook);
     spa_hook_remove(&m_coreHook);
     pw_proxy_destroy(reinterpret_cast<pw_proxy*>(m_registry));
@@ -118,6 +138,53 @@ void SoundGraph::Watch::sync()
 {
     synced = false;
     m_sequence = pw_core_sync(m_core, PW_ID_CORE, 0);
+}
+
+void SoundGraph::Watch::refresh()
+{
+    if (m_metadata)
+        bind(m_metadataId);
+    doubtful = false;
+}
+
+void SoundGraph::Watch::renewSinks()
+{
+    for (auto sink = m_old.begin(); sink != m_old.end();) {
+        const bool isFree = !isLinked(*sink);
+        if (isFree)
+            renewPorts(*sink);
+        sink = isFree ? m_old.erase(sink) : std::next(sink);
+    }
+}
+
+// Those without a monitor are others than those that the session manager will ask for.
+void SoundGraph::Watch::renewPorts(std::uint32_t sink)
+{
+    auto* proxy = static_cast<pw_proxy*>(
+        pw_registry_bind(m_registry, sink, PW_TYPE_INTERFACE_Node, PW_VERSION_NODE, 0));
+    if (!proxy)
+        return;
+    std::array<std::uint8_t, 256> bytes;
+    spa_pod_builder builder{};
+    builder.data = bytes.data();
+    builder.size = bytes.size();
+    const void* ports = spa_pod_builder_add_object(
+        &builder, SPA_TYPE_OBJECT_ParamPortConfig, SPA_PARAM_PortConfig,
+        SPA_PARAM_PORT_CONFIG_direction, SPA_POD_Id(SPA_DIRECTION_INPUT),
+        SPA_PARAM_PORT_CONFIG_mode, SPA_POD_Id(SPA_PARAM_PORT_CONFIG_MODE_dsp),
+        SPA_PARAM_PORT_CONFIG_monitor, SPA_POD_Bool(false));
+    const spa_command suspend = SPA_NODE_COMMAND_INIT(SPA_NODE_COMMAND_Suspend);
+    auto* node = reinterpret_cast<pw_node*>(proxy);
+    pw_node_send_command(node, &suspend);
+    pw_node_set_param(node, SPA_PARAM_PortConfig, 0, static_cast<const spa_pod*>(ports));
+    pw_proxy_destroy(proxy);
+}
+
+bool SoundGraph::Watch::isLinked(std::uint32_t node) const
+{
+    return std::any_of(links.begin(), links.end(), [node](const auto& entry) {
+        return entry.second.from == node || entry.second.to == node;
+    });
 }
 
 void SoundGraph::Watch::set(std::uint32_t subject, const char* key, const char* type,
@@ -132,6 +199,7 @@ void SoundGraph::Watch::appeared(void* watch, std::uint32_t id, std::uint32_t, c
                                  std::uint32_t, const spa_dict* properties)
 {
     auto* self = static_cast<Watch*>(watch);
+    self->doubtful = true;
     const std::string_view kind = type;
     if (kind == PW_TYPE_INTERFACE_Node && valueOf(properties, PW_KEY_MEDIA_CLASS) == "Audio/Sink")
         self->sinks[id] = {textOf(properties, PW_KEY_NODE_NAME),
@@ -147,8 +215,10 @@ void SoundGraph::Watch::appeared(void* watch, std::uint32_t id, std::uint32_t, c
 void SoundGraph::Watch::vanished(void* watch, std::uint32_t id)
 {
     auto* self = static_cast<Watch*>(watch);
+    self->doubtful = true;
     self->sinks.erase(id);
     self->links.erase(id);
+    self->m_old.erase(id);
     if (self->m_metadata && id == self->m_metadataId)
         self->forget();
 }
@@ -160,10 +230,11 @@ int SoundGraph::Watch::changed(void* watch, std::uint32_t subject, const char* k
     auto* self = static_cast<Watch*>(watch);
     if (subject != PW_ID_CORE)
         return 0;
+    Defaults& known = self->m_answer ? *self->m_answer : self->defaults;
     if (!key || key == defaultKey)
-        self->defaultSink = nameIn(value);
+        known.sink = nameIn(value);
     if (!key || key == std::string_view(chosenKey))
-        self->chosenSink = nameIn(value);
+        known.chosenSink = nameIn(value);
     return 0;
 }
 
@@ -174,29 +245,41 @@ void SoundGraph::Watch::done(void* watch, std::uint32_t id, int sequence)
         return;
     self->synced = true;
     self->ready = self->m_metadata != nullptr;
+    if (self->m_answer)
+        self->defaults = *std::exchange(self->m_answer, std::nullopt);
 }
 
+// What is known stands until all of the answer has come.
 void SoundGraph::Watch::bind(std::uint32_t id)
 {
-    forget();
+    unbind();
     m_metadata = static_cast<pw_proxy*>(
         pw_registry_bind(m_registry, id, PW_TYPE_INTERFACE_Metadata, PW_VERSION_METADATA, 0));
     m_metadataId = id;
+    m_old.clear();
+    m_answer = Defaults();
     auto* metadata = reinterpret_cast<pw_metadata*>(m_metadata);
     pw_metadata_add_listener(metadata, &m_metadataHook, &m_metadataEvents, this);
     sync();
 }
 
-void SoundGraph::Watch::forget()
+void SoundGraph::Watch::unbind()
 {
-    ready = false;
-    defaultSink.clear();
-    chosenSink.clear();
+    m_answer.reset();
     if (!m_metadata)
         return;
     spa_hook_remove(&m_metadataHook);
     pw_proxy_destroy(m_metadata);
     m_metadata = nullptr;
+}
+
+void SoundGraph::Watch::forget()
+{
+    unbind();
+    ready = false;
+    defaults = {};
+    for (const auto& [id, sink] : sinks)
+        m_old.insert(id);
 }
 
 SoundGraph::SoundGraph(pw_core* core)
@@ -209,16 +292,16 @@ bool SoundGraph::hasManager() const { return m_watch->ready; }
 
 bool SoundGraph::isSettled() const
 {
-    return m_watch->sinks.empty() || !m_watch->defaultSink.isEmpty();
+    return m_watch->sinks.empty() || !m_watch->defaults.sink.isEmpty();
 }
 
-QString SoundGraph::defaultSink() const { return m_watch->defaultSink; }
+QString SoundGraph::defaultSink() const { return m_watch->defaults.sink; }
 
-QString SoundGraph::chosenSink() const { return m_watch->chosenSink; }
+QString SoundGraph::chosenSink() const { return m_watch->defaults.chosenSink; }
 
 void SoundGraph::chooseSink(const QString& name)
 {
-    m_watch->chosenSink = name;
+    m_watch->defaults.chosenSink = name;
     m_watch->set(PW_ID_CORE, chosenKey, jsonType, name.isEmpty() ? QByteArray() : toValue(name));
 }
 
@@ -231,6 +314,12 @@ void SoundGraph::sync() { m_watch->sync(); }
 
 bool SoundGraph::isSynced() const { return m_watch->synced; }
 
+void SoundGraph::refresh() { m_watch->refresh(); }
+
+bool SoundGraph::isDoubtful() const { return m_watch->doubtful; }
+
+void SoundGraph::renewSinks() { m_watch->renewSinks(); }
+
 SoundGraph::Sink SoundGraph::sinkBehind(std::uint32_t node) const
 {
     for (const auto& [id, link] : m_watch->links) {
@@ -239,15 +328,6 @@ SoundGraph::Sink SoundGraph::sinkBehind(std::uint32_t node) const
             return sink->second;
     }
     return {};
-}
-
-QString SoundGraph::anotherSink(const QString& name) const
-{
-    const auto& sinks = m_watch->sinks;
-    const auto other = std::find_if(sinks.begin(), sinks.end(), [&name](const auto& entry) {
-        return entry.second.name != name;
-    });
-    return other != sinks.end() ? other->second.name : QString();
 }
 
 bool SoundGraph::isPlayedTo(std::uint32_t node) const

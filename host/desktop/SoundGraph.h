@@ -10,7 +10,8 @@ struct pw_core;
 
 /// What the desktop equalizer sees of PipeWire's graph: the sinks that there are, who plays to
 /// them, and which of them is the default, which the session manager keeps. Follows the graph by
-/// itself while its connection handles events.
+/// itself while its connection handles events, but for changes of the default: PipeWire keeps these
+/// to itself while any program asks for them, and forever if that program goes without an answer.
 class SoundGraph
 {
 public:
@@ -43,11 +44,18 @@ public:
     /// Asks PipeWire to say when all that was asked for before has been done, and whether it has.
     void sync();
     bool isSynced() const;
+    /// Asks the session manager again for all that it keeps, and for a sync. Only with one.
+    void refresh();
+    /// Whether anything has come or gone since that was asked for, so that it may be out of date.
+    bool isDoubtful() const;
+
+    /// While there is no session manager any more: lets sinks that nothing is linked to make their
+    /// ports anew. The next session manager waits for that, in vain with a sink that has run
+    /// already and keeps its rate, and links nobody until then.
+    void renewSinks();
 
     /// The sink that the node with the number \a node plays to; without names if it plays to none.
     Sink sinkBehind(std::uint32_t node) const;
-    /// The name of some sink that is called otherwise; empty if there is none.
-    QString anotherSink(const QString& name) const;
     /// Whether anything plays to the node with the number \a node.
     bool isPlayedTo(std::uint32_t node) const;
 

@@ -17,6 +17,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QPixmapCache>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QToolBar>
@@ -100,6 +101,7 @@ private:
     static void await(const char* what, const std::function<bool()>& condition);
     void awaitSound();
     void fillCaches();
+    static void emptyStylesCache();
     void startServer();
     void edit();
     void disturb();
@@ -161,6 +163,10 @@ void Soak::fillCaches()
     }
 }
 
+// What the style has drawn is kept for each palette, of which every new editor has some, up to a
+// bound that takes hours to reach.
+void Soak::emptyStylesCache() { QPixmapCache::clear(); }
+
 void Soak::await(const char* what, const std::function<bool()>& condition)
 {
     if (!QTest::qWaitFor(condition, 30000))
@@ -199,6 +205,7 @@ Usage Soak::round()
         QTest::qWait(5);
     }
     loseServer();
+    emptyStylesCache();
     Usage least = usage();
     for (int i = 0; i < 5; ++i) { // trying the device again takes a thread for a moment
         QTest::qWait(20);

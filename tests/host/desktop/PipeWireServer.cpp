@@ -212,6 +212,19 @@ void PipeWireServer::removeNode(const QString& name)
     }
 }
 
+void PipeWireServer::dropAnAnswer()
+{
+    const auto manager = static_cast<pid_t>(m_manager.processId());
+    ::kill(manager, SIGSTOP);
+    QProcess program;
+    prepare(&program);
+    program.start(u"stdbuf"_s, {u"-oL"_s, u"pw-metadata"_s, u"-m"_s});
+    program.waitForReadyRead(patience); // it has found whom to ask
+    program.waitForFinished(100);       // and waits for the answer in vain
+    end(&program);
+    ::kill(manager, SIGCONT);
+}
+
 QByteArray PipeWireServer::run(const QString& program, const QStringList& arguments)
 {
     QProcess process;

@@ -45,6 +45,9 @@ public:
     void addSink(const QString& name);
     /// Somebody removes a node.
     void removeNode(const QString& name);
+    /// A program asks the session manager, and goes before it has the answer. From then on PipeWire
+    /// tells nobody what the session manager changes.
+    void dropAnAnswer();
 
     /// Runs one of PipeWire's programs to its end; what it printed.
     static QByteArray run(const QString& program, const QStringList& arguments);
