@@ -22,6 +22,11 @@ bool isOneToOne(const QTransform& toDevice, double pixelRatio)
            QPointF(corner.toPoint()) == corner;
 }
 
+QRect deviceRect(const QPainter& painter, const QRect& rect)
+{
+    return painter.deviceTransform().mapRect(QRectF(rect)).toRect();
+}
+
 bool isPaintedIn(const QWidget& window, const QPainter& painter)
 {
     QBackingStore* store = window.backingStore();
@@ -43,14 +48,15 @@ void GraphGround::set(SvgLabel* label)
     m_label = label;
     if (!label)
         return;
-    label->setCover([this](const QPainter& painter) {
-        const QPoint corner = m_widget.pos() - m_label->pos();
-        const SvgRaster ground = pixelsAt(painter, corner);
-        if (ground.image.isNull())
-            return QRect();
-        const QRectF place(corner, m_widget.size());
-        return painter.deviceTransform().mapRect(place).toRect();
-    });
+    label->setCover([this](const QPainter& painter) { return coveredPixels(painter); });
+}
+
+QRect GraphGround::coveredPixels(const QPainter& painter) const
+{
+    const QPoint corner = m_widget.pos() - m_label->pos();
+    const QRect place = deviceRect(painter, QRect(corner, m_widget.size()));
+    const bool isPainted = painter.paintEngine()->systemClip().intersects(place);
+    return isPainted && !pixelsAt(painter, corner).image.isNull() ? place : QRect();
 }
 
 SvgRaster GraphGround::pixels(const QPainter& painter) const { return pixelsAt(painter, {}); }
@@ -62,7 +68,7 @@ SvgRaster GraphGround::pixelsAt(const QPainter& painter, const QPoint& corner) c
         return {};
     const SvgRaster ground =
         m_label->coveringPixels(painter, corner + m_label->pos() - m_widget.pos());
-    const QRect place = painter.deviceTransform().mapRect(QRectF(corner, m_widget.size())).toRect();
+    const QRect place = deviceRect(painter, QRect(corner, m_widget.size()));
     if (!QRect(ground.offset, ground.image.size()).contains(place))
         return {};
     return {ground.image, ground.offset - place.topLeft()};
@@ -77,16 +83,18 @@ bool GraphGround::isBare() const
     if (m_widget.isHidden() || !m_widget.updatesEnabled() || m_widget.graphicsEffect() ||
         !m_widget.mask().isEmpty() || m_widget.internalWinId())
         return false;
-    const QObjectList& siblings = m_widget.parentWidget()->children(); // in the order of painting
-    const QObjectList before = siblings.first(siblings.indexOf(&m_widget));
-    if (!before.contains(m_label.data()))
-        return false;
-    for (QObject* sibling : before) {
-        if (sibling != m_label && isBeneath(qobject_cast<QWidget*>(sibling), m_widget.geometry()))
+    bool isAbove = false;
+    for (QObject* sibling : m_widget.parentWidget()->children()) { // in the order of painting
+        if (sibling == &m_widget)
+            break;
+        if (sibling == m_label)
+            isAbove = true;
+        else if (isBeneath(qobject_cast<QWidget*>(sibling), m_widget.geometry()))
             return false;
     }
     const QRect place = m_widget.geometry().translated(-m_label->pos());
-    return std::none_of(
-        m_label->children().begin(), m_label->children().end(),
-        [&](QObject* child) { return isBeneath(qobject_cast<QWidget*>(child), place); });
+    return isAbove && std::none_of(m_label->children().begin(), m_label->children().end(),
+                                   [&](QObject* child) {
+                                       return isBeneath(qobject_cast<QWidget*>(child), place);
+                                   });
 }

@@ -7,6 +7,7 @@
 
 class QPainter;
 class QPoint;
+class QRect;
 class QWidget;
 class SvgLabel;
 
@@ -30,7 +31,10 @@ public:
     SvgRaster pixels(const QPainter& painter) const;
 
 private:
-    /// The same, with the widget's corner at \a corner of the painter.
+    /// What the widget paints of the pixels that the label's painter is about to paint; empty if
+    /// it does not paint the label's.
+    QRect coveredPixels(const QPainter& painter) const;
+    /// As pixels(), with the widget's corner at \a corner of the painter.
     SvgRaster pixelsAt(const QPainter& painter, const QPoint& corner) const;
     bool isBare() const;
 
