@@ -2,137 +2,166 @@
 #include "graph/ChangedRows.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace {
 
 constexpr QRgb OddBytes = 0x00ff00ff;
 
-/// \a top over \a bottom, where \a share of 255 parts are covered; two channels at a time.
-QRgb blend(QRgb bottom, QRgb top, unsigned int share)
+/// The four channels of a pixel, each in 16 bits.
+using Channels = std::uint64_t;
+
+constexpr Channels OddWords = 0x00ff00ff00ff00ff;
+constexpr Channels Halves = 0x0080008000800080;
+
+Channels channels(QRgb pixel) { return (pixel & OddBytes) | Channels{pixel >> 8 & OddBytes} << 32; }
+
+QRgb pixel(Channels channels)
 {
-    const auto mix = [&](QRgb b, QRgb t) {
-        const QRgb mixed = (t & OddBytes) * share + (b & OddBytes) * (255 - share) + 0x00800080;
-        return (mixed + (mixed >> 8 & OddBytes)) >> 8 & OddBytes;
-    };
-    return mix(bottom, top) | mix(bottom >> 8, top >> 8) << 8;
+    return static_cast<QRgb>(channels) | static_cast<QRgb>(channels >> 32) << 8;
+}
+
+/// \a top over \a bottom, where \a share of 255 parts are covered.
+Channels blend(Channels bottom, Channels top, unsigned int share)
+{
+    const Channels mixed = top * share + bottom * (255 - share) + Halves;
+    return (mixed + (mixed >> 8 & OddWords)) >> 8 & OddWords;
 }
 
 /// What Qt's rasteriser makes of a premultiplied pixel over an opaque one.
-QRgb over(QRgb top, QRgb bottom)
+QRgb over(Channels top, QRgb bottom)
 {
-    const auto fade = [share = 255 - static_cast<unsigned int>(qAlpha(top))](QRgb part) {
-        const QRgb faded = (part & OddBytes) * share;
-        return (faded + (faded >> 8 & OddBytes) + 0x00800080) >> 8 & OddBytes;
-    };
-    return top + (fade(bottom) | fade(bottom >> 8) << 8);
+    const Channels faded = channels(bottom) * (255 - (top >> 48));
+    return pixel(top + ((faded + (faded >> 8 & OddWords) + Halves) >> 8 & OddWords));
 }
 
-QRgb* pixels(QImage& picture) { return reinterpret_cast<QRgb*>(picture.bits()); }
-
-const QRgb* pixels(const QImage& picture)
+const QRgb* lineOf(const QImage& image, int row)
 {
-    return reinterpret_cast<const QRgb*>(picture.constBits());
+    return reinterpret_cast<const QRgb*>(image.constScanLine(row));
 }
 
-qsizetype stride(const QImage& picture)
+/// Asks for a range's first pixels ahead of time: the next range lies too far away for the
+/// processor to see it coming.
+void prefetch(const GridOnGround::Pixel* pixel)
 {
-    return picture.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb));
+    constexpr int lineSize = 64 / static_cast<int>(sizeof(GridOnGround::Pixel));
+    __builtin_prefetch(pixel);
+    __builtin_prefetch(pixel + lineSize);
 }
 
 } // namespace
 
-void ChangedRows::reset(int columns)
+GridOnGround::GridOnGround(const QImage& grid, const QImage& ground, const QPoint& corner)
+    : m_size(grid.size())
+    , m_pixels(static_cast<std::size_t>(grid.width()) * static_cast<std::size_t>(grid.height()))
 {
-    m_columns.resize(static_cast<std::size_t>(columns));
-    for (Column& column : m_columns)
-        column.count = 0;
-}
-
-void ChangedRows::add(const CurveStroke& before, const CurveStroke& after)
-{
-    auto old = before.runs.begin();
-    auto now = after.runs.begin();
-    while (old != before.runs.end() || now != after.runs.end()) {
-        const bool isGone =
-            now == after.runs.end() || (old != before.runs.end() && old->column < now->column);
-        const bool isNew = !isGone && (old == before.runs.end() || now->column < old->column);
-        const CurveStroke::Run& a = isGone ? *old : *now;
-        const CurveStroke::Run& b = isNew || isGone ? a : *old;
-        insert(a.column,
-               {std::min(a.first, b.first), std::max(a.first + a.count, b.first + b.count)});
-        old += isNew ? 0 : 1;
-        now += isGone ? 0 : 1;
-    }
-}
-
-std::span<const ChangedRows::Range> ChangedRows::column(int column) const
-{
-    const Column& ranges = m_columns[static_cast<std::size_t>(column)];
-    return {ranges.ranges.data(), ranges.count};
-}
-
-void ChangedRows::draw(const CurveStroke& stroke, QColor color, QImage& picture) const
-{
-    QRgb* const bits = pixels(picture);
-    const qsizetype line = stride(picture);
-    const QRgb rgb = color.rgb();
-    const unsigned char* coverage = stroke.coverage.data();
-    for (const CurveStroke::Run& run : stroke.runs) {
-        for (const Range& range : column(run.column)) {
-            const int first = std::max(range.first, run.first);
-            const int end = std::min(range.end, run.first + run.count);
-            QRgb* pixel = bits + first * line + run.column;
-            const unsigned char* share = coverage + (first - run.first);
-            for (int row = first; row < end; ++row, pixel += line, ++share)
-                *pixel = *share == 255 ? rgb : blend(*pixel, rgb, *share);
-        }
-        coverage += run.count;
-    }
-}
-
-void ChangedRows::copy(const QImage& from, QImage& to) const
-{
-    const QRgb* const source = pixels(from);
-    QRgb* const target = pixels(to);
-    const qsizetype line = stride(to);
-    for (std::size_t x = 0; x < m_columns.size(); ++x) {
-        for (const Range& range : column(static_cast<int>(x))) {
-            qsizetype pixel = range.first * line + static_cast<qsizetype>(x);
-            for (int row = range.first; row < range.end; ++row, pixel += line)
-                target[pixel] = source[pixel];
+    // In strips, so that the ends of all columns of a strip stay in the processor's cache.
+    constexpr int strip = 16;
+    for (int left = 0; left < m_size.width(); left += strip) {
+        const int right = std::min(left + strip, m_size.width());
+        for (int y = 0; y < m_size.height(); ++y) {
+            const QRgb* top = lineOf(grid, y);
+            const QRgb* bottom =
+                ground.isNull() ? nullptr : lineOf(ground, corner.y() + y) + corner.x();
+            Pixel* pixel = m_pixels.data() + qsizetype{left} * m_size.height() + y;
+            for (int x = left; x < right; ++x, pixel += m_size.height())
+                *pixel = {top[x], bottom ? bottom[x] : 0};
         }
     }
 }
 
-void ChangedRows::lay(const QImage& picture, const QImage& ground, const QPoint& corner,
-                      QImage& to) const
+void ChangedRows::addDifference(const CurveStroke& before, const CurveStroke& after)
 {
-    const QRgb* const top = pixels(picture);
-    const QRgb* const bottom = pixels(ground) + corner.y() * stride(ground) + corner.x();
-    QRgb* const target = pixels(to);
-    const qsizetype line = stride(to);
-    for (std::size_t x = 0; x < m_columns.size(); ++x) {
-        const auto at = static_cast<qsizetype>(x);
-        for (const Range& range : column(static_cast<int>(x))) {
-            for (int row = range.first; row < range.end; ++row)
-                target[row * line + at] =
-                    over(top[row * line + at], bottom[row * stride(ground) + at]);
-        }
-    }
+    m_changes[m_count++] = {&before, &after};
 }
 
-void ChangedRows::insert(int column, Range range)
+ChangedRows::Range ChangedRows::changedRows(const CurveStroke::Cover& before,
+                                            const CurveStroke::Cover& after)
 {
-    Column& list = m_columns[static_cast<std::size_t>(column)];
-    for (std::size_t i = 0; i < list.count;) {
-        const Range other = list.ranges[i];
-        if (range.first > other.end || other.first > range.end) {
-            ++i;
-            continue;
+    const auto rows = [](const CurveStroke::Cover& cover) { return Range{cover.first, cover.end}; };
+    if (before.first == before.end)
+        return rows(after);
+    if (after.first == after.end)
+        return rows(before);
+    if (before.first == after.first && before.end == after.end &&
+        std::equal(before.shares, before.shares + (before.end - before.first), after.shares))
+        return {0, 0};
+    return {std::min(before.first, after.first), std::max(before.end, after.end)};
+}
+
+std::vector<ChangedRows::Place> ChangedRows::places(int columns) const
+{
+    std::vector<Place> places;
+    for (int x = 0; x < columns; ++x) {
+        const std::size_t first = places.size();
+        for (const Change& change : std::span(m_changes.data(), m_count)) {
+            const Range rows = changedRows(change.before->column(x), change.after->column(x));
+            if (rows.first == rows.end)
+                continue;
+            Range* last = places.size() > first ? &places.back().rows : nullptr;
+            if (last && rows.first <= last->end && last->first <= rows.end)
+                *last = {std::min(rows.first, last->first), std::max(rows.end, last->end)};
+            else
+                places.push_back({x, rows});
         }
-        range = {std::min(range.first, other.first), std::max(range.end, other.end)};
-        list.ranges[i] = list.ranges[--list.count];
-        i = 0;
     }
-    list.ranges[list.count++] = range;
+    return places;
+}
+
+/// The strokes that meet a range of rows, in the order of drawing.
+class ChangedRows::Covers
+{
+public:
+    Covers(std::span<const ColoredStroke> strokes, const Place& place)
+    {
+        for (const ColoredStroke& item : strokes) {
+            const CurveStroke::Cover cover = item.stroke->column(place.column);
+            if (cover.first < place.rows.end && place.rows.first < cover.end)
+                *m_end++ = {cover, channels(item.color)};
+        }
+    }
+
+    /// What they make of a pixel beneath.
+    Channels drawn(int row, QRgb grid) const
+    {
+        Channels pixel = channels(grid);
+        for (const Item* item = m_items.data(); item != m_end; ++item) {
+            const CurveStroke::Cover& cover = item->cover;
+            if (row >= cover.first && row < cover.end)
+                pixel = blend(pixel, item->color, cover.shares[row - cover.first]);
+        }
+        return pixel;
+    }
+
+private:
+    struct Item
+    {
+        CurveStroke::Cover cover;
+        Channels color;
+    };
+
+    std::array<Item, MaximumStrokes> m_items;
+    Item* m_end = m_items.data();
+};
+
+void ChangedRows::draw(const GridOnGround& ground, std::span<const ColoredStroke> strokes,
+                       QImage& picture) const
+{
+    constexpr std::size_t ahead = 12;
+    const std::vector<Place> changed = places(picture.width());
+    const auto begin = [&](std::size_t i) {
+        return ground.at(changed[i].column, changed[i].rows.first);
+    };
+    const qsizetype line = picture.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb));
+    auto* const bits = reinterpret_cast<QRgb*>(picture.bits());
+    for (std::size_t i = 0; i < changed.size(); ++i) {
+        if (i + ahead < changed.size())
+            prefetch(begin(i + ahead));
+        const auto [column, rows] = changed[i];
+        const Covers covers(strokes, changed[i]);
+        const GridOnGround::Pixel* below = begin(i);
+        QRgb* pixel = bits + rows.first * line + column;
+        for (int row = rows.first; row < rows.end; ++row, ++below, pixel += line)
+            *pixel = over(covers.drawn(row, below->grid), below->ground);
+    }
 }

@@ -6,6 +6,35 @@
 #include <cmath>
 #include <utility>
 
+namespace {
+
+/// How many columns ahead memory is asked for: one lies too far from the next for the processor to
+/// see them coming.
+constexpr std::size_t ColumnsAhead = 24;
+
+/// Adds what of a row lies below an edge, \a width wide and in the mean at \a middle, to the cells
+/// of that row and of the next.
+inline void addRow(float* cell, int row, double width, double middle)
+{
+    const double within = width * (row + 1 - middle);
+    cell[0] += static_cast<float>(within);
+    cell[1] += static_cast<float>(width - within);
+}
+
+/// The same for an edge that crosses several rows.
+void addRows(float* cell, double width, double top, double bottom)
+{
+    const int first = static_cast<int>(top);
+    const int last = static_cast<int>(bottom);
+    const double perRow = width / (bottom - top);
+    addRow(cell++, first, perRow * (first + 1 - top), (top + first + 1) / 2.0);
+    for (int row = first + 1; row < last; ++row)
+        addRow(cell++, row, perRow, row + 0.5);
+    addRow(cell, last, perRow * (bottom - last), (last + bottom) / 2.0);
+}
+
+} // namespace
+
 void CurveRaster::setClip(const QRect& clip)
 {
     m_clip = clip;
@@ -65,6 +94,22 @@ void CurveRaster::addEdge(QPointF from, QPointF to)
         addInside(at(cuts[i]), at(cuts[i + 1]));
 }
 
+inline void CurveRaster::addInColumn(int column, double width, double top, double bottom)
+{
+    const int first = static_cast<int>(top);
+    const int last = static_cast<int>(bottom);
+    Rows& touched = m_touched.data()[column];
+    touched.first = std::min(touched.first, first);
+    touched.last = std::max(touched.last, last);
+
+    float* cell = m_cells.data() + static_cast<std::size_t>(column) * m_columnSize + first;
+    __builtin_prefetch(cell + ColumnsAhead * m_columnSize);
+    if (first == last)
+        addRow(cell, first, width, (top + bottom) / 2.0);
+    else
+        addRows(cell, width, top, bottom);
+}
+
 void CurveRaster::addInside(QPointF from, QPointF to)
 {
     const double sign = from.x() <= to.x() ? 1.0 : -1.0;
@@ -82,8 +127,7 @@ void CurveRaster::addInside(QPointF from, QPointF to)
         return std::clamp(from.y() + (at - from.x()) * slope, highest, lowest);
     };
     double y = yAt(x);
-    while (x < right) {
-        const int column = static_cast<int>(x);
+    for (int column = static_cast<int>(x); x < right; ++column) {
         const double nextX = std::min(column + 1.0, right);
         const double nextY = yAt(nextX);
         addInColumn(column, sign * (nextX - x), std::min(y, nextY), std::max(y, nextY));
@@ -92,52 +136,42 @@ void CurveRaster::addInside(QPointF from, QPointF to)
     }
 }
 
-void CurveRaster::addInColumn(int column, double width, double top, double bottom)
-{
-    const int first = static_cast<int>(top);
-    const int last = static_cast<int>(bottom);
-    Rows& touched = m_touched[static_cast<std::size_t>(column)];
-    touched.first = std::min(touched.first, first);
-    touched.last = std::max(touched.last, last);
-
-    float* cell = m_cells.data() + static_cast<std::size_t>(column) * m_columnSize + first;
-    const auto addRow = [&](int row, double part, double middle) {
-        const double within = part * (row + 1 - middle);
-        cell[0] += static_cast<float>(within);
-        cell[1] += static_cast<float>(part - within);
-        ++cell;
-    };
-    if (first == last) {
-        addRow(first, width, (top + bottom) / 2.0);
-        return;
-    }
-    const double perRow = width / (bottom - top);
-    addRow(first, perRow * (first + 1 - top), (top + first + 1) / 2.0);
-    for (int row = first + 1; row < last; ++row)
-        addRow(row, perRow, row + 0.5);
-    addRow(last, perRow * (bottom - last), (last + bottom) / 2.0);
-}
-
 CurveStroke CurveRaster::takeTouched()
 {
     CurveStroke stroke;
-    stroke.runs.reserve(m_touched.size());
-    stroke.coverage.reserve(m_touched.size() * 8);
-    for (std::size_t column = 0; column < m_touched.size(); ++column) {
-        const Rows touched = std::exchange(m_touched[column], Untouched);
-        const int count = std::min(touched.last, m_clip.height() - 1) - touched.first + 1;
-        if (count <= 0)
-            continue;
-        stroke.runs.push_back(
-            {m_clip.left() + static_cast<int>(column), m_clip.top() + touched.first, count});
-        float* cell = m_cells.data() + column * m_columnSize + touched.first;
+    stroke.left = m_clip.left();
+    stroke.runs = touchedRuns();
+    stroke.coverage.resize(static_cast<std::size_t>(stroke.runs.back().start) +
+                           static_cast<std::size_t>(stroke.runs.back().count));
+    unsigned char* share = stroke.coverage.data();
+    float* column = m_cells.data() - m_clip.top();
+    for (const CurveStroke::Run& run : stroke.runs) {
+        float* cell = column + run.first;
         float covered = 0.0F;
-        for (int row = 0; row < count; ++row) {
+        for (int row = 0; row < run.count; ++row) {
             covered += std::exchange(*cell++, 0.0F);
-            stroke.coverage.push_back(
-                static_cast<unsigned char>(std::clamp(covered, 0.0F, 1.0F) * 255.0F + 0.5F));
+            *share++ = static_cast<unsigned char>(std::clamp(covered, 0.0F, 1.0F) * 255.0F + 0.5F);
         }
         *cell = 0.0F;
+        column += m_columnSize;
     }
     return stroke;
+}
+
+std::vector<CurveStroke::Run> CurveRaster::touchedRuns()
+{
+    std::vector<CurveStroke::Run> runs;
+    runs.reserve(m_touched.size());
+    int start = 0;
+    for (Rows& rows : m_touched) {
+        const Rows touched = std::exchange(rows, Untouched);
+        const int count = std::min(touched.last, m_clip.height() - 1) - touched.first + 1;
+        if (count <= 0) {
+            runs.push_back({m_clip.top(), 0, start});
+            continue;
+        }
+        runs.push_back({m_clip.top() + touched.first, count, start});
+        start += count;
+    }
+    return runs;
 }

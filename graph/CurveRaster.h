@@ -8,17 +8,35 @@
 #include <span>
 #include <vector>
 
-/// The pixels of an antialiased stroke: runs of pixels, one above the other, each with the share of
-/// its area that the stroke covers in 1/255.
+/// The pixels of an antialiased stroke: in each column a run of pixels, one above the other, each
+/// with the share of its area that the stroke covers in 1/255.
 struct CurveStroke
 {
     struct Run
     {
-        int column;
-        int first; ///< row
-        int count;
+        int first = 0; ///< row
+        int count = 0;
+        int start = 0; ///< of its pixels in `coverage`
     };
 
+    /// What of a column the stroke covers, its first row at `shares`; first and end are 0 if
+    /// nothing.
+    struct Cover
+    {
+        int first;
+        int end; ///< the row after the last
+        const unsigned char* shares;
+    };
+    Cover column(int column) const
+    {
+        const auto run = static_cast<std::size_t>(column) - static_cast<std::size_t>(left);
+        if (run >= runs.size())
+            return {0, 0, nullptr};
+        const Run& found = runs[run];
+        return {found.first, found.first + found.count, coverage.data() + found.start};
+    }
+
+    int left = 0; ///< the first run's column
     std::vector<Run> runs;
     std::vector<unsigned char> coverage; ///< of all runs, one after the other
 };
@@ -55,6 +73,7 @@ private:
     void addInside(QPointF from, QPointF to);
     void addInColumn(int column, double width, double top, double bottom);
     CurveStroke takeTouched();
+    std::vector<CurveStroke::Run> touchedRuns();
 
     QRect m_clip;
     /// Column after column, m_columnSize each: a cell a row, and two for what lies on and below the

@@ -176,56 +176,71 @@ void drawMark(QPainter& painter, const GraphView& view, int band)
     painter.drawEllipse(view.handle(band), radius, radius);
 }
 
-/// Whether pictures of the ratio \a pixelRatio are copied to the device pixel by pixel.
-bool isOneToOne(const QTransform& toDevice, double pixelRatio)
-{
-    const QPointF corner = toDevice.map(QPointF());
-    return toDevice.type() <= QTransform::TxScale && toDevice.m11() == pixelRatio &&
-           toDevice.m22() == pixelRatio && std::floor(pixelRatio) == pixelRatio &&
-           QPointF(corner.toPoint()) == corner;
-}
-
 } // namespace
 
 void EqualizerGraphPainter::paint(QPainter& painter, const GraphView& view, int editedBand,
                                   int focusedBand, const SvgRaster& ground)
 {
     const PlotAxes& axes = view.axes();
-    if (axes.width() <= 0.0 || axes.height() <= 0.0)
+    const QPoint corner = painter.deviceTransform().map(QPointF()).toPoint();
+    if (axes.width() <= 0.0 || axes.height() <= 0.0) {
+        const QSize size = (QSizeF(view.size()) * painter.device()->devicePixelRatioF()).toSize();
+        if (!ground.image.isNull())
+            copyPixels(painter, corner, ground.image, QRect(-ground.offset, size),
+                       painter.opacity());
         return;
-    GridKey key{view.size(), painter.device()->devicePixelRatioF(), axes.range(), painter.font()};
+    }
+    GridKey key{view.size(),
+                painter.device()->devicePixelRatioF(),
+                axes.range(),
+                painter.font(),
+                ground.image.cacheKey(),
+                ground.offset};
     if (key != m_gridKey) {
         m_gridKey = std::move(key);
-        drawGrid(view);
+        drawGrid(view, ground);
     }
     drawCurves(view, editedBand);
-    drawPicture(painter, ground);
+    if (ground.image.isNull())
+        painter.drawImage(QPointF(), m_picture);
+    else
+        copyPixels(painter, corner, m_picture, m_picture.rect(), painter.opacity());
     drawHandles(painter, view, editedBand);
     if (view.isOn(focusedBand))
         drawMark(painter, view, focusedBand);
 }
 
-void EqualizerGraphPainter::drawGrid(const GraphView& view)
+void EqualizerGraphPainter::drawGrid(const GraphView& view, const SvgRaster& ground)
 {
-    const PlotAxes& axes = view.axes();
-    m_grid = QImage(QSizeF(m_gridKey.size * m_gridKey.pixelRatio).toSize(),
-                    QImage::Format_ARGB32_Premultiplied);
-    m_grid.setDevicePixelRatio(m_gridKey.pixelRatio);
-    m_grid.fill(Qt::transparent);
-    QPainter painter(&m_grid);
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
-    drawGridLines(painter, axes);
-    QFont font = m_gridKey.font;
-    font.setPixelSize(std::max(roundToPixel(LabelSize * axes.unit()), 1));
-    painter.setFont(font);
-    drawLabels(painter, axes);
-    painter.end();
-
-    m_picture = m_grid.copy();
-    m_raster.setClip(clipRect(view, m_gridKey.pixelRatio) & m_grid.rect());
+    QImage grid = gridPicture(view);
+    grid.setDevicePixelRatio(1.0);
+    m_grid = GridOnGround(grid, ground.image, -ground.offset);
+    if (ground.image.isNull()) {
+        m_picture = std::move(grid);
+        m_picture.setDevicePixelRatio(m_gridKey.pixelRatio);
+    } else {
+        m_picture = ground.image.copy(QRect(-ground.offset, grid.size()));
+        QPainter(&m_picture).drawImage(0, 0, grid);
+    }
+    m_raster.setClip(clipRect(view, m_gridKey.pixelRatio) & m_picture.rect());
     m_curves = {};
     m_shown.clear();
-    m_onGround = QImage();
+}
+
+QImage EqualizerGraphPainter::gridPicture(const GraphView& view) const
+{
+    QImage grid(QSizeF(m_gridKey.size * m_gridKey.pixelRatio).toSize(),
+                QImage::Format_ARGB32_Premultiplied);
+    grid.setDevicePixelRatio(m_gridKey.pixelRatio);
+    grid.fill(Qt::transparent);
+    QPainter painter(&grid);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    drawGridLines(painter, view.axes());
+    QFont font = m_gridKey.font;
+    font.setPixelSize(std::max(roundToPixel(LabelSize * view.axes().unit()), 1));
+    painter.setFont(font);
+    drawLabels(painter, view.axes());
+    return grid;
 }
 
 void EqualizerGraphPainter::drawCurves(const GraphView& view, int editedBand)
@@ -235,25 +250,21 @@ void EqualizerGraphPainter::drawCurves(const GraphView& view, int editedBand)
     std::vector<Shown> shown = shownCurves(view, editedBand);
     const bool isRearranged = shown != m_shown;
     const double unit = view.axes().unit() * m_gridKey.pixelRatio;
-    m_changed.reset(m_picture.width());
-    bool isChanged = isRearranged;
+    m_changed.clear();
     for (std::size_t i = 0; i < m_curves.size(); ++i) {
-        const Shown* before = find(m_shown, i);
         const Shown* now = find(shown, i);
         Curve& curve = m_curves[i];
         const bool isAnother =
             now && (points[i] != curve.points || now->width * unit != curve.width);
-        if (isAnother) {
-            const CurveStroke old = setCurve(curve, std::move(points[i]), now->width * unit);
-            m_changed.add(before ? old : CurveStroke(), curve.stroke);
-        } else if (isRearranged && (before || now)) {
-            m_changed.add(curve.stroke, curve.stroke);
-        }
-        isChanged = isChanged || isAnother;
+        if (isAnother)
+            setCurve(curve, std::move(points[i]), now->width * unit);
+        if (isRearranged && (now || find(m_shown, i)))
+            m_changed.add(curve.stroke);
+        if (isAnother)
+            m_changed.addDifference(curve.before, curve.stroke);
     }
     m_shown = std::move(shown);
-    if (isChanged)
-        drawChanges();
+    drawChanges();
 }
 
 const EqualizerGraphPainter::Shown* EqualizerGraphPainter::find(const std::vector<Shown>& shown,
@@ -277,47 +288,17 @@ std::vector<EqualizerGraphPainter::Shown> EqualizerGraphPainter::shownCurves(con
     return shown;
 }
 
-CurveStroke EqualizerGraphPainter::setCurve(Curve& curve, std::vector<QPointF>&& points,
-                                            double width)
+void EqualizerGraphPainter::setCurve(Curve& curve, std::vector<QPointF>&& points, double width)
 {
     curve.points = std::move(points);
     curve.width = width;
-    return std::exchange(curve.stroke, m_raster.stroke(curve.points, width));
+    curve.before = std::exchange(curve.stroke, m_raster.stroke(curve.points, width));
 }
 
 void EqualizerGraphPainter::drawChanges()
 {
-    m_changed.copy(m_grid, m_picture);
+    std::vector<ColoredStroke> strokes;
     for (const Shown& item : m_shown)
-        m_changed.draw(m_curves[item.curve].stroke, item.color, m_picture);
-    if (!m_onGround.isNull())
-        m_changed.lay(m_picture, m_ground.image, -m_ground.offset, m_onGround);
-}
-
-void EqualizerGraphPainter::drawPicture(QPainter& painter, const SvgRaster& ground)
-{
-    const QTransform toDevice = painter.deviceTransform();
-    const QPoint corner = toDevice.map(QPointF()).toPoint();
-    const bool isKnown =
-        isOneToOne(toDevice, m_gridKey.pixelRatio) &&
-        QRect(ground.offset, ground.image.size()).contains(QRect(corner, m_picture.size()));
-    if (!isKnown) {
-        painter.drawImage(QPointF(), m_picture);
-        return;
-    }
-    layOn({ground.image, ground.offset - corner});
-    copyPixels(painter, corner, m_onGround, m_onGround.rect(), painter.opacity());
-}
-
-void EqualizerGraphPainter::layOn(const SvgRaster& ground)
-{
-    const bool isSame =
-        ground.image.cacheKey() == m_ground.image.cacheKey() && ground.offset == m_ground.offset;
-    if (isSame && !m_onGround.isNull())
-        return;
-    m_ground = ground;
-    m_onGround = ground.image.copy(QRect(-ground.offset, m_picture.size()));
-    QImage picture = m_picture;
-    picture.setDevicePixelRatio(1.0);
-    QPainter(&m_onGround).drawImage(0, 0, picture);
+        strokes.push_back({&m_curves[item.curve].stroke, item.color.rgb()});
+    m_changed.draw(m_grid, strokes, m_picture);
 }

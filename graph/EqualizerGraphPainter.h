@@ -20,28 +20,31 @@ class QPainter;
 /// Draws the grid, the response curves and the bands' handles of the equalizer graph.
 ///
 /// The curves are evaluated from the filters' coefficients on every call. What is drawn is kept:
-/// the grid with its labels as a picture, until size, pixel ratio, zoom or font change, and each
-/// curve's stroke, until the curve itself differs from the one evaluated before. Where a curve
-/// changed, and only there, the picture of grid and curves is made anew. On a ground that is known
-/// another picture holds both, which is copied instead of blended.
+/// the grid with its labels and the ground beneath, until size, pixel ratio, zoom, font or ground
+/// change, and each curve's stroke, until the curve itself differs from the one evaluated before.
+/// Where a curve changed, and only there, the picture of grid and curves is made anew. It holds the
+/// ground, too, while that is known, and is copied then instead of blended.
 class EqualizerGraphPainter
 {
 public:
     /// Paints \a view with the painter of its widget. \a editedBand is drawn in its full colour and
     /// above the others; the handle of \a focusedBand gets a ring in its full colour. A negative
-    /// number means none. \a ground is what lies beneath on the painter's device, and where, if
-    /// that is known; its image is opaque and in the format RGB32.
+    /// number means none. \a ground is what lies beneath all of the view, pixel by pixel, and where
+    /// its first pixel lies from that of the view, if that is known; its image is opaque and in the
+    /// format RGB32.
     void paint(QPainter& painter, const GraphView& view, int editedBand, int focusedBand = -1,
                const SvgRaster& ground = {});
 
 private:
-    /// What the picture of the grid depends on.
+    /// What the picture depends on apart from the curves.
     struct GridKey
     {
         QSize size;
         double pixelRatio = 0.0;
         double range = 0.0;
         QFont font;
+        qint64 ground = 0; ///< its image's cacheKey()
+        QPoint groundOffset;
         bool operator==(const GridKey&) const = default;
     };
 
@@ -51,6 +54,7 @@ private:
         std::vector<QPointF> points; ///< in pixels of the picture
         double width = 0.0;
         CurveStroke stroke;
+        CurveStroke before; ///< the stroke that this one replaced
     };
     /// A curve that is shown, in the order of drawing.
     struct Shown
@@ -61,23 +65,19 @@ private:
         bool operator==(const Shown&) const = default;
     };
 
-    void drawGrid(const GraphView& view);
+    void drawGrid(const GraphView& view, const SvgRaster& ground);
+    QImage gridPicture(const GraphView& view) const;
     void drawCurves(const GraphView& view, int editedBand);
     static const Shown* find(const std::vector<Shown>& shown, std::size_t curve);
     static std::vector<Shown> shownCurves(const GraphView& view, int editedBand);
-    /// Returns the stroke that the curve had before.
-    CurveStroke setCurve(Curve& curve, std::vector<QPointF>&& points, double width);
+    void setCurve(Curve& curve, std::vector<QPointF>&& points, double width);
     void drawChanges();
-    void drawPicture(QPainter& painter, const SvgRaster& ground);
-    void layOn(const SvgRaster& ground);
 
     GridKey m_gridKey;
-    QImage m_grid;
-    QImage m_picture; ///< the grid with the shown curves
+    GridOnGround m_grid;
+    QImage m_picture; ///< the grid with the shown curves, on the ground
     CurveRaster m_raster;
     std::array<Curve, 7> m_curves; ///< the bands', then the total
     std::vector<Shown> m_shown;
     ChangedRows m_changed;
-    SvgRaster m_ground; ///< placed so that (0, 0) is the picture's corner
-    QImage m_onGround;  ///< the picture on the ground; null if that is not known
 };

@@ -6,15 +6,12 @@
 #include "graph/EqualizerGraphAccessible.h"
 #include "graph/GraphAnnouncements.h"
 #include "graph/HandleKeys.h"
-#include "widgets/SvgLabel.h"
 
-#include <QBackingStore>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QPaintEngine>
 #include <QPainter>
+#include <QPointer>
 
-#include <algorithm>
 #include <utility>
 
 namespace {
@@ -29,6 +26,7 @@ bool isTemporary(Qt::FocusReason reason)
 
 ZoltaEqualizerGraph::ZoltaEqualizerGraph(EffectEditor* editor)
     : QWidget(editor)
+    , m_ground(*this)
     , m_binding(editor, this)
 {
     CommonController_MemAPI::registerAccessible(
@@ -36,8 +34,6 @@ ZoltaEqualizerGraph::ZoltaEqualizerGraph(EffectEditor* editor)
             return new EqualizerGraphAccessible(widget, *static_cast<ZoltaEqualizerGraph*>(widget));
         });
 }
-
-void ZoltaEqualizerGraph::setGround(SvgLabel* ground) { m_ground = ground; }
 
 void ZoltaEqualizerGraph::setCh(int ch)
 {
@@ -168,36 +164,7 @@ void ZoltaEqualizerGraph::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     m_painter.paint(painter, view(), bandOf(m_editTarget),
-                    hasFocus() ? bandOf(m_focusedHandle) : -1, knownGround(painter));
-}
-
-SvgRaster ZoltaEqualizerGraph::knownGround(const QPainter& painter)
-{
-    QBackingStore* store = window()->backingStore();
-    const bool isInWindow = store && painter.paintEngine()->paintDevice() == store->paintDevice();
-    if (!m_ground || !isInWindow || !isBareGround())
-        return {};
-    return m_ground->coveringPixels(painter, m_ground->pos() - pos());
-}
-
-bool ZoltaEqualizerGraph::isBareGround() const
-{
-    const auto isBeneath = [](QWidget* widget, const QRect& place) {
-        return widget && !widget->isHidden() && !widget->isWindow() &&
-               widget->geometry().intersects(place);
-    };
-    const QObjectList& siblings = parentWidget()->children(); // in the order of painting
-    const QObjectList before = siblings.first(siblings.indexOf(this));
-    if (!before.contains(m_ground.data()))
-        return false;
-    for (QObject* sibling : before) {
-        if (sibling != m_ground && isBeneath(qobject_cast<QWidget*>(sibling), geometry()))
-            return false;
-    }
-    const QRect place = geometry().translated(-m_ground->pos());
-    return std::none_of(
-        m_ground->children().begin(), m_ground->children().end(),
-        [&](QObject* child) { return isBeneath(qobject_cast<QWidget*>(child), place); });
+                    hasFocus() ? bandOf(m_focusedHandle) : -1, m_ground.pixels(painter));
 }
 
 void ZoltaEqualizerGraph::bind(IMemAPI* memAPI, unsigned short ch)

@@ -4,12 +4,12 @@
 #include "graph/EditTarget.h"
 #include "graph/EqualizerGraphPainter.h"
 #include "graph/GraphBinding.h"
+#include "graph/GraphGround.h"
 #include "graph/GraphView.h"
 #include "graph/HandleDrag.h"
 #include "graph/HandleModel.h"
 #include "interfaces/IPrmObserver.h"
 
-#include <QPointer>
 #include <QWidget>
 
 #include <array>
@@ -53,7 +53,7 @@ public:
 
     /// The label beneath the graph. While the graph lies on nothing but its picture, that is
     /// painted as one with the graph's own, which is faster.
-    void setGround(SvgLabel* ground);
+    void setGround(SvgLabel* ground) { m_ground.set(ground); }
 
     /// Leaves the memory that was set before, and mirrors \a memAPI; null unbinds.
     void setMemAPI(IMemAPI* memAPI) { bind(memAPI, m_binding.channel()); }
@@ -133,17 +133,13 @@ private:
         return {bands(), size(), ZoomRangeList[static_cast<std::size_t>(m_zoom)]};
     }
     void bind(IMemAPI* memAPI, unsigned short ch);
-    /// The picture that lies beneath everything that \a painter paints in the window, if it is
-    /// known.
-    SvgRaster knownGround(const QPainter& painter);
-    bool isBareGround() const;
     void markHandle(EditTarget target);
     /// Gives the mark up when its band is off.
     void dropMark();
     void endDrag();
 
     EqualizerGraphPainter m_painter;
-    QPointer<SvgLabel> m_ground;
+    GraphGround m_ground;
     int m_zoom = DefaultZoom;
     EditTarget m_editTarget = EditTargetNone;
     EditTarget m_focusedHandle = EditTargetNone;

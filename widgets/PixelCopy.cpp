@@ -44,11 +44,14 @@ void copyByRects(QPainter& painter, const QPoint& target, const QImage& image, c
 } // namespace
 
 void copyPixels(QPainter& painter, const QPoint& target, const QImage& image, const QRect& source,
-                double opacity)
+                double opacity, const QRect& covered)
 {
     const QTransform toDevice = painter.deviceTransform();
-    const QRegion clip = painter.paintEngine()->systemClip();
-    const bool isInPieces = clip.rectCount() > 1;
+    const QRegion whole = painter.paintEngine()->systemClip();
+    const QRegion clip = covered.isEmpty() ? whole : whole - covered;
+    if (clip.isEmpty() && !whole.isEmpty())
+        return;
+    const bool isInPieces = clip.rectCount() > 1 || clip != whole;
     const std::optional<QPoint> shift = wholePixels(toDevice);
     if (shift && !isInPieces && opacity == painter.opacity()) {
         painter.drawImage(target - *shift, image, source);

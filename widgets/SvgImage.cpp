@@ -152,26 +152,27 @@ SvgRaster blurredRaster(SvgDocument& document, const SvgPlacement& placement, co
     return kept(key, make);
 }
 
-/// Copies the part \a pixels of \a raster to the device, both counted from \a origin.
+/// Copies the part \a pixels of \a raster to the device, both counted from \a origin, but for the
+/// pixels \a covered of the device.
 void paintPixels(QPainter& painter, const SvgRaster& raster, const QPoint& origin,
-                 const QRect& pixels, double opacity)
+                 const QRect& pixels, double opacity, const QRect& covered = {})
 {
     const QImage image = opacity < 1.0 ? withAlpha(raster.image) : raster.image;
     copyPixels(painter, origin + pixels.topLeft(), image, pixels.translated(-raster.offset),
-               opacity);
+               opacity, covered);
 }
 
 QRect pixelsOf(const SvgRaster& raster) { return {raster.offset, raster.image.size()}; }
 
-/// Stretches the picture over \a rect.
-void paint(QPainter& painter, SvgDocument& document, const QRectF& rect)
+/// Stretches the picture over \a rect; the pixels \a covered of the device need not be drawn.
+void paint(QPainter& painter, SvgDocument& document, const QRectF& rect, const QRect& covered = {})
 {
     const SvgPlacement placement(painter, rect);
     const SvgRaster* raster = takesRasters(painter) && placement.isSane()
                                   ? plainRaster(document, placement, painter.opacity())
                                   : nullptr;
     if (raster)
-        paintPixels(painter, *raster, placement.origin(), pixelsOf(*raster), 1.0);
+        paintPixels(painter, *raster, placement.origin(), pixelsOf(*raster), 1.0, covered);
     else
         document.renderer().render(&painter, rect);
 }
@@ -221,10 +222,10 @@ QSize SvgImage::defaultSize() const
     return isValid() ? m_document->renderer().defaultSize() : QSize(0, 0);
 }
 
-void SvgImage::draw(QPainter& painter, const QRectF& rect)
+void SvgImage::draw(QPainter& painter, const QRectF& rect, const QRect& covered)
 {
     if (isValid() && painter.isActive())
-        paint(painter, *m_document, rect);
+        paint(painter, *m_document, rect, covered);
 }
 
 void SvgImage::drawTurned(QPainter& painter, const QRectF& rect, double degrees, double opacity,

@@ -50,8 +50,9 @@ public:
     /// differ by rounding: by 1/255 inside gradients, whose colours the rasteriser finds by its
     /// place on the device, and by 1/255 for each further translucent shape on the same pixel,
     /// because these are blended with each other first and with the ground last. The painter's
-    /// opacity applies to each shape by itself, as it does there.
-    void draw(QPainter& painter, const QRectF& rect);
+    /// opacity applies to each shape by itself, as it does there. The pixels \a covered of the
+    /// device need not be drawn.
+    void draw(QPainter& painter, const QRectF& rect, const QRect& covered = {});
 
     /// Draws the picture turned clockwise around the middle of \a rect by \a degrees, with
     /// \a opacity (0 to 1) as one sheet. \a canvas is all that can be seen, in the painter's units.

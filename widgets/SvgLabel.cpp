@@ -49,7 +49,7 @@ void SvgLabel::paintEvent(QPaintEvent* event)
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setOpacity(m_opacity);
-        shownImage().draw(painter, rect());
+        shownImage().draw(painter, rect(), m_cover ? m_cover(painter) : QRect());
     }
     if (showsMore())
         QLabel::paintEvent(event);

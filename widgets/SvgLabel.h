@@ -6,6 +6,9 @@
 
 #include <QLabel>
 
+#include <functional>
+#include <utility>
+
 /// A label that shows an SVG picture, stretched over its whole rectangle, underneath whatever a
 /// label shows. A second picture takes its place while the label is disabled, if it has both.
 /// Pictures that cannot be loaded leave the label blank.
@@ -35,6 +38,12 @@ public:
     /// that covers everything beneath; else an image that is null.
     SvgRaster coveringPixels(const QPainter& painter, const QPoint& corner);
 
+    /// Tells which pixels of a painter's device another widget paints over after the label, whole.
+    using Cover = std::function<QRect(const QPainter&)>;
+    /// The label leaves what \a cover tells out of its picture, where that saves time. It is asked
+    /// whenever the label is painted; empty for none.
+    void setCover(Cover cover) { m_cover = std::move(cover); }
+
 protected:
     void paintEvent(QPaintEvent* event) override;
 
@@ -46,4 +55,5 @@ private:
     SvgImage m_image;
     SvgImage m_disabledImage;
     double m_opacity = 1.0;
+    Cover m_cover;
 };

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "graph/ChangedRows.h"
 #include "graph/CurveRaster.h"
+#include "tests/support/Columns.h"
 #include "tests/support/ImageDifference.h"
 #include "tests/support/TestObject.h"
+
+#include <QPainter>
 
 #include <algorithm>
 #include <array>
@@ -25,17 +28,13 @@ QImage blank(QColor color = Qt::black)
     return image;
 }
 
-ChangedRows rowsOf(const CurveStroke& stroke)
-{
-    ChangedRows rows;
-    rows.reset(PictureSize.width());
-    rows.add({}, stroke);
-    return rows;
-}
-
+/// Draws a stroke onto what an image shows.
 void draw(const CurveStroke& stroke, QImage& image, QColor color)
 {
-    rowsOf(stroke).draw(stroke, color, image);
+    ChangedRows rows;
+    rows.add(stroke);
+    const ColoredStroke colored{&stroke, color.rgb()};
+    rows.draw(GridOnGround(image, {}, {}), {&colored, 1}, image);
 }
 
 QImage stroked(const Points& points, double width, const QRect& clip = Whole)
@@ -44,6 +43,16 @@ QImage stroked(const Points& points, double width, const QRect& clip = Whole)
     CurveRaster raster;
     raster.setClip(clip);
     draw(raster.stroke(points, width), image, Qt::white);
+    return image;
+}
+
+/// Every pixel another one, in all degrees of translucency.
+QImage colorful()
+{
+    QImage image = blank(Qt::transparent);
+    for (int y = 0; y < PictureSize.height(); ++y)
+        for (int x = 0; x < PictureSize.width(); ++x)
+            image.setPixelColor(x, y, QColor(3 * x, 5 * y, x + y, 4 * x));
     return image;
 }
 
@@ -216,6 +225,9 @@ private Q_SLOTS:
     void strokesOverOneAnother();
     void opaqueOnTransparent();
     void erasingBringsTheBackgroundBack();
+    void changedStroke_data();
+    void changedStroke();
+    void overTheGround();
 };
 
 void tst_CurveRaster::curvesCoverTheirArea_data()
@@ -441,18 +453,87 @@ void tst_CurveRaster::opaqueOnTransparent()
 
 void tst_CurveRaster::erasingBringsTheBackgroundBack()
 {
-    QImage background = blank(Qt::transparent);
-    for (int y = 0; y < PictureSize.height(); ++y)
-        for (int x = 0; x < PictureSize.width(); ++x)
-            background.setPixelColor(x, y, QColor(3 * x, 5 * y, x + y, 4 * x));
+    const QImage background = colorful();
     CurveRaster raster;
     raster.setClip(QRect(4, 3, 50, 40));
     const CurveStroke stroke = raster.stroke(Points{{-10, 7}, {20, 30}, {40, -9}, {80, 9}}, 5.0);
     QImage image = background;
     draw(stroke, image, Qt::white);
     QVERIFY(image != background);
-    rowsOf(stroke).copy(background, image);
+    ChangedRows rows;
+    rows.add(stroke);
+    rows.draw(GridOnGround(background, {}, {}), {}, image);
     QCOMPARE(image, background);
+}
+
+// Where two strokes differ, and only there, the picture of the one becomes that of the other.
+void tst_CurveRaster::changedStroke_data()
+{
+    addColumns<Points, Points>("before", "after");
+    const Points wave = {{-3, 20}, {15, 12.5}, {33, 31}, {50, 24}, {70, 26}};
+    const Points farther = {{-3, 40}, {15, 42.5}, {33, 41}, {50, 44}, {70, 46}};
+    const Points bent = {{-3, 20}, {15, 12.5}, {33, 33}, {50, 24}, {70, 26}};
+    QTest::newRow("nothing") << wave << wave;
+    QTest::newRow("a part") << wave << bent;
+    QTest::newRow("all of it") << wave << farther;
+    QTest::newRow("it was not there") << Points() << wave;
+    QTest::newRow("it has gone") << wave << Points();
+}
+
+void tst_CurveRaster::changedStroke()
+{
+    QFETCH(Points, before);
+    QFETCH(Points, after);
+    CurveRaster raster;
+    raster.setClip(QRect(4, 3, 50, 40));
+    const CurveStroke old = raster.stroke(before, 4.0);
+    const CurveStroke now = raster.stroke(after, 4.0);
+    const CurveStroke other = raster.stroke(Points{{2, 10.3}, {60, 33.2}}, 3.0);
+    const QImage ground = colorful().convertToFormat(QImage::Format_RGB32);
+    const GridOnGround grid(colorful(), ground, {});
+    const auto draw = [&](const CurveStroke& stroke, const ChangedRows& rows, QImage& image) {
+        const std::array strokes = {ColoredStroke{&stroke, qRgb(9, 200, 30)},
+                                    ColoredStroke{&other, qRgb(250, 100, 3)}};
+        rows.draw(grid, strokes, image);
+    };
+    ChangedRows all;
+    for (const CurveStroke* stroke : {&old, &now, &other})
+        all.add(*stroke);
+    QImage image = ground;
+    QPainter(&image).drawImage(0, 0, colorful());
+    QImage expected = image;
+    draw(old, all, image);
+    ChangedRows rows;
+    rows.addDifference(old, now);
+    draw(now, rows, image);
+    draw(now, all, expected);
+    QCOMPARE(image, expected);
+}
+
+// What is drawn on a ground is what a painter lays over it.
+void tst_CurveRaster::overTheGround()
+{
+    constexpr QPoint corner(7, 5);
+    QImage ground(PictureSize + QSize(20, 10), QImage::Format_RGB32);
+    for (int y = 0; y < ground.height(); ++y)
+        for (int x = 0; x < ground.width(); ++x)
+            ground.setPixel(x, y, qRgb(255 - 2 * x, 3 * y, (5 * x * y) % 256));
+    CurveRaster raster;
+    raster.setClip(Whole);
+    const CurveStroke stroke = raster.stroke(Points{{2, 10.3}, {33, 40}, {60, 23.2}}, 9.0);
+    ChangedRows rows;
+    rows.add(stroke);
+    const ColoredStroke colored{&stroke, qRgb(255, 128, 0)};
+
+    QImage image = ground.copy(QRect(corner, PictureSize));
+    QPainter(&image).drawImage(0, 0, colorful());
+    rows.draw(GridOnGround(colorful(), ground, corner), {&colored, 1}, image);
+
+    QImage layer = colorful();
+    draw(stroke, layer, QColor(255, 128, 0));
+    QImage expected = ground.copy(QRect(corner, PictureSize));
+    QPainter(&expected).drawImage(0, 0, layer);
+    QCOMPARE(image, expected);
 }
 
 QTEST_APPLESS_MAIN(tst_CurveRaster)

@@ -14,6 +14,7 @@ constexpr QSize Size(60, 50);
 const QRect Source(3, 2, 40, 30);
 constexpr QPoint Target(7, 9);
 const QRect Clip(10, 12, 25, 18);
+const QRect Covered(15, 14, 12, 9);
 
 /// Every pixel another one, in all degrees of translucency.
 QImage picture()
@@ -93,20 +94,22 @@ void tst_PixelCopy::copiesPixels()
     QFETCH(bool, isClipped);
     QFETCH(double, opacity);
     QFETCH(QTransform, transform);
-    QImage image = ground();
-    QPainter painter(&image);
-    painter.paintEngine()->setSystemClip(places);
-    if (isClipped)
-        painter.setClipRect(Clip);
-    painter.setTransform(transform);
-    painter.setOpacity(0.3);
-    copyPixels(painter, Target, picture(), Source, opacity);
+    for (const QRect& covered : {QRect(), Covered, QRect(QPoint(), Size)}) {
+        QImage image = ground();
+        QPainter painter(&image);
+        painter.paintEngine()->setSystemClip(places);
+        if (isClipped)
+            painter.setClipRect(Clip);
+        painter.setTransform(transform);
+        painter.setOpacity(0.3);
+        copyPixels(painter, Target, picture(), Source, opacity, covered);
 
-    QCOMPARE(painter.worldTransform(), transform);
-    QCOMPARE(painter.opacity(), 0.3);
-    QCOMPARE(painter.hasClipping(), isClipped);
-    painter.end();
-    QCOMPARE(image, expected(isClipped ? places & Clip : places, opacity));
+        QCOMPARE(painter.worldTransform(), transform);
+        QCOMPARE(painter.opacity(), 0.3);
+        QCOMPARE(painter.hasClipping(), isClipped);
+        painter.end();
+        QCOMPARE(image, expected((isClipped ? places & Clip : places) - covered, opacity));
+    }
 }
 
 ZOLTA_TEST_MAIN(tst_PixelCopy)
