@@ -163,8 +163,8 @@ void Soak::fillCaches()
     }
 }
 
-// What the style has drawn is kept for each palette, of which every new editor has some, up to a
-// bound that takes hours to reach.
+// What the style has drawn is kept for each palette, of which every new editor has some, up to 10
+// MB, which are not reached before the judgement.
 void Soak::emptyStylesCache() { QPixmapCache::clear(); }
 
 void Soak::await(const char* what, const std::function<bool()>& condition)
