@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/window/FileMenu.h"
 
+#include "host/audio/AudioFormat.h"
 #include "host/audio/AudioSession.h"
 #include "host/window/FileDialogs.h"
 #include "host/window/Mixer.h"
@@ -60,6 +61,19 @@ QString FileMenu::askForSound()
         window(), m_mixer.settings,
         {soundKind, tr("Open Audio"),
          tr("Sound files (*.wav *.flac *.ogg *.aif *.aiff *.mp3);;All files (*)")});
+}
+
+QString FileMenu::askForTarget(int channel)
+{
+    const QFileInfo input(m_mixer.mixerModel.transport()->file());
+    const QString title = tr("Render through %1").arg(m_mixer.mixerModel.shownName(channel));
+    const auto complete = [](const QString& file, const QString&) {
+        return AudioFormat::canWrite(file) ? file : file + QLatin1String(".wav");
+    };
+    return FileDialogs::save(window(), m_mixer.settings,
+                             {QStringLiteral("render"), title,
+                              tr("Sound files (*.wav *.flac *.ogg)"),
+                              input.completeBaseName() + QLatin1String(" eq.wav"), complete});
 }
 
 void FileMenu::chooseSound()

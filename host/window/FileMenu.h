@@ -21,6 +21,8 @@ public:
 
     /// Asks for a sound file; empty if the user gives up.
     QString askForSound();
+    /// Asks for the file to render what plays to, through the equalizer of \a channel; likewise.
+    QString askForTarget(int channel);
     /// The same, and opens it.
     void chooseSound();
     void openSound(const QString& file);

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/window/MixerWindow.h"
 
-#include "host/audio/AudioFormat.h"
 #include "host/audio/AudioSession.h"
 #include "host/window/EditMenu.h"
 #include "host/window/EditorStage.h"
 #include "host/window/EditorWindow.h"
-#include "host/window/FileDialogs.h"
 #include "host/window/FileDrop.h"
 #include "host/window/FileMenu.h"
 #include "host/window/HelpMenu.h"
@@ -20,24 +18,22 @@
 #include "host/window/TransportMenu.h"
 
 #include <QApplication>
-#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QInputDialog>
 #include <QMenuBar>
 #include <QScreen>
 #include <QScrollArea>
-#include <QScrollBar>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
-#include <algorithm>
+#include <utility>
 
 namespace {
 
 constexpr int messageTime = 8000; // ms
 constexpr int stripGap = 2;
 
-// A new window comes up in front by itself.
+// A new window is in front by itself.
 void bringToFront(QWidget* window)
 {
     const bool hidden = window->isHidden();
@@ -45,6 +41,17 @@ void bringToFront(QWidget* window)
     if (!hidden)
         window->raise();
     window->activateWindow();
+}
+
+QScrollArea* inScrollArea(QWidget* content, QWidget* parent)
+{
+    auto* area = new QScrollArea(parent);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setBackgroundRole(QPalette::Base);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidgetResizable(true);
+    area->setWidget(content);
+    return area;
 }
 
 } // namespace
@@ -313,26 +320,15 @@ void MixerWindow::buildFileMenu()
     connect(m_file, &FileMenu::saveSessionWanted, this, &MixerWindow::saveSessionWanted);
     connect(m_file, &FileMenu::soundOpened, this,
             [this] { m_mixer.mixerModel.feed(m_selected, false); });
-    connect(m_file, &FileMenu::renderWanted, this, &MixerWindow::chooseRenderFile);
+    connect(m_file, &FileMenu::renderWanted, this, [this] {
+        const QString file = m_file->askForTarget(m_selected);
+        if (!file.isEmpty())
+            render(file);
+    });
     m_texts.action(
         menu, [] { return tr("&Close"); }, QKeySequence::Close, this, [this] { close(); });
     m_texts.action(
         menu, [] { return tr("&Quit"); }, QKeySequence::Quit, this, [this] { quit(); });
-}
-
-void MixerWindow::chooseRenderFile()
-{
-    const QFileInfo input(m_mixer.mixerModel.transport()->file());
-    const QString title = tr("Render through %1").arg(m_mixer.mixerModel.shownName(m_selected));
-    const auto complete = [](const QString& file, const QString&) {
-        return AudioFormat::canWrite(file) ? file : file + QLatin1String(".wav");
-    };
-    const QString file =
-        FileDialogs::save(this, m_mixer.settings,
-                          {QStringLiteral("render"), title, tr("Sound files (*.wav *.flac *.ogg)"),
-                           input.completeBaseName() + QLatin1String(" eq.wav"), complete});
-    if (!file.isEmpty())
-        render(file);
 }
 
 void MixerWindow::buildEditMenu()
@@ -372,13 +368,7 @@ QWidget* MixerWindow::buildStrips()
         m_strips << strip;
     }
     layout->addStretch(1);
-    auto* area = new QScrollArea(this);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setBackgroundRole(QPalette::Base);
-    area->setFocusPolicy(Qt::NoFocus);
-    area->setWidgetResizable(true);
-    area->setWidget(row);
-    return area;
+    return inScrollArea(row, this);
 }
 
 // The strips scroll sideways; the master stays where it is.
@@ -390,13 +380,8 @@ QWidget* MixerWindow::buildDesk()
     layout->setSpacing(0);
     layout->addWidget(buildStrips(), 1);
     m_master = new MasterStrip(m_mixer.mixerModel, desk);
-    auto* area = new QScrollArea(desk); // in a low window, too
-    area->setFrameShape(QFrame::NoFrame);
-    area->setBackgroundRole(QPalette::Base);
-    area->setFocusPolicy(Qt::NoFocus);
+    QScrollArea* area = inScrollArea(m_master, desk); // in a low window, too
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area->setWidgetResizable(true);
-    area->setWidget(m_master);
     area->setFixedWidth(MixerStrip::stripWidth + stripGap);
     layout->addWidget(area);
     return desk;

@@ -76,7 +76,6 @@ private:
     void joinEditors(int first);
     void windowCloses();
     void rename();
-    void chooseRenderFile();
     void buildMenus();
     void buildFileMenu();
     void buildEditMenu();

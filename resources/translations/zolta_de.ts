@@ -348,14 +348,6 @@
         <source>&amp;Transport</source>
         <translation>&amp;Transport</translation>
     </message>
-    <message>
-        <source>Render through %1</source>
-        <translation>Rendern durch %1</translation>
-    </message>
-    <message>
-        <source>Sound files (*.wav *.flac *.ogg)</source>
-        <translation>Audiodateien (*.wav *.flac *.ogg)</translation>
-    </message>
 </context>
 <context>
     <name>Parameter</name>
@@ -2023,6 +2015,14 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
     <message>
         <source>Sound files (*.wav *.flac *.ogg *.aif *.aiff *.mp3);;All files (*)</source>
         <translation>Audiodateien (*.wav *.flac *.ogg *.aif *.aiff *.mp3);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Render through %1</source>
+        <translation>Rendern durch %1</translation>
+    </message>
+    <message>
+        <source>Sound files (*.wav *.flac *.ogg)</source>
+        <translation>Audiodateien (*.wav *.flac *.ogg)</translation>
     </message>
 </context>
 <context>

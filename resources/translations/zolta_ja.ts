@@ -348,14 +348,6 @@
         <source>&amp;Transport</source>
         <translation>再生(&amp;T)</translation>
     </message>
-    <message>
-        <source>Render through %1</source>
-        <translation>%1 を通して書き出す</translation>
-    </message>
-    <message>
-        <source>Sound files (*.wav *.flac *.ogg)</source>
-        <translation>オーディオファイル (*.wav *.flac *.ogg)</translation>
-    </message>
 </context>
 <context>
     <name>Parameter</name>
@@ -2023,6 +2015,14 @@ A mixer with 8 channels that opens the channel equalizer&apos;s editor.
     <message>
         <source>Sound files (*.wav *.flac *.ogg *.aif *.aiff *.mp3);;All files (*)</source>
         <translation>オーディオファイル (*.wav *.flac *.ogg *.aif *.aiff *.mp3);;すべてのファイル (*)</translation>
+    </message>
+    <message>
+        <source>Render through %1</source>
+        <translation>%1 を通して書き出す</translation>
+    </message>
+    <message>
+        <source>Sound files (*.wav *.flac *.ogg)</source>
+        <translation>オーディオファイル (*.wav *.flac *.ogg)</translation>
     </message>
 </context>
 <context>
