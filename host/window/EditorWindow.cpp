@@ -195,7 +195,7 @@ void EditorWindow::buildViewMenu(QMenu* menu)
 {
     buildZoomMenu(m_texts.menu(menu, [] { return tr("&UI Zoom"); }));
     auto* range = new GraphRange(m_mixer, *m_session, this);
-    range->fill(m_texts.menu(menu, [] { return tr("&Graph Zoom"); }), m_texts);
+    range->fill(m_texts.menu(menu, [] { return tr("&Graph Range"); }), m_texts);
     menu->addSeparator();
     addPanelItem(
         menu, [] { return tr("Measured &Response"); }, QKeySequence(Qt::CTRL | Qt::Key_R),

@@ -239,8 +239,8 @@
         <translation>&amp;UI-Zoom</translation>
     </message>
     <message>
-        <source>&amp;Graph Zoom</source>
-        <translation>Kurven&amp;zoom</translation>
+        <source>&amp;Graph Range</source>
+        <translation>&amp;Bereich der Kurve</translation>
     </message>
     <message>
         <source>&amp;Help</source>

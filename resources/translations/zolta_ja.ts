@@ -239,8 +239,8 @@
         <translation>画面のズーム(&amp;U)</translation>
     </message>
     <message>
-        <source>&amp;Graph Zoom</source>
-        <translation>カーブのズーム(&amp;G)</translation>
+        <source>&amp;Graph Range</source>
+        <translation>カーブの範囲(&amp;G)</translation>
     </message>
     <message>
         <source>&amp;Help</source>

@@ -435,7 +435,7 @@ void tst_EditorWindow::menuTellsTheTwoZoomsApart()
     const EditorWindow* window = openWindow();
     const QAction* in = actionOf(window, u"Zoom In"_s);
     QCOMPARE(actionOf(window, u"UI Zoom"_s)->menu(), in->parent());
-    QVERIFY(actionOf(window, u"Graph Zoom"_s)
+    QVERIFY(actionOf(window, u"Graph Range"_s)
                 ->menu()
                 ->actions()
                 .contains(actionOf(window, u"\u00b140 dB"_s)));

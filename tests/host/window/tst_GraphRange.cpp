@@ -69,7 +69,7 @@ EditorWindow* tst_GraphRange::open(int channel)
 QString tst_GraphRange::checkedItem(const EditorWindow* window)
 {
     for (QMenu* menu : window->findChildren<QMenu*>()) {
-        if (menu->title().remove(u'&') != "Graph Zoom"_L1)
+        if (menu->title().remove(u'&') != "Graph Range"_L1)
             continue;
         Q_EMIT menu->aboutToShow();
         for (const QAction* action : menu->actions()) {
