@@ -48,6 +48,7 @@ public:
     double sampleRate() const { return m_sampleRate; }
     /// The channel's raw values; only bands whose values changed are designed.
     void setValues(const Values& values);
+    /// Those that setValues() was given, the defaults at first.
     const Values& values() const { return m_values; }
 
     /// Processes \a block in place: applyInput(), then equalize().
