@@ -144,9 +144,9 @@ CurveStroke CurveRaster::takeTouched()
     stroke.coverage.resize(static_cast<std::size_t>(stroke.runs.back().start) +
                            static_cast<std::size_t>(stroke.runs.back().count));
     unsigned char* share = stroke.coverage.data();
-    float* column = m_cells.data() - m_clip.top();
+    float* column = m_cells.data();
     for (const CurveStroke::Run& run : stroke.runs) {
-        float* cell = column + run.first;
+        float* cell = column + (run.first - m_clip.top());
         float covered = 0.0F;
         for (int row = 0; row < run.count; ++row) {
             covered += std::exchange(*cell++, 0.0F);
