@@ -42,7 +42,7 @@ double luminance(const QColor& color)
 /// The contrast ratio of the Web Content Accessibility Guidelines, 1 to 21.
 double contrast(const QColor& a, const QColor& b)
 {
-    const auto [dark, light] = std::minmax(luminance(a), luminance(b));
+    const auto [dark, light] = std::minmax({luminance(a), luminance(b)});
     return (light + 0.05) / (dark + 0.05);
 }
 
