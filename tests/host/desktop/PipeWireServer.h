@@ -51,6 +51,10 @@ public:
 
     /// Runs one of PipeWire's programs to its end; what it printed.
     static QByteArray run(const QString& program, const QStringList& arguments);
+    /// Whether a program of PipeWire's own never got an answer since that was asked for. PipeWire
+    /// 0.3.65 leaves all without one where two ask while its session manager starts; run() does
+    /// nothing any more then.
+    static bool hasHung();
     static void prepare(QProcess* process);
 
 private:

@@ -341,6 +341,7 @@ void tst_DesktopEqualizer::comesBackAfterTheManager()
     }
     m_server->killManager();
     QTRY_VERIFY_WITH_TIMEOUT(m_equalizer->output().isEmpty(), patience);
+    QTRY_VERIFY_WITH_TIMEOUT(m_server->playersOf(u"speakers"_s).isEmpty(), patience);
     QVERIFY(m_server->startManager());
     QTRY_VERIFY_WITH_TIMEOUT(isReady(), patience);
     QCOMPARE(m_equalizer->output(), u"The speakers"_s);
@@ -425,6 +426,18 @@ void tst_DesktopEqualizer::waitsForASink()
     QTRY_COMPARE_WITH_TIMEOUT(m_server->defaultSink(), u"late"_s, patience);
 }
 
-QTEST_GUILESS_MAIN(tst_DesktopEqualizer)
+// Where PipeWire itself hangs, all is done once more.
+int main(int argc, char* argv[])
+{
+    const QCoreApplication application(argc, argv);
+    int result = 0;
+    for (int attempt = 0; attempt < 4; ++attempt) {
+        tst_DesktopEqualizer test;
+        result = QTest::qExec(&test, argc, argv);
+        if (!PipeWireServer::hasHung())
+            break;
+    }
+    return result;
+}
 
 #include "tst_DesktopEqualizer.moc"
