@@ -9,10 +9,9 @@
 #include <QJsonObject>
 #include <QTimer>
 
-#include <utility>
-
 #include <csignal>
 #include <functional>
+#include <utility>
 
 #include <sys/prctl.h>
 
