@@ -18,6 +18,13 @@ bool isSameFile(const QString& first, const QString& second)
     return a.exists() && b.exists() && a == b;
 }
 
+void silence(AudioBlock* block, std::size_t frames)
+{
+    block->setFrames(frames);
+    for (std::size_t c = 0; c < block->channels(); ++c)
+        std::ranges::fill(block->channel(c), 0.0);
+}
+
 bool isActive(const Band& band, int number)
 {
     const bool pass =
@@ -63,14 +70,16 @@ Status AudioRenderer::open()
     return result;
 }
 
-// The lowest multiple of the file's rate at which every band is heard, if it takes one.
+// The lowest multiple of the file's rate at which every band is heard, if it takes one, as far as
+// resampling goes.
 double AudioRenderer::stripRate() const
 {
     const double rate = m_reader.info().samplerate;
     for (int number = 0; number < EqualizerBands::Count; ++number) {
         const Band band = bandOf(m_job.values, number);
         if (isActive(band, number) && 2.0 * band.frequency >= rate)
-            return rate * (std::floor(ChannelProcessor::allBandsRate / rate) + 1.0);
+            return rate * std::min(std::floor(ChannelProcessor::allBandsRate / rate) + 1.0,
+                                   Resampler::maxRatio);
     }
     return rate;
 }
@@ -123,10 +132,8 @@ Status AudioRenderer::runDelayed(AudioBlock* block)
     Status result;
     std::size_t left = m_delay;
     do {
-        block->setFrames(std::min(left, block->capacity()));
+        silence(block, std::min(left, block->capacity()));
         left -= block->frames();
-        for (std::size_t c = 0; c < block->channels(); ++c)
-            std::ranges::fill(block->channel(c), 0.0);
         result = equalize(block, left == 0);
     } while (left > 0 && result.isOk());
     return result.isOk() ? fillUp(block) : result;
@@ -160,10 +167,12 @@ Status AudioRenderer::write(AudioBlock* block)
 // Or early.
 Status AudioRenderer::fillUp(AudioBlock* block)
 {
-    block->setFrames(static_cast<std::size_t>(m_reader.position() - m_written));
-    for (std::size_t c = 0; c < block->channels(); ++c)
-        std::ranges::fill(block->channel(c), 0.0);
-    return write(block);
+    Status result;
+    while (result.isOk() && m_written < m_reader.position()) {
+        silence(block, block->capacity());
+        result = write(block);
+    }
+    return result;
 }
 
 double AudioRenderer::done() const

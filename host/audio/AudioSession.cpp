@@ -170,6 +170,11 @@ Status AudioSession::start(const AudioDeviceSettings& settings)
     const Status opened = m_device->open(settings, settings.live ? 0 : m_stream.rate());
     if (!opened.isOk())
         return opened;
+    if (!m_settings.live && !Resampler::converts(m_stream.rate(), m_device->rate())) {
+        return Error{
+            tr("The sound file %1 has a sampling rate of %2 Hz and cannot be played at %3 Hz.")
+                .arg(m_file, QString::number(m_stream.rate()), QString::number(m_device->rate()))};
+    }
     Q_EMIT starting();
     m_bus.prepare(m_device->rate(), m_settings.live);
     m_player->setLive(m_settings.live);

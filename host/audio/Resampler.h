@@ -12,11 +12,19 @@
 class Resampler
 {
 public:
+    /// The most that two rates may differ by, in either direction.
+    static constexpr double maxRatio = 256.0;
+    static bool converts(double fromRate, double toRate)
+    {
+        return fromRate <= maxRatio * toRate && toRate <= maxRatio * fromRate;
+    }
+
     enum class Quality {
         Fast, ///< keeps 90 % of the lower rate's band, for playing
         Best  ///< 97 %
     };
 
+    /// converts() must hold.
     Resampler(int channels, double fromRate, double toRate, Quality quality = Quality::Fast);
 
     /// The samples that \a samples add to the output; valid until the next call. \a last says that

@@ -139,8 +139,11 @@ void MixerWindow::setSessionName(const QString& name)
 
 void MixerWindow::render(const QString& file)
 {
+    const AudioSession* transport = m_mixer.mixerModel.transport();
+    if (!transport)
+        return;
     AudioRenderer::Job job;
-    job.input = m_mixer.mixerModel.transport()->file();
+    job.input = transport->file();
     job.output = file;
     job.values = m_mixer.mixerModel.soundingValues(m_selected);
     auto* dialog = new RenderDialog(job, this);

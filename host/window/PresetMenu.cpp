@@ -110,7 +110,7 @@ void PresetMenu::saveAs()
 {
     const QString title = tr("Save as Preset");
     const QString name = typedName(title, m_suggestion());
-    if (mayTake(name, title))
+    if (!name.isEmpty() && mayTake(name, title))
         m_presets.save(name);
 }
 
@@ -119,7 +119,7 @@ void PresetMenu::rename()
     const QString before = m_presets.current()->name;
     const QString title = tr("Rename Preset");
     const QString name = typedName(title, before);
-    if (name != before && mayTake(name, title))
+    if (!name.isEmpty() && name != before && mayTake(name, title))
         m_presets.rename(before, name);
 }
 
@@ -139,18 +139,16 @@ void PresetMenu::showFolder()
         QDesktopServices::openUrl(QUrl::fromLocalFile(m_presets.folder().path()));
 }
 
-// Whether there is a name, and no preset that has it or one that the user lets go.
+// Whether there is no preset of that name, or one that the user lets go.
 bool PresetMenu::mayTake(const QString& name, const QString& title)
 {
-    if (name.isEmpty())
-        return false;
     return !m_presets.folder().contains(name) ||
            MessageDialog::ask(window(), title,
                               tr("A preset named %1 already exists. Replace it?").arg(name),
                               tr("Replace"));
 }
 
-// Asks until the name is a good one; empty if the user gives up.
+// Asks until the name is a good one; empty if the user gives up, or if this was deleted meanwhile.
 QString PresetMenu::typedName(const QString& title, const QString& suggestion)
 {
     QString typed = suggestion;

@@ -1424,6 +1424,10 @@
         <translation>Es gibt keine Audiodatei zum Abspielen.</translation>
     </message>
     <message>
+        <source>The sound file %1 has a sampling rate of %2 Hz and cannot be played at %3 Hz.</source>
+        <translation>Die Audiodatei %1 hat eine Abtastrate von %2 Hz und lässt sich nicht mit %3 Hz abspielen.</translation>
+    </message>
+    <message>
         <source>The sound device %1 is not responding.</source>
         <translation>Das Audiogerät %1 antwortet nicht.</translation>
     </message>

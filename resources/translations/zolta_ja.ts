@@ -1424,6 +1424,10 @@
         <translation>再生するオーディオファイルがありません。</translation>
     </message>
     <message>
+        <source>The sound file %1 has a sampling rate of %2 Hz and cannot be played at %3 Hz.</source>
+        <translation>オーディオファイル %1 のサンプリングレートは %2 Hz のため、%3 Hz では再生できません。</translation>
+    </message>
+    <message>
         <source>The sound device %1 is not responding.</source>
         <translation>オーディオデバイス %1 が応答しません。</translation>
     </message>

@@ -38,6 +38,7 @@ private Q_SLOTS:
     void takesTheDelayOut();
     void everyBandSoundsAtAnyRate_data();
     void everyBandSoundsAtAnyRate();
+    void keepsWhatIsSlowerThanSound();
 
 private:
     QString path(const char* name) const { return m_folder->filePath(QLatin1String(name)); }
@@ -368,6 +369,19 @@ void tst_AudioRenderer::everyBandSoundsAtAnyRate()
         const double level = 20.0 * std::log10(std::abs(sum) / 0.001) - drive;
         COMPARE_NEAR(level, EngineTesting::drawnLevel(bands, values, frequency), 0.05);
     }
+}
+
+// Resampling does not reach the rate that every band needs.
+void tst_AudioRenderer::keepsWhatIsSlowerThanSound()
+{
+    const std::vector<double> samples = SoundFiles::sine(10.0, 100, 9000);
+    SoundFiles::write(path("in.wav"), Sound{SF_FORMAT_WAV | SF_FORMAT_FLOAT, 100, 1, samples});
+    QCOMPARE(render(path("in.wav"), path("out.wav"), {{22, 1118}, {23, 60}}), QString());
+    const Sound result = SoundFiles::read(path("out.wav"));
+    QCOMPARE(result.rate, 100);
+    QCOMPARE(result.frames(), samples.size());
+    for (std::size_t i = 1000; i < 8000; ++i)
+        QVERIFY(std::abs(result.samples[i] - samples[i]) < 1e-3);
 }
 
 QTEST_APPLESS_MAIN(tst_AudioRenderer)

@@ -30,6 +30,7 @@ private Q_SLOTS:
     void playsWhatComesIn();
     void fileEndsWhatComesIn();
     void saysWhatCannotBePlayed();
+    void saysThatRatesAreTooFarApart();
     void badFileLeavesWhatPlays();
     void saysThatAFileWasCutShort();
     void saysThatTheDeviceDoesNotRespond();
@@ -270,6 +271,25 @@ void tst_AudioSession::saysWhatCannotBePlayed()
     m_session->setPosition(0.1);
     QCOMPARE(m_session->state(), AudioSession::State::Stopped);
     QCOMPARE(m_session->error(), QStringLiteral("It does not go on."));
+}
+
+// Looped, a file of which nothing is heard would be read for ever.
+void tst_AudioSession::saysThatRatesAreTooFarApart()
+{
+    const QString file = path("in.wav");
+    SoundFiles::write(file, Sound{SF_FORMAT_WAV | SF_FORMAT_FLOAT, 187, 2, SoundFiles::noise(200)});
+    QVERIFY(m_session->openFile(file).isOk());
+    m_session->setLooping(true);
+    QCOMPARE(
+        m_session->play().error(),
+        QStringLiteral(
+            "The sound file %1 has a sampling rate of 187 Hz and cannot be played at 48000 Hz.")
+            .arg(file));
+    QCOMPARE(m_session->state(), AudioSession::State::Stopped);
+    QVERIFY(!m_device->isPlaying());
+    SoundFiles::write(file, Sound{SF_FORMAT_WAV | SF_FORMAT_FLOAT, 188, 2, SoundFiles::noise(200)});
+    QVERIFY(m_session->openFile(file).isOk());
+    QVERIFY(m_session->play().isOk());
 }
 
 void tst_AudioSession::badFileLeavesWhatPlays()
