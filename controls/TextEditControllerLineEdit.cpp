@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "controls/TextEditControllerLineEdit.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMenu>
@@ -18,22 +19,33 @@ LineEdit::LineEdit(QWidget* field, std::function<void()> cancel)
     setAttribute(Qt::WA_InputMethodEnabled, false);
 }
 
+int LineEdit::s_losingFocus = 0;
+
+QWidget* LineEdit::nextFocus() { return s_losingFocus > 0 ? QApplication::focusWidget() : nullptr; }
+
 void LineEdit::retire()
 {
-    if (m_eventDepth == 0) {
+    const bool isNext = nextFocus() == this;
+    if (m_eventDepth == 0 && !isNext) {
         delete this;
         return;
     }
-    m_retired = true;
     blockSignals(true);
     setParent(nullptr);
+    if (isNext)
+        deleteLater();
+    else
+        m_retired = true;
 }
 
 bool LineEdit::event(QEvent* event)
 {
     constexpr auto commandKeys = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    const int losing = event->type() == QEvent::FocusOut ? 1 : 0;
     ++m_eventDepth;
+    s_losingFocus += losing;
     const bool handled = QLineEdit::event(event);
+    s_losingFocus -= losing;
     --m_eventDepth;
     // Taken here, a key is typed instead of triggering a shortcut of the window.
     if (event->type() == QEvent::ShortcutOverride &&

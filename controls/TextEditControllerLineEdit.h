@@ -20,9 +20,13 @@ public:
     void setHeld(bool held) { m_held = held; }
 
     /// For the field's destructor, instead of deleting: an event of the editor itself may be under
-    /// way, and Qt's own handling does not survive its object. Then the editor leaves the field and
-    /// goes as soon as that event is handled.
+    /// way, or the focus on its way to it, and Qt's own handling does not survive its object. Then
+    /// the editor leaves the field and goes as soon as Qt has done with it.
     void retire();
+
+    /// The widget that the focus is on its way to while a text field ends its edit for that reason;
+    /// else null.
+    static QWidget* nextFocus();
 
 protected:
     bool event(QEvent* event) override;
@@ -33,6 +37,8 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
+    static int s_losingFocus; // how many do, within one another
+
     std::function<void()> m_cancel;
     int m_eventDepth = 0;
     bool m_held = false;

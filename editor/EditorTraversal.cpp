@@ -6,6 +6,8 @@
 
 #include "ui_ZoltaEditor.h"
 
+#include <QPointer>
+
 #include <algorithm>
 
 namespace {
@@ -66,13 +68,18 @@ bool EditorTraversal::enter(const Stop& stop)
 {
     if (!stop.widget->isVisible() || !stop.widget->isEnabled())
         return false;
+    // A text field that loses the focus ends its edit, which may delete the editor.
+    const QPointer<FocusMark> mark = &m_mark;
     if (stop.handle != Target::EditTargetNone) {
         if (!m_graph.focusHandle(stop.handle))
             return false;
-        m_mark.frame(nullptr);
+        if (mark)
+            mark->frame(nullptr);
         return true;
     }
-    stop.widget->setFocus(Qt::TabFocusReason);
-    m_mark.frame(stop.widget);
+    QWidget* widget = stop.widget;
+    widget->setFocus(Qt::TabFocusReason);
+    if (mark)
+        mark->frame(widget);
     return true;
 }

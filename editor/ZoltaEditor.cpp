@@ -2,6 +2,7 @@
 #include "editor/ZoltaEditor.h"
 
 #include "component/ZoltaComponent.h"
+#include "controls/TextEditControllerLineEdit.h"
 #include "controls/WheelAccumulator.h"
 #include "editor/AccessibleNames.h"
 #include "editor/EditorTraversal.h"
@@ -13,13 +14,17 @@
 
 #include "ui_ZoltaEditor.h"
 
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QWheelEvent>
 
+#include <utility>
+
 using CommonController_MemAPI::AbstractController;
 using CommonController_MemAPI::TextEditController;
 using CommonController_MemAPI::WheelAccumulator;
+using CommonController_MemAPI::TextEditControllerPrivate::LineEdit;
 
 namespace {
 
@@ -66,9 +71,25 @@ ZoltaEditor::~ZoltaEditor()
     const QList<QWidget*> controls = findChildren<QWidget*>();
     for (QWidget* control : controls)
         control->disconnect(this);
+    spareNextFocus();
     delete m_graph;
     delete m_ui;
     delete m_component;
+}
+
+// Whoever is deleted by the end of a text field's edit may be about to give the focus to the next
+// widget, and Qt goes on with that widget then.
+void ZoltaEditor::spareNextFocus()
+{
+    QWidget* next = LineEdit::nextFocus();
+    if (!next || !isAncestorOf(next) || qobject_cast<QLineEdit*>(next)) // which spares itself
+        return;
+    if (auto* control = dynamic_cast<AbstractController*>(next))
+        control->setMemAPIValue(nullptr, 0, 0, 0);
+    if (next == m_graph)
+        std::exchange(m_graph, nullptr)->setMemAPI(nullptr);
+    next->setParent(nullptr);
+    next->deleteLater();
 }
 
 Steinberg::FUID& ZoltaEditor::uid() { return m_uid; }

@@ -133,6 +133,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void spareNextFocus();
     void hideAlternatives();
     void connectControls();
     void connectDrag(QWidget* control, const char* slot);

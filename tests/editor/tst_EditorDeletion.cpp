@@ -20,6 +20,8 @@ class tst_EditorDeletion : public TestObject
 private Q_SLOTS:
     void byTheHost_data();
     void byTheHost();
+    void byTheHostAsTheFocusMoves_data();
+    void byTheHostAsTheFocusMoves();
     void byAListenerOfADrag_data();
     void byAListenerOfADrag();
 };
@@ -63,18 +65,25 @@ private:
 
 enum Action { PressFlat, HoldFlat, TurnWheelOnSwitch, RestoreState, TypeText };
 
-/// A value for "fx_rackfx_prm_11", in the text field that a double click on its knob opens.
-void typeText(EditorFixture& fixture)
+/// Types a value for "fx_rackfx_prm_11" into the text field that a double click on its knob opens.
+void beginText(EditorFixture& fixture, QLineEdit** line)
 {
     fixture.editor->show();
     fixture.editor->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(fixture.editor.get()));
     QTest::mouseDClick(fixture.widget("Middle2GainKnob"), Qt::LeftButton);
-    auto* line = fixture.widget("Middle2GainTextEdit")->findChild<QLineEdit*>();
-    QVERIFY(line->hasFocus());
+    *line = fixture.widget("Middle2GainTextEdit")->findChild<QLineEdit*>();
+    QVERIFY((*line)->hasFocus());
     fixture.host.resetLedger();
-    line->setText(QStringLiteral("37"));
-    QTest::keyClick(line, Qt::Key_Return);
+    (*line)->setText(QStringLiteral("37"));
+}
+
+void typeText(EditorFixture& fixture)
+{
+    QLineEdit* line = nullptr;
+    beginText(fixture, &line);
+    if (line)
+        QTest::keyClick(line, Qt::Key_Return);
 }
 
 void perform(Action action, EditorFixture& fixture, Deleter& deleter)
@@ -137,6 +146,55 @@ void tst_EditorDeletion::byTheHost()
         QCOMPARE(fixture.host.observerCount(), 1);
         QCOMPARE(fixture.host.meterObserverCount(), 0);
     }
+}
+
+void tst_EditorDeletion::byTheHostAsTheFocusMoves_data()
+{
+    addColumns<QByteArray, QString>("target", "by");
+    for (const char* target : {"LowGainKnob", "LowGainTextEdit", "Middle2Button", "FlatButton"})
+        QTest::addRow("to %s", target) << QByteArray(target) << QStringLiteral("call");
+    QTest::newRow("to the curve") << QByteArray() << QStringLiteral("call");
+    for (const char* target : {"Middle4GainKnob", "LowGainTextEdit"})
+        QTest::addRow("press on %s", target) << QByteArray(target) << QStringLiteral("press");
+    QTest::newRow("another field opens")
+        << QByteArray("LowGainKnob") << QStringLiteral("double click");
+    QTest::newRow("Tab") << QByteArray() << QStringLiteral("tab");
+    QTest::newRow("Shift+Tab") << QByteArray() << QStringLiteral("back");
+}
+
+// Typing ends when the focus leaves the field, and Qt goes on with the widget that it moves to.
+void tst_EditorDeletion::byTheHostAsTheFocusMoves()
+{
+    QFETCH(QByteArray, target);
+    QFETCH(QString, by);
+    EditorFixture fixture;
+    Deleter deleter(fixture, 11);
+    fixture.bind();
+    deleter.watch();
+    QLineEdit* line = nullptr;
+    beginText(fixture, &line);
+    QVERIFY(line);
+    deleter.arm();
+    const QPointer<QWidget> next = target.isEmpty()
+                                       ? fixture.editor->findChild<ZoltaEqualizerGraph*>()
+                                       : fixture.widget(target);
+    if (by == QLatin1String("call"))
+        next->setFocus();
+    else if (by == QLatin1String("press"))
+        QTest::mousePress(fixture.editor->windowHandle(), Qt::LeftButton, {},
+                          next->mapTo(fixture.editor.get(), next->rect().center()));
+    else if (by == QLatin1String("double click"))
+        QTest::mouseDClick(next, Qt::LeftButton);
+    else
+        QTest::keyClick(line, Qt::Key_Tab,
+                        by == QLatin1String("back") ? Qt::ShiftModifier : Qt::NoModifier);
+    QVERIFY(!fixture.editor);
+    QCOMPARE(numbers(fixture.host.writes()), QList<int>{11});
+    QCOMPARE(fixture.host.callCount(), deleter.callsSoFar);
+    QCOMPARE(fixture.host.observerCount(), 1);
+    QCOMPARE(fixture.host.meterObserverCount(), 0);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!next);
 }
 
 void tst_EditorDeletion::byAListenerOfADrag_data()
