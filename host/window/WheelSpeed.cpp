@@ -10,7 +10,9 @@
 #include <QWheelEvent>
 #include <QWidget>
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -57,6 +59,14 @@ int factorOf(QObject* knob, const QWheelEvent& event)
     return knob->property("valueChangeStep").toInt() == 1 ? fineNotches : 1;
 }
 
+// A delta may be any number.
+QPoint multiplied(const QPoint& delta, int factor)
+{
+    const int limit = std::numeric_limits<int>::max() / factor;
+    return QPoint(std::clamp(delta.x(), -limit, limit), std::clamp(delta.y(), -limit, limit)) *
+           factor;
+}
+
 } // namespace
 
 WheelSpeed::WheelSpeed(QWidget* editor)
@@ -74,7 +84,7 @@ bool WheelSpeed::eventFilter(QObject* knob, QEvent* event)
         return false;
     const auto* wheel = static_cast<QWheelEvent*>(event);
     QWheelEvent scaled(wheel->position(), wheel->globalPosition(), wheel->pixelDelta(),
-                       wheel->angleDelta() * factorOf(knob, *wheel), wheel->buttons(),
+                       multiplied(wheel->angleDelta(), factorOf(knob, *wheel)), wheel->buttons(),
                        wheel->modifiers(), wheel->phase(), wheel->inverted(), wheel->source(),
                        wheel->pointingDevice());
     scaled.setTimestamp(wheel->timestamp());

@@ -7,6 +7,8 @@
 #include <QApplication>
 #include <QWheelEvent>
 
+#include <limits>
+
 using namespace Qt::StringLiterals;
 
 class tst_WheelSpeed : public TestObject
@@ -19,6 +21,7 @@ private Q_SLOTS:
     void notchMovesAHandful_data();
     void notchMovesAHandful();
     void trackpadIsSmooth();
+    void anyDeltaStaysInTheRange();
     void turningIsOneStepOfTheHistory();
 
 private:
@@ -91,6 +94,14 @@ void tst_WheelSpeed::trackpadIsSmooth()
     }
     QCOMPARE(last, before + 10);
     QVERIFY(moves >= 9);
+}
+
+void tst_WheelSpeed::anyDeltaStaysInTheRange()
+{
+    turn(u"m_pMiddle2GainKnob"_s, std::numeric_limits<int>::max());
+    QCOMPARE(value(11), 200);
+    turn(u"m_pMiddle2GainKnob"_s, std::numeric_limits<int>::min());
+    QCOMPARE(value(11), -200);
 }
 
 void tst_WheelSpeed::turningIsOneStepOfTheHistory()
