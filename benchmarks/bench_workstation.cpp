@@ -147,7 +147,7 @@ private:
     {
         EmbeddedEditor::Options options;
         options.parent = window.id();
-        options.program = ZOLTA_EDITOR;
+        options.findProgram = [] { return ZOLTA_EDITOR; };
         return options;
     }
 

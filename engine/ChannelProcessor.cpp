@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/ChannelProcessor.h"
 
+#include "engine/ChannelMeters.h"
 #include "engine/DenormalGuard.h"
 #include "engine/Steady.h"
 #include "equalizer/Decibels.h"
@@ -63,12 +64,36 @@ void ChannelProcessor::applyInput(std::span<double> block)
     m_input.apply(block);
 }
 
+// Multiplied by a factor that stays, the largest sample is still the largest.
+double ChannelProcessor::applyInputLevel(std::span<double> block, double peak)
+{
+    m_fresh = false;
+    if (m_input.isOne())
+        return peak;
+    const DenormalGuard guard;
+    const bool moves = m_input.isMoving();
+    m_input.apply(block);
+    return moves ? peakOf(block) : peak * m_input.value();
+}
+
 void ChannelProcessor::equalize(std::span<double> block)
 {
     const DenormalGuard guard;
     for (std::size_t done = 0; done < block.size(); done += silenceLength)
         runBands(block.subspan(done, std::min(silenceLength, block.size() - done)));
     finish(block);
+}
+
+bool ChannelProcessor::isTransparent() const
+{
+    return m_drive.isOff() && m_output.isOne() && presentBands() == 0 && isSettled();
+}
+
+void ChannelProcessor::passBy(std::span<const double> block)
+{
+    m_fresh = false;
+    countZeros(block);
+    m_zeros %= silenceLength;
 }
 
 void ChannelProcessor::processPair(ChannelProcessor* left, ChannelProcessor* right,

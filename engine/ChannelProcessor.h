@@ -55,12 +55,20 @@ public:
     void process(std::span<double> block);
     /// The first part: the input level. What it leaves is what the send meter shows.
     void applyInput(std::span<double> block);
+    /// The same for samples that are all signal and whose largest magnitude is \a peak; returns the
+    /// largest one afterwards.
+    double applyInputLevel(std::span<double> block, double peak);
     /// The second part: bands, drive and output level.
     void equalize(std::span<double> block);
 
-    /// The same for two channels and their blocks, which are equally long. Each gets the bits that
-    /// it would get alone, in little more than the time of one while both are at rest and cut in
-    /// the same bands.
+    /// Whether equalize() would leave every bit as it is, with nothing to come of earlier samples.
+    bool isTransparent() const;
+    /// In place of equalize(), as long as that is so.
+    void passBy(std::span<const double> block);
+
+    /// What process() does, for two channels and their blocks, which are equally long. Each gets
+    /// the bits that it would get alone, in little more than the time of one while both are at rest
+    /// and cut in the same bands.
     static void processPair(ChannelProcessor* left, ChannelProcessor* right,
                             std::span<double> leftBlock, std::span<double> rightBlock);
     /// What equalize() does, for two channels.

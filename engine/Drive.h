@@ -29,6 +29,8 @@ public:
     void setSampleRate(double hertz);
     void set(bool on);
     bool isWanted() const { return m_wanted; }
+    /// Whether it touches nothing, and no switching is under way.
+    bool isOff() const { return m_share.isOut(); }
     /// Clears what is left of the samples so far; a switching under way is over at once.
     void reset();
 

@@ -22,6 +22,8 @@ class GainRamp
 public:
     double value() const { return m_value; }
     bool isMoving() const { return m_left > 0; }
+    /// At rest and exactly 1.
+    bool isOne() const { return m_value == 1.0 && !isMoving(); }
 
     void jumpTo(double target);
     /// In about \a samples steps from here; nothing happens where that is the target already.

@@ -1,30 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "daw/processor/EqualizerProcessor.h"
 
-#include "daw/processor/SignalPeak.h"
+#include "daw/processor/SignalBlock.h"
 
 #include <algorithm>
-
-namespace {
-
-template <typename Sample>
-void copyPart(const Sample* from, std::size_t first, std::span<double> part)
-{
-    if (from)
-        std::copy_n(from + first, part.size(), part.begin());
-    else
-        std::fill(part.begin(), part.end(), 0.0);
-}
-
-template <typename Sample>
-void writePart(std::span<const double> part, Sample* to, std::size_t first)
-{
-    if (to)
-        std::transform(part.begin(), part.end(), to + first,
-                       [](double sample) { return static_cast<Sample>(sample); });
-}
-
-} // namespace
 
 EqualizerProcessor::EqualizerProcessor(std::size_t channels)
     : m_channelCount(channels)
@@ -95,43 +74,64 @@ void EqualizerProcessor::processBlock(std::span<const Sample* const> inputs,
 {
     for (std::size_t done = 0; done < frames; done += maxPart) {
         const std::size_t count = std::min(maxPart, frames - done);
-        for (std::size_t i = 0; i < m_channelCount; ++i)
-            copyPart(i < inputs.size() ? inputs[i] : nullptr, done, m_channels[i].first(count));
-        processPart(count);
-        for (std::size_t i = 0; i < outputs.size(); ++i) {
+        for (std::size_t i = 0; i < m_channelCount; ++i) {
+            const Sample* const input = i < inputs.size() ? inputs[i] : nullptr;
+            read(input ? input + done : nullptr, &m_channels[i], count);
+        }
+        equalize(count);
+        for (std::size_t i = 0; i < std::max(m_channelCount, outputs.size()); ++i) {
+            Sample* const output = i < outputs.size() ? outputs[i] : nullptr;
             if (i < m_channelCount)
-                writePart<Sample>(m_channels[i].first(count), outputs[i], done);
-            else if (outputs[i])
-                std::fill_n(outputs[i] + done, count, Sample{});
+                write(&m_channels[i], output ? output + done : nullptr, count);
+            else if (output)
+                std::fill_n(output + done, count, Sample{});
         }
     }
     updateMeters(frames);
 }
 
-void EqualizerProcessor::processPart(std::size_t count)
+template <typename Sample>
+void EqualizerProcessor::read(const Sample* from, Channel* channel, std::size_t count)
 {
-    for (Channel& channel : channels()) {
-        const std::span<double> part = channel.first(count);
-        channel.bypass.addInput(part);
-        channel.equalizer.applyInput(part);
-        channel.inputPeak = std::max(channel.inputPeak, peakOfSignal(part));
-    }
-    equalize(count);
-    for (Channel& channel : channels()) {
-        const std::span<double> part = channel.first(count);
-        channel.bypass.process(part);
-        channel.outputPeak = std::max(channel.outputPeak, peakOfSignal(part));
-    }
+    const std::span<double> part = channel->first(count);
+    double peak = 0.0;
+    if (from)
+        peak = readSignal(from, part);
+    else
+        std::fill(part.begin(), part.end(), 0.0);
+    channel->bypass.addInput(part);
+    peak = channel->equalizer.applyInputLevel(part, peak);
+    channel->inputPeak = std::max(channel->inputPeak, peak);
+}
+
+template <typename Sample>
+void EqualizerProcessor::write(Channel* channel, Sample* to, std::size_t count)
+{
+    const std::span<double> part = channel->first(count);
+    channel->bypass.process(part);
+    const double peak = to ? writeSignal(part, to) : peakOfSignal(part);
+    channel->outputPeak = std::max(channel->outputPeak, peak);
 }
 
 void EqualizerProcessor::equalize(std::size_t count)
 {
     Channel& left = m_channels[0];
+    if (isTransparent()) {
+        for (Channel& channel : channels())
+            channel.equalizer.passBy(channel.first(count));
+        return;
+    }
     if (m_channelCount == 1)
         return left.equalizer.equalize(left.first(count));
     Channel& right = m_channels[1];
     ChannelProcessor::equalizePair(&left.equalizer, &right.equalizer, left.first(count),
                                    right.first(count));
+}
+
+bool EqualizerProcessor::isTransparent() const
+{
+    return std::all_of(m_channels.begin(), m_channels.begin() + m_channelCount,
+                       [](const Channel& channel) { return channel.equalizer.isTransparent(); });
 }
 
 void EqualizerProcessor::updateMeters(std::size_t frames)

@@ -75,8 +75,11 @@ private:
     template <typename Sample>
     void processBlock(std::span<const Sample* const> inputs, std::span<Sample* const> outputs,
                       std::size_t frames) noexcept;
-    void processPart(std::size_t count);
+    template <typename Sample>
+    static void read(const Sample* from, Channel* channel, std::size_t count);
+    template <typename Sample> static void write(Channel* channel, Sample* to, std::size_t count);
     void equalize(std::size_t count);
+    bool isTransparent() const;
     void updateMeters(std::size_t frames);
 
     std::size_t m_channelCount;

@@ -10,7 +10,7 @@ namespace {
 constexpr char opening[] = "Opening the editor...";
 constexpr char ended[] = "The editor has ended; the sound goes on. Click here to open it again.";
 constexpr char missing[] =
-    "The program zolta-editor was not found. Install the package zolta again to see the editor.";
+    "The program zolta-editor was not found. Install the package zolta again, then click here.";
 constexpr char failed[] = "The editor cannot be started. Click here to try again.";
 
 Message valueMessage(std::size_t parameter, int value)
@@ -42,13 +42,13 @@ EmbeddedEditor::~EmbeddedEditor()
 
 void EmbeddedEditor::startProgram()
 {
-    if (m_options.program.empty())
+    const std::string program = m_options.findProgram();
+    if (program.empty())
         return m_window.setText(missing);
     const auto [plugin, editor] = Conversation::makeEnds();
     const std::vector<std::string> arguments = {std::to_string(id()),
                                                 m_options.stereo ? "stereo" : "mono"};
-    const bool started =
-        m_process.start(m_options.program, arguments, editor, m_options.pixelRatio);
+    const bool started = m_process.start(program, arguments, editor, m_options.pixelRatio);
     ::close(editor);
     m_conversation.begin(plugin);
     if (!started)

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <bitset>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -26,8 +27,8 @@ protected:
 };
 
 /// The editor in a workstation's window: a window with the editor's program inside. The program
-/// may end at any time; then the window says so, and a click starts the program again with
-/// everything as it was.
+/// may end at any time, or not be there; then the window says so, and a click starts the program
+/// with everything as it was.
 ///
 /// For the workstation's GUI thread, which calls relay() whenever descriptor() can be read, or
 /// every few milliseconds. Never waits but in the destructor (300 ms at most).
@@ -47,7 +48,8 @@ public:
         int height = naturalHeight;
         double pixelRatio = 1.0; ///< pixels a unit, for displays of high density
         bool stereo = true;
-        std::string program = EditorProcess::findProgram();
+        /// Where the editor's program is, empty where it is not; asked before each start.
+        std::function<std::string()> findProgram = EditorProcess::findProgram;
     };
 
     /// \a listener must outlive it.

@@ -43,7 +43,7 @@ void DesktopEqualizer::connectToServer()
                           "equalizer then plays by itself.")});
     }
     m_retry.stop();
-    m_graph = std::make_unique<SoundGraph>(m_connection.core());
+    m_graph = std::make_unique<SoundGraph>(m_connection.graphCore());
     m_patience.start();
 }
 
@@ -54,6 +54,7 @@ void DesktopEqualizer::follow()
         return;
     if (!m_connection.isOpen())
         return lose();
+    m_graph->renewSinks();
     if (!m_graph->hasManager())
         return loseManager();
     m_patience.stop();
@@ -82,7 +83,6 @@ void DesktopEqualizer::loseManager()
 {
     m_isRefreshing = false;
     m_streams.reset();
-    m_graph->renewSinks();
     if (!m_patience.isActive() && m_reported.isEmpty())
         m_patience.start();
     showState();
@@ -98,7 +98,8 @@ void DesktopEqualizer::enter()
         m_streams.reset();
     if (!m_streams) {
         m_isDefault = false;
-        m_streams = std::make_unique<SinkStreams>(m_connection.core(), m_processor, *m_chosen);
+        m_streams =
+            std::make_unique<SinkStreams>(m_connection.streamCore(), m_processor, *m_chosen);
     }
     const bool isThere = m_streams->sink() && m_streams->output();
     if (!isThere || m_isDefault || m_isRefreshing)
@@ -151,6 +152,8 @@ void DesktopEqualizer::showState()
 {
     const std::optional<std::uint32_t> node = m_streams ? m_streams->output() : std::nullopt;
     const SoundGraph::Sink output = node ? m_graph->sinkBehind(*node) : SoundGraph::Sink();
+    if (!output.name.isEmpty())
+        m_graph->keepSinks();
     const int rate = m_streams && m_streams->rate() > 0 ? m_streams->rate() : m_rate;
     if (output.name == m_output.name && rate == m_rate)
         return;

@@ -16,19 +16,28 @@ public:
 
     bool open();
     void close();
-    bool isOpen() const { return m_core && !m_lost; }
-    pw_core* core() const { return m_core; }
+    bool isOpen() const { return m_streams.core && m_graph.core && !m_lost; }
+    pw_core* streamCore() const { return m_streams.core; }
+    pw_core* graphCore() const { return m_graph.core; }
     int descriptor() const { return pw_loop_get_fd(m_loop); }
     void run(int limit);
 
 private:
+    struct Client
+    {
+        pw_core* core = nullptr;
+        spa_hook hook{};
+    };
+
+    bool open(Client* client);
+    static void close(Client* client);
     static void failed(void* line, std::uint32_t id, int sequence, int result, const char* text);
 
     pw_loop* m_loop;
     pw_context* m_context;
-    pw_core* m_core = nullptr;
+    Client m_streams;
+    Client m_graph;
     pw_core_events m_events{};
-    spa_hook m_hook{};
     bool m_lost = false;
 };
 
@@ -55,26 +64,40 @@ PipeWireConnection::Line::~Line()
 bool PipeWireConnection::Line::open()
 {
     close();
+    m_lost = false;
+    const bool opened = open(&m_streams) && open(&m_graph);
+    if (!opened)
+        close();
+    return opened;
+}
+
+bool PipeWireConnection::Line::open(Client* client)
+{
     if (!m_context)
         return false;
-    m_core = pw_context_connect(
+    client->core = pw_context_connect(
         m_context,
         pw_properties_new(PW_KEY_APP_NAME, "Zolta", PW_KEY_APP_ICON_NAME, "zolta-host", nullptr),
         0);
-    if (!m_core)
+    if (!client->core)
         return false;
-    m_lost = false;
-    pw_core_add_listener(m_core, &m_hook, &m_events, this);
+    pw_core_add_listener(client->core, &client->hook, &m_events, this);
     return true;
 }
 
 void PipeWireConnection::Line::close()
 {
-    if (!m_core)
+    close(&m_graph);
+    close(&m_streams);
+}
+
+void PipeWireConnection::Line::close(Client* client)
+{
+    if (!client->core)
         return;
-    spa_hook_remove(&m_hook);
-    pw_core_disconnect(m_core);
-    m_core = nullptr;
+    spa_hook_remove(&client->hook);
+    pw_core_disconnect(client->core);
+    client->core = nullptr;
 }
 
 void PipeWireConnection::Line::run(int limit)
@@ -107,7 +130,9 @@ void PipeWireConnection::close() { m_line->close(); }
 
 bool PipeWireConnection::isOpen() const { return m_line->isOpen(); }
 
-pw_core* PipeWireConnection::core() const { return m_line->core(); }
+pw_core* PipeWireConnection::streamCore() const { return m_line->streamCore(); }
+
+pw_core* PipeWireConnection::graphCore() const { return m_line->graphCore(); }
 
 void PipeWireConnection::run(std::chrono::milliseconds limit)
 {

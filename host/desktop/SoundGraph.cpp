@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/desktop/SoundGraph.h"
 
+#include "host/desktop/SinkPorts.h"
+
 #include <QJsonDocument>
 #include <QJsonObject>
 
 #include <algorithm>
-#include <array>
 #include <iterator>
 #include <map>
 #include <optional>
@@ -15,7 +16,6 @@
 
 #include <pipewire/extensions/metadata.h>
 #include <pipewire/pipewire.h>
-#include <spa/pod/builder.h>
 
 namespace {
 
@@ -79,6 +79,7 @@ public:
 
     std::map<std::uint32_t, Sink> sinks;
     std::map<std::uint32_t, Link> links;
+    std::set<std::uint32_t> old; // sinks of an earlier session manager's time
     Defaults defaults;
     bool ready = false; // all that the session manager keeps has come
     bool synced = false;
@@ -91,7 +92,6 @@ private:
     static int changed(void* watch, std::uint32_t subject, const char* key, const char* type,
                        const char* value);
     static void done(void* watch, std::uint32_t id, int sequence);
-    void renewPorts(std::uint32_t sink);
     void bind(std::uint32_t id);
     void unbind();
     void forget();
@@ -100,8 +100,8 @@ private:
     pw_registry* m_registry;
     pw_proxy* m_metadata = nullptr;
     std::uint32_t m_metadataId = 0;
-    std::optional<Defaults> m_answer; // to bind(), until all of it has come
-    std::set<std::uint32_t> m_old;    // sinks of the last session manager's time
+    std::optional<Defaults> m_answer;           // to bind(), until all of it has come
+    std::map<std::uint32_t, SinkPorts> m_ports; // since the last session manager went
     int m_sequence = 0;
     pw_core_events m_coreEvents{};
     pw_registry_events m_registryEvents{};
@@ -128,6 +128,7 @@ SoundGraph::Watch::Watch(pw_core* core)
 
 SoundGraph::Watch::~Watch()
 {
+    m_ports.clear();
     unbind();
     spa_hook_remove(&m_registryHook);
     spa_hook_remove(&m_coreHook);
@@ -149,35 +150,12 @@ void SoundGraph::Watch::refresh()
 
 void SoundGraph::Watch::renewSinks()
 {
-    for (auto sink = m_old.begin(); sink != m_old.end();) {
+    for (auto sink = old.begin(); sink != old.end();) {
         const bool isFree = !isLinked(*sink);
         if (isFree)
-            renewPorts(*sink);
-        sink = isFree ? m_old.erase(sink) : std::next(sink);
+            m_ports.try_emplace(*sink, m_registry, *sink);
+        sink = isFree ? old.erase(sink) : std::next(sink);
     }
-}
-
-// Those without a monitor are others than those that the session manager will ask for.
-void SoundGraph::Watch::renewPorts(std::uint32_t sink)
-{
-    auto* proxy = static_cast<pw_proxy*>(
-        pw_registry_bind(m_registry, sink, PW_TYPE_INTERFACE_Node, PW_VERSION_NODE, 0));
-    if (!proxy)
-        return;
-    std::array<std::uint8_t, 256> bytes;
-    spa_pod_builder builder{};
-    builder.data = bytes.data();
-    builder.size = bytes.size();
-    const void* ports = spa_pod_builder_add_object(
-        &builder, SPA_TYPE_OBJECT_ParamPortConfig, SPA_PARAM_PortConfig,
-        SPA_PARAM_PORT_CONFIG_direction, SPA_POD_Id(SPA_DIRECTION_INPUT),
-        SPA_PARAM_PORT_CONFIG_mode, SPA_POD_Id(SPA_PARAM_PORT_CONFIG_MODE_dsp),
-        SPA_PARAM_PORT_CONFIG_monitor, SPA_POD_Bool(false));
-    const spa_command suspend = SPA_NODE_COMMAND_INIT(SPA_NODE_COMMAND_Suspend);
-    auto* node = reinterpret_cast<pw_node*>(proxy);
-    pw_node_send_command(node, &suspend);
-    pw_node_set_param(node, SPA_PARAM_PortConfig, 0, static_cast<const spa_pod*>(ports));
-    pw_proxy_destroy(proxy);
 }
 
 bool SoundGraph::Watch::isLinked(std::uint32_t node) const
@@ -218,7 +196,8 @@ void SoundGraph::Watch::vanished(void* watch, std::uint32_t id)
     self->doubtful = true;
     self->sinks.erase(id);
     self->links.erase(id);
-    self->m_old.erase(id);
+    self->old.erase(id);
+    self->m_ports.erase(id);
     if (self->m_metadata && id == self->m_metadataId)
         self->forget();
 }
@@ -256,7 +235,6 @@ void SoundGraph::Watch::bind(std::uint32_t id)
     m_metadata = static_cast<pw_proxy*>(
         pw_registry_bind(m_registry, id, PW_TYPE_INTERFACE_Metadata, PW_VERSION_METADATA, 0));
     m_metadataId = id;
-    m_old.clear();
     m_answer = Defaults();
     auto* metadata = reinterpret_cast<pw_metadata*>(m_metadata);
     pw_metadata_add_listener(metadata, &m_metadataHook, &m_metadataEvents, this);
@@ -278,8 +256,9 @@ void SoundGraph::Watch::forget()
     unbind();
     ready = false;
     defaults = {};
+    m_ports.clear();
     for (const auto& [id, sink] : sinks)
-        m_old.insert(id);
+        old.insert(id);
 }
 
 SoundGraph::SoundGraph(pw_core* core)
@@ -319,6 +298,8 @@ void SoundGraph::refresh() { m_watch->refresh(); }
 bool SoundGraph::isDoubtful() const { return m_watch->doubtful; }
 
 void SoundGraph::renewSinks() { m_watch->renewSinks(); }
+
+void SoundGraph::keepSinks() { m_watch->old.clear(); }
 
 SoundGraph::Sink SoundGraph::sinkBehind(std::uint32_t node) const
 {

@@ -49,10 +49,12 @@ public:
     /// Whether anything has come or gone since that was asked for, so that it may be out of date.
     bool isDoubtful() const;
 
-    /// While there is no session manager any more: lets sinks that nothing is linked to make their
-    /// ports anew. The next session manager waits for that, in vain with a sink that has run
-    /// already and keeps its rate, and links nobody until then.
+    /// Lets each sink of an earlier session manager's time make its ports anew (SinkPorts), once
+    /// and as soon as nothing is linked to it any more. The next session manager may be there
+    /// already.
     void renewSinks();
+    /// The session manager has linked what it should, so no sink needs that any more.
+    void keepSinks();
 
     /// The sink that the node with the number \a node plays to; without names if it plays to none.
     Sink sinkBehind(std::uint32_t node) const;

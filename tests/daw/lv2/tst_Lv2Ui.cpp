@@ -2,6 +2,7 @@
 #include "daw/lv2/Ports.h"
 #include "daw/lv2/Turtle.h"
 #include "daw/window/EmbeddedEditor.h"
+#include "tests/daw/BundleCopy.h"
 #include "tests/daw/HostWindow.h"
 #include "tests/support/TestObject.h"
 
@@ -18,10 +19,10 @@
 
 namespace {
 
-const LV2UI_Descriptor* loadedDescriptor(std::uint32_t index)
+const LV2UI_Descriptor* loadedDescriptor(std::uint32_t index, const char* library = UI_LIBRARY)
 {
-    void* library = ::dlopen(UI_LIBRARY, RTLD_NOW | RTLD_LOCAL);
-    auto* get = reinterpret_cast<LV2UI_DescriptorFunction>(::dlsym(library, "lv2ui_descriptor"));
+    void* handle = ::dlopen(library, RTLD_NOW | RTLD_LOCAL);
+    auto* get = reinterpret_cast<LV2UI_DescriptorFunction>(::dlsym(handle, "lv2ui_descriptor"));
     return get ? get(index) : nullptr;
 }
 
@@ -47,7 +48,9 @@ LV2_URID map(LV2_URID_Map_Handle handle, const char* uri)
 class Host
 {
 public:
-    explicit Host(const char* plugin = stereoUri, float scale = 1.0F)
+    explicit Host(const char* plugin = stereoUri, float scale = 1.0F,
+                  const char* library = UI_LIBRARY)
+        : m_descriptor(loadedDescriptor(0, library))
     {
         window.open(1954, 1118);
         const LV2_URID number = map(&m_uris, LV2_ATOM__Float);
@@ -127,7 +130,7 @@ private:
             << (held ? QStringLiteral("touch %1") : QStringLiteral("release %1")).arg(port);
     }
 
-    const LV2UI_Descriptor* m_descriptor = loadedDescriptor(0);
+    const LV2UI_Descriptor* m_descriptor;
     QByteArrayList m_uris;
     float m_rate = 44100.0F;
     LV2UI_Touch m_touch{this, touch};
@@ -225,6 +228,20 @@ private Q_SLOTS:
         const QImage before = host.picture();
         host.setPort(indexOf("meter_out", 1), -3.0F);
         QTRY_VERIFY(host.picture() != before);
+    }
+
+    void aProgramInstalledLaterIsFoundByAClick()
+    {
+        if (BundleCopy::isProgramInSystem())
+            QSKIP("The editor's program is installed on this machine.");
+        const BundleCopy bundle(UI_LIBRARY, QStringLiteral("lib/lv2/zolta.lv2"));
+        Host host(stereoUri, 1.0F, bundle.library());
+        QVERIFY(host.hasEditor());
+        settle(host.window);
+        QVERIFY(!host.isShown());
+        bundle.install(EDITOR_PROGRAM);
+        xdotool({"mousemove", "20", "500", "click", "1"});
+        QTRY_VERIFY(host.isShown());
     }
 
     void withoutAParentThereIsNone()

@@ -75,6 +75,7 @@ class tst_EqualizerProcessor : public TestObject
 private Q_SLOTS:
     void everyChannelIsTheEngines_data();
     void everyChannelIsTheEngines();
+    void changesAreTheEngines();
     void flatSettingsPassEveryBit_data();
     void flatSettingsPassEveryBit();
     void badSamplesAreSilent_data();
@@ -92,6 +93,9 @@ private Q_SLOTS:
 private:
     template <typename Sample>
     void compareWithEngine(std::size_t channels, int hertz, const Values& values);
+    template <typename Sample>
+    void compareBadWithSilent(const Block& bad, const Block& silent, const Values& values,
+                              bool bypassed);
 };
 
 void tst_EqualizerProcessor::everyChannelIsTheEngines_data()
@@ -140,6 +144,28 @@ void tst_EqualizerProcessor::everyChannelIsTheEngines()
     compareWithEngine<double>(std::size_t(channels), hertz, valuesFrom(settings));
 }
 
+// Flat settings among them, at which the bands hear nothing, and silence from which they come back.
+void tst_EqualizerProcessor::changesAreTheEngines()
+{
+    constexpr std::size_t sizes[] = {100, 256, 1, 1000};
+    EqualizerProcessor processor;
+    ChannelProcessor engine;
+    Runner<double> runner(&processor);
+    const Block silence(1500, 0.0);
+    const Block sound = noise(2000, 0.5);
+    const QString driven = busy + QStringLiteral(" 27=1");
+    for (const QString& settings : {QString(), busy, QString(), QStringLiteral("25=-60"), driven,
+                                    QStringLiteral("26=35"), QString(), busy}) {
+        processor.setValues(valuesFrom(settings));
+        engine.setValues(valuesFrom(settings));
+        for (const Block& signal : {sound, silence, sound, silence}) {
+            Block expected = signal;
+            engine.process(expected);
+            QCOMPARE(runner.run(signal, sizes), expected);
+        }
+    }
+}
+
 void tst_EqualizerProcessor::flatSettingsPassEveryBit_data()
 {
     QTest::addColumn<QString>("settings");
@@ -168,10 +194,27 @@ void tst_EqualizerProcessor::badSamplesAreSilent_data()
 {
     QTest::addColumn<QString>("settings");
     QTest::addColumn<bool>("bypassed");
+    QTest::newRow("flat") << QString() << false;
     QTest::newRow("clean") << busy << false;
     QTest::newRow("drive") << busy + QStringLiteral(" 27=1") << false;
     QTest::newRow("bypassed") << busy << true;
     QTest::newRow("bypassed with drive") << busy + QStringLiteral(" 27=1") << true;
+}
+
+template <typename Sample>
+void tst_EqualizerProcessor::compareBadWithSilent(const Block& bad, const Block& silent,
+                                                  const Values& values, bool bypassed)
+{
+    constexpr std::size_t sizes[] = {256, 5, 1, 300};
+    EqualizerProcessor first;
+    EqualizerProcessor second;
+    for (EqualizerProcessor* processor : {&first, &second}) {
+        processor->setValues(values);
+        processor->setBypassed(bypassed);
+    }
+    QCOMPARE(Runner<Sample>(&first).run(samplesOf<Sample>(bad), sizes),
+             Runner<Sample>(&second).run(samplesOf<Sample>(silent), sizes));
+    QCOMPARE(first.levels(0), second.levels(0));
 }
 
 void tst_EqualizerProcessor::badSamplesAreSilent()
@@ -182,18 +225,15 @@ void tst_EqualizerProcessor::badSamplesAreSilent()
     Block bad = noise(3000);
     Block silent = bad;
     std::size_t at = 10;
-    for (const double sample : {std::nan(""), infinity, -infinity, 1e16}) {
-        bad[at] = sample;
-        silent[at] = 0.0;
+    for (const double sample : {std::nan(""), infinity, -infinity, 1e16, -1.001e15}) {
+        for (const std::size_t place : {at, at + 7, 2 * at}) {
+            bad[place] = sample;
+            silent[place] = 0.0;
+        }
         at += 311;
     }
-    EqualizerProcessor first;
-    EqualizerProcessor second;
-    for (EqualizerProcessor* processor : {&first, &second}) {
-        processor->setValues(valuesFrom(settings));
-        processor->setBypassed(bypassed);
-    }
-    QCOMPARE(through(&first, bad), through(&second, silent));
+    compareBadWithSilent<float>(bad, silent, valuesFrom(settings), bypassed);
+    compareBadWithSilent<double>(bad, silent, valuesFrom(settings), bypassed);
 }
 
 // Numbers that fade away without end would be computed many times slower.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "daw/vst3/Vst3View.h"
+#include "tests/daw/BundleCopy.h"
 #include "tests/daw/HostWindow.h"
 #include "tests/daw/vst3/Vst3Host.h"
 #include "tests/support/TestObject.h"
@@ -69,7 +70,8 @@ private:
 /// A plug-in with its view in a window.
 struct Session
 {
-    Session()
+    explicit Session(const char* library = ZOLTA_VST3_LIBRARY)
+        : module(library)
     {
         window.open(1954, 1118);
         view = owned(plugin.controller->createView(Vst::ViewType::kEditor));
@@ -89,7 +91,7 @@ struct Session
     QImage picture() const { return window.picture().copy(0, 0, 977, 559); }
     bool isShown() const { return window.picture().pixelColor(488, 4) != HostWindow::ground; }
 
-    Vst3Host::Module module{ZOLTA_VST3_LIBRARY};
+    Vst3Host::Module module;
     Plugin plugin{module};
     HostWindow window;
     Frame frame;
@@ -230,6 +232,21 @@ private Q_SLOTS:
             QVERIFY(session.frame.isEmpty());
             QVERIFY(childrenRunning(EDITOR_PROGRAM).isEmpty());
         }
+    }
+
+    void aProgramInstalledLaterIsFoundByAClick()
+    {
+        if (BundleCopy::isProgramInSystem())
+            QSKIP("The editor's program is installed on this machine.");
+        const BundleCopy bundle(ZOLTA_VST3_LIBRARY,
+                                QStringLiteral("lib/vst3/zolta.vst3/Contents/x86_64-linux"));
+        Session session(bundle.library());
+        QCOMPARE(session.attach(), kResultOk);
+        settle(session.window);
+        QVERIFY(!session.isShown());
+        bundle.install(EDITOR_PROGRAM);
+        xdotool({"mousemove", "20", "500", "click", "1"});
+        QTRY_VERIFY(session.isShown());
     }
 
     void theViewHoldsItsController()

@@ -62,7 +62,7 @@ struct Workstation
     static EmbeddedEditor::Options withProgram()
     {
         EmbeddedEditor::Options options;
-        options.program = EDITOR_PROGRAM;
+        options.findProgram = [] { return EDITOR_PROGRAM; };
         return options;
     }
 
@@ -241,11 +241,29 @@ private Q_SLOTS:
 
     void withoutTheProgramTheWindowSaysSo()
     {
+        std::string program;
         EmbeddedEditor::Options options;
-        options.program.clear();
+        options.findProgram = [&program] { return program; };
         Workstation workstation(options);
+        workstation.editor->setValue(lowGain, 90);
         QTRY_VERIFY(colorsOf(workstation.picture()).size() > 1);
         QVERIFY(workstation.editor->isOpen());
+        const QImage sentence = workstation.picture();
+        xdotool({"mousemove", "20", "500", "click", "1"});
+        settle(workstation.window);
+        QCOMPARE(workstation.picture(), sentence);
+        // It is installed, cannot be started, and is installed again.
+        for (const char* installed :
+             {EDITOR_PROGRAM, "/nonexistent/zolta-editor", EDITOR_PROGRAM}) {
+            program = installed;
+            xdotool({"click", "1"});
+            QTRY_COMPARE(workstation.isShown(), program == EDITOR_PROGRAM);
+            if (!workstation.isShown())
+                QVERIFY(workstation.picture() != sentence);
+            for (const QString& child : childrenRunning(EDITOR_PROGRAM))
+                ::kill(child.toInt(), SIGKILL);
+            QTRY_VERIFY(!workstation.isShown());
+        }
     }
 
     void withoutAParentNothingIsOpened()
@@ -253,7 +271,7 @@ private Q_SLOTS:
         Edits edits;
         EmbeddedEditor::Options options;
         options.parent = 0x7fffffff;
-        options.program = EDITOR_PROGRAM;
+        options.findProgram = [] { return EDITOR_PROGRAM; };
         EmbeddedEditor editor(edits, options);
         QVERIFY(!editor.isOpen());
         editor.setValue(lowGain, 3);

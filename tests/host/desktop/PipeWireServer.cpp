@@ -136,6 +136,24 @@ bool PipeWireServer::startManager()
     return waitFor([this] { return sinks().isEmpty() || !defaultSink().isEmpty(); });
 }
 
+bool PipeWireServer::replaceManager()
+{
+    killManager();
+    prepare(&m_manager);
+    QProcessEnvironment environment = m_manager.processEnvironment();
+    environment.insert(u"WIREPLUMBER_DEBUG"_s, u"3"_s);
+    m_manager.setProcessEnvironment(environment);
+    m_manager.setProcessChannelMode(QProcess::MergedChannels);
+    m_manager.start(u"wireplumber"_s, {});
+    QByteArray log;
+    while (!log.contains("Executing scripts")) {
+        if (!m_manager.waitForReadyRead(patience))
+            return false;
+        log += m_manager.readAll();
+    }
+    return true;
+}
+
 void PipeWireServer::killServer() { end(&m_server); }
 
 void PipeWireServer::killManager() { end(&m_manager); }

@@ -26,6 +26,8 @@ public:
     bool start();
     bool startServer();
     bool startManager();
+    /// Another session manager comes at once, and is at work before this process hears of it.
+    bool replaceManager();
     void killServer();
     void killManager();
     QString errorText() const;

@@ -98,6 +98,7 @@ private Q_SLOTS:
     void fadesOutAtTheEnd();
     void comesBackAfterTheManager_data();
     void comesBackAfterTheManager();
+    void playsOnAfterTheManagerIsReplaced();
     void comesBackAfterTheServer();
     void comesBackAfterItsRemoval();
     void saysThatThereIsNoServer();
@@ -348,6 +349,20 @@ void tst_DesktopEqualizer::comesBackAfterTheManager()
     player.reset();
     player = play(sound);
     QTRY_VERIFY_WITH_TIMEOUT(isPlayedTo(), patience);
+}
+
+// The last session manager's links go when the next one is at work already.
+void tst_DesktopEqualizer::playsOnAfterTheManagerIsReplaced()
+{
+    const Sound sound{SF_FORMAT_WAV | SF_FORMAT_FLOAT, 48000, 2, SoundFiles::noise(48000 * 60)};
+    m_equalizer->start();
+    for (int replaced = 0; replaced < 6; ++replaced) {
+        QTRY_VERIFY_WITH_TIMEOUT(isReady(), patience);
+        const auto player = play(sound);
+        QTRY_VERIFY_WITH_TIMEOUT(isPlayedTo(), patience);
+        QVERIFY(m_server->replaceManager());
+    }
+    QTRY_VERIFY_WITH_TIMEOUT(isReady(), patience);
 }
 
 void tst_DesktopEqualizer::comesBackAfterTheServer()
