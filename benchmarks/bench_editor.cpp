@@ -5,9 +5,9 @@
 //
 // firstEditor...  from the user's click to the first picture in a process that has never loaded the
 //                 plug-in; the host's window and its fonts are up. Every sample is a process of its
-//                 own. The whole is measured in a host that loads the library, its parts (read and
-//                 parse the pictures, make and attach the widgets, paint) in a program that has the
-//                 editor built in, where they can be told apart.
+//                 own. The whole is measured in a host that loads the library, its parts (make and
+//                 attach the widgets, paint) in a program that has the editor built in, where they
+//                 can be told apart.
 // nextEditor      the same for a further editor of a host; how much memory it takes, without and
 //                 with its window.
 // editorRepaint   every pixel of the window again, beside pictureBlit: one opaque picture of the
@@ -27,11 +27,9 @@
 #include "host/window/HostTheme.h"
 #include "hosting/HostMemory.h"
 #include "hosting/HostModel.h"
-#include "widgets/SvgDocument.h"
 #include "widgets/SvgLabel.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QLabel>
@@ -39,7 +37,6 @@
 #include <QPainter>
 #include <QPixmap>
 #include <QProcess>
-#include <QRegularExpression>
 #include <QTimer>
 
 #include <benchmark/benchmark.h>
@@ -227,22 +224,8 @@ void sampleBuiltIn(benchmark::State& state, std::size_t stage)
 
 void firstEditor(benchmark::State& state) { sampleHost(state, 0, 2); }
 void firstEditorLibrary(benchmark::State& state) { sampleHost(state, 0, 0); }
-void firstEditorPictures(benchmark::State& state) { sampleBuiltIn(state, 0); }
-void firstEditorWidgets(benchmark::State& state) { sampleBuiltIn(state, 1); }
-void firstEditorPaint(benchmark::State& state) { sampleBuiltIn(state, 2); }
-
-/// The pictures that an editor holds from the start: neither lit LED meters nor the one picture
-/// that nothing shows.
-std::vector<std::shared_ptr<SvgDocument>> loadPictures()
-{
-    static const QRegularExpression later(QStringLiteral("^(meter_[1-9]|icon_Q_High)"));
-    std::vector<std::shared_ptr<SvgDocument>> pictures;
-    const QDir folder(QStringLiteral(":/image/zolta"));
-    for (const QString& name : folder.entryList())
-        if (!later.match(name).hasMatch())
-            pictures.push_back(SvgDocument::load(folder.filePath(name)));
-    return pictures;
-}
+void firstEditorWidgets(benchmark::State& state) { sampleBuiltIn(state, 0); }
+void firstEditorPaint(benchmark::State& state) { sampleBuiltIn(state, 1); }
 
 /// What this program does when it is started for a sample.
 void printStages(double scale)
@@ -254,13 +237,11 @@ void printStages(double scale)
     Host host;
     QElapsedTimer timer;
     timer.start();
-    const auto pictures = loadPictures();
-    const qint64 loaded = timer.nsecsElapsed();
     OpenEditor editor(host, scale);
     const qint64 made = timer.nsecsElapsed();
     editor.show();
     const qint64 painted = timer.nsecsElapsed();
-    std::printf("%lld %lld %lld\n", loaded, made - loaded, painted - made);
+    std::printf("%lld %lld\n", made, painted - made);
 }
 
 // One editor -------------------------------------------------------------------------------------
@@ -528,7 +509,6 @@ void bySeconds(benchmark::internal::Benchmark* benchmark)
 
 BENCHMARK(firstEditor)->Apply(inProcesses);
 BENCHMARK(firstEditorLibrary)->Apply(inProcesses);
-BENCHMARK(firstEditorPictures)->Apply(inProcesses);
 BENCHMARK(firstEditorWidgets)->Apply(inProcesses);
 BENCHMARK(firstEditorPaint)->Apply(inProcesses);
 BENCHMARK(nextEditor)->Apply(atScales)->UseManualTime()->Iterations(10);

@@ -213,7 +213,7 @@ QRectF MeterController::rectBetween(int from, int to) const
 
 QRegion MeterController::touchedPixels(const QRectF& shape)
 {
-    return shape.isEmpty() ? QRegion() : shape.adjusted(-1, -1, 1, 1).toAlignedRect();
+    return shape.isEmpty() ? QRegion() : shape.adjusted(0, -1, 0, 1).toAlignedRect();
 }
 
 int MeterController::readPaintedValue() { return m_paintedValue = value(); }

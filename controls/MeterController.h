@@ -103,7 +103,8 @@ protected:
     QRectF rectAbove(double fraction) const;
     /// The part of scaledMeterRect() that is filled at one of two levels only; empty if none is.
     QRectF rectBetween(int from, int to) const;
-    /// The pixels that an antialiased \a shape may touch; none for an empty shape.
+    /// The pixels that an antialiased \a shape may touch, and a row above and below it; none for an
+    /// empty shape. Nothing to its sides: meters side by side would be painted in pieces.
     static QRegion touchedPixels(const QRectF& shape);
     /// The value that is being painted: a paint event reads it once, for all that it draws.
     int readPaintedValue();

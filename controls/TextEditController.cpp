@@ -6,6 +6,7 @@
 #include "controls/TextEditControllerLineEdit.h"
 #include "controls/UnitText.h"
 #include "controls/WideInteger.h"
+#include "widgets/TextPixels.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -284,7 +285,9 @@ void TextEditController::paintEvent(QPaintEvent*)
     QPainter painter(this);
     const QRect field = rect().adjusted(scaledMargin(m_textLeftMargin, scale()), 0,
                                         -scaledMargin(m_textRightMargin, scale()), 0);
-    painter.drawText(field, static_cast<int>(m_alignment) | Qt::TextSingleLine, text);
+    const int flags = static_cast<int>(m_alignment) | Qt::TextSingleLine;
+    TextPixels::draw(painter, {text, field, flags, painter.pen().brush()},
+                     [&] { painter.drawText(field, flags, text); });
 }
 
 void TextEditController::startDrag(QPoint point, Qt::KeyboardModifiers modifiers)

@@ -5,6 +5,7 @@
 #include "effect/MenuItems.h"
 #include "effect/PixelRounding.h"
 #include "effect/WidgetScale.h"
+#include "widgets/TextPixels.h"
 
 #include <QPainter>
 #include <QStyleOptionMenuItem>
@@ -54,6 +55,19 @@ void EffectStyle::drawControl(ControlElement element, const QStyleOption* option
     const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
     if (item && painter && widget)
         drawMenuItem(*item, painter, *widget);
+}
+
+void EffectStyle::drawItemText(QPainter* painter, const QRect& rect, int flags,
+                               const QPalette& palette, bool isEnabled, const QString& text,
+                               QPalette::ColorRole role) const
+{
+    const auto draw = [&] {
+        QProxyStyle::drawItemText(painter, rect, flags, palette, isEnabled, text, role);
+    };
+    if (isEnabled && role != QPalette::NoRole)
+        TextPixels::draw(*painter, {text, rect, flags, palette.brush(role)}, draw);
+    else
+        draw();
 }
 
 int EffectStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,

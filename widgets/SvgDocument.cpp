@@ -106,26 +106,51 @@ std::shared_ptr<SvgDocument> SvgDocument::load(const QString& path)
     if (kept && kept->bytes == bytes)
         return kept->document;
 
-    const QuietReader quiet;
-    const std::shared_ptr<SvgDocument> document(new SvgDocument);
-    if (!document->m_renderer.load(path))
+    const std::shared_ptr<SvgDocument> document(new SvgDocument(path));
+    if (!document->m_prerendered && !document->renderer().isValid())
         return nullptr;
-    if (document->m_renderer.animated())
+    if (document->isAnimated())
         return document;
     keptDocuments().insert(path, new Kept{QByteArray(bytes.constData(), bytes.size()), document},
                            bytes.size());
     return document;
 }
 
+QSvgRenderer& SvgDocument::renderer()
+{
+    if (!m_isParsed) {
+        const QuietReader quiet;
+        m_isParsed = true;
+        m_renderer.load(m_path);
+    }
+    return m_renderer;
+}
+
+bool SvgDocument::isAnimated() { return !m_prerendered && renderer().animated(); }
+
+QSize SvgDocument::defaultSize()
+{
+    return m_prerendered ? m_prerendered->defaultSize() : renderer().defaultSize();
+}
+
 QRectF SvgDocument::extent()
 {
+    if (m_prerendered)
+        return m_prerendered->extent();
     if (!m_extent)
-        m_extent = m_renderer.animated() ? QRectF() : measureExtent(m_renderer);
+        m_extent = isAnimated() ? QRectF() : measureExtent(renderer());
     return *m_extent;
 }
 
-SvgDocument::SvgDocument()
-    : m_id(nextId())
+std::optional<SvgRaster> SvgDocument::prerendered(const QSize& size) const
+{
+    return m_prerendered ? m_prerendered->raster(size) : std::nullopt;
+}
+
+SvgDocument::SvgDocument(const QString& path)
+    : m_path(path)
+    , m_prerendered(PrerenderedSvg::find(path))
+    , m_id(nextId())
 {
     QObject::connect(&m_renderer, &QSvgRenderer::repaintNeeded, &m_renderer,
                      [id = m_id] { SvgRasters::drop(id); });

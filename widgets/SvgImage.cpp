@@ -123,6 +123,9 @@ const SvgRaster* plainRaster(SvgDocument& document, const SvgPlacement& placemen
     key.opacity = opacity;
     if (const SvgRaster* known = SvgRasters::find(key))
         return known;
+    if (const auto ready =
+            opacity == 1.0 ? document.prerendered(placement.wholePixels()) : std::nullopt)
+        return SvgRasters::insert(key, *ready);
     const QRect pixels = placement.inkPixels(document.extent());
     if (!fits(pixels.size()))
         return nullptr;
@@ -192,7 +195,7 @@ SvgRaster turnedRaster(SvgDocument& document, const SvgPlacement& placement, con
         painter.end();
         return trimmed({image, part.topLeft()});
     };
-    if (document.renderer().animated() || !placement.isUpright() || !fits(part.size()))
+    if (document.isAnimated() || !placement.isUpright() || !fits(part.size()))
         return make();
     return kept(placement.turnedKey(document.id(), degrees, part), make);
 }
@@ -207,7 +210,7 @@ SvgImage::~SvgImage() = default;
 
 void SvgImage::load(const QString& path)
 {
-    if (m_document)
+    if (m_document && m_document->isAnimated())
         m_document->renderer().disconnect(this);
     m_path = path;
     m_document = nullptr;
@@ -217,10 +220,7 @@ void SvgImage::load(const QString& path)
     Q_EMIT repaintNeeded();
 }
 
-QSize SvgImage::defaultSize() const
-{
-    return isValid() ? m_document->renderer().defaultSize() : QSize(0, 0);
-}
+QSize SvgImage::defaultSize() const { return isValid() ? m_document->defaultSize() : QSize(0, 0); }
 
 void SvgImage::draw(QPainter& painter, const QRectF& rect, const QRect& covered)
 {
@@ -300,7 +300,7 @@ void SvgImage::read() const
 {
     m_isRead = true;
     m_document = SvgDocument::load(m_path);
-    if (m_document && m_document->renderer().animated())
+    if (m_document && m_document->isAnimated())
         connect(&m_document->renderer(), &QSvgRenderer::repaintNeeded, this,
                 &SvgImage::repaintNeeded);
 }

@@ -62,6 +62,15 @@ QTransform SvgPlacement::toPixels(const QRect& pixels) const
 
 double SvgPlacement::pixelSize() const { return std::sqrt(std::abs(toDevice.determinant())); }
 
+QSize SvgPlacement::wholePixels() const
+{
+    constexpr qint64 fraction = 0xffffffff;
+    const SvgRasterKey fixed = key(0);
+    if (fixed.x || fixed.y || (fixed.width & fraction) || (fixed.height & fraction))
+        return {};
+    return {static_cast<int>(fixed.width >> 32), static_cast<int>(fixed.height >> 32)};
+}
+
 SvgRasterKey SvgPlacement::key(quint64 document) const
 {
     constexpr qint64 fraction = 0xffffffff;

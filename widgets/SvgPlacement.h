@@ -32,6 +32,8 @@ struct SvgPlacement
     /// The length of one of the painter's units in pixels.
     double pixelSize() const;
 
+    /// The picture's size in pixels if its edges lie between them; else an empty one.
+    QSize wholePixels() const;
     /// What decides the pixels of \a document here, drawn plainly.
     SvgRasterKey key(quint64 document) const;
     /// The same for its part \a part when it is turned by \a degrees.

@@ -40,7 +40,7 @@ ROOMS = {
     "daw/editor": ["daw/window", "hosting", "parameters", "equalizer", "interfaces"],
 }
 # Beside the house: they include what they need, and nothing includes them.
-BESIDE = ["gallery", "designer", "tests", "benchmarks", "fuzz"]
+BESIDE = ["resources", "gallery", "designer", "tests", "benchmarks", "fuzz"]
 # Programs outside the house, which include what is installed.
 OUTSIDE = "examples/"
 # Rooms that know neither Qt nor the SDK, those that know a format's headers but not Qt, and those

@@ -107,6 +107,20 @@ QImage drawnItem(const Fixture& fixture, const QStyleOptionMenuItem& option)
     return image;
 }
 
+/// A text that \a style draws, as a widget of 60 x 20 pixels does.
+QImage drawnText(const QStyle& style, bool isEnabled, QPalette::ColorRole role)
+{
+    QPalette palette(Blue);
+    palette.setColor(QPalette::BrightText, White);
+    palette.setBrush(QPalette::Link, QBrush(White, Qt::Dense4Pattern));
+    QImage image = canvas(60, 20);
+    image.paintEngine()->setSystemClip(image.rect());
+    QPainter painter(&image);
+    style.drawItemText(&painter, image.rect(), Qt::AlignCenter, palette, isEnabled,
+                       QStringLiteral("-12"), role);
+    return image;
+}
+
 struct Text
 {
     QRect rect;
@@ -443,6 +457,7 @@ private Q_SLOTS:
     void realMenu_data();
     void realMenu();
     void menusSurviveExtremeScales();
+    void textsAreThoseOfTheBaseStyle();
 };
 
 void tst_EffectStyle::ownsItsBaseStyle()
@@ -856,6 +871,19 @@ void tst_EffectStyle::menusSurviveExtremeScales()
             option.reservedShortcutWidth = 10;
             QCOMPARE(drawnItem(fixture, option).pixelColor(119, 33), Background);
             fixture.sizeOf(option);
+        }
+    }
+}
+
+void tst_EffectStyle::textsAreThoseOfTheBaseStyle()
+{
+    const EffectStyle style(QStyleFactory::create(QStringLiteral("Fusion")));
+    for (const bool isEnabled : {true, false, true}) {
+        for (const auto role : {QPalette::NoRole, QPalette::WindowText, QPalette::BrightText,
+                                QPalette::Link, QPalette::WindowText}) {
+            const QImage wanted = drawnText(*style.baseStyle(), isEnabled, role);
+            for (int pass = 0; pass < 2; ++pass)
+                QCOMPARE(drawnText(style, isEnabled, role), wanted);
         }
     }
 }
