@@ -38,6 +38,8 @@ private Q_SLOTS:
 
 private:
     void hover(const QWidget* control) const;
+    static void press(QWidget* button, const QString& how);
+    static void release(QWidget* button, const QString& how);
     QAccessibleInterface* handle(int band) const
     {
         return QAccessible::queryAccessibleInterface(m_graph)->child(band);
@@ -222,6 +224,26 @@ void tst_EditorGuidance::flatIsOneStep_data()
         QTest::addRow("%s", how) << QString::fromLatin1(how) << false;
         QTest::addRow("%s, held", how) << QString::fromLatin1(how) << true;
     }
+    QTest::newRow("assistive technology") << u"assistive technology"_s << false;
+}
+
+void tst_EditorGuidance::press(QWidget* button, const QString& how)
+{
+    if (how == "mouse"_L1)
+        QTest::mousePress(button, Qt::LeftButton);
+    else if (how == "assistive technology"_L1)
+        QAccessible::queryAccessibleInterface(button)->actionInterface()->doAction(
+            QAccessibleActionInterface::pressAction());
+    else
+        QTest::keyPress(button, Qt::Key_Space);
+}
+
+void tst_EditorGuidance::release(QWidget* button, const QString& how)
+{
+    if (how == "mouse"_L1)
+        QTest::mouseRelease(button, Qt::LeftButton);
+    else if (how != "assistive technology"_L1)
+        QTest::keyRelease(button, Qt::Key_Space);
 }
 
 // Held for a second it resets more than the gains.
@@ -237,17 +259,11 @@ void tst_EditorGuidance::flatIsOneStep()
     const HostMemory::Values before = m_mixer.memory.values(0);
     QUndoStack& history = m_mixer.mixerModel.history().stack();
     history.clear();
-    if (how == "mouse"_L1)
-        QTest::mousePress(button, Qt::LeftButton);
-    else
-        QTest::keyPress(button, Qt::Key_Space);
+    press(button, how);
     QCOMPARE(m_mixer.memory.values(0)[2], 0);
     if (isHeld)
         QTRY_VERIFY(m_mixer.memory.values(0)[1] != 600);
-    if (how == "mouse"_L1)
-        QTest::mouseRelease(button, Qt::LeftButton);
-    else
-        QTest::keyRelease(button, Qt::Key_Space);
+    release(button, how);
     QCOMPARE(history.count(), 1);
     QVERIFY(WindowTesting::actionOf(m_editor, u"Undo Flat"_s)->isEnabled());
     history.undo();
