@@ -33,6 +33,8 @@ private Q_SLOTS:
     void bubbleFollowsADrag();
     void clickedHandleKeepsTheKeyboard();
     void switchedOffHandlesShowNothing();
+    void panelsWordsFit_data();
+    void panelsWordsFit();
     void flatIsOneStep_data();
     void flatIsOneStep();
 
@@ -214,6 +216,30 @@ void tst_EditorGuidance::switchedOffHandlesShowNothing()
     QVERIFY(!bubble()->isVisible());
     move(place + QPoint(1, 0));
     QVERIFY(!bubble()->isVisible());
+}
+
+void tst_EditorGuidance::panelsWordsFit_data()
+{
+    QTest::addColumn<double>("scale");
+    for (const double scale : {1.0, 1.5, 2.0, 4.0})
+        QTest::addRow("%g", scale) << scale;
+}
+
+void tst_EditorGuidance::panelsWordsFit()
+{
+    QFETCH(const double, scale);
+    m_editor->setScale(scale);
+    const auto* panel = m_editor->findChild<QWidget*>(u"ZoltaEditor"_s);
+    int compared = 0;
+    for (const QLabel* label : panel->findChildren<QLabel*>()) {
+        if (label->text().isEmpty() || label == bubble())
+            continue;
+        const double width = QFontMetricsF(label->font()).horizontalAdvance(label->text());
+        QVERIFY2(width <= label->width(), qPrintable(label->text()));
+        ++compared;
+    }
+    QVERIFY(compared > 20);
+    m_editor->setScale(1.0);
 }
 
 void tst_EditorGuidance::flatIsOneStep_data()
