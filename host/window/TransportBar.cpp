@@ -147,7 +147,10 @@ void TransportBar::build()
     m_devices = new QComboBox(this);
     m_devices->setMinimumWidth(70);
     m_devices->setFocusPolicy(Qt::TabFocus);
-    m_texts.add([this] { m_devices->setAccessibleName(tr("Output device")); });
+    m_texts.add([this] {
+        m_devices->setAccessibleName(tr("Output device"));
+        m_devices->setToolTip(m_devices->accessibleName());
+    });
     m_lamp = new SvgLabel(this);
     m_lamp->setFixedSize(14, 14);
     m_status = new ElidedLabel(Qt::ElideRight, 40, this);
