@@ -112,4 +112,17 @@ void HostStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
     }
 }
 
+void HostStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                            const QWidget* widget) const
+{
+    const auto* choice = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+    if (element != CE_ComboBoxLabel || !choice)
+        return QProxyStyle::drawControl(element, option, painter, widget);
+    QStyleOptionComboBox cut = *choice;
+    const QRect room = proxy()->subControlRect(CC_ComboBox, choice, SC_ComboBoxEditField, widget);
+    cut.currentText =
+        choice->fontMetrics.elidedText(cut.currentText, Qt::ElideRight, room.width() - 2);
+    QProxyStyle::drawControl(element, &cut, painter, widget);
+}
+
 #include "moc_HostStyle.cpp"

@@ -147,10 +147,7 @@ void TransportBar::build()
     m_devices = new QComboBox(this);
     m_devices->setMinimumWidth(70);
     m_devices->setFocusPolicy(Qt::TabFocus);
-    m_texts.add([this] {
-        m_devices->setAccessibleName(tr("Output device"));
-        m_devices->setToolTip(m_devices->accessibleName());
-    });
+    m_texts.add([this] { m_devices->setAccessibleName(tr("Output device")); });
     m_lamp = new SvgLabel(this);
     m_lamp->setFixedSize(14, 14);
     m_status = new ElidedLabel(Qt::ElideRight, 40, this);
@@ -237,12 +234,10 @@ void TransportBar::showDevices(const AudioSession* transport)
     m_devices->clear();
     const QStringList outputs = transport ? transport->outputs() : QStringList();
     m_devices->setEnabled(!outputs.isEmpty());
-    if (!m_devices->isEnabled()) {
-        m_devices->addItem(tr("No device"));
-        return;
-    }
-    m_devices->addItems(outputs);
-    m_devices->setCurrentIndex(transport->output());
+    m_devices->addItems(m_devices->isEnabled() ? outputs : QStringList{tr("No device")});
+    m_devices->setCurrentIndex(m_devices->isEnabled() ? transport->output() : 0);
+    m_devices->setToolTip(m_devices->accessibleName() + QLatin1Char('\n') +
+                          m_devices->currentText());
 }
 
 void TransportBar::showPosition()
