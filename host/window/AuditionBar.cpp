@@ -128,6 +128,7 @@ void AuditionBar::buildListen()
         return QStringList{tr("Low"),      tr("Middle 1"), tr("Middle 2"),
                            tr("Middle 3"), tr("Middle 4"), tr("High")};
     });
+    m_bands->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding); // as the buttons
     m_texts.add([this] {
         m_hold->setText(tr("Listen"));
         m_hold->setAccessibleName(tr("Listen to the band while held"));

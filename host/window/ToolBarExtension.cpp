@@ -3,6 +3,7 @@
 
 #include "host/window/Retranslator.h"
 
+#include <QComboBox>
 #include <QCoreApplication>
 #include <QToolBar>
 #include <QToolButton>
@@ -11,6 +12,8 @@ void completeToolBar(QToolBar& bar, Retranslator& texts)
 {
     for (QToolButton* button : bar.findChildren<QToolButton*>())
         button->setFocusPolicy(Qt::TabFocus);
+    for (QComboBox* choice : bar.findChildren<QComboBox*>()) // as high as the buttons
+        choice->setSizePolicy(choice->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
     auto* key = bar.findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
     if (!key)
         return;
