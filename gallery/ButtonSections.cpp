@@ -250,7 +250,7 @@ void MenuPicture::paintEvent(QPaintEvent*)
 
 void addMenus(GallerySection& section)
 {
-    section.addRow(QStringLiteral("Its menu"));
+    section.addRow(QStringLiteral("Its menu in the editor's style"));
     section.add(new MenuPicture(0, 0, false, 1.0), QStringLiteral("plain"));
     section.add(new MenuPicture(0, 0, true, 1.0), QStringLiteral("highlighted"));
     section.add(new MenuPicture(16, 0, true, 1.0), QStringLiteral("numbers"));
