@@ -4,6 +4,7 @@
 #include "host/model/MixerModel.h"
 #include "host/window/BandFocus.h"
 #include "host/window/BandListen.h"
+#include "host/window/ToolBarExtension.h"
 
 #include <QActionGroup>
 #include <QComboBox>
@@ -59,6 +60,7 @@ void AuditionBar::addTo(QToolBar* bar)
     bar->addActions({m_chooseA, m_chooseB});
     for (QWidget* each : std::initializer_list<QWidget*>{m_bypass, m_hold, m_bands})
         bar->addWidget(each);
+    fitChoices(*bar);
 }
 
 void AuditionBar::fillMenu(QMenu* menu, Retranslator& texts)
@@ -128,7 +130,6 @@ void AuditionBar::buildListen()
         return QStringList{tr("Low"),      tr("Middle 1"), tr("Middle 2"),
                            tr("Middle 3"), tr("Middle 4"), tr("High")};
     });
-    m_bands->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding); // as the buttons
     m_texts.add([this] {
         m_hold->setText(tr("Listen"));
         m_hold->setAccessibleName(tr("Listen to the band while held"));

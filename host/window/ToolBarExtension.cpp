@@ -8,13 +8,33 @@
 #include <QToolBar>
 #include <QToolButton>
 
+#include <algorithm>
+
+namespace {
+
+const QString extension = QStringLiteral("qt_toolbar_ext_button");
+
+} // namespace
+
+void fitChoices(QToolBar& bar)
+{
+    int height = 0;
+    for (const QToolButton* button : bar.findChildren<QToolButton*>()) {
+        if (button->objectName() != extension && !button->text().isEmpty())
+            height = std::max(height, button->sizeHint().height());
+    }
+    if (height == 0)
+        return;
+    for (QComboBox* choice : bar.findChildren<QComboBox*>())
+        choice->setFixedHeight(height);
+}
+
 void completeToolBar(QToolBar& bar, Retranslator& texts)
 {
     for (QToolButton* button : bar.findChildren<QToolButton*>())
         button->setFocusPolicy(Qt::TabFocus);
-    for (QComboBox* choice : bar.findChildren<QComboBox*>()) // as high as the buttons
-        choice->setSizePolicy(choice->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
-    auto* key = bar.findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
+    fitChoices(bar);
+    auto* key = bar.findChild<QToolButton*>(extension);
     if (!key)
         return;
     key->setText(QStringLiteral("\u00bb"));
