@@ -33,10 +33,12 @@ public:
         return state;
     }
 
-    /// Unbound, the list has the texts.
+    /// Unbound, the list has the texts. The description is what is shown, since AT-SPI carries no
+    /// other text of a choice.
     QString text(QAccessible::Text text) const override
     {
-        const bool isShown = text == QAccessible::Value && !m_button->isBound();
+        const bool isShown = text == QAccessible::Description ||
+                             (text == QAccessible::Value && !m_button->isBound());
         return isShown ? m_button->currentText() : ControlAccessible::text(text);
     }
 

@@ -3,6 +3,7 @@
 // can be set to and that is the same after it was saved and read again.
 #include "fuzz/MemoryFile.h"
 #include "fuzz/Require.h"
+#include "host/files/PresetFolder.h"
 #include "host/files/SessionFile.h"
 #include "parameters/StripTable.h"
 
@@ -12,6 +13,7 @@ namespace {
 
 void checkChannel(const SessionData::Channel& channel)
 {
+    require(!channel.preset || PresetFolder::checkName(channel.preset->name).isOk());
     require(areAllowed(channel.equalizer) && areAllowed(channel.compare.other));
     for (std::size_t i = 0; i < stripParameterCount; ++i) {
         require(channel.strip[i] >= stripTable[i].minimum);

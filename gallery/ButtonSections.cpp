@@ -103,6 +103,13 @@ PushButtonController* iconButton(bool on)
     return button;
 }
 
+/// Buttons take the focus only where a form lets them.
+template <class Button> Button* withFocus(Button* button)
+{
+    button->setFocusPolicy(Qt::TabFocus);
+    return button;
+}
+
 template <class Button> Button* switchedOn(Button* button)
 {
     button->setValue(button->maximumValue());
@@ -141,6 +148,7 @@ void addTextButtons(GallerySection& section)
     section.add(disabled(textButton(true)), QStringLiteral("disabled"));
     section.add(disabled(switchedOn(textButton(true))), QStringLiteral("disabled, on"));
     section.add(translucentButton(), QStringLiteral("opacity 0.5"));
+    section.addFocused(withFocus(textButton(true)));
     section.addRow(QStringLiteral("Icon; momentary; scales"));
     section.add(iconButton(false), QStringLiteral("off"));
     section.add(iconButton(true), QStringLiteral("on"));
@@ -242,7 +250,7 @@ void MenuPicture::paintEvent(QPaintEvent*)
 
 void addMenus(GallerySection& section)
 {
-    section.addRow(QStringLiteral("Its menu"));
+    section.addRow(QStringLiteral("Its menu in the editor's style"));
     section.add(new MenuPicture(0, 0, false, 1.0), QStringLiteral("plain"));
     section.add(new MenuPicture(0, 0, true, 1.0), QStringLiteral("highlighted"));
     section.add(new MenuPicture(16, 0, true, 1.0), QStringLiteral("numbers"));
@@ -294,6 +302,7 @@ GallerySection* makePullDownSection(HostMemory& memory, QWidget* parent)
     addHeld(*section, pullDown(), QStringLiteral("held"));
     section->add(emptyPullDown(), QStringLiteral("empty list"));
     section->add(hiddenPullDown(), QStringLiteral("hidden item"));
+    section->addFocused(withFocus(pullDown()));
     section->addRow(QStringLiteral("Scales"));
     for (const double scale : scales)
         section->add(boundPullDown(memory, 5, 3, scale), times(scale));

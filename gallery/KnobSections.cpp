@@ -37,6 +37,14 @@ KnobController* lineKnob(double position, double scale = 1.0)
     return zoomed(knob, knobSize, scale);
 }
 
+// The ground of the others would shine through the translucent picture.
+KnobController* disabledTurningKnob()
+{
+    KnobController* knob = disabled(turningKnob());
+    knob->setBackgroundSvg(image("knob_turning_disabled.svg"));
+    return knob;
+}
+
 template <class Knob> Knob* bound(Knob* knob, HostMemory& memory, int channel, double position)
 {
     bindAt(*knob, memory, "fx_rackfx_prm_2", channel, position);
@@ -49,7 +57,7 @@ void addTurningKnobs(GallerySection& section, HostMemory& memory)
     for (std::size_t i = 0; i < positions.size(); ++i)
         section.add(bound(turningKnob(), memory, static_cast<int>(i), positions[i]),
                     percent(positions[i]));
-    section.add(disabled(bound(turningKnob(), memory, 5, 0.3)), QStringLiteral("disabled"));
+    section.add(bound(disabledTurningKnob(), memory, 5, 0.3), QStringLiteral("disabled"));
     for (const double scale : scales)
         section.add(bound(turningKnob(scale), memory, 6, 0.6), times(scale));
 }

@@ -44,6 +44,7 @@ ChannelNameEdit* nameEdit(const QString& name)
     auto* edit = new ChannelNameEdit(nullptr);
     edit->setFont(font());
     edit->setPalette(textPalette());
+    edit->setFrame(false);
     edit->setElideMargin(12);
     edit->setDefaultName(QStringLiteral("CH 1"));
     edit->resize(nameSize);

@@ -19,10 +19,10 @@ QString frequencyText(double hertz)
 QString levelText(double decibels)
 {
     if (decibels < faintest)
-        return QStringLiteral("\u2212\u221e dB");
+        return QStringLiteral("-\u221e dB");
     const QString number = QString::number(std::abs(decibels), 'f', 1);
     const bool isZero = number == QLatin1String("0.0");
-    const QString sign = isZero ? QString() : QString(QChar(decibels > 0.0 ? u'+' : u'\u2212'));
+    const QString sign = isZero ? QString() : QString(QChar(decibels > 0.0 ? u'+' : u'-'));
     return sign + number + QLatin1String(" dB");
 }
 
@@ -35,9 +35,6 @@ QString noteName(double hertz)
     const auto cents = static_cast<int>(std::lround(100.0 * (semitones - nearest)));
     const QString name = QLatin1String(names[static_cast<std::size_t>(nearest % 12)]) +
                          QString::number(nearest / 12);
-    if (cents == 0)
-        return name;
-    return QStringLiteral("%1 %2%3 ct")
-        .arg(name, QChar(cents > 0 ? u'+' : u'\u2212'))
-        .arg(std::abs(cents));
+    const QLatin1String sign(cents > 0 ? "+" : "");
+    return cents == 0 ? name : QStringLiteral("%1 %2%3 ct").arg(name, sign).arg(cents);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/files/SessionData.h"
 
+#include "host/files/PresetFolder.h"
 #include "host/model/ChannelText.h"
 
 #include <QCoreApplication>
@@ -16,6 +17,8 @@ constexpr QLatin1String equalizerKey("equalizer");
 constexpr QLatin1String compareKey("compare");
 constexpr QLatin1String chosenKey("chosen");
 constexpr QLatin1String otherKey("other");
+constexpr QLatin1String presetKey("preset");
+constexpr QLatin1String factoryKey("factory");
 constexpr QLatin1String editorKey("editor");
 constexpr QLatin1String masterKey("master");
 constexpr QLatin1String mixerKey("mixer");
@@ -63,6 +66,10 @@ QJsonObject toJson(const SessionData::Channel& channel, QJsonObject object)
     object[equalizerKey] = ChannelText::toJson(channel.equalizer);
     object[compareKey] = QJsonObject{{chosenKey, QLatin1String(channel.compare.isB ? "B" : "A")},
                                      {otherKey, ChannelText::toJson(channel.compare.other)}};
+    object.remove(presetKey);
+    if (channel.preset)
+        object[presetKey] =
+            QJsonObject{{nameKey, channel.preset->name}, {factoryKey, channel.preset->isFactory}};
     object[editorKey] = QJsonObject::fromVariantMap(channel.editor);
     return object;
 }
@@ -206,6 +213,22 @@ void readCompare(Reader& reader, const QJsonValue& value, const QString& path,
     reader.equalizer(value[otherKey], path + QLatin1String(".other"), &out->other);
 }
 
+void readPreset(Reader& reader, const QJsonValue& value, const QString& path,
+                std::optional<PresetName>* out)
+{
+    if (!reader.has(value, QJsonValue::Object, path))
+        return;
+    PresetName preset;
+    const QString namePath = path + QLatin1String(".name");
+    if (reader.has(value[nameKey], QJsonValue::String, namePath))
+        preset.name = value[nameKey].toString();
+    if (reader.has(value[factoryKey], QJsonValue::Bool, path + QLatin1String(".factory")))
+        preset.isFactory = value[factoryKey].toBool();
+    if (!PresetFolder::checkName(preset.name).isOk())
+        reader.fail(Reader::tr("%1 cannot be set to \"%2\".").arg(namePath, preset.name));
+    *out = preset;
+}
+
 void readChannel(Reader& reader, const QJsonValue& value, const QString& path,
                  SessionData::Channel* out)
 {
@@ -216,6 +239,7 @@ void readChannel(Reader& reader, const QJsonValue& value, const QString& path,
     reader.strip(value[stripKey], path + QLatin1String(".strip"), &out->strip);
     reader.equalizer(value[equalizerKey], path + QLatin1String(".equalizer"), &out->equalizer);
     readCompare(reader, value[compareKey], path + QLatin1String(".compare"), &out->compare);
+    readPreset(reader, value[presetKey], path + QLatin1String(".preset"), &out->preset);
     if (reader.has(value[editorKey], QJsonValue::Object, path + QLatin1String(".editor")))
         out->editor = value[editorKey].toObject().toVariantMap();
 }

@@ -3,6 +3,7 @@
 
 #include "host/files/SettingsFile.h"
 #include "host/model/ChannelCompare.h"
+#include "host/model/ChannelPresets.h"
 #include "hosting/HostMemory.h"
 #include "hosting/Result.h"
 
@@ -11,6 +12,7 @@
 #include <QString>
 
 #include <array>
+#include <optional>
 #include <vector>
 
 /// Everything that a session brings back.
@@ -22,7 +24,8 @@ struct SessionData
         HostMemory::StripValues strip;
         HostMemory::Values equalizer;
         ChannelCompare::State compare;
-        SettingsFile::Map editor; ///< what its editor wants to find again
+        std::optional<PresetName> preset; ///< that its equalizer began with
+        SettingsFile::Map editor;         ///< what its editor wants to find again
     };
     struct Editor
     {

@@ -26,9 +26,9 @@ void ChannelPresets::choose(int channel, const PresetName& preset, EditHistory::
     set(channel, after);
 }
 
-void ChannelPresets::adopt(int channel, const PresetName& preset)
+void ChannelPresets::adopt(int channel, const PresetName& preset, const ChannelValues& values)
 {
-    set(channel, Chosen{preset, m_memory.values(channel)});
+    set(channel, Chosen{preset, values});
 }
 
 void ChannelPresets::rename(const PresetName& preset, const std::optional<QString>& name)

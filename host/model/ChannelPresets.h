@@ -39,8 +39,8 @@ public:
 
     /// The channel has the values of \a preset now, as part of \a step.
     void choose(int channel, const PresetName& preset, EditHistory::Step* step);
-    /// The same as no step: its values have been saved or found to be the preset's.
-    void adopt(int channel, const PresetName& preset);
+    /// It began with \a preset, whose values are \a values; no step.
+    void adopt(int channel, const PresetName& preset, const ChannelValues& values);
     /// The preset of that name, which may be that of several channels, is called otherwise now, or
     /// with nothing is gone.
     void rename(const PresetName& preset, const std::optional<QString>& name);

@@ -44,6 +44,7 @@ AnalyzerBar::AnalyzerBar(AnalyzerStore& store, QWidget* parent)
     : QToolBar(parent)
     , m_store(store)
 {
+    m_texts.add([this] { setAccessibleName(tr("Analyzer")); });
     setMovable(false);
     setContextMenuPolicy(Qt::PreventContextMenu);
     applyHostSheet(this);

@@ -23,7 +23,7 @@ constexpr double readoutStep = 20.0;
 QString numberOf(double level)
 {
     const QString number = QString::number(std::abs(level));
-    return level == 0.0 ? number : QChar(level > 0.0 ? u'+' : u'\u2212') + number;
+    return level == 0.0 ? number : QChar(level > 0.0 ? u'+' : u'-') + number;
 }
 
 QString numberOfFrequency(double frequency)

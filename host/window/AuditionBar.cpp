@@ -4,6 +4,7 @@
 #include "host/model/MixerModel.h"
 #include "host/window/BandFocus.h"
 #include "host/window/BandListen.h"
+#include "host/window/ToolBarExtension.h"
 
 #include <QActionGroup>
 #include <QComboBox>
@@ -59,6 +60,7 @@ void AuditionBar::addTo(QToolBar* bar)
     bar->addActions({m_chooseA, m_chooseB});
     for (QWidget* each : std::initializer_list<QWidget*>{m_bypass, m_hold, m_bands})
         bar->addWidget(each);
+    fitChoices(*bar);
 }
 
 void AuditionBar::fillMenu(QMenu* menu, Retranslator& texts)

@@ -1,27 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/window/EditorPresets.h"
 
+#include "host/files/PresetValues.h"
 #include "host/window/EditorSession.h"
 #include "host/window/Mixer.h"
-#include "hosting/RestoredValues.h"
-#include "hosting/StateFile.h"
-#include "parameters/FactoryPresets.h"
 
 #include <QCoreApplication>
 
 #include <algorithm>
 
 namespace {
-
-const FactoryPreset* findFactory(const QString& name)
-{
-    const auto presets = factoryPresets();
-    const auto found =
-        std::find_if(presets.begin(), presets.end(), [&name](const FactoryPreset& preset) {
-            return QLatin1String(preset.name) == name;
-        });
-    return found != presets.end() ? &*found : nullptr;
-}
 
 QString stepText(const PresetName& preset)
 {
@@ -58,7 +46,7 @@ QList<PresetName> EditorPresets::all() const
 
 QString EditorPresets::shownName(const PresetName& preset)
 {
-    const FactoryPreset* factory = preset.isFactory ? findFactory(preset.name) : nullptr;
+    const FactoryPreset* factory = preset.isFactory ? findFactoryPreset(preset.name) : nullptr;
     return factory ? QCoreApplication::translate("FactoryPreset", factory->name) : preset.name;
 }
 
@@ -87,7 +75,7 @@ void EditorPresets::save(const QString& name)
     if (status.isOk())
         status = m_session.saveState(m_folder.fileOf(name));
     if (status.isOk())
-        presets().adopt(channel(), {name, false});
+        presets().adopt(channel(), {name, false}, m_mixer.memory.values(channel()));
     report(status, tr("Saved %1.").arg(name));
 }
 
@@ -114,7 +102,7 @@ ChannelPresets& EditorPresets::presets() const { return m_mixer.mixerModel.prese
 Status EditorPresets::apply(const PresetName& preset)
 {
     EditHistory::Step step(m_mixer.mixerModel.history(), stepText(preset));
-    const FactoryPreset* factory = preset.isFactory ? findFactory(preset.name) : nullptr;
+    const FactoryPreset* factory = preset.isFactory ? findFactoryPreset(preset.name) : nullptr;
     if (factory) {
         m_mixer.memory.write(channel(), valuesOf(*factory));
     } else {
@@ -133,15 +121,12 @@ void EditorPresets::recognize()
     if (values == defaultValues())
         return;
     const auto has = [&](const PresetName& preset) {
-        if (preset.isFactory)
-            return valuesOf(*findFactory(preset.name)) == values;
-        const Result<QByteArray> state = StateFile(m_folder.fileOf(preset.name)).read();
-        return state.isOk() && restoredValues(state.value()) == values;
+        return presetValues(preset, m_folder) == values;
     };
     const QList<PresetName> names = all();
     const auto found = std::find_if(names.begin(), names.end(), has);
     if (found != names.end())
-        presets().adopt(channel(), *found);
+        presets().adopt(channel(), *found, values);
 }
 
 // Whoever hears of an error may end all of this.

@@ -5,12 +5,14 @@
 #include "host/window/ControlTips.h"
 #include "host/window/FlatStep.h"
 #include "host/window/HandleGuide.h"
+#include "host/window/LetterFit.h"
 #include "host/window/Mixer.h"
 #include "host/window/WheelSpeed.h"
 #include "hosting/StateFile.h"
 #include "interfaces/IVaskEffectEditor2.h"
 
 #include <QFileInfo>
+#include <QLabel>
 
 #include <public.sdk/source/common/memorystream.h>
 
@@ -83,6 +85,8 @@ void EditorSession::guideUser()
             new HandleGuide(m_mixer.memory, m_settings.channel, part);
         else if (part->objectName() == QLatin1String("m_pFlatButton"))
             new FlatStep(m_mixer.mixerModel.history(), part);
+        else if (auto* label = qobject_cast<QLabel*>(part))
+            fitLetters(label);
     }
 }
 

@@ -79,8 +79,7 @@ void EditorToolBar::addZoom()
         m_session.setScale(percent / 100.0);
         Q_EMIT scaleChanged();
     });
-    addWidget(m_texts.label(this, [] { return tr("UI zoom"); }));
-    addWidget(m_zoom);
+    addNamed(m_zoom, [] { return tr("UI zoom"); });
 }
 
 void EditorToolBar::addStereo()
@@ -93,8 +92,7 @@ void EditorToolBar::addStereo()
     });
     connect(m_stereo, &QComboBox::activated, this,
             [this](int index) { Q_EMIT stereoChosen(index == stereoIndex); });
-    addWidget(m_texts.label(this, [] { return tr("Channel"); }));
-    addWidget(m_stereo);
+    addNamed(m_stereo, [] { return tr("Channel"); });
 }
 
 void EditorToolBar::addSampleRate()
@@ -113,8 +111,7 @@ void EditorToolBar::addSampleRate()
                                                       "sound device runs at. It can be chosen "
                                                       "while nothing plays."));
     });
-    addWidget(m_texts.label(this, [] { return tr("Sampling rate"); }));
-    addWidget(m_rates);
+    addNamed(m_rates, [] { return tr("Sampling rate"); });
 }
 
 void EditorToolBar::chooseRate(int hertz)
@@ -142,10 +139,17 @@ void EditorToolBar::addModes()
         m_session.setSliderMode(mode);
         Q_EMIT modesChanged();
     });
-    addWidget(m_texts.label(this, [] { return tr("Dials"); }));
-    addWidget(dials);
-    addWidget(m_texts.label(this, [] { return tr("Sliders"); }));
-    addWidget(sliders);
+    addNamed(dials, [] { return tr("Dials"); });
+    addNamed(sliders, [] { return tr("Sliders"); });
+}
+
+// Assistive technology reads the name of a choice from the label beside it.
+void EditorToolBar::addNamed(QWidget* control, const Retranslator::Text& name)
+{
+    QLabel* label = m_texts.label(this, name);
+    label->setBuddy(control);
+    addWidget(label);
+    addWidget(control);
 }
 
 #include "moc_EditorToolBar.cpp"

@@ -47,6 +47,7 @@ private:
     void addSampleRate();
     void chooseRate(int hertz);
     void addModes();
+    void addNamed(QWidget* control, const Retranslator::Text& name);
 
     EditorSession& m_session;
     Retranslator m_texts;

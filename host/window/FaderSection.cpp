@@ -20,6 +20,7 @@ constexpr int overhang = 2; // of the meters beyond the fader
 constexpr int metersLeft = 62;
 constexpr int metersWidth = 38;
 constexpr int fontSize = 12;
+const QString unit = QStringLiteral("dB");
 
 } // namespace
 
@@ -30,7 +31,9 @@ FaderSection::FaderSection(QWidget* parent)
     , m_meters(new StripMeters(this))
 {
     m_level->setAlignment(Qt::AlignCenter);
-    m_level->setPostfix(QStringLiteral(" dB"));
+    m_level->setPostfix(QLatin1Char(' ') + unit);
+    m_level->setUnit(unit);
+    fader().setUnit(unit);
     m_level->setFocusPolicy(Qt::StrongFocus);
     QFont digits = m_level->font();
     digits.setPixelSize(fontSize);

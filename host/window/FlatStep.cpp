@@ -30,15 +30,32 @@ FlatStep::FlatStep(EditHistory& history, QWidget* button)
     , m_history(history)
 {
     button->installEventFilter(this);
+    // Assistive technology sends no event; the value changes before the editor hears of the press.
+    connect(button, SIGNAL(valueChanged(int)), this, SLOT(followValue(int)));
+    connect(button, SIGNAL(released()), this, SLOT(end()));
 }
 
 bool FlatStep::eventFilter(QObject*, QEvent* event)
 {
-    if (isPress(*event) && !m_step)
-        m_step.emplace(m_history, tr("Flat"));
+    if (isPress(*event))
+        begin();
     else if (isEnd(*event))
-        m_step.reset();
+        end();
     return false;
 }
+
+void FlatStep::followValue(int value)
+{
+    if (value != 0)
+        begin();
+}
+
+void FlatStep::begin()
+{
+    if (!m_step)
+        m_step.emplace(m_history, tr("Flat"));
+}
+
+void FlatStep::end() { m_step.reset(); }
 
 #include "moc_FlatStep.cpp"

@@ -10,7 +10,7 @@
 class QWidget;
 
 /// Makes what one press of an editor's Flat button does, held for however long, one step of the
-/// history that is called so.
+/// history that is called so: by the mouse, by keys or by assistive technology.
 class FlatStep : public QObject
 {
     Q_OBJECT
@@ -21,7 +21,13 @@ public:
 
     bool eventFilter(QObject* button, QEvent* event) override;
 
+private Q_SLOTS:
+    void followValue(int value);
+    void end();
+
 private:
+    void begin();
+
     EditHistory& m_history;
     std::optional<EditHistory::Step> m_step;
 };

@@ -9,6 +9,7 @@
 #include <QPolygonF>
 #include <QStyleFactory>
 #include <QStyleOption>
+#include <QToolBar>
 
 #include <algorithm>
 #include <iterator>
@@ -16,6 +17,9 @@
 namespace {
 
 constexpr double boxSize = 12.0;
+constexpr double boxRadius = 2.0;
+constexpr double choiceRadius = 3.0; // as of the host sheet's buttons, and their edge
+constexpr QColor edge(0x10, 0x12, 0x14);
 
 struct Symbol
 {
@@ -42,13 +46,14 @@ constexpr Symbol symbols[] = {
     {QStyle::SP_DriveHDIcon, "symbol_computer"},
 };
 
-void drawFrame(QPainter& painter, const QRectF& rect, const QColor& line, const QBrush& inside)
+void drawFrame(QPainter& painter, const QRectF& rect, const QColor& line, const QBrush& inside,
+               double radius = boxRadius)
 {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(line);
     painter.setBrush(inside);
-    painter.drawRoundedRect(rect.adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+    painter.drawRoundedRect(rect.adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
     painter.restore();
 }
 
@@ -110,6 +115,33 @@ void HostStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
     default:
         return QProxyStyle::drawPrimitive(element, option, painter, widget);
     }
+}
+
+void HostStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                   QPainter* painter, const QWidget* widget) const
+{
+    if (control != CC_ComboBox || !widget || !qobject_cast<QToolBar*>(widget->parentWidget()))
+        return QProxyStyle::drawComplexControl(control, option, painter, widget);
+    const bool enabled = option->state & State_Enabled;
+    const bool hovered = enabled && option->state & State_MouseOver;
+    drawFrame(*painter, option->rect, option->state & State_HasFocus ? MixerStyle::accent : edge,
+              hovered ? HostGrounds::hovered : HostGrounds::button, choiceRadius);
+    QStyleOption arrow = *option;
+    arrow.rect = proxy()->subControlRect(control, option, SC_ComboBoxArrow, widget);
+    proxy()->drawPrimitive(PE_IndicatorArrowDown, &arrow, painter, widget);
+}
+
+void HostStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                            const QWidget* widget) const
+{
+    const auto* choice = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+    if (element != CE_ComboBoxLabel || !choice)
+        return QProxyStyle::drawControl(element, option, painter, widget);
+    QStyleOptionComboBox cut = *choice;
+    const QRect room = proxy()->subControlRect(CC_ComboBox, choice, SC_ComboBoxEditField, widget);
+    cut.currentText =
+        choice->fontMetrics.elidedText(cut.currentText, Qt::ElideRight, room.width() - 2);
+    QProxyStyle::drawControl(element, &cut, painter, widget);
 }
 
 #include "moc_HostStyle.cpp"

@@ -68,6 +68,8 @@ void applyHostSheet(QWidget* widget)
             "QToolBar QToolButton:checked { background: %5; color: #ffffff; }"
             "QToolBar QToolButton:focus { border-color: #0394d0; }"
             "QToolBar QToolButton#qt_toolbar_ext_button { padding: 0; }"
+            "QToolBar QToolButton::menu-indicator { subcontrol-origin: padding;"
+            "  subcontrol-position: right center; right: 5px; }"
             "QToolBar QLabel { color: %3; padding-left: 10px; }"
             "QDockWidget { color: %3; }"
             "QDockWidget::title { background: %1; border-bottom: 1px solid #101214;"

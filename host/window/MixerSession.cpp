@@ -2,6 +2,8 @@
 #include "host/window/MixerSession.h"
 
 #include "host/audio/AudioSession.h"
+#include "host/files/PresetFolder.h"
+#include "host/files/PresetValues.h"
 #include "host/window/EditorWindow.h"
 #include "host/window/Mixer.h"
 #include "host/window/MixerWindow.h"
@@ -54,6 +56,8 @@ bool MixerSession::restoreWindows(MixerWindow& window)
     connect(&m_mixer.mixerModel.history().stack(), &QUndoStack::indexChanged, this,
             &MixerSession::saveLater);
     connect(&m_mixer.mixerModel, &MixerModel::channelChanged, this, &MixerSession::saveLater);
+    connect(&m_mixer.mixerModel.presets(), &ChannelPresets::changed, this,
+            &MixerSession::saveLater);
     connect(&m_mixer.analyzer, &AnalyzerStore::changed, this, &MixerSession::saveLater);
     qGuiApp->installEventFilter(this);
     connectMenu();
@@ -291,9 +295,21 @@ void MixerSession::restore(int channel)
         m_mixer.memory.setStrip(channel, static_cast<StripParameter>(i), data.strip[i]);
     m_mixer.memory.write(channel, data.equalizer);
     m_mixer.mixerModel.compare().setState(channel, data.compare);
-    m_mixer.mixerModel.presets().clear(channel);
+    restorePreset(channel);
     if (!data.editor.isEmpty())
         m_mixer.settings.keep(channel, data.editor);
+}
+
+// A preset that has been deleted meanwhile is forgotten, as if it were deleted now.
+void MixerSession::restorePreset(int channel)
+{
+    const auto& preset = m_data.channels[static_cast<std::size_t>(channel)].preset;
+    const PresetFolder folder(PresetFolder::standardFolder());
+    const auto values = preset ? presetValues(*preset, folder) : std::nullopt;
+    if (values)
+        m_mixer.mixerModel.presets().adopt(channel, *preset, *values);
+    else
+        m_mixer.mixerModel.presets().clear(channel);
 }
 
 void MixerSession::collect(int channel)
@@ -304,6 +320,7 @@ void MixerSession::collect(int channel)
         data.strip[i] = m_mixer.memory.strip(channel, static_cast<StripParameter>(i));
     data.equalizer = m_mixer.memory.values(channel);
     data.compare = m_mixer.mixerModel.compare().state(channel);
+    data.preset = m_mixer.mixerModel.presets().preset(channel);
     data.editor = m_mixer.settings.map(channel);
 }
 

@@ -92,6 +92,7 @@ private:
     Status moved();
     void restore();
     void restore(int channel);
+    void restorePreset(int channel);
     void collect(int channel);
     Status writeChannels();
     void collectWindows();

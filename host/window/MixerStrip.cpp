@@ -86,7 +86,10 @@ MixerStrip::MixerStrip(MixerModel& mixerModel, int channel, QWidget* parent)
     buildWidth();
     auto* curve = new EqualizerThumbnail(mixerModel, channel, this);
     curve->setGeometry(curvePlace);
-    m_texts.add([curve] { curve->setToolTip(tr("Opens the editor")); });
+    m_texts.add([this, curve] {
+        curve->setAccessibleName(tr("Curve of %1").arg(m_mixerModel.shownName(m_channel)));
+        curve->setToolTip(tr("Opens the editor"));
+    });
     connect(curve, &EqualizerThumbnail::clicked, this,
             [this] { Q_EMIT editorWanted(m_channel, isPair()); });
     buildKeys();

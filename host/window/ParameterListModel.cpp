@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/window/ParameterListModel.h"
 
+#include "controls/ControlAccessible.h"
 #include "host/window/MixerStyle.h"
 #include "hosting/HostMemory.h"
 #include "parameters/ParameterText.h"
 
 #include <QColor>
 #include <QCoreApplication>
+
+using CommonController_MemAPI::withUnit;
 
 namespace {
 
@@ -43,6 +46,8 @@ QStringList valueTexts(const Parameter& parameter)
         texts.last() += QLatin1Char(' ') + QLatin1String(parameter.unit);
     return texts;
 }
+
+QString unitOf(const QModelIndex& index) { return QLatin1String(parameterAt(index).unit); }
 
 QString allButLast(const QStringList& texts)
 {
@@ -140,6 +145,9 @@ QVariant ParameterListModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
     case Qt::EditRole:
         return text(index);
+    case Qt::AccessibleTextRole:
+        return index.column() == ValueColumn ? withUnit(text(index).toString(), unitOf(index))
+                                             : QVariant();
     case Qt::TextAlignmentRole:
         return alignmentOf(index);
     case Qt::ForegroundRole:

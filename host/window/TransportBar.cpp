@@ -234,12 +234,10 @@ void TransportBar::showDevices(const AudioSession* transport)
     m_devices->clear();
     const QStringList outputs = transport ? transport->outputs() : QStringList();
     m_devices->setEnabled(!outputs.isEmpty());
-    if (!m_devices->isEnabled()) {
-        m_devices->addItem(tr("No device"));
-        return;
-    }
-    m_devices->addItems(outputs);
-    m_devices->setCurrentIndex(transport->output());
+    m_devices->addItems(m_devices->isEnabled() ? outputs : QStringList{tr("No device")});
+    m_devices->setCurrentIndex(m_devices->isEnabled() ? transport->output() : 0);
+    m_devices->setToolTip(m_devices->accessibleName() + QLatin1Char('\n') +
+                          m_devices->currentText());
 }
 
 void TransportBar::showPosition()

@@ -37,7 +37,7 @@ void placeSideBySide(QWidget& mixer, EditorWindow& editor, const QRect& room)
     const int narrowest = mixer.minimumSizeHint().width();
     fitEditor(editor, inside - QSize(narrowest, 0));
     mixer.resize(std::clamp(inside.width() - editor.width(), narrowest, mixer.width()),
-                 std::min(mixer.height(), inside.height()));
+                 std::min(std::max(mixer.height(), editor.height()), inside.height()));
     const int spare = inside.width() - mixer.width() - editor.width();
     const int height = std::max(mixer.height(), editor.height());
     const QPoint place =

@@ -990,6 +990,10 @@
         <translation>Edit</translation>
     </message>
     <message>
+        <source>Curve of %1</source>
+        <translation>Kurve von %1</translation>
+    </message>
+    <message>
         <source>Editor of %1</source>
         <translation>Editor von %1</translation>
     </message>
@@ -2412,6 +2416,10 @@ Tab und Pfeiltasten: dasselbe mit der Tastatur</translation>
 </context>
 <context>
     <name>AnalyzerBar</name>
+    <message>
+        <source>Analyzer</source>
+        <translation>Analyzer</translation>
+    </message>
     <message>
         <source>No smoothing</source>
         <translation>Keine Glättung</translation>

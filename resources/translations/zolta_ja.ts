@@ -990,6 +990,10 @@
         <translation>編集</translation>
     </message>
     <message>
+        <source>Curve of %1</source>
+        <translation>%1 のカーブ</translation>
+    </message>
+    <message>
         <source>Editor of %1</source>
         <translation>%1 のエディター</translation>
     </message>
@@ -2412,6 +2416,10 @@ Tab と矢印キー: キーボードで同じ操作</translation>
 </context>
 <context>
     <name>AnalyzerBar</name>
+    <message>
+        <source>Analyzer</source>
+        <translation>アナライザー</translation>
+    </message>
     <message>
         <source>No smoothing</source>
         <translation>平滑化なし</translation>

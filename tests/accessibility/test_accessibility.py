@@ -4,8 +4,8 @@
 Usage: test_accessibility.py HOST [--dump]
 
 Everything that can be operated or read has a name; what is set gradually has a text with its unit, and
-so has every handle of the curve. Runs on an X server, a session bus and an accessibility bus of its own.
-With --dump it prints what it finds.
+so has every handle of the curve. Opens the editor's panels and the help, too. Runs on an X server, a
+session bus and an accessibility bus of its own. With --dump it prints what it finds.
 """
 
 import os
@@ -21,15 +21,20 @@ LAUNCHERS = ["/usr/libexec/at-spi-bus-launcher", "/usr/lib/at-spi2-core/at-spi-b
 PATIENCE = 120.0
 
 OPERABLE = {"push button", "toggle button", "check box", "radio button", "combo box", "dial", "slider",
-            "spin button", "progress bar", "text", "menu item", "table", "tree", "list"}
+            "spin button", "progress bar", "text", "menu item", "table", "table column header", "tree",
+            "list", "tool bar", "dialog"}
 GRADUAL = {"dial", "slider", "spin button", "progress bar"}
+# What the menus open, in this order.
+OPENED = ["Parameters", "Measured Response", "Analyzer", "Guide", "Keys and Mouse"]
 
 NUMBER = r"[+-]?\d+(\.\d+)?"
 LEVEL = rf"{NUMBER} dB"
 FREQUENCY = rf"{NUMBER} k?Hz"
-# What the text of an element of the editor looks like, by the end of its name.
-TEXTS = {"frequency": FREQUENCY, "gain": LEVEL, "level": LEVEL, "quality": NUMBER, "type": r"\w+ \d+",
-         "band": rf"{FREQUENCY}(, {LEVEL})?(, Q {NUMBER})?"}
+# What the text of an element looks like, by its name.
+TEXTS = {r".* frequency": FREQUENCY, r".* (gain|level)": LEVEL, r".* quality": NUMBER, r".* type": r"\w+ \d+",
+         r".* band": rf"{FREQUENCY}(, {LEVEL})?(, Q {NUMBER})?", r"(Fader|Level|Meter|Peak) of .*": LEVEL,
+         r"Balance of .*": r"C|[LR]\d+", r".* meter, .*": LEVEL, r"Source of .*": r"Off|File|Input \d|Test signal"}
+TABLE_COLUMNS = 5
 
 
 def own_session(host, arguments):
@@ -57,7 +62,11 @@ def elements(element, depth=0):
 
 
 def text_of(element):
-    """Its description, or what it shows where it shows text by itself."""
+    """Its description, or the label beside it, or what it shows where it shows text by itself."""
+    import pyatspi
+    for relation in element.getRelationSet():
+        if relation.getRelationType() == pyatspi.RELATION_LABELLED_BY and not element.description:
+            return relation.getTarget(0).name
     try:
         return element.description or element.queryText().getText(0, -1)
     except NotImplementedError:
@@ -75,16 +84,63 @@ def find_application(process):
     return None
 
 
+def menu_item(element, name):
+    """The item of that name in the menus below the element, whether they are open or not."""
+    for index in range(element.childCount):
+        child = element.getChildAtIndex(index)
+        if not child or child.getRoleName() not in {"frame", "menu bar", "menu item", "popup menu"}:
+            continue
+        if child.name == name and child.getRoleName() == "menu item":
+            return child
+        found = menu_item(child, name)
+        if found:
+            return found
+    return None
+
+
+def open_by_menu(application, name):
+    """Whether a panel or dialog of that name shows afterwards."""
+    item = menu_item(application, name)
+    if not item:
+        return False
+    item.queryAction().doAction(0)
+    end = time.monotonic() + PATIENCE
+    while time.monotonic() < end:
+        if any(element.getRoleName() in {"frame", "dialog"} and element.name.lower() == name.lower()
+               for _, element in elements(application)):
+            return True
+        time.sleep(0.1)
+    return False
+
+
+def walk(application, dump):
+    """A list of (role, name, text)."""
+    found = []
+    for depth, element in elements(application):
+        found.append((element.getRoleName(), element.name, text_of(element)))
+        if dump:
+            print("  " * depth + "  ".join(part for part in found[-1] if part))
+    return found
+
+
+def suits(name, text):
+    """Whether the text is one for an element of that name."""
+    return all(re.fullmatch(expected, text) for known, expected in TEXTS.items() if re.fullmatch(known, name))
+
+
 def complaints(found):
     """What is wrong with the list of (role, name, text)."""
     for role, name, text in found:
         if role in OPERABLE and not name:
             yield f"a {role} has no name"
-        if role in GRADUAL and not text:
+        if role in GRADUAL | {"combo box"} and not text:
             yield f"the {role} {name!r} has no text"
-        expected = TEXTS.get(name.rsplit(" ", 1)[-1])
-        if role in GRADUAL and expected and not re.fullmatch(expected, text):
+        elif role in GRADUAL | {"combo box"} and not suits(name, text):
             yield f"the {role} {name!r} reads {text!r}"
+    cells = [name for role, name, text in found if role == "table cell"]
+    for title, value in zip(cells[::TABLE_COLUMNS], cells[1::TABLE_COLUMNS]):
+        if not suits(title, value):
+            yield f"in the table, {title} reads {value!r}"
     bands = {name for role, name, text in found if role == "slider" and name.endswith("band")}
     if len(bands) != 6:
         yield f"the curve has {len(bands)} handles: {sorted(bands)}"
@@ -107,12 +163,14 @@ def main():
         if application is None:
             print("The mixer does not appear on the accessibility bus.")
             return 1
-        found = []
-        for depth, element in elements(application):
-            found.append((element.getRoleName(), element.name, text_of(element)))
-            if "--dump" in arguments:
-                print("  " * depth + "  ".join(part for part in found[-1] if part))
+        dump = "--dump" in arguments
+        found = walk(application, dump)
         problems = list(complaints(found))
+        for name in OPENED:
+            if not open_by_menu(application, name):
+                problems.append(f"{name} does not open")
+            found = walk(application, dump)
+            problems += complaints(found)
         print("\n".join(problems + [f"{len(found)} elements, {len(problems)} problems"]))
         return 1 if problems else 0
     finally:

@@ -3,6 +3,7 @@
 #include "host/window/EditorPresets.h"
 #include "host/window/EditorWindow.h"
 #include "host/window/Mixer.h"
+#include "host/window/MixerSession.h"
 #include "host/window/MixerWindow.h"
 #include "parameters/FactoryPresets.h"
 #include "parameters/ParameterText.h"
@@ -67,6 +68,8 @@ private Q_SLOTS:
     void renamedPresetKeepsItsSettings();
     void knownValuesAreRecognized_data();
     void knownValuesAreRecognized();
+    void sessionsKeepThePreset_data();
+    void sessionsKeepThePreset();
     void folderIsShown();
     void deletedPresetIsGone();
     void wrongNames_data();
@@ -75,6 +78,7 @@ private Q_SLOTS:
     void sortsAsPeopleDo();
 
 private:
+    void openEditor();
     QAction* action(const char* text) const
     {
         return WindowTesting::actionOf(m_editor, QLatin1String(text));
@@ -88,6 +92,8 @@ private:
     QAction* deletionOf(const QString& name) const;
     QUndoStack& history() { return m_mixer.mixerModel.history().stack(); }
     void turn() { m_mixer.memory.setValue(parameterId(2), 2, 99, 0, 0, 1); }
+    void saveTurned(const QString& name, int value);
+    void happens(const QString& what, const QString& name);
     QString fileOf(const QString& name) const { return m_folder.fileOf(name); }
     template <typename Dialog, typename Act> static void whenAsked(Act act);
 
@@ -108,6 +114,11 @@ void tst_Presets::init()
 {
     TestObject::init();
     QDir(PresetFolder::standardFolder()).removeRecursively();
+    openEditor();
+}
+
+void tst_Presets::openEditor()
+{
     m_window = std::make_unique<MixerWindow>(m_mixer, EditorSettings());
     m_editor = m_window->openEditor(2, true);
 }
@@ -487,6 +498,68 @@ void tst_Presets::knownValuesAreRecognized()
     QVERIFY(!other->presets().isModified());
     m_mixer.mixerModel.presets().clear(4);
     m_mixer.memory.reset(4);
+}
+
+// As the bar names it in the program's next run.
+void tst_Presets::sessionsKeepThePreset_data()
+{
+    QTest::addColumn<QString>("preset");
+    QTest::addColumn<bool>("isTurned");
+    QTest::addColumn<QString>("meanwhile"); // happens to the preset's file
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("none") << u""_s << true << u""_s << u"No preset"_s;
+    QTest::newRow("factory") << u"Kick"_s << false << u""_s << u"Kick"_s;
+    QTest::newRow("factory, modified") << u"Kick"_s << true << u""_s << u"Kick *"_s;
+    QTest::newRow("own") << u"Mine"_s << false << u""_s << u"Mine"_s;
+    QTest::newRow("own, modified") << u"Mine"_s << true << u""_s << u"Mine *"_s;
+    QTest::newRow("replaced") << u"Mine"_s << false << u"replaced"_s << u"Mine *"_s;
+    QTest::newRow("deleted") << u"Mine"_s << false << u"deleted"_s << u"No preset"_s;
+    QTest::newRow("damaged") << u"Mine"_s << false << u"damaged"_s << u"No preset"_s;
+    QTest::newRow("renamed") << u"Mine"_s << false << u"renamed"_s << u"Yours"_s;
+}
+
+void tst_Presets::sessionsKeepThePreset()
+{
+    QFETCH(const QString, preset);
+    QFETCH(const bool, isTurned);
+    QFETCH(const QString, meanwhile);
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(u"session.json"_s);
+    auto session = std::make_unique<MixerSession>(m_mixer);
+    QVERIFY(session->open(file).isOk());
+    if (preset == "Kick"_L1)
+        action("Kick")->trigger();
+    else if (!preset.isEmpty())
+        saveTurned(preset, 70);
+    if (isTurned)
+        turn();
+    QVERIFY(session->save());
+    session.reset();
+    happens(meanwhile, preset);
+    m_window.reset();
+    m_mixer.mixerModel.presets().clear(2);
+    MixerSession next(m_mixer);
+    QVERIFY(next.open(file).isOk());
+    openEditor();
+    QTEST(nameKey()->text(), "shown");
+}
+
+void tst_Presets::saveTurned(const QString& name, int value)
+{
+    m_mixer.memory.setValue(parameterId(2), 2, value, 0, 0, 1);
+    presets().save(name);
+}
+
+void tst_Presets::happens(const QString& what, const QString& name)
+{
+    if (what == "replaced"_L1)
+        saveTurned(name, 71);
+    else if (what == "renamed"_L1)
+        QVERIFY(QFile::rename(fileOf(name), fileOf(u"Yours"_s)));
+    else if (what == "deleted"_L1)
+        QVERIFY(QFile::remove(fileOf(name)));
+    else if (what == "damaged"_L1)
+        TestFiles::write(fileOf(name), "damaged");
 }
 
 void tst_Presets::folderIsShown()

@@ -24,6 +24,9 @@ private Q_SLOTS:
     void masterAndBalanceComeBack();
     void olderSessionsHaveNoMaster();
     void badMasterIsNamed();
+    void presetComesBack();
+    void badPresetIsNamed_data();
+    void badPresetIsNamed();
 
 private:
     QString lock() const { return m_file + ".lock"_L1; }
@@ -138,6 +141,45 @@ void tst_SessionFile::badMasterIsNamed()
     root[u"master"_s] = QJsonObject{{u"dim"_s, u"perhaps"_s}};
     SessionData data;
     QVERIFY(data.read(root).error().contains(u"master.dim"_s));
+}
+
+void tst_SessionFile::presetComesBack()
+{
+    for (const std::optional<PresetName>& preset :
+         {std::optional(PresetName{u"Rock & roll \u97f3"_s, false}),
+          std::optional(PresetName{u"Kick"_s, true}), std::optional<PresetName>()}) {
+        SessionData data;
+        data.channels[3].preset = PresetName{u"Before"_s, false};
+        const QJsonObject before = data.toJson({});
+        data.channels[3].preset = preset;
+        SessionData back;
+        QVERIFY(back.read(data.toJson(before)).isOk());
+        QCOMPARE(back.channels[3].preset, preset);
+    }
+}
+
+void tst_SessionFile::badPresetIsNamed_data()
+{
+    QTest::addColumn<QJsonValue>("preset");
+    QTest::addColumn<QString>("error");
+    const QString name = u"channels[0].preset.name cannot be set to \"%1\"."_s;
+    QTest::newRow("text") << QJsonValue(u"Kick"_s) << u"channels[0].preset must be an object."_s;
+    QTest::newRow("number") << QJsonValue(QJsonObject{{u"name"_s, 3}})
+                            << u"channels[0].preset.name must be text."_s;
+    QTest::newRow("factory") << QJsonValue(
+                                    QJsonObject{{u"name"_s, u"Kick"_s}, {u"factory"_s, u"yes"_s}})
+                             << u"channels[0].preset.factory must be true or false."_s;
+    QTest::newRow("no name") << QJsonValue(QJsonObject()) << name.arg(QString());
+    QTest::newRow("path") << QJsonValue(QJsonObject{{u"name"_s, u"../Kick"_s}})
+                          << name.arg(u"../Kick"_s);
+}
+
+void tst_SessionFile::badPresetIsNamed()
+{
+    QFETCH(const QJsonValue, preset);
+    const QJsonObject root{{u"zolta-session"_s, 1},
+                           {u"channels"_s, QJsonArray{QJsonObject{{u"preset"_s, preset}}}}};
+    QTEST(SessionData().read(root).error(), "error");
 }
 
 QTEST_GUILESS_MAIN(tst_SessionFile)

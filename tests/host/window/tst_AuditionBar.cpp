@@ -44,6 +44,7 @@ private Q_SLOTS:
     void bandFollowsTheControls();
     void bandFollowsTheHandles();
     void bandIsChosenInTheList();
+    void choiceLooksLikeTheButtons();
     void nothingIsWantedOfOthers();
 
 private:
@@ -364,6 +365,13 @@ void tst_AuditionBar::bandIsChosenInTheList()
     press(u"key"_s);
     QCOMPARE(auditions().band(channel), 1);
     release(u"key"_s);
+}
+
+void tst_AuditionBar::choiceLooksLikeTheButtons()
+{
+    const auto groundOf = [](QWidget* widget) { return widget->grab().toImage().pixelColor(4, 4); };
+    QCOMPARE(bands()->height(), hold()->height());
+    QCOMPARE(groundOf(bands()), groundOf(hold()));
 }
 
 void tst_AuditionBar::nothingIsWantedOfOthers()

@@ -33,11 +33,15 @@ private Q_SLOTS:
     void bubbleFollowsADrag();
     void clickedHandleKeepsTheKeyboard();
     void switchedOffHandlesShowNothing();
+    void panelsWordsFit_data();
+    void panelsWordsFit();
     void flatIsOneStep_data();
     void flatIsOneStep();
 
 private:
     void hover(const QWidget* control) const;
+    static void press(QWidget* button, const QString& how);
+    static void release(QWidget* button, const QString& how);
     QAccessibleInterface* handle(int band) const
     {
         return QAccessible::queryAccessibleInterface(m_graph)->child(band);
@@ -214,6 +218,30 @@ void tst_EditorGuidance::switchedOffHandlesShowNothing()
     QVERIFY(!bubble()->isVisible());
 }
 
+void tst_EditorGuidance::panelsWordsFit_data()
+{
+    QTest::addColumn<double>("scale");
+    for (const double scale : {1.0, 1.5, 2.0, 4.0})
+        QTest::addRow("%g", scale) << scale;
+}
+
+void tst_EditorGuidance::panelsWordsFit()
+{
+    QFETCH(const double, scale);
+    m_editor->setScale(scale);
+    const auto* panel = m_editor->findChild<QWidget*>(u"ZoltaEditor"_s);
+    int compared = 0;
+    for (const QLabel* label : panel->findChildren<QLabel*>()) {
+        if (label->text().isEmpty() || label == bubble())
+            continue;
+        const double width = QFontMetricsF(label->font()).horizontalAdvance(label->text());
+        QVERIFY2(width <= label->width(), qPrintable(label->text()));
+        ++compared;
+    }
+    QVERIFY(compared > 20);
+    m_editor->setScale(1.0);
+}
+
 void tst_EditorGuidance::flatIsOneStep_data()
 {
     QTest::addColumn<QString>("how");
@@ -222,6 +250,26 @@ void tst_EditorGuidance::flatIsOneStep_data()
         QTest::addRow("%s", how) << QString::fromLatin1(how) << false;
         QTest::addRow("%s, held", how) << QString::fromLatin1(how) << true;
     }
+    QTest::newRow("assistive technology") << u"assistive technology"_s << false;
+}
+
+void tst_EditorGuidance::press(QWidget* button, const QString& how)
+{
+    if (how == "mouse"_L1)
+        QTest::mousePress(button, Qt::LeftButton);
+    else if (how == "assistive technology"_L1)
+        QAccessible::queryAccessibleInterface(button)->actionInterface()->doAction(
+            QAccessibleActionInterface::pressAction());
+    else
+        QTest::keyPress(button, Qt::Key_Space);
+}
+
+void tst_EditorGuidance::release(QWidget* button, const QString& how)
+{
+    if (how == "mouse"_L1)
+        QTest::mouseRelease(button, Qt::LeftButton);
+    else if (how != "assistive technology"_L1)
+        QTest::keyRelease(button, Qt::Key_Space);
 }
 
 // Held for a second it resets more than the gains.
@@ -237,17 +285,11 @@ void tst_EditorGuidance::flatIsOneStep()
     const HostMemory::Values before = m_mixer.memory.values(0);
     QUndoStack& history = m_mixer.mixerModel.history().stack();
     history.clear();
-    if (how == "mouse"_L1)
-        QTest::mousePress(button, Qt::LeftButton);
-    else
-        QTest::keyPress(button, Qt::Key_Space);
+    press(button, how);
     QCOMPARE(m_mixer.memory.values(0)[2], 0);
     if (isHeld)
         QTRY_VERIFY(m_mixer.memory.values(0)[1] != 600);
-    if (how == "mouse"_L1)
-        QTest::mouseRelease(button, Qt::LeftButton);
-    else
-        QTest::keyRelease(button, Qt::Key_Space);
+    release(button, how);
     QCOMPARE(history.count(), 1);
     QVERIFY(WindowTesting::actionOf(m_editor, u"Undo Flat"_s)->isEnabled());
     history.undo();

@@ -8,6 +8,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QIcon>
 #include <QMessageBox>
@@ -91,6 +92,7 @@ private Q_SLOTS:
     void symbolsAreTheMixers();
     void boxesOfSwitchesAreSeen();
     void focusIsALine();
+    void longChoicesEndInDots();
 };
 
 void tst_HostTheme::lettersOfThePaletteStandOut_data()
@@ -279,6 +281,28 @@ void tst_HostTheme::focusIsALine()
     for (const QPoint& edge : {QPoint(20, 0), QPoint(20, 19), QPoint(0, 10), QPoint(39, 10)})
         QCOMPARE_GE(contrast(image.pixelColor(edge), HostGrounds::window), lines);
     QCOMPARE(image.pixelColor(20, 10), HostGrounds::window);
+}
+
+void tst_HostTheme::longChoicesEndInDots()
+{
+    constexpr int width = 90;
+    constexpr int arrow = 20;
+    const auto picture = [](const QString& text) {
+        QComboBox box;
+        box.setFixedSize(width, 24);
+        box.addItem(text);
+        return box.grab().toImage();
+    };
+    const QString name = u"The second sound card's output"_s;
+    const QImage shown = picture(name);
+    const QFontMetrics metrics(QApplication::font("QComboBox"));
+    bool isCut = false;
+    for (qsizetype letters = 1; letters < name.size(); ++letters) {
+        const QString text = name.left(letters) + QChar(0x2026);
+        const bool fits = metrics.horizontalAdvance(text) <= width - arrow;
+        isCut = isCut || (fits && picture(text) == shown);
+    }
+    QVERIFY(isCut);
 }
 
 ZOLTA_TEST_MAIN(tst_HostTheme)

@@ -627,6 +627,7 @@ void tst_MixerWindow::windowsStandSideBySide()
     QVERIFY(place.contains(mixer));
     QVERIFY(place.contains(editor->frameGeometry()));
     QTEST(editor->settings().scale, "scale");
+    QCOMPARE_GE(m_window->height(), editor->height());
     const auto* area = editor->findChild<QScrollArea*>();
     QTRY_COMPARE(area->horizontalScrollBar()->maximum(), 0);
     QVERIFY(mixer.width() >= 4 * MixerStrip::stripWidth); // all pairs are in sight
