@@ -34,13 +34,15 @@ public:
     double sampleRate() const { return m_sampleRate; }
     /// Clears the samples so far and the levels; what is published is in force at once.
     void reset();
+    /// The same for one channel. The audio thread's.
+    void reset(int channel) noexcept;
 
-    /// The GUI thread's: the raw values of a channel, 0 to channelCount - 1.
+    /// The GUI thread's: the raw values of a channel below maxChannelCount.
     void publish(int channel, const Values& values);
 
     /// Processes blocks of \a frames samples in place, one a channel from channel 0 on. A channel
-    /// whose pointer is null, or that has none, gets no signal; pointers beyond the mixer's
-    /// channels are left alone.
+    /// whose pointer is null gets no signal. A pair without pointers stays as it is and costs
+    /// nothing; pointers beyond maxChannelCount are left alone.
     void process(std::span<double* const> channels, std::size_t frames) noexcept;
     /// The same for single precision: computed in double precision and rounded once.
     void process(std::span<float* const> channels, std::size_t frames) noexcept;
@@ -66,6 +68,7 @@ private:
     };
     struct Channel
     {
+        void reset();
         void takeInput(std::span<double> block);
         void takeOutput(std::span<const double> block);
 
@@ -89,6 +92,6 @@ private:
     template <typename Sample> static void processOne(Channel* channel, std::span<Sample> block);
 
     double m_sampleRate = 48000.0;
-    std::array<Channel, channelCount> m_channels;
+    std::array<Channel, maxChannelCount> m_channels;
     std::atomic<std::uint64_t> m_blocks = 0;
 };

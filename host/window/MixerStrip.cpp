@@ -53,6 +53,14 @@ int wordAt(const unsigned int* words, unsigned short base, int channel)
     return static_cast<short>(words[base + 2 * channel] & 0xFFFFU);
 }
 
+bool isWalk(const QEvent* event)
+{
+    const bool comes = event->type() == QEvent::FocusIn;
+    const auto reason =
+        comes ? static_cast<const QFocusEvent*>(event)->reason() : Qt::NoFocusReason;
+    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
+}
+
 // Whether the user turned to a control. One that has the focus again after a menu or another window
 // is not meant.
 bool turnsTo(const QEvent* event)
@@ -62,13 +70,6 @@ bool turnsTo(const QEvent* event)
     const Qt::FocusReason reason = static_cast<const QFocusEvent*>(event)->reason();
     return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
            reason != Qt::MenuBarFocusReason;
-}
-
-void setFontSize(QWidget* widget, int pixels)
-{
-    QFont font = widget->font();
-    font.setPixelSize(pixels);
-    widget->setFont(font);
 }
 
 } // namespace
@@ -95,6 +96,7 @@ MixerStrip::MixerStrip(MixerModel& mixerModel, int channel, QWidget* parent)
     buildMeters();
     m_silenced = isSilenced();
     connect(&mixerModel, &MixerModel::channelChanged, this, &MixerStrip::follow);
+    connect(&mixerModel, &MixerModel::channelCountChanged, this, [this] { follow(m_channel); });
     connect(&mixerModel, &MixerModel::nameChanged, this, [this](int changed) {
         if (changed == m_channel)
             retranslate();
@@ -131,6 +133,8 @@ bool MixerStrip::eventFilter(QObject* control, QEvent* event)
 {
     if (turnsTo(event))
         Q_EMIT selected(m_channel);
+    if (isWalk(event))
+        Q_EMIT walkedTo(static_cast<QWidget*>(control));
     return QWidget::eventFilter(control, event);
 }
 
@@ -180,7 +184,9 @@ void MixerStrip::buildName()
     m_name->setGeometry(namePlace.adjusted(1, 1, -1, -1));
     m_name->setFrame(false);
     m_name->setAlignment(Qt::AlignCenter);
-    setFontSize(m_name, 12);
+    QFont letters = m_name->font();
+    letters.setPixelSize(12);
+    m_name->setFont(letters);
     QPalette palette = m_name->palette();
     palette.setColor(QPalette::Base, Qt::transparent);
     m_name->setPalette(palette);
@@ -205,16 +211,28 @@ void MixerStrip::showName()
 
 void MixerStrip::buildSource()
 {
-    auto* source = new PullDownButtonController(this);
-    MixerStyle::styleKey(source, QStringLiteral("wide"));
-    source->setButtonSvg(MixerStyle::image(QStringLiteral("choice_up")));
-    source->setPushButtonSvg(MixerStyle::image(QStringLiteral("choice_dw")));
-    source->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    source->setTextLeftMargin(7);
-    source->setGeometry(sourcePlace);
-    m_texts.add([source] { source->setTextList(sourceNames()); });
-    name(source, [](const QString& channel) { return tr("Source of %1").arg(channel); });
-    bind(source, StripParameter::Source, m_channel);
+    m_source = new PullDownButtonController(this);
+    MixerStyle::styleKey(m_source, QStringLiteral("wide"));
+    m_source->setButtonSvg(MixerStyle::image(QStringLiteral("choice_up")));
+    m_source->setPushButtonSvg(MixerStyle::image(QStringLiteral("choice_dw")));
+    m_source->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    m_source->setTextLeftMargin(7);
+    m_source->setGeometry(sourcePlace);
+    m_texts.add([this] { m_source->setTextList(sourceNames()); });
+    name(m_source, [](const QString& channel) { return tr("Source of %1").arg(channel); });
+    bind(m_source, StripParameter::Source, m_channel);
+    offerInputs();
+}
+
+// As many inputs as there are channels, and those of a usual mixer in any case.
+void MixerStrip::offerInputs()
+{
+    const int inputs = std::max(m_mixerModel.channelCount(), defaultChannelCount);
+    const int chosen = m_mixerModel.memory().strip(m_channel, StripParameter::Source);
+    QList<bool> offered(SourceOff + 1, true);
+    for (int source = SourceInput1 + inputs; source < SourceOff; ++source)
+        offered[source] = source == chosen;
+    m_source->setVisibleList(offered);
 }
 
 // The pair's width is one value, whichever of its strips switches it.
@@ -327,6 +345,8 @@ void MixerStrip::follow(int channel)
     const bool silenced = isSilenced();
     if (std::exchange(m_silenced, silenced) != silenced)
         update();
+    if (channel == m_channel)
+        offerInputs();
     if (channel != (m_channel & ~1) || isPair() == m_shownAsPair)
         return;
     m_shownAsPair = isPair();

@@ -127,7 +127,7 @@ std::vector<int> tst_MeterSource::channelsRead()
 // What an editor reads of a meter, the way it finds it.
 int tst_MeterSource::word(const char* meter, int channel) const
 {
-    HostModel model;
+    HostModel model(*m_memory);
     unsigned short index = 0;
     unsigned short base = 0;
     unsigned short count = 0;

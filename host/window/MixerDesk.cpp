@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "host/window/MixerDesk.h"
+
+#include "host/audio/AudioSession.h"
+#include "host/model/MixerModel.h"
+#include "host/window/MasterStrip.h"
+#include "host/window/MixerStrip.h"
+
+#include <QHBoxLayout>
+#include <QScrollArea>
+#include <QScrollBar>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr int gap = 2; // between strips and around them
+
+// Scrolls to whole strips, as the desk says, instead of to what has the focus.
+class StripArea final : public QScrollArea
+{
+public:
+    using QScrollArea::QScrollArea;
+
+protected:
+    bool focusNextPrevChild(bool next) override
+    {
+        return QAbstractScrollArea::focusNextPrevChild(next);
+    }
+};
+
+void fill(QScrollArea* area, QWidget* content)
+{
+    area->setFrameShape(QFrame::NoFrame);
+    area->setBackgroundRole(QPalette::Base);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidgetResizable(true);
+    area->setWidget(content);
+}
+
+QHBoxLayout* rowIn(QWidget* widget, int margin)
+{
+    auto* row = new QHBoxLayout(widget);
+    row->setContentsMargins(margin, margin, margin, margin);
+    row->setSpacing(margin);
+    return row;
+}
+
+// What Tab stops at in a strip, in its order.
+QWidgetList stopsOf(MixerStrip* strip)
+{
+    QWidgetList stops;
+    for (QWidget* part : strip->findChildren<QWidget*>()) {
+        const bool isProxy = part->parentWidget()->focusProxy() == part;
+        if (part->focusPolicy() & Qt::TabFocus && !isProxy)
+            stops << part;
+    }
+    return stops;
+}
+
+// Otherwise the walk comes to what is new in the end.
+void walkAfter(MixerStrip* before, MixerStrip* strip)
+{
+    QWidget* last = stopsOf(before).constLast();
+    for (QWidget* next : stopsOf(strip)) {
+        QWidget::setTabOrder(last, next);
+        last = next;
+    }
+}
+
+} // namespace
+
+MixerDesk::MixerDesk(MixerModel& mixerModel, QWidget* parent)
+    : QWidget(parent)
+    , m_mixerModel(mixerModel)
+    , m_row(new QWidget(this))
+    , m_area(new StripArea(this))
+{
+    rowIn(m_row, gap)->addStretch(1);
+    fill(m_area, m_row);
+    followCount();
+    m_master = new MasterStrip(mixerModel, this);
+    auto* masterArea = new QScrollArea(this); // in a low window, too
+    fill(masterArea, m_master);
+    masterArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    masterArea->setFixedWidth(MixerStrip::stripWidth + gap);
+    QHBoxLayout* layout = rowIn(this, 0);
+    layout->addWidget(m_area, 1);
+    layout->addWidget(masterArea);
+}
+
+void MixerDesk::followCount()
+{
+    const int count = m_mixerModel.channelCount();
+    while (m_strips.size() > count)
+        delete m_strips.takeLast();
+    while (m_strips.size() < count)
+        addStrip();
+    select(std::min(m_selected, count - 1));
+    showPairs();
+}
+
+void MixerDesk::addStrip()
+{
+    auto* strip = new MixerStrip(m_mixerModel, static_cast<int>(m_strips.size()), m_row);
+    connect(strip, &MixerStrip::editorWanted, this, &MixerDesk::editorWanted);
+    connect(strip, &MixerStrip::selected, this, &MixerDesk::select);
+    connect(strip, &MixerStrip::walkedTo, this,
+            [this, strip](QWidget* control) { scrollTo(*strip, control); });
+    static_cast<QHBoxLayout*>(m_row->layout())
+        ->insertWidget(static_cast<int>(m_strips.size()), strip);
+    if (m_master)
+        walkAfter(m_strips.constLast(), strip);
+    m_strips << strip;
+}
+
+void MixerDesk::showPairs()
+{
+    for (MixerStrip* strip : std::as_const(m_strips)) {
+        const bool shown = m_mixerModel.leaderOf(strip->channel()) == strip->channel();
+        if (strip->isVisibleTo(m_row) != shown)
+            strip->setVisible(shown);
+    }
+    if (m_mixerModel.leaderOf(m_selected) != m_selected)
+        select(m_mixerModel.leaderOf(m_selected));
+}
+
+void MixerDesk::select(int channel)
+{
+    m_selected = channel;
+    for (MixerStrip* strip : std::as_const(m_strips))
+        strip->setSelected(strip->channel() == channel);
+}
+
+void MixerDesk::showMeters(const unsigned int* words, unsigned int count)
+{
+    for (MixerStrip* strip : std::as_const(m_strips))
+        strip->showMeters(words, count);
+    const AudioSession* transport = m_mixerModel.transport();
+    m_master->showLevels(transport ? transport->outputLevels() : MeterLevels{});
+}
+
+void MixerDesk::retranslate()
+{
+    m_master->retranslate();
+    for (MixerStrip* strip : std::as_const(m_strips))
+        strip->retranslate();
+}
+
+QSize MixerDesk::wholeSize() const
+{
+    const int strip = MixerStrip::stripWidth + gap;
+    const int count = static_cast<int>(m_strips.size());
+    return {count * strip + gap + strip + gap, MixerStrip::stripHeight + 2 * gap};
+}
+
+// Only as far as it takes.
+void MixerDesk::scrollTo(const MixerStrip& strip, QWidget* control)
+{
+    m_area->ensureWidgetVisible(control, 0, gap);
+    const int first = strip.x() - gap;
+    const int last = strip.x() + strip.width() + gap;
+    QScrollBar* bar = m_area->horizontalScrollBar();
+    bar->setValue(std::min(std::max(bar->value(), last - m_area->viewport()->width()), first));
+}
+
+#include "moc_MixerDesk.cpp"
