@@ -103,26 +103,29 @@ void MixerDesk::followCount()
 
 void MixerDesk::addStrip()
 {
-    auto* strip = new MixerStrip(m_mixerModel, static_cast<int>(m_strips.size()), m_row);
+    const int channel = static_cast<int>(m_strips.size());
+    auto* strip = new MixerStrip(m_mixerModel, channel, m_row);
+    strip->setVisible(isShown(channel)); // the layout would show what nobody hides
     connect(strip, &MixerStrip::editorWanted, this, &MixerDesk::editorWanted);
     connect(strip, &MixerStrip::selected, this, &MixerDesk::select);
     connect(strip, &MixerStrip::walkedTo, this,
             [this, strip](QWidget* control) { scrollTo(*strip, control); });
-    static_cast<QHBoxLayout*>(m_row->layout())
-        ->insertWidget(static_cast<int>(m_strips.size()), strip);
+    static_cast<QHBoxLayout*>(m_row->layout())->insertWidget(channel, strip);
     if (m_master)
         walkAfter(m_strips.constLast(), strip);
     m_strips << strip;
 }
 
+bool MixerDesk::isShown(int channel) const { return m_mixerModel.leaderOf(channel) == channel; }
+
 void MixerDesk::showPairs()
 {
     for (MixerStrip* strip : std::as_const(m_strips)) {
-        const bool shown = m_mixerModel.leaderOf(strip->channel()) == strip->channel();
+        const bool shown = isShown(strip->channel());
         if (strip->isVisibleTo(m_row) != shown)
             strip->setVisible(shown);
     }
-    if (m_mixerModel.leaderOf(m_selected) != m_selected)
+    if (!isShown(m_selected))
         select(m_mixerModel.leaderOf(m_selected));
 }
 

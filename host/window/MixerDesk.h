@@ -42,6 +42,7 @@ Q_SIGNALS:
 
 private:
     void addStrip();
+    bool isShown(int channel) const;
     void scrollTo(const MixerStrip& strip, QWidget* control);
 
     MixerModel& m_mixerModel;

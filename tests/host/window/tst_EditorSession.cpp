@@ -275,7 +275,7 @@ void tst_EditorSession::readsTheMetersOfItsChannels()
     session->setStereo(stereo);
     QTEST(metersRead(m_mixer), "expected");
     m_mixer.meters.advance(0.1);
-    QCOMPARE(editor()->property("meters").toList().size(), 32);
+    QCOMPARE(editor()->property("meters").toList().size(), 128);
 }
 
 ZOLTA_TEST_MAIN(tst_EditorSession)

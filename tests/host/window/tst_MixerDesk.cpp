@@ -115,6 +115,7 @@ void tst_MixerDesk::countIsChosenInTheMenu()
 {
     QFETCH(const int, count);
     const auto shows = [this](int channels) {
+        QCoreApplication::processEvents(); // layouts show what is new
         QCOMPARE(model().channelCount(), channels);
         QCOMPARE(desk()->strips().size(), channels);
         QCOMPARE(m_window->findChildren<MixerStrip*>().size(), channels);
