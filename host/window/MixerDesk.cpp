@@ -6,18 +6,23 @@
 #include "host/window/MasterStrip.h"
 #include "host/window/MixerStrip.h"
 
+#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QVBoxLayout>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <utility>
 
 namespace {
 
-constexpr int gap = 2; // between strips and around them
+constexpr int gap = 2;          // between strips and around them
+constexpr int fewestStrips = 6; // narrower, what is above them would be cut short
 
-// Scrolls to whole strips, as the desk says, instead of to what has the focus.
+// Scrolls to whole strips, as the desk says, instead of to what has the focus, and sideways by any
+// wheel while there is nothing to scroll up or down.
 class StripArea final : public QScrollArea
 {
 public:
@@ -27,6 +32,13 @@ protected:
     bool focusNextPrevChild(bool next) override
     {
         return QAbstractScrollArea::focusNextPrevChild(next);
+    }
+
+    void wheelEvent(QWheelEvent* event) override
+    {
+        if (verticalScrollBar()->maximum() > 0)
+            return QScrollArea::wheelEvent(event);
+        QCoreApplication::sendEvent(horizontalScrollBar(), event);
     }
 };
 
@@ -87,7 +99,14 @@ MixerDesk::MixerDesk(MixerModel& mixerModel, QWidget* parent)
     masterArea->setFixedWidth(MixerStrip::stripWidth + gap);
     QHBoxLayout* layout = rowIn(this, 0);
     layout->addWidget(m_area, 1);
-    layout->addWidget(masterArea);
+    auto* masterColumn = new QVBoxLayout;
+    masterColumn->addWidget(masterArea);
+    layout->addLayout(masterColumn);
+    // As high as the strips, so that what stands in one line stays in one.
+    const QScrollBar* bar = m_area->horizontalScrollBar();
+    connect(bar, &QScrollBar::rangeChanged, masterColumn, [bar, masterColumn](int, int last) {
+        masterColumn->setContentsMargins(0, 0, 0, last > 0 ? bar->sizeHint().height() : 0);
+    });
 }
 
 void MixerDesk::followCount()
@@ -154,7 +173,7 @@ void MixerDesk::retranslate()
 QSize MixerDesk::wholeSize() const
 {
     const int strip = MixerStrip::stripWidth + gap;
-    const int count = static_cast<int>(m_strips.size());
+    const int count = std::max(static_cast<int>(m_strips.size()), fewestStrips);
     return {count * strip + gap + strip + gap, MixerStrip::stripHeight + 2 * gap};
 }
 

@@ -34,7 +34,7 @@ public:
     /// Shows a reading of the meters, laid out as HostModel says.
     void showMeters(const unsigned int* words, unsigned int count);
     void retranslate();
-    /// The size at which all strips fit, were they all mono.
+    /// The size at which all strips fit, were they all mono, and what stands above them fits, too.
     QSize wholeSize() const;
 
 Q_SIGNALS:

@@ -38,6 +38,7 @@ constexpr QPoint soloPlace(rightColumn, 190);
 constexpr QRect balancePlace(margin, 218, innerWidth, 18);
 constexpr int sectionTop = 244;
 constexpr int footHeight = 34;
+constexpr int elideMargin = 5; // of the name
 constexpr int silent = -1270;
 
 QStringList sourceNames()
@@ -190,7 +191,7 @@ void MixerStrip::buildName()
     QPalette palette = m_name->palette();
     palette.setColor(QPalette::Base, Qt::transparent);
     m_name->setPalette(palette);
-    m_name->setElideMargin(5);
+    m_name->setElideMargin(elideMargin);
     name(m_name, [](const QString& channel) { return tr("Name of %1").arg(channel); });
     m_texts.add([this] {
         showName();
@@ -204,7 +205,9 @@ void MixerStrip::buildName()
 
 void MixerStrip::showName()
 {
-    m_name->setDefaultName(tr("Channel %1").arg(shownNumber(m_channel)));
+    const QString whole = tr("Channel %1").arg(shownNumber(m_channel));
+    const int room = m_name->width() - elideMargin - m_name->fontMetrics().horizontalAdvance(whole);
+    m_name->setDefaultName(room >= 0 ? whole : tr("Ch. %1").arg(shownNumber(m_channel)));
     m_name->setChannelName(m_mixerModel.name(m_channel));
     m_name->home(false);
 }

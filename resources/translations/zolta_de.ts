@@ -1076,6 +1076,10 @@
         <source>Silenced</source>
         <translation>Stumm</translation>
     </message>
+    <message>
+        <source>Ch. %1</source>
+        <translation>Kan. %1</translation>
+    </message>
 </context>
 <context>
     <name>PresetFolder</name>

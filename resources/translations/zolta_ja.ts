@@ -1076,6 +1076,10 @@
         <source>Silenced</source>
         <translation>消音中</translation>
     </message>
+    <message>
+        <source>Ch. %1</source>
+        <translation>CH %1</translation>
+    </message>
 </context>
 <context>
     <name>PresetFolder</name>

@@ -7,6 +7,7 @@
 #include "host/window/MixerWindow.h"
 #include "tests/host/window/WindowTesting.h"
 #include "tests/support/TestObject.h"
+#include "widgets/ChannelNameEdit.h"
 
 #include <QApplication>
 #include <QMenu>
@@ -14,6 +15,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTimer>
+#include <QWheelEvent>
 
 #include <algorithm>
 
@@ -49,6 +51,9 @@ private Q_SLOTS:
     void tabWalksFromTheFirstStripToTheMaster();
     void tabScrollsToWholeStrips_data();
     void tabScrollsToWholeStrips();
+    void wheelScrollsSideways();
+    void numbersAreSeenInEveryLanguage();
+    void masterIsAsHighAsTheStrips();
     void monoLeavesTheScrollingAlone();
     void pressLeavesTheScrollingAlone();
     void inputsFollowTheCount_data();
@@ -167,7 +172,8 @@ void tst_MixerDesk::windowFollowsTheCount_data()
     QTest::addColumn<int>("strips"); // that the window is as wide as; 0: as the screen
     QTest::newRow("more than fit") << QList<int>{32} << 0;
     QTest::newRow("there and back") << QList<int>{32, 6} << 6;
-    QTest::newRow("fewer and more") << QList<int>{4, 6} << 6;
+    QTest::newRow("fewer") << QList<int>{2} << 6; // the transport has room
+    QTest::newRow("fewer and more") << QList<int>{4, 10, 4} << 6;
     QTest::newRow("several steps") << QList<int>{6, 16, 2, 6} << 6;
 }
 
@@ -311,6 +317,49 @@ void tst_MixerDesk::tabScrollsToWholeStrips()
         }
     }
     QCOMPARE(seen.size(), 16);
+}
+
+void tst_MixerDesk::wheelScrollsSideways()
+{
+    choose(32);
+    m_window->resize(500, m_window->height());
+    QTRY_VERIFY(bar()->maximum() > 700);
+    const auto turn = [this](int angle) {
+        const QPointF place(3, 300); // of the panel, where there is no control
+        QWheelEvent wheel(place, strip(0)->mapToGlobal(place), QPoint(), QPoint(0, angle),
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QSpontaneKeyEvent::setSpontaneous(&wheel); // only such ones are passed on
+        qApp->notify(strip(0), &wheel);
+        return bar()->value();
+    };
+    QVERIFY(turn(-120) > 0);
+    QCOMPARE(turn(120), 0);
+}
+
+void tst_MixerDesk::numbersAreSeenInEveryLanguage()
+{
+    choose(32);
+    for (const Language language : languages) {
+        m_mixer->language.choose(language);
+        QCoreApplication::processEvents();
+        for (const MixerStrip* each : desk()->strips()) {
+            const QString shown = each->findChild<ChannelNameEdit*>()->text();
+            QVERIFY2(shown.endsWith(QString::number(each->channel() + 1)), qPrintable(shown));
+        }
+    }
+}
+
+void tst_MixerDesk::masterIsAsHighAsTheStrips()
+{
+    const auto* master = m_window->findChild<MasterStrip*>();
+    QCOMPARE(master->height(), strip(0)->height() + 4);
+    choose(32);
+    m_window->resize(500, m_window->height());
+    QTRY_VERIFY(bar()->isVisible());
+    QTRY_COMPARE(master->height(), strip(0)->height() + 4);
+    choose(2);
+    m_window->resize(700, m_window->height());
+    QTRY_COMPARE(master->height(), strip(0)->height() + 4);
 }
 
 void tst_MixerDesk::monoLeavesTheScrollingAlone()
