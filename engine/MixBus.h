@@ -119,7 +119,7 @@ private:
     void measure(std::size_t frames);
     static void add(const Part& part, LevelRamp* level, std::size_t frames, Part* side);
 
-    AudioEngine m_engine;
+    AudioEngine m_engine{maxChannelCount};
     Auditions m_auditions;
     LatestValue<Strips> m_strips;
     bool m_live = false;

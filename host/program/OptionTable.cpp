@@ -177,7 +177,7 @@ OptionGroup generalOptions()
           QT_TRANSLATE_NOOP("CommandLine", "the editor's library (default: "
                                            "../lib/zolta/libZolta.so, seen from this program)"),
           setPlugin},
-         {"channels", "N",
+         {"channels", "2-32",
           QT_TRANSLATE_NOOP("CommandLine", "how many channels the mixer has, an even number from 2 "
                                            "to 32 (default: as many as the session has; a new one "
                                            "has 8)"),

@@ -119,7 +119,6 @@ Status MixerSession::begin(const QString& file)
     if (!kept.isOk())
         return kept;
     m_data = SessionData();
-    m_data.mixerGeometry = m_window->saveGeometry();
     return moved();
 }
 

@@ -31,7 +31,10 @@ private:
     static std::array<Block, maxChannelCount> blocksOf(const Block& block);
 };
 
-std::unique_ptr<AudioEngine> tst_AudioEngine::engine() { return std::make_unique<AudioEngine>(); }
+std::unique_ptr<AudioEngine> tst_AudioEngine::engine()
+{
+    return std::make_unique<AudioEngine>(maxChannelCount);
+}
 
 std::array<Block, maxChannelCount> tst_AudioEngine::blocksOf(const Block& block)
 {
