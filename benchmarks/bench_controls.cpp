@@ -275,7 +275,8 @@ void hostUpdates(benchmark::State& state)
         knobs.push_back(new KnobController(&window));
         knobs.back()->setMemAPIValue(
             &memory, parameterId(static_cast<std::size_t>(i) % parameterCount),
-            static_cast<unsigned short>(i / static_cast<int>(parameterCount) % channelCount), 0);
+            static_cast<unsigned short>(i / static_cast<int>(parameterCount) % defaultChannelCount),
+            0);
     }
     int signalCount = 0;
     for (KnobController* knob : knobs)
@@ -283,7 +284,7 @@ void hostUpdates(benchmark::State& state)
                          [&signalCount](int) { ++signalCount; });
     for (auto _ : state) {
         for (std::size_t i = 0; i < parameterCount; ++i) {
-            for (unsigned short ch = 0; ch < channelCount; ++ch)
+            for (unsigned short ch = 0; ch < defaultChannelCount; ++ch)
                 memory.setValue(parameterId(i), ch, signalCount & 1, 0, 0, 1);
         }
     }

@@ -66,7 +66,7 @@ struct Host
 {
     Host()
     {
-        for (unsigned short ch = 0; ch < channelCount; ++ch)
+        for (unsigned short ch = 0; ch < defaultChannelCount; ++ch)
             for (const auto& [index, gain] : Gains)
                 memory.setValue(parameterId(index), ch, gain, 0, 0, 1);
     }
@@ -77,8 +77,8 @@ struct Host
                         SteppedValues[static_cast<std::size_t>(turn & 1)], 0, 0, 1);
     }
 
-    HostModel model;
     HostMemory memory;
+    HostModel model{memory};
 };
 
 /// An editor in a window of its own, on the memory of a host.
@@ -471,7 +471,8 @@ void secondOfMeters(benchmark::State& state, int editorCount, bool hidden)
     Host host;
     std::vector<std::unique_ptr<OpenEditor>> editors;
     for (int i = 0; i < editorCount; ++i) {
-        editors.push_back(std::make_unique<OpenEditor>(host, scaleOf(state), i % channelCount));
+        editors.push_back(
+            std::make_unique<OpenEditor>(host, scaleOf(state), i % defaultChannelCount));
         editors.back()->show();
         if (hidden)
             editors.back()->hide();

@@ -242,8 +242,8 @@ void engineMoving(benchmark::State& state)
         values = random(&generator);
     const std::vector<double> signal = noise(blockLength);
     const std::vector<float> in(signal.begin(), signal.end());
-    std::array<std::vector<float>, channelCount> blocks;
-    std::array<float*, channelCount> pointers{};
+    std::array<std::vector<float>, defaultChannelCount> blocks;
+    std::array<float*, defaultChannelCount> pointers{};
     double worst = 0.0;
     std::size_t step = 0;
     for (auto _ : state) {
@@ -261,7 +261,7 @@ void engineMoving(benchmark::State& state)
     }
     state.counters["worst"] = worst * 1e6;
     state.counters["limit"] = double{blockLength} / rate * 1e6;
-    report(state, rate / channelCount);
+    report(state, rate / defaultChannelCount);
 }
 BENCHMARK(engineMoving)->Arg(48000)->Arg(192000)->UseManualTime()->Unit(benchmark::kMicrosecond);
 
@@ -272,9 +272,9 @@ void engineAtRest(benchmark::State& state)
     engine->setSampleRate(rate);
     const std::vector<double> signal = noise(blockLength);
     const std::vector<float> in(signal.begin(), signal.end());
-    std::array<std::vector<float>, channelCount> blocks;
-    std::array<float*, channelCount> pointers{};
-    for (int i = 0; i < channelCount; ++i)
+    std::array<std::vector<float>, defaultChannelCount> blocks;
+    std::array<float*, defaultChannelCount> pointers{};
+    for (int i = 0; i < defaultChannelCount; ++i)
         engine->publish(i, busy(0));
     for (auto _ : state) {
         for (std::size_t i = 0; i < blocks.size(); ++i) {
@@ -284,7 +284,7 @@ void engineAtRest(benchmark::State& state)
         engine->process(pointers, blockLength);
         benchmark::ClobberMemory();
     }
-    report(state, rate / channelCount);
+    report(state, rate / defaultChannelCount);
 }
 BENCHMARK(engineAtRest)->Arg(48000)->Arg(192000)->Unit(benchmark::kMicrosecond);
 

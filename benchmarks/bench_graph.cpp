@@ -84,8 +84,8 @@ public:
     ZoltaEqualizerGraph* graph() { return m_editor.findChild<ZoltaEqualizerGraph*>(); }
 
 private:
-    HostModel m_model;
     HostMemory m_memory;
+    HostModel m_model{m_memory};
     ZoltaEditor m_editor;
 };
 

@@ -21,6 +21,9 @@ public:
 
     /// Runs \a block in place.
     void process(std::span<float> block);
+    /// Takes the place of running a block of zeros while nothing but zeros is held back: a
+    /// switching under way is over at once.
+    void skip() { m_share.finish(); }
 
 private:
     FadeRamp m_share;

@@ -36,12 +36,11 @@ void AudioEngine::setSampleRate(double hertz)
 
 void AudioEngine::reset()
 {
-    for (Channel& channel : m_channels) {
-        channel.processor.reset();
-        channel.meters = {};
-        channel.levels.set({});
-    }
+    for (Channel& channel : m_channels)
+        channel.reset();
 }
+
+void AudioEngine::reset(int channel) noexcept { at(channel).reset(); }
 
 void AudioEngine::publish(int channel, const Values& values)
 {
@@ -61,7 +60,10 @@ void AudioEngine::process(std::span<float* const> channels, std::size_t frames) 
 template <typename Sample>
 void AudioEngine::processAll(std::span<Sample* const> channels, std::size_t frames) noexcept
 {
-    for (Channel& channel : m_channels) {
+    const std::span<Channel> all(m_channels);
+    const std::span<Channel> running =
+        all.first(std::min(all.size(), channels.size() + channels.size() % 2));
+    for (Channel& channel : running) {
         if (const Values* values = channel.settings.take())
             channel.processor.setValues(*values);
         channel.peaks = {};
@@ -69,11 +71,11 @@ void AudioEngine::processAll(std::span<Sample* const> channels, std::size_t fram
     const auto samplesOf = [channels](std::size_t i) {
         return i < channels.size() ? channels[i] : nullptr;
     };
-    for (std::size_t i = 0; i < m_channels.size(); i += 2)
-        processBoth(&m_channels[i], samplesOf(i), samplesOf(i + 1), frames);
+    for (std::size_t i = 0; i < running.size(); i += 2)
+        processBoth(&running[i], samplesOf(i), samplesOf(i + 1), frames);
     const double seconds = static_cast<double>(frames) / m_sampleRate;
-    for (std::size_t i = 0; i < m_channels.size(); ++i) {
-        Channel& channel = m_channels[i];
+    for (std::size_t i = 0; i < running.size(); ++i) {
+        Channel& channel = running[i];
         if (!samplesOf(i))
             channel.tap.writeSilence(frames);
         channel.meters.take(channel.peaks.send, channel.peaks.returned, seconds);
@@ -122,6 +124,13 @@ template <typename Sample> void AudioEngine::processOne(Channel* channel, std::s
     channel->processor.equalize(part);
     channel->takeOutput(part);
     narrow(part, block);
+}
+
+void AudioEngine::Channel::reset()
+{
+    processor.reset();
+    meters = {};
+    levels.set({});
 }
 
 void AudioEngine::Channel::takeInput(std::span<double> block)

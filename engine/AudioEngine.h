@@ -7,11 +7,11 @@
 #include "engine/SharedLevels.h"
 #include "engine/SignalTap.h"
 
-#include <array>
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <vector>
 
 /// Every channel of the mixer as audio runs through it. std only.
 ///
@@ -25,8 +25,10 @@ public:
     /// The raw values of one channel.
     using Values = ChannelProcessor::Values;
 
-    /// Every channel at the parameters' defaults, at 48000 Hz.
-    AudioEngine() = default;
+    /// With so many channels, an even number, each at the parameters' defaults, at 48000 Hz.
+    explicit AudioEngine(std::size_t channels = defaultChannelCount)
+        : m_channels(channels)
+    {}
 
     /// In Hz, above 0; a new rate resets.
     void setSampleRate(double hertz);
@@ -34,13 +36,15 @@ public:
     double sampleRate() const { return m_sampleRate; }
     /// Clears the samples so far and the levels; what is published is in force at once.
     void reset();
+    /// The same for one channel. The audio thread's.
+    void reset(int channel) noexcept;
 
-    /// The GUI thread's: the raw values of a channel, 0 to channelCount - 1.
+    /// The GUI thread's: the raw values of a channel, counted from 0.
     void publish(int channel, const Values& values);
 
     /// Processes blocks of \a frames samples in place, one a channel from channel 0 on. A channel
-    /// whose pointer is null, or that has none, gets no signal; pointers beyond the mixer's
-    /// channels are left alone.
+    /// whose pointer is null gets no signal. A pair without pointers stays as it is and costs
+    /// nothing; pointers beyond the engine's channels are left alone.
     void process(std::span<double* const> channels, std::size_t frames) noexcept;
     /// The same for single precision: computed in double precision and rounded once.
     void process(std::span<float* const> channels, std::size_t frames) noexcept;
@@ -66,6 +70,7 @@ private:
     };
     struct Channel
     {
+        void reset();
         void takeInput(std::span<double> block);
         void takeOutput(std::span<const double> block);
 
@@ -89,6 +94,6 @@ private:
     template <typename Sample> static void processOne(Channel* channel, std::span<Sample> block);
 
     double m_sampleRate = 48000.0;
-    std::array<Channel, channelCount> m_channels;
+    std::vector<Channel> m_channels;
     std::atomic<std::uint64_t> m_blocks = 0;
 };

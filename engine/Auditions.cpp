@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <utility>
+
 void Auditions::prepare(double hertz)
 {
     for (Channel& channel : m_channels) {
@@ -11,19 +12,20 @@ void Auditions::prepare(double hertz)
     }
 }
 
-void Auditions::takeWanted()
+void Auditions::takeWanted(std::size_t count)
 {
-    bool changed = false;
-    for (Channel& channel : m_channels) {
+    const std::span<Channel> existing = std::span(m_channels).first(count);
+    bool changed = std::exchange(m_count, count) != count;
+    for (Channel& channel : existing) {
         if (const Audition* audition = channel.wanted.take()) {
             channel.audition.set(*audition);
             changed = true;
         }
     }
     if (changed)
-        m_isListening =
-            std::any_of(m_channels.begin(), m_channels.end(),
-                        [](const Channel& channel) { return channel.audition.isListening(); });
+        m_isListening = std::any_of(existing.begin(), existing.end(), [](const Channel& channel) {
+            return channel.audition.isListening();
+        });
 }
 
 void Auditions::takeInput(std::size_t channel, std::span<const float> part,

@@ -30,8 +30,8 @@ public:
 
     /// In Hz; what was heard is forgotten, but not the gains.
     void prepare(double hertz);
-    /// Takes what is published.
-    void takeWanted();
+    /// Takes what is published of the first \a count channels, the only ones there are.
+    void takeWanted(std::size_t count);
     /// Whether only another channel is to be heard: one that is listened to.
     bool isHushed(std::size_t channel) const
     {
@@ -63,6 +63,7 @@ private:
     Channel& at(int channel) { return m_channels[static_cast<std::size_t>(channel)]; }
     const Channel& at(int channel) const { return m_channels[static_cast<std::size_t>(channel)]; }
 
-    std::array<Channel, channelCount> m_channels;
+    std::array<Channel, maxChannelCount> m_channels;
+    std::size_t m_count = 0;
     bool m_isListening = false; // to any channel
 };

@@ -11,14 +11,16 @@ void MixBus::prepare(double hertz, bool live)
     m_auditions.prepare(hertz);
     if (const Strips* strips = m_strips.take())
         m_target = *strips;
-    m_current = m_target;
+    m_running = static_cast<std::size_t>(m_target.count);
     m_sampleRate = hertz;
     m_rampLength = rampSamples(hertz);
     for (std::size_t i = 0; i < m_current.size(); ++i) {
+        m_current[i] = targetOf(i);
         m_leftLevels[i].jumpTo(m_current[i].left);
         m_rightLevels[i].jumpTo(m_current[i].right);
         m_delays[i].setSampleRate(hertz);
         m_delays[i].reset();
+        m_emptyFor[i] = 0;
     }
     takeMaster();
     m_masterLevel.jumpTo(m_wantedMaster.gain);
@@ -53,13 +55,45 @@ const float* MixBus::inputOf(const Route& route, Inputs inputs) const
     return number < inputs.size() ? inputs[number] : nullptr;
 }
 
+void MixBus::takeStrips()
+{
+    if (const Strips* strips = m_strips.take())
+        m_target = *strips;
+    const auto wanted = static_cast<std::size_t>(m_target.count);
+    m_running = std::max(m_running, wanted);
+    while (m_running > wanted && isSilent(m_running - 2) && isSilent(m_running - 1)) {
+        retire(--m_running);
+        retire(--m_running);
+    }
+}
+
+// What goes is silent from now on.
+MixBus::Strip MixBus::targetOf(std::size_t channel) const
+{
+    return channel < static_cast<std::size_t>(m_target.count) ? m_target[channel] : Strip();
+}
+
+bool MixBus::isSilent(std::size_t channel) const
+{
+    return m_leftLevels[channel].isSilent() && m_rightLevels[channel].isSilent();
+}
+
+// As if it had never run: so it begins when it comes back.
+void MixBus::retire(std::size_t channel)
+{
+    m_engine.reset(static_cast<int>(channel));
+    m_current[channel] = {};
+    m_delays[channel].reset();
+    m_emptyFor[channel] = 0;
+}
+
 void MixBus::reroute(std::size_t channel)
 {
     Strip& current = m_current[channel];
-    const Strip& target = m_target[channel];
+    const Strip target = targetOf(channel);
     LevelRamp& left = m_leftLevels[channel];
     LevelRamp& right = m_rightLevels[channel];
-    const bool ready = current.route == target.route || (left.isSilent() && right.isSilent());
+    const bool ready = current.route == target.route || isSilent(channel);
     if (ready)
         current = target;
     const bool audible = ready && !m_auditions.isHushed(channel);
@@ -69,30 +103,44 @@ void MixBus::reroute(std::size_t channel)
 
 void MixBus::playStrips(Inputs inputs, std::size_t first, std::size_t frames)
 {
-    m_auditions.takeWanted();
-    if (const Strips* strips = m_strips.take())
-        m_target = *strips;
-    std::array<float*, channelCount> blocks{};
-    for (std::size_t i = 0; i < blocks.size(); ++i) {
+    takeStrips();
+    m_auditions.takeWanted(m_running);
+    std::array<float*, maxChannelCount> blocks{};
+    for (std::size_t i = 0; i < m_running; ++i) {
         reroute(i);
-        const float* input = inputOf(m_current[i].route, inputs);
-        if (!input) {
-            std::fill_n(m_parts[i].begin(), frames, 0.0F);
-            continue;
-        }
-        std::copy_n(input + first, frames, m_parts[i].begin());
-        blocks[i] = m_parts[i].data();
-        m_auditions.takeInput(i, std::span(m_parts[i]).first(frames),
-                              m_engine.processor(static_cast<int>(i)));
+        blocks[i] = takeInput(i, inputs, first, frames);
     }
-    m_engine.process(std::span<float* const>(blocks), frames);
+    m_engine.process(std::span<float* const>(blocks).first(m_running), frames);
     audition(frames);
     align(frames);
 }
 
+// The channel's part with what it plays; null if it plays nothing.
+float* MixBus::takeInput(std::size_t channel, Inputs inputs, std::size_t first, std::size_t frames)
+{
+    Part& part = m_parts[channel];
+    const float* input = inputOf(m_current[channel].route, inputs);
+    if (!input) {
+        std::fill_n(part.begin(), frames, 0.0F);
+        m_emptyFor[channel] += frames;
+        return nullptr;
+    }
+    std::copy_n(input + first, frames, part.begin());
+    m_emptyFor[channel] = 0;
+    m_auditions.takeInput(channel, std::span(part).first(frames),
+                          m_engine.processor(static_cast<int>(channel)));
+    return part.data();
+}
+
+// Whether the part of \a frames samples under way is silent, and nothing is held back any more.
+bool MixBus::isResting(std::size_t channel, std::size_t frames) const
+{
+    return m_emptyFor[channel] >= frames + std::size_t{Drive::latency};
+}
+
 void MixBus::audition(std::size_t frames)
 {
-    for (std::size_t i = 0; i < m_parts.size(); i += 2) {
+    for (std::size_t i = 0; i < m_running; i += 2) {
         const int channel = static_cast<int>(i);
         m_auditions.process(
             i, {std::span(m_parts[i]).first(frames), std::span(m_parts[i + 1]).first(frames)},
@@ -103,9 +151,12 @@ void MixBus::audition(std::size_t frames)
 void MixBus::align(std::size_t frames)
 {
     const double latest = maxLatency();
-    for (std::size_t i = 0; i < m_parts.size(); ++i) {
+    for (std::size_t i = 0; i < m_running; ++i) {
         m_delays[i].set(m_engine.latency(static_cast<int>(i)) < latest);
-        m_delays[i].process(std::span(m_parts[i]).first(frames));
+        if (isResting(i, frames))
+            m_delays[i].skip();
+        else
+            m_delays[i].process(std::span(m_parts[i]).first(frames));
     }
 }
 
@@ -113,7 +164,7 @@ void MixBus::align(std::size_t frames)
 double MixBus::maxLatency() const
 {
     double latest = 0.0;
-    for (std::size_t i = 0; i < m_current.size(); ++i) {
+    for (std::size_t i = 0; i < m_running; ++i) {
         if (isPlaying(m_current[i].route))
             latest = std::max(latest, m_engine.latency(static_cast<int>(i)));
     }
@@ -124,7 +175,10 @@ void MixBus::mixDown(Outputs outputs, std::size_t first, std::size_t frames)
 {
     std::fill_n(m_left.begin(), frames, 0.0F);
     std::fill_n(m_right.begin(), frames, 0.0F);
-    for (std::size_t i = 0; i < m_parts.size(); ++i) {
+    for (std::size_t i = 0; i < m_running; ++i) {
+        const bool isMoving = m_leftLevels[i].isMoving() || m_rightLevels[i].isMoving();
+        if (isResting(i, frames) && !isMoving)
+            continue;
         add(m_parts[i], &m_leftLevels[i], frames, &m_left);
         add(m_parts[i], &m_rightLevels[i], frames, &m_right);
     }

@@ -21,7 +21,9 @@
 /// audio thread calls process(), which neither allocates nor locks nor waits. The GUI thread
 /// publishes settings, at any time; they act from the next part of a block on.
 ///
-/// Levels and routes change without clicks; a new route is faded in once the old one is out. While
+/// Levels and routes change without clicks; a new route is faded in once the old one is out. So are
+/// channels that come; one that goes is faded out before it is left out, and costs nothing then.
+/// While
 /// the drive of one strip delays it, the others are held back as much, so that strips of the same
 /// sound stay in step.
 class MixBus
@@ -53,7 +55,15 @@ public:
 
         bool operator==(const Master&) const = default;
     };
-    using Strips = std::array<Strip, channelCount>;
+    struct Strips
+    {
+        int count = defaultChannelCount; ///< of the channels there are, as isChannelCount() says
+        std::array<Strip, maxChannelCount> strips{};
+
+        Strip& operator[](std::size_t channel) { return strips[channel]; }
+        const Strip& operator[](std::size_t channel) const { return strips[channel]; }
+        bool operator==(const Strips&) const = default;
+    };
 
     /// The GUI thread's: what is mixed, and the equalizer's raw values of a channel.
     void publish(const Strips& strips) { m_strips.publish(strips); }
@@ -92,7 +102,13 @@ private:
 
     bool isPlaying(const Route& route) const;
     const float* inputOf(const Route& route, Inputs inputs) const;
+    void takeStrips();
+    Strip targetOf(std::size_t channel) const;
+    bool isSilent(std::size_t channel) const;
+    void retire(std::size_t channel);
     void reroute(std::size_t channel);
+    float* takeInput(std::size_t channel, Inputs inputs, std::size_t first, std::size_t frames);
+    bool isResting(std::size_t channel, std::size_t frames) const;
     void playStrips(Inputs inputs, std::size_t first, std::size_t frames);
     void audition(std::size_t frames);
     void align(std::size_t frames);
@@ -103,17 +119,19 @@ private:
     void measure(std::size_t frames);
     static void add(const Part& part, LevelRamp* level, std::size_t frames, Part* side);
 
-    AudioEngine m_engine;
+    AudioEngine m_engine{maxChannelCount};
     Auditions m_auditions;
     LatestValue<Strips> m_strips;
     bool m_live = false;
     Strips m_target;
-    Strips m_current;
+    std::array<Strip, maxChannelCount> m_current{};
+    std::size_t m_running = defaultChannelCount; // channels that are mixed
     std::int64_t m_rampLength = 1;
-    std::array<LevelRamp, channelCount> m_leftLevels;
-    std::array<LevelRamp, channelCount> m_rightLevels;
-    std::array<AlignmentDelay, channelCount> m_delays;
-    std::array<Part, channelCount> m_parts{};
+    std::array<LevelRamp, maxChannelCount> m_leftLevels;
+    std::array<LevelRamp, maxChannelCount> m_rightLevels;
+    std::array<AlignmentDelay, maxChannelCount> m_delays;
+    std::array<std::size_t, maxChannelCount> m_emptyFor{}; // samples without input
+    std::array<Part, maxChannelCount> m_parts{};
     Part m_left{};
     Part m_right{};
     LatestValue<Master> m_master;

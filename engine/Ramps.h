@@ -78,6 +78,8 @@ public:
     void setLength(std::int64_t samples);
     void jumpTo(bool in) { m_position = m_target = in ? m_length : 0; }
     void moveTo(bool in) { m_target = in ? m_length : 0; }
+    /// A change under way is over.
+    void finish() { m_position = m_target; }
     /// One sample onward.
     double next();
 

@@ -21,6 +21,8 @@ std::vector<std::string> linesOf(const std::uint8_t* data, std::size_t size)
 
 void check(const CommandLine& line)
 {
+    require(line.channels == 0 || isChannelCount(line.channels));
+    const int channelCount = line.channels > 0 ? line.channels : maxChannelCount;
     require(line.editor.channel >= 0 && line.editor.channel < channelCount);
     require(line.editor.scale >= 0.5 && line.editor.scale <= 4.0);
     require(line.editor.sampleRate >= 1000 && line.editor.sampleRate <= 768000);

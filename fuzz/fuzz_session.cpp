@@ -21,7 +21,7 @@ void checkChannel(const SessionData::Channel& channel)
     }
 }
 
-void checkEditor(const SessionData::Editor& editor)
+void checkEditor(const SessionData::Editor& editor, int channelCount)
 {
     require(editor.channel >= 0 && editor.channel < channelCount);
     require(editor.scale >= 0.5 && editor.scale <= 4.0);
@@ -37,10 +37,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     require(session.isOk() == session.error().isEmpty());
     if (!session.isOk())
         return 0;
+    const int channelCount = session.value().channelCount;
+    require(isChannelCount(channelCount));
     for (const SessionData::Channel& channel : session.value().channels)
         checkChannel(channel);
     for (const SessionData::Editor& editor : session.value().editors)
-        checkEditor(editor);
+        checkEditor(editor, channelCount);
     const QByteArray saved = QJsonDocument(session.value().toJson({})).toJson();
     SessionData again;
     require(again.read(QJsonDocument::fromJson(saved).object()).isOk());

@@ -12,8 +12,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     SettingsFile settings;
     const Status opened = settings.open(file.name());
     require(opened.isOk() == opened.error().isEmpty());
-    require(settings.map(-1).isEmpty() && settings.map(channelCount).isEmpty());
-    for (int channel = 0; channel < channelCount; ++channel)
+    require(settings.map(-1).isEmpty() && settings.map(maxChannelCount).isEmpty());
+    for (int channel = 0; channel < maxChannelCount; ++channel)
         require(opened.isOk() || settings.map(channel).isEmpty());
     return 0;
 }

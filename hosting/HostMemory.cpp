@@ -90,7 +90,7 @@ HostMemory::HostMemory()
 int HostMemory::getValue(unsigned short parameter, unsigned short ch, int* value,
                          unsigned short element)
 {
-    const auto place = find(parameter, ch);
+    const auto place = findExisting(parameter, ch);
     if (!place || element != 0 || !value)
         return failed;
     *value = *place->value;
@@ -100,22 +100,16 @@ int HostMemory::getValue(unsigned short parameter, unsigned short ch, int* value
 int HostMemory::setValue(unsigned short parameter, unsigned short ch, int value,
                          unsigned short element, int, int)
 {
-    const auto place = find(parameter, ch);
+    const auto place = findExisting(parameter, ch);
     if (!place || element != 0)
         return failed;
-    const int after = std::clamp(value, place->minimum, place->maximum);
-    const int before = std::exchange(*place->value, after);
-    if (before != after) {
-        m_listeners.notify(
-            [=](ChangeListener& listener) { listener.changed(parameter, ch, before, after); });
-    }
-    notify(*place, parameter, ch);
+    store(*place, parameter, ch, value);
     return done;
 }
 
 int HostMemory::getRange(unsigned short parameter, unsigned short ch, int* minimum, int* maximum)
 {
-    const auto place = find(parameter, ch);
+    const auto place = findExisting(parameter, ch);
     if (!place || !minimum || !maximum)
         return failed;
     *minimum = place->minimum;
@@ -125,7 +119,7 @@ int HostMemory::getRange(unsigned short parameter, unsigned short ch, int* minim
 
 int HostMemory::getDefault(unsigned short parameter, unsigned short ch, int* value)
 {
-    const auto place = find(parameter, ch);
+    const auto place = findExisting(parameter, ch);
     if (!place || !value)
         return failed;
     *value = place->defaultValue;
@@ -135,7 +129,7 @@ int HostMemory::getDefault(unsigned short parameter, unsigned short ch, int* val
 int HostMemory::valueToString(unsigned short parameter, unsigned short ch, int value, char* buffer,
                               int size)
 {
-    const auto place = find(parameter, ch);
+    const auto place = findExisting(parameter, ch);
     if (!place || !buffer)
         return failed;
     const std::optional<std::string> text = place->format(value);
@@ -149,7 +143,7 @@ int HostMemory::valueToString(unsigned short parameter, unsigned short ch, int v
 int HostMemory::stringToValue(unsigned short parameter, unsigned short ch, const char* text,
                               int* value)
 {
-    const auto place = find(parameter, ch);
+    const auto place = findExisting(parameter, ch);
     if (!place || !text || !value)
         return failed;
     const std::optional<int> parsed = place->parse(text);
@@ -162,7 +156,7 @@ int HostMemory::stringToValue(unsigned short parameter, unsigned short ch, const
 int HostMemory::registerObserver(unsigned short parameter, unsigned short ch,
                                  IPrmObserver* observer)
 {
-    const auto place = find(parameter, ch);
+    const auto place = findExisting(parameter, ch);
     return place && place->observers->add(observer) ? done : failed;
 }
 
@@ -181,10 +175,20 @@ int HostMemory::queryMeterNotifier(IMeterNotifier** notifier)
     return done;
 }
 
+int HostMemory::setChannelCount(int count)
+{
+    if (!isChannelCount(count))
+        return failed;
+    if (std::exchange(m_channelCount, count) != count)
+        m_listeners.notify([count](ChangeListener& listener) { listener.countChanged(count); });
+    return done;
+}
+
 void HostMemory::write(int ch, const Values& values)
 {
+    const auto channel = static_cast<unsigned short>(ch);
     for (std::size_t i = 0; i < parameterCount; ++i)
-        setValue(parameterId(i), static_cast<unsigned short>(ch), values[i], 0, 0, 1);
+        store(*find(parameterId(i), channel), parameterId(i), channel, values[i]);
 }
 
 void HostMemory::reset(int ch) { write(ch, defaultValues()); }
@@ -196,7 +200,8 @@ int HostMemory::strip(int ch, StripParameter parameter) const
 
 void HostMemory::setStrip(int ch, StripParameter parameter, int value)
 {
-    setValue(stripId(parameter), static_cast<unsigned short>(ch), value, 0, 0, 1);
+    const auto channel = static_cast<unsigned short>(ch);
+    store(*find(stripId(parameter), channel), stripId(parameter), channel, value);
 }
 
 int HostMemory::master(MasterParameter parameter) const
@@ -211,7 +216,7 @@ void HostMemory::setMaster(MasterParameter parameter, int value)
 
 std::optional<HostMemory::Place> HostMemory::find(unsigned short parameter, unsigned short ch)
 {
-    if (ch >= channelCount)
+    if (ch >= maxChannelCount)
         return std::nullopt;
     const std::size_t index = findParameterById(parameter);
     if (index < parameterCount)
@@ -223,6 +228,23 @@ std::optional<HostMemory::Place> HostMemory::find(unsigned short parameter, unsi
     if (!strip)
         return std::nullopt;
     return Place(m_channels[ch], *strip, static_cast<std::size_t>(*strip));
+}
+
+std::optional<HostMemory::Place> HostMemory::findExisting(unsigned short parameter,
+                                                          unsigned short ch)
+{
+    return ch < m_channelCount ? find(parameter, ch) : std::nullopt;
+}
+
+void HostMemory::store(const Place& place, unsigned short parameter, unsigned short ch, int value)
+{
+    const int after = std::clamp(value, place.minimum, place.maximum);
+    const int before = std::exchange(*place.value, after);
+    if (before != after) {
+        m_listeners.notify(
+            [=](ChangeListener& listener) { listener.changed(parameter, ch, before, after); });
+    }
+    notify(place, parameter, ch);
 }
 
 void HostMemory::notify(const Place& place, unsigned short parameter, unsigned short ch)

@@ -12,8 +12,12 @@
 
 class ChangeListener;
 
-/// The mixer's parameter memory: the equalizer's 27 parameters and the strip's parameters of 8
-/// channels, and the master's as channel 0's, each starting at its default.
+/// The mixer's parameter memory: the equalizer's 27 parameters and the strip's parameters of each
+/// channel, and the master's as channel 0's, each starting at its default. There are
+/// defaultChannelCount channels at first.
+///
+/// A channel that is taken away keeps its values, and has them when it comes back; until then it
+/// does not exist for IMemAPI, but for its observers, which may always leave.
 ///
 /// Operations return 0, or -1 for a parameter, channel or element that does not exist, a null
 /// pointer, a text that says nothing or a buffer that is too small; then nothing is changed. Must
@@ -52,18 +56,24 @@ public:
 
     MeterNotifier& meters() { return m_meters; }
 
+    /// How many channels there are, from channel 0 on.
+    int channelCount() const { return m_channelCount; }
+    /// Fails for a number that isChannelCount() refuses. Tells the change listeners of another one.
+    int setChannelCount(int count);
+
     /// Who is told of changes of any parameter, before the parameter's observers and only where the
     /// value became another. As observers, they may write, come and go meanwhile. Not owned.
     void addChangeListener(ChangeListener* listener) { m_listeners.add(listener); }
     void removeChangeListener(ChangeListener* listener) { m_listeners.remove(listener); }
 
-    /// Every value of a channel's equalizer, by parameter index; \a ch must exist.
+    /// Every value of a channel's equalizer, by parameter index. Here and below, \a ch is any
+    /// channel below maxChannelCount.
     const Values& values(int ch) const { return m_channels[static_cast<std::size_t>(ch)].values; }
-    /// Writes every value of a channel's equalizer, notifying as setValue() does; \a ch must exist.
+    /// Writes every value of a channel's equalizer, notifying as setValue() does.
     void write(int ch, const Values& values);
     /// Writes every default of a channel's equalizer.
     void reset(int ch);
-    /// A value of a channel's strip; \a ch must exist.
+    /// A value of a channel's strip.
     int strip(int ch, StripParameter parameter) const;
     void setStrip(int ch, StripParameter parameter, int value);
     /// A value of the master's.
@@ -81,9 +91,12 @@ private:
     };
 
     std::optional<Place> find(unsigned short parameter, unsigned short ch);
+    std::optional<Place> findExisting(unsigned short parameter, unsigned short ch);
+    void store(const Place& place, unsigned short parameter, unsigned short ch, int value);
     static void notify(const Place& place, unsigned short parameter, unsigned short ch);
 
-    std::array<Channel, channelCount> m_channels;
+    int m_channelCount = defaultChannelCount;
+    std::array<Channel, maxChannelCount> m_channels;
     std::array<int, masterParameterCount> m_master{};
     std::array<ObserverList<IPrmObserver>, masterParameterCount> m_masterObservers;
     ObserverList<ChangeListener> m_listeners;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "hosting/HostModel.h"
 
-#include "parameters/ParameterTable.h"
+#include "hosting/HostMemory.h"
 
 #include <cstddef>
 #include <string_view>
@@ -19,9 +19,6 @@ struct Meter
 constexpr Meter meters[] = {{"meter_oxa_snd", HostModel::sendMeter},
                             {"meter_oxa_rtn", HostModel::returnMeter}};
 
-static_assert(HostModel::returnMeter == HostModel::sendMeter + 2 * channelCount &&
-              HostModel::meterWordCount == HostModel::returnMeter + 2 * channelCount);
-
 } // namespace
 
 void HostModel::getChannelEntry(unsigned short* attribute, unsigned short* channel,
@@ -35,7 +32,10 @@ void HostModel::getChannelEntry(unsigned short* attribute, unsigned short* chann
         *channel = static_cast<unsigned short>(position);
 }
 
-unsigned short HostModel::getChannelCount() { return channelCount; }
+unsigned short HostModel::getChannelCount()
+{
+    return static_cast<unsigned short>(m_memory.channelCount());
+}
 
 bool HostModel::findParameter(unsigned short* index, const char* name)
 {
@@ -80,6 +80,6 @@ bool HostModel::getMeterRange(unsigned short* base, unsigned short* count, unsig
     if (base)
         *base = meters[index].base;
     if (count)
-        *count = channelCount;
+        *count = getChannelCount();
     return true;
 }

@@ -2,19 +2,30 @@
 #pragma once
 
 #include "interfaces/IModelInfo.h"
+#include "parameters/ParameterTable.h"
 
-/// The mixer's hardware as editors see it: channels 0 to 7, the parameters of parameterTable, and
-/// one input and one output meter a channel.
+class HostMemory;
+
+/// The mixer's hardware as editors see it: the channels that the memory has at the moment, the
+/// parameters of parameterTable, and one input and one output meter a channel.
+///
+/// The meters' words have a place for every channel that there can be, so that they stay where they
+/// are when the number of channels changes.
 ///
 /// Lookups that fail leave their outputs alone; a null pointer makes a lookup fail.
 class HostModel : public IModelInfo
 {
 public:
-    /// How many words an update of the meters holds.
-    static constexpr unsigned int meterWordCount = 32;
-    /// Where the words of the meters before and after the equalizer begin in it.
+    /// Where the words of the meters before and after the equalizer begin in an update.
     static constexpr unsigned short sendMeter = 0;
-    static constexpr unsigned short returnMeter = 16;
+    static constexpr unsigned short returnMeter = sendMeter + 2 * maxChannelCount;
+    /// How many words an update of the meters holds.
+    static constexpr unsigned int meterWordCount = returnMeter + 2 * maxChannelCount;
+
+    /// \a memory must outlive it.
+    explicit HostModel(const HostMemory& memory)
+        : m_memory(memory)
+    {}
 
     void getChannelEntry(unsigned short* attribute, unsigned short* channel,
                          unsigned int position) override;
@@ -24,4 +35,7 @@ public:
                              unsigned short index) override;
     bool findMeter(unsigned short* index, const char* name) override;
     bool getMeterRange(unsigned short* base, unsigned short* count, unsigned short index) override;
+
+private:
+    const HostMemory& m_memory;
 };

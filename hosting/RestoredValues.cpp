@@ -9,8 +9,8 @@
 
 ChannelValues restoredValues(const QByteArray& state)
 {
-    HostModel model;
     HostMemory memory;
+    HostModel model(memory);
     ZoltaComponent component;
     component.setModelInfo(&model);
     component.setMemAPI(&memory);

@@ -32,7 +32,8 @@ _zolta_host()
             ;;
         FILE*) mapfile -t COMPREPLY < <(compgen -f -- "$current") ;;
         *'|'*) words=${argument//|/ } ;;
-        [0-9]-[0-9]) words=$(seq "${argument%-*}" "${argument#*-}") ;;
+        2-32) words=$(seq 2 2 32) ;; # channels come in pairs
+        [0-9]*-[0-9]*) words=$(seq "${argument%-*}" "${argument#*-}") ;;
         HZ) words='44100 48000 96000 192000' ;;
         NAME=*)
             compopt -o nospace 2>/dev/null

@@ -34,8 +34,17 @@ struct Parameter
     constexpr bool allows(int value) const { return value >= minimum && value <= maximum; }
 };
 
-/// The mixer has 8 channels, in 4 stereo pairs (0 and 1, 2 and 3, ...).
-inline constexpr int channelCount = 8;
+/// A mixer has so many channels, always an even number: they come in stereo pairs (0 and 1, 2 and
+/// 3, ...). How many it has now is HostMemory's to say; a new one has defaultChannelCount.
+/// @{
+inline constexpr int minChannelCount = 2;
+inline constexpr int maxChannelCount = 32;
+inline constexpr int defaultChannelCount = 8;
+constexpr bool isChannelCount(int count)
+{
+    return count >= minChannelCount && count <= maxChannelCount && count % 2 == 0;
+}
+/// @}
 
 /// The other channel of the pair that \a channel belongs to.
 constexpr int partnerOf(int channel) { return channel ^ 1; }

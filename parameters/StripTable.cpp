@@ -14,9 +14,12 @@
 namespace {
 
 constexpr std::string_view silence = "-inf";
-constexpr std::string_view sources[] = {"Test signal", "File",    "Input 1", "Input 2",
-                                        "Input 3",     "Input 4", "Input 5", "Input 6",
-                                        "Input 7",     "Input 8", "Off"};
+constexpr std::string_view sources[] = {
+    "Test signal", "File",     "Input 1",  "Input 2",  "Input 3",  "Input 4",  "Input 5",
+    "Input 6",     "Input 7",  "Input 8",  "Input 9",  "Input 10", "Input 11", "Input 12",
+    "Input 13",    "Input 14", "Input 15", "Input 16", "Input 17", "Input 18", "Input 19",
+    "Input 20",    "Input 21", "Input 22", "Input 23", "Input 24", "Input 25", "Input 26",
+    "Input 27",    "Input 28", "Input 29", "Input 30", "Input 31", "Input 32", "Off"};
 constexpr std::string_view widths[] = {"Mono", "Stereo"};
 constexpr std::string_view switches[] = {"Off", "On"};
 static_assert(std::size(sources) == SourceOff + 1);

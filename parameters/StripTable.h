@@ -30,8 +30,14 @@ enum class MasterParameter : std::size_t {
 
 inline constexpr std::size_t masterParameterCount = 4;
 
-/// Where a channel's sound comes from.
-enum StripSource { SourceTestSignal = 0, SourceFile = 1, SourceInput1 = 2, SourceOff = 10 };
+/// Where a channel's sound comes from: one of the inputs, from SourceInput1 on, or something else.
+inline constexpr int inputCount = 32;
+enum StripSource {
+    SourceTestSignal = 0,
+    SourceFile = 1,
+    SourceInput1 = 2,
+    SourceOff = SourceInput1 + inputCount
+};
 
 struct StripEntry
 {

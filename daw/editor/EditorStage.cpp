@@ -17,7 +17,8 @@ constexpr QSize naturalSize(EmbeddedEditor::naturalWidth, EmbeddedEditor::natura
 } // namespace
 
 EditorStage::EditorStage(const EditorLibrary& library, HostMemory& memory, bool stereo)
-    : m_editor(library.create(this, 0, &m_model))
+    : m_model(memory)
+    , m_editor(library.create(this, 0, &m_model))
 {
     setAutoFillBackground(true);
     setPalette(QPalette(ground));

@@ -4,6 +4,7 @@
 #include "host/audio/AudioDeviceSettings.h"
 #include "host/audio/AudioDevices.h"
 #include "hosting/Result.h"
+#include "parameters/StripTable.h"
 
 #include <QString>
 
@@ -17,8 +18,8 @@ class AudioCallback;
 class AudioDevice
 {
 public:
-    /// How many of a device's channels are used; there are no more strips to play the inputs.
-    static constexpr int maxInputs = 8;
+    /// How many of a device's channels are used: no strip plays an input beyond them.
+    static constexpr int maxInputs = inputCount;
     static constexpr int maxOutputs = 2;
 
     virtual ~AudioDevice() = default;

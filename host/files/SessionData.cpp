@@ -7,6 +7,8 @@
 #include <QCoreApplication>
 #include <QJsonArray>
 
+#include <cmath>
+
 namespace {
 
 constexpr QLatin1String versionKey("zolta-session");
@@ -34,7 +36,9 @@ constexpr QLatin1String audioKey("audio");
 constexpr QLatin1String fileKey("file");
 constexpr QLatin1String positionKey("position");
 constexpr QLatin1String loopKey("loop");
-constexpr int version = 1;
+// Programs of the first version know defaultChannelCount channels.
+constexpr int firstVersion = 1;
+constexpr int version = 2;
 constexpr double longest = 1e9; // seconds
 constexpr qsizetype maxNameLength = 200;
 constexpr double smallestScale = 0.5;
@@ -244,15 +248,27 @@ void readChannel(Reader& reader, const QJsonValue& value, const QString& path,
         out->editor = value[editorKey].toObject().toVariantMap();
 }
 
+void readCount(Reader& reader, const QJsonValue& mixer, int* out)
+{
+    const QString path = QStringLiteral("mixer.channels");
+    double count = *out;
+    reader.number(mixer[channelsKey], minChannelCount, maxChannelCount, path, &count);
+    if (std::fmod(count, 2.0) != 0.0)
+        reader.fail(
+            Reader::tr("%1 is %2, but must be an even number.").arg(path, QString::number(count)));
+    if (reader.status().isOk())
+        *out = static_cast<int>(count);
+}
+
 void readChannels(Reader& reader, const QJsonValue& value, SessionData* out)
 {
     if (!reader.has(value, QJsonValue::Array, channelsKey))
         return;
     const QJsonArray list = value.toArray();
-    if (list.size() > channelCount)
-        return reader.fail(
-            Reader::tr("%1 has %2 entries, but the mixer has %3 channels.")
-                .arg(channelsKey, QString::number(list.size()), QString::number(channelCount)));
+    if (list.size() > out->channelCount)
+        return reader.fail(Reader::tr("%1 has %2 entries, but the mixer has %3 channels.")
+                               .arg(channelsKey, QString::number(list.size()),
+                                    QString::number(out->channelCount)));
     for (int i = 0; i < list.size(); ++i)
         readChannel(reader, list[i], QStringLiteral("channels[%1]").arg(i),
                     &out->channels[static_cast<std::size_t>(i)]);
@@ -264,7 +280,7 @@ void readEditor(Reader& reader, const QJsonValue& value, const QString& path, Se
         return;
     SessionData::Editor editor;
     double channel = 0.0;
-    reader.number(value[channelKey], 0, channelCount - 1, path + QLatin1String(".channel"),
+    reader.number(value[channelKey], 0, out->channelCount - 1, path + QLatin1String(".channel"),
                   &channel);
     editor.channel = static_cast<int>(channel);
     if (reader.has(value[stereoKey], QJsonValue::Bool, path + QLatin1String(".stereo")))
@@ -297,7 +313,7 @@ SessionData::SessionData()
     HostMemory fresh;
     for (std::size_t i = 0; i < masterParameterCount; ++i)
         master[i] = fresh.master(static_cast<MasterParameter>(i));
-    for (int ch = 0; ch < channelCount; ++ch) {
+    for (int ch = 0; ch < maxChannelCount; ++ch) {
         Channel& channel = channels[static_cast<std::size_t>(ch)];
         channel.equalizer = channel.compare.other = fresh.values(ch);
         for (std::size_t i = 0; i < stripParameterCount; ++i)
@@ -323,10 +339,15 @@ QJsonObject SessionData::toJson(const QJsonObject& base) const
         open << ::toJson(editor);
     QJsonObject mixer = base[mixerKey].toObject();
     mixer[geometryKey] = ::toJson(mixerGeometry);
+    const bool isUsual = channelCount == defaultChannelCount;
+    if (isUsual)
+        mixer.remove(channelsKey);
+    else
+        mixer[channelsKey] = channelCount;
     if (!analyzer.isEmpty())
         mixer[analyzerKey] = analyzer;
     QJsonObject root = base;
-    root[versionKey] = version;
+    root[versionKey] = isUsual ? firstVersion : version;
     root[channelsKey] = list;
     root[masterKey] = ::toJson(master, base[masterKey].toObject());
     root[mixerKey] = mixer;
@@ -341,10 +362,12 @@ Status SessionData::read(const QJsonObject& root)
 {
     if (!root[versionKey].isDouble())
         return Error{Reader::tr("The file is not a session file.")};
-    if (root[versionKey].toDouble() != version)
-        return Error{Reader::tr("The file has version %1, which this program does not know.")
-                         .arg(root[versionKey].toDouble())};
+    const double given = root[versionKey].toDouble();
+    if (given != firstVersion && given != version)
+        return Error{
+            Reader::tr("The file has version %1, which this program does not know.").arg(given)};
     Reader reader;
+    readCount(reader, root[mixerKey], &channelCount);
     readChannels(reader, root[channelsKey], this);
     reader.master(root[masterKey], &master);
     if (reader.has(root[mixerKey], QJsonValue::Object, mixerKey)) {

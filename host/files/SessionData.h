@@ -44,7 +44,8 @@ struct SessionData
         bool loop = false;
     };
 
-    std::array<Channel, channelCount> channels;
+    int channelCount = defaultChannelCount;
+    std::array<Channel, maxChannelCount> channels; ///< those beyond channelCount are not kept
     Audio audio;
     std::array<int, masterParameterCount> master;
     QByteArray mixerGeometry;

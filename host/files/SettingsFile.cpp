@@ -33,8 +33,8 @@ std::optional<int> channelOf(const QString& key)
 {
     bool understood = false;
     const int channel = key.toInt(&understood);
-    return understood && channel >= 0 && channel < channelCount ? std::optional(channel)
-                                                                : std::nullopt;
+    return understood && channel >= 0 && channel < maxChannelCount ? std::optional(channel)
+                                                                   : std::nullopt;
 }
 
 Result<Maps> parseChannels(const QJsonObject& channels)

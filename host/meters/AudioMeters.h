@@ -30,5 +30,5 @@ private:
 
     const AudioEngine& m_engine;
     double m_patience;
-    std::array<Channel, channelCount> m_channels;
+    std::array<Channel, maxChannelCount> m_channels;
 };

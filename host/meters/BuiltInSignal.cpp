@@ -16,15 +16,15 @@ std::size_t blockLength(int sampleRate, double seconds)
 
 BuiltInSignal::BuiltInSignal()
     : m_block(maxBlock)
-{
-    for (int channel = 0; channel < channelCount; ++channel)
-        m_channels.push_back(std::make_unique<Channel>(channel));
-}
+{}
 
 MeterLevels BuiltInSignal::read(int channel, const ChannelProcessor::Values& values, int sampleRate,
                                 double seconds)
 {
-    Channel& c = *m_channels[static_cast<std::size_t>(channel)];
+    std::unique_ptr<Channel>& kept = m_channels[static_cast<std::size_t>(channel)];
+    if (!kept)
+        kept = std::make_unique<Channel>(channel);
+    Channel& c = *kept;
     c.processor.setSampleRate(sampleRate);
     c.processor.setValues(values);
     const std::span<double> block(m_block.data(), blockLength(sampleRate, seconds));

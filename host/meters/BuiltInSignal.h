@@ -5,6 +5,7 @@
 #include "host/meters/MeterProducer.h"
 #include "host/meters/TestSignal.h"
 
+#include <array>
 #include <memory>
 #include <vector>
 
@@ -33,6 +34,6 @@ private:
         {}
     };
 
-    std::vector<std::unique_ptr<Channel>> m_channels;
+    std::array<std::unique_ptr<Channel>, maxChannelCount> m_channels; // those that were read
     std::vector<double> m_block;
 };

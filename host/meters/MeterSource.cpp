@@ -69,7 +69,7 @@ void MeterSource::advance(double seconds)
 {
     if (!isWanted())
         return startOrStop();
-    std::array<const View*, channelCount> views{};
+    std::array<const View*, maxChannelCount> views{};
     for (const Viewer& viewer : m_viewers) {
         for (const int channel : {viewer.view.channel, viewer.view.partner}) {
             if (channel >= 0)
@@ -77,7 +77,7 @@ void MeterSource::advance(double seconds)
         }
     }
     std::vector<int> words(HostModel::meterWordCount, MeterLevels::lowest);
-    for (int channel = 0; channel < channelCount; ++channel) {
+    for (int channel = 0; channel < m_memory.channelCount(); ++channel) {
         if (const View* view = views[static_cast<std::size_t>(channel)])
             read(*view, channel, seconds, &words);
     }

@@ -20,7 +20,7 @@ MeterLevels MixerMeters::read(int channel, const std::array<int, parameterCount>
 
 bool MixerMeters::isResting() const
 {
-    for (int channel = 0; channel < channelCount; ++channel) {
+    for (int channel = 0; channel < m_mixerModel.channelCount(); ++channel) {
         const int leader = m_mixerModel.leaderOf(channel);
         if (m_mixerModel.memory().strip(leader, StripParameter::Source) == SourceTestSignal)
             return false;

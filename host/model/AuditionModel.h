@@ -45,7 +45,7 @@ Q_SIGNALS:
 private:
     void set(int channel, const Audition& audition);
 
-    std::array<Audition, channelCount> m_auditions;
-    std::array<int, channelCount> m_watchers{};
+    std::array<Audition, maxChannelCount> m_auditions;
+    std::array<int, maxChannelCount> m_watchers{};
     GainMeter m_meter;
 };

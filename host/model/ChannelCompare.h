@@ -43,5 +43,5 @@ Q_SIGNALS:
 private:
     HostMemory& m_memory;
     EditHistory& m_history;
-    std::array<State, channelCount> m_states;
+    std::array<State, maxChannelCount> m_states;
 };

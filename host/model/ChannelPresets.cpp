@@ -33,7 +33,7 @@ void ChannelPresets::adopt(int channel, const PresetName& preset, const ChannelV
 
 void ChannelPresets::rename(const PresetName& preset, const std::optional<QString>& name)
 {
-    for (int channel = 0; channel < channelCount; ++channel) {
+    for (int channel = 0; channel < maxChannelCount; ++channel) {
         if (this->preset(channel) != preset)
             continue;
         Choice choice = of(channel);

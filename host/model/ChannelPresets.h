@@ -63,5 +63,5 @@ private:
     void set(int channel, const Choice& choice);
 
     const HostMemory& m_memory;
-    std::array<Choice, channelCount> m_choices;
+    std::array<Choice, maxChannelCount> m_choices;
 };

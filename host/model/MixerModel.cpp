@@ -20,6 +20,19 @@ MixerModel::MixerModel(HostMemory& memory)
 
 MixerModel::~MixerModel() { m_memory.removeChangeListener(this); }
 
+void MixerModel::chooseChannelCount(int count)
+{
+    const int before = channelCount();
+    if (before == count)
+        return;
+    EditHistory::Step step(m_history, tr("Number of Channels"));
+    step.setEffect(
+        [this, before, count](bool forward) { setChannelCount(forward ? count : before); });
+    setChannelCount(count);
+}
+
+void MixerModel::setChannelCount(int count) { m_memory.setChannelCount(count); }
+
 QString MixerModel::shownName(int channel) const
 {
     const QString given = name(channel);
@@ -62,7 +75,7 @@ bool MixerModel::isAudible(int channel) const
 {
     const int leader = leaderOf(channel);
     bool someSolo = false;
-    for (int ch = 0; ch < channelCount; ++ch)
+    for (int ch = 0; ch < channelCount(); ++ch)
         someSolo =
             someSolo || (leaderOf(ch) == ch && m_memory.strip(ch, StripParameter::Solo) != 0);
     return m_memory.strip(leader, StripParameter::Mute) == 0 &&
@@ -95,7 +108,7 @@ void MixerModel::feed(int channel, bool live)
 {
     const int first = live ? int{SourceInput1} : int{SourceFile};
     const int last = live ? SourceOff - 1 : int{SourceFile};
-    for (int each = 0; each < channelCount; ++each) {
+    for (int each = 0; each < channelCount(); ++each) {
         const int source = m_memory.strip(leaderOf(each), StripParameter::Source);
         if (source >= first && source <= last)
             return;
@@ -123,5 +136,7 @@ void MixerModel::followRate()
 }
 
 void MixerModel::changed(unsigned short, unsigned short ch, int, int) { Q_EMIT channelChanged(ch); }
+
+void MixerModel::countChanged(int channels) { Q_EMIT channelCountChanged(channels); }
 
 #include "moc_MixerModel.cpp"

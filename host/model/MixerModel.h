@@ -22,6 +22,8 @@ constexpr int shownNumber(int channel) { return channel + 1; }
 
 /// What the mixer keeps besides the parameters' values: the channels' names, the A and B settings,
 /// and the history of all edits. One for all windows. Needs an application object.
+///
+/// A channel that is taken away keeps all of this, and has it when it comes back.
 class MixerModel : public QObject, private ChangeListener
 {
     Q_OBJECT
@@ -38,6 +40,13 @@ public:
     ChannelPresets& presets() { return m_presets; }
     AuditionModel& auditions() { return m_auditions; }
     const AuditionModel& auditions() const { return m_auditions; }
+
+    int channelCount() const { return m_memory.channelCount(); }
+    /// Gives the mixer another number of channels, one that isChannelCount() allows, as a step of
+    /// the history.
+    void chooseChannelCount(int count);
+    /// Restores a number, which is no step.
+    void setChannelCount(int count);
 
     /// The name that the user gave a channel; empty if none.
     QString name(int channel) const { return m_names[static_cast<std::size_t>(channel)]; }
@@ -77,6 +86,8 @@ Q_SIGNALS:
     /// it before.
     void channelChanged(int channel);
     void nameChanged(int channel);
+    /// There are more channels or fewer.
+    void channelCountChanged(int count);
     /// There is another transport.
     void transportChanged();
     void soundingRateChanged(int hertz);
@@ -84,13 +95,14 @@ Q_SIGNALS:
 private:
     void followRate();
     void changed(unsigned short parameter, unsigned short ch, int before, int after) override;
+    void countChanged(int channels) override;
 
     HostMemory& m_memory;
     EditHistory m_history;
     ChannelCompare m_compare;
     ChannelPresets m_presets;
     AuditionModel m_auditions;
-    std::array<QString, channelCount> m_names;
+    std::array<QString, maxChannelCount> m_names;
     QPointer<AudioSession> m_transport;
     int m_soundingRate = 0;
 };

@@ -42,11 +42,14 @@ SettingsPublisher::~SettingsPublisher()
 
 void SettingsPublisher::changed(unsigned short, unsigned short, int, int) { m_delay.start(0); }
 
+void SettingsPublisher::countChanged(int) { m_delay.start(0); }
+
 void SettingsPublisher::publish()
 {
     m_delay.stop();
     MixBus::Strips strips;
-    for (int channel = 0; channel < channelCount; ++channel) {
+    strips.count = m_mixerModel.channelCount();
+    for (int channel = 0; channel < strips.count; ++channel) {
         publishValues(channel);
         publishAudition(channel);
         strips[static_cast<std::size_t>(channel)] = stripOf(channel);

@@ -33,6 +33,7 @@ public:
 
 private:
     void changed(unsigned short parameter, unsigned short ch, int before, int after) override;
+    void countChanged(int channels) override;
     void publishValues(int channel);
     void publishAudition(int channel);
     MixBus::Strip stripOf(int channel) const;
@@ -41,8 +42,8 @@ private:
     MixerModel& m_mixerModel;
     MixBus& m_bus;
     QTimer m_delay;
-    std::array<ChannelValues, channelCount> m_publishedValues;
-    std::array<Audition, channelCount> m_publishedAuditions;
+    std::array<ChannelValues, maxChannelCount> m_publishedValues;
+    std::array<Audition, maxChannelCount> m_publishedAuditions;
     MixBus::Strips m_publishedStrips{};
     MixBus::Master m_publishedMaster;
 };

@@ -5,6 +5,7 @@
 #include "host/meters/MixerMeters.h"
 #include "host/program/EndingSignals.h"
 #include "host/program/ExitGuard.h"
+#include "host/program/OptionValue.h"
 #include "host/program/WarningBox.h"
 #include "host/window/EditorWindow.h"
 #include "host/window/HostTheme.h"
@@ -113,7 +114,9 @@ Status Application::runHeadless()
         if (!read.isOk())
             return read;
     }
-    chooseChannel();
+    const Status chosen = chooseChannel();
+    if (!chosen.isOk())
+        return chosen;
     QWidget stage;
     stage.setAttribute(Qt::WA_DontShowOnScreen);
     const EditorSettings& settings = m_commandLine.editor;
@@ -152,7 +155,9 @@ int Application::runWindows()
         [&](const QString& text) { return WarningBox::endsUnsaved(mixerWindow, text); });
     const Status settings = m_mixer.settings.open(SettingsFile::standardFile());
     const Status restored = session.open(sessionFile());
-    chooseChannel();
+    const Status chosen = chooseChannel();
+    if (!chosen.isOk())
+        return exitCodeOf(chosen);
     mixerWindow.show();
     WarningBox::show(mixerWindow, settings);
     QMessageBox* box = WarningBox::show(mixerWindow, restored);
@@ -204,7 +209,7 @@ int Application::runDesktop()
 void Application::chooseDesktopStrip()
 {
     const EditHistory::Pause pause(m_mixer.mixerModel.history());
-    for (int channel = 0; channel < channelCount; ++channel) {
+    for (int channel = 0; channel < maxChannelCount; ++channel) {
         for (std::size_t i = 0; i < stripParameterCount; ++i)
             m_mixer.memory.setStrip(channel, StripParameter(i), stripTable[i].defaultValue);
         m_mixer.mixerModel.setName(channel, QString());
@@ -242,13 +247,20 @@ int Application::loop(MixerWindow& mixerWindow, MixerSession& session,
 }
 
 // An editor is for a strip of the mixer: a channel alone, or the pair that its first channel rules.
-void Application::chooseChannel()
+Status Application::chooseChannel()
 {
+    if (m_commandLine.channels > 0)
+        m_mixer.mixerModel.setChannelCount(m_commandLine.channels);
+    const Status exists =
+        OptionValue::checkChannel(m_commandLine, m_mixer.mixerModel.channelCount());
+    if (!exists.isOk())
+        return exists;
     EditorSettings& editor = m_commandLine.editor;
     if (!editor.stereo)
         m_mixer.memory.setStrip(editor.channel & ~1, StripParameter::Stereo, 0);
     editor.stereo = m_mixer.mixerModel.isPair(editor.channel);
     editor.channel = m_mixer.mixerModel.leaderOf(editor.channel);
+    return exists;
 }
 
 void Application::placeWindows(MixerWindow& mixerWindow)

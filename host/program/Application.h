@@ -45,7 +45,7 @@ private:
     void connectDesktop(DesktopEqualizer& equalizer, EditorWindow& editor);
     Status openAudio();
     void connectAudio(MixerWindow& mixerWindow);
-    void chooseChannel();
+    Status chooseChannel();
     Status openEditor(MixerWindow& mixerWindow);
     static void placeWindows(MixerWindow& mixerWindow);
     QString sessionFile() const;

@@ -44,6 +44,7 @@ public:
 
     QString plugin; ///< empty: the library beside this program
     EditorSettings editor;
+    int channels = 0; ///< "--channels"; 0: as many as the session has
     std::vector<Setting> settings;
     bool list = false;
     bool help = false;

@@ -3,6 +3,8 @@
 
 #include "host/audio/AudioFormat.h"
 #include "host/program/OptionTable.h"
+#include "host/program/OptionValue.h"
+#include "parameters/ParameterTable.h"
 
 #include <QCommandLineParser>
 #include <QTextBoundaryFinder>
@@ -92,6 +94,15 @@ Status checkRender(const CommandLine& line, bool channelGiven)
         return Error{CommandLine::tr("--render with --channel also needs --session; without one, "
                                      "all channels have the same settings.")};
     return Status();
+}
+
+// A session says how many channels there are, and whoever reads it checks then.
+Status checkChannel(const CommandLine& line)
+{
+    if (line.channels > 0)
+        return OptionValue::checkChannel(line, line.channels);
+    const bool hasSession = !line.session.isEmpty() || !line.headless();
+    return hasSession ? Status() : OptionValue::checkChannel(line, defaultChannelCount);
 }
 
 Status readFurther(const QCommandLineParser& parser, CommandLine* line)
@@ -202,6 +213,7 @@ Result<CommandLine> CommandLineParser::parse(const QStringList& arguments)
         return Error{parser.errorText()};
     CommandLine line;
     Status status = readOptions(parser, &line);
+    status = first(status, checkChannel(line));
     status = first(status, readFurther(parser, &line));
     if (!status.isOk() && !line.help)
         return Error{status.error()};
@@ -218,9 +230,10 @@ Language CommandLineParser::languageIn(const QStringList& arguments)
 
 QString CommandLineParser::helpText()
 {
-    QString text = CommandLine::tr("Usage: zolta-host [options] [SOUND]\n"
-                                   "A mixer with 8 channels that opens the channel equalizer's "
-                                   "editor.\n");
+    QString text =
+        CommandLine::tr("Usage: zolta-host [options] [SOUND]\n"
+                        "A mixer with 2 to 32 channels that opens the channel equalizer's "
+                        "editor.\n");
     for (const OptionGroup& group : optionGroups()) {
         text += QLatin1Char('\n');
         if (*group.title)

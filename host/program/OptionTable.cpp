@@ -25,7 +25,12 @@ Status setPlugin(const Option& o, const QString& value, CommandLine* line)
 Status setChannel(const Option& o, const QString& value, CommandLine* line)
 {
     line->wantsEditor = true;
-    return readInteger(o.name, value, 0, channelCount - 1, &line->editor.channel);
+    return readInteger(o.name, value, 0, maxChannelCount - 1, &line->editor.channel);
+}
+
+Status setChannels(const Option& o, const QString& value, CommandLine* line)
+{
+    return readChannelCount(o.name, value, &line->channels);
 }
 
 Status setMono(const Option&, const QString&, CommandLine* line)
@@ -172,7 +177,12 @@ OptionGroup generalOptions()
           QT_TRANSLATE_NOOP("CommandLine", "the editor's library (default: "
                                            "../lib/zolta/libZolta.so, seen from this program)"),
           setPlugin},
-         {"channel", "0-7",
+         {"channels", "2-32",
+          QT_TRANSLATE_NOOP("CommandLine", "how many channels the mixer has, an even number from 2 "
+                                           "to 32 (default: as many as the session has; a new one "
+                                           "has 8)"),
+          setChannels},
+         {"channel", "0-31",
           QT_TRANSLATE_NOOP(
               "CommandLine",
               "the channel to open, counted from 0 (default: 0); windows count from 1"),
@@ -252,8 +262,8 @@ OptionGroup generalOptions()
                                            "opening the mixer; its settings are kept for the next "
                                            "time"),
           setDesktop,
-          {"channel", "mono", "sample-rate", "session", "audio", "live", "list", "save-state",
-           "screenshot", "render", "devices"}}}};
+          {"channels", "channel", "mono", "sample-rate", "session", "audio", "live", "list",
+           "save-state", "screenshot", "render", "devices"}}}};
 }
 
 OptionGroup editorCommands()
@@ -300,7 +310,7 @@ OptionGroup soundCommands()
                                            "--session, then --state, then --set"),
           setRender,
           {"list", "save-state", "screenshot", "devices", "plugin", "sample-rate", "meters",
-           "scale", "mono"}},
+           "scale", "mono", "channels"}},
          {"float",
           "",
           QT_TRANSLATE_NOOP("CommandLine", "write 32-bit floats into a .wav file, whatever the "

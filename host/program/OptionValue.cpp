@@ -83,6 +83,28 @@ Status OptionValue::readNumber(const char* option, const QString& text, double m
     return Status();
 }
 
+Status OptionValue::readChannelCount(const char* option, const QString& text, int* count)
+{
+    bool understood = false;
+    const int number = text.toInt(&understood);
+    if (!understood || !isChannelCount(number))
+        return Error{CommandLine::tr("--%1 must be an even number from %2 to %3, not \"%4\".")
+                         .arg(QLatin1String(option), QString::number(minChannelCount),
+                              QString::number(maxChannelCount), text)};
+    *count = number;
+    return Status();
+}
+
+Status OptionValue::checkChannel(const CommandLine& line, int count)
+{
+    if (line.editor.channel < count)
+        return Status();
+    return Error{CommandLine::tr("--channel must be a whole number from 0 to %1, not \"%2\": the "
+                                 "mixer has %3 channels.")
+                     .arg(QString::number(count - 1), QString::number(line.editor.channel),
+                          QString::number(count))};
+}
+
 Status OptionValue::readSwitch(const char* option, const QString& text, std::optional<bool>* on)
 {
     if (text != QLatin1String("on") && text != QLatin1String("off"))

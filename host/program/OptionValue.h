@@ -14,6 +14,10 @@ Status readFile(const char* option, const QString& text, QString* file);
 Status readInteger(const char* option, const QString& text, int minimum, int maximum, int* value);
 Status readNumber(const char* option, const QString& text, double minimum, double maximum,
                   double* value);
+/// What isChannelCount() allows.
+Status readChannelCount(const char* option, const QString& text, int* count);
+/// Whether the channel that \a line names is one of \a count.
+Status checkChannel(const CommandLine& line, int count);
 /// "on" or "off".
 Status readSwitch(const char* option, const QString& text, std::optional<bool>* on);
 Status readLanguage(const char* option, const QString& text, Language* language);

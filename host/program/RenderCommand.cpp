@@ -8,6 +8,7 @@
 #include "host/program/ChannelSettings.h"
 #include "host/program/CommandLine.h"
 #include "host/program/EndingSignals.h"
+#include "host/program/OptionValue.h"
 #include "host/program/ProgressBar.h"
 
 #include <QFileInfo>
@@ -49,6 +50,9 @@ Result<AudioRenderer::Job> readJob(const CommandLine& commandLine)
         commandLine.session.isEmpty() ? SessionData() : SessionFile::read(commandLine.session);
     if (!session.isOk())
         return Error{session.error()};
+    const Status channel = OptionValue::checkChannel(commandLine, session.value().channelCount);
+    if (!channel.isOk())
+        return Error{channel.error()};
     job.values = session.value().heardBy(commandLine.editor.channel).equalizer;
     if (!commandLine.state.isEmpty()) {
         const Status loaded = ChannelSettings::load(commandLine.state, &job.values);

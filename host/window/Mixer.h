@@ -14,8 +14,8 @@
 /// What every editor of the mixer shares. Outlives all of them; needs an application object.
 struct Mixer
 {
-    HostModel model;
     HostMemory memory;
+    HostModel model{memory};
     MixerModel mixerModel{memory};
     EditorLibrary library;
     MeterSource meters{memory, std::make_unique<BuiltInSignal>()};

@@ -123,7 +123,6 @@ Status MixerSession::begin(const QString& file)
     if (!kept.isOk())
         return kept;
     m_data = SessionData();
-    m_data.mixerGeometry = m_window->saveGeometry();
     return moved();
 }
 
@@ -236,7 +235,8 @@ Status MixerSession::write()
 Status MixerSession::writeChannels()
 {
     m_timer.stop();
-    for (int ch = 0; ch < channelCount; ++ch)
+    m_data.channelCount = m_mixer.mixerModel.channelCount();
+    for (int ch = 0; ch < m_data.channelCount; ++ch)
         collect(ch);
     collectSound();
     for (std::size_t i = 0; i < masterParameterCount; ++i)
@@ -279,8 +279,9 @@ bool MixerSession::staysOpen()
 void MixerSession::restore()
 {
     const EditHistory::Pause pause(m_mixer.mixerModel.history());
-    for (int ch = 0; ch < channelCount; ++ch)
+    for (int ch = 0; ch < maxChannelCount; ++ch)
         restore(ch);
+    m_mixer.mixerModel.setChannelCount(m_data.channelCount);
     for (std::size_t i = 0; i < masterParameterCount; ++i)
         m_mixer.memory.setMaster(static_cast<MasterParameter>(i), m_data.master[i]);
     m_mixer.analyzer.setSettings(AnalyzerSettings::fromJson(m_data.analyzer));

@@ -38,6 +38,7 @@ constexpr QPoint soloPlace(rightColumn, 190);
 constexpr QRect balancePlace(margin, 218, innerWidth, 18);
 constexpr int sectionTop = 244;
 constexpr int footHeight = 34;
+constexpr int elideMargin = 5; // of the name
 constexpr int silent = -1270;
 
 QStringList sourceNames()
@@ -53,6 +54,14 @@ int wordAt(const unsigned int* words, unsigned short base, int channel)
     return static_cast<short>(words[base + 2 * channel] & 0xFFFFU);
 }
 
+bool isWalk(const QEvent* event)
+{
+    const bool comes = event->type() == QEvent::FocusIn;
+    const auto reason =
+        comes ? static_cast<const QFocusEvent*>(event)->reason() : Qt::NoFocusReason;
+    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
+}
+
 // Whether the user turned to a control. One that has the focus again after a menu or another window
 // is not meant.
 bool turnsTo(const QEvent* event)
@@ -62,13 +71,6 @@ bool turnsTo(const QEvent* event)
     const Qt::FocusReason reason = static_cast<const QFocusEvent*>(event)->reason();
     return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
            reason != Qt::MenuBarFocusReason;
-}
-
-void setFontSize(QWidget* widget, int pixels)
-{
-    QFont font = widget->font();
-    font.setPixelSize(pixels);
-    widget->setFont(font);
 }
 
 } // namespace
@@ -98,6 +100,7 @@ MixerStrip::MixerStrip(MixerModel& mixerModel, int channel, QWidget* parent)
     buildMeters();
     m_silenced = isSilenced();
     connect(&mixerModel, &MixerModel::channelChanged, this, &MixerStrip::follow);
+    connect(&mixerModel, &MixerModel::channelCountChanged, this, [this] { follow(m_channel); });
     connect(&mixerModel, &MixerModel::nameChanged, this, [this](int changed) {
         if (changed == m_channel)
             retranslate();
@@ -134,6 +137,8 @@ bool MixerStrip::eventFilter(QObject* control, QEvent* event)
 {
     if (turnsTo(event))
         Q_EMIT selected(m_channel);
+    if (isWalk(event))
+        Q_EMIT walkedTo(static_cast<QWidget*>(control));
     return QWidget::eventFilter(control, event);
 }
 
@@ -183,11 +188,13 @@ void MixerStrip::buildName()
     m_name->setGeometry(namePlace.adjusted(1, 1, -1, -1));
     m_name->setFrame(false);
     m_name->setAlignment(Qt::AlignCenter);
-    setFontSize(m_name, 12);
+    QFont letters = m_name->font();
+    letters.setPixelSize(12);
+    m_name->setFont(letters);
     QPalette palette = m_name->palette();
     palette.setColor(QPalette::Base, Qt::transparent);
     m_name->setPalette(palette);
-    m_name->setElideMargin(5);
+    m_name->setElideMargin(elideMargin);
     name(m_name, [](const QString& channel) { return tr("Name of %1").arg(channel); });
     m_texts.add([this] {
         showName();
@@ -201,23 +208,37 @@ void MixerStrip::buildName()
 
 void MixerStrip::showName()
 {
-    m_name->setDefaultName(tr("Channel %1").arg(shownNumber(m_channel)));
+    const QString whole = tr("Channel %1").arg(shownNumber(m_channel));
+    const int room = m_name->width() - elideMargin - m_name->fontMetrics().horizontalAdvance(whole);
+    m_name->setDefaultName(room >= 0 ? whole : tr("Ch. %1").arg(shownNumber(m_channel)));
     m_name->setChannelName(m_mixerModel.name(m_channel));
     m_name->home(false);
 }
 
 void MixerStrip::buildSource()
 {
-    auto* source = new PullDownButtonController(this);
-    MixerStyle::styleKey(source, QStringLiteral("wide"));
-    source->setButtonSvg(MixerStyle::image(QStringLiteral("choice_up")));
-    source->setPushButtonSvg(MixerStyle::image(QStringLiteral("choice_dw")));
-    source->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    source->setTextLeftMargin(7);
-    source->setGeometry(sourcePlace);
-    m_texts.add([source] { source->setTextList(sourceNames()); });
-    name(source, [](const QString& channel) { return tr("Source of %1").arg(channel); });
-    bind(source, StripParameter::Source, m_channel);
+    m_source = new PullDownButtonController(this);
+    MixerStyle::styleKey(m_source, QStringLiteral("wide"));
+    m_source->setButtonSvg(MixerStyle::image(QStringLiteral("choice_up")));
+    m_source->setPushButtonSvg(MixerStyle::image(QStringLiteral("choice_dw")));
+    m_source->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    m_source->setTextLeftMargin(7);
+    m_source->setGeometry(sourcePlace);
+    m_texts.add([this] { m_source->setTextList(sourceNames()); });
+    name(m_source, [](const QString& channel) { return tr("Source of %1").arg(channel); });
+    bind(m_source, StripParameter::Source, m_channel);
+    offerInputs();
+}
+
+// As many inputs as there are channels, and those of a usual mixer in any case.
+void MixerStrip::offerInputs()
+{
+    const int inputs = std::max(m_mixerModel.channelCount(), defaultChannelCount);
+    const int chosen = m_mixerModel.memory().strip(m_channel, StripParameter::Source);
+    QList<bool> offered(SourceOff + 1, true);
+    for (int source = SourceInput1 + inputs; source < SourceOff; ++source)
+        offered[source] = source == chosen;
+    m_source->setVisibleList(offered);
 }
 
 // The pair's width is one value, whichever of its strips switches it.
@@ -330,6 +351,8 @@ void MixerStrip::follow(int channel)
     const bool silenced = isSilenced();
     if (std::exchange(m_silenced, silenced) != silenced)
         update();
+    if (channel == m_channel)
+        offerInputs();
     if (channel != (m_channel & ~1) || isPair() == m_shownAsPair)
         return;
     m_shownAsPair = isPair();

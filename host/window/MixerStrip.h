@@ -14,6 +14,7 @@ class MixerModel;
 
 namespace CommonController_MemAPI {
 class AbstractController;
+class PullDownButtonController;
 class PushButtonController;
 } // namespace CommonController_MemAPI
 
@@ -51,6 +52,8 @@ Q_SIGNALS:
     void editorWanted(int channel, bool stereo);
     /// The user turned to this strip.
     void selected(int channel);
+    /// The user came to \a control, one of this strip's, by the keyboard.
+    void walkedTo(QWidget* control);
 
 protected:
     bool eventFilter(QObject* control, QEvent* event) override;
@@ -75,6 +78,7 @@ private:
     Key* addKey(const QPoint& place, const QString& color);
     void name(QWidget* control, const std::function<QString(const QString&)>& text);
     void follow(int channel);
+    void offerInputs();
     int levelOf(const unsigned int* words, int channel) const;
     bool isSilenced() const;
     QString footText() const;
@@ -85,6 +89,7 @@ private:
     bool m_selected = false;
     Retranslator m_texts;
     ChannelNameEdit* m_name = nullptr;
+    CommonController_MemAPI::PullDownButtonController* m_source = nullptr;
     FaderSection* m_section = nullptr;
     bool m_silenced = false; // by the solo of others
     bool m_shownAsPair = false;

@@ -2,6 +2,7 @@
 #include "host/window/MixerWindow.h"
 
 #include "host/audio/AudioSession.h"
+#include "host/window/ChannelCountMenu.h"
 #include "host/window/EditMenu.h"
 #include "host/window/EditorStage.h"
 #include "host/window/EditorWindow.h"
@@ -9,29 +10,27 @@
 #include "host/window/FileMenu.h"
 #include "host/window/HelpMenu.h"
 #include "host/window/LanguageMenu.h"
-#include "host/window/MasterStrip.h"
 #include "host/window/MessageDialog.h"
 #include "host/window/Mixer.h"
+#include "host/window/MixerDesk.h"
 #include "host/window/MixerStrip.h"
 #include "host/window/RenderDialog.h"
 #include "host/window/TransportBar.h"
 #include "host/window/TransportMenu.h"
 
 #include <QApplication>
-#include <QHBoxLayout>
 #include <QInputDialog>
 #include <QMenuBar>
 #include <QScreen>
-#include <QScrollArea>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
 
 constexpr int messageTime = 8000; // ms
-constexpr int stripGap = 2;
 
 // A new window is in front by itself.
 void bringToFront(QWidget* window)
@@ -41,17 +40,6 @@ void bringToFront(QWidget* window)
     if (!hidden)
         window->raise();
     window->activateWindow();
-}
-
-QScrollArea* inScrollArea(QWidget* content, QWidget* parent)
-{
-    auto* area = new QScrollArea(parent);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setBackgroundRole(QPalette::Base);
-    area->setFocusPolicy(Qt::NoFocus);
-    area->setWidgetResizable(true);
-    area->setWidget(content);
-    return area;
 }
 
 } // namespace
@@ -67,7 +55,9 @@ MixerWindow::MixerWindow(Mixer& mixer, const EditorSettings& settings)
     column->setSpacing(0);
     m_transport = new TransportBar(mixer.mixerModel, content);
     column->addWidget(m_transport);
-    column->addWidget(buildDesk(), 1);
+    m_desk = new MixerDesk(mixer.mixerModel, content);
+    connect(m_desk, &MixerDesk::editorWanted, this, &MixerWindow::editChannel);
+    column->addWidget(m_desk, 1);
     setCentralWidget(content);
     buildMenus();
     connect(m_transport, &TransportBar::openWanted, m_file, &FileMenu::chooseSound);
@@ -78,9 +68,9 @@ MixerWindow::MixerWindow(Mixer& mixer, const EditorSettings& settings)
             [&mixer] { mixer.meters.wake(); });
     connect(&mixer.mixerModel, &MixerModel::soundingRateChanged, this,
             [&mixer] { mixer.meters.wake(); });
+    connect(&mixer.mixerModel, &MixerModel::channelCountChanged, this, &MixerWindow::followCount);
     showPairs();
-    select(0);
-    chooseSize();
+    resize(wholeSize().boundedTo(screen()->availableSize()));
     setFocus(); // Tab goes to the first control, which is not marked before
 }
 
@@ -95,6 +85,8 @@ EditorWindow* MixerWindow::openEditor(int channel, bool stereo)
 {
     const int shown = stereo ? m_mixer.mixerModel.leaderOf(channel) : channel;
     QPointer<EditorWindow>& editor = m_editors[shown];
+    if (editor && !editor->isVisible())
+        delete editor; // it has been closed, and goes anyway
     if (!editor)
         editor = createEditor(shown, stereo);
     if (!editor)
@@ -107,7 +99,7 @@ EditorWindow* MixerWindow::openEditor(int channel, bool stereo)
 QList<EditorWindow*> MixerWindow::editors() const
 {
     QList<EditorWindow*> open;
-    for (int ch = 0; ch < channelCount; ++ch) {
+    for (int ch = 0; ch < maxChannelCount; ++ch) {
         EditorWindow* editor = m_editors.value(ch);
         if (editor && editor->isVisible())
             open << editor;
@@ -145,7 +137,7 @@ void MixerWindow::render(const QString& file)
     AudioRenderer::Job job;
     job.input = transport->file();
     job.output = file;
-    job.values = m_mixer.mixerModel.soundingValues(m_selected);
+    job.values = m_mixer.mixerModel.soundingValues(selectedChannel());
     auto* dialog = new RenderDialog(job, this);
     connect(dialog, &RenderDialog::failed, this, [this](const QString& sentence) {
         MessageDialog::warn(this, windowTitle(), sentence);
@@ -181,7 +173,7 @@ EditorWindow* MixerWindow::createEditor(int channel, bool stereo)
 
 void MixerWindow::editChannel(int channel, bool stereo)
 {
-    select(channel);
+    m_desk->select(channel);
     if (!openEditor(channel, stereo))
         MessageDialog::warn(
             this, windowTitle(),
@@ -193,24 +185,13 @@ void MixerWindow::chooseWidth(int channel, bool stereo)
     m_mixer.memory.setStrip(channel & ~1, StripParameter::Stereo, stereo ? 1 : 0);
 }
 
-void MixerWindow::select(int channel)
-{
-    m_selected = channel;
-    for (MixerStrip* strip : std::as_const(m_strips))
-        strip->setSelected(strip->channel() == channel);
-}
+int MixerWindow::selectedChannel() const { return m_desk->selectedChannel(); }
 
 // Of a pair only the first strip is seen, and an open editor shows the pair.
 void MixerWindow::showPairs()
 {
-    for (MixerStrip* strip : std::as_const(m_strips)) {
-        const bool shown = m_mixer.mixerModel.leaderOf(strip->channel()) == strip->channel();
-        if (strip->isVisibleTo(strip->parentWidget()) != shown)
-            strip->setVisible(shown);
-    }
-    if (m_mixer.mixerModel.leaderOf(m_selected) != m_selected)
-        select(m_mixer.mixerModel.leaderOf(m_selected));
-    for (int first = 0; first < channelCount; first += 2)
+    m_desk->showPairs();
+    for (int first = 0; first < m_mixer.mixerModel.channelCount(); first += 2)
         followPair(first);
 }
 
@@ -250,23 +231,19 @@ void MixerWindow::changeEvent(QEvent* event)
         return;
     m_texts.retranslate();
     m_transport->retranslate();
-    m_master->retranslate();
-    for (MixerStrip* strip : std::as_const(m_strips))
-        strip->retranslate();
+    m_desk->retranslate();
 }
 
 void MixerWindow::showEvent(QShowEvent* event)
 {
     QMainWindow::showEvent(event);
     m_mixer.memory.meters().addMeterObserver(this);
-    for (const MixerStrip* strip : std::as_const(m_strips))
-        m_mixer.meters.show(strip, {strip->channel(), -1, m_settings.sampleRate});
+    showMeters();
 }
 
 void MixerWindow::hideEvent(QHideEvent* event)
 {
-    for (const MixerStrip* strip : std::as_const(m_strips))
-        m_mixer.meters.hide(strip);
+    hideMeters();
     m_mixer.memory.meters().removeMeterObserver(this);
     QMainWindow::hideEvent(event);
 }
@@ -279,10 +256,60 @@ void MixerWindow::closeEvent(QCloseEvent* event)
 
 void MixerWindow::notifyMeterDbUpdated(unsigned int* values, unsigned int count)
 {
-    for (MixerStrip* strip : std::as_const(m_strips))
-        strip->showMeters(values, count);
-    const AudioSession* transport = m_mixer.mixerModel.transport();
-    m_master->showLevels(transport ? transport->outputLevels() : MeterLevels{});
+    m_desk->showMeters(values, count);
+}
+
+void MixerWindow::showMeters()
+{
+    for (const MixerStrip* strip : m_desk->strips())
+        m_mixer.meters.show(strip, {strip->channel(), -1, m_settings.sampleRate});
+}
+
+void MixerWindow::hideMeters()
+{
+    for (const MixerStrip* strip : m_desk->strips())
+        m_mixer.meters.hide(strip);
+}
+
+void MixerWindow::followCount(int count)
+{
+    leaveEditors(count);
+    const int before = wholeSize().width();
+    hideMeters();
+    m_desk->followCount();
+    if (isVisible())
+        showMeters();
+    showPairs();
+    fitStrips(before);
+}
+
+// Nobody asked for the end of the program, which comes with its last window.
+void MixerWindow::leaveEditors(int count)
+{
+    const QList<EditorWindow*> open = editors();
+    const auto leaves = [count](EditorWindow* editor) {
+        return editor->settings().channel >= count;
+    };
+    if (!open.isEmpty() && !isVisible() && std::all_of(open.begin(), open.end(), leaves))
+        bringToFront(this);
+    for (EditorWindow* editor : open) {
+        if (leaves(editor))
+            editor->close();
+    }
+}
+
+// As wide as the strips if it was so before, and never wider than they or the screen are.
+void MixerWindow::fitStrips(int before)
+{
+    if (isMaximized() || isFullScreen())
+        return;
+    const QRect room = screen()->availableGeometry();
+    const int frame = frameGeometry().width() - width();
+    const int whole = std::min(wholeSize().width(), room.width() - frame);
+    resize(width() >= before ? whole : std::min(width(), whole), height());
+    const int beyond = frameGeometry().right() - room.right();
+    if (isVisible() && beyond > 0)
+        move(std::max(x() - beyond, room.left()), y());
 }
 
 void MixerWindow::windowCloses()
@@ -297,10 +324,10 @@ void MixerWindow::rename()
     const MixerModel& mixerModel = m_mixer.mixerModel;
     bool accepted = false;
     const QString name = QInputDialog::getText(
-        this, tr("Rename"), tr("Name of %1").arg(mixerModel.shownName(m_selected)),
-        QLineEdit::Normal, mixerModel.name(m_selected), &accepted);
+        this, tr("Rename"), tr("Name of %1").arg(mixerModel.shownName(selectedChannel())),
+        QLineEdit::Normal, mixerModel.name(selectedChannel()), &accepted);
     if (accepted)
-        m_mixer.mixerModel.rename(m_selected, name);
+        m_mixer.mixerModel.rename(selectedChannel(), name);
 }
 
 void MixerWindow::buildMenus()
@@ -322,9 +349,9 @@ void MixerWindow::buildFileMenu()
     connect(m_file, &FileMenu::openSessionWanted, this, &MixerWindow::openSessionWanted);
     connect(m_file, &FileMenu::saveSessionWanted, this, &MixerWindow::saveSessionWanted);
     connect(m_file, &FileMenu::soundOpened, this,
-            [this] { m_mixer.mixerModel.feed(m_selected, false); });
+            [this] { m_mixer.mixerModel.feed(selectedChannel(), false); });
     connect(m_file, &FileMenu::renderWanted, this, [this] {
-        const QString file = m_file->askForTarget(m_selected);
+        const QString file = m_file->askForTarget(selectedChannel());
         if (!file.isEmpty())
             render(file);
     });
@@ -341,7 +368,7 @@ void MixerWindow::buildEditMenu()
                                 [] { return tr("&Paste Equalizer"); },
                                 [] { return tr("R&eset Equalizer"); }};
     const auto* edit = new EditMenu(
-        menu, m_mixer.mixerModel, [this] { return m_selected; }, texts, m_texts);
+        menu, m_mixer.mixerModel, [this] { return selectedChannel(); }, texts, m_texts);
     connect(edit, &EditMenu::finished, this,
             [this](const QString& message) { statusBar()->showMessage(message, messageTime); });
 }
@@ -351,53 +378,20 @@ void MixerWindow::buildChannelMenu()
     QMenu* menu = m_texts.menu(menuBar(), [] { return tr("&Channel"); });
     m_texts.action(
         menu, [] { return tr("&Open Editor"); }, QKeySequence(Qt::CTRL | Qt::Key_E), this,
-        [this] { editChannel(m_selected, m_mixer.mixerModel.isPair(m_selected)); });
+        [this] { editChannel(selectedChannel(), m_mixer.mixerModel.isPair(selectedChannel())); });
     m_texts.action(
         menu, [] { return tr("&Rename..."); }, QKeySequence(Qt::Key_F2), this,
         [this] { rename(); });
+    menu->addSeparator();
+    addChannelCountMenu(menu, m_mixer.mixerModel, m_texts);
 }
 
-QWidget* MixerWindow::buildStrips()
+// With room for every strip, were they all mono.
+QSize MixerWindow::wholeSize() const
 {
-    auto* row = new QWidget(this);
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(stripGap, stripGap, stripGap, stripGap);
-    layout->setSpacing(stripGap);
-    for (int ch = 0; ch < channelCount; ++ch) {
-        auto* strip = new MixerStrip(m_mixer.mixerModel, ch, row);
-        connect(strip, &MixerStrip::editorWanted, this, &MixerWindow::editChannel);
-        connect(strip, &MixerStrip::selected, this, &MixerWindow::select);
-        layout->addWidget(strip);
-        m_strips << strip;
-    }
-    layout->addStretch(1);
-    return inScrollArea(row, this);
-}
-
-// The strips scroll sideways; the master stays where it is.
-QWidget* MixerWindow::buildDesk()
-{
-    auto* desk = new QWidget(this);
-    auto* layout = new QHBoxLayout(desk);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addWidget(buildStrips(), 1);
-    m_master = new MasterStrip(m_mixer.mixerModel, desk);
-    QScrollArea* area = inScrollArea(m_master, desk); // in a low window, too
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area->setFixedWidth(MixerStrip::stripWidth + stripGap);
-    layout->addWidget(area);
-    return desk;
-}
-
-// Every strip fits, were they all mono.
-void MixerWindow::chooseSize()
-{
-    const int strip = MixerStrip::stripWidth + stripGap;
-    const int width = channelCount * strip + stripGap + strip + stripGap;
-    const int height = MixerStrip::stripHeight + 2 * stripGap + m_transport->height() +
-                       menuBar()->sizeHint().height() + statusBar()->sizeHint().height();
-    resize(QSize(width, height).boundedTo(screen()->availableSize()));
+    const int bars =
+        m_transport->height() + menuBar()->sizeHint().height() + statusBar()->sizeHint().height();
+    return m_desk->wholeSize() + QSize(0, bars);
 }
 
 #include "moc_MixerWindow.cpp"

@@ -4,6 +4,7 @@
 #include "host/window/EditorSession.h"
 #include "host/window/Retranslator.h"
 #include "interfaces/IMeterObserver.h"
+#include "parameters/ParameterTable.h"
 
 #include <QHash>
 #include <QList>
@@ -14,8 +15,7 @@
 
 class EditorWindow;
 class FileMenu;
-class MasterStrip;
-class MixerStrip;
+class MixerDesk;
 struct Mixer;
 class TransportBar;
 
@@ -37,7 +37,7 @@ public:
     /// Those that are open, by channel.
     QList<EditorWindow*> editors() const;
     /// The channel that the menus act on.
-    int selectedChannel() const { return m_selected; }
+    int selectedChannel() const;
     /// Closes every window.
     void quit();
     void closeEditors();
@@ -70,8 +70,12 @@ private:
     EditorWindow* createEditor(int channel, bool stereo);
     void editChannel(int channel, bool stereo);
     void chooseWidth(int channel, bool stereo);
-    void select(int channel);
     void showPairs();
+    void showMeters();
+    void hideMeters();
+    void followCount(int count);
+    void leaveEditors(int count);
+    void fitStrips(int before);
     void followPair(int first);
     void joinEditors(int first);
     void windowCloses();
@@ -80,20 +84,16 @@ private:
     void buildFileMenu();
     void buildEditMenu();
     void buildChannelMenu();
-    QWidget* buildStrips();
-    QWidget* buildDesk();
-    void chooseSize();
+    QSize wholeSize() const;
 
     Mixer& m_mixer;
     EditorSettings m_settings;
     Retranslator m_texts;
     QHash<int, QPointer<EditorWindow>> m_editors;
-    QList<MixerStrip*> m_strips;
-    std::array<bool, 4> m_pairs{};
-    MasterStrip* m_master = nullptr;
+    std::array<bool, maxChannelCount / 2> m_pairs{};
+    MixerDesk* m_desk = nullptr;
     TransportBar* m_transport = nullptr;
     FileMenu* m_file = nullptr;
     QString m_sessionName;
-    int m_selected = 0;
     bool m_quitting = false;
 };

@@ -272,6 +272,13 @@
     </message>
 </context>
 <context>
+    <name>ChannelCountMenu</name>
+    <message>
+        <source>&amp;Number of Channels</source>
+        <translation>&amp;Anzahl der Kanäle</translation>
+    </message>
+</context>
+<context>
     <name>LanguageMenu</name>
     <message>
         <source>&amp;Language</source>
@@ -790,6 +797,10 @@
         <source>Rename</source>
         <translation>Umbenennen</translation>
     </message>
+    <message>
+        <source>Number of Channels</source>
+        <translation>Anzahl der Kanäle</translation>
+    </message>
 </context>
 <context>
     <name>EditHistory</name>
@@ -1068,6 +1079,10 @@
     <message>
         <source>Silenced</source>
         <translation>Stumm</translation>
+    </message>
+    <message>
+        <source>Ch. %1</source>
+        <translation>Kan. %1</translation>
     </message>
 </context>
 <context>
@@ -1649,10 +1664,10 @@
     </message>
     <message>
         <source>Usage: zolta-host [options] [SOUND]
-A mixer with 8 channels that opens the channel equalizer&apos;s editor.
+A mixer with 2 to 32 channels that opens the channel equalizer&apos;s editor.
 </source>
         <translation>Aufruf: zolta-host [Optionen] [SOUND]
-Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
+Ein Mischpult mit 2 bis 32 Kanälen, das den Editor des Kanal-Equalizers öffnet.
 </translation>
     </message>
     <message>
@@ -1686,6 +1701,18 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
     <message>
         <source>equalize everything that the desktop plays through PipeWire as long as the editor is open, instead of opening the mixer; its settings are kept for the next time</source>
         <translation>alles, was der Desktop über PipeWire abspielt, durch den Equalizer schicken, solange der Editor offen ist, statt das Mischpult zu öffnen; die Einstellungen bleiben für das nächste Mal erhalten</translation>
+    </message>
+    <message>
+        <source>--%1 must be an even number from %2 to %3, not &quot;%4&quot;.</source>
+        <translation>--%1 muss eine gerade Zahl von %2 bis %3 sein, nicht „%4“.</translation>
+    </message>
+    <message>
+        <source>--channel must be a whole number from 0 to %1, not &quot;%2&quot;: the mixer has %3 channels.</source>
+        <translation>--channel muss eine ganze Zahl von 0 bis %1 sein, nicht „%2“: Das Mischpult hat %3 Kanäle.</translation>
+    </message>
+    <message>
+        <source>how many channels the mixer has, an even number from 2 to 32 (default: as many as the session has; a new one has 8)</source>
+        <translation>wie viele Kanäle das Mischpult hat, eine gerade Zahl von 2 bis 32 (Vorgabe: so viele wie die Sitzung; eine neue hat 8)</translation>
     </message>
 </context>
 <context>
@@ -1828,6 +1855,10 @@ Ein Mischpult mit 8 Kanälen, das den Editor des Kanal-Equalizers öffnet.
     <message>
         <source>The file has version %1, which this program does not know.</source>
         <translation>Die Datei hat die Version %1, die dieses Programm nicht kennt.</translation>
+    </message>
+    <message>
+        <source>%1 is %2, but must be an even number.</source>
+        <translation>%1 ist %2, muss aber eine gerade Zahl sein.</translation>
     </message>
 </context>
 <context>

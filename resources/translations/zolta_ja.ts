@@ -272,6 +272,13 @@
     </message>
 </context>
 <context>
+    <name>ChannelCountMenu</name>
+    <message>
+        <source>&amp;Number of Channels</source>
+        <translation>チャンネル数(&amp;N)</translation>
+    </message>
+</context>
+<context>
     <name>LanguageMenu</name>
     <message>
         <source>&amp;Language</source>
@@ -790,6 +797,10 @@
         <source>Rename</source>
         <translation>名前の変更</translation>
     </message>
+    <message>
+        <source>Number of Channels</source>
+        <translation>チャンネル数</translation>
+    </message>
 </context>
 <context>
     <name>EditHistory</name>
@@ -1068,6 +1079,10 @@
     <message>
         <source>Silenced</source>
         <translation>消音中</translation>
+    </message>
+    <message>
+        <source>Ch. %1</source>
+        <translation>CH %1</translation>
     </message>
 </context>
 <context>
@@ -1649,10 +1664,10 @@
     </message>
     <message>
         <source>Usage: zolta-host [options] [SOUND]
-A mixer with 8 channels that opens the channel equalizer&apos;s editor.
+A mixer with 2 to 32 channels that opens the channel equalizer&apos;s editor.
 </source>
         <translation>使い方: zolta-host [オプション] [SOUND]
-チャンネルイコライザーのエディターを開く 8 チャンネルのミキサー。
+チャンネルイコライザーのエディターを開く 2 から 32 チャンネルのミキサー。
 </translation>
     </message>
     <message>
@@ -1686,6 +1701,18 @@ A mixer with 8 channels that opens the channel equalizer&apos;s editor.
     <message>
         <source>equalize everything that the desktop plays through PipeWire as long as the editor is open, instead of opening the mixer; its settings are kept for the next time</source>
         <translation>ミキサーを開く代わりに、エディターが開いている間、デスクトップが PipeWire で再生するすべての音をイコライザーに通す。設定は次回のために保存される</translation>
+    </message>
+    <message>
+        <source>--%1 must be an even number from %2 to %3, not &quot;%4&quot;.</source>
+        <translation>--%1 には「%4」ではなく %2 から %3 までの偶数を指定してください。</translation>
+    </message>
+    <message>
+        <source>--channel must be a whole number from 0 to %1, not &quot;%2&quot;: the mixer has %3 channels.</source>
+        <translation>--channel には「%2」ではなく 0 から %1 までの整数を指定してください。ミキサーのチャンネル数は %3 です。</translation>
+    </message>
+    <message>
+        <source>how many channels the mixer has, an even number from 2 to 32 (default: as many as the session has; a new one has 8)</source>
+        <translation>ミキサーのチャンネル数。2 から 32 までの偶数 (既定値: セッションのチャンネル数。新しいセッションでは 8)</translation>
     </message>
 </context>
 <context>
@@ -1828,6 +1855,10 @@ A mixer with 8 channels that opens the channel equalizer&apos;s editor.
     <message>
         <source>The file has version %1, which this program does not know.</source>
         <translation>ファイルのバージョン %1 は、このプログラムでは扱えません。</translation>
+    </message>
+    <message>
+        <source>%1 is %2, but must be an even number.</source>
+        <translation>%1 は %2 ですが、偶数でなければなりません。</translation>
     </message>
 </context>
 <context>

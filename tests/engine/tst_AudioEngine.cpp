@@ -27,22 +27,25 @@ private:
     static constexpr std::size_t length = 480;
 
     static std::unique_ptr<AudioEngine> engine();
-    static void process(AudioEngine* engine, std::array<Block, channelCount>* blocks);
-    static std::array<Block, channelCount> blocksOf(const Block& block);
+    static void process(AudioEngine* engine, std::array<Block, maxChannelCount>* blocks);
+    static std::array<Block, maxChannelCount> blocksOf(const Block& block);
 };
 
-std::unique_ptr<AudioEngine> tst_AudioEngine::engine() { return std::make_unique<AudioEngine>(); }
-
-std::array<Block, channelCount> tst_AudioEngine::blocksOf(const Block& block)
+std::unique_ptr<AudioEngine> tst_AudioEngine::engine()
 {
-    std::array<Block, channelCount> blocks;
+    return std::make_unique<AudioEngine>(maxChannelCount);
+}
+
+std::array<Block, maxChannelCount> tst_AudioEngine::blocksOf(const Block& block)
+{
+    std::array<Block, maxChannelCount> blocks;
     blocks.fill(block);
     return blocks;
 }
 
-void tst_AudioEngine::process(AudioEngine* engine, std::array<Block, channelCount>* blocks)
+void tst_AudioEngine::process(AudioEngine* engine, std::array<Block, maxChannelCount>* blocks)
 {
-    std::array<double*, channelCount> pointers{};
+    std::array<double*, maxChannelCount> pointers{};
     for (std::size_t i = 0; i < pointers.size(); ++i)
         pointers[i] = (*blocks)[i].data();
     engine->process(pointers, blocks->front().size());
@@ -94,16 +97,16 @@ void tst_AudioEngine::processesAsTheChannelsDo()
     const auto mixer = engine();
     mixer->setSampleRate(96000.0);
     auto blocks = blocksOf(noise(2000));
-    for (int channel = 0; channel < channelCount; ++channel)
+    for (int channel = 0; channel < maxChannelCount; ++channel)
         mixer->publish(
             channel,
-            valuesFrom(QStringLiteral("7=%1 3=50 27=%2").arg(10 * channel).arg(channel % 2)));
+            valuesFrom(QStringLiteral("7=%1 3=50 27=%2").arg(6 * channel).arg(channel % 2)));
     process(mixer.get(), &blocks);
-    for (int channel = 0; channel < channelCount; ++channel) {
+    for (int channel = 0; channel < maxChannelCount; ++channel) {
         ChannelProcessor processor;
         processor.setSampleRate(96000.0);
         processor.setValues(
-            valuesFrom(QStringLiteral("7=%1 3=50 27=%2").arg(10 * channel).arg(channel % 2)));
+            valuesFrom(QStringLiteral("7=%1 3=50 27=%2").arg(6 * channel).arg(channel % 2)));
         Block expected = noise(2000);
         processor.process(expected);
         QCOMPARE(blocks[std::size_t(channel)], expected);
@@ -135,10 +138,10 @@ void tst_AudioEngine::missingChannelsAreLeftAlone()
     mixer->process(std::span<float* const>(), 0);
     QCOMPARE(mixer->blocks(), std::uint64_t{2});
     Block block(length, 0.5);
-    std::array<double*, channelCount + 3> pointers{};
+    std::array<double*, maxChannelCount + 3> pointers{};
     pointers[2] = block.data();
     Block beyond(length, 0.25);
-    pointers[channelCount + 1] = beyond.data();
+    pointers[maxChannelCount + 1] = beyond.data();
     mixer->process(pointers, length);
     QCOMPARE(mixer->levels(2).send, -60);
     QCOMPARE(mixer->levels(1).send, MeterLevels::lowest);

@@ -473,7 +473,7 @@ void tst_Auditions::metersStayTheEqualizers()
 
 void tst_Auditions::channelWithoutSoundIsLeftOut()
 {
-    for (int channel = 0; channel < channelCount; ++channel)
+    for (int channel = 0; channel < defaultChannelCount; ++channel)
         want({true, true, 0, true}, channel);
     m_bus->prepare(rate, false);
     QCOMPARE(play(quiet(1000, 0.5F)), quiet(1000, 0.0F));

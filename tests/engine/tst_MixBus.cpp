@@ -35,6 +35,11 @@ private Q_SLOTS:
     void prepareForgetsWhatWasHeard();
     void changesDoNotClick_data();
     void changesDoNotClick();
+    void everyChannelIsHeard_data();
+    void everyChannelIsHeard();
+    void channelsComeAndGoWithoutClicks_data();
+    void channelsComeAndGoWithoutClicks();
+    void channelThatComesBackBeginsAnew();
     void trapsAreSet();
     void neitherAllocatesNorLocks();
 
@@ -43,6 +48,7 @@ private:
     static constexpr int rate = 48000;
     static constexpr std::size_t rampLength = 480;
 
+    void setCount(int count);
     void setStrip(std::size_t channel, const MixBus::Strip& strip);
     std::vector<Samples> play(const std::vector<Samples>& inputs, std::size_t part = 0,
                               std::size_t outputs = 2);
@@ -58,6 +64,12 @@ void tst_MixBus::init()
     TestObject::init();
     m_bus = std::make_unique<MixBus>();
     m_strips = {};
+}
+
+void tst_MixBus::setCount(int count)
+{
+    m_strips.count = count;
+    m_bus->publish(m_strips);
 }
 
 void tst_MixBus::setStrip(std::size_t channel, const MixBus::Strip& strip)
@@ -136,9 +148,9 @@ void tst_MixBus::routes()
 void tst_MixBus::inputsGoByNumber()
 {
     std::vector<Samples> given;
-    for (int i = 1; i <= channelCount; ++i)
-        given.emplace_back(100, 0.1F * static_cast<float>(i));
-    for (int number = 0; number < channelCount; ++number) {
+    for (int i = 1; i <= maxChannelCount; ++i)
+        given.emplace_back(100, 0.01F * static_cast<float>(i));
+    for (int number = 0; number < maxChannelCount; ++number) {
         setStrip(0, {{MixBus::Source::Input, number}, 1.0});
         m_bus->prepare(rate, true);
         QCOMPARE(play(given)[0], given[static_cast<std::size_t>(number)]);
@@ -364,6 +376,92 @@ void tst_MixBus::changesDoNotClick()
     QVERIFY2(peak < 0.001 * splice, qPrintable(QStringLiteral("%1 of %2").arg(peak).arg(splice)));
 }
 
+void tst_MixBus::everyChannelIsHeard_data()
+{
+    QTest::addColumn<int>("count");
+    for (const int count : {2, 8, 32})
+        QTest::addRow("%d", count) << count;
+}
+
+// Each at its own level; those beyond the count are silent, whatever their strips say.
+void tst_MixBus::everyChannelIsHeard()
+{
+    QFETCH(const int, count);
+    for (std::size_t i = 0; i < maxChannelCount; ++i)
+        m_strips[i] = {{MixBus::Source::File, 0}, 1.0 / double(i + 1), double(i)};
+    setCount(count);
+    m_bus->publish(count - 1, valuesFrom(QStringLiteral("26=200")));
+    m_bus->prepare(rate, false);
+    double left = 10.0 / count - 1.0 / count;
+    double right = 9.0 * (count - 1);
+    for (int i = 0; i < count; ++i) {
+        left += 1.0 / (i + 1);
+        right += i;
+    }
+    const std::vector<Samples> heard = play({Samples(1000, 0.001F)});
+    COMPARE_NEAR(double(heard[0].back()), 0.001 * left, 1e-7);
+    COMPARE_NEAR(double(heard[1].back()), 0.001 * right, 1e-5);
+    for (int i = 0; i < maxChannelCount; ++i)
+        QCOMPARE(m_bus->engine().levels(i).send, i < count ? -600 : MeterLevels::lowest);
+    QCOMPARE(m_bus->engine().levels(count - 1).returned, -400);
+}
+
+void tst_MixBus::channelsComeAndGoWithoutClicks_data()
+{
+    QTest::addColumn<QList<int>>("counts"); // one after the other, each for 300 samples
+    QTest::addColumn<int>("last");          // how many are heard in the end
+    using Counts = QList<int>;
+    QTest::newRow("come") << Counts{2, 32} << 32;
+    QTest::newRow("go") << Counts{32, 2} << 2;
+    QTest::newRow("go and come back on the way") << Counts{32, 2, 32} << 32;
+    QTest::newRow("come and go on the way") << Counts{2, 32, 2} << 2;
+    QTest::newRow("less and less") << Counts{32, 24, 16, 8, 2} << 2;
+    QTest::newRow("there and back") << Counts{8, 4, 16, 2, 32, 8} << 8;
+}
+
+void tst_MixBus::channelsComeAndGoWithoutClicks()
+{
+    QFETCH(const QList<int>, counts);
+    QFETCH(const int, last);
+    constexpr float level = 0.01F;
+    for (std::size_t i = 0; i < maxChannelCount; ++i)
+        m_strips[i] = file(0);
+    setCount(counts[0]);
+    m_bus->prepare(rate, false);
+    Samples heard = play({Samples(300, level)})[0];
+    QCOMPARE(heard.back(), float(counts[0]) * level);
+    for (const int count : counts.sliced(1)) {
+        setCount(count);
+        const Samples next = play({Samples(300, level)}, 100)[0];
+        heard.insert(heard.end(), next.begin(), next.end());
+    }
+    const Samples rest = play({Samples(2 * rampLength, level)}, 64)[0];
+    heard.insert(heard.end(), rest.begin(), rest.end());
+    const float steepest = 3.0F * 32.0F * level / float(rampLength);
+    for (std::size_t i = 1; i < heard.size(); ++i)
+        QVERIFY2(std::abs(heard[i] - heard[i - 1]) <= steepest, QByteArray::number(int(i)));
+    COMPARE_NEAR(double(heard.back()), double(float(last) * level), 1e-6);
+}
+
+// With its newest settings at once, and nothing of what it held before.
+void tst_MixBus::channelThatComesBackBeginsAnew()
+{
+    setStrip(9, file(0));
+    setCount(10);
+    m_bus->publish(9, valuesFrom(QStringLiteral("3=200 27=1")));
+    m_bus->prepare(rate, false);
+    play({tone(4096)});
+    QVERIFY(m_bus->engine().levels(9).send > MeterLevels::lowest);
+    setCount(8);
+    play({tone(4096)});
+    QCOMPARE(m_bus->engine().levels(9).send, MeterLevels::lowest);
+    QCOMPARE(play({tone(256)})[0], Samples(256, 0.0F));
+    m_bus->publish(9, defaults());
+    setCount(10);
+    QCOMPARE(play({Samples(2 * rampLength, 0.0F)})[0], Samples(2 * rampLength, 0.0F));
+    QCOMPARE(play({Samples(300, 0.5F)})[0], Samples(300, 0.5F));
+}
+
 void tst_MixBus::trapsAreSet()
 {
     const RealtimeTrap trap;
@@ -385,7 +483,7 @@ void tst_MixBus::neitherAllocatesNorLocks()
     const std::array<const float*, 2> inputs = {left.data(), right.data()};
     const std::array<float*, 2> outputs = {left.data(), right.data()};
     for (int round = 0; round < 100; ++round) {
-        for (int channel = 0; channel < channelCount; ++channel) {
+        for (int channel = 0; channel < maxChannelCount; ++channel) {
             Values values{};
             std::transform(parameterTable.begin(), parameterTable.end(), values.begin(),
                            [&](const Parameter& p) {
@@ -395,9 +493,11 @@ void tst_MixBus::neitherAllocatesNorLocks()
             m_bus->publish(channel, values);
         }
         m_bus->publish(MixBus::Master{round / 50.0, round % 7 == 0});
-        m_bus->publish(round % channelCount,
+        if (round % 4 == 0)
+            setCount(2 + 2 * (7 * round % 16));
+        m_bus->publish(round % maxChannelCount,
                        Audition{round % 2 == 0, round % 3 == 0, round % 7 - 1, round % 5 == 0});
-        setStrip(static_cast<std::size_t>(round % channelCount),
+        setStrip(static_cast<std::size_t>(round % maxChannelCount),
                  file(round % 3, round % 5 != 0, round % 2 != 0, round / 100.0));
         for (const std::size_t frames : {16U, 256U, 1000U}) {
             const RealtimeTrap trap;

@@ -172,7 +172,7 @@ void tst_SignalTap::channelWithoutSignalIsSilent()
 {
     const auto engine = std::make_unique<AudioEngine>();
     engine->tap(2).listen();
-    engine->process(std::span<float* const>(), 100);
+    engine->process(std::array<float*, 3>{}, 100);
     Samples before(100, 1.0F);
     Samples after(100, 1.0F);
     QVERIFY(engine->tap(2).read(before, after));

@@ -119,7 +119,8 @@ void StandInEditor::paintEvent(QPaintEvent*)
     const QVariantList meters = property("meters").toList();
     if (!meters.isEmpty())
         painter.fillRect(
-            QRectF(0, 0, width() * (meters[16 + 2 * m_channel].toInt() / 1270.0 + 1), 1),
+            QRectF(0, 0, width() * (meters[meters.size() / 2 + 2 * m_channel].toInt() / 1270.0 + 1),
+                   1),
             Qt::white);
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "hosting/EditorLibrary.h"
+#include "hosting/HostMemory.h"
 #include "hosting/HostModel.h"
 #include "interfaces/IVaskEffectEditor2.h"
 #include "tests/support/TestFiles.h"
@@ -30,7 +31,8 @@ private:
         return QStringLiteral(HOST_TEST_PLUGINS "/lib%1.so").arg(QLatin1String(name));
     }
 
-    HostModel m_model;
+    HostMemory m_memory;
+    HostModel m_model{m_memory};
     static inline QTemporaryDir s_folder;
 };
 

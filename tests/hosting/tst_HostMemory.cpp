@@ -41,6 +41,7 @@ public:
     {
         note(u"%1 %2 %3 %4"_s.arg(parameter).arg(ch).arg(before).arg(after));
     }
+    void countChanged(int channels) override { note(u"%1 channels"_s.arg(channels)); }
     void notifyMeterLvlUpdated(unsigned int*, unsigned int) override { note(u"linear"_s); }
     void notifyMeterDbUpdated(unsigned int* values, unsigned int count) override
     {
@@ -91,6 +92,9 @@ private Q_SLOTS:
     void listenersMayComeAndGo();
     void resetWritesEveryDefault();
     void handsOutMeters();
+    void hasAsManyChannelsAsItIsGiven_data();
+    void hasAsManyChannelsAsItIsGiven();
+    void channelThatIsGoneKeepsItsValues();
 
 private:
     void observe(Recorder* recorder, unsigned short id = lowGainId, unsigned short ch = 0)
@@ -452,6 +456,53 @@ void tst_HostMemory::handsOutMeters()
     m_memory->meters().notify({-600, 0, 5});
     m_memory->meters().notify({1});
     QCOMPARE(m_log, (QStringList{u"a: fffffda8 0 5"_s, u"c: 1"_s}));
+}
+
+void tst_HostMemory::hasAsManyChannelsAsItIsGiven_data()
+{
+    QTest::addColumn<int>("wanted");
+    QTest::addColumn<bool>("allowed");
+    for (const int count : {2, 4, 8, 10, 30, 32})
+        QTest::addRow("%d", count) << count << true;
+    for (const int count : {-2, 0, 1, 7, 31, 33, 34, 1 << 30})
+        QTest::addRow("%d", count) << count << false;
+}
+
+void tst_HostMemory::hasAsManyChannelsAsItIsGiven()
+{
+    QFETCH(const int, wanted);
+    QFETCH(const bool, allowed);
+    m_memory->addChangeListener(&m_a);
+    QCOMPARE(m_memory->setChannelCount(wanted), allowed ? 0 : -1);
+    const int count = allowed ? wanted : 8;
+    QCOMPARE(m_memory->channelCount(), count);
+    QCOMPARE(m_log, count == 8 ? QStringList() : QStringList(u"a: %1 channels"_s.arg(count)));
+    for (int ch = 0; ch <= 32; ++ch) {
+        int found = 0;
+        QCOMPARE(m_memory->getValue(levelId, static_cast<unsigned short>(ch), &found, 0),
+                 ch < count ? 0 : -1);
+    }
+}
+
+// It hears of nothing while it is gone, and whoever observes it may leave.
+void tst_HostMemory::channelThatIsGoneKeepsItsValues()
+{
+    QCOMPARE(m_memory->setChannelCount(32), 0);
+    observe(&m_a, lowGainId, 31);
+    observe(&m_b, lowGainId, 31);
+    write(40, lowGainId, 31);
+    m_log.clear();
+    QCOMPARE(m_memory->setChannelCount(30), 0);
+    QVERIFY(m_memory->setValue(lowGainId, 31, 50, 0, 0, 1) < 0);
+    QVERIFY(m_memory->registerObserver(lowGainId, 31, &m_c) < 0);
+    QCOMPARE(m_memory->unregisterObserver(lowGainId, 31, &m_b), 0);
+    QCOMPARE(m_log, QStringList());
+    m_memory->setStrip(31, StripParameter::Balance, -7); // of a session that is restored
+    QCOMPARE(m_memory->setChannelCount(32), 0);
+    QCOMPARE(value(lowGainId, 31), 40);
+    QCOMPARE(m_memory->strip(31, StripParameter::Balance), -7);
+    write(60, lowGainId, 31);
+    QCOMPARE(m_log, QStringList(u"a: 259 31 60 +6.0"_s));
 }
 
 QTEST_APPLESS_MAIN(tst_HostMemory)

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "hosting/HostModel.h"
+
+#include "hosting/HostMemory.h"
 #include "parameters/StripTable.h"
 #include "tests/support/TestObject.h"
 
@@ -10,7 +12,8 @@ class tst_HostModel : public TestObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void listsEightChannels();
+    void listsTheMemorysChannels_data();
+    void listsTheMemorysChannels();
     void findsAllParameters();
     void refusesUnknownNames_data();
     void refusesUnknownNames();
@@ -19,22 +22,40 @@ private Q_SLOTS:
     void toleratesNullPointers();
 
 private:
-    HostModel m_model;
+    HostMemory m_memory;
+    HostModel m_model{m_memory};
 };
 
-void tst_HostModel::listsEightChannels()
+void tst_HostModel::listsTheMemorysChannels_data()
 {
-    QCOMPARE(m_model.getChannelCount(), 8);
+    QTest::addColumn<int>("count");
+    for (const int count : {8, 2, 14, 32})
+        QTest::addRow("%d", count) << count;
+}
+
+// The meters' places stay where they are.
+void tst_HostModel::listsTheMemorysChannels()
+{
+    QFETCH(const int, count);
+    QCOMPARE(m_memory.setChannelCount(count), 0);
+    QCOMPARE(m_model.getChannelCount(), count);
     unsigned short attribute = 0;
     unsigned short channel = 99;
-    for (unsigned int position = 0; position < 8; ++position) {
-        m_model.getChannelEntry(&attribute, &channel, position);
+    for (int position = 0; position < count; ++position) {
+        m_model.getChannelEntry(&attribute, &channel, static_cast<unsigned int>(position));
         QCOMPARE(channel, position);
     }
     attribute = 77;
-    m_model.getChannelEntry(&attribute, &channel, 8);
+    m_model.getChannelEntry(&attribute, &channel, static_cast<unsigned int>(count));
     QCOMPARE(attribute, 77);
-    QCOMPARE(channel, 7);
+    QCOMPARE(channel, count - 1);
+    for (unsigned short meter = 0; meter < 2; ++meter) {
+        unsigned short base = 999;
+        unsigned short channels = 0;
+        QVERIFY(m_model.getMeterRange(&base, &channels, meter));
+        QCOMPARE(base, 64 * meter);
+        QCOMPARE(channels, count);
+    }
 }
 
 void tst_HostModel::findsAllParameters()
@@ -76,19 +97,14 @@ void tst_HostModel::refusesUnknownNames()
 
 void tst_HostModel::describesMeters()
 {
-    int expected = 0;
+    unsigned short expected = 0;
     for (const char* name : {"meter_oxa_snd", "meter_oxa_rtn"}) {
         unsigned short index = 999;
-        unsigned short base = 999;
-        unsigned short count = 0;
         QVERIFY(!m_model.findParameter(&index, name));
         QVERIFY(m_model.findMeter(&index, name));
-        QVERIFY(m_model.getMeterRange(&base, &count, index));
-        QCOMPARE(base, expected);
-        QCOMPARE(count, 8);
-        expected += 2 * count;
+        QCOMPARE(index, expected++);
     }
-    QCOMPARE(HostModel::meterWordCount, 32U);
+    QCOMPARE(HostModel::meterWordCount, 128U);
 }
 
 void tst_HostModel::refusesUnknownIndices()

@@ -103,10 +103,10 @@ void MixerMonkey::actOnWindows()
     if (choice <= 860)
         return windowEvent(window);
     static constexpr std::array acts = {
-        &MixerMonkey::panel,  &MixerMonkey::panel,      &MixerMonkey::editor,
-        &MixerMonkey::editor, &MixerMonkey::clipboard,  &MixerMonkey::audio,
-        &MixerMonkey::write,  &MixerMonkey::language,   &MixerMonkey::files,
-        &MixerMonkey::save,   &MixerMonkey::checkValues};
+        &MixerMonkey::panel,  &MixerMonkey::panel,     &MixerMonkey::editor,
+        &MixerMonkey::editor, &MixerMonkey::clipboard, &MixerMonkey::audio,
+        &MixerMonkey::write,  &MixerMonkey::language,  &MixerMonkey::files,
+        &MixerMonkey::save,   &MixerMonkey::channels,  &MixerMonkey::checkValues};
     (this->*acts[static_cast<std::size_t>(choice) % acts.size()])();
 }
 
@@ -227,9 +227,23 @@ void MixerMonkey::panel()
             dock);
 }
 
+void MixerMonkey::channels()
+{
+    const int count = 2 * m_dice.between(minChannelCount / 2, maxChannelCount / 2);
+    EventLog::add("channels", count);
+    m_program->mixer().mixerModel.chooseChannelCount(count);
+}
+
+// Now and then one that there may not be.
+int MixerMonkey::anyChannel()
+{
+    const int count = m_program->mixer().mixerModel.channelCount();
+    return m_dice.between(0, (m_dice.oneIn(8) ? maxChannelCount : count) - 1);
+}
+
 void MixerMonkey::editor()
 {
-    const int channel = m_dice.between(0, channelCount - 1);
+    const int channel = anyChannel();
     const int choice = m_dice.between(1, 6);
     EventLog::add("editor", choice, channel);
     if (choice <= 2) {
@@ -258,7 +272,7 @@ void MixerMonkey::clipboard()
     if (choice == 1)
         return board->setText(m_user.anyText());
     if (choice == 2)
-        return m_program->mixer().mixerModel.copyToClipboard(m_dice.between(0, channelCount - 1));
+        return m_program->mixer().mixerModel.copyToClipboard(anyChannel());
     if (choice == 3)
         return board->clear();
     if (!text.isEmpty())
@@ -285,7 +299,7 @@ void MixerMonkey::audio()
 
 void MixerMonkey::write()
 {
-    const auto channel = static_cast<unsigned short>(m_dice.between(0, channelCount - 1));
+    const auto channel = static_cast<unsigned short>(anyChannel());
     const int value = m_dice.anyInt();
     const int index = m_dice.between(0, static_cast<int>(parameterCount + stripParameterCount) - 1);
     EventLog::add("write", index, value);
@@ -294,7 +308,8 @@ void MixerMonkey::write()
     if (place < parameterCount)
         memory.setValue(parameterId(place), channel, value, 0, 0, 1);
     else
-        memory.setStrip(channel, static_cast<StripParameter>(place - parameterCount), value);
+        memory.setValue(stripId(static_cast<StripParameter>(place - parameterCount)), channel,
+                        value, 0, 0, 1);
 }
 
 void MixerMonkey::language()
@@ -335,7 +350,7 @@ void MixerMonkey::save()
 void MixerMonkey::checkValues()
 {
     const HostMemory& memory = m_program->mixer().memory;
-    for (int channel = 0; channel < channelCount; ++channel) {
+    for (int channel = 0; channel < maxChannelCount; ++channel) {
         for (std::size_t i = 0; i < parameterCount; ++i)
             check(parameterTable[i].allows(memory.values(channel)[i]), "a value beyond its range");
     }
@@ -351,7 +366,7 @@ void MixerMonkey::checkHistory()
     QUndoStack& stack = m_program->mixer().mixerModel.history().stack();
     const auto all = [&memory] {
         std::vector<HostMemory::Values> values;
-        for (int channel = 0; channel < channelCount; ++channel)
+        for (int channel = 0; channel < maxChannelCount; ++channel)
             values.push_back(memory.values(channel));
         return values;
     };

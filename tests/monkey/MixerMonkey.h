@@ -34,6 +34,8 @@ private:
     void menu();
     void windowEvent(QWidget* window);
     void panel();
+    void channels();
+    int anyChannel();
     void editor();
     void clipboard();
     void audio();

@@ -130,7 +130,8 @@ class PackageTest(unittest.TestCase):
         self.assertEqual(self.complete("--render"), ["--render"])
         self.assertEqual(self.complete("--mono", "--scr"), ["--screenshot"])
         self.assertEqual(self.complete("--language", ""), ["en", "de", "ja"])
-        self.assertEqual(self.complete("--channel", ""), list("01234567"))
+        self.assertEqual(self.complete("--channel", ""), [str(number) for number in range(32)])
+        self.assertEqual(self.complete("--channels", "1"), ["10", "12", "14", "16", "18"])
         self.assertEqual(self.complete("--device", ""), [])
         self.assertIn("fx_rackfx_prm_27=", self.complete("--set", "fx_rackfx_prm_2"))
         sounds = self.root / "sounds"

@@ -35,8 +35,8 @@ private:
 
 QByteArray tst_SavedState::componentState(const ChannelValues& values)
 {
-    HostModel model;
     HostMemory memory;
+    HostModel model{memory};
     memory.write(0, values);
     ZoltaComponent component;
     component.setModelInfo(&model);

@@ -135,7 +135,7 @@ Soak::Soak(const QString& library, std::uint32_t seed)
     m_window = std::make_unique<MixerWindow>(m_mixer, EditorSettings());
     m_mixer.mixerModel.setTransport(&m_session);
     m_window->show();
-    for (int channel = 0; channel < channelCount; ++channel) {
+    for (int channel = 0; channel < defaultChannelCount; ++channel) {
         m_mixer.memory.setStrip(channel, StripParameter::Stereo, 0);
         m_mixer.mixerModel.feed(channel, false);
         m_window->openEditor(channel, false);
@@ -220,7 +220,7 @@ Usage Soak::round()
 // steps fills the bounded cache of pictures with others, which would look like growth.
 void Soak::edit()
 {
-    const auto channel = static_cast<unsigned short>(random(channelCount));
+    const auto channel = static_cast<unsigned short>(random(defaultChannelCount));
     const unsigned short parameter =
         parameterId(static_cast<std::size_t>(random(static_cast<int>(parameterCount))));
     int minimum = 0;
@@ -272,7 +272,7 @@ void Soak::stopAndPlay()
 
 void Soak::reopenAnEditor()
 {
-    const int channel = random(channelCount);
+    const int channel = random(defaultChannelCount);
     m_window->openEditor(channel, false)->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     m_window->openEditor(channel, false);

@@ -81,8 +81,9 @@ public:
     /// meter two words, of which the editor shows the first.
     void meter(const std::array<int, 4>& levels)
     {
-        constexpr std::array<std::size_t, 4> places = {0, 2, 2 * channelCount,
-                                                       2 * channelCount + 2};
+        constexpr std::array<std::size_t, 4> places = {
+            HostModel::sendMeter, HostModel::sendMeter + 2, HostModel::returnMeter,
+            HostModel::returnMeter + 2};
         std::vector<int> words(HostModel::meterWordCount, -1270);
         for (std::size_t i = 0; i < places.size(); ++i)
             words[places[i]] = levels[i];
@@ -103,8 +104,8 @@ public:
     }
 
 private:
-    HostModel m_model;
     HostMemory m_memory;
+    HostModel m_model{m_memory};
     ZoltaEditor m_editor;
     double m_scale;
 };

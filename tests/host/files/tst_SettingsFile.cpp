@@ -153,8 +153,8 @@ void tst_SettingsFile::damagedFilesAreIgnoredAndKeptAside_data()
         "The file is not a settings file of version 1.");
     row("no channels", R"({"version": 1})", "The file has no channels.");
     row("channels are a list", R"({"version": 1, "channels": []})", "The file has no channels.");
-    row("channel beyond", R"({"version": 1, "channels": {"0": {"GraphZoom": 1}, "8": {}}})",
-        "\"8\" is not a channel with settings.");
+    row("channel beyond", R"({"version": 1, "channels": {"0": {"GraphZoom": 1}, "32": {}}})",
+        "\"32\" is not a channel with settings.");
     row("channel is no number", R"({"version": 1, "channels": {"one": {}}})",
         "\"one\" is not a channel with settings.");
     row("channel is no map", R"({"version": 1, "channels": {"1": 3}})",

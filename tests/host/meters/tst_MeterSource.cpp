@@ -127,7 +127,7 @@ std::vector<int> tst_MeterSource::channelsRead()
 // What an editor reads of a meter, the way it finds it.
 int tst_MeterSource::word(const char* meter, int channel) const
 {
-    HostModel model;
+    HostModel model(*m_memory);
     unsigned short index = 0;
     unsigned short base = 0;
     unsigned short count = 0;
@@ -173,23 +173,29 @@ void tst_MeterSource::readsOnlyWhatIsShown_data()
     QTest::newRow("the same twice") << QList<QPoint>{{0, 1}, {1, 0}} << std::vector<int>{0, 1};
     QTest::newRow("all") << QList<QPoint>{{0, 1}, {2, 3}, {4, 5}, {6, 7}}
                          << std::vector<int>{0, 1, 2, 3, 4, 5, 6, 7};
+    QTest::newRow("the last of 32")
+        << QList<QPoint>{{30, 31}, {1, -1}} << std::vector<int>{1, 30, 31};
 }
 
 // The other channels' meters stand at the bottom.
 void tst_MeterSource::readsOnlyWhatIsShown()
 {
     QFETCH(const QList<QPoint>, views);
-    QFETCH(const std::vector<int>, expected);
+    QFETCH(std::vector<int>, expected);
+    m_memory->setChannelCount(32);
     for (int i = 0; i < views.size(); ++i)
         show(i, {views[i].x(), views[i].y(), 48000});
     QCOMPARE(channelsRead(), expected);
     QCOMPARE(m_observer.updates, 1);
-    QCOMPARE(m_observer.words.size(), 32U);
-    for (int channel = 0; channel < 8; ++channel) {
+    QCOMPARE(m_observer.words.size(), 128U);
+    for (int channel = 0; channel < 32; ++channel) {
         const bool read = std::count(expected.begin(), expected.end(), channel) > 0;
         QCOMPARE(word("meter_oxa_snd", channel), read ? -channel : -1270);
         QCOMPARE(word("meter_oxa_rtn", channel), read ? -channel - 100 : -1270);
     }
+    m_memory->setChannelCount(2); // what is gone is not read, whoever shows it still
+    std::erase_if(expected, [](int channel) { return channel >= 2; });
+    QCOMPARE(channelsRead(), expected);
 }
 
 void tst_MeterSource::tellsTheProducerEverything()

@@ -32,7 +32,7 @@ private:
 
 void tst_LiveMix::moveEverything(int step)
 {
-    for (int channel = 0; channel < channelCount; ++channel) {
+    for (int channel = 0; channel < defaultChannelCount; ++channel) {
         const int n = step + channel;
         m_memory.setStrip(channel, StripParameter::Source, n % 3 == 0 ? SourceOff : SourceFile);
         m_memory.setStrip(channel, StripParameter::Stereo, n / 4 % 2);
@@ -54,7 +54,7 @@ void tst_LiveMix::moveEverything(int step)
 // A pair at 0 dB, a mono strip 30 dB and its equalizer 20 dB below, a muted one, and none else.
 void tst_LiveMix::settle()
 {
-    for (int channel = 0; channel < channelCount; ++channel) {
+    for (int channel = 0; channel < defaultChannelCount; ++channel) {
         m_mixerModel.auditions().setBypassed(channel, false);
         m_mixerModel.auditions().setBand(channel, noBand);
         m_memory.reset(channel);

@@ -43,6 +43,9 @@ private Q_SLOTS:
     void wrongClipboard();
     void everyValueComesBackFromText();
     void feedsOneStrip();
+    void numberOfChannelsIsAStep();
+    void channelsThatAreGoneSilenceNobody();
+    void undoFindsTheChannelsOfItsStep();
 
 private:
     HostMemory& memory() { return *m_memory; }
@@ -135,7 +138,7 @@ void tst_MixerModel::audible()
     for (const int ch : soloed)
         memory().setStrip(ch, StripParameter::Solo, 1);
     QList<int> found;
-    for (int ch = 0; ch < channelCount; ++ch) {
+    for (int ch = 0; ch < defaultChannelCount; ++ch) {
         if (m_mixerModel->isAudible(ch))
             found << ch;
     }
@@ -314,6 +317,58 @@ void tst_MixerModel::feedsOneStrip()
     memory().setStrip(0, StripParameter::Source, SourceInput1 + 7);
     m_mixerModel->feed(2, true);
     QCOMPARE(memory().strip(2, StripParameter::Source), int(SourceOff));
+}
+
+void tst_MixerModel::numberOfChannelsIsAStep()
+{
+    QSignalSpy spy(m_mixerModel.get(), &MixerModel::channelCountChanged);
+    for (const int count : {8, 32, 32, 2})
+        m_mixerModel->chooseChannelCount(count);
+    QCOMPARE(stack().count(), 2);
+    QCOMPARE(stack().undoText(), u"Number of Channels"_s);
+    stack().undo();
+    stack().undo();
+    stack().redo();
+    QCOMPARE(spy, (QList<QList<QVariant>>{{32}, {2}, {32}, {8}, {32}}));
+    m_mixerModel->setChannelCount(16); // as of a session
+    QCOMPARE(m_mixerModel->channelCount(), 16);
+    QCOMPARE(stack().count(), 2);
+}
+
+void tst_MixerModel::channelsThatAreGoneSilenceNobody()
+{
+    m_mixerModel->setChannelCount(16);
+    memory().setStrip(14, StripParameter::Solo, 1);
+    memory().setStrip(14, StripParameter::Source, SourceFile);
+    QVERIFY(!m_mixerModel->isAudible(0));
+    m_mixerModel->setChannelCount(14);
+    QVERIFY(m_mixerModel->isAudible(0));
+    m_mixerModel->feed(13, false); // there is no strip any more that plays the file
+    QCOMPARE(memory().strip(12, StripParameter::Source), int(SourceFile));
+    m_mixerModel->setChannelCount(16);
+    QVERIFY(!m_mixerModel->isAudible(0) && m_mixerModel->isAudible(15));
+}
+
+// An edit in a channel that is gone is undone after its channel has come back.
+void tst_MixerModel::undoFindsTheChannelsOfItsStep()
+{
+    m_mixerModel->chooseChannelCount(32);
+    put(31, lowGain, 30);
+    m_mixerModel->rename(31, u"Last"_s);
+    m_mixerModel->chooseChannelCount(8);
+    put(7, lowGain, -30);
+    stack().undo();
+    stack().undo();
+    QCOMPARE(m_mixerModel->channelCount(), 32);
+    QCOMPARE(gain(31), 30);
+    QCOMPARE(m_mixerModel->name(31), u"Last"_s);
+    stack().setIndex(0);
+    QCOMPARE(m_mixerModel->channelCount(), 8);
+    QCOMPARE(gain(31), 0);
+    stack().setIndex(5);
+    QCOMPARE(m_mixerModel->channelCount(), 8);
+    QCOMPARE(gain(31), 30);
+    QCOMPARE(gain(7), -30);
 }
 
 ZOLTA_TEST_MAIN(tst_MixerModel)

@@ -28,6 +28,8 @@ private Q_SLOTS:
     void masterHasTheLastWord();
     void muteAndSoloSilence();
     void inputsGoByNumber();
+    void everyChannelIsPublished_data();
+    void everyChannelIsPublished();
     void writesArriveTogetherWithTheEventLoop();
     void publishesAtOnceWhatChanged();
 
@@ -217,6 +219,34 @@ void tst_SettingsPublisher::inputsGoByNumber()
     set(0, StripParameter::Source, SourceInput1 + 1);
     QCOMPARE(play(inputs, true), (std::vector<Block>{steady(0.2F), steady(0.3F)}));
     QCOMPARE(play(inputs, false)[0], steady(0.0F));
+}
+
+void tst_SettingsPublisher::everyChannelIsPublished_data()
+{
+    QTest::addColumn<int>("count");
+    for (const int count : {2, 8, 32})
+        QTest::addRow("%d", count) << count;
+}
+
+void tst_SettingsPublisher::everyChannelIsPublished()
+{
+    QFETCH(const int, count);
+    for (int channel = 0; channel < maxChannelCount; channel += 2) {
+        set(channel, StripParameter::Source, SourceInput1 + channel);
+        set(channel, StripParameter::Solo, channel >= count ? 1 : 0); // of one that is gone
+    }
+    m_f->memory.setChannelCount(count);
+    float sum = 0.0F;
+    std::vector<float> inputs;
+    for (int input = 0; input < maxChannelCount; ++input) {
+        inputs.push_back(0.001F * float(input + 1));
+        sum += input % 2 == 0 && input < count ? inputs.back() : 0.0F;
+    }
+    QCOMPARE(play(inputs, true)[0].back(), sum);
+    m_f->memory.setChannelCount(2);
+    QCoreApplication::processEvents();
+    process(inputs); // the others are faded out
+    QCOMPARE(process(inputs)[0], steady(inputs[0]));
 }
 
 void tst_SettingsPublisher::writesArriveTogetherWithTheEventLoop()

@@ -176,15 +176,19 @@ void tst_Application::editorIsForAStrip_data()
     QTest::addColumn<int>("channel");
     QTest::addColumn<bool>("stereo");
     QTest::addColumn<QString>("width"); // of the pairs 0 + 1 and 4 + 5
-    const auto row = [](const char* words, int channel, bool stereo, const char* width) {
+    QTest::addColumn<int>("count");     // of all channels
+    const auto row = [](const char* words, int channel, bool stereo, const char* width,
+                        int count = 8) {
         QTest::newRow(words) << QString::fromLatin1(words).split(QLatin1Char(' ')) << channel
-                             << stereo << QString::fromLatin1(width);
+                             << stereo << QString::fromLatin1(width) << count;
     };
     row("--channel 0", 0, true, "Stereo Mono");
     row("--channel 1", 0, true, "Stereo Mono");
     row("--mono", 0, false, "Mono Mono");
     row("--channel 1 --mono", 1, false, "Mono Mono");
     row("--channel 5", 5, false, "Stereo Mono");
+    row("--channels 32 --channel 31", 30, true, "Stereo Mono", 32);
+    row("--channels 6 --channel 5", 5, false, "Stereo Mono", 6);
 }
 
 // What is set for a channel reaches what is heard of it.
@@ -215,6 +219,7 @@ void tst_Application::editorIsForAStrip()
         widths << QString::fromStdString(*formatStrip(StripParameter::Stereo, stereo));
     }
     QTEST(widths.join(QLatin1Char(' ')), "width");
+    QTEST(saved.channelCount, "count");
     QCOMPARE(saved.channels[static_cast<std::size_t>(channel)].equalizer[2], 60);
 }
 

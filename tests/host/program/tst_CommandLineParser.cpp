@@ -43,6 +43,7 @@ void tst_CommandLineParser::startsWithDefaults()
     const CommandLine line = parse(QString()).value();
     QCOMPARE(line.plugin, QString());
     QCOMPARE(line.editor.channel, 0);
+    QCOMPARE(line.channels, 0);
     QVERIFY(line.editor.stereo);
     QCOMPARE(line.editor.scale, 1.0);
     QCOMPARE(line.editor.sampleRate, 48000);
@@ -54,13 +55,15 @@ void tst_CommandLineParser::startsWithDefaults()
 void tst_CommandLineParser::readsEveryOption()
 {
     const Result<CommandLine> parsed =
-        parse(u"--plugin|p.so|--channel=5|--mono|--scale|1.5|--sample-rate|96000|--session|s.json|"
+        parse(u"--plugin|p.so|--channels|16|--channel=15|--mono|--scale|1.5|--sample-rate|96000|--"
+              u"session|s.json|"
               "--state|in.state|--set|fx_rackfx_prm_3=+3 dB|--meters|off|--language|ja|--list|"
               "--save-state|out.vstpreset|--screenshot|a.png"_s);
     QCOMPARE(parsed.error(), QString());
     const CommandLine& line = parsed.value();
     QCOMPARE(line.plugin, u"p.so"_s);
-    QCOMPARE(line.editor.channel, 5);
+    QCOMPARE(line.channels, 16);
+    QCOMPARE(line.editor.channel, 15);
     QVERIFY(!line.editor.stereo && line.wantsEditor && line.list && !line.help);
     QCOMPARE(line.editor.scale, 1.5);
     QCOMPARE(line.editor.sampleRate, 96000);
@@ -143,8 +146,10 @@ void tst_CommandLineParser::knowsWhatIsHeadless()
 void tst_CommandLineParser::acceptsTheEndsOfRanges()
 {
     for (const char* words :
-         {"--channel|0", "--channel|7", "--scale|0.5", "--scale|4", "--sample-rate|1000",
-          "--sample-rate|768000", "--set|fx_rackfx_prm_3=@-200", "--set|fx_rackfx_prm_3=@200",
+         {"--channel|0", "--channel|31", "--channel|31|--list|--session|s", "--channel|7|--list",
+          "--channels|2", "--channels|32|--channel|31", "--channels|10|--channel|9|--list",
+          "--scale|0.5", "--scale|4", "--sample-rate|1000", "--sample-rate|768000",
+          "--set|fx_rackfx_prm_3=@-200", "--set|fx_rackfx_prm_3=@200",
           "--set|fx_rackfx_prm_2=@1200", "--set|fx_rackfx_prm_2=99k", "--live|--block|16",
           "--live|--block|8192", "--live|--rate|1000", "--live|--rate|768000"})
         QCOMPARE(parse(QString::fromLatin1(words)).error(), QString());
@@ -164,7 +169,16 @@ void tst_CommandLineParser::refuses_data()
             row(QByteArray(option) + '|' + text,
                 QByteArray(option) + " must be " + range + ", not \"" + text + "\".");
     };
-    value("--channel", "a whole number from 0 to 7", {"8", "-1", "two", "1.0", "", "99999999999"});
+    value("--channel", "a whole number from 0 to 31",
+          {"32", "-1", "two", "1.0", "", "99999999999"});
+    value("--channels", "an even number from 2 to 32",
+          {"7", "0", "-2", "33", "34", "two", "8.0", "", "99999999999"});
+    row("--channels|4|--channel|4",
+        "--channel must be a whole number from 0 to 3, not \"4\": the mixer has 4 channels.");
+    row("--channel|8|--list",
+        "--channel must be a whole number from 0 to 7, not \"8\": the mixer has 8 channels.");
+    row("--desktop|--channels|4", "--desktop cannot be combined with --channels.");
+    row("--render|a.wav|b.wav|--channels|4", "--render cannot be combined with --channels.");
     value("--scale", "a number from 0.5 to 4", {"0.49", "4.01", "nan", "inf", "150%"});
     value("--sample-rate", "a whole number from 1000 to 768000", {"999", "768001", "44.1k"});
     row("--live|--rate|44.1k", "--rate must be a whole number from 1000 to 768000, not \"44.1k\".");
@@ -262,7 +276,7 @@ void tst_CommandLineParser::helpNamesEveryOption()
             ++count;
         }
     }
-    QCOMPARE(count, 26);
+    QCOMPARE(count, 27);
 }
 
 // Letters of Japanese take two columns of a terminal, and no line begins with a full stop.

@@ -392,6 +392,18 @@ void tst_zolta_host::headlessRunsListWhatIsHeardOfAChannel()
     QCOMPARE(rawValue(runWithPlugin("--list --channel 1 --mono --session", file), 3), u"-30"_s);
     QCOMPARE(TestFiles::read(file), bytes);
 
+    const QString big =
+        write(u"big.json"_s, R"({"zolta-session": 2, "mixer": {"channels": 16}, "channels": [)" +
+                                 QByteArray("{}, ").repeated(14) +
+                                 R"({"equalizer": {"Low gain": "+6.0"}}]})");
+    QCOMPARE(rawValue(runWithPlugin("--list --channel 15 --session", big), 3), u"60"_s);
+    QCOMPARE(rawValue(runWithPlugin("--list --channels 32 --channel 31 --session", big), 3),
+             u"0"_s);
+    const ProgramResult beyond = runWithPlugin("--list --channel 16 --session", big);
+    QCOMPARE(beyond.code, 1);
+    QCOMPARE(beyond.errors, u"zolta-host: --channel must be a whole number from 0 to 15, not "
+                            "\"16\": the mixer has 16 channels.\n"_s);
+
     const QString bad = write(u"bad.json"_s, "{}");
     const ProgramResult result = runWithPlugin("--list --session", bad);
     QCOMPARE(result.code, 1);

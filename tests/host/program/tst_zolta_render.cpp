@@ -165,6 +165,8 @@ void tst_zolta_render::saysWhatIsWrong_data()
         "The session nowhere.json cannot be read: No such file or directory.");
     row("in.wav out.wav --session bad.json",
         "The session bad.json is damaged. The file is not a session file.");
+    row("in.wav out.wav --session four.json --channel 4",
+        "--channel must be a whole number from 0 to 3, not \"4\": the mixer has 4 channels.");
     row("many.wav out.flac",
         "The sound file out.flac cannot be written: its format does not take 20 channels at 48000 "
         "Hz.");
@@ -195,6 +197,7 @@ void tst_zolta_render::saysWhatIsWrong()
     QVERIFY(QDir(m_folder->path()).mkdir(u"folder.wav"_s));
     SoundFiles::writeBytes(path("bad.state"), StateBytes::state().left(100));
     SoundFiles::writeBytes(path("bad.json"), "{}");
+    SoundFiles::writeBytes(path("four.json"), R"({"zolta-session": 2, "mixer": {"channels": 4}})");
     const ProgramResult result = run(QStringList(u"--render"_s) + words.split(QLatin1Char(' ')));
     QCOMPARE(result.errors, u"zolta-host: %1\n"_s.arg(expected));
     QCOMPARE(result.code, 1);

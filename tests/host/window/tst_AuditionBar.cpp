@@ -378,7 +378,7 @@ void tst_AuditionBar::nothingIsWantedOfOthers()
 {
     QTest::mouseClick(bypass(), Qt::LeftButton);
     press(u"button"_s);
-    for (int other = 0; other < channelCount; ++other)
+    for (int other = 0; other < defaultChannelCount; ++other)
         QCOMPARE(auditions().of(other), other == channel ? (Audition{true, true, 0}) : Audition());
     release(u"button"_s);
 }

@@ -158,10 +158,10 @@ void tst_EditorSession::loadsOnlyItsOwnChannel()
     const auto session = open(1);
     m_mixer.memory.write(1, scatteredValues());
     QCOMPARE(session->saveState(name).error(), QString());
-    for (int ch = 0; ch < channelCount; ++ch)
+    for (int ch = 0; ch < defaultChannelCount; ++ch)
         m_mixer.memory.reset(ch);
     QCOMPARE(session->loadState(name).error(), QString());
-    for (int ch = 0; ch < channelCount; ++ch)
+    for (int ch = 0; ch < defaultChannelCount; ++ch)
         QCOMPARE(m_mixer.memory.values(ch), ch == 1 ? scatteredValues() : HostMemory().values(ch));
     m_mixer.memory.reset(1);
 }
@@ -181,12 +181,12 @@ void tst_EditorSession::badFilesChangeNothing()
     QFETCH(const QByteArray, bytes);
     const QString file = TestFiles::write(path("bad.state"), bytes);
     const auto session = open();
-    for (int ch = 0; ch < channelCount; ++ch)
+    for (int ch = 0; ch < defaultChannelCount; ++ch)
         m_mixer.memory.write(ch, scatteredValues());
     calls();
     const QString error = session->loadState(file).error();
     QVERIFY2(error.startsWith(u"The state file %1 "_s.arg(file)), qPrintable(error));
-    for (int ch = 0; ch < channelCount; ++ch)
+    for (int ch = 0; ch < defaultChannelCount; ++ch)
         QCOMPARE(m_mixer.memory.values(ch), scatteredValues());
     QCOMPARE(calls(), QStringList());
 }
@@ -227,12 +227,12 @@ void tst_EditorSession::pictureIsTheEditor()
 void tst_EditorSession::editorsFindTheirMapsAgain()
 {
     const auto mapOf = [](int channel) { return QVariantMap{{u"GraphZoom"_s, channel}}; };
-    for (int channel = 0; channel < channelCount; ++channel) {
+    for (int channel = 0; channel < defaultChannelCount; ++channel) {
         const auto session = open(channel);
         QVERIFY(!calls().contains(u"setEditorSettings"_s));
         editor()->setProperty("settings", mapOf(channel));
     }
-    for (int channel = 0; channel < channelCount; ++channel) {
+    for (int channel = 0; channel < defaultChannelCount; ++channel) {
         auto session = open(channel);
         QCOMPARE(editor()->property("settings").toMap(), mapOf(channel));
         editor()->setProperty("settings", QVariant());
@@ -275,7 +275,7 @@ void tst_EditorSession::readsTheMetersOfItsChannels()
     session->setStereo(stereo);
     QTEST(metersRead(m_mixer), "expected");
     m_mixer.meters.advance(0.1);
-    QCOMPARE(editor()->property("meters").toList().size(), 32);
+    QCOMPARE(editor()->property("meters").toList().size(), 128);
 }
 
 ZOLTA_TEST_MAIN(tst_EditorSession)

@@ -116,7 +116,7 @@ void tst_EditorWindow::cleanup()
 {
     m_window.reset();
     m_mixer.language.choose(Language::English);
-    for (int ch = 0; ch < channelCount; ++ch) {
+    for (int ch = 0; ch < defaultChannelCount; ++ch) {
         m_mixer.memory.reset(ch);
         m_mixer.memory.setStrip(ch, StripParameter::Stereo, 1);
     }

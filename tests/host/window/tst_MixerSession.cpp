@@ -53,7 +53,10 @@ class tst_MixerSession : public TestObject
 private Q_SLOTS:
     void init();
     void cleanup();
+    void everythingComesBack_data();
     void everythingComesBack();
+    void onlyOtherCountsAreWritten();
+    void channelsOfAnotherSessionAreForgotten();
     void windowsComeBack();
     void historyIsEmptyAfterwards();
     void lastWindowSaves();
@@ -111,15 +114,26 @@ bool tst_MixerSession::isMeasured(const EditorWindow* editor)
     return editor->findChild<ResponseView*>()->isVisible();
 }
 
+void tst_MixerSession::everythingComesBack_data()
+{
+    QTest::addColumn<int>("count");
+    for (const int count : {2, 8, 32})
+        QTest::addRow("%d channels", count) << count;
+}
+
 void tst_MixerSession::everythingComesBack()
 {
+    QFETCH(const int, count);
+    const int last = count - 1;
+    m_mixer->mixerModel.setChannelCount(count);
     auto session = std::make_unique<MixerSession>(*m_mixer);
     QVERIFY(session->save()); // nowhere yet
     QCOMPARE(session->open(m_file).error(), QString());
+    m_mixer->mixerModel.setChannelCount(count);
     QCOMPARE(m_mixer->memory.values(0), HostMemory().values(0));
     QVERIFY(!QFile::exists(m_file));
-    HostMemory::Values values[channelCount];
-    for (int ch = 0; ch < channelCount; ++ch) {
+    HostMemory::Values values[maxChannelCount];
+    for (int ch = 0; ch < count; ++ch) {
         m_mixer->mixerModel.setName(ch, u"Name \"%1\" \u97f3"_s.arg(ch));
         for (std::size_t i = 0; i < stripParameterCount; ++i) {
             const int steps = stripTable[i].maximum + 1;
@@ -133,7 +147,7 @@ void tst_MixerSession::everythingComesBack()
         m_mixer->memory.write(ch, values[ch]);
         m_mixer->settings.keep(ch, {{u"GraphZoom"_s, ch}});
     }
-    m_mixer->mixerModel.compare().choose(3, true);
+    m_mixer->mixerModel.compare().choose(last, true);
     AnalyzerSettings spectra;
     spectra.order = AnalyzerSettings::smallestOrder;
     spectra.peaks = true;
@@ -144,19 +158,57 @@ void tst_MixerSession::everythingComesBack()
     Mixer fresh;
     MixerSession restored(fresh);
     QCOMPARE(restored.open(m_file).error(), QString());
-    for (int ch = 0; ch < channelCount; ++ch) {
+    QCOMPARE(fresh.mixerModel.channelCount(), count);
+    QCOMPARE(saved()[u"channels"_s].toArray().size(), count);
+    for (int ch = 0; ch < count; ++ch) {
         QCOMPARE(fresh.mixerModel.name(ch), m_mixer->mixerModel.name(ch));
         QCOMPARE(fresh.memory.values(ch), m_mixer->memory.values(ch));
         for (std::size_t i = 0; i < stripParameterCount; ++i)
             QCOMPARE(fresh.memory.strip(ch, static_cast<StripParameter>(i)),
                      m_mixer->memory.strip(ch, static_cast<StripParameter>(i)));
         QCOMPARE(fresh.settings.map(ch).value(u"GraphZoom"_s).toInt(), ch);
-        QCOMPARE(fresh.mixerModel.compare().isB(ch), ch == 3);
+        QCOMPARE(fresh.mixerModel.compare().isB(ch), ch == last);
     }
     QCOMPARE(fresh.analyzer.settings(), spectra);
-    QCOMPARE(fresh.memory.values(3), HostMemory().values(3));
-    fresh.mixerModel.compare().choose(3, false);
-    QCOMPARE(fresh.memory.values(3), values[3]);
+    QCOMPARE(fresh.memory.values(last), HostMemory().values(last));
+    fresh.mixerModel.compare().choose(last, false);
+    QCOMPARE(fresh.memory.values(last), values[last]);
+}
+
+// Earlier programs, which know 8 channels, leave sessions with others alone.
+void tst_MixerSession::onlyOtherCountsAreWritten()
+{
+    MixerSession session(*m_mixer);
+    QCOMPARE(session.open(m_file).error(), QString());
+    const auto written = [&](int count) {
+        m_mixer->mixerModel.setChannelCount(count);
+        return session.save() ? std::pair(saved()[u"zolta-session"_s].toInt(),
+                                          saved()[u"mixer"_s][u"channels"_s].toInt(-1))
+                              : std::pair(0, 0);
+    };
+    QCOMPARE(written(8), std::pair(1, -1));
+    QCOMPARE(written(16), std::pair(2, 16));
+    QCOMPARE(written(2), std::pair(2, 2));
+    QCOMPARE(written(8), std::pair(1, -1));
+}
+
+// Those that a smaller session hides do not come back with the values of the one before.
+void tst_MixerSession::channelsOfAnotherSessionAreForgotten()
+{
+    m_mixer->mixerModel.setChannelCount(32);
+    m_mixer->mixerModel.setName(31, u"Old"_s);
+    m_mixer->memory.setStrip(31, StripParameter::Mute, 1);
+    m_mixer->memory.write(31, HostMemory::Values{});
+    m_mixer->mixerModel.compare().choose(31, true);
+    TestFiles::write(m_file, R"({"zolta-session": 2, "mixer": {"channels": 4}})");
+    MixerSession session(*m_mixer);
+    QCOMPARE(session.open(m_file).error(), QString());
+    QCOMPARE(m_mixer->mixerModel.channelCount(), 4);
+    m_mixer->mixerModel.setChannelCount(32);
+    QCOMPARE(m_mixer->mixerModel.name(31), QString());
+    QCOMPARE(m_mixer->memory.strip(31, StripParameter::Mute), 0);
+    QCOMPARE(m_mixer->memory.values(31), HostMemory().values(0));
+    QVERIFY(!m_mixer->mixerModel.compare().isB(31));
 }
 
 void tst_MixerSession::windowsComeBack()
@@ -300,6 +352,20 @@ void tst_MixerSession::damagedFileIsKeptAside_data()
     part("channels", R"("channels": 3)", "channels must be a list.");
     part("nine channels", R"("channels": [{},{},{},{},{},{},{},{},{}])",
          "channels has 9 entries, but the mixer has 8 channels.");
+    const auto count = [&part](const char* number, const char* reason) {
+        part(number, R"("mixer": {"channels": )"_ba + number + "}", reason);
+    };
+    count("0", "mixer.channels is 0, but must be between 2 and 32.");
+    count("34", "mixer.channels is 34, but must be between 2 and 32.");
+    count("-1e99", "mixer.channels is -1e+99, but must be between 2 and 32.");
+    count("7", "mixer.channels is 7, but must be an even number.");
+    count("8.5", "mixer.channels is 8.5, but must be an even number.");
+    count("\"8\"", "mixer.channels must be a number.");
+    part("three of two channels", R"("mixer": {"channels": 2}, "channels": [{},{},{}])",
+         "channels has 3 entries, but the mixer has 2 channels.");
+    part("editor of a channel too many",
+         R"("mixer": {"channels": 16}, "editors": [{"channel": 16}])",
+         "editors[0].channel is 16, but must be between 0 and 15.");
     part("channel", R"("channels": [{}, []])", "channels[1] must be an object.");
     part("name", R"("channels": [{"name": 3}])", "channels[0].name must be text.");
     part("strip", R"("channels": [{"strip": "x"}])", "channels[0].strip must be an object.");
@@ -343,7 +409,7 @@ void tst_MixerSession::damagedFileIsKeptAside()
     QVERIFY2(error.contains(reason), qPrintable(error));
     QVERIFY(!QFile::exists(m_file));
     QCOMPARE(TestFiles::read(m_file + u".damaged"_s), bytes);
-    for (int ch = 0; ch < channelCount; ++ch)
+    for (int ch = 0; ch < defaultChannelCount; ++ch)
         QCOMPARE(m_mixer->memory.values(ch), HostMemory().values(ch));
     QVERIFY(session.save());
     QVERIFY(QFile::exists(m_file));
@@ -373,11 +439,11 @@ void tst_MixerSession::folderIsLeftAlone()
 
 void tst_MixerSession::laterVersionIsLeftAlone()
 {
-    const QByteArray bytes = "{\"zolta-session\": 2, \"channels\": 8}";
+    const QByteArray bytes = "{\"zolta-session\": 3, \"channels\": 8}";
     TestFiles::write(m_file, bytes);
     MixerSession session(*m_mixer);
     QCOMPARE(session.open(m_file).error(),
-             u"The session %1 cannot be read. The file has version 2, which this "
+             u"The session %1 cannot be read. The file has version 3, which this "
              "program does not know. The file is left alone, and nothing will be "
              "saved."_s.arg(QDir::toNativeSeparators(m_file)));
     m_mixer->mixerModel.setName(0, u"New"_s);

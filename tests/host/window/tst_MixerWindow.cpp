@@ -169,7 +169,7 @@ void tst_MixerWindow::sendMeters(int channel, int send, int returned)
 
 void tst_MixerWindow::pairsShowOneStrip()
 {
-    for (int ch = 0; ch < channelCount; ++ch) {
+    for (int ch = 0; ch < defaultChannelCount; ++ch) {
         QCOMPARE(strip(ch)->isVisible(), ch % 2 == 0);
         QCOMPARE(strip(ch)->findChildren<PeakMeterController*>().size(), 2);
     }
@@ -325,7 +325,7 @@ void tst_MixerWindow::everyControlHasAName()
         QVERIFY2(!widget->accessibleName().isEmpty(), widget->metaObject()->className());
         names << widget->accessibleName();
     }
-    QCOMPARE(names.size(), channelCount * 15 + 16);
+    QCOMPARE(names.size(), defaultChannelCount * 15 + 16);
 }
 
 void tst_MixerWindow::namesFollowTheChannel()
@@ -597,13 +597,13 @@ void tst_MixerWindow::masterIsOperated()
 
 void tst_MixerWindow::metersRunWhileSomethingShows()
 {
-    QCOMPARE(metersRead(*m_mixer).size(), channelCount);
+    QCOMPARE(metersRead(*m_mixer).size(), defaultChannelCount);
     m_window->hide();
     QCOMPARE(metersRead(*m_mixer), QList<int>());
     QVERIFY(!m_mixer->memory.meters().hasObservers());
     m_window->show();
     QVERIFY(m_mixer->memory.meters().hasObservers());
-    QCOMPARE(metersRead(*m_mixer).size(), channelCount);
+    QCOMPARE(metersRead(*m_mixer).size(), defaultChannelCount);
 }
 
 void tst_MixerWindow::windowsStandSideBySide_data()
