@@ -13,6 +13,7 @@
 #include <pluginterfaces/base/smartpointer.h>
 #include <pluginterfaces/vst/ivstaudioprocessor.h>
 #include <pluginterfaces/vst/ivstcomponent.h>
+#include <pluginterfaces/vst/ivstparameterchanges.h>
 
 #include <algorithm>
 #include <array>
@@ -128,6 +129,25 @@ private:
     std::array<unsigned char, stateSize> m_bytes;
 };
 
+/// A workstation that takes what the processor tells, and one queue for all of it.
+class Told final : public Vst::IParameterChanges, public Vst::IParamValueQueue
+{
+public:
+    tresult PLUGIN_API queryInterface(const TUID, void**) override { return kNoInterface; }
+    uint32 PLUGIN_API addRef() override { return 1; }
+    uint32 PLUGIN_API release() override { return 1; }
+    int32 PLUGIN_API getParameterCount() override { return 0; }
+    IParamValueQueue* PLUGIN_API getParameterData(int32) override { return nullptr; }
+    IParamValueQueue* PLUGIN_API addParameterData(const Vst::ParamID&, int32&) override
+    {
+        return this;
+    }
+    Vst::ParamID PLUGIN_API getParameterId() override { return 0; }
+    int32 PLUGIN_API getPointCount() override { return 0; }
+    tresult PLUGIN_API getPoint(int32, int32&, Vst::ParamValue&) override { return kResultFalse; }
+    tresult PLUGIN_API addPoint(int32, Vst::ParamValue, int32&) override { return kResultOk; }
+};
+
 IPtr<Vst::IComponent> createComponent()
 {
     const auto factory = symbolIn<IPluginFactory* (*)()>(ZOLTA_VST3_LIBRARY, "GetPluginFactory")();
@@ -154,7 +174,9 @@ void vst3Process(benchmark::State& state)
     buses[0].numChannels = buses[1].numChannels = 2;
     buses[0].channelBuffers32 = in.data();
     buses[1].channelBuffers32 = out.data();
+    Told told;
     Vst::ProcessData data;
+    data.inputParameterChanges = data.outputParameterChanges = &told;
     data.numSamples = blockLength;
     data.numInputs = data.numOutputs = 1;
     data.inputs = &buses[0];

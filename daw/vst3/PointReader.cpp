@@ -19,13 +19,6 @@ PointReader::PointReader(Vst::IParameterChanges* changes)
     }
 }
 
-std::optional<int32> PointReader::nextOffset() const
-{
-    if (m_count == 0)
-        return std::nullopt;
-    return m_cursors[first()].point.offset;
-}
-
 PointReader::Point PointReader::take()
 {
     Cursor* cursor = &m_cursors[first()];

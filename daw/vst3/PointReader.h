@@ -27,7 +27,10 @@ public:
     explicit PointReader(Steinberg::Vst::IParameterChanges* changes);
 
     /// The place of the next point; nothing behind the last one.
-    std::optional<Steinberg::int32> nextOffset() const;
+    std::optional<Steinberg::int32> nextOffset() const
+    {
+        return m_count > 0 ? std::optional(m_cursors[first()].point.offset) : std::nullopt;
+    }
     /// Takes the next point; only where there is one.
     Point take();
 

@@ -194,9 +194,11 @@ tresult PLUGIN_API Vst3Processor::process(Vst::ProcessData& data)
         processPart(data, done, end);
         done = end;
     } while (done < data.numSamples);
-    while (points.nextOffset())
-        apply(points.take());
-    applyState();
+    if (points.nextOffset()) {
+        while (points.nextOffset())
+            apply(points.take());
+        applyState();
+    }
     publish(data.outputParameterChanges);
     return kResultOk;
 }
@@ -303,6 +305,8 @@ void Vst3Processor::publish(Vst::IParameterChanges* changes)
         m_published = m_current;
         m_inForce.publish(m_current);
     }
+    if (!changes)
+        return;
     tell(changes, ParameterList::latencyId, m_processor.latency());
     tell(changes, ParameterList::sampleRateId, static_cast<int>(m_sampleRate));
     tell(changes, ParameterList::channelCountId, static_cast<int>(m_processor.channelCount()));
@@ -316,7 +320,7 @@ void Vst3Processor::publish(Vst::IParameterChanges* changes)
 void Vst3Processor::tell(Vst::IParameterChanges* changes, Vst::ParamID id, int value)
 {
     int& told = m_told[id - ParameterList::latencyId];
-    if (!changes || told == value)
+    if (told == value)
         return;
     int32 index = 0;
     Vst::IParamValueQueue* queue = changes->addParameterData(id, index);
