@@ -126,7 +126,9 @@ void HostStyle::drawComplexControl(ComplexControl control, const QStyleOptionCom
     const bool hovered = enabled && option->state & State_MouseOver;
     drawFrame(*painter, option->rect, option->state & State_HasFocus ? MixerStyle::accent : edge,
               hovered ? HostGrounds::hovered : HostGrounds::button, choiceRadius);
-    QStyleOption arrow = *option;
+    QStyleOption arrow;
+    arrow.state = option->state;
+    arrow.palette = option->palette;
     arrow.rect = proxy()->subControlRect(control, option, SC_ComboBoxArrow, widget);
     proxy()->drawPrimitive(PE_IndicatorArrowDown, &arrow, painter, widget);
 }
