@@ -22,6 +22,7 @@ private Q_SLOTS:
     void metersReadTheirPoints();
     void metersClampAndPack();
     void resetClearsTheSignal();
+    void channelsThatAreLeftOutStayAsTheyAre();
 
 private:
     static constexpr std::size_t length = 480;
@@ -195,6 +196,27 @@ void tst_AudioEngine::resetClearsTheSignal()
     blocks = blocksOf(Block(length, 0.0));
     process(mixer.get(), &blocks);
     QCOMPARE(blocks[0], Block(length, 0.0));
+}
+
+// Until they are reset, one by one.
+void tst_AudioEngine::channelsThatAreLeftOutStayAsTheyAre()
+{
+    const auto mixer = engine();
+    auto blocks = blocksOf(Block(length, 0.5));
+    process(mixer.get(), &blocks);
+    mixer->publish(2, valuesFrom(QStringLiteral("26=200")));
+    for (int i = 0; i < 20; ++i) {
+        Block zeros(length, 0.0);
+        mixer->process(std::array<double*, 2>{zeros.data(), nullptr}, length);
+    }
+    QVERIFY(mixer->levels(0).send < -60 && mixer->levels(1).send < -60);
+    QCOMPARE(mixer->levels(2).send, -60);
+    mixer->reset(2);
+    QCOMPARE(mixer->levels(2).send, MeterLevels::lowest);
+    QCOMPARE(mixer->levels(3).send, -60);
+    blocks = blocksOf(Block(length, 0.01));
+    process(mixer.get(), &blocks);
+    COMPARE_NEAR(blocks[2].front(), 0.1, 1e-12); // at once
 }
 
 QTEST_APPLESS_MAIN(tst_AudioEngine)

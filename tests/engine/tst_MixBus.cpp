@@ -40,6 +40,8 @@ private Q_SLOTS:
     void channelsComeAndGoWithoutClicks_data();
     void channelsComeAndGoWithoutClicks();
     void channelThatComesBackBeginsAnew();
+    void stripThatRestedIsInStep_data();
+    void stripThatRestedIsInStep();
     void trapsAreSet();
     void neitherAllocatesNorLocks();
 
@@ -460,6 +462,29 @@ void tst_MixBus::channelThatComesBackBeginsAnew()
     setCount(10);
     QCOMPARE(play({Samples(2 * rampLength, 0.0F)})[0], Samples(2 * rampLength, 0.0F));
     QCOMPARE(play({Samples(300, 0.5F)})[0], Samples(300, 0.5F));
+}
+
+void tst_MixBus::stripThatRestedIsInStep_data()
+{
+    QTest::addColumn<QString>("settings"); // of another strip
+    QTest::newRow("clean") << QString();
+    QTest::newRow("held back") << QStringLiteral("27=1");
+}
+
+// A strip whose input was missing goes on as one whose input was silent.
+void tst_MixBus::stripThatRestedIsInStep()
+{
+    QFETCH(const QString, settings);
+    const auto heard = [&](std::size_t inputs) {
+        m_bus = std::make_unique<MixBus>();
+        m_bus->publish(4, valuesFrom(settings));
+        setStrip(4, {{MixBus::Source::Input, 0}, 0.0, 0.0});
+        setStrip(0, {{MixBus::Source::Input, 3}, 1.0, 0.5});
+        m_bus->prepare(rate, true);
+        play(std::vector<Samples>(inputs, Samples(2000, 0.0F)), 64);
+        return play(std::vector<Samples>(4, tone(2000)), 64);
+    };
+    QCOMPARE(heard(1), heard(4));
 }
 
 void tst_MixBus::trapsAreSet()
