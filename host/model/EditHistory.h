@@ -79,7 +79,10 @@ public:
     EditHistory(const EditHistory&) = delete;
     EditHistory& operator=(const EditHistory&) = delete;
 
+    /// To be moved along only while no Step lives, whose changes it does not know yet.
     QUndoStack& stack() { return m_stack; }
+    /// Whether a Step lives.
+    bool isInStep() const { return m_collecting; }
     /// Whether the user holds a mouse button, or has just let go of it.
     bool isDragging() const { return m_gestures.kind() == GestureWatch::Mouse; }
     /// Removes all steps.

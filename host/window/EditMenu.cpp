@@ -28,17 +28,26 @@ EditMenu::EditMenu(QMenu* menu, MixerModel& mixerModel, std::function<int()> cha
 
 void EditMenu::addHistory(QMenu* menu, Retranslator& retranslator)
 {
+    const EditHistory& history = m_mixerModel.history();
     QUndoStack* stack = &m_mixerModel.history().stack();
     QAction* undo = retranslator.action(
         menu, [stack] { return undoText(stack->undoText()); }, QKeySequence(Qt::CTRL | Qt::Key_Z),
-        stack, &QUndoStack::undo);
+        stack,
+        [&history, stack] {
+            if (!history.isInStep())
+                stack->undo();
+        });
     undo->setEnabled(stack->canUndo());
     connect(stack, &QUndoStack::canUndoChanged, undo, &QAction::setEnabled);
     connect(stack, &QUndoStack::undoTextChanged, undo,
             [undo](const QString& step) { undo->setText(undoText(step)); });
     QAction* redo = retranslator.action(
         menu, [stack] { return redoText(stack->redoText()); },
-        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), stack, &QUndoStack::redo);
+        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), stack,
+        [&history, stack] {
+            if (!history.isInStep())
+                stack->redo();
+        });
     redo->setEnabled(stack->canRedo());
     connect(stack, &QUndoStack::canRedoChanged, redo, &QAction::setEnabled);
     connect(stack, &QUndoStack::redoTextChanged, redo,

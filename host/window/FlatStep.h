@@ -26,8 +26,6 @@ private Q_SLOTS:
     void end();
 
 private:
-    void begin();
-
     EditHistory& m_history;
     std::optional<EditHistory::Step> m_step;
 };

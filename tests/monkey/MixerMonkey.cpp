@@ -354,7 +354,8 @@ void MixerMonkey::checkValues()
         for (std::size_t i = 0; i < parameterCount; ++i)
             check(parameterTable[i].allows(memory.values(channel)[i]), "a value beyond its range");
     }
-    if (MonkeyRun::depth() <= 1 && !m_user.isHolding())
+    if (MonkeyRun::depth() <= 1 && !m_user.isHolding() &&
+        !m_program->mixer().mixerModel.history().isInStep())
         checkHistory();
 }
 

@@ -37,6 +37,8 @@ private Q_SLOTS:
     void panelsWordsFit();
     void flatIsOneStep_data();
     void flatIsOneStep();
+    void onlyAPressOfFlatIsItsStep();
+    void undoWaitsForFlat();
 
 private:
     void hover(const QWidget* control) const;
@@ -294,6 +296,37 @@ void tst_EditorGuidance::flatIsOneStep()
     QVERIFY(WindowTesting::actionOf(m_editor, u"Undo Flat"_s)->isEnabled());
     history.undo();
     QCOMPARE(m_mixer.memory.values(0), before);
+}
+
+void tst_EditorGuidance::onlyAPressOfFlatIsItsStep()
+{
+    auto* button = m_editor->findChild<QWidget*>(u"m_pFlatButton"_s);
+    button->setFocus(Qt::TabFocusReason);
+    m_mixer.memory.reset(0);
+    QUndoStack& history = m_mixer.mixerModel.history().stack();
+    history.clear();
+    QTest::keyPress(button, Qt::Key_K);
+    setValue(25, -50);
+    QCOMPARE(history.count(), 1);
+    QVERIFY(WindowTesting::actionOf(m_editor, u"Undo Input level"_s)->isEnabled());
+    QTest::keyRelease(button, Qt::Key_K);
+}
+
+void tst_EditorGuidance::undoWaitsForFlat()
+{
+    auto* button = m_editor->findChild<QWidget*>(u"m_pFlatButton"_s);
+    button->setFocus(Qt::TabFocusReason);
+    m_mixer.memory.reset(0);
+    setValue(3, 50);
+    QAction* undo = WindowTesting::actionOf(m_editor, u"Undo Low gain"_s);
+    QVERIFY(undo->isEnabled());
+    QTest::keyPress(button, Qt::Key_Space);
+    QCOMPARE(m_mixer.memory.values(0)[2], 0);
+    undo->trigger();
+    QCOMPARE(m_mixer.memory.values(0)[2], 0);
+    QTest::keyRelease(button, Qt::Key_Space);
+    undo->trigger();
+    QCOMPARE(m_mixer.memory.values(0)[2], 50);
 }
 
 ZOLTA_TEST_MAIN(tst_EditorGuidance)
