@@ -23,9 +23,8 @@
 ///
 /// Levels and routes change without clicks; a new route is faded in once the old one is out. So are
 /// channels that come; one that goes is faded out before it is left out, and costs nothing then.
-/// While
-/// the drive of one strip delays it, the others are held back as much, so that strips of the same
-/// sound stay in step.
+/// While the drive of one strip delays it, the others are held back as much, so that strips of the
+/// same sound stay in step.
 class MixBus
 {
 public:
