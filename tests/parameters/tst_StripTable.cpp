@@ -161,7 +161,7 @@ void tst_StripTable::nonsenseIsNoValue_data()
     QTest::newRow("side alone") << balance << "L"_ba;
     QTest::newRow("no side") << balance << "30"_ba;
     QTest::newRow("two signs") << balance << "L-3"_ba;
-    QTest::newRow("source") << static_cast<int>(StripParameter::Source) << "Input 9"_ba;
+    QTest::newRow("source") << static_cast<int>(StripParameter::Source) << "Input 33"_ba;
 }
 
 void tst_StripTable::nonsenseIsNoValue()
