@@ -14,11 +14,9 @@ namespace {
 
 QString preferenceOf(const QString& kind) { return QStringLiteral("folder.") + kind; }
 
-QString startOf(const SettingsFile& settings, const FileDialogs::Question& question)
+QString folderOf(const SettingsFile& settings, const FileDialogs::Question& question)
 {
-    const QString folder =
-        settings.preference(preferenceOf(question.kind), QDir::homePath()).toString();
-    return question.name.isEmpty() ? folder : folder + QLatin1Char('/') + question.name;
+    return settings.preference(preferenceOf(question.kind), QDir::homePath()).toString();
 }
 
 QString kept(SettingsFile& settings, const QString& kind, const QString& file)
@@ -40,28 +38,51 @@ bool mayReplace(QWidget* parent, const QString& title, const QString& file)
                               text(QT_TRANSLATE_NOOP("FileDialogs", "Replace")));
 }
 
+struct Choice
+{
+    QString folder;
+    QString name; // of the file; complete once it is chosen
+    QString filter;
+};
+
+// Qt's own functions have the dialog on the stack, where its parent would delete it.
+bool choose(QWidget* parent, const FileDialogs::Question& question, QFileDialog::AcceptMode mode,
+            Choice* choice)
+{
+    const QPointer<QFileDialog> dialog =
+        new QFileDialog(parent, question.title, choice->folder, question.filter);
+    dialog->setAcceptMode(mode);
+    dialog->setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile
+                                                        : QFileDialog::AnyFile);
+    dialog->setOption(QFileDialog::DontConfirmOverwrite); // would not know the complete name
+    dialog->selectFile(choice->name);
+    const bool accepted = dialog->exec() == QDialog::Accepted && dialog;
+    if (accepted)
+        *choice = {choice->folder, dialog->selectedFiles().value(0), dialog->selectedNameFilter()};
+    delete dialog;
+    return accepted && !choice->name.isEmpty();
+}
+
 } // namespace
 
 QString FileDialogs::open(QWidget* parent, SettingsFile& settings, const Question& question)
 {
-    return kept(settings, question.kind,
-                QFileDialog::getOpenFileName(parent, question.title, startOf(settings, question),
-                                             question.filter));
+    Choice choice{folderOf(settings, question), question.name, {}};
+    const bool chosen = choose(parent, question, QFileDialog::AcceptOpen, &choice);
+    return chosen ? kept(settings, question.kind, choice.name) : QString();
 }
 
-// The dialog's own question would not know the complete name.
 QString FileDialogs::save(QWidget* parent, SettingsFile& settings, const Question& question)
 {
     const QPointer<QWidget> guard = parent;
-    QString file = startOf(settings, question);
-    while (guard) {
-        QString filter;
-        file = QFileDialog::getSaveFileName(parent, question.title, file, question.filter, &filter,
-                                            QFileDialog::DontConfirmOverwrite);
-        if (!file.isEmpty() && question.complete)
-            file = question.complete(file, filter);
-        if (file.isEmpty() || mayReplace(parent, question.title, file))
+    Choice choice{folderOf(settings, question), question.name, {}};
+    while (guard && choose(parent, question, QFileDialog::AcceptSave, &choice)) {
+        const QString file =
+            question.complete ? question.complete(choice.name, choice.filter) : choice.name;
+        if (mayReplace(parent, question.title, file))
             return kept(settings, question.kind, file);
+        const QFileInfo refused(file);
+        choice = {refused.path(), refused.fileName(), {}};
     }
     return {};
 }

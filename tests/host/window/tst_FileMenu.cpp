@@ -21,6 +21,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QPointer>
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -46,6 +47,7 @@ private Q_SLOTS:
     void openedFileIsHeard();
     void recentFilesComeBack();
     void dialogsOpenWhereTheLastFileWas();
+    void dialogsGoWithTheirWindow();
     void spacePlaysAndStops();
     void spacePressesTheKeyThatTabLedTo();
     void transportMenuDrives();
@@ -215,6 +217,21 @@ void tst_FileMenu::dialogsOpenWhereTheLastFileWas()
     actionOf(m_window->openEditor(0, true), u"Open Audio..."_s)->trigger();
     QCOMPARE(folder, m_folder->filePath(u"songs"_s));
     QCOMPARE(m_mixer->settings.preference(u"folder.state"_s), QVariant()); // of other files
+}
+
+// Nothing is chosen then.
+void tst_FileMenu::dialogsGoWithTheirWindow()
+{
+    for (const auto ask : {&FileDialogs::open, &FileDialogs::save}) {
+        const QPointer<QWidget> window = new QWidget;
+        QTimer::singleShot(0, window, [&window] {
+            QVERIFY(qobject_cast<QFileDialog*>(QApplication::activeModalWidget()));
+            delete window;
+        });
+        QCOMPARE(ask(window, m_mixer->settings, {u"sound"_s, u"Choose"_s, u"Sound (*.wav)"_s}),
+                 QString());
+        QVERIFY(!window);
+    }
 }
 
 void tst_FileMenu::spacePlaysAndStops()
