@@ -18,6 +18,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <initializer_list>
 #include <utility>
 
 using namespace CommonController_MemAPI;
@@ -54,23 +55,20 @@ int wordAt(const unsigned int* words, unsigned short base, int channel)
     return static_cast<short>(words[base + 2 * channel] & 0xFFFFU);
 }
 
-bool isWalk(const QEvent* event)
+bool comesBy(const QEvent* event, std::initializer_list<Qt::FocusReason> reasons)
 {
-    const bool comes = event->type() == QEvent::FocusIn;
-    const auto reason =
-        comes ? static_cast<const QFocusEvent*>(event)->reason() : Qt::NoFocusReason;
-    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
+    return event->type() == QEvent::FocusIn &&
+           std::ranges::count(reasons, static_cast<const QFocusEvent*>(event)->reason()) > 0;
 }
 
 // Whether the user turned to a control. One that has the focus again after a menu or another window
 // is not meant.
 bool turnsTo(const QEvent* event)
 {
-    if (event->type() != QEvent::FocusIn)
-        return event->type() == QEvent::MouseButtonPress;
-    const Qt::FocusReason reason = static_cast<const QFocusEvent*>(event)->reason();
-    return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
-           reason != Qt::MenuBarFocusReason;
+    const bool returns =
+        comesBy(event, {Qt::ActiveWindowFocusReason, Qt::PopupFocusReason, Qt::MenuBarFocusReason});
+    const QEvent::Type type = event->type();
+    return type == QEvent::MouseButtonPress || (type == QEvent::FocusIn && !returns);
 }
 
 } // namespace
@@ -137,7 +135,7 @@ bool MixerStrip::eventFilter(QObject* control, QEvent* event)
 {
     if (turnsTo(event))
         Q_EMIT selected(m_channel);
-    if (isWalk(event))
+    if (comesBy(event, {Qt::TabFocusReason, Qt::BacktabFocusReason}))
         Q_EMIT walkedTo(static_cast<QWidget*>(control));
     return QWidget::eventFilter(control, event);
 }
@@ -383,9 +381,8 @@ int MixerStrip::levelOf(const unsigned int* words, int channel) const
     const int fader = memory.strip(m_channel, StripParameter::Level);
     if (fader == 0 || !m_mixerModel.isAudible(m_channel))
         return silent;
-    const bool equalized = memory.strip(m_channel, StripParameter::EqualizerOn) != 0;
-    const int level =
-        wordAt(words, equalized ? HostModel::returnMeter : HostModel::sendMeter, channel);
+    const bool isOn = memory.strip(m_channel, StripParameter::EqualizerOn) != 0;
+    const int level = wordAt(words, isOn ? HostModel::returnMeter : HostModel::sendMeter, channel);
     return level <= silent ? silent : std::max(silent, level + stripLevelTenths(fader));
 }
 
