@@ -260,7 +260,7 @@ Status Application::chooseChannel()
         m_mixer.memory.setStrip(editor.channel & ~1, StripParameter::Stereo, 0);
     editor.stereo = m_mixer.mixerModel.isPair(editor.channel);
     editor.channel = m_mixer.mixerModel.leaderOf(editor.channel);
-    return exists;
+    return Status();
 }
 
 void Application::placeWindows(MixerWindow& mixerWindow)
