@@ -15,12 +15,12 @@ namespace CommonController_MemAPI {
 
 namespace {
 
-QAccessibleInterface* makeAccessible(const QString& className, QObject* object);
+QAccessibleInterface* findAccessible(const QString& className, QObject* object);
 
 struct Registry
 {
-    Registry() { QAccessible::installFactory(makeAccessible); }
-    ~Registry() { QAccessible::removeFactory(makeAccessible); }
+    Registry() { QAccessible::installFactory(findAccessible); }
+    ~Registry() { QAccessible::removeFactory(findAccessible); }
 
     struct Entry
     {
@@ -36,7 +36,7 @@ Registry& registry()
     return instance;
 }
 
-QAccessibleInterface* makeAccessible(const QString& className, QObject* object)
+QAccessibleInterface* findAccessible(const QString& className, QObject* object)
 {
     // Another library in the process may hold classes of the same names; those are its own to
     // answer for.

@@ -54,6 +54,13 @@ private:
 /// Makes the interface of one control.
 using AccessibleMaker = QAccessibleInterface* (*)(QWidget* control);
 
+/// Makes the interface of a \a Control with \a role.
+template <class Control, QAccessible::Role role>
+QAccessibleInterface* makeAccessible(QWidget* control)
+{
+    return new ControlAccessible(control, static_cast<Control*>(control), role);
+}
+
 /// Lets \a make answer for the widgets of class \a control and of classes derived from it. For a
 /// control's constructor; calling it again changes nothing. Taken back when the library that holds
 /// the class is unloaded.

@@ -22,12 +22,6 @@ namespace {
 constexpr int RampStep = 5;
 constexpr int PageStep = 10;
 
-QAccessibleInterface* makeAccessible(QWidget* control)
-{
-    return new ControlAccessible(control, static_cast<FaderController*>(control),
-                                 QAccessible::Slider);
-}
-
 QRectF centred(const QPointF& centre, const QSizeF& size)
 {
     return {centre - QPointF(size.width(), size.height()) * 0.5, size};
@@ -59,7 +53,7 @@ FaderController::FaderController(QWidget* parent)
         timer->setSingleShot(true);
     connect(&m_doubleClickTimer, &QTimer::timeout, this, &FaderController::doubleClickTimeout);
     connect(&m_rampTimer, &QTimer::timeout, this, [this] { ramp(); });
-    registerAccessible(staticMetaObject, makeAccessible);
+    registerAccessible(staticMetaObject, makeAccessible<FaderController, QAccessible::Slider>);
 }
 
 FaderController::~FaderController()

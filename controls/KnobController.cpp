@@ -16,15 +16,6 @@
 
 namespace CommonController_MemAPI {
 
-namespace {
-
-QAccessibleInterface* makeAccessible(QWidget* control)
-{
-    return new ControlAccessible(control, static_cast<KnobController*>(control), QAccessible::Dial);
-}
-
-} // namespace
-
 KnobController::KnobController(QWidget* parent)
     : QWidget(parent)
     , m_gesture(*this)
@@ -32,7 +23,7 @@ KnobController::KnobController(QWidget* parent)
     setFocusPolicy(Qt::ClickFocus);
     for (SvgImage* image : {&m_knob, &m_shadow, &m_background})
         connect(image, &SvgImage::repaintNeeded, this, qOverload<>(&QWidget::update));
-    registerAccessible(staticMetaObject, makeAccessible);
+    registerAccessible(staticMetaObject, makeAccessible<KnobController, QAccessible::Dial>);
 }
 
 KnobController::~KnobController()

@@ -66,11 +66,6 @@ protected:
     }
 };
 
-QAccessibleInterface* makeAccessible(QWidget* control)
-{
-    return new MeterAccessible(static_cast<MeterController*>(control));
-}
-
 } // namespace
 
 MeterController::MeterController(QWidget* parent)
@@ -79,7 +74,9 @@ MeterController::MeterController(QWidget* parent)
     setMinimumValue(Silence);
     setMaximumValue(LargestLevel);
     setValue(Silence);
-    registerAccessible(staticMetaObject, makeAccessible);
+    registerAccessible(staticMetaObject, [](QWidget* meter) -> QAccessibleInterface* {
+        return new MeterAccessible(static_cast<MeterController*>(meter));
+    });
 }
 
 MeterController::~MeterController() { unbind(); }

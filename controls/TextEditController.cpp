@@ -20,12 +20,6 @@ namespace {
 
 constexpr int ValueStep = 1;
 
-QAccessibleInterface* makeAccessible(QWidget* control)
-{
-    return new ControlAccessible(control, static_cast<TextEditController*>(control),
-                                 QAccessible::SpinBox);
-}
-
 } // namespace
 
 TextEditController::TextEditController(QWidget* parent)
@@ -36,7 +30,7 @@ TextEditController::TextEditController(QWidget* parent)
     setFocusPolicy(Qt::ClickFocus);
     connect(m_lineEdit, &QLineEdit::editingFinished, this, &TextEditController::editFinish);
     m_lineEdit->setMaxLength(m_textMaxLength);
-    registerAccessible(staticMetaObject, makeAccessible);
+    registerAccessible(staticMetaObject, makeAccessible<TextEditController, QAccessible::SpinBox>);
 }
 
 TextEditController::~TextEditController()

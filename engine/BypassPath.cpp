@@ -6,15 +6,6 @@
 #include <algorithm>
 #include <cmath>
 
-namespace {
-
-double audible(double sample)
-{
-    return std::abs(sample) <= ChannelProcessor::loudest ? sample : 0.0;
-}
-
-} // namespace
-
 void BypassPath::setSampleRate(double hertz)
 {
     m_share.setLength(rampSamples(hertz));
@@ -46,7 +37,7 @@ void BypassPath::addInput(std::span<const double> block)
     m_isFresh = false;
     for (std::size_t i = 0; isUsed() && i < block.size(); ++i) {
         const double late = i < m_past.size() ? m_past[i] : block[i - m_past.size()];
-        m_block[i] = nextOf(audible(block[i]), audible(late));
+        m_block[i] = nextOf(ChannelProcessor::heard(block[i]), ChannelProcessor::heard(late));
     }
     const std::size_t kept = std::min(block.size(), m_past.size());
     std::copy(m_past.begin() + static_cast<std::ptrdiff_t>(kept), m_past.end(), m_past.begin());

@@ -5,7 +5,6 @@
 #include "equalizer/Decibels.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 
@@ -19,11 +18,6 @@ ChannelValues withoutBand(ChannelValues values, int band)
 double difference(double with, double without)
 {
     return with - double{static_cast<float>(without)};
-}
-
-double audible(float sample)
-{
-    return std::abs(double{sample}) <= ChannelProcessor::loudest ? double{sample} : 0.0;
 }
 
 } // namespace
@@ -59,7 +53,7 @@ bool ChannelAudition::isActive() const
 void ChannelAudition::takeInput(std::span<const float> block, const ChannelProcessor& equalizer)
 {
     m_count = block.size();
-    std::transform(block.begin(), block.end(), m_input.begin(), audible);
+    std::transform(block.begin(), block.end(), m_input.begin(), ChannelProcessor::heard);
     if (isListening() && m_difference.isOut())
         m_without = equalizer;
 }

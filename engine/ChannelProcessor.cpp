@@ -12,9 +12,6 @@
 
 namespace {
 
-// False for NaN, too.
-bool isSignal(double sample) { return std::abs(sample) <= ChannelProcessor::loudest; }
-
 bool isZero(double sample) { return sample == 0.0; }
 
 } // namespace
@@ -60,7 +57,7 @@ void ChannelProcessor::applyInput(std::span<double> block)
     const DenormalGuard guard;
     m_fresh = false;
     for (double& sample : block)
-        sample = isSignal(sample) ? sample : 0.0;
+        sample = heard(sample);
     m_input.apply(block);
 }
 

@@ -9,6 +9,7 @@
 #include "parameters/ChannelValues.h"
 
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <span>
 
@@ -36,6 +37,8 @@ public:
 
     /// The largest magnitude of a sample that is taken for signal.
     static constexpr double loudest = 1e15;
+    /// What \a sample counts as: 0 for what is not taken for signal, NaN included.
+    static double heard(double sample) { return std::abs(sample) <= loudest ? sample : 0.0; }
     /// Twice the highest frequency that a band can have, in Hz.
     static constexpr double allBandsRate = 40000.0;
 

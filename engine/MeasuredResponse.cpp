@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/MeasuredResponse.h"
 
+#include "engine/ChannelMeters.h"
 #include "engine/ChannelProcessor.h"
 #include "equalizer/Decibels.h"
 
@@ -19,14 +20,6 @@ constexpr std::size_t strandCount = 4;
 constexpr std::size_t partSize = 4096;
 constexpr double silence = 1e-10;     // of the largest sample
 constexpr double lowestLevel = 1e-12; // a factor, for what is nothing at all
-
-double peakOf(std::span<const double> samples)
-{
-    double peak = 0.0;
-    for (const double sample : samples)
-        peak = std::max(peak, std::abs(sample));
-    return peak;
-}
 
 std::vector<double> impulseResponse(const ChannelValues& values, double sampleRate)
 {

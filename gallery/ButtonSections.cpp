@@ -24,7 +24,6 @@ constexpr QSize lampSize(28, 28);
 constexpr QSize switchSize(37, 48);
 constexpr QSize textButtonSize(76, 34);
 constexpr QSize pullDownSize(120, 26);
-constexpr double disabledOpacity = 0.4;
 
 /// A cell whose picture shows \a button under the pointer with the mouse button held, though
 /// nothing is written.

@@ -10,7 +10,6 @@ using CommonController_MemAPI::FaderController;
 namespace {
 
 constexpr QSize faderSize(44, 160);
-constexpr double disabledOpacity = 0.4;
 
 FaderController* fader(FaderController::OperationType type, double scale = 1.0)
 {

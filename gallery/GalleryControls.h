@@ -25,6 +25,9 @@ inline constexpr std::array<double, 4> scales = {0.5, 1.0, 1.5, 2.0};
 /// The positions in the range that controls with a value are shown at.
 inline constexpr std::array<double, 5> positions = {0.0, 0.25, 0.5, 0.75, 1.0};
 
+/// The opacity of pictures of disabled controls.
+inline constexpr double disabledOpacity = 0.4;
+
 /// A file of the editor's artwork, and one of the gallery's own.
 QString artwork(const char* file);
 QString image(const char* file);

@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int margin = 16;
+constexpr int sheetMargin = 16;
 constexpr QRgb ground = 0xFF16191C;
 
 /// An empty picture of \a size pixels of the screen.
@@ -76,8 +76,8 @@ GallerySheet::GallerySheet(HostMemory& memory, QWidget* parent)
     setAutoFillBackground(true);
 
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(margin, margin, margin, margin);
-    layout->setSpacing(margin);
+    layout->setContentsMargins(sheetMargin, sheetMargin, sheetMargin, sheetMargin);
+    layout->setSpacing(sheetMargin);
     m_sections = makeGallerySections(memory, this);
     for (GallerySection* each : m_sections)
         layout->addWidget(each);

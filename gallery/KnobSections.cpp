@@ -10,7 +10,6 @@ using CommonController_MemAPI::KnobController;
 namespace {
 
 constexpr QSize knobSize(60, 60);
-constexpr double disabledOpacity = 0.4;
 
 KnobController* turningKnob(double scale = 1.0)
 {

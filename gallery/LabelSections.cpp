@@ -12,7 +12,7 @@ using namespace Gallery;
 
 namespace {
 
-constexpr QSize lampSize(20, 20);
+constexpr QSize labelSize(20, 20);
 constexpr QSize nameSize(110, 24);
 
 SvgLabel* lamp(double scale = 1.0)
@@ -20,7 +20,7 @@ SvgLabel* lamp(double scale = 1.0)
     auto* label = new SvgLabel(nullptr);
     label->setSvg(artwork("led_drive_on.svg"));
     label->setDisableSvg(artwork("led_drive_off.svg"));
-    label->resize((QSizeF(lampSize) * scale).toSize());
+    label->resize((QSizeF(labelSize) * scale).toSize());
     return label;
 }
 

@@ -72,13 +72,13 @@ int removeStray(const std::string& draft)
 // A disk that is full takes a part of the bytes first and gives its reason only for the rest.
 int writeAll(int descriptor, const QByteArray& bytes)
 {
-    qsizetype done = 0;
-    while (done < bytes.size()) {
-        const ssize_t count = ::write(descriptor, bytes.constData() + done,
-                                      static_cast<std::size_t>(bytes.size() - done));
+    qsizetype written = 0;
+    while (written < bytes.size()) {
+        const ssize_t count = ::write(descriptor, bytes.constData() + written,
+                                      static_cast<std::size_t>(bytes.size() - written));
         if (count < 0 && errno != EINTR)
             return errno;
-        done += std::max<ssize_t>(count, 0);
+        written += std::max<ssize_t>(count, 0);
     }
     return 0;
 }

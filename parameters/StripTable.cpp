@@ -78,7 +78,7 @@ std::string formatBalance(int balance)
 {
     if (balance == 0)
         return "C";
-    return (balance < 0 ? "L" : "R") + std::to_string(std::abs(balance));
+    return std::string(1, balance < 0 ? 'L' : 'R') + std::to_string(std::abs(balance));
 }
 
 std::optional<int> parseBalance(std::string_view text)

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr std::size_t channels = 2;
+constexpr std::size_t sinkChannels = 2;
 constexpr std::size_t commentColumn = 56;
 
 const char* const head =
@@ -64,7 +64,7 @@ const char* const tail = R"(            }
 std::string controlLine(const Port& port)
 {
     const Parameter& parameter = parameterTable[port.number];
-    std::string text = std::string(28, ' ') + symbolOf(port, channels) + " = " +
+    std::string text = std::string(28, ' ') + symbolOf(port, sinkChannels) + " = " +
                        portNumber(port.number, parameter.defaultValue);
     text.resize(std::max(text.size() + 1, commentColumn), ' ');
     return text + "# " + portNumber(port.number, parameter.minimum) + " to " +
@@ -74,9 +74,9 @@ std::string controlLine(const Port& port)
 std::string audioPorts(PortRole role)
 {
     std::string text;
-    for (const Port& port : portsOf(channels)) {
+    for (const Port& port : portsOf(sinkChannels)) {
         if (port.role == role)
-            text += " \"equalizer:" + symbolOf(port, channels) + '"';
+            text += " \"equalizer:" + symbolOf(port, sinkChannels) + '"';
     }
     return "[" + text + " ]\n";
 }
@@ -86,7 +86,7 @@ std::string audioPorts(PortRole role)
 std::string filterChainText()
 {
     std::string text = head + std::string(stereoUri) + "\"\n                        control = {\n";
-    for (const Port& port : portsOf(channels)) {
+    for (const Port& port : portsOf(sinkChannels)) {
         if (port.role == PortRole::Parameter)
             text += controlLine(port);
     }

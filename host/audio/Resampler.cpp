@@ -3,14 +3,14 @@
 
 namespace {
 
-constexpr long pieceFrames = 1024;
+constexpr long outputFrames = 1024;
 
 } // namespace
 
 Resampler::Resampler(int channels, double fromRate, double toRate, Quality quality)
     : m_channels(channels)
     , m_ratio(toRate / fromRate)
-    , m_piece(static_cast<std::size_t>(channels * pieceFrames))
+    , m_piece(static_cast<std::size_t>(channels * outputFrames))
 {
     int error = 0;
     if (fromRate != toRate)
@@ -37,7 +37,7 @@ std::span<const float> Resampler::process(std::span<const float> samples, bool l
 bool Resampler::convert(SRC_DATA* data)
 {
     data->data_out = m_piece.data();
-    data->output_frames = pieceFrames;
+    data->output_frames = outputFrames;
     data->src_ratio = m_ratio;
     if (src_process(m_state.get(), data) != 0)
         return false;

@@ -104,7 +104,7 @@ private:
 SinkStreams::Pair::Pair(pw_core* core, DesktopProcessor& processor, const QByteArray& target)
     : m_processor(processor)
 {
-    const std::string group = name + ("-" + std::to_string(::getpid()));
+    const std::string group = std::string(name) + '-' + std::to_string(::getpid());
     sink = pw_stream_new(core, description, sinkProperties(group));
     output = pw_stream_new(core, description, outputProperties(group, target));
     m_sinkEvents.version = m_outputEvents.version = PW_VERSION_STREAM_EVENTS;

@@ -14,7 +14,7 @@
 namespace {
 
 constexpr QLatin1String suffix(".vstpreset");
-constexpr qsizetype maxNameLength = 80;
+constexpr qsizetype maxPresetNameLength = 80;
 constexpr QLatin1String forbidden("/\\:*?\"<>|");
 
 // Half a letter reads as the replacement character.
@@ -62,8 +62,8 @@ Status PresetFolder::checkName(const QString& name)
 {
     if (name.trimmed().isEmpty())
         return Error{tr("A preset needs a name.")};
-    if (name.size() > maxNameLength)
-        return Error{tr("A preset's name can have up to %1 characters.").arg(maxNameLength)};
+    if (name.size() > maxPresetNameLength)
+        return Error{tr("A preset's name can have up to %1 characters.").arg(maxPresetNameLength)};
     const QList<uint> letters = name.toUcs4();
     if (name.startsWith(QLatin1Char('.')) ||
         std::any_of(letters.begin(), letters.end(), isForbidden))

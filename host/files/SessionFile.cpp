@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr qint64 maxFileSize = 4 << 20;
+constexpr qint64 maxSessionSize = 4 << 20;
 
 QString shown(const QString& file) { return QDir::toNativeSeparators(file); }
 
@@ -86,11 +86,11 @@ Content contentOf(const QString& file, const SessionData& before)
                                       "file.")
                           .arg(shown(file)));
     const QByteArray bytes =
-        input.open(QIODevice::ReadOnly) ? input.read(maxFileSize + 1) : QByteArray();
+        input.open(QIODevice::ReadOnly) ? input.read(maxSessionSize + 1) : QByteArray();
     if (input.error() != QFileDevice::NoError)
         return failed(Outcome::Unreadable, SessionFile::tr("The session %1 cannot be read: %2.")
                                                .arg(shown(file), input.errorString()));
-    if (bytes.size() > maxFileSize)
+    if (bytes.size() > maxSessionSize)
         return damaged(file, SessionFile::tr("The file is too long."));
     return parse(file, bytes, before);
 }

@@ -19,15 +19,13 @@
 
 namespace {
 
-constexpr int version = 1;
-constexpr qint64 maxFileSize = 1 << 20;
-constexpr QLatin1String versionKey("version");
-constexpr QLatin1String channelsKey("channels");
+constexpr int settingsVersion = 1;
+constexpr qint64 maxSettingsSize = 1 << 20;
+constexpr QLatin1String settingsVersionKey("version");
+constexpr QLatin1String settingsChannelsKey("channels");
 constexpr QLatin1String preferencesKey("preferences");
 
 using Maps = QMap<int, SettingsFile::Map>;
-
-QString shown(const QString& file) { return QDir::toNativeSeparators(file); }
 
 std::optional<int> channelOf(const QString& key)
 {
@@ -51,17 +49,17 @@ Result<Maps> parseChannels(const QJsonObject& channels)
 
 Result<Maps> parse(const QJsonObject& root)
 {
-    if (root.value(versionKey).toInt() != version)
-        return Error{
-            SettingsFile::tr("The file is not a settings file of version %1.").arg(version)};
-    if (!root.value(channelsKey).isObject())
+    if (root.value(settingsVersionKey).toInt() != settingsVersion)
+        return Error{SettingsFile::tr("The file is not a settings file of version %1.")
+                         .arg(settingsVersion)};
+    if (!root.value(settingsChannelsKey).isObject())
         return Error{SettingsFile::tr("The file has no channels.")};
-    return parseChannels(root.value(channelsKey).toObject());
+    return parseChannels(root.value(settingsChannelsKey).toObject());
 }
 
 Result<QJsonObject> parseJson(const QByteArray& bytes)
 {
-    if (bytes.size() > maxFileSize)
+    if (bytes.size() > maxSettingsSize)
         return Error{SettingsFile::tr("The file is too long.")};
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
@@ -89,13 +87,13 @@ Status SettingsFile::open(const QString& file)
     if (kind == FileKind::Other)
         return Error{tr("The editors' settings in %1 cannot be read because %1 is not a regular "
                         "file. No settings will be saved.")
-                         .arg(shown(file))};
+                         .arg(QDir::toNativeSeparators(file))};
     const bool isOpen = kind == FileKind::Regular && input.open(QIODevice::ReadOnly);
-    const QByteArray bytes = isOpen ? input.read(maxFileSize + 1) : QByteArray();
+    const QByteArray bytes = isOpen ? input.read(maxSettingsSize + 1) : QByteArray();
     if (input.error() != QFileDevice::NoError)
         return Error{tr("The editors' settings in %1 cannot be read: %2. No settings will be "
                         "saved.")
-                         .arg(shown(file), input.errorString())};
+                         .arg(QDir::toNativeSeparators(file), input.errorString())};
     m_file = file;
     return isOpen ? read(bytes) : Status();
 }
@@ -105,11 +103,11 @@ Status SettingsFile::read(const QByteArray& bytes)
     const Result<QJsonObject> root = parseJson(bytes);
     if (!root.isOk())
         return setAside(root.error());
-    if (root.value().value(versionKey).toInt() > version) {
+    if (root.value().value(settingsVersionKey).toInt() > settingsVersion) {
         const QString file = std::exchange(m_file, QString());
         return Error{tr("The editors' settings in %1 were saved by a later version of this "
                         "program. They are left alone, and no settings will be saved.")
-                         .arg(shown(file))};
+                         .arg(QDir::toNativeSeparators(file))};
     }
     const Result<Maps> maps = parse(root.value());
     if (!maps.isOk())
@@ -149,13 +147,14 @@ Status SettingsFile::setAside(const QString& reason)
 {
     const std::optional<QString> name = setDamagedFileAside(m_file);
     if (name)
-        return Error{tr("The editors' settings in %1 are damaged and ignored. %2 The file is kept "
-                        "as %3.")
-                         .arg(shown(m_file), reason, shown(*name))};
+        return Error{
+            tr("The editors' settings in %1 are damaged and ignored. %2 The file is kept "
+               "as %3.")
+                .arg(QDir::toNativeSeparators(m_file), reason, QDir::toNativeSeparators(*name))};
     const QString file = std::exchange(m_file, QString());
     return Error{tr("The editors' settings in %1 are damaged and ignored. %2 The file cannot be "
                     "renamed, so no settings will be saved.")
-                     .arg(shown(file), reason)};
+                     .arg(QDir::toNativeSeparators(file), reason)};
 }
 
 QByteArray SettingsFile::bytes() const
@@ -163,8 +162,8 @@ QByteArray SettingsFile::bytes() const
     QJsonObject channels;
     for (auto it = m_maps.begin(); it != m_maps.end(); ++it)
         channels[QString::number(it.key())] = QJsonObject::fromVariantMap(it.value());
-    const QJsonObject root{{versionKey, version},
-                           {channelsKey, channels},
+    const QJsonObject root{{settingsVersionKey, settingsVersion},
+                           {settingsChannelsKey, channels},
                            {preferencesKey, QJsonObject::fromVariantMap(m_preferences)}};
     return QJsonDocument(root).toJson();
 }

@@ -6,6 +6,7 @@
 #include "host/analysis/SignalReader.h"
 #include "host/audio/AudioSession.h"
 #include "host/model/MixerModel.h"
+#include "host/window/MixerStyle.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -15,25 +16,17 @@
 
 namespace {
 
-constexpr int smallestWidth = 240;
+constexpr int smallestViewWidth = 240;
 constexpr int headerHeight = 26;
 constexpr int footerHeight = 24;
-constexpr double margin = 56.0; // for the numbers beside the plot
-constexpr int fontSize = 11;
-constexpr double loudestBand = 12.0; // dB
+constexpr double numbersMargin = 56.0; // beside the plot
+constexpr double loudestBand = 12.0;   // dB
 constexpr double semitone = 1.0 / 12.0;
 constexpr double firstCursor = 1000.0; // Hz
 
 // Where the plot of an editor begins and ends, in parts of the editor's width.
 constexpr double editorLeft = 137.5 / 977.0;
 constexpr double editorRight = 758.5 / 977.0;
-
-QFont smallFont(const QWidget* widget)
-{
-    QFont font = widget->font();
-    font.setPixelSize(fontSize);
-    return font;
-}
 
 } // namespace
 
@@ -42,7 +35,7 @@ AnalyzerView::AnalyzerView(MixerModel& mixerModel, int channel, QWidget* parent,
     , m_mixerModel(mixerModel)
     , m_channel(channel)
 {
-    setMinimumSize(smallestWidth, viewHeight);
+    setMinimumSize(smallestViewWidth, viewHeight);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);
@@ -99,13 +92,14 @@ QSize AnalyzerView::sizeHint() const { return {600, viewHeight}; }
 
 AnalyzerPlot AnalyzerView::plot() const
 {
-    double left = margin;
-    double right = width() - margin;
+    double left = numbersMargin;
+    double right = width() - numbersMargin;
     if (m_stage) {
         const double start = mapFromGlobal(m_stage->mapToGlobal(QPointF())).x();
         const double begin = start + m_stage->width() * editorLeft;
         const double end = start + m_stage->width() * editorRight;
-        if (begin >= margin && end <= width() - margin && end - begin > width() / 3.0) {
+        if (begin >= numbersMargin && end <= width() - numbersMargin &&
+            end - begin > width() / 3.0) {
             left = begin;
             right = end;
         }
@@ -295,7 +289,7 @@ void AnalyzerView::paintEvent(QPaintEvent*)
     compose();
     const AnalyzerPlot where = plot();
     QPainter painter(this);
-    painter.setFont(smallFont(this));
+    painter.setFont(MixerStyle::smallFont(this));
     painter.drawImage(0, 0, m_ground);
     painter.drawImage(QRectF(where.area), m_raster.image());
     const QList<AnalyzerPainting::Line> lines = readout();
@@ -322,7 +316,7 @@ void AnalyzerView::buildGround()
     m_ground = QImage((QSizeF(size()) * ratio).toSize(), QImage::Format_RGB32);
     m_ground.setDevicePixelRatio(ratio);
     QPainter painter(&m_ground);
-    painter.setFont(smallFont(this));
+    painter.setFont(MixerStyle::smallFont(this));
     AnalyzerPainting::drawGround(painter, size(), where, m_settings.curve);
     AnalyzerPainting::drawLegend(painter, where, legend(), where.area.right());
     painter.end();

@@ -35,7 +35,7 @@
 
 namespace {
 
-constexpr int messageTime = 8000;
+constexpr int statusTime = 8000;
 
 const QString stateKind = QStringLiteral("state");
 
@@ -383,7 +383,7 @@ void EditorWindow::saveStateFile()
 
 void EditorWindow::showMessage(const QString& message)
 {
-    statusBar()->showMessage(message, messageTime);
+    statusBar()->showMessage(message, statusTime);
 }
 
 void EditorWindow::report(const QString& error, const QString& success)

@@ -13,13 +13,13 @@ using namespace CommonController_MemAPI;
 
 namespace {
 
-constexpr int margin = 12;
+constexpr int levelMargin = 12;
 constexpr int levelHeight = 22;
-constexpr int gap = 8;
+constexpr int levelGap = 8;
 constexpr int overhang = 2; // of the meters beyond the fader
 constexpr int metersLeft = 62;
 constexpr int metersWidth = 38;
-constexpr int fontSize = 12;
+constexpr int levelFontSize = 12;
 const QString unit = QStringLiteral("dB");
 
 } // namespace
@@ -36,7 +36,7 @@ FaderSection::FaderSection(QWidget* parent)
     fader().setUnit(unit);
     m_level->setFocusPolicy(Qt::StrongFocus);
     QFont digits = m_level->font();
-    digits.setPixelSize(fontSize);
+    digits.setPixelSize(levelFontSize);
     m_level->setFont(digits);
 }
 
@@ -44,10 +44,11 @@ FaderController& FaderSection::fader() const { return m_fader->fader(); }
 
 void FaderSection::resizeEvent(QResizeEvent*)
 {
-    const int faderHeight = height() - levelHeight - gap - overhang;
+    const int faderHeight = height() - levelHeight - levelGap - overhang;
     m_fader->setGeometry(overhang, overhang, LevelFader::faderWidth, faderHeight);
     m_meters->setGeometry(metersLeft, 0, metersWidth, faderHeight + 2 * overhang);
-    m_level->setGeometry(margin, height() - levelHeight, width() - 2 * margin, levelHeight);
+    m_level->setGeometry(levelMargin, height() - levelHeight, width() - 2 * levelMargin,
+                         levelHeight);
 }
 
 void FaderSection::paintEvent(QPaintEvent*)

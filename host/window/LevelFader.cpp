@@ -15,14 +15,14 @@ constexpr int labelWidth = 23;
 constexpr int capHeight = 56;
 constexpr int tickStep = 10;
 constexpr double grooveWidth = 6.0;
-constexpr int fontSize = 9;
+constexpr int faderFontSize = 9;
 
 struct ScaleMark
 {
     int position;
     const char* text;
 };
-constexpr ScaleMark scale[] = {
+constexpr ScaleMark faderScale[] = {
     {400, "+10"}, {300, "0"}, {200, "-10"}, {100, "-30"}, {0, "-\u221e"}};
 
 void drawTick(QPainter& painter, const QRectF& sides, double y, double length, float opacity)
@@ -63,9 +63,9 @@ void LevelFader::paintEvent(QPaintEvent*)
     painter.setBrush(QColor(0x08, 0x09, 0x0b));
     painter.drawRoundedRect(groove, 3, 3);
     QFont font = painter.font();
-    font.setPixelSize(fontSize);
+    font.setPixelSize(faderFontSize);
     painter.setFont(font);
-    for (const ScaleMark& mark : scale) {
+    for (const ScaleMark& mark : faderScale) {
         const double y = yOf(mark.position);
         drawTick(painter, sides, y, 9, 0.75F);
         painter.setPen(MixerStyle::dimLetters);

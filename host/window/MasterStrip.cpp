@@ -17,13 +17,10 @@ using namespace CommonController_MemAPI;
 
 namespace {
 
-constexpr int margin = 12;
-constexpr int innerWidth = MixerStrip::stripWidth - 2 * margin;
-constexpr QRect titlePlace(margin, 12, innerWidth, 24);
+constexpr QRect titlePlace(MixerStrip::margin, 12, MixerStrip::innerWidth, 24);
 constexpr int keysTop = 44;
 constexpr int keyDistance = 28;
-constexpr int sectionTop = 138;
-constexpr int footHeight = 34; // as below the other strips
+constexpr int masterSectionTop = 138;
 
 struct KeyEntry
 {
@@ -32,7 +29,7 @@ struct KeyEntry
     const char* name;
     const char* color;
 };
-constexpr KeyEntry keys[] = {
+constexpr KeyEntry masterKeys[] = {
     {MasterParameter::Mute, QT_TRANSLATE_NOOP("MasterStrip", "Mute"),
      QT_TRANSLATE_NOOP("MasterStrip", "Mute of the master"), "red"},
     {MasterParameter::Dim, QT_TRANSLATE_NOOP("MasterStrip", "Dim"),
@@ -69,7 +66,8 @@ void MasterStrip::retranslate()
 void MasterStrip::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
-    m_section->setGeometry(0, sectionTop, width(), height() - footHeight - sectionTop);
+    m_section->setGeometry(0, masterSectionTop, width(),
+                           height() - MixerStrip::footHeight - masterSectionTop);
 }
 
 void MasterStrip::paintEvent(QPaintEvent*)
@@ -89,10 +87,10 @@ void MasterStrip::paintEvent(QPaintEvent*)
 void MasterStrip::buildKeys()
 {
     int y = keysTop;
-    for (const KeyEntry& entry : keys) {
+    for (const KeyEntry& entry : masterKeys) {
         auto* key = new PushButtonController(this);
         MixerStyle::styleKey(key, QStringLiteral("wide"), QLatin1String(entry.color));
-        key->move(margin, y);
+        key->move(MixerStrip::margin, y);
         y += keyDistance;
         m_texts.add([key, entry] { key->setText(tr(entry.text)); });
         name(key, [entry] { return tr(entry.name); });

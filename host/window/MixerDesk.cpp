@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr int gap = 2;          // between strips and around them
+constexpr int stripGap = 2;     // between strips and around them
 constexpr int fewestStrips = 6; // narrower, what is above them would be cut short
 
 // Scrolls to whole strips, as the desk says, instead of to what has the focus, and sideways by any
@@ -89,14 +89,14 @@ MixerDesk::MixerDesk(MixerModel& mixerModel, QWidget* parent)
     , m_row(new QWidget(this))
     , m_area(new StripArea(this))
 {
-    rowIn(m_row, gap)->addStretch(1);
+    rowIn(m_row, stripGap)->addStretch(1);
     fill(m_area, m_row);
     followCount();
     m_master = new MasterStrip(mixerModel, this);
     auto* masterArea = new QScrollArea(this); // in a low window, too
     fill(masterArea, m_master);
     masterArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    masterArea->setFixedWidth(MixerStrip::stripWidth + gap);
+    masterArea->setFixedWidth(MixerStrip::stripWidth + stripGap);
     QHBoxLayout* layout = rowIn(this, 0);
     layout->addWidget(m_area, 1);
     auto* masterColumn = new QVBoxLayout;
@@ -172,17 +172,17 @@ void MixerDesk::retranslate()
 
 QSize MixerDesk::wholeSize() const
 {
-    const int strip = MixerStrip::stripWidth + gap;
+    const int strip = MixerStrip::stripWidth + stripGap;
     const int count = std::max(static_cast<int>(m_strips.size()), fewestStrips);
-    return {count * strip + gap + strip + gap, MixerStrip::stripHeight + 2 * gap};
+    return {count * strip + stripGap + strip + stripGap, MixerStrip::stripHeight + 2 * stripGap};
 }
 
 // Only as far as it takes.
 void MixerDesk::scrollTo(const MixerStrip& strip, QWidget* control)
 {
-    m_area->ensureWidgetVisible(control, 0, gap);
-    const int first = strip.x() - gap;
-    const int last = strip.x() + strip.width() + gap;
+    m_area->ensureWidgetVisible(control, 0, stripGap);
+    const int first = strip.x() - stripGap;
+    const int last = strip.x() + strip.width() + stripGap;
     QScrollBar* bar = m_area->horizontalScrollBar();
     bar->setValue(std::min(std::max(bar->value(), last - m_area->viewport()->width()), first));
 }

@@ -25,20 +25,17 @@ using namespace CommonController_MemAPI;
 
 namespace {
 
-constexpr int margin = 12;
-constexpr int innerWidth = MixerStrip::stripWidth - 2 * margin;
-constexpr int rightColumn = margin + 42;
-constexpr QRect namePlace(margin, 12, innerWidth, 24);
-constexpr QRect sourcePlace(margin, 44, innerWidth, 22);
-constexpr QRect widthPlace(margin, 72, innerWidth, 22);
-constexpr QRect curvePlace(margin, 102, innerWidth, 54);
-constexpr QPoint equalizerPlace(margin, 162);
+constexpr int rightColumn = MixerStrip::margin + 42;
+constexpr QRect namePlace(MixerStrip::margin, 12, MixerStrip::innerWidth, 24);
+constexpr QRect sourcePlace(MixerStrip::margin, 44, MixerStrip::innerWidth, 22);
+constexpr QRect widthPlace(MixerStrip::margin, 72, MixerStrip::innerWidth, 22);
+constexpr QRect curvePlace(MixerStrip::margin, 102, MixerStrip::innerWidth, 54);
+constexpr QPoint equalizerPlace(MixerStrip::margin, 162);
 constexpr QPoint editPlace(rightColumn, 162);
-constexpr QPoint mutePlace(margin, 190);
+constexpr QPoint mutePlace(MixerStrip::margin, 190);
 constexpr QPoint soloPlace(rightColumn, 190);
-constexpr QRect balancePlace(margin, 218, innerWidth, 18);
+constexpr QRect balancePlace(MixerStrip::margin, 218, MixerStrip::innerWidth, 18);
 constexpr int sectionTop = 244;
-constexpr int footHeight = 34;
 constexpr int elideMargin = 5; // of the name
 constexpr int silent = -1270;
 

@@ -34,6 +34,9 @@ public:
     static constexpr int stripWidth = 104;
     static constexpr int stripHeight = 590;
     static constexpr int minStripHeight = 480;
+    static constexpr int margin = 12; ///< left and right
+    static constexpr int innerWidth = stripWidth - 2 * margin;
+    static constexpr int footHeight = 34; ///< below the faders
 
     /// \a mixerModel must outlive it.
     MixerStrip(MixerModel& mixerModel, int channel, QWidget* parent = nullptr);

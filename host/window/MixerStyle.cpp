@@ -39,6 +39,13 @@ void glow(PushButtonController* key, const QString& shape, const QString& color)
 
 } // namespace
 
+QFont MixerStyle::smallFont(const QWidget* widget)
+{
+    QFont font = widget->font();
+    font.setPixelSize(11);
+    return font;
+}
+
 QString MixerStyle::image(const QString& name)
 {
     return QStringLiteral(":/image/mixer/%1.svg").arg(name);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QColor>
+#include <QFont>
 #include <QRectF>
 #include <QString>
 
@@ -28,6 +29,9 @@ inline constexpr QColor meterLow{0x39, 0xca, 0x74};
 inline constexpr QColor meterHigh{0xf9, 0xe2, 0x43};
 inline constexpr QColor meterClipped{0xfc, 0x67, 0x69};
 /// @}
+
+/// The font of \a widget as small as beside a plot.
+QFont smallFont(const QWidget* widget);
 
 /// The resource of a picture, by its name without ".svg".
 QString image(const QString& name);

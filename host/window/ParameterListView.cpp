@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int smallestWidth = 260;
+constexpr int smallestListWidth = 260;
 constexpr int wholeWidth = 480;
 constexpr int lineMargin = 1;
 constexpr int markWidth = 6;
@@ -38,7 +38,7 @@ ParameterListView::ParameterListView(HostMemory& memory, int channel, QWidget* p
     fitRows();
     horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     horizontalHeader()->setSectionResizeMode(ParameterListModel::ValueColumn, QHeaderView::Stretch);
-    setMinimumWidth(smallestWidth);
+    setMinimumWidth(smallestListWidth);
 }
 
 QSize ParameterListView::sizeHint() const

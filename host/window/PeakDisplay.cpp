@@ -10,7 +10,7 @@
 namespace {
 
 constexpr int lampHeight = 4;
-constexpr int fontSize = 10;
+constexpr int peakFontSize = 10;
 constexpr QColor litLamp = MixerStyle::meterClipped;
 constexpr QColor darkLamp{0x6e, 0x2a, 0x2d};
 
@@ -59,7 +59,7 @@ void PeakDisplay::paintEvent(QPaintEvent*)
     painter.setRenderHint(QPainter::Antialiasing);
     MixerStyle::drawWell(painter, rect(), 3);
     QFont digits = font();
-    digits.setPixelSize(fontSize);
+    digits.setPixelSize(peakFontSize);
     painter.setFont(digits);
     painter.setPen(hasClipped() ? litLamp : MixerStyle::letters);
     painter.drawText(rect().adjusted(0, lampHeight, 0, 0), Qt::AlignCenter, text());

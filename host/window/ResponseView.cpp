@@ -15,19 +15,11 @@ namespace {
 
 constexpr double finest = 0.0001;  // dB
 constexpr double tolerated = 0.01; // dB
-constexpr int smallestWidth = 240;
+constexpr int smallestPlotWidth = 240;
 constexpr int legendHeight = 30;
 constexpr int legendGap = 20;
-constexpr int sampleWidth = 25;
-constexpr int fontSize = 11;
+constexpr int legendSampleWidth = 25;
 constexpr double pointRadius = 2.0;
-
-QFont smallFont(const QWidget* widget)
-{
-    QFont font = widget->font();
-    font.setPixelSize(fontSize);
-    return font;
-}
 
 QString labelOf(double frequency)
 {
@@ -42,7 +34,7 @@ ResponseView::ResponseView(MixerModel& mixerModel, int channel, QWidget* parent,
     , m_mixerModel(mixerModel)
     , m_channel(channel)
 {
-    setMinimumSize(smallestWidth, viewHeight);
+    setMinimumSize(smallestPlotWidth, viewHeight);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setSampleRate(48000);
     m_delay.setSingleShot(true);
@@ -102,7 +94,7 @@ void ResponseView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setFont(smallFont(this));
+    painter.setFont(MixerStyle::smallFont(this));
     MixerStyle::drawPanel(painter, rect());
     MixerStyle::drawWell(painter, QRectF(rect()).adjusted(8, legendHeight, -8, -9), 4);
     drawLegend(painter);
@@ -140,12 +132,12 @@ void ResponseView::drawLegend(QPainter& painter) const
     int x = line.left();
     const int end = line.right() - metrics.horizontalAdvance(shown) - legendGap;
     const auto entry = [&](const QString& text, const auto& drawSample) {
-        const int width = sampleWidth + metrics.horizontalAdvance(text);
+        const int width = legendSampleWidth + metrics.horizontalAdvance(text);
         if (x + width > end)
             return;
         drawSample();
         painter.setPen(MixerStyle::letters);
-        painter.drawText(QRect(x + sampleWidth, 0, width, legendHeight),
+        painter.drawText(QRect(x + legendSampleWidth, 0, width, legendHeight),
                          Qt::AlignLeft | Qt::AlignVCenter, text);
         x += width + legendGap;
     };

@@ -11,7 +11,7 @@ using namespace CommonController_MemAPI;
 
 namespace {
 
-constexpr int gap = 2;
+constexpr int barGap = 2;
 constexpr int displayHeight = 22;
 constexpr int barsTop = displayHeight + 6;
 constexpr int barsWidth = 16;
@@ -106,18 +106,19 @@ void StripMeters::paintEvent(QPaintEvent*)
 
 QRect StripMeters::well() const
 {
-    return {width() - barsWidth - 2 * gap, barsTop - gap, barsWidth + 2 * gap, height() - barsTop};
+    return {width() - barsWidth - 2 * barGap, barsTop - barGap, barsWidth + 2 * barGap,
+            height() - barsTop};
 }
 
 void StripMeters::place()
 {
     m_display->setGeometry(0, 0, width(), displayHeight);
-    const QRect bars = well().adjusted(gap, gap, -gap, -gap);
-    const int each = m_pair ? (bars.width() - gap) / sides : bars.width();
+    const QRect bars = well().adjusted(barGap, barGap, -barGap, -barGap);
+    const int each = m_pair ? (bars.width() - barGap) / sides : bars.width();
     for (int i = 0; i < sides; ++i) {
         const Side& side = m_sides[static_cast<std::size_t>(i)];
         for (QWidget* part : std::initializer_list<QWidget*>{side.bar, side.peak}) {
-            part->setGeometry(bars.left() + i * (each + gap), bars.top(), each, bars.height());
+            part->setGeometry(bars.left() + i * (each + barGap), bars.top(), each, bars.height());
             part->setVisible(i == 0 || m_pair);
         }
     }
