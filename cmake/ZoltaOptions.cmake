@@ -7,6 +7,10 @@ target_include_directories(zolta_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(zolta_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Woverloaded-virtual
     $<$<BOOL:${ZOLTA_WERROR}>:-Werror>)
+if(CMAKE_UNITY_BUILD)
+    # Several sources in one look to the compiler like a header with names of its own.
+    target_compile_options(zolta_options INTERFACE -Wno-subobject-linkage)
+endif()
 target_compile_definitions(zolta_options INTERFACE
     QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII)
 
