@@ -55,6 +55,7 @@ ZoltaEditor::ZoltaEditor(QWidget* parent)
     m_graph = new ZoltaEqualizerGraph(this);
     m_graph->setGeometry(EqualizerGraphRect);
     m_graph->setGround(m_ui->m_pBackground);
+    m_ui->m_pBackground->setHidesGround(true);
     m_about = new ZoltaAbout(this);
     m_about->setGeometry(rect());
     m_component = new ZoltaComponent;

@@ -3,8 +3,11 @@
 
 #include "widgets/SvgRasters.h"
 
+#include <QEvent>
 #include <QPainter>
 #include <QStyle>
+
+#include <cmath>
 
 namespace {
 
@@ -19,8 +22,10 @@ void loadOnce(SvgImage& image, const QString& path)
 SvgLabel::SvgLabel(QWidget* parent)
     : QLabel(parent)
 {
-    for (SvgImage* image : {&m_image, &m_disabledImage})
+    for (SvgImage* image : {&m_image, &m_disabledImage}) {
+        connect(image, &SvgImage::repaintNeeded, this, &SvgLabel::forgetGround);
         connect(image, &SvgImage::repaintNeeded, this, qOverload<>(&QWidget::update));
+    }
 }
 
 void SvgLabel::setSvg(const QString& path) { loadOnce(m_image, path); }
@@ -32,6 +37,7 @@ void SvgLabel::setOpacity(double opacity)
     if (opacity == m_opacity)
         return;
     m_opacity = opacity;
+    forgetGround();
     update();
 }
 
@@ -50,9 +56,49 @@ void SvgLabel::paintEvent(QPaintEvent* event)
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setOpacity(m_opacity);
         shownImage().draw(painter, rect(), m_cover ? m_cover(painter) : QRect());
+        lookAtGround(painter);
     }
     if (showsMore())
         QLabel::paintEvent(event);
+}
+
+void SvgLabel::resizeEvent(QResizeEvent* event)
+{
+    forgetGround();
+    QLabel::resizeEvent(event);
+}
+
+void SvgLabel::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::EnabledChange || event->type() == QEvent::StyleChange)
+        forgetGround();
+    QLabel::changeEvent(event);
+}
+
+void SvgLabel::setHidesGround(bool hides)
+{
+    m_hidesGround = hides;
+    forgetGround();
+    update();
+}
+
+void SvgLabel::lookAtGround(const QPainter& painter)
+{
+    const double ratio = devicePixelRatioF();
+    if (!m_hidesGround || m_groundRatio == ratio)
+        return;
+    const bool isSeen =
+        ratio != std::floor(ratio) || coveringPixels(painter, QPoint()).image.isNull();
+    if (isSeen && testAttribute(Qt::WA_OpaquePaintEvent))
+        update();
+    setAttribute(Qt::WA_OpaquePaintEvent, !isSeen);
+    m_groundRatio = ratio;
+}
+
+void SvgLabel::forgetGround()
+{
+    if (std::exchange(m_groundRatio, std::nullopt))
+        setAttribute(Qt::WA_OpaquePaintEvent, false);
 }
 
 bool SvgLabel::showsMore() const

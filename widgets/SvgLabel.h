@@ -7,6 +7,7 @@
 #include <QLabel>
 
 #include <functional>
+#include <optional>
 #include <utility>
 
 /// A label that shows an SVG picture, stretched over its whole rectangle, underneath whatever a
@@ -44,11 +45,21 @@ public:
     /// whenever the label is painted; empty for none.
     void setCover(Cover cover) { m_cover = std::move(cover); }
 
+    /// Whether the label may tell Qt that nothing beneath it is seen, which is then not painted: as
+    /// long as its picture is known to cover all of it at a whole pixel ratio. False at first. For
+    /// a label that fills a window; small ones would cut what they lie on into pieces.
+    void setHidesGround(bool hides);
+
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     SvgImage& shownImage();
+    void lookAtGround(const QPainter& painter);
+    /// The ground is painted until the next painting has shown that it is not seen.
+    void forgetGround();
     /// Whether the label has a frame or contents, or a style sheet that may give it some.
     bool showsMore() const;
 
@@ -56,4 +67,6 @@ private:
     SvgImage m_disabledImage;
     double m_opacity = 1.0;
     Cover m_cover;
+    bool m_hidesGround = false;
+    std::optional<double> m_groundRatio; ///< that the ground was looked at for
 };

@@ -55,6 +55,7 @@ private Q_SLOTS:
     void sampleRateReachesTheGraph();
     void theScreenShowsWhatIsRendered_data();
     void theScreenShowsWhatIsRendered();
+    void theBackgroundIsNotFilledBeneathItsPicture();
 };
 
 namespace {
@@ -689,6 +690,34 @@ void tst_ZoltaEditor::theScreenShowsWhatIsRendered_data()
 }
 
 // On the screen the graph is painted as one with the picture beneath, and only where it changed.
+void tst_ZoltaEditor::theBackgroundIsNotFilledBeneathItsPicture()
+{
+    class Paints : public QObject
+    {
+    public:
+        int count = 0;
+
+    protected:
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            count += event->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        }
+    } paints;
+    EditorFixture fixture;
+    fixture.bind(0, 1);
+    fixture.editor->show();
+    QVERIFY(QTest::qWaitForWindowExposed(fixture.editor.get()));
+    fixture.editor->installEventFilter(&paints);
+
+    fixture.graph()->repaint();
+    fixture.editor->repaint();
+    QCOMPARE(paints.count, 0);
+    fixture.widget<SvgLabel>("Background")->setOpacity(0.5);
+    fixture.editor->repaint();
+    QCOMPARE(paints.count, 1);
+}
+
 void tst_ZoltaEditor::theScreenShowsWhatIsRendered()
 {
     QFETCH(double, scale);

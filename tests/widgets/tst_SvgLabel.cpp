@@ -5,8 +5,12 @@
 #include "widgets/SvgLabel.h"
 
 #include <QApplication>
+#include <QGraphicsOpacityEffect>
 #include <QPainter>
 #include <QSvgRenderer>
+
+#include <cmath>
+#include <functional>
 
 namespace {
 
@@ -57,6 +61,46 @@ private:
 const QColor Red(255, 0, 0);
 const QColor Blue(0, 0, 255);
 
+/// A blue window that a label fills.
+class Ground : public QWidget
+{
+public:
+    explicit Ground(const QString& picture)
+    {
+        resize(31, 21);
+        label.resize(size());
+        label.setSvg(picture);
+        label.setHidesGround(true);
+        show();
+        QCoreApplication::processEvents();
+    }
+
+    /// Whether anything of it is painted when the label is.
+    bool isPainted()
+    {
+        m_isPainted = false;
+        label.repaint();
+        return m_isPainted;
+    }
+    QColor colour()
+    {
+        const QImage image = grab().toImage();
+        return image.pixelColor(image.rect().center());
+    }
+
+    SvgLabel label{this};
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter(this).fillRect(rect(), Blue);
+        m_isPainted = true;
+    }
+
+private:
+    bool m_isPainted = false;
+};
+
 } // namespace
 
 class tst_SvgLabel : public TestObject
@@ -76,6 +120,10 @@ private Q_SLOTS:
     void textGoesOnTop();
     void repaintsWhenSomethingChanges();
     void animatedPicturesRepaint();
+    void theGroundIsNotPaintedWhileItIsHidden();
+    void theGroundIsPaintedUnlessAskedNotTo();
+    void theGroundComesBack_data();
+    void theGroundComesBack();
 
 private:
     SvgFiles m_files;
@@ -228,6 +276,67 @@ void tst_SvgLabel::animatedPicturesRepaint()
     paints.take();
     int count = 0;
     QTRY_VERIFY((count += paints.take()) >= 2);
+}
+
+void tst_SvgLabel::theGroundIsNotPaintedWhileItIsHidden()
+{
+    Ground ground(m_red);
+    const double ratio = ground.devicePixelRatioF();
+    const bool isCutThrough = ratio != std::floor(ratio); // a pixel at its edge shows both
+    QCOMPARE(ground.isPainted(), isCutThrough);
+    QCOMPARE(ground.colour(), Red);
+
+    ground.resize(60, 40);
+    ground.label.resize(60, 40);
+    QVERIFY(ground.isPainted()); // the picture at this size has not been seen yet
+    QCOMPARE(ground.isPainted(), isCutThrough);
+    QCOMPARE(ground.colour(), Red);
+}
+
+void tst_SvgLabel::theGroundIsPaintedUnlessAskedNotTo()
+{
+    Ground ground(m_red);
+    ground.label.setHidesGround(false);
+    QVERIFY(ground.isPainted());
+    QVERIFY(ground.isPainted());
+}
+
+void tst_SvgLabel::theGroundComesBack_data()
+{
+    using Change = std::function<void(SvgLabel&)>;
+    const QString glass = m_files.picture(
+        "glass.svg", 10, 10, R"(<rect width="10" height="10" fill="red" fill-opacity="0.5"/>)");
+    const QString half =
+        m_files.picture("half.svg", 10, 10, R"(<rect width="4" height="10" fill="red"/>)");
+
+    QTest::addColumn<Change>("change");
+    QTest::newRow("opacity") << Change([](SvgLabel& label) { label.setOpacity(0.5); });
+    QTest::newRow("a translucent picture") << Change([=](SvgLabel& label) { label.setSvg(glass); });
+    QTest::newRow("a picture with a hole") << Change([=](SvgLabel& label) { label.setSvg(half); });
+    QTest::newRow("no picture") << Change([](SvgLabel& label) { label.setSvg({}); });
+    QTest::newRow("disabled, translucent") << Change([=](SvgLabel& label) {
+        label.setDisableSvg(glass);
+        label.setEnabled(false);
+    });
+    QTest::newRow("hidden") << Change([](SvgLabel& label) { label.hide(); });
+    QTest::newRow("effect") << Change([](SvgLabel& label) {
+        auto* effect = new QGraphicsOpacityEffect(&label);
+        effect->setOpacity(0.5);
+        label.setGraphicsEffect(effect);
+    });
+}
+
+void tst_SvgLabel::theGroundComesBack()
+{
+    QFETCH(std::function<void(SvgLabel&)>, change);
+    Ground ground(m_red);
+    ground.isPainted();
+
+    change(ground.label);
+    QVERIFY2(ground.colour().blue() > 100, qPrintable(ground.colour().name()));
+    QCoreApplication::processEvents();
+    if (ground.label.isVisible())
+        QVERIFY(ground.isPainted());
 }
 
 ZOLTA_TEST_MAIN(tst_SvgLabel)
