@@ -90,7 +90,7 @@ void SvgLabel::lookAtGround(const QPainter& painter)
     const bool isSeen =
         ratio != std::floor(ratio) || coveringPixels(painter, QPoint()).image.isNull();
     if (isSeen && testAttribute(Qt::WA_OpaquePaintEvent))
-        update();
+        update(); // what lies beneath was not painted this time
     setAttribute(Qt::WA_OpaquePaintEvent, !isSeen);
     m_groundRatio = ratio;
 }
