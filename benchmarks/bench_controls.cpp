@@ -159,6 +159,7 @@ std::unique_ptr<SvgLabel> cachedGround(const QString& file, QSize size, double s
 {
     auto label = std::make_unique<SvgLabel>(nullptr);
     label->setSvg(file);
+    label->setHidesGround(true);
     label->resize((QSizeF(size) * scale).toSize());
     return label;
 }
