@@ -689,7 +689,6 @@ void tst_ZoltaEditor::theScreenShowsWhatIsRendered_data()
         QTest::addRow("%g", scale) << scale;
 }
 
-// On the screen the graph is painted as one with the picture beneath, and only where it changed.
 void tst_ZoltaEditor::theBackgroundIsNotFilledBeneathItsPicture()
 {
     class Paints : public QObject
@@ -718,6 +717,7 @@ void tst_ZoltaEditor::theBackgroundIsNotFilledBeneathItsPicture()
     QCOMPARE(paints.count, 1);
 }
 
+// On the screen the graph is painted as one with the picture beneath, and only where it changed.
 void tst_ZoltaEditor::theScreenShowsWhatIsRendered()
 {
     QFETCH(double, scale);
