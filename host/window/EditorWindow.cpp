@@ -127,20 +127,21 @@ void EditorWindow::buildFileMenu(QMenu* menu)
 {
     m_texts.action(
         menu, [] { return tr("&Open Audio..."); }, QKeySequence::Open, this,
-        &EditorWindow::soundWanted);
+        &EditorWindow::soundWanted, Retranslator::afterMenu);
     menu->addSeparator();
     m_texts.action(
         menu, [] { return tr("&Load State..."); }, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O),
-        this, [this] { openStateFile(); });
+        this, [this] { openStateFile(); }, Retranslator::afterMenu);
     m_texts.action(
         menu, [] { return tr("&Save State..."); }, QKeySequence::Save, this,
-        [this] { saveStateFile(); });
+        [this] { saveStateFile(); }, Retranslator::afterMenu);
     menu->addSeparator();
     m_texts.action(
-        menu, [] { return tr("&Close"); }, QKeySequence::Close, this, [this] { close(); });
+        menu, [] { return tr("&Close"); }, QKeySequence::Close, this, [this] { close(); },
+        Retranslator::afterMenu);
     m_texts.action(
-        menu, [] { return tr("&Quit"); }, QKeySequence::Quit, this,
-        [this] { Q_EMIT quitWanted(); });
+        menu, [] { return tr("&Quit"); }, QKeySequence::Quit, this, [this] { Q_EMIT quitWanted(); },
+        Retranslator::afterMenu);
 }
 
 void EditorWindow::buildEditMenu(QMenu* menu)

@@ -22,13 +22,14 @@ FileMenu::FileMenu(QMenu* menu, Mixer& mixer, Retranslator& texts)
     , m_mixer(mixer)
 {
     texts.action(
-        menu, [] { return tr("&Open Audio..."); }, QKeySequence::Open, this,
-        &FileMenu::chooseSound);
+        menu, [] { return tr("&Open Audio..."); }, QKeySequence::Open, this, &FileMenu::chooseSound,
+        Retranslator::afterMenu);
     m_recent = texts.menu(menu, [] { return tr("Open &Recent"); });
     connect(m_recent, &QMenu::aboutToShow, this, &FileMenu::fillRecent);
     m_render = texts.action(
         menu, [] { return tr("Render &To File..."); },
-        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_R), this, &FileMenu::renderWanted);
+        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_R), this, &FileMenu::renderWanted,
+        Retranslator::afterMenu);
     menu->addSeparator();
     addSessions(menu, texts);
     menu->addSeparator();
@@ -41,11 +42,14 @@ void FileMenu::addSessions(QMenu* menu, Retranslator& texts)
     const auto add = [&](const Retranslator::Text& text, const QKeySequence& keys, bool saves,
                          const Retranslator::Text& title,
                          void (FileMenu::*wanted)(const QString&)) {
-        texts.action(menu, text, keys, this, [this, saves, title, wanted] {
-            const QString file = askForSession(saves, title());
-            if (!file.isEmpty())
-                (this->*wanted)(file);
-        });
+        texts.action(
+            menu, text, keys, this,
+            [this, saves, title, wanted] {
+                const QString file = askForSession(saves, title());
+                if (!file.isEmpty())
+                    (this->*wanted)(file);
+            },
+            Retranslator::afterMenu);
     };
     add([] { return tr("&New Session..."); }, QKeySequence::New, true,
         [] { return tr("New Session"); }, &FileMenu::newSessionWanted);
@@ -65,7 +69,10 @@ QString FileMenu::askForSound()
 
 QString FileMenu::askForTarget(int channel)
 {
-    const QFileInfo input(m_mixer.mixerModel.transport()->file());
+    const AudioSession* transport = m_mixer.mixerModel.transport();
+    if (!transport)
+        return {};
+    const QFileInfo input(transport->file());
     const QString title = tr("Render through %1").arg(m_mixer.mixerModel.shownName(channel));
     const auto complete = [](const QString& file, const QString&) {
         return AudioFormat::canWrite(file) ? file : file + QLatin1String(".wav");
@@ -126,7 +133,9 @@ void FileMenu::fillRecent()
         shown.replace(QLatin1Char('&'), QLatin1String("&&"));
         QAction* action = m_recent->addAction(shown);
         action->setToolTip(file);
-        connect(action, &QAction::triggered, this, [this, file] { openSound(file); });
+        connect(
+            action, &QAction::triggered, this, [this, file] { openSound(file); },
+            Retranslator::afterMenu);
     }
     m_recent->setToolTipsVisible(true);
     m_recent->menuAction()->setEnabled(!recent.isEmpty());

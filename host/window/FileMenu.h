@@ -21,7 +21,8 @@ public:
 
     /// Asks for a sound file; empty if the user gives up.
     QString askForSound();
-    /// Asks for the file to render what plays to, through the equalizer of \a channel; likewise.
+    /// Asks for the file to render what plays to, through the equalizer of \a channel; empty if
+    /// the user gives up, or if there is nothing that plays.
     QString askForTarget(int channel);
     /// The same, and opens it.
     void chooseSound();

@@ -356,9 +356,11 @@ void MixerWindow::buildFileMenu()
             render(file);
     });
     m_texts.action(
-        menu, [] { return tr("&Close"); }, QKeySequence::Close, this, [this] { close(); });
+        menu, [] { return tr("&Close"); }, QKeySequence::Close, this, [this] { close(); },
+        Retranslator::afterMenu);
     m_texts.action(
-        menu, [] { return tr("&Quit"); }, QKeySequence::Quit, this, [this] { quit(); });
+        menu, [] { return tr("&Quit"); }, QKeySequence::Quit, this, [this] { quit(); },
+        Retranslator::afterMenu);
 }
 
 void MixerWindow::buildEditMenu()
@@ -378,10 +380,11 @@ void MixerWindow::buildChannelMenu()
     QMenu* menu = m_texts.menu(menuBar(), [] { return tr("&Channel"); });
     m_texts.action(
         menu, [] { return tr("&Open Editor"); }, QKeySequence(Qt::CTRL | Qt::Key_E), this,
-        [this] { editChannel(selectedChannel(), m_mixer.mixerModel.isPair(selectedChannel())); });
+        [this] { editChannel(selectedChannel(), m_mixer.mixerModel.isPair(selectedChannel())); },
+        Retranslator::afterMenu);
     m_texts.action(
-        menu, [] { return tr("&Rename..."); }, QKeySequence(Qt::Key_F2), this,
-        [this] { rename(); });
+        menu, [] { return tr("&Rename..."); }, QKeySequence(Qt::Key_F2), this, [this] { rename(); },
+        Retranslator::afterMenu);
     menu->addSeparator();
     addChannelCountMenu(menu, m_mixer.mixerModel, m_texts);
 }

@@ -53,20 +53,24 @@ void PresetMenu::fillActions(Retranslator& texts)
 {
     texts.action(
         m_menu, [] { return tr("&Previous"); }, QKeySequence(Qt::CTRL | Qt::Key_PageUp), this,
-        [this] { m_presets.step(-1); });
+        [this] { m_presets.step(-1); }, Retranslator::afterMenu);
     texts.action(
         m_menu, [] { return tr("&Next"); }, QKeySequence(Qt::CTRL | Qt::Key_PageDown), this,
-        [this] { m_presets.step(1); });
+        [this] { m_presets.step(1); }, Retranslator::afterMenu);
     m_menu->addSeparator();
     m_save = texts.action(
-        m_menu, [] { return tr("Save Preset A&gain"); }, QKeySequence(), this, &PresetMenu::save);
+        m_menu, [] { return tr("Save Preset A&gain"); }, QKeySequence(), this, &PresetMenu::save,
+        Retranslator::afterMenu);
     texts.action(
-        m_menu, [] { return tr("&Save as Preset..."); }, QKeySequence(), this, &PresetMenu::saveAs);
+        m_menu, [] { return tr("&Save as Preset..."); }, QKeySequence(), this, &PresetMenu::saveAs,
+        Retranslator::afterMenu);
     m_rename = texts.action(
-        m_menu, [] { return tr("&Rename..."); }, QKeySequence(), this, &PresetMenu::rename);
+        m_menu, [] { return tr("&Rename..."); }, QKeySequence(), this, &PresetMenu::rename,
+        Retranslator::afterMenu);
     m_deletion = texts.menu(m_menu, [] { return tr("&Delete"); });
     texts.action(
-        m_menu, [] { return tr("Show F&older"); }, QKeySequence(), this, &PresetMenu::showFolder);
+        m_menu, [] { return tr("Show F&older"); }, QKeySequence(), this, &PresetMenu::showFolder,
+        Retranslator::afterMenu);
 }
 
 void PresetMenu::fillUser()
@@ -78,7 +82,9 @@ void PresetMenu::fillUser()
         QAction* choose = addChoice(m_menu, {name, false});
         m_users << choose;
         QAction* remove = m_deletion->addAction(choose->text());
-        connect(remove, &QAction::triggered, this, [this, name] { askToDelete(name); });
+        connect(
+            remove, &QAction::triggered, this, [this, name] { askToDelete(name); },
+            Retranslator::afterMenu);
     }
     m_deletion->setEnabled(!m_users.isEmpty());
     follow();
@@ -91,7 +97,9 @@ QAction* PresetMenu::addChoice(QMenu* menu, const PresetName& preset)
         menu->addAction(QString(preset.name).replace(QLatin1Char('&'), QLatin1String("&&")));
     action->setCheckable(true);
     action->setData(preset.name);
-    connect(action, &QAction::triggered, this, [this, preset] { m_presets.load(preset); });
+    connect(
+        action, &QAction::triggered, this, [this, preset] { m_presets.load(preset); },
+        Retranslator::afterMenu);
     return action;
 }
 
@@ -116,6 +124,8 @@ void PresetMenu::saveAs()
 
 void PresetMenu::rename()
 {
+    if (!m_presets.isOwn())
+        return;
     const QString before = m_presets.current()->name;
     const QString title = tr("Rename Preset");
     const QString name = typedName(title, before);

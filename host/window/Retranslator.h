@@ -30,10 +30,14 @@ public:
     QMenu* menu(QMenuBar* bar, const Text& text);
     QMenu* menu(QMenu* parent, const Text& text);
     QAction* action(QMenu* menu, const Text& text);
+    /// How to connect an action whose slot may open a dialog: it runs once the menu is through with
+    /// it. A dialog's event loop may delete the menu, which goes on after a direct call.
+    static constexpr Qt::ConnectionType afterMenu = Qt::QueuedConnection;
+
     /// An action with a shortcut that calls \a slot of or in \a receiver.
     template <typename Receiver, typename Slot>
     QAction* action(QMenu* menu, const Text& text, const QKeySequence& keys, Receiver* receiver,
-                    Slot slot);
+                    Slot slot, Qt::ConnectionType type = Qt::AutoConnection);
     QLabel* label(QWidget* parent, const Text& text);
     QComboBox* choice(QWidget* parent, const std::function<QStringList()>& items);
 
@@ -43,10 +47,10 @@ private:
 
 template <typename Receiver, typename Slot>
 QAction* Retranslator::action(QMenu* menu, const Text& text, const QKeySequence& keys,
-                              Receiver* receiver, Slot slot)
+                              Receiver* receiver, Slot slot, Qt::ConnectionType type)
 {
     QAction* added = action(menu, text);
     added->setShortcut(keys);
-    QObject::connect(added, &QAction::triggered, receiver, slot);
+    QObject::connect(added, &QAction::triggered, receiver, slot, type);
     return added;
 }

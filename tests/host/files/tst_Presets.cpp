@@ -28,6 +28,7 @@
 #include <QUrl>
 
 using namespace Qt::StringLiterals;
+using WindowTesting::choose;
 
 class DesktopHandler : public QObject
 {
@@ -157,7 +158,7 @@ QAction* tst_Presets::deletionOf(const QString& name) const
 // Does something with the next dialog, which has to come.
 template <typename Dialog, typename Act> void tst_Presets::whenAsked(Act act)
 {
-    QTimer::singleShot(0, qApp, [act] {
+    QTimer::singleShot(1, qApp, [act] { // not before the dialog's event loop
         auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
         if (!dialog)
             qFatal("no dialog");
@@ -219,7 +220,7 @@ void tst_Presets::factoryNamesAreTranslated()
 void tst_Presets::factoryMenuLoadsOneStep()
 {
     QAction* kick = action("Kick");
-    kick->trigger();
+    choose(kick);
     const auto presets = factoryPresets();
     const auto found = std::find_if(presets.begin(), presets.end(), [](const FactoryPreset& p) {
         return std::string_view(p.name) == "Kick";
@@ -255,7 +256,7 @@ void tst_Presets::menuListsTheUsersOwn()
     QAction* mine = menu->actions().constLast();
     QCOMPARE(mine->text(), u"Rock && roll"_s);
     m_mixer.memory.setValue(parameterId(2), 2, 99, 0, 0, 1);
-    mine->trigger();
+    choose(mine);
     QCOMPARE(m_mixer.memory.values(2), HostMemory().values(2));
     Q_EMIT menu->aboutToShow();
 }
@@ -266,7 +267,7 @@ void tst_Presets::savingAsksForAName()
         dialog->setTextValue(u"  Asked   for "_s);
         dialog->accept();
     });
-    action("Save as Preset...")->trigger();
+    choose(action("Save as Preset..."));
     QCOMPARE(m_folder.names(), QStringList{u"Asked for"_s});
 }
 
@@ -295,7 +296,7 @@ void tst_Presets::badNameIsAskedForAgain()
         });
         dialog->accept();
     });
-    action("Save as Preset...")->trigger();
+    choose(action("Save as Preset..."));
     QCOMPARE(m_folder.names(), QStringList{u"AC-DC"_s});
 }
 
@@ -309,7 +310,7 @@ void tst_Presets::replacingIsAsked()
         whenAsked<QMessageBox>([](QMessageBox* box) { box->button(QMessageBox::Cancel)->click(); });
         dialog->accept();
     });
-    action("Save as Preset...")->trigger();
+    choose(action("Save as Preset..."));
     QCOMPARE(TestFiles::read(fileOf(u"Twice"_s)), before);
 }
 
@@ -361,7 +362,7 @@ void tst_Presets::questionsNameTheAction()
         whenAsked<QMessageBox>(answer);
     else
         whenAsked<QInputDialog>(name);
-    (action == "Mine"_L1 ? deletionOf(action) : this->action(qPrintable(action)))->trigger();
+    choose(action == "Mine"_L1 ? deletionOf(action) : this->action(qPrintable(action)));
     QCOMPARE(buttons, (QSet<QString>{button, u"Cancel"_s}));
     const bool isAsBefore = m_folder.names() == QStringList{u"Mine"_s, u"Other"_s} &&
                             TestFiles::read(fileOf(u"Other"_s)) == other;
@@ -371,7 +372,7 @@ void tst_Presets::questionsNameTheAction()
 void tst_Presets::barShowsThePresetAndWhetherItIsModified()
 {
     QCOMPARE(nameKey()->text(), u"No preset"_s);
-    action("Kick")->trigger();
+    choose(action("Kick"));
     QCOMPARE(nameKey()->text(), u"Kick"_s);
     QVERIFY(action("Kick")->isChecked());
     turn();
@@ -414,11 +415,11 @@ void tst_Presets::previousAndNextGoAround()
     key("Previous preset")->click();
     QCOMPARE(nameKey()->text(), u"Mine"_s);
     QCOMPARE(history().undoText(), u"Load Mine"_s);
-    action("Previous")->trigger();
+    choose(action("Previous"));
     QCOMPARE(nameKey()->text(), last);
     QCOMPARE(m_mixer.memory.values(2), valuesOf(factoryPresets().back()));
-    action("Next")->trigger();
-    action("Next")->trigger();
+    choose(action("Next"));
+    choose(action("Next"));
     QCOMPARE(nameKey()->text(), first);
     m_mixer.mixerModel.presets().clear(2);
     key("Previous preset")->click();
@@ -442,7 +443,7 @@ void tst_Presets::saveKeySavesAgain()
 // Of one that comes with the mixer the user makes an own one.
 void tst_Presets::saveKeyAsksForANewName()
 {
-    action("Kick")->trigger();
+    choose(action("Kick"));
     QVERIFY(!action("Rename...")->isEnabled());
     whenAsked<QInputDialog>([](QInputDialog* dialog) {
         dialog->setTextValue(u"My kick"_s);
@@ -464,7 +465,7 @@ void tst_Presets::renamedPresetKeepsItsSettings()
         dialog->setTextValue(u"New"_s);
         dialog->accept();
     });
-    action("Rename...")->trigger();
+    choose(action("Rename..."));
     QCOMPARE(m_folder.names(), QStringList{u"New"_s});
     QCOMPARE(TestFiles::read(fileOf(u"New"_s)), bytes);
     QCOMPARE(nameKey()->text(), u"New"_s);
@@ -528,7 +529,7 @@ void tst_Presets::sessionsKeepThePreset()
     auto session = std::make_unique<MixerSession>(m_mixer);
     QVERIFY(session->open(file).isOk());
     if (preset == "Kick"_L1)
-        action("Kick")->trigger();
+        choose(action("Kick"));
     else if (!preset.isEmpty())
         saveTurned(preset, 70);
     if (isTurned)
@@ -566,7 +567,7 @@ void tst_Presets::folderIsShown()
 {
     DesktopHandler handler;
     QDesktopServices::setUrlHandler(u"file"_s, &handler, "open");
-    action("Show Folder")->trigger();
+    choose(action("Show Folder"));
     QDesktopServices::unsetUrlHandler(u"file"_s);
     QCOMPARE(handler.opened, QUrl::fromLocalFile(m_folder.path()));
     QVERIFY(QDir(m_folder.path()).exists());

@@ -6,6 +6,7 @@
 #include "interfaces/IMeterObserver.h"
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QDockWidget>
 #include <QMainWindow>
 
@@ -83,6 +84,13 @@ inline QAction* actionOf(const QMainWindow* window, const QString& text)
     if (!beginning)
         qFatal("no action %s", qPrintable(text));
     return beginning;
+}
+
+/// As from its menu, and waits for what comes after the menu.
+inline void choose(QAction* action)
+{
+    action->trigger();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
 }
 
 } // namespace WindowTesting

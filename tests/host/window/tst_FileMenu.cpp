@@ -48,6 +48,8 @@ private Q_SLOTS:
     void recentFilesComeBack();
     void dialogsOpenWhereTheLastFileWas();
     void dialogsGoWithTheirWindow();
+    void menusGoWithTheirWindow_data();
+    void menusGoWithTheirWindow();
     void spacePlaysAndStops();
     void spacePressesTheKeyThatTabLedTo();
     void transportMenuDrives();
@@ -141,7 +143,7 @@ QStringList tst_FileMenu::recent() const
 // Chooses a file, or nothing, in the dialog that opens next; what comes after it is up to \a next.
 void tst_FileMenu::answer(const QString& file, QString* folder, const std::function<void()>& next)
 {
-    QTimer::singleShot(0, this, [this, file, folder, next] {
+    QTimer::singleShot(1, this, [this, file, folder, next] { // in the dialog's event loop
         auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
         QVERIFY(dialog);
         if (folder)
@@ -194,7 +196,7 @@ void tst_FileMenu::recentFilesComeBack()
     QCOMPARE(recent(), expected);
     m_window = std::make_unique<MixerWindow>(*m_mixer, EditorSettings());
     QCOMPARE(recent(), expected);
-    actionOf(m_window.get(), u"3.wav"_s)->trigger();
+    choose(actionOf(m_window.get(), u"3.wav"_s));
     QCOMPARE(m_session->file(), m_folder->filePath(u"3.wav"_s));
     expected.move(6, 0);
     QCOMPARE(recent(), expected);
@@ -206,15 +208,15 @@ void tst_FileMenu::dialogsOpenWhereTheLastFileWas()
     const QString file = sound("songs/a.wav");
     QString folder;
     answer(file, &folder);
-    actionOf(m_window.get(), u"Open Audio..."_s)->trigger();
+    choose(actionOf(m_window.get(), u"Open Audio..."_s));
     QCOMPARE(folder, QDir::homePath());
     QCOMPARE(m_session->file(), file);
     answer(QString(), &folder);
-    actionOf(m_window.get(), u"Open Audio..."_s)->trigger();
+    choose(actionOf(m_window.get(), u"Open Audio..."_s));
     QCOMPARE(folder, m_folder->filePath(u"songs"_s));
     QCOMPARE(m_session->file(), file);
     answer(QString(), &folder);
-    actionOf(m_window->openEditor(0, true), u"Open Audio..."_s)->trigger();
+    choose(actionOf(m_window->openEditor(0, true), u"Open Audio..."_s));
     QCOMPARE(folder, m_folder->filePath(u"songs"_s));
     QCOMPARE(m_mixer->settings.preference(u"folder.state"_s), QVariant()); // of other files
 }
@@ -232,6 +234,32 @@ void tst_FileMenu::dialogsGoWithTheirWindow()
                  QString());
         QVERIFY(!window);
     }
+}
+
+void tst_FileMenu::menusGoWithTheirWindow_data()
+{
+    QTest::addColumn<QString>("item");
+    for (const char* item : {"Load State...", "Save State...", "Save as Preset..."})
+        QTest::newRow(item) << QString::fromLatin1(item);
+}
+
+// A click into a menu opens a dialog, and its window closes before the dialog is answered.
+void tst_FileMenu::menusGoWithTheirWindow()
+{
+    QFETCH(const QString, item);
+    const QPointer<EditorWindow> editor = m_window->openEditor(0, false);
+    QAction* action = actionOf(editor, item);
+    auto* menu = qobject_cast<QMenu*>(action->associatedObjects().value(0));
+    QTimer closing;
+    connect(&closing, &QTimer::timeout, editor, [editor] {
+        if (QApplication::activeModalWidget())
+            editor->close();
+    });
+    closing.start(0);
+    menu->popup(editor->pos());
+    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+    QTRY_VERIFY(!editor);
+    QVERIFY(!QApplication::activeModalWidget());
 }
 
 void tst_FileMenu::spacePlaysAndStops()
@@ -288,7 +316,7 @@ void tst_FileMenu::rendersThroughTheMarkedStrip()
     m_mixer->memory.setValue(0x011A, 2, -200, 0, 0, 1); // output level
     QString folder;
     answer(m_folder->filePath(u"out"_s), &folder);
-    actionOf(m_window.get(), u"Render To File..."_s)->trigger();
+    choose(actionOf(m_window.get(), u"Render To File..."_s));
     const QString out = m_folder->filePath(u"out.wav"_s);
     QTRY_COMPARE(m_window->statusBar()->currentMessage(),
                  u"Wrote %1: 0.1 seconds, 48000 Hz, channels: 1."_s.arg(out));
@@ -320,14 +348,14 @@ void tst_FileMenu::sessionsAreAskedFor()
     QSignalSpy opened(m_window.get(), &MixerWindow::openSessionWanted);
     QSignalSpy saved(m_window.get(), &MixerWindow::saveSessionWanted);
     answer(file);
-    actionOf(m_window.get(), u"New Session..."_s)->trigger();
+    choose(actionOf(m_window.get(), u"New Session..."_s));
     QCOMPARE(begun.value(0).value(0).toString(), file + u".json"_s);
     SoundFiles::writeBytes(file + u".json"_s, "{}");
     answer(file + u".json"_s);
-    actionOf(m_window.get(), u"Open Session..."_s)->trigger();
+    choose(actionOf(m_window.get(), u"Open Session..."_s));
     QCOMPARE(opened.value(0).value(0).toString(), file + u".json"_s);
     answer(QString());
-    actionOf(m_window.get(), u"Save Session As..."_s)->trigger();
+    choose(actionOf(m_window.get(), u"Save Session As..."_s));
     QCOMPARE(saved.count(), 0);
 }
 
@@ -370,7 +398,7 @@ void tst_FileMenu::replacingIsAsked()
     for (const bool agreed : {false, true}) {
         agrees = agreed;
         answer(m_folder->filePath(typed), nullptr, reply);
-        actionOf(m_window.get(), action)->trigger();
+        choose(actionOf(m_window.get(), action));
         if (!agreed)
             QCOMPARE(SoundFiles::bytesOf(m_folder->filePath(complete)), "old"_ba);
     }
@@ -394,7 +422,7 @@ void tst_FileMenu::helpIsShown()
 {
     QFETCH(const QString, item);
     QFETCH(const QString, part);
-    actionOf(m_window.get(), item)->trigger();
+    choose(actionOf(m_window.get(), item));
     auto* dialog = m_window->findChild<QDialog*>();
     QVERIFY(dialog && dialog->isVisible());
     QCOMPARE(dialog->windowTitle(), item);

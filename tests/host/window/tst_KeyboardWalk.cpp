@@ -72,7 +72,7 @@ QMainWindow* tst_KeyboardWalk::openWindow(const QString& kind)
         window->show();
     } else {
         window = m_mixerWindow->openEditor(0, true);
-        actionOf(window, kind)->trigger();
+        choose(actionOf(window, kind));
         window->resize(1300, 900); // whatever the screen has: every button has room on its bar
     }
     QApplication::setActiveWindow(window);
