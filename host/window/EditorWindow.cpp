@@ -6,6 +6,7 @@
 #include "host/window/AnalyzerPanel.h"
 #include "host/window/AnalyzerView.h"
 #include "host/window/AuditionBar.h"
+#include "host/window/DialogConnection.h"
 #include "host/window/EditMenu.h"
 #include "host/window/EditorPresets.h"
 #include "host/window/EditorToolBar.h"
@@ -127,21 +128,21 @@ void EditorWindow::buildFileMenu(QMenu* menu)
 {
     m_texts.action(
         menu, [] { return tr("&Open Audio..."); }, QKeySequence::Open, this,
-        &EditorWindow::soundWanted, Retranslator::afterMenu);
+        &EditorWindow::soundWanted, opensDialog);
     menu->addSeparator();
     m_texts.action(
         menu, [] { return tr("&Load State..."); }, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O),
-        this, [this] { openStateFile(); }, Retranslator::afterMenu);
+        this, [this] { openStateFile(); }, opensDialog);
     m_texts.action(
         menu, [] { return tr("&Save State..."); }, QKeySequence::Save, this,
-        [this] { saveStateFile(); }, Retranslator::afterMenu);
+        [this] { saveStateFile(); }, opensDialog);
     menu->addSeparator();
     m_texts.action(
         menu, [] { return tr("&Close"); }, QKeySequence::Close, this, [this] { close(); },
-        Retranslator::afterMenu);
+        opensDialog);
     m_texts.action(
         menu, [] { return tr("&Quit"); }, QKeySequence::Quit, this, [this] { Q_EMIT quitWanted(); },
-        Retranslator::afterMenu);
+        opensDialog);
 }
 
 void EditorWindow::buildEditMenu(QMenu* menu)

@@ -3,6 +3,7 @@
 
 #include "host/audio/AudioFormat.h"
 #include "host/audio/AudioSession.h"
+#include "host/window/DialogConnection.h"
 #include "host/window/FileDialogs.h"
 #include "host/window/Mixer.h"
 
@@ -23,13 +24,12 @@ FileMenu::FileMenu(QMenu* menu, Mixer& mixer, Retranslator& texts)
 {
     texts.action(
         menu, [] { return tr("&Open Audio..."); }, QKeySequence::Open, this, &FileMenu::chooseSound,
-        Retranslator::afterMenu);
+        opensDialog);
     m_recent = texts.menu(menu, [] { return tr("Open &Recent"); });
     connect(m_recent, &QMenu::aboutToShow, this, &FileMenu::fillRecent);
     m_render = texts.action(
         menu, [] { return tr("Render &To File..."); },
-        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_R), this, &FileMenu::renderWanted,
-        Retranslator::afterMenu);
+        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_R), this, &FileMenu::renderWanted, opensDialog);
     menu->addSeparator();
     addSessions(menu, texts);
     menu->addSeparator();
@@ -49,7 +49,7 @@ void FileMenu::addSessions(QMenu* menu, Retranslator& texts)
                 if (!file.isEmpty())
                     (this->*wanted)(file);
             },
-            Retranslator::afterMenu);
+            opensDialog);
     };
     add([] { return tr("&New Session..."); }, QKeySequence::New, true,
         [] { return tr("New Session"); }, &FileMenu::newSessionWanted);
@@ -134,8 +134,7 @@ void FileMenu::fillRecent()
         QAction* action = m_recent->addAction(shown);
         action->setToolTip(file);
         connect(
-            action, &QAction::triggered, this, [this, file] { openSound(file); },
-            Retranslator::afterMenu);
+            action, &QAction::triggered, this, [this, file] { openSound(file); }, opensDialog);
     }
     m_recent->setToolTipsVisible(true);
     m_recent->menuAction()->setEnabled(!recent.isEmpty());

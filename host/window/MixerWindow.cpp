@@ -3,6 +3,7 @@
 
 #include "host/audio/AudioSession.h"
 #include "host/window/ChannelCountMenu.h"
+#include "host/window/DialogConnection.h"
 #include "host/window/EditMenu.h"
 #include "host/window/EditorStage.h"
 #include "host/window/EditorWindow.h"
@@ -60,14 +61,13 @@ MixerWindow::MixerWindow(Mixer& mixer, const EditorSettings& settings)
     column->addWidget(m_desk, 1);
     setCentralWidget(content);
     buildMenus();
-    connect(m_transport, &TransportBar::openWanted, m_file, &FileMenu::chooseSound);
+    connect(m_transport, &TransportBar::openWanted, m_file, &FileMenu::chooseSound, opensDialog);
     connect(new FileDrop(this), &FileDrop::dropped, m_file, &FileMenu::openSound);
     statusBar()->setSizeGripEnabled(false);
     connect(&mixer.mixerModel, &MixerModel::channelChanged, this, &MixerWindow::showPairs);
-    connect(&mixer.mixerModel, &MixerModel::channelChanged, this,
-            [&mixer] { mixer.meters.wake(); });
-    connect(&mixer.mixerModel, &MixerModel::soundingRateChanged, this,
-            [&mixer] { mixer.meters.wake(); });
+    const auto wakeMeters = [&mixer] { mixer.meters.wake(); };
+    connect(&mixer.mixerModel, &MixerModel::channelChanged, this, wakeMeters);
+    connect(&mixer.mixerModel, &MixerModel::soundingRateChanged, this, wakeMeters);
     connect(&mixer.mixerModel, &MixerModel::channelCountChanged, this, &MixerWindow::followCount);
     showPairs();
     resize(wholeSize().boundedTo(screen()->availableSize()));
@@ -357,10 +357,10 @@ void MixerWindow::buildFileMenu()
     });
     m_texts.action(
         menu, [] { return tr("&Close"); }, QKeySequence::Close, this, [this] { close(); },
-        Retranslator::afterMenu);
+        opensDialog);
     m_texts.action(
         menu, [] { return tr("&Quit"); }, QKeySequence::Quit, this, [this] { quit(); },
-        Retranslator::afterMenu);
+        opensDialog);
 }
 
 void MixerWindow::buildEditMenu()
@@ -381,10 +381,10 @@ void MixerWindow::buildChannelMenu()
     m_texts.action(
         menu, [] { return tr("&Open Editor"); }, QKeySequence(Qt::CTRL | Qt::Key_E), this,
         [this] { editChannel(selectedChannel(), m_mixer.mixerModel.isPair(selectedChannel())); },
-        Retranslator::afterMenu);
+        opensDialog);
     m_texts.action(
         menu, [] { return tr("&Rename..."); }, QKeySequence(Qt::Key_F2), this, [this] { rename(); },
-        Retranslator::afterMenu);
+        opensDialog);
     menu->addSeparator();
     addChannelCountMenu(menu, m_mixer.mixerModel, m_texts);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/window/PresetBar.h"
 
+#include "host/window/DialogConnection.h"
 #include "host/window/EditorPresets.h"
 #include "host/window/HostTheme.h"
 #include "host/window/PresetMenu.h"
@@ -30,13 +31,15 @@ PresetBar::PresetBar(EditorPresets& presets, PresetMenu& menu, QMenu* entries, Q
     addWidget(m_texts.label(this, [] { return tr("Preset"); }));
     QToolButton* previous =
         addButton(QStringLiteral("\u2039"), [] { return tr("Previous preset"); });
-    connect(previous, &QToolButton::clicked, &presets, [&presets] { presets.step(-1); });
+    connect(
+        previous, &QToolButton::clicked, &presets, [&presets] { presets.step(-1); }, opensDialog);
     addName(entries);
     QToolButton* next = addButton(QStringLiteral("\u203a"), [] { return tr("Next preset"); });
-    connect(next, &QToolButton::clicked, &presets, [&presets] { presets.step(1); });
+    connect(
+        next, &QToolButton::clicked, &presets, [&presets] { presets.step(1); }, opensDialog);
     m_save = addButton(QString(), [] { return tr("Save the preset"); });
     m_texts.add([this] { m_save->setText(tr("Save")); });
-    connect(m_save, &QToolButton::clicked, &menu, &PresetMenu::save);
+    connect(m_save, &QToolButton::clicked, &menu, &PresetMenu::save, opensDialog);
     addRoom();
     completeToolBar(*this, m_texts);
     connect(&presets, &EditorPresets::changed, this, &PresetBar::follow);

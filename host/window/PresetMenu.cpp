@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "host/window/PresetMenu.h"
 
+#include "host/window/DialogConnection.h"
 #include "host/window/EditorPresets.h"
 #include "host/window/MessageDialog.h"
 #include "parameters/FactoryPresets.h"
@@ -53,24 +54,24 @@ void PresetMenu::fillActions(Retranslator& texts)
 {
     texts.action(
         m_menu, [] { return tr("&Previous"); }, QKeySequence(Qt::CTRL | Qt::Key_PageUp), this,
-        [this] { m_presets.step(-1); }, Retranslator::afterMenu);
+        [this] { m_presets.step(-1); }, opensDialog);
     texts.action(
         m_menu, [] { return tr("&Next"); }, QKeySequence(Qt::CTRL | Qt::Key_PageDown), this,
-        [this] { m_presets.step(1); }, Retranslator::afterMenu);
+        [this] { m_presets.step(1); }, opensDialog);
     m_menu->addSeparator();
     m_save = texts.action(
         m_menu, [] { return tr("Save Preset A&gain"); }, QKeySequence(), this, &PresetMenu::save,
-        Retranslator::afterMenu);
+        opensDialog);
     texts.action(
         m_menu, [] { return tr("&Save as Preset..."); }, QKeySequence(), this, &PresetMenu::saveAs,
-        Retranslator::afterMenu);
+        opensDialog);
     m_rename = texts.action(
         m_menu, [] { return tr("&Rename..."); }, QKeySequence(), this, &PresetMenu::rename,
-        Retranslator::afterMenu);
+        opensDialog);
     m_deletion = texts.menu(m_menu, [] { return tr("&Delete"); });
     texts.action(
         m_menu, [] { return tr("Show F&older"); }, QKeySequence(), this, &PresetMenu::showFolder,
-        Retranslator::afterMenu);
+        opensDialog);
 }
 
 void PresetMenu::fillUser()
@@ -83,8 +84,7 @@ void PresetMenu::fillUser()
         m_users << choose;
         QAction* remove = m_deletion->addAction(choose->text());
         connect(
-            remove, &QAction::triggered, this, [this, name] { askToDelete(name); },
-            Retranslator::afterMenu);
+            remove, &QAction::triggered, this, [this, name] { askToDelete(name); }, opensDialog);
     }
     m_deletion->setEnabled(!m_users.isEmpty());
     follow();
@@ -98,8 +98,7 @@ QAction* PresetMenu::addChoice(QMenu* menu, const PresetName& preset)
     action->setCheckable(true);
     action->setData(preset.name);
     connect(
-        action, &QAction::triggered, this, [this, preset] { m_presets.load(preset); },
-        Retranslator::afterMenu);
+        action, &QAction::triggered, this, [this, preset] { m_presets.load(preset); }, opensDialog);
     return action;
 }
 

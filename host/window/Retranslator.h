@@ -30,10 +30,6 @@ public:
     QMenu* menu(QMenuBar* bar, const Text& text);
     QMenu* menu(QMenu* parent, const Text& text);
     QAction* action(QMenu* menu, const Text& text);
-    /// How to connect an action whose slot may open a dialog: it runs once the menu is through with
-    /// it. A dialog's event loop may delete the menu, which goes on after a direct call.
-    static constexpr Qt::ConnectionType afterMenu = Qt::QueuedConnection;
-
     /// An action with a shortcut that calls \a slot of or in \a receiver.
     template <typename Receiver, typename Slot>
     QAction* action(QMenu* menu, const Text& text, const QKeySequence& keys, Receiver* receiver,

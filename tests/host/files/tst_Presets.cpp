@@ -89,6 +89,11 @@ private:
     {
         return WindowTesting::named<QToolButton>(m_editor, QLatin1String(name));
     }
+    void press(const char* name)
+    {
+        key(name)->click();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
+    }
     QToolButton* nameKey() const;
     QAction* deletionOf(const QString& name) const;
     QUndoStack& history() { return m_mixer.mixerModel.history().stack(); }
@@ -410,9 +415,9 @@ void tst_Presets::previousAndNextGoAround()
     m_mixer.mixerModel.presets().clear(2);
     const QString first = QString::fromLatin1(factoryPresets().front().name);
     const QString last = QString::fromLatin1(factoryPresets().back().name);
-    key("Next preset")->click();
+    press("Next preset");
     QCOMPARE(nameKey()->text(), first);
-    key("Previous preset")->click();
+    press("Previous preset");
     QCOMPARE(nameKey()->text(), u"Mine"_s);
     QCOMPARE(history().undoText(), u"Load Mine"_s);
     choose(action("Previous"));
@@ -422,7 +427,7 @@ void tst_Presets::previousAndNextGoAround()
     choose(action("Next"));
     QCOMPARE(nameKey()->text(), first);
     m_mixer.mixerModel.presets().clear(2);
-    key("Previous preset")->click();
+    press("Previous preset");
     QCOMPARE(nameKey()->text(), u"Mine"_s);
 }
 
@@ -433,7 +438,7 @@ void tst_Presets::saveKeySavesAgain()
     QVERIFY(!action("Save Preset Again")->isEnabled());
     turn();
     const HostMemory::Values values = m_mixer.memory.values(2);
-    key("Save the preset")->click();
+    press("Save the preset");
     QCOMPARE(nameKey()->text(), u"Mine"_s);
     m_mixer.memory.reset(2);
     presets().load({u"Mine"_s});
@@ -449,7 +454,7 @@ void tst_Presets::saveKeyAsksForANewName()
         dialog->setTextValue(u"My kick"_s);
         dialog->accept();
     });
-    key("Save the preset")->click();
+    press("Save the preset");
     QCOMPARE(m_folder.names(), QStringList{u"My kick"_s});
     QCOMPARE(nameKey()->text(), u"My kick"_s);
     QVERIFY(action("Rename...")->isEnabled());

@@ -28,6 +28,7 @@
 #include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QToolButton>
 #include <QUrl>
 
 #include <functional>
@@ -48,8 +49,8 @@ private Q_SLOTS:
     void recentFilesComeBack();
     void dialogsOpenWhereTheLastFileWas();
     void dialogsGoWithTheirWindow();
-    void menusGoWithTheirWindow_data();
-    void menusGoWithTheirWindow();
+    void clickedItemsGoWithTheirWindow_data();
+    void clickedItemsGoWithTheirWindow();
     void spacePlaysAndStops();
     void spacePressesTheKeyThatTabLedTo();
     void transportMenuDrives();
@@ -236,28 +237,35 @@ void tst_FileMenu::dialogsGoWithTheirWindow()
     }
 }
 
-void tst_FileMenu::menusGoWithTheirWindow_data()
+void tst_FileMenu::clickedItemsGoWithTheirWindow_data()
 {
     QTest::addColumn<QString>("item");
-    for (const char* item : {"Load State...", "Save State...", "Save as Preset..."})
+    for (const char* item :
+         {"Load State...", "Save State...", "Save as Preset...", "Save the preset"})
         QTest::newRow(item) << QString::fromLatin1(item);
 }
 
-// A click into a menu opens a dialog, and its window closes before the dialog is answered.
-void tst_FileMenu::menusGoWithTheirWindow()
+// A click opens a dialog, and the window closes before the dialog is answered.
+void tst_FileMenu::clickedItemsGoWithTheirWindow()
 {
     QFETCH(const QString, item);
+    m_mixer->memory.setValue(0x011A, 0, -200, 0, 0, 1); // there is something to save
     const QPointer<EditorWindow> editor = m_window->openEditor(0, false);
-    QAction* action = actionOf(editor, item);
-    auto* menu = qobject_cast<QMenu*>(action->associatedObjects().value(0));
     QTimer closing;
     connect(&closing, &QTimer::timeout, editor, [editor] {
         if (QApplication::activeModalWidget())
             editor->close();
     });
     closing.start(0);
-    menu->popup(editor->pos());
-    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+    if (item.endsWith(u"..."_s)) {
+        QAction* action = actionOf(editor, item);
+        auto* menu = qobject_cast<QMenu*>(action->associatedObjects().value(0));
+        menu->popup(editor->pos());
+        QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+    } else {
+        QTest::mouseClick(named<QToolButton>(editor, item), Qt::LeftButton);
+    }
+    QVERIFY(editor); // which the menu or button still uses
     QTRY_VERIFY(!editor);
     QVERIFY(!QApplication::activeModalWidget());
 }
