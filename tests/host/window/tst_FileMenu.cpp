@@ -142,11 +142,13 @@ QStringList tst_FileMenu::recent() const
 }
 
 // Chooses a file, or nothing, in the dialog that opens next; what comes after it is up to \a next.
+// A posted event would come before the dialog.
 void tst_FileMenu::answer(const QString& file, QString* folder, const std::function<void()>& next)
 {
-    QTimer::singleShot(1, this, [this, file, folder, next] { // in the dialog's event loop
+    QTimer::singleShot(1, m_window.get(), [this, file, folder, next] {
         auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        QVERIFY(dialog);
+        if (!dialog)
+            return answer(file, folder, next);
         if (folder)
             *folder = dialog->directory().absolutePath();
         if (file.isEmpty())
