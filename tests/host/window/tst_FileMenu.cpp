@@ -32,6 +32,7 @@
 #include <QUrl>
 
 #include <functional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using namespace WindowTesting;
@@ -76,6 +77,7 @@ private:
     std::unique_ptr<AudioSession> m_session;
     std::unique_ptr<MixerWindow> m_window;
     FakeDevice* m_device = nullptr; // the session's
+    int m_unanswered = 0;           // dialogs that are still to come
 };
 
 void tst_FileMenu::initTestCase()
@@ -104,6 +106,7 @@ void tst_FileMenu::init()
 
 void tst_FileMenu::cleanup()
 {
+    QCOMPARE(std::exchange(m_unanswered, 0), 0);
     m_window.reset();
     m_session.reset();
     m_mixer.reset();
@@ -145,7 +148,9 @@ QStringList tst_FileMenu::recent() const
 // A posted event would come before the dialog.
 void tst_FileMenu::answer(const QString& file, QString* folder, const std::function<void()>& next)
 {
+    ++m_unanswered;
     QTimer::singleShot(1, m_window.get(), [this, file, folder, next] {
+        --m_unanswered;
         auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
         if (!dialog)
             return answer(file, folder, next);
