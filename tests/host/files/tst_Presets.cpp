@@ -107,6 +107,7 @@ private:
     PresetFolder m_folder{QString()};
     std::unique_ptr<MixerWindow> m_window;
     EditorWindow* m_editor = nullptr;
+    inline static int unanswered = 0; // dialogs that are still to come
 };
 
 void tst_Presets::initTestCase()
@@ -131,6 +132,7 @@ void tst_Presets::openEditor()
 
 void tst_Presets::cleanup()
 {
+    QCOMPARE(unanswered, 0);
     m_window.reset();
     m_mixer.memory.reset(2);
     m_mixer.mixerModel.presets().clear(2);
@@ -163,7 +165,9 @@ QAction* tst_Presets::deletionOf(const QString& name) const
 // Does something with the next dialog, which has to come.
 template <typename Dialog, typename Act> void tst_Presets::whenAsked(Act act)
 {
+    ++unanswered;
     QTimer::singleShot(1, qApp, [act] { // a posted event would come too early
+        --unanswered;
         auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
         if (!dialog)
             return whenAsked<Dialog>(act);
