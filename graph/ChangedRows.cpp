@@ -2,70 +2,106 @@
 #include "graph/ChangedRows.h"
 
 #include <algorithm>
-#include <cstdint>
+#include <bit>
+#include <cstring>
+#include <utility>
 
 namespace {
 
-constexpr QRgb OddBytes = 0x00ff00ff;
+constexpr std::size_t Lanes = CurveStroke::TileWidth;
 
-/// The four channels of a pixel, each in 16 bits.
-using Channels = std::uint64_t;
+using Bytes [[gnu::vector_size(Lanes)]] = std::uint8_t;
+using Words [[gnu::vector_size(2 * Lanes)]] = std::uint16_t;
+using Pixels [[gnu::vector_size(4 * Lanes)]] = QRgb;
 
-constexpr Channels OddWords = 0x00ff00ff00ff00ff;
-constexpr Channels Halves = 0x0080008000800080;
+int tileCount(const QImage& image) { return (image.width() + int{Lanes} - 1) / int{Lanes}; }
 
-Channels channels(QRgb pixel) { return (pixel & OddBytes) | Channels{pixel >> 8 & OddBytes} << 32; }
-
-QRgb pixel(Channels channels)
+/// How many columns of a tile an image has.
+int columnCount(const QImage& image, int tile)
 {
-    return static_cast<QRgb>(channels) | static_cast<QRgb>(channels >> 32) << 8;
+    return std::min(image.width() - tile * int{Lanes}, int{Lanes});
 }
 
-/// \a top over \a bottom, where \a share of 255 parts are covered.
-Channels blend(Channels bottom, Channels top, unsigned int share)
+/// The channels of the pixels of a row, each in 16 bits: blue, green, red and alpha.
+class RowOfPixels
 {
-    const Channels mixed = top * share + bottom * (255 - share) + Halves;
-    return (mixed + (mixed >> 8 & OddWords)) >> 8 & OddWords;
-}
+public:
+    explicit RowOfPixels(const GridOnGround::Channels& channels)
+    {
+        for (std::size_t i = 0; i < m_channels.size(); ++i)
+            m_channels[i] = __builtin_convertvector(std::bit_cast<Bytes>(channels[i]), Words);
+    }
 
-/// What Qt's rasteriser makes of a premultiplied pixel over an opaque one.
-QRgb over(Channels top, QRgb bottom)
-{
-    const Channels faded = channels(bottom) * (255 - (top >> 48));
-    return pixel(top + ((faded + (faded >> 8 & OddWords) + Halves) >> 8 & OddWords));
-}
+    /// Lays an opaque colour over the pixels, where a share of 255 parts is covered.
+    void blend(QRgb color, const CurveStroke::Shares& shares)
+    {
+        const Words share = __builtin_convertvector(std::bit_cast<Bytes>(shares), Words);
+        for (Words& channel : m_channels) {
+            const auto top = static_cast<std::uint16_t>(color & 0xff);
+            const Words mixed = share * top + channel * (255 - share) + 128;
+            channel = (mixed + (mixed >> 8)) >> 8;
+            color >>= 8;
+        }
+    }
+
+    /// Lays the pixels over opaque ones, as Qt's rasteriser does.
+    void layOn(const GridOnGround::Channels& ground)
+    {
+        const Words translucence = 255 - m_channels.back();
+        for (std::size_t i = 0; i < m_channels.size(); ++i) {
+            const Words below = __builtin_convertvector(std::bit_cast<Bytes>(ground[i]), Words);
+            const Words faded = below * translucence;
+            m_channels[i] += (faded + (faded >> 8) + 128) >> 8;
+        }
+    }
+
+    std::array<QRgb, Lanes> pixels() const
+    {
+        const auto& [blue, green, red, alpha] = m_channels;
+        const Words low = blue | green << 8;
+        const Words high = red | alpha << 8;
+        return std::bit_cast<std::array<QRgb, Lanes>>(__builtin_convertvector(low, Pixels) |
+                                                      __builtin_convertvector(high, Pixels) << 16);
+    }
+
+private:
+    std::array<Words, 4> m_channels;
+};
 
 const QRgb* lineOf(const QImage& image, int row)
 {
     return reinterpret_cast<const QRgb*>(image.constScanLine(row));
 }
 
-/// Asks for a range's first pixels ahead of time: the next range lies too far away for the
-/// processor to see it coming.
-void prefetch(const GridOnGround::Pixel* pixel)
+/// Of up to Lanes pixels.
+GridOnGround::Channels channels(const QRgb* line, int count)
 {
-    constexpr int lineSize = 64 / static_cast<int>(sizeof(GridOnGround::Pixel));
-    __builtin_prefetch(pixel);
-    __builtin_prefetch(pixel + lineSize);
+    Pixels pixels = {};
+    std::memcpy(&pixels, line, static_cast<std::size_t>(count) * sizeof(QRgb));
+    GridOnGround::Channels channels;
+    for (auto& channel : channels) {
+        const Words words = __builtin_convertvector(pixels & 0xff, Words);
+        channel =
+            std::bit_cast<std::array<std::uint8_t, Lanes>>(__builtin_convertvector(words, Bytes));
+        pixels >>= 8;
+    }
+    return channels;
 }
 
 } // namespace
 
 GridOnGround::GridOnGround(const QImage& grid, const QImage& ground, const QPoint& corner)
-    : m_size(grid.size())
-    , m_pixels(static_cast<std::size_t>(grid.width()) * static_cast<std::size_t>(grid.height()))
+    : m_rowCount(static_cast<std::size_t>(grid.height()))
+    , m_rows(static_cast<std::size_t>(tileCount(grid)) * m_rowCount)
 {
-    // In strips, so that the ends of all columns of a strip stay in the processor's cache.
-    constexpr int strip = 16;
-    for (int left = 0; left < m_size.width(); left += strip) {
-        const int right = std::min(left + strip, m_size.width());
-        for (int y = 0; y < m_size.height(); ++y) {
-            const QRgb* top = lineOf(grid, y);
-            const QRgb* bottom =
-                ground.isNull() ? nullptr : lineOf(ground, corner.y() + y) + corner.x();
-            Pixel* pixel = m_pixels.data() + qsizetype{left} * m_size.height() + y;
-            for (int x = left; x < right; ++x, pixel += m_size.height())
-                *pixel = {top[x], bottom ? bottom[x] : 0};
+    auto row = m_rows.begin();
+    for (int tile = 0; tile < tileCount(grid); ++tile) {
+        const int left = tile * int{Lanes};
+        const int count = columnCount(grid, tile);
+        for (int y = 0; y < grid.height(); ++y, ++row) {
+            row->grid = channels(lineOf(grid, y) + left, count);
+            if (!ground.isNull())
+                row->ground = channels(lineOf(ground, corner.y() + y) + corner.x() + left, count);
         }
     }
 }
@@ -75,93 +111,62 @@ void ChangedRows::addDifference(const CurveStroke& before, const CurveStroke& af
     m_changes[m_count++] = {&before, &after};
 }
 
-ChangedRows::Range ChangedRows::changedRows(const CurveStroke::Cover& before,
-                                            const CurveStroke::Cover& after)
-{
-    const auto rows = [](const CurveStroke::Cover& cover) { return Range{cover.first, cover.end}; };
-    if (before.first == before.end)
-        return rows(after);
-    if (after.first == after.end)
-        return rows(before);
-    if (before.first == after.first && before.end == after.end &&
-        std::equal(before.shares, before.shares + (before.end - before.first), after.shares))
-        return {0, 0};
-    return {std::min(before.first, after.first), std::max(before.end, after.end)};
-}
-
-std::vector<ChangedRows::Place> ChangedRows::places(int columns) const
+std::vector<ChangedRows::Place> ChangedRows::places(int tiles) const
 {
     std::vector<Place> places;
-    for (int x = 0; x < columns; ++x) {
-        const std::size_t first = places.size();
+    for (int tile = 0; tile < tiles; ++tile) {
         for (const Change& change : std::span(m_changes.data(), m_count)) {
-            const Range rows = changedRows(change.before->column(x), change.after->column(x));
-            if (rows.first == rows.end)
-                continue;
-            Range* last = places.size() > first ? &places.back().rows : nullptr;
-            if (last && rows.first <= last->end && last->first <= rows.end)
-                *last = {std::min(rows.first, last->first), std::max(rows.end, last->end)};
-            else
-                places.push_back({x, rows});
+            const CurveStroke::Cover before = change.before->tile(tile);
+            const CurveStroke::Cover after = change.after->tile(tile);
+            const bool isNew = before.first == before.end;
+            const bool isGone = after.first == after.end;
+            const int end = std::max(before.end, after.end);
+            int row = isNew    ? after.first
+                      : isGone ? before.first
+                               : std::min(before.first, after.first);
+            for (; row < end; ++row)
+                if (before.at(row) != after.at(row))
+                    places.push_back({tile, row});
         }
     }
     return places;
 }
 
-/// The strokes that meet a range of rows, in the order of drawing.
-class ChangedRows::Covers
+std::vector<QRect> ChangedRows::bounds(std::span<const Place> places)
 {
-public:
-    Covers(std::span<const ColoredStroke> strokes, const Place& place)
-    {
-        for (const ColoredStroke& item : strokes) {
-            const CurveStroke::Cover cover = item.stroke->column(place.column);
-            if (cover.first < place.rows.end && place.rows.first < cover.end)
-                *m_end++ = {cover, channels(item.color)};
+    std::vector<QRect> bounds;
+    int strip = -1;
+    for (const auto& [tile, row] : places) {
+        const int column = tile * int{Lanes};
+        if (std::exchange(strip, column / StripWidth) != strip) {
+            bounds.emplace_back(column, row, int{Lanes}, 1);
+            continue;
         }
+        QRect& rect = bounds.back();
+        rect.setCoords(rect.left(), std::min(rect.top(), row), column + int{Lanes} - 1,
+                       std::max(rect.bottom(), row));
     }
+    return bounds;
+}
 
-    /// What they make of a pixel beneath.
-    Channels drawn(int row, QRgb grid) const
-    {
-        Channels pixel = channels(grid);
-        for (const Item* item = m_items.data(); item != m_end; ++item) {
-            const CurveStroke::Cover& cover = item->cover;
-            if (row >= cover.first && row < cover.end)
-                pixel = blend(pixel, item->color, cover.shares[row - cover.first]);
-        }
-        return pixel;
-    }
-
-private:
-    struct Item
-    {
-        CurveStroke::Cover cover;
-        Channels color;
-    };
-
-    std::array<Item, MaximumStrokes> m_items;
-    Item* m_end = m_items.data();
-};
-
-void ChangedRows::draw(const GridOnGround& ground, std::span<const ColoredStroke> strokes,
-                       QImage& picture) const
+std::vector<QRect> ChangedRows::draw(const GridOnGround& ground,
+                                     std::span<const ColoredStroke> strokes, QImage& picture) const
 {
-    constexpr std::size_t ahead = 12;
-    const std::vector<Place> changed = places(picture.width());
-    const auto begin = [&](std::size_t i) {
-        return ground.at(changed[i].column, changed[i].rows.first);
-    };
+    const std::vector<Place> changed = places(tileCount(picture));
     const qsizetype line = picture.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb));
     auto* const bits = reinterpret_cast<QRgb*>(picture.bits());
-    for (std::size_t i = 0; i < changed.size(); ++i) {
-        if (i + ahead < changed.size())
-            prefetch(begin(i + ahead));
-        const auto [column, rows] = changed[i];
-        const Covers covers(strokes, changed[i]);
-        const GridOnGround::Pixel* below = begin(i);
-        QRgb* pixel = bits + rows.first * line + column;
-        for (int row = rows.first; row < rows.end; ++row, ++below, pixel += line)
-            *pixel = over(covers.drawn(row, below->grid), below->ground);
+    for (const auto& [tile, row] : changed) {
+        const GridOnGround::Row& below = ground.at(tile, row);
+        RowOfPixels drawn(below.grid);
+        for (const ColoredStroke& item : strokes) {
+            const CurveStroke::Cover cover = item.stroke->tile(tile);
+            if (cover.contains(row))
+                drawn.blend(item.color, cover.at(row));
+        }
+        drawn.layOn(below.ground);
+        const std::array<QRgb, Lanes> pixels = drawn.pixels();
+        std::copy_n(pixels.begin(), columnCount(picture, tile),
+                    bits + row * line + tile * int{Lanes});
     }
+    return bounds(changed);
 }

@@ -5,23 +5,27 @@
 
 #include <QImage>
 #include <QPoint>
+#include <QRect>
 #include <QRgb>
-#include <QSize>
 
 #include <array>
+#include <cstdint>
 #include <span>
 #include <vector>
 
-/// A grid and the ground beneath it, as strokes are drawn between them. Pixels are premultiplied
-/// and lie column after column, so that those of a stroke that runs along the rows are near each
-/// other.
+/// A grid and the ground beneath it, as strokes are drawn between them. Pixels are premultiplied,
+/// and lie tile after tile (CurveStroke::TileWidth), the channels of a row of a tile each by
+/// itself, as they are computed with.
 class GridOnGround
 {
 public:
-    struct Pixel
+    /// Blue, green, red and alpha of the pixels of a row of a tile.
+    using Channels = std::array<std::array<std::uint8_t, CurveStroke::TileWidth>, 4>;
+
+    struct Row
     {
-        QRgb grid;
-        QRgb ground; ///< opaque, or 0
+        Channels grid;
+        Channels ground; ///< opaque, or 0
     };
 
     /// Of \a grid, in the format ARGB32_Premultiplied, and \a ground, whose pixel at \a corner lies
@@ -29,15 +33,14 @@ public:
     GridOnGround() = default;
     GridOnGround(const QImage& grid, const QImage& ground, const QPoint& corner);
 
-    QSize size() const { return m_size; }
-    const Pixel* at(int column, int row) const
+    const Row& at(int tile, int row) const
     {
-        return m_pixels.data() + qsizetype{column} * m_size.height() + row;
+        return m_rows[static_cast<std::size_t>(tile) * m_rowCount + static_cast<std::size_t>(row)];
     }
 
 private:
-    QSize m_size;
-    std::vector<Pixel> m_pixels;
+    std::size_t m_rowCount = 0; ///< of a tile
+    std::vector<Row> m_rows;
 };
 
 /// A stroke in an opaque colour.
@@ -47,45 +50,42 @@ struct ColoredStroke
     QRgb color;
 };
 
-/// The pixels of a picture in which strokes have changed. It refers to the strokes.
+/// The rows of tiles of a picture in which strokes have changed. It refers to the strokes.
 class ChangedRows
 {
 public:
     /// How many strokes can be added.
     static constexpr std::size_t MaximumStrokes = 14;
+    /// Of a rectangle that draw() returns: so wide that what copying it costs are its pixels.
+    static constexpr int StripWidth = 512;
 
     void clear() { m_count = 0; }
-    /// All pixels of \a stroke.
+    /// All rows that \a stroke crosses.
     void add(const CurveStroke& stroke) { addDifference(Nothing, stroke); }
-    /// The pixels in which two strokes differ.
+    /// The rows in which two strokes differ.
     void addDifference(const CurveStroke& before, const CurveStroke& after);
 
-    /// Draws, within these pixels, \a strokes one above the other onto the grid, and lays that over
-    /// the ground. \a picture takes the result; it is of the same size and 32 bits deep.
-    void draw(const GridOnGround& ground, std::span<const ColoredStroke> strokes,
-              QImage& picture) const;
+    /// Draws, within these rows, \a strokes one above the other onto the grid, and lays that over
+    /// the ground. \a picture takes the result; it is of the same size and 32 bits deep. Returns
+    /// rectangles that contain these rows, one for each StripWidth columns with some of them.
+    std::vector<QRect> draw(const GridOnGround& ground, std::span<const ColoredStroke> strokes,
+                            QImage& picture) const;
 
 private:
-    struct Range
-    {
-        int first;
-        int end; ///< the row after the last
-    };
     struct Place
     {
-        int column;
-        Range rows;
+        int tile;
+        int row;
     };
-    class Covers;
     struct Change
     {
         const CurveStroke* before;
         const CurveStroke* after;
     };
 
-    static Range changedRows(const CurveStroke::Cover& before, const CurveStroke::Cover& after);
-    /// From left to right; two in the same column may have rows in common.
-    std::vector<Place> places(int columns) const;
+    /// Tile by tile; one that several strokes changed may come several times.
+    std::vector<Place> places(int tiles) const;
+    static std::vector<QRect> bounds(std::span<const Place> places);
 
     inline static const CurveStroke Nothing;
 

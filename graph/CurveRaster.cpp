@@ -3,14 +3,19 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <utility>
 
 namespace {
 
-/// How many columns ahead memory is asked for: one lies too far from the next for the processor to
-/// see them coming.
-constexpr std::size_t ColumnsAhead = 24;
+constexpr int TileWidth = CurveStroke::TileWidth;
+
+using Cells [[gnu::vector_size(TileWidth * sizeof(float))]] = float;
+
+/// From a cell to that of the row below.
+constexpr int RowStep = TileWidth;
 
 /// Adds what of a row lies below an edge, \a width wide and in the mean at \a middle, to the cells
 /// of that row and of the next.
@@ -18,7 +23,7 @@ inline void addRow(float* cell, int row, double width, double middle)
 {
     const double within = width * (row + 1 - middle);
     cell[0] += static_cast<float>(within);
-    cell[1] += static_cast<float>(width - within);
+    cell[RowStep] += static_cast<float>(width - within);
 }
 
 /// The same for an edge that crosses several rows.
@@ -27,10 +32,34 @@ void addRows(float* cell, double width, double top, double bottom)
     const int first = static_cast<int>(top);
     const int last = static_cast<int>(bottom);
     const double perRow = width / (bottom - top);
-    addRow(cell++, first, perRow * (first + 1 - top), (top + first + 1) / 2.0);
+    addRow(cell, first, perRow * (first + 1 - top), (top + first + 1) / 2.0);
     for (int row = first + 1; row < last; ++row)
-        addRow(cell++, row, perRow, row + 0.5);
-    addRow(cell, last, perRow * (bottom - last), (last + bottom) / 2.0);
+        addRow(cell += RowStep, row, perRow, row + 0.5);
+    addRow(cell + RowStep, last, perRow * (bottom - last), (last + bottom) / 2.0);
+}
+
+void addInColumn(float* column, double width, double top, double bottom)
+{
+    const int first = static_cast<int>(top);
+    float* cell = column + first * RowStep;
+    if (first == static_cast<int>(bottom))
+        addRow(cell, first, width, (top + bottom) / 2.0);
+    else
+        addRows(cell, width, top, bottom);
+}
+
+CurveStroke::Shares sharesOf(const Cells& covered)
+{
+    using Integers [[gnu::vector_size(TileWidth * sizeof(int))]] = int;
+    using Shorts [[gnu::vector_size(TileWidth * sizeof(std::uint16_t))]] = std::uint16_t;
+    using Chars [[gnu::vector_size(TileWidth)]] = unsigned char;
+    constexpr int whole = 255;
+    constexpr int sign = 31; // shifting by it makes all bits the sign's
+    Integers shares = __builtin_convertvector(covered * float{whole} + 0.5F, Integers);
+    shares &= ~(shares >> sign);
+    shares = (shares | (whole - shares) >> sign) & whole;
+    const Shorts narrowed = __builtin_convertvector(shares, Shorts);
+    return std::bit_cast<CurveStroke::Shares>(__builtin_convertvector(narrowed, Chars));
 }
 
 } // namespace
@@ -38,20 +67,22 @@ void addRows(float* cell, double width, double top, double bottom)
 void CurveRaster::setClip(const QRect& clip)
 {
     m_clip = clip;
-    const auto columns = static_cast<std::size_t>(std::max(clip.width(), 0));
-    m_columnSize = static_cast<std::size_t>(std::max(clip.height(), 0)) + 2;
-    m_cells.assign(columns * m_columnSize, 0.0F);
-    m_touched.assign(columns, Untouched);
+    m_origin = QPoint(clip.left() & -TileWidth, clip.top());
+    const int columns = clip.isEmpty() ? 0 : clip.right() + 1 - m_origin.x();
+    const auto tiles = static_cast<std::size_t>((columns + TileWidth - 1) / TileWidth);
+    m_tileSize = static_cast<std::size_t>(std::max(clip.height(), 0)) + 2;
+    m_cells.assign(tiles * m_tileSize, Cells{});
+    m_touched.assign(tiles, Untouched);
 }
 
 CurveStroke CurveRaster::stroke(std::span<const QPointF> points, double width)
 {
     if (m_clip.isEmpty() || points.empty())
         return {};
-    QPointF end = points.front() - m_clip.topLeft();
+    QPointF end = points.front() - m_origin;
     QPointF endSide; // from the line to the lower side of the outline
     for (const QPointF& point : points.subspan(1)) {
-        const QPointF start = std::exchange(end, point - m_clip.topLeft());
+        const QPointF start = std::exchange(end, point - m_origin);
         const QPointF along = end - start;
         const double length = std::hypot(along.x(), along.y());
         if (length == 0.0)
@@ -94,34 +125,20 @@ void CurveRaster::addEdge(QPointF from, QPointF to)
         addInside(at(cuts[i]), at(cuts[i + 1]));
 }
 
-inline void CurveRaster::addInColumn(int column, double width, double top, double bottom)
-{
-    const int first = static_cast<int>(top);
-    const int last = static_cast<int>(bottom);
-    Rows& touched = m_touched.data()[column];
-    touched.first = std::min(touched.first, first);
-    touched.last = std::max(touched.last, last);
-
-    float* cell = m_cells.data() + static_cast<std::size_t>(column) * m_columnSize + first;
-    __builtin_prefetch(cell + ColumnsAhead * m_columnSize);
-    if (first == last)
-        addRow(cell, first, width, (top + bottom) / 2.0);
-    else
-        addRows(cell, width, top, bottom);
-}
-
 void CurveRaster::addInside(QPointF from, QPointF to)
 {
     const double sign = from.x() <= to.x() ? 1.0 : -1.0;
     if (sign < 0.0)
         std::swap(from, to);
-    const double right = std::min(to.x(), static_cast<double>(m_clip.width()));
-    double x = std::max(from.x(), 0.0);
+    const double left = m_clip.left() - m_origin.x();
+    const double right = std::min(to.x(), left + m_clip.width());
+    double x = std::max(from.x(), left);
     if (x >= right)
         return;
     const double slope = (to.y() - from.y()) / (to.x() - from.x());
     const double lowest = std::max(from.y(), to.y());
     const double highest = std::min(from.y(), to.y());
+    touch(x, right, highest, lowest);
     // The line's own end points bound what rounding makes of the points between them.
     const auto yAt = [&](double at) {
         return std::clamp(from.y() + (at - from.x()) * slope, highest, lowest);
@@ -130,48 +147,47 @@ void CurveRaster::addInside(QPointF from, QPointF to)
     for (int column = static_cast<int>(x); x < right; ++column) {
         const double nextX = std::min(column + 1.0, right);
         const double nextY = yAt(nextX);
-        addInColumn(column, sign * (nextX - x), std::min(y, nextY), std::max(y, nextY));
+        Cells* const tile = &m_cells[static_cast<std::size_t>(column / TileWidth) * m_tileSize];
+        addInColumn(reinterpret_cast<float*>(tile) + column % TileWidth, sign * (nextX - x),
+                    std::min(y, nextY), std::max(y, nextY));
         x = nextX;
         y = nextY;
+    }
+}
+
+void CurveRaster::touch(double left, double right, double top, double bottom)
+{
+    const int first = static_cast<int>(top);
+    const int last = static_cast<int>(bottom);
+    for (int column = static_cast<int>(left) / TileWidth * TileWidth; column < right;
+         column += TileWidth) {
+        Rows& touched = m_touched[static_cast<std::size_t>(column / TileWidth)];
+        touched.first = std::min(touched.first, first);
+        touched.last = std::max(touched.last, last);
     }
 }
 
 CurveStroke CurveRaster::takeTouched()
 {
     CurveStroke stroke;
-    stroke.left = m_clip.left();
-    stroke.runs = touchedRuns();
-    stroke.coverage.resize(static_cast<std::size_t>(stroke.runs.back().start) +
-                           static_cast<std::size_t>(stroke.runs.back().count));
-    unsigned char* share = stroke.coverage.data();
-    float* column = m_cells.data();
-    for (const CurveStroke::Run& run : stroke.runs) {
-        float* cell = column + (run.first - m_clip.top());
-        float covered = 0.0F;
-        for (int row = 0; row < run.count; ++row) {
-            covered += std::exchange(*cell++, 0.0F);
-            *share++ = static_cast<unsigned char>(std::clamp(covered, 0.0F, 1.0F) * 255.0F + 0.5F);
+    stroke.firstTile = m_origin.x() / TileWidth;
+    stroke.tiles.reserve(m_touched.size());
+    for (std::size_t i = 0; i < m_touched.size(); ++i) {
+        const Rows touched = std::exchange(m_touched[i], Untouched);
+        const int end = std::min(touched.last + 1, m_clip.height());
+        const auto start = static_cast<int>(stroke.shares.size());
+        if (touched.first < end)
+            stroke.tiles.push_back({m_origin.y() + touched.first, m_origin.y() + end, start});
+        else
+            stroke.tiles.push_back({0, 0, start});
+        Cells covered = {};
+        for (int row = touched.first; row <= touched.last + 1; ++row) {
+            Cells& cells = m_cells[i * m_tileSize + static_cast<std::size_t>(row)];
+            covered += cells;
+            cells = Cells{};
+            if (row < end)
+                stroke.shares.push_back(sharesOf(covered));
         }
-        *cell = 0.0F;
-        column += m_columnSize;
     }
     return stroke;
-}
-
-std::vector<CurveStroke::Run> CurveRaster::touchedRuns()
-{
-    std::vector<CurveStroke::Run> runs;
-    runs.reserve(m_touched.size());
-    int start = 0;
-    for (Rows& rows : m_touched) {
-        const Rows touched = std::exchange(rows, Untouched);
-        const int count = std::min(touched.last, m_clip.height() - 1) - touched.first + 1;
-        if (count <= 0) {
-            runs.push_back({m_clip.top(), 0, start});
-            continue;
-        }
-        runs.push_back({m_clip.top() + touched.first, count, start});
-        start += count;
-    }
-    return runs;
 }

@@ -178,6 +178,20 @@ void drawMark(QPainter& painter, const GraphView& view, int band)
 
 } // namespace
 
+QRegion EqualizerGraphPainter::prepare(const GraphView& view, int editedBand, double pixelRatio)
+{
+    if (m_gridKey.size != view.size() || m_gridKey.pixelRatio != pixelRatio ||
+        m_gridKey.range != view.axes().range())
+        return view.plotRect().toAlignedRect();
+    QRegion changed = moveHandles(view);
+    for (const QRect& rect : drawCurves(view, editedBand)) {
+        const QRectF place(QPointF(rect.topLeft()) / pixelRatio, QSizeF(rect.size()) / pixelRatio);
+        changed += place.toAlignedRect().adjusted(-1, -1, 1, 1); // a picture may be smoothed
+    }
+    m_isPrepared = true;
+    return changed;
+}
+
 void EqualizerGraphPainter::paint(QPainter& painter, const GraphView& view, int editedBand,
                                   int focusedBand, const SvgRaster& ground)
 {
@@ -198,9 +212,13 @@ void EqualizerGraphPainter::paint(QPainter& painter, const GraphView& view, int 
                 ground.offset};
     if (key != m_gridKey) {
         m_gridKey = std::move(key);
+        m_isPrepared = false;
         drawGrid(view, ground);
     }
-    drawCurves(view, editedBand);
+    if (!std::exchange(m_isPrepared, false)) {
+        moveHandles(view);
+        drawCurves(view, editedBand);
+    }
     if (ground.image.isNull())
         painter.drawImage(QPointF(), m_picture);
     else
@@ -243,7 +261,7 @@ QImage EqualizerGraphPainter::gridPicture(const GraphView& view) const
     return grid;
 }
 
-void EqualizerGraphPainter::drawCurves(const GraphView& view, int editedBand)
+std::vector<QRect> EqualizerGraphPainter::drawCurves(const GraphView& view, int editedBand)
 {
     releaseWideRegisters();
     auto points = sampleCurves(view, m_gridKey.pixelRatio);
@@ -264,7 +282,7 @@ void EqualizerGraphPainter::drawCurves(const GraphView& view, int editedBand)
             m_changed.addDifference(curve.before, curve.stroke);
     }
     m_shown = std::move(shown);
-    drawChanges();
+    return drawChanges();
 }
 
 const EqualizerGraphPainter::Shown* EqualizerGraphPainter::find(const std::vector<Shown>& shown,
@@ -295,10 +313,22 @@ void EqualizerGraphPainter::setCurve(Curve& curve, std::vector<QPointF>&& points
     curve.before = std::exchange(curve.stroke, m_raster.stroke(curve.points, width));
 }
 
-void EqualizerGraphPainter::drawChanges()
+std::vector<QRect> EqualizerGraphPainter::drawChanges()
 {
     std::vector<ColoredStroke> strokes;
     for (const Shown& item : m_shown)
         strokes.push_back({&m_curves[item.curve].stroke, item.color.rgb()});
-    m_changed.draw(m_grid, strokes, m_picture);
+    return m_changed.draw(m_grid, strokes, m_picture);
+}
+
+QRegion EqualizerGraphPainter::moveHandles(const GraphView& view)
+{
+    QRegion moved;
+    for (int band = 0; band < EqualizerBands::Count; ++band) {
+        const QRectF now = view.markRect(band);
+        const QRectF before = std::exchange(m_handles[static_cast<std::size_t>(band)], now);
+        if (now != before)
+            moved += QRegion(before.toAlignedRect()) + now.toAlignedRect();
+    }
+    return moved;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "equalizer/EqualizerBands.h"
 #include "graph/ChangedRows.h"
 #include "graph/CurveRaster.h"
 #include "widgets/SvgRasters.h"
@@ -9,6 +10,9 @@
 #include <QFont>
 #include <QImage>
 #include <QPointF>
+#include <QRect>
+#include <QRectF>
+#include <QRegion>
 #include <QSize>
 
 #include <array>
@@ -19,14 +23,22 @@ class QPainter;
 
 /// Draws the grid, the response curves and the bands' handles of the equalizer graph.
 ///
-/// The curves are evaluated from the filters' coefficients on every call. What is drawn is kept:
-/// the grid with its labels and the ground beneath, until size, pixel ratio, zoom, font or ground
-/// change, and each curve's stroke, until the curve itself differs from the one evaluated before.
-/// Where a curve changed, and only there, the picture of grid and curves is made anew. It holds the
-/// ground, too, while that is known, and is copied then instead of blended.
+/// The curves are evaluated from the filters' coefficients for every repaint, in paint() or ahead
+/// of it in prepare(). What is drawn is kept: the grid with its labels and the ground beneath,
+/// until size, pixel ratio, zoom, font or ground change, and each curve's stroke, until the curve
+/// itself differs from the one evaluated before. Where a curve changed, and only there, the picture
+/// of grid and curves is made anew. It holds the ground, too, while that is known, and is copied
+/// then instead of blended.
 class EqualizerGraphPainter
 {
 public:
+    /// Evaluates the curves for the next paint(), and returns what of the view will differ then
+    /// from what was painted or prepared last, in pixels of the widget; all of the plot if that is
+    /// not known. \a pixelRatio is the widget's.
+    QRegion prepare(const GraphView& view, int editedBand, double pixelRatio);
+    /// What was prepared holds no longer: bands or edited band are others.
+    void forgetPrepared() { m_isPrepared = false; }
+
     /// Paints \a view with the painter of its widget. \a editedBand is drawn in its full colour and
     /// above the others; the handle of \a focusedBand gets a ring in its full colour. A negative
     /// number means none. \a ground is what lies beneath all of the view, pixel by pixel, and where
@@ -67,11 +79,14 @@ private:
 
     void drawGrid(const GraphView& view, const SvgRaster& ground);
     QImage gridPicture(const GraphView& view) const;
-    void drawCurves(const GraphView& view, int editedBand);
+    /// Returns the rectangles of the picture that may have changed.
+    std::vector<QRect> drawCurves(const GraphView& view, int editedBand);
     static const Shown* find(const std::vector<Shown>& shown, std::size_t curve);
     static std::vector<Shown> shownCurves(const GraphView& view, int editedBand);
     void setCurve(Curve& curve, std::vector<QPointF>&& points, double width);
-    void drawChanges();
+    std::vector<QRect> drawChanges();
+    /// Takes the handles' places over; returns those that they left and entered.
+    QRegion moveHandles(const GraphView& view);
 
     GridKey m_gridKey;
     GridOnGround m_grid;
@@ -80,4 +95,6 @@ private:
     std::array<Curve, 7> m_curves; ///< the bands', then the total
     std::vector<Shown> m_shown;
     ChangedRows m_changed;
+    std::array<QRectF, EqualizerBands::Count> m_handles; ///< with their marks; empty if off
+    bool m_isPrepared = false;
 };

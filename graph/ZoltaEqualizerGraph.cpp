@@ -7,6 +7,7 @@
 #include "graph/GraphAnnouncements.h"
 #include "graph/HandleKeys.h"
 
+#include <QGraphicsProxyWidget>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -47,7 +48,7 @@ void ZoltaEqualizerGraph::setFs(int fs)
     if (fs == bands().sampleRate())
         return;
     m_binding.setSampleRate(fs);
-    update();
+    repaintAll();
 }
 
 void ZoltaEqualizerGraph::setEditTarget(EditTarget target)
@@ -55,7 +56,7 @@ void ZoltaEqualizerGraph::setEditTarget(EditTarget target)
     if (target == m_editTarget)
         return;
     m_editTarget = target;
-    update();
+    repaintAll();
 }
 
 void ZoltaEqualizerGraph::setZoom(int index)
@@ -63,7 +64,7 @@ void ZoltaEqualizerGraph::setZoom(int index)
     if (index < 0 || index >= static_cast<int>(ZoomRangeList.size()))
         return;
     m_zoom = index;
-    update();
+    repaintAll();
 }
 
 bool ZoltaEqualizerGraph::focusHandle(EditTarget target)
@@ -87,8 +88,8 @@ int ZoltaEqualizerGraph::Update(unsigned short parameter, unsigned short ch, int
 {
     if (ch != m_binding.channel())
         return 0;
-    update(view().plotRect().toAlignedRect()); // nothing of a band shows outside of the plot
     const std::optional<GraphBinding::Change> change = m_binding.receive(parameter, value);
+    repaintChanges();
     if (!change)
         return 0;
     const QPointer<ZoltaEqualizerGraph> alive(this);
@@ -96,6 +97,15 @@ int ZoltaEqualizerGraph::Update(unsigned short parameter, unsigned short ch, int
     if (alive)
         dropMark();
     return 0;
+}
+
+bool ZoltaEqualizerGraph::eventFilter(QObject* window, QEvent* event)
+{
+    if (event->type() == QEvent::UpdateRequest) {
+        window->removeEventFilter(this);
+        update(takeChanges());
+    }
+    return QWidget::eventFilter(window, event);
 }
 
 void ZoltaEqualizerGraph::mousePressEvent(QMouseEvent* event)
@@ -162,6 +172,8 @@ void ZoltaEqualizerGraph::changeEvent(QEvent* event)
 
 void ZoltaEqualizerGraph::paintEvent(QPaintEvent*)
 {
+    if (m_repaint == Repaint::Changes)
+        m_repaint = Repaint::Plot; // changes are painted now, perhaps not all of them
     QPainter painter(this);
     m_painter.paint(painter, view(), bandOf(m_editTarget),
                     hasFocus() ? bandOf(m_focusedHandle) : -1, m_ground.pixels(painter));
@@ -170,8 +182,36 @@ void ZoltaEqualizerGraph::paintEvent(QPaintEvent*)
 void ZoltaEqualizerGraph::bind(IMemAPI* memAPI, unsigned short ch)
 {
     m_binding.bind(memAPI, ch);
-    update();
+    repaintAll();
     dropMark();
+}
+
+void ZoltaEqualizerGraph::repaintAll()
+{
+    m_painter.forgetPrepared();
+    update();
+}
+
+void ZoltaEqualizerGraph::repaintChanges()
+{
+    m_painter.forgetPrepared();
+    const QRect plot = view().plotRect().toAlignedRect(); // nothing of a band shows outside of it
+    if (window()->graphicsProxyWidget()) {                // which repaints without the window
+        update(plot);
+        return;
+    }
+    if (m_repaint == Repaint::Nothing)
+        m_repaint = Repaint::Changes;
+    window()->installEventFilter(this);
+    update(QRect(plot.topLeft(), QSize(1, 1))); // so that the window repaints
+}
+
+QRegion ZoltaEqualizerGraph::takeChanges()
+{
+    QRegion changed;
+    if (std::exchange(m_repaint, Repaint::Nothing) == Repaint::Changes && isVisible())
+        changed = m_painter.prepare(view(), bandOf(m_editTarget), devicePixelRatioF());
+    return changed.isEmpty() ? view().plotRect().toAlignedRect() : changed;
 }
 
 void ZoltaEqualizerGraph::markHandle(EditTarget target)

@@ -114,6 +114,9 @@ public Q_SLOTS:
     void zoomUp() { setZoom(m_zoom + 1); }
     void zoomDown() { setZoom(m_zoom - 1); }
 
+    /// Looks, before the window repaints, for what has changed.
+    bool eventFilter(QObject* window, QEvent* event) override;
+
 protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -132,13 +135,23 @@ private:
     {
         return {bands(), size(), ZoomRangeList[static_cast<std::size_t>(m_zoom)]};
     }
+    /// What is to be repainted for bands that changed.
+    enum class Repaint { Nothing, Changes, Plot };
+
     void bind(IMemAPI* memAPI, unsigned short ch);
+    void repaintAll();
+    /// Repaints what the bands' changes move: the curves are evaluated when the window is about to
+    /// repaint, once for all changes until then.
+    void repaintChanges();
+    /// What is to be repainted for the changes.
+    QRegion takeChanges();
     void markHandle(EditTarget target);
     /// Gives the mark up when its band is off.
     void dropMark();
     void endDrag();
 
     EqualizerGraphPainter m_painter;
+    Repaint m_repaint = Repaint::Nothing;
     GraphGround m_ground;
     int m_zoom = DefaultZoom;
     EditTarget m_editTarget = EditTargetNone;

@@ -3,7 +3,14 @@
 #include "tests/graph/GraphPicture.h"
 #include "tests/support/TestObject.h"
 
+#include <QGraphicsProxyWidget>
+#include <QGraphicsScene>
+#include <QGraphicsView>
+#include <QScopeGuard>
+#include <QScreen>
+
 #include <limits>
+#include <numeric>
 
 using Graph = ZoltaEqualizerGraph;
 
@@ -100,11 +107,43 @@ public:
     explicit PaintCounter(QObject* widget) { widget->installEventFilter(this); }
     bool eventFilter(QObject*, QEvent* event) override
     {
-        count += event->type() == QEvent::Paint;
+        if (event->type() == QEvent::Paint) {
+            ++count;
+            region = static_cast<QPaintEvent*>(event)->region();
+        }
         return false;
     }
     int count = 0;
+    QRegion region; ///< of the last one
 };
+
+QImage shown(const QWidget& window)
+{
+    return window.screen()->grabWindow(window.winId()).toImage();
+}
+
+int area(const QRegion& region)
+{
+    return std::accumulate(region.begin(), region.end(), 0, [](int sum, const QRect& rect) {
+        return sum + rect.width() * rect.height();
+    });
+}
+
+/// Another value for some parameter of a band.
+void changeAny(const GraphFixture& f, const std::function<int(int)>& pick)
+{
+    const int band = pick(6);
+    switch (pick(4)) {
+    case 0:
+        return f.set(onName(band), pick(2));
+    case 1:
+        return f.set(frequencyName(band), pick(1201));
+    case 2:
+        return f.set(gainName(band), pick(401) - 200);
+    default:
+        return f.set(typeName(band), band == 0 || band == 5 ? pick(4) : pick(501));
+    }
+}
 
 } // namespace
 
@@ -123,6 +162,9 @@ private Q_SLOTS:
     void fontChangeReachesTheLabels();
     void repaintsOnlyOnChange();
     void everyChangeLeavesAFreshPicture();
+    void windowShowsEveryChange();
+    void sceneShowsEveryChange();
+    void smallChangeIsASmallRepaint();
 };
 
 void tst_EqualizerGraphPainting::initTestCase()
@@ -347,28 +389,18 @@ void tst_EqualizerGraphPainting::everyChangeLeavesAFreshPicture()
     const auto pick = [&](int count) { return static_cast<int>(random() % unsigned(count)); };
     int target = 0;
     for (int step = 0; step < 120; ++step) {
-        const int band = pick(6);
         switch (pick(7)) {
         case 0:
-            fixture.set(onName(band), pick(2));
-            break;
-        case 1:
-            fixture.set(frequencyName(band), pick(1201));
-            break;
-        case 2:
-            fixture.set(gainName(band), pick(401) - 200);
-            break;
-        case 3:
-            fixture.set(typeName(band), band == 0 || band == 5 ? pick(4) : pick(501));
-            break;
-        case 4:
             fixture.graph->setZoom(pick(7));
             break;
-        case 5:
+        case 1:
             fixture.graph->resize(scaled(1.0 + pick(2)));
             break;
-        default:
+        case 2:
             target = pick(8); // 7 is none
+            break;
+        default:
+            changeAny(fixture, pick);
             break;
         }
         fixture.graph->setEditTarget(static_cast<ZoltaEqualizerGraph::EditTarget>(target));
@@ -382,6 +414,93 @@ void tst_EqualizerGraphPainting::everyChangeLeavesAFreshPicture()
         fresh.graph->setEditTarget(static_cast<ZoltaEqualizerGraph::EditTarget>(target));
         QCOMPARE(fixture.picture(), fresh.picture());
     }
+}
+
+// Only what a change moves is repainted: nothing else may be left to repaint.
+void tst_EqualizerGraphPainting::windowShowsEveryChange()
+{
+    GraphFixture f(scaled(1.5));
+    f.bind();
+    f.editor.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&f.editor));
+    std::mt19937 random(21);
+    const auto pick = [&](int count) { return static_cast<int>(random() % unsigned(count)); };
+    for (int step = 0; step < 200; ++step) {
+        for (int changes = pick(3); changes >= 0; --changes) {
+            changeAny(f, pick);
+            switch (pick(12)) {
+            case 0:
+                f.picture();
+                break;
+            case 1:
+                f.graph->repaint(QRect(pick(600), pick(200), 90, 60));
+                break;
+            case 2:
+                f.editor.hide();
+                f.editor.show();
+                break;
+            case 3:
+                f.graph->setEditTarget(targetOf(pick(6)));
+                break;
+            case 4:
+                f.graph->setZoom(pick(7));
+                break;
+            case 5:
+                f.graph->setUpdatesEnabled(false);
+                f.editor.update();
+                QApplication::processEvents();
+                f.graph->setFs(40000 + pick(9000));
+                f.graph->setUpdatesEnabled(true);
+                break;
+            default:
+                break;
+            }
+        }
+        QApplication::processEvents();
+        const QImage found = shown(f.editor);
+        f.editor.repaint();
+        QCOMPARE(found, shown(f.editor));
+    }
+}
+
+void tst_EqualizerGraphPainting::sceneShowsEveryChange()
+{
+    GraphFixture f;
+    f.bind();
+    QGraphicsScene scene;
+    QGraphicsProxyWidget* const proxy = scene.addWidget(&f.editor);
+    const auto release = qScopeGuard([&] { proxy->setWidget(nullptr); });
+    QGraphicsView view(&scene);
+    view.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&view));
+    for (const int gain : {30, 40, -200, 120}) {
+        f.set(gainName(2), gain);
+        QTest::qWait(0);
+        const QImage found = shown(view);
+        proxy->update();
+        QTest::qWait(0);
+        QCOMPARE(found, shown(view));
+    }
+}
+
+void tst_EqualizerGraphPainting::smallChangeIsASmallRepaint()
+{
+    GraphFixture f(scaled(2));
+    f.bind();
+    arrange(f, Everything);
+    f.editor.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&f.editor));
+    PaintCounter graph(f.graph);
+    const auto painted = [&](int band, int gain) {
+        graph.region = {};
+        f.set(gainName(band), gain);
+        QApplication::processEvents();
+        return double(area(graph.region)) / area(f.plot().rect().toAlignedRect());
+    };
+    const double small = painted(2, 61);
+    QVERIFY(small > 0.0);
+    QVERIFY(small < 0.4);
+    QVERIFY(painted(2, -200) > small);
 }
 
 ZOLTA_TEST_MAIN(tst_EqualizerGraphPainting)
