@@ -103,7 +103,7 @@ bool ZoltaEqualizerGraph::eventFilter(QObject* window, QEvent* event)
 {
     if (event->type() == QEvent::UpdateRequest) {
         window->removeEventFilter(this);
-        update(takeChanges());
+        lookForChanges();
     }
     return QWidget::eventFilter(window, event);
 }
@@ -172,8 +172,8 @@ void ZoltaEqualizerGraph::changeEvent(QEvent* event)
 
 void ZoltaEqualizerGraph::paintEvent(QPaintEvent*)
 {
-    if (m_repaint == Repaint::Changes)
-        m_repaint = Repaint::Plot; // changes are painted now, perhaps not all of them
+    if (std::exchange(m_hasChanged, false))
+        update(plotPixels()); // nobody looked before: this may be a part of what has changed
     QPainter painter(this);
     m_painter.paint(painter, view(), bandOf(m_editTarget),
                     hasFocus() ? bandOf(m_focusedHandle) : -1, m_ground.pixels(painter));
@@ -195,23 +195,22 @@ void ZoltaEqualizerGraph::repaintAll()
 void ZoltaEqualizerGraph::repaintChanges()
 {
     m_painter.forgetPrepared();
-    const QRect plot = view().plotRect().toAlignedRect(); // nothing of a band shows outside of it
-    if (window()->graphicsProxyWidget()) {                // which repaints without the window
-        update(plot);
+    const QRect plot = plotPixels(); // nothing of a band shows outside of it
+    if (window()->graphicsProxyWidget()) {
+        update(plot); // a scene repaints without the window
         return;
     }
-    if (m_repaint == Repaint::Nothing)
-        m_repaint = Repaint::Changes;
+    m_hasChanged = true;
     window()->installEventFilter(this);
     update(QRect(plot.topLeft(), QSize(1, 1))); // so that the window repaints
 }
 
-QRegion ZoltaEqualizerGraph::takeChanges()
+void ZoltaEqualizerGraph::lookForChanges()
 {
-    QRegion changed;
-    if (std::exchange(m_repaint, Repaint::Nothing) == Repaint::Changes && isVisible())
-        changed = m_painter.prepare(view(), bandOf(m_editTarget), devicePixelRatioF());
-    return changed.isEmpty() ? view().plotRect().toAlignedRect() : changed;
+    if (!std::exchange(m_hasChanged, false) || !isVisible())
+        return;
+    const QRegion changed = m_painter.prepare(view(), bandOf(m_editTarget), devicePixelRatioF());
+    update(changed.isEmpty() ? plotPixels() : changed);
 }
 
 void ZoltaEqualizerGraph::markHandle(EditTarget target)

@@ -135,23 +135,20 @@ private:
     {
         return {bands(), size(), ZoomRangeList[static_cast<std::size_t>(m_zoom)]};
     }
-    /// What is to be repainted for bands that changed.
-    enum class Repaint { Nothing, Changes, Plot };
-
     void bind(IMemAPI* memAPI, unsigned short ch);
     void repaintAll();
     /// Repaints what the bands' changes move: the curves are evaluated when the window is about to
     /// repaint, once for all changes until then.
     void repaintChanges();
-    /// What is to be repainted for the changes.
-    QRegion takeChanges();
+    void lookForChanges();
+    QRect plotPixels() const { return view().plotRect().toAlignedRect(); }
     void markHandle(EditTarget target);
     /// Gives the mark up when its band is off.
     void dropMark();
     void endDrag();
 
     EqualizerGraphPainter m_painter;
-    Repaint m_repaint = Repaint::Nothing;
+    bool m_hasChanged = false; ///< since the window last repainted
     GraphGround m_ground;
     int m_zoom = DefaultZoom;
     EditTarget m_editTarget = EditTargetNone;
