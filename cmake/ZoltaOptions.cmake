@@ -5,7 +5,7 @@
 add_library(zolta_options INTERFACE)
 target_include_directories(zolta_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(zolta_options INTERFACE
-    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Woverloaded-virtual
+    -pthread -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Woverloaded-virtual
     $<$<BOOL:${ZOLTA_WERROR}>:-Werror>)
 if(CMAKE_UNITY_BUILD)
     # Several sources in one look to the compiler like a header with names of its own.
