@@ -24,7 +24,8 @@ from pathlib import Path
 
 # What a benchmark's name begins with, and what that of its twin of ours does.
 TWINS = {"chart": "graph", "customPlot": "graph", "direct": "cached", "editorRepaint": "pictureBlit",
-         "graphMovedWhole": "graphBlit", "graphMoved": "graphBlit", "lv2Run": "engine", "vst3Process": "engine"}
+         "graphMovedWhole": "graphBlit", "graphMoved": "graphBlit", "lv2Run": "engine",
+         "vst3Process": "engine"}
 # What a benchmark has to keep: its time in ns, its ratio against its twin, or one of its counters.
 LIMITS = (
     ("directMeterMove/1", "against ours", "≥", 10.0),

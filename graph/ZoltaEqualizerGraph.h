@@ -114,10 +114,9 @@ public Q_SLOTS:
     void zoomUp() { setZoom(m_zoom + 1); }
     void zoomDown() { setZoom(m_zoom - 1); }
 
+protected:
     /// Looks, before the window repaints, for what has changed.
     bool eventFilter(QObject* window, QEvent* event) override;
-
-protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
