@@ -1,19 +1,38 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tests/host/audio/JackServer.h"
 
-#include <QCoreApplication>
+#include <QDir>
 #include <QElapsedTimer>
+#include <QFileInfo>
+#include <QLockFile>
 
 #include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <csignal>
+#include <memory>
 #include <thread>
 
 namespace {
 
 constexpr std::size_t maxFrames = 60 * JackServer::rate;
 constexpr int patience = 20000; // ms
+constexpr int programs = 3;
+
+// A server that was killed keeps one of JACK's eight places until one of the same name comes. The
+// programs that run at the same time therefore share a few names, wherever they were built.
+QString programName()
+{
+    static std::unique_ptr<QLockFile> lock;
+    for (int i = 0; !lock; i = (i + 1) % programs) {
+        const QString name = QStringLiteral("zolta-test-%1.lock").arg(i);
+        auto candidate = std::make_unique<QLockFile>(QDir::temp().filePath(name));
+        candidate->setStaleLockTime(0);
+        if (candidate->tryLock(100) || candidate->error() != QLockFile::LockFailedError)
+            lock = std::move(candidate);
+    }
+    return QFileInfo(lock->fileName()).completeBaseName();
+}
 
 jack_client_t* openClient(const char* name)
 {
@@ -27,10 +46,8 @@ jack_client_t* openClient(const char* name)
 
 JackServer::JackServer(Role role, int ownRate)
     : m_isDefault(role == Role::Default)
+    , m_name(programName())
 {
-    // Servers that were killed keep one of JACK's eight places until one of the same name comes.
-    const QByteArray program = QCoreApplication::applicationFilePath().toUtf8();
-    m_name = QStringLiteral("zolta-test-%1").arg(qHash(program, 0), 0, 16);
     if (m_isDefault)
         qputenv("JACK_DEFAULT_SERVER", m_name.toLocal8Bit());
     else
