@@ -88,9 +88,13 @@ def layouts(names):
                         if plain(function.replace("::_ZThn", "::")) in names)
 
 
-def main(build, renew=""):
+def current(build):
     names = public_names()
-    found = [*symbols(Path(build), names), *layouts(names)]
+    return [*symbols(Path(build), names), *layouts(names)]
+
+
+def main(build, renew=""):
+    found = current(build)
     if renew == "--renew":
         STORED.write_text("\n".join(found) + "\n")
         return 0
